@@ -1,0 +1,34 @@
+# One static library a room. The linker keeps the plan of the house: a room sees only the rooms it names.
+
+add_library(orvenza_options INTERFACE)
+if(MSVC)
+  target_compile_options(orvenza_options INTERFACE /W4 /WX /utf-8 /permissive-)
+else()
+  target_compile_options(orvenza_options INTERFACE -Wall -Wextra -Wconversion -Wsign-conversion -Wshadow -Werror)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # GCC 12 sees overlaps in std::string that are not there (its bug 105651).
+    target_compile_options(orvenza_options INTERFACE -Wno-restrict)
+  endif()
+endif()
+if(ORVENZA_SANITIZE)
+  target_compile_options(orvenza_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                   -fno-omit-frame-pointer)
+  target_link_options(orvenza_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# orvenza_room(NAME [SYSTEM FOLDER] [USES ROOM...]) makes the library orvenza_NAME from the sources in the current
+# folder and, where FOLDER is given, from those that belong to the operating system this build is for.
+function(orvenza_room name)
+  cmake_parse_arguments(ROOM "" "SYSTEM" "USES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  if(ROOM_SYSTEM)
+    file(GLOB system_sources CONFIGURE_DEPENDS ${ROOM_SYSTEM}/*.cpp ${ROOM_SYSTEM}/*.h)
+    list(APPEND sources ${system_sources})
+  endif()
+  add_library(orvenza_${name} STATIC ${sources})
+  target_include_directories(orvenza_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(orvenza_${name} PRIVATE orvenza_options)
+  foreach(used ${ROOM_USES})
+    target_link_libraries(orvenza_${name} PUBLIC orvenza_${used})
+  endforeach()
+endfunction()

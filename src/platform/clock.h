@@ -1,0 +1,47 @@
+#pragma once
+
+#include <chrono>
+#include <compare>
+#include <string>
+
+namespace orvenza {
+
+/// A calendar date and time of day in local time. The default is the date zero that an empty historic folder
+/// is dated with, 30 December 1899 at midnight.
+struct LocalTime {
+  int year = 1899;
+  int month = 12;
+  int day = 30;
+  int hour = 0;
+  int minute = 0;
+  int second = 0;
+
+  auto operator<=>(const LocalTime&) const = default;
+};
+
+/// "yyyymmdd".
+std::string DateDigits(const LocalTime& time);
+/// "hhmmss", 24-hour.
+std::string TimeDigits(const LocalTime& time);
+
+/// What the program knows of time.
+class Clock {
+ public:
+  virtual ~Clock() = default;
+
+  virtual LocalTime Now() const = 0;
+
+  /// Seconds since local midnight with their fraction, 0 up to but not including 86400.
+  virtual double SecondsSinceMidnight() const = 0;
+
+  /// Time since an arbitrary start. Never goes back, whatever happens to the PC clock.
+  virtual std::chrono::nanoseconds Uptime() const = 0;
+
+  /// Sets the PC's time of day, leaving the date. Throws SystemError when the right to do so is missing.
+  virtual void SetTimeOfDay(int hour, int minute, int second) = 0;
+
+  /// `time` as the journals show it: date, blank, time of day, in the system's short formats.
+  virtual std::string Stamp(const LocalTime& time) const = 0;
+};
+
+}  // namespace orvenza

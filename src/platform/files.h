@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace orvenza {
+
+/// The bytes of an open file, front to back. Closed when destroyed.
+class ByteReader {
+ public:
+  virtual ~ByteReader() = default;
+
+  /// Reads up to `capacity` bytes and returns how many; 0 at the end of the file. Throws SystemError.
+  virtual std::size_t Read(char* buffer, std::size_t capacity) = 0;
+};
+
+/// The file operations of the connector. Paths are UTF-8 texts with "\" between their levels. Every operation
+/// but Exists throws SystemError when it fails.
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  /// True when `path` names an existing file that is not a folder. Never fails.
+  virtual bool Exists(const std::string& path) const = 0;
+
+  /// Length in bytes.
+  virtual std::uintmax_t Size(const std::string& path) const = 0;
+
+  virtual std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const = 0;
+
+  /// Adds `text` at the end of the file, which is created when missing. On return the text is with the
+  /// operating system: ending the process loses nothing.
+  virtual void Append(const std::string& path, std::string_view text) = 0;
+
+  /// Makes `path` a file with exactly this content, replacing an older one. The file appears whole or not at
+  /// all, and no listing shows it before it is whole.
+  virtual void Write(const std::string& path, std::string_view content) = 0;
+
+  /// Copies a file with its modification time, replacing an older target. The target appears whole or not at
+  /// all, and no listing shows it before it is whole.
+  virtual void Copy(const std::string& from, const std::string& to) = 0;
+
+  virtual void Remove(const std::string& path) = 0;
+
+  /// Clears read-only, hidden and the like, so that the file can be removed.
+  virtual void ClearAttributes(const std::string& path) = 0;
+};
+
+}  // namespace orvenza

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+namespace orvenza {
+
+/// Owner of an open file descriptor.
+class Descriptor {
+ public:
+  Descriptor() = default;
+  explicit Descriptor(int value) : value_(value) {}
+  Descriptor(Descriptor&& other) noexcept : value_(std::exchange(other.value_, -1)) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(value_, other.value_);
+    return *this;
+  }
+  ~Descriptor() {
+    if (Valid()) ::close(value_);
+  }
+
+  bool Valid() const { return value_ >= 0; }
+  int Get() const { return value_; }
+
+  /// Closes now. False, with errno set, when the system reports only here that earlier writes are lost.
+  bool Close() { return ::close(std::exchange(value_, -1)) == 0 || errno == EINTR; }
+
+  /// Leaves the descriptor to another owner.
+  int Release() { return std::exchange(value_, -1); }
+
+ private:
+  int value_ = -1;
+};
+
+}  // namespace orvenza

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "platform/event_pump.h"
+#include "platform/posix/line_input.h"
+#include "platform/posix/terminate_signals.h"
+
+namespace orvenza {
+
+/// The event pump of a terminal program: timers, lines of input, and the wish to terminate. One delivery
+/// (Dispatch or WaitForEvent) runs every timer that was due when it began, in the order of their moments, but
+/// at most one line: a line that answers one dialog must leave the next line for the next dialog. Handlers
+/// may pump, add timers, watch another input and throw.
+class PosixEventPump : public EventPump, public Scheduler {
+ public:
+  PosixEventPump();
+
+  void Dispatch() override;
+  void WaitForEvent(std::chrono::nanoseconds limit) override;
+  void After(std::chrono::nanoseconds delay, std::function<void()> action) override;
+
+  /// Reads `descriptor`, which stays the caller's, and hands over each line without its end; `onEnd` is
+  /// called once after the last line, also when reading fails. Replaces an input watched before, the lines of
+  /// which that still wait are dropped.
+  void WatchInput(int descriptor, std::function<void(const std::string&)> onLine,
+                  std::function<void()> onEnd);
+
+  /// From now on SIGINT and SIGTERM are events: `handler` is called once for each.
+  void OnTerminate(std::function<void()> handler);
+
+ private:
+  using Moment = std::chrono::nanoseconds;  ///< On the steady clock.
+
+  bool InputReady() const;
+  std::chrono::nanoseconds TimeToNextEvent(Moment end) const;
+  void Collect(std::chrono::nanoseconds limit);
+  bool Deliver();
+  bool DeliverSignals();
+  bool DeliverTimers();
+  bool DeliverInput();
+
+  /// By moment, then by the order they were given.
+  std::map<std::pair<Moment, std::uint64_t>, std::function<void()>> timers_;
+  std::uint64_t timersGiven_ = 0;
+
+  std::optional<LineInput> input_;
+  std::function<void(const std::string&)> onLine_;
+  std::function<void()> onEnd_;
+
+  std::optional<TerminateSignals> signals_;
+  std::function<void()> onTerminate_;
+  int signalsWaiting_ = 0;
+};
+
+}  // namespace orvenza

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/folders.h"
+
+namespace orvenza {
+
+/// The folders of a POSIX system. A listing shows regular files and folders only (links as what they lead
+/// to), and no name that contains "\", since no path of the program could reach it. Of the attributes, a file
+/// is read-only when its owner may not write it and hidden when its name begins with a point; the creation
+/// time is that of the last change of status.
+class PosixFolders : public Folders {
+ public:
+  bool Exists(const std::string& path) const override;
+  FolderListing ListFolder(const std::string& pattern) const override;
+  void Create(const std::string& path) override;
+  void Rename(const std::string& from, const std::string& to) override;
+  std::string DriveOf(const std::string& path) const override;
+  bool DriveAvailable(const std::string& path) const override;
+};
+
+}  // namespace orvenza

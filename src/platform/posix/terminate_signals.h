@@ -1,0 +1,30 @@
+#pragma once
+
+#include <signal.h>
+
+#include "platform/posix/descriptor.h"
+
+namespace orvenza {
+
+/// Catches SIGINT and SIGTERM for its lifetime and counts them. One object a process.
+class TerminateSignals {
+ public:
+  TerminateSignals();
+  ~TerminateSignals();
+  TerminateSignals(const TerminateSignals&) = delete;
+  TerminateSignals& operator=(const TerminateSignals&) = delete;
+
+  /// Readable when a signal has come.
+  int ReadEnd() const { return readEnd_.Get(); }
+
+  /// Number of signals that came since the last call. Does not wait.
+  int Take();
+
+ private:
+  Descriptor readEnd_;
+  Descriptor writeEnd_;
+  struct sigaction oldInterrupt_ {};
+  struct sigaction oldTerminate_ {};
+};
+
+}  // namespace orvenza

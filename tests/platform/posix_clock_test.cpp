@@ -1,0 +1,79 @@
+#include "platform/posix/posix_clock.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/as_nobody.h"
+#include "platform/failure_of.h"
+#include "platform/posix/local_times.h"
+#include "platform/time_zone.h"
+
+namespace orvenza::test {
+namespace {
+
+LocalTime SystemTime() {
+  timespec now{};
+  ::clock_gettime(CLOCK_REALTIME, &now);
+  return LocalTimes().Of(now.tv_sec);
+}
+
+TEST(LocalTimeDigits, AreZeroPadded) {
+  EXPECT_EQ(DateDigits({2026, 3, 5, 1, 2, 3}), "20260305");
+  EXPECT_EQ(TimeDigits({2026, 3, 5, 1, 2, 3}), "010203");
+  EXPECT_EQ(DateDigits({}), "18991230");
+  EXPECT_EQ(TimeDigits({2026, 11, 15, 23, 59, 10}), "235910");
+}
+
+TEST(PosixClock, StampsInAFixedLayout) {
+  EXPECT_EQ(PosixClock().Stamp({2026, 11, 15, 13, 45, 10}), "15/11/2026 13:45:10");
+  EXPECT_EQ(PosixClock().Stamp({2026, 3, 5, 1, 2, 3}), "05/03/2026 01:02:03");
+}
+
+TEST(PosixClock, TellsLocalTime) {
+  const TimeZone zone("XXX-5:30");
+  const LocalTime before = SystemTime();
+  const LocalTime now = PosixClock().Now();
+  const LocalTime after = SystemTime();
+  EXPECT_LE(before, now);
+  EXPECT_LE(now, after);
+}
+
+TEST(PosixClock, CountsSecondsFromLocalMidnight) {
+  const PosixClock clock;
+  const auto secondsOf = [](const LocalTime& t) { return (t.hour * 60 + t.minute) * 60 + t.second; };
+  LocalTime before;
+  double seconds = 0;
+  LocalTime after;
+  do {  // Again when midnight came in between.
+    before = clock.Now();
+    seconds = clock.SecondsSinceMidnight();
+    after = clock.Now();
+  } while (before.day != after.day);
+  EXPECT_GE(seconds, secondsOf(before));
+  EXPECT_LT(seconds, secondsOf(after) + 1);
+}
+
+TEST(PosixClock, UptimeNeverGoesBack) {
+  const PosixClock clock;
+  const auto first = clock.Uptime();
+  EXPECT_GT(first.count(), 0);
+  EXPECT_GE(clock.Uptime(), first);
+}
+
+TEST(PosixClock, RefusesATimeOfDayThatDoesNotExist) {
+  const int rows[][3] = {{24, 0, 0}, {-1, 0, 0}, {0, 60, 0}, {0, -1, 0}, {0, 0, 60}, {0, 0, -1}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(FailureOf([&] { PosixClock().SetTimeOfDay(row[0], row[1], row[2]); }),
+              "51 " + std::string(StandardDescription(51)));
+  }
+}
+
+TEST(PosixClock, MayNotBeSetByEverybody) {
+  const std::string failure = AsNobody([] {
+    const LocalTime now = PosixClock().Now();
+    return FailureOf([&] { PosixClock().SetTimeOfDay(now.hour, now.minute, now.second); });
+  });
+  EXPECT_EQ(failure, "70 Permission denied");
+}
+
+}  // namespace
+}  // namespace orvenza::test

@@ -1,0 +1,243 @@
+#include "platform/posix/posix_event_pump.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <stdexcept>
+
+#include "platform/posix/descriptor.h"
+#include "platform/posix/posix_clock.h"
+
+namespace orvenza::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A pump that writes down its events, and a pipe for its input.
+class PosixEventPumpTest : public testing::Test {
+ protected:
+  PosixEventPumpTest() {
+    int ends[2] = {-1, -1};
+    EXPECT_EQ(::pipe(ends), 0);
+    readEnd = Descriptor(ends[0]);
+    writeEnd = Descriptor(ends[1]);
+  }
+
+  void Watch() {
+    pump.WatchInput(
+        readEnd.Get(), [this](const std::string& line) { Note("[" + line + "]"); }, [this] { Note("end"); });
+  }
+  void Type(const std::string& text) {
+    EXPECT_EQ(::write(writeEnd.Get(), text.data(), text.size()), static_cast<ssize_t>(text.size()));
+  }
+  void Note(const std::string& event) { events += (events.empty() ? "" : " ") + event; }
+  std::function<void()> Noting(const std::string& event) {
+    return [this, event] { Note(event); };
+  }
+
+  Descriptor readEnd;
+  Descriptor writeEnd;
+  PosixEventPump pump;
+  std::string events;
+};
+
+TEST_F(PosixEventPumpTest, RunsTimersByMomentAndThenByOrder) {
+  pump.After(1h, Noting("late"));
+  pump.After(0ns, Noting("a"));
+  pump.After(0ns, Noting("b"));
+  pump.Dispatch();
+  EXPECT_EQ(events, "a b");
+}
+
+TEST_F(PosixEventPumpTest, ATimerEndsTheWait) {
+  pump.After(1us, Noting("timer"));
+  pump.WaitForEvent(std::chrono::nanoseconds::max());
+  EXPECT_EQ(events, "timer");
+}
+
+TEST_F(PosixEventPumpTest, AWaitLastsToItsLimit) {
+  const PosixClock clock;
+  const auto end = clock.Uptime() + 1us;
+  pump.After(1h, Noting("timer"));
+  pump.WaitForEvent(1us);
+  EXPECT_GE(clock.Uptime(), end);
+  EXPECT_EQ(events, "");
+}
+
+TEST_F(PosixEventPumpTest, DispatchDoesNotWait) {
+  pump.After(1h, Noting("timer"));
+  Watch();
+  pump.Dispatch();
+  EXPECT_EQ(events, "");
+}
+
+TEST_F(PosixEventPumpTest, ADelayBelowZeroIsNone) {
+  pump.After(-5s, Noting("a"));
+  pump.Dispatch();
+  EXPECT_EQ(events, "a");
+}
+
+TEST_F(PosixEventPumpTest, AnActionGivenByAnActionWaitsForTheNextDelivery) {
+  std::function<void()> again = [&] {
+    Note("again");
+    pump.After(0ns, again);
+  };
+  pump.After(0ns, again);
+  pump.Dispatch();
+  EXPECT_EQ(events, "again");
+  pump.Dispatch();
+  EXPECT_EQ(events, "again again");
+}
+
+TEST_F(PosixEventPumpTest, AnActionMayPumpTheOthers) {
+  pump.After(0ns, [&] {
+    Note("outer");
+    pump.After(0ns, Noting("inner"));
+    pump.Dispatch();
+    Note("outer-end");
+  });
+  pump.After(0ns, Noting("second"));
+  pump.Dispatch();
+  EXPECT_EQ(events, "outer second inner outer-end");
+}
+
+TEST_F(PosixEventPumpTest, AnActionThatThrowsIsGone) {
+  pump.After(0ns, [] { throw std::runtime_error("broken"); });
+  pump.After(0ns, Noting("next"));
+  EXPECT_THROW(pump.Dispatch(), std::runtime_error);
+  pump.Dispatch();
+  EXPECT_EQ(events, "next");
+}
+
+TEST_F(PosixEventPumpTest, CutsInputIntoLinesOneADelivery) {
+  Watch();
+  Type("one\ntwo\r\n\nfour\n");
+  const char* const expected[] = {"[one]", "[one] [two]", "[one] [two] []", "[one] [two] [] [four]"};
+  for (const char* text : expected) {
+    pump.WaitForEvent(1h);
+    EXPECT_EQ(events, text);
+  }
+}
+
+TEST_F(PosixEventPumpTest, JoinsTheHalvesOfALine) {
+  Watch();
+  Type("1\nha");
+  pump.Dispatch();
+  pump.Dispatch();
+  EXPECT_EQ(events, "[1]");
+  Type("lf\n");
+  pump.Dispatch();
+  EXPECT_EQ(events, "[1] [half]");
+}
+
+TEST_F(PosixEventPumpTest, HalfALineDoesNotEndTheWait) {
+  Watch();
+  Type("ha");
+  pump.After(1us, [&] { Type("lf\n"); });
+  pump.WaitForEvent(1h);
+  pump.WaitForEvent(1h);
+  EXPECT_EQ(events, "[half]");
+}
+
+TEST_F(PosixEventPumpTest, DeliversTheLastLineAndThenTheEndOnce) {
+  Watch();
+  Type("one\nlast");
+  writeEnd = Descriptor();
+  for (int i = 0; i < 4; ++i) pump.Dispatch();
+  EXPECT_EQ(events, "[one] [last] end");
+}
+
+TEST_F(PosixEventPumpTest, TheEndOfInputEndsTheWait) {
+  Watch();
+  writeEnd = Descriptor();
+  pump.WaitForEvent(1h);
+  EXPECT_EQ(events, "end");
+}
+
+TEST_F(PosixEventPumpTest, ADescriptorThatCannotBeReadIsAtItsEnd) {
+  pump.WatchInput(-7, nullptr, Noting("negative"));
+  pump.WaitForEvent(1h);
+  pump.WatchInput(writeEnd.Get(), nullptr, Noting("unreadable"));
+  readEnd = Descriptor();
+  pump.WaitForEvent(1h);
+  EXPECT_EQ(events, "negative unreadable");
+}
+
+TEST_F(PosixEventPumpTest, AVeryLongLineComesInPieces) {
+  LineInput input(readEnd.Get());
+  for (std::size_t written = 0; written < LineInput::kLongestLine; written += 4096) {
+    EXPECT_FALSE(input.HasLine());
+    Type(std::string(4096, 'x'));
+    input.Collect();
+  }
+  EXPECT_TRUE(input.HasLine());
+  Type("rest\n");
+  input.Collect();
+  EXPECT_EQ(input.TakeLine().size(), LineInput::kLongestLine);
+  EXPECT_EQ(input.TakeLine(), "rest");
+  EXPECT_FALSE(input.HasLine());
+}
+
+TEST_F(PosixEventPumpTest, ADialogInsideAHandlerGetsTheNextLine) {
+  pump.WatchInput(
+      readEnd.Get(),
+      [&](const std::string& line) {
+        Note("<" + line);
+        if (line == "open") pump.WaitForEvent(1h);
+        Note(line + ">");
+      },
+      Noting("end"));
+  Type("open\nanswer\nrest\n");
+  pump.WaitForEvent(1h);
+  EXPECT_EQ(events, "<open <answer answer> open>");
+  pump.WaitForEvent(1h);
+  EXPECT_EQ(events, "<open <answer answer> open> <rest rest>");
+}
+
+TEST_F(PosixEventPumpTest, ALineHandlerThatThrowsLosesOnlyItsLine) {
+  pump.WatchInput(
+      readEnd.Get(),
+      [&](const std::string& line) {
+        if (line == "bad") throw std::runtime_error(line);
+        Note(line);
+      },
+      Noting("end"));
+  Type("bad\ngood\n");
+  EXPECT_THROW(pump.WaitForEvent(1h), std::runtime_error);
+  pump.WaitForEvent(1h);
+  EXPECT_EQ(events, "good");
+}
+
+TEST_F(PosixEventPumpTest, AHandlerMayWatchAnotherInput) {
+  Type("one\ntwo\n");
+  pump.WatchInput(
+      readEnd.Get(), [this](const std::string&) { Watch(); }, nullptr);
+  pump.WaitForEvent(1h);
+  Type("three\n");
+  pump.WaitForEvent(1h);
+  EXPECT_EQ(events, "[three]");
+}
+
+TEST_F(PosixEventPumpTest, ASignalIsAnEvent) {
+  pump.OnTerminate(Noting("terminate"));
+  ::raise(SIGTERM);
+  ::raise(SIGINT);
+  EXPECT_EQ(events, "");
+  pump.WaitForEvent(1h);
+  EXPECT_EQ(events, "terminate terminate");
+}
+
+TEST_F(PosixEventPumpTest, TheSignalHandlersGoWithThePump) {
+  struct sigaction before {};
+  struct sigaction after {};
+  ::sigaction(SIGTERM, nullptr, &before);
+  {
+    PosixEventPump other;
+    other.OnTerminate([] {});
+  }
+  ::sigaction(SIGTERM, nullptr, &after);
+  EXPECT_EQ(before.sa_handler, after.sa_handler);
+}
+
+}  // namespace
+}  // namespace orvenza::test

@@ -1,0 +1,57 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "platform/instance_lock.h"
+#include "support/temp_folder.h"
+
+namespace orvenza::test {
+namespace {
+
+/// Whether another process could lock the folder. It dies with the lock in its hands.
+bool AnotherProcessGets(const std::string& folder) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const InstanceLock lock(folder);
+    ::_exit(lock.Acquired() ? 1 : 0);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  return WEXITSTATUS(status) == 1;
+}
+
+TEST(InstanceLock, KeepsOtherProcessesOut) {
+  const TempFolder folder;
+  const InstanceLock lock(folder.Path());
+  EXPECT_TRUE(lock.Acquired());
+  EXPECT_FALSE(AnotherProcessGets(folder.Path()));
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Native("")));
+}
+
+TEST(InstanceLock, EndsWithItsObject) {
+  const TempFolder folder;
+  { const InstanceLock lock(folder.Path()); }
+  EXPECT_TRUE(AnotherProcessGets(folder.Path()));
+}
+
+TEST(InstanceLock, EndsWithItsProcess) {
+  const TempFolder folder;
+  EXPECT_TRUE(AnotherProcessGets(folder.Path()));
+  EXPECT_TRUE(InstanceLock(folder.Path()).Acquired());
+}
+
+TEST(InstanceLock, IsOneForEachFolder) {
+  const TempFolder folder;
+  const TempFolder other;
+  const InstanceLock lock(folder.Path());
+  EXPECT_TRUE(AnotherProcessGets(other.Path()));
+}
+
+TEST(InstanceLock, AFolderThatCannotBeMarkedIsFree) {
+  const TempFolder folder;
+  EXPECT_TRUE(InstanceLock(folder.Path("none")).Acquired());
+  EXPECT_TRUE(InstanceLock("Z:\\shop").Acquired());
+}
+
+}  // namespace
+}  // namespace orvenza::test
