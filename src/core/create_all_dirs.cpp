@@ -1,0 +1,18 @@
+#include "core/create_all_dirs.h"
+
+namespace orvenza {
+
+bool CreateAllDirs(Folders& folders, Journals& journals, const std::string& path) {
+  if (folders.Exists(path)) return true;
+  const bool made = journals.Attempt("CreateAllDirs ", [&] {
+    const std::string whole = path.ends_with('\\') ? path : path + "\\";
+    for (std::size_t end = whole.find('\\', folders.DriveOf(path).size()); end != std::string::npos;
+         end = whole.find('\\', end + 1)) {
+      const std::string level = whole.substr(0, end);
+      if (!level.empty() && !level.ends_with('\\') && !folders.Exists(level + "\\")) folders.Create(level);
+    }
+  });
+  return made && folders.Exists(path);
+}
+
+}  // namespace orvenza

@@ -1,0 +1,68 @@
+#include "core/journals.h"
+
+#include <new>
+
+#include "core/text.h"
+#include "platform/system_error.h"
+
+namespace orvenza {
+
+Journals::Journals(Files& files, Clock& clock, AppSettings& settings, std::string programFolder)
+    : files_(files), clock_(clock), settings_(settings), programFolder_(std::move(programFolder)) {}
+
+void Journals::WrLog(std::string& message) {
+  Write(settings_.LogPath, message, "WrLog", programFolder_ + "\\log.txt");
+}
+
+void Journals::WrErr(std::string& message) {
+  if (settings_.ErrPath.empty()) settings_.ErrPath = programFolder_ + "\\error.txt";
+  Write(settings_.ErrPath, message, "WrErr", programFolder_ + "\\error.txt");
+}
+
+void Journals::WrFailure(std::string_view label, int number, std::string_view description) {
+  std::string line(label);
+  line.append(std::to_string(number)).append(" - ").append(description);
+  WrErr(line);
+}
+
+bool Journals::Attempt(std::string_view label, const std::function<void()>& step) {
+  try {
+    step();
+    return true;
+  } catch (const SystemError& failure) {
+    WrFailure(label, failure.Number(), failure.Description());
+  } catch (const std::bad_alloc&) {
+    WrFailure(label, error_number::kOutOfMemory, StandardDescription(error_number::kOutOfMemory));
+  } catch (const std::exception& failure) {
+    WrFailure(label, error_number::kInternalError, failure.what());
+  }
+  return false;
+}
+
+void Journals::Write(const std::string& path, std::string& message, std::string_view routine,
+                     const std::string& fallback) {
+  try {
+    MoveAsideWhenLarge(path);
+    message.insert(0, clock_.Stamp(clock_.Now()) + " - ");
+    if (path.empty()) throw SystemError(error_number::kPathFileAccess);
+    files_.Append(path, message + std::string(kLineBreak));
+  } catch (const SystemError& failure) {
+    std::string line(routine);
+    line.append(" : ").append(failure.Description()).append(" ").append(std::to_string(failure.Number()));
+    line.append(" ( ").append(message).append(" )").append(kLineBreak);
+    try {
+      files_.Append(fallback, line);
+    } catch (const SystemError&) {
+      // Nowhere left to write: the caller must not suffer for it.
+    }
+  }
+}
+
+void Journals::MoveAsideWhenLarge(const std::string& path) {
+  if (!files_.Exists(path) || files_.Size(path) <= kRotationSize) return;
+  // Exactly three characters are cut, whatever the extension.
+  files_.Copy(path, path.substr(0, path.size() - 3) + "Bak");
+  files_.Remove(path);
+}
+
+}  // namespace orvenza

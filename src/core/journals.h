@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "core/settings.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+
+namespace orvenza {
+
+/// The two journals of the program folder: `Log.txt` (activity) and `Err.txt` (errors). Every line is on its
+/// way to the disk when a call returns; no call ever fails. Their paths are `LogPath` and `ErrPath` of the
+/// settings; before those are read, errors go to "error.txt" and activity to the fallback file "log.txt".
+class Journals {
+ public:
+  /// Length in bytes above which a journal is moved to its "Bak" copy before the next line.
+  static constexpr std::uintmax_t kRotationSize = 250000;
+
+  /// `programFolder` without a trailing "\".
+  Journals(Files& files, Clock& clock, AppSettings& settings, std::string programFolder);
+
+  /// Appends one line to the activity log. On return `message` holds the stamped line.
+  void WrLog(std::string& message);
+  void WrLog(std::string&& message) { WrLog(message); }
+
+  /// Appends one line to the error log. On return `message` holds the stamped line.
+  void WrErr(std::string& message);
+  void WrErr(std::string&& message) { WrErr(message); }
+
+  /// Writes `label`, `number`, " - " and `description` to the error log: the form of every trapped failure.
+  void WrFailure(std::string_view label, int number, std::string_view description);
+
+  /// Runs one step of a procedure inside its error trap. A failure is written to the error log under `label`,
+  /// and the caller goes on with its next step. Returns whether the step ran to its end. ProgramEnd passes.
+  bool Attempt(std::string_view label, const std::function<void()>& step);
+
+ private:
+  void Write(const std::string& path, std::string& message, std::string_view routine,
+             const std::string& fallback);
+  void MoveAsideWhenLarge(const std::string& path);
+
+  Files& files_;
+  Clock& clock_;
+  AppSettings& settings_;
+  std::string programFolder_;
+};
+
+}  // namespace orvenza

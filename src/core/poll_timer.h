@@ -1,0 +1,52 @@
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+
+#include "platform/clock.h"
+
+namespace orvenza {
+
+/// `Timer1`: says when the next tick is due. Ticks run from the main loop alone, so they never overlap.
+class PollTimer {
+ public:
+  static constexpr std::chrono::milliseconds kInterval{500};
+
+  explicit PollTimer(const Clock& clock) : clock_(clock) {}
+
+  bool Enabled() const { return enabled_; }
+
+  /// Switching on starts a whole interval, also when the timer was on before.
+  void SetEnabled(bool enabled) {
+    enabled_ = enabled;
+    due_ = clock_.Uptime() + kInterval;
+  }
+
+  /// Time to the next tick, zero when it is due. Only meaningful while enabled.
+  std::chrono::nanoseconds TimeLeft() const {
+    return std::max(std::chrono::nanoseconds::zero(), due_ - clock_.Uptime());
+  }
+
+ private:
+  const Clock& clock_;
+  bool enabled_ = false;
+  std::chrono::nanoseconds due_{};
+};
+
+/// Switches polling off for its lifetime and then restores what was: a dialog opened in the middle of a tick
+/// must not switch polling on.
+class PollingPause {
+ public:
+  explicit PollingPause(PollTimer& timer) : timer_(timer), wasEnabled_(timer.Enabled()) {
+    timer_.SetEnabled(false);
+  }
+  ~PollingPause() { timer_.SetEnabled(wasEnabled_); }
+  PollingPause(const PollingPause&) = delete;
+  PollingPause& operator=(const PollingPause&) = delete;
+
+ private:
+  PollTimer& timer_;
+  bool wasEnabled_;
+};
+
+}  // namespace orvenza

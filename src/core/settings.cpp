@@ -1,0 +1,176 @@
+#include "core/settings.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "core/catalogue.h"
+#include "core/journals.h"
+#include "core/text.h"
+#include "platform/folders.h"
+
+namespace orvenza {
+namespace {
+
+constexpr const char* kVersion = "Version";
+constexpr const char* kDatabase = "Database";
+constexpr const char* kComSettings = "Com Settings";
+constexpr const char* kGeneral = "General";
+// The key is the whole phrase.
+constexpr const char* kSeparator = "Separator (ascii,max 127)";
+
+bool IsOn(const std::string& text) { return Trim(text) == "1"; }
+
+struct UpgradeKey {
+  const char* section;
+  const char* key;
+  std::string value;
+};
+
+struct UpgradeStep {
+  const char* from;
+  const char* to;
+  std::vector<UpgradeKey> keys;
+};
+
+/// Only the step from "1.00" goes one version at a time. Every later one writes its own keys and jumps to the
+/// current version on purpose: what it skips is covered by the defaults of reading.
+std::vector<UpgradeStep> UpgradeSteps(const std::string& appPath) {
+  return {
+      {"1.00", "1.01", {{kComSettings, "TimeWaitForLONGEtx", "50000"}}},
+      {"1.01", kIniVersion, {{kGeneral, "Pc Time Correction", ""}, {kGeneral, "Time Shift", "60"}}},
+      {"1.02", kIniVersion, {{kGeneral, kSeparator, "127"}}},
+      {"1.03", kIniVersion, {{kGeneral, "Single Quantity", "0"}}},
+      {"1.04", kIniVersion, {{kGeneral, "File Parser", "0"}}},
+      {"1.05", kIniVersion, {{kDatabase, "HistoricTickets", appPath + "\\storico\\"}}},
+  };
+}
+
+}  // namespace
+
+std::string ReadProfileValue(const ProfileFile& profile, const std::string& path, const std::string& section,
+                             const std::string& key, const std::string& fallback) {
+  return FirstCharacters(ToUtf8(profile.Read(path, section, key, fallback)), 99);
+}
+
+SettingsFile::SettingsFile(ProfileFile& profile, Journals& journals, ProgramPaths paths)
+    : profile_(profile), journals_(journals), paths_(std::move(paths)) {}
+
+void SettingsFile::WriteDefaultIni() {
+  const std::pair<const char*, std::vector<std::pair<const char*, std::string>>> sections[] = {
+      {kVersion, {{"Version", kIniVersion}}},
+      {kDatabase,
+       {{"TicketFiles", paths_.AppPath + "\\data\\*.txt"},
+        {"HistoricTickets", paths_.AppPath + "\\storico\\"},
+        {"", "'***** Command File Name = command.txt *****"}}},
+      {kComSettings,
+       {{"ComPort", "1"},
+        {"Settings", "19200,O,7,1"},
+        {"FrameRetry", "3"},
+        {"TimeWaitForAck", "10000"},
+        {"TimeWaitForEtx", "10000"},
+        {"TxMessageRetry", "5"},
+        {"Ident", "V"},
+        {"TimeWaitForLONGEtx", "50000"}}},
+      {kGeneral,
+       {{"Pc Time Correction", ""},
+        {"Time Shift", "60"},
+        {kSeparator, "127"},
+        {"Single Quantity", "0"},
+        {"File Parser", "0"}}},
+  };
+  for (const auto& [section, keys] : sections) {
+    for (const auto& [key, value] : keys) profile_.Write(paths_.Ini(), section, key, value);
+  }
+}
+
+bool SettingsFile::UpgradeIni(AppSettings& settings, const std::function<void()>& stepDone) {
+  const std::vector<UpgradeStep> steps = UpgradeSteps(paths_.AppPath);
+  bool done = false;
+  while (!done) {
+    const std::string version = Text(kVersion, "Version");
+    if (version == kIniVersion) break;
+    const auto step =
+        std::find_if(steps.begin(), steps.end(), [&](const auto& s) { return version == s.from; });
+    if (step == steps.end()) {
+      journals_.WrErr(LoadMessage(146));
+      journals_.WrErr(LoadMessage(147));
+      return false;
+    }
+    done = !journals_.Attempt("UpgradeIni - ", [&] {
+      for (const UpgradeKey& key : step->keys) profile_.Write(paths_.Ini(), key.section, key.key, key.value);
+      profile_.Write(paths_.Ini(), kVersion, "Version", step->to);
+    });
+    if (!done) stepDone();
+  }
+  settings.IniUpgradeDone = true;
+  return true;
+}
+
+void SettingsFile::ReadIni(AppSettings& settings) {
+  ReadFolders(settings);
+  settings.CommandFilePath = paths_.AppPath + "\\command.txt";
+  settings.LogPath = paths_.AppPath + "\\Log.txt";
+  settings.ErrPath = paths_.AppPath + "\\Err.txt";
+  ReadComSettings(settings);
+  ReadGeneral(settings);
+}
+
+void SettingsFile::ReadFolders(AppSettings& settings) const {
+  settings.TicketFilesSpec = SettingsPath(Text(kDatabase, "TicketFiles", paths_.AppPath + "\\data\\*.txt"));
+  // The default of reading differs from the written one ("\storico\") on purpose.
+  std::string& historic = settings.HistoricFolder;
+  historic = SettingsPath(Text(kDatabase, "HistoricTickets", paths_.AppPath + "\\data\\inproces\\"));
+  if (!historic.empty() && historic.back() != '\\') historic += '\\';
+  const std::size_t maskStart = settings.TicketFilesSpec.rfind('\\') + 1;  // 0 when there is no "\"
+  settings.TicketFolder = settings.TicketFilesSpec.substr(0, maskStart);
+  settings.TicketMask = settings.TicketFilesSpec.substr(maskStart);
+}
+
+void SettingsFile::ReadComSettings(AppSettings& settings) {
+  settings.ComPortNumber = Integer("ComPort");
+  if (settings.ComPortNumber < 1 || settings.ComPortNumber > 16) {
+    settings.ComPortNumber = 1;
+    Repair(kComSettings, "ComPort", "1");
+    journals_.WrErr(LoadMessage(159));
+  }
+  settings.ComSettings = Text(kComSettings, "Settings");
+  settings.FrameRetry = Integer("FrameRetry");
+  settings.TimeWaitForAck = Integer("TimeWaitForAck");
+  settings.TimeWaitForEtx = Integer("TimeWaitForEtx");
+  settings.TxMessageRetry = Integer("TxMessageRetry");
+  const std::string ident = Text(kComSettings, "Ident", "V");
+  settings.Ident = Trim(ident).empty() ? 'V' : Trim(ident).front();
+  settings.TimeWaitForLONGEtx = Integer("TimeWaitForLONGEtx");
+}
+
+void SettingsFile::ReadGeneral(AppSettings& settings) {
+  settings.PcTimeCorrection = LeadingNumber(Text(kGeneral, "Pc Time Correction"));
+  settings.TimeShift = LeadingNumber(Text(kGeneral, "Time Shift"));
+  int separator = LeadingInteger(Text(kGeneral, kSeparator, "127"));
+  if (separator < 0 || separator > 127) {
+    separator = 127;
+    Repair(kGeneral, kSeparator, "127");
+  }
+  settings.SeparatorChar = static_cast<char>(separator);
+  settings.SingleQuantity = IsOn(Text(kGeneral, "Single Quantity"));
+  settings.FileParser = IsOn(Text(kGeneral, "File Parser"));
+}
+
+void SettingsFile::WriteDefaultErrDesc() {
+  for (int id = 110; id <= 116; ++id) {
+    profile_.Write(paths_.ErrDesc(), "Error Description", std::to_string(id), LoadMessage(id));
+  }
+}
+
+std::string SettingsFile::Text(const char* section, const char* key, const std::string& fallback) const {
+  return ReadProfileValue(profile_, paths_.Ini(), section, key, fallback);
+}
+
+int SettingsFile::Integer(const char* key) const { return LeadingInteger(Text(kComSettings, key)); }
+
+void SettingsFile::Repair(const char* section, const char* key, const char* value) {
+  journals_.Attempt("ReadIni - ", [&] { profile_.Write(paths_.Ini(), section, key, value); });
+}
+
+}  // namespace orvenza

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/profile_file.h"
+
+namespace orvenza {
+
+class Journals;
+
+/// The settings record: filled once at start-up. Only the port dialog changes it later (the two serial
+/// values).
+struct AppSettings {
+  std::string TicketFilesSpec;  ///< Folder and mask of the incoming tickets, as read.
+  std::string TicketFolder;     ///< Its part up to and including the last "\"; empty when there is none.
+  std::string TicketMask;       ///< The rest.
+  std::string HistoricFolder;   ///< Ends in "\"; empty: printed tickets are deleted.
+  std::string InProcessFolder;  ///< Ends in "\".
+  std::string AbortFolder;      ///< Ends in "\".
+  std::string CommandFilePath;
+  std::string LogPath;  ///< Empty until the settings are read.
+  std::string ErrPath;  ///< Empty until the settings are read or the first error is written.
+  int ComPortNumber = 0;
+  std::string ComSettings;  ///< Speed, parity, data bits, stop bits: "19200,O,7,1".
+  int FrameRetry = 0;
+  int TimeWaitForAck = 0;      ///< Milliseconds.
+  int TimeWaitForEtx = 0;      ///< Milliseconds.
+  int TimeWaitForLONGEtx = 0;  ///< Milliseconds, around long-running commands.
+  int TxMessageRetry = 0;
+  char Ident = 'V';
+  double PcTimeCorrection = 0;  ///< Seconds between two clock corrections; 0 or less: never.
+  double TimeShift = 0;         ///< Seconds the PC clock may differ from the register's.
+  char SeparatorChar = 127;
+  bool SingleQuantity = false;
+  bool FileParser = false;
+  bool IniCreated = false;      ///< Start-up had to write a default settings file.
+  bool IniUpgradeDone = false;  ///< The version check has finished.
+};
+
+/// Where the settings file and its companions lie.
+struct ProgramPaths {
+  std::string AppPath;         ///< Program folder, without a trailing "\".
+  std::string ExecutableName;  ///< Base name, without extension.
+
+  std::string Ini() const { return AppPath + "\\" + ExecutableName + ".ini"; }
+  std::string ErrDesc() const { return AppPath + "\\ErrDesc.ini"; }
+};
+
+/// The layout version that this program reads and writes.
+inline constexpr const char* kIniVersion = "1.06";
+
+/// One value of a settings file in UTF-8 (bytes that are not are read as Windows-1252); at most its first 99
+/// characters are seen.
+std::string ReadProfileValue(const ProfileFile& profile, const std::string& path, const std::string& section,
+                             const std::string& key, const std::string& fallback = {});
+
+/// Reads, creates and upgrades the settings file.
+class SettingsFile {
+ public:
+  SettingsFile(ProfileFile& profile, Journals& journals, ProgramPaths paths);
+
+  /// Writes every key with its default. Throws SystemError.
+  void WriteDefaultIni();
+
+  /// Brings the file to the current layout, calling `stepDone` after each step, and sets `IniUpgradeDone`.
+  /// Returns false for an unknown version, which has then been written to the error log. A file that cannot
+  /// be written is used as it stands, after a line in the error log.
+  bool UpgradeIni(AppSettings& settings, const std::function<void()>& stepDone);
+
+  /// Fills `settings` from the file, repairing a wrong port number or separator in the file too.
+  void ReadIni(AppSettings& settings);
+
+  /// Writes `ErrDesc.ini` with the texts of messages 110 to 116. Throws SystemError.
+  void WriteDefaultErrDesc();
+
+ private:
+  std::string Text(const char* section, const char* key, const std::string& fallback = {}) const;
+  int Integer(const char* key) const;
+  void Repair(const char* section, const char* key, const char* value);
+  void ReadFolders(AppSettings& settings) const;
+  void ReadComSettings(AppSettings& settings);
+  void ReadGeneral(AppSettings& settings);
+
+  ProfileFile& profile_;
+  Journals& journals_;
+  ProgramPaths paths_;
+};
+
+}  // namespace orvenza

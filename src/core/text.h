@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace orvenza {
+
+/// Line end of the connector's dialogs and files.
+inline constexpr std::string_view kLineBreak = "\r\n";
+
+/// `text` without its leading and trailing blanks (the character 32 only).
+std::string_view Trim(std::string_view text);
+
+/// `text` with the letters a to z as capitals; other characters stay.
+std::string ToUpperAscii(std::string_view text);
+
+/// The `count` characters (bytes) of `text` from the 1-based `start`; fewer, or none, where the text ends
+/// sooner.
+std::string_view Middle(std::string_view text, std::size_t start, std::size_t count);
+
+/// The last `count` characters (bytes) of `text`, all of it when it is shorter.
+std::string_view Right(std::string_view text, std::size_t count);
+
+/// The number that `text` begins with (sign, digits, decimal point), blanks ignored anywhere; 0 when it
+/// begins with none.
+double LeadingNumber(std::string_view text);
+
+/// The same with the fraction cut off, kept within 32 bits.
+int LeadingInteger(std::string_view text);
+
+/// The first `count` characters of UTF-8 `text`.
+std::string FirstCharacters(std::string_view text, std::size_t count);
+
+/// Number of characters of UTF-8 `text`.
+std::size_t CountCharacters(std::string_view text);
+
+/// The UTF-8 spelling of bytes in Windows-1252; its five unused bytes become the control characters of the
+/// same number.
+std::string FromWindows1252(std::string_view bytes);
+
+/// Bytes that are valid UTF-8 as they stand, others read as Windows-1252.
+std::string ToUtf8(std::string_view bytes);
+
+/// A ticket line's bytes as a journal or a dialog shows them: read as Windows-1252, control characters as
+/// blanks, and at most `limit` characters, the cut marked by "...".
+std::string ShownLine(std::string_view bytes, std::size_t limit);
+
+}  // namespace orvenza
