@@ -1,0 +1,42 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "core/settings.h"
+#include "platform/profile_file.h"
+#include "ui/operator.h"
+
+namespace orvenza {
+
+/// The serial port dialog `Orv_Conf`: edits the port number and the line settings, in `settings` and in the
+/// settings file.
+class PortDialog {
+ public:
+  PortDialog(Operator& person, AppSettings& settings, ProfileFile& profile, ProgramPaths paths);
+
+  /// Shows the dialog and saves what was confirmed; returns at once when it is open already. The caller
+  /// applies the settings to the link. Throws ProgramEnd when the program is ended meanwhile.
+  void Show();
+
+  /// The dialog with the current values selected; a value that no list offers selects nothing.
+  PortContent LoadPortSettingsIntoDialog() const;
+
+  /// Stores the selected entries (indices from 0) as the current values and writes both to the settings file.
+  /// A list without selection keeps the part that it stands for; line settings that would then lack a part
+  /// stay as they are, in the file too. Never fails.
+  void SavePortSettingsFromDialog(const std::array<int, 5>& selected);
+
+  bool IsOpen() const { return open_; }
+
+ private:
+  void WriteComSetting(const std::string& key, const std::string& value);
+
+  Operator& person_;
+  AppSettings& settings_;
+  ProfileFile& profile_;
+  ProgramPaths paths_;
+  bool open_ = false;
+};
+
+}  // namespace orvenza

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace orvenza {
+
+/// `caption` without the "&" that marks its letter.
+std::string PlainCaption(std::string_view caption);
+
+/// The caption, counted from 1, that `answer` names by its number or in full; 0 when it names none. Letter
+/// case, accents, apostrophes and "&" do not matter; a number counts before a caption that looks like one.
+int FindCaption(std::span<const std::string> captions, std::string_view answer);
+
+/// The same for buttons, which answer to a letter too: the one after "&", else the first, as long as no other
+/// caption has it.
+int FindButton(std::span<const std::string> captions, std::string_view answer);
+
+/// Whether `answer` asks for the menu: "m" or "menu".
+bool AsksForMenu(std::string_view answer);
+
+/// Whether `answer` closes a dialog: "x" or "chiudi".
+bool AsksToClose(std::string_view answer);
+
+}  // namespace orvenza

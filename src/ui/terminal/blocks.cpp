@@ -1,0 +1,123 @@
+#include "ui/terminal/blocks.h"
+
+#include <span>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "core/text.h"
+#include "ui/menu.h"
+#include "ui/terminal/answers.h"
+#include "ui/terminal/text_box.h"
+
+namespace orvenza {
+namespace {
+
+/// Width of the column of the port dialog's labels.
+constexpr std::size_t kLabelWidth = 16;
+
+std::string_view IconWord(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::kStop: return "STOP | ";
+    case MessageIcon::kQuestion: return "DOMANDA | ";
+    case MessageIcon::kExclamation: return "ATTENZIONE | ";
+    case MessageIcon::kInformation: return "INFORMAZIONE | ";
+    case MessageIcon::kNone: break;
+  }
+  return "";
+}
+
+/// "[1] Riprova", "[2] Annulla" and so on.
+std::vector<std::string> Numbered(std::span<const std::string> captions) {
+  std::vector<std::string> items;
+  for (const std::string& caption : captions) {
+    items.push_back("[" + std::to_string(items.size() + 1) + "] " + PlainCaption(caption));
+  }
+  return items;
+}
+
+/// The same behind a mark that tells which is selected; `selected` from 1, 0 none.
+std::vector<std::string> Marked(std::span<const std::string> captions, int selected) {
+  std::vector<std::string> items = Numbered(captions);
+  int number = 0;
+  for (std::string& item : items) item.insert(0, ++number == selected ? "(*) " : "( ) ");
+  return items;
+}
+
+/// `enter` is what Enter alone does.
+std::string Prompt(const std::string& enter) {
+  return "Numero + Invio (solo Invio: " + PlainCaption(enter) + "; x: chiudi; m: menu)\n";
+}
+
+std::string SelectedEntry(const std::vector<std::string>& entries, int selected) {
+  const bool any = selected >= 0 && selected < static_cast<int>(entries.size());
+  return any ? entries[static_cast<std::size_t>(selected)] : "-";
+}
+
+}  // namespace
+
+Block DrawMessage(const MessageContent& content) {
+  TextBox box(std::string(IconWord(content.icon)) + content.caption);
+  // A short text brings its empty line along.
+  if (!content.text.starts_with(kLineBreak)) box.AddText("");
+  box.AddText(content.text, content.centred);
+  box.AddText("");
+  box.AddRule();
+  box.AddColumns(Numbered(content.buttons));
+  return {box.Draw(), Prompt(content.buttons.front())};
+}
+
+Block DrawChoice(const ChoiceContent& content) {
+  TextBox box(content.caption);
+  box.AddText("");
+  if (!content.heading.empty()) box.AddText(content.heading);
+  if (!content.text.empty()) box.AddText(content.text);
+  box.AddText("");
+  box.AddRule();
+  if (content.frameVisible) {
+    for (const std::string& option : Marked(content.options, content.selected)) box.AddText(option);
+  } else {
+    box.AddText("[1] " + PlainCaption(content.button));
+  }
+  const bool anySelected = content.frameVisible && content.selected != 0;
+  // Options are too long to be repeated there.
+  return {box.Draw(), Prompt(anySelected ? "[" + std::to_string(content.selected) + "]" : content.button)};
+}
+
+Block DrawPortSettings(const PortContent& content, const std::array<int, 5>& selected) {
+  TextBox box(content.caption);
+  std::size_t list = 0;
+  for (std::string& line : Numbered(content.labels)) {
+    const std::size_t length = CountCharacters(line);
+    line.append(length < kLabelWidth ? kLabelWidth - length : 1, ' ');
+    line.append(SelectedEntry(content.entries[list], selected[list]));
+    box.AddText(line);
+    ++list;
+  }
+  return {box.Draw(), "Numero + Invio: cambia (solo Invio: " + PlainCaption(content.button) +
+                          "; x: chiudi senza salvare; m: menu)\n"};
+}
+
+Block DrawPortList(const PortContent& content, std::size_t list, int selected) {
+  TextBox box(content.caption + " - " + content.labels[list]);
+  box.AddColumns(Marked(content.entries[list], selected + 1));
+  return {box.Draw(), Prompt(SelectedEntry(content.entries[list], selected))};
+}
+
+Block DrawUtilities(const UtilitiesContent& content) {
+  TextBox box(content.caption);
+  for (const std::string& button : Numbered(content.buttons)) box.AddText(button);
+  return {box.Draw(), Prompt(content.buttons.front())};
+}
+
+Block DrawMenu() {
+  TextBox box("Menu");
+  bool first = true;
+  for (const std::string& item : Numbered(MenuCaptions())) {
+    if (!std::exchange(first, false)) box.AddRule();
+    box.AddText(item);
+  }
+  return {box.Draw(), "Numero + Invio (solo Invio: chiudi il menu)\n"};
+}
+
+}  // namespace orvenza

@@ -1,0 +1,239 @@
+#include "ui/terminal/terminal_operator.h"
+
+#include <span>
+
+#include "core/text.h"
+#include "ui/terminal/answers.h"
+#include "ui/terminal/blocks.h"
+
+namespace orvenza {
+namespace {
+
+using Captions = std::span<const std::string>;
+
+}  // namespace
+
+/// A dialog that waits for its answer.
+class TerminalOperator::Dialog {
+ public:
+  explicit Dialog(TerminalOperator& terminal, bool isMessage = false)
+      : terminal_(terminal), isMessage_(isMessage) {
+    terminal_.dialogs_.push_back(this);
+    // An open menu would take the answer away.
+    terminal_.menuOpen_ = false;
+  }
+  ~Dialog() { terminal_.dialogs_.pop_back(); }
+  Dialog(const Dialog&) = delete;
+  Dialog& operator=(const Dialog&) = delete;
+
+  /// Shows the dialog, once every line that was typed before is gone.
+  void Open(Block block) {
+    terminal_.DropWaitingLines();
+    shownAt_ = terminal_.clock_.Uptime();
+    Change(std::move(block));
+  }
+
+  void Change(Block block) {
+    block_ = std::move(block);
+    Show();
+  }
+
+  void Show() const { terminal_.Say("\n" + block_.box + block_.prompt); }
+
+  bool IsMessage() const { return isMessage_; }
+  bool Asking() const { return !block_.box.empty() && !closed_ && !line_; }
+  void Answer(const std::string& line) { line_ = line; }
+  void Close() {
+    if (!std::exchange(closed_, true)) terminal_.Say("Chiuso senza risposta.\n");
+  }
+
+  /// The next line entered; nothing when the dialog is closed.
+  std::optional<std::string> NextLine() {
+    while (!closed_ && !line_ && !Abandoned()) terminal_.loop_.Wait();
+    if (line_ && !closed_ && !AsksToClose(*line_)) return std::exchange(line_, std::nullopt);
+    Close();
+    return std::nullopt;
+  }
+
+  /// The caption, from 1, that the next fitting line names, see FindButton; an empty line names the first.
+  std::optional<int> NextButton(Captions captions) {
+    while (const auto line = NextLine()) {
+      const int button = line->empty() ? 1 : FindButton(captions, *line);
+      if (button != 0) return Accept(captions, button);
+      Reject();
+    }
+    return std::nullopt;
+  }
+
+  /// Lets the next fitting line change `selected`, an index into `entries`; an empty line leaves it. Returns
+  /// false when the dialog is closed.
+  bool NextEntry(Captions entries, int& selected) {
+    while (const auto line = NextLine()) {
+      const int entry = FindCaption(entries, *line);
+      if (entry != 0) selected = Accept(entries, entry) - 1;
+      if (entry != 0 || line->empty()) return true;
+      Reject();
+    }
+    return false;
+  }
+
+  void Accept(const std::string& caption) const {
+    terminal_.Say("Risposta: " + PlainCaption(caption) + "\n");
+  }
+  int Accept(Captions captions, int number) const {
+    Accept(captions[static_cast<std::size_t>(number - 1)]);
+    return number;
+  }
+  void Reject() const { terminal_.Say("Risposta non valida.\n" + block_.prompt); }
+
+ private:
+  bool Abandoned() const {
+    return terminal_.inputEnded_ && terminal_.clock_.Uptime() - shownAt_ >= kClosingDelay;
+  }
+
+  TerminalOperator& terminal_;
+  const bool isMessage_;
+  Block block_;
+  std::chrono::nanoseconds shownAt_{};
+  bool closed_ = false;
+  std::optional<std::string> line_;
+};
+
+TerminalOperator::TerminalOperator(std::ostream& out, EventLoop& loop, const Clock& clock)
+    : out_(out), loop_(loop), clock_(clock) {}
+
+void TerminalOperator::OnLine(const std::string& line) {
+  std::string_view text = line;
+  if (text.ends_with('\r')) text.remove_suffix(1);
+  const std::string answer = ToUtf8(Trim(text));
+  ++linesTaken_;
+  const bool asking = !dialogs_.empty() && dialogs_.back()->Asking();
+  if (menuOpen_) {
+    PickFromMenu(answer);
+  } else if (AsksForMenu(answer) && (asking || dialogs_.empty())) {
+    OpenMenu();
+  } else if (asking) {
+    dialogs_.back()->Answer(answer);
+  } else {
+    Say("Nessuna domanda in attesa. Menu: m + Invio\n");
+  }
+}
+
+void TerminalOperator::OnEndOfInput() { inputEnded_ = true; }
+
+int TerminalOperator::ShowMessage(const MessageContent& content) {
+  Dialog dialog(*this, true);
+  dialog.Open(DrawMessage(content));
+  return dialog.NextButton(content.buttons).value_or(0);
+}
+
+void TerminalOperator::CloseMessage() {
+  for (Dialog* dialog : dialogs_) {
+    if (dialog->IsMessage()) dialog->Close();
+  }
+}
+
+std::optional<int> TerminalOperator::ShowChoice(const ChoiceContent& content) {
+  Dialog dialog(*this);
+  dialog.Open(DrawChoice(content));
+  while (const auto line = dialog.NextLine()) {
+    int option = content.frameVisible ? FindCaption(content.options, *line) : 0;
+    const bool confirmed = line->empty() || FindButton({&content.button, 1}, *line) != 0;
+    if (option == 0 && !confirmed) {
+      dialog.Reject();
+      continue;
+    }
+    if (option == 0) option = content.selected;
+    const bool named = content.frameVisible && option != 0;
+    dialog.Accept(named ? content.options[static_cast<std::size_t>(option - 1)] : content.button);
+    return option;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::array<int, 5>> TerminalOperator::ShowPortSettings(const PortContent& content) {
+  std::array<int, 5> selected = content.selected;
+  Dialog dialog(*this);
+  dialog.Open(DrawPortSettings(content, selected));
+  while (const auto line = dialog.NextLine()) {
+    const int label = FindCaption(content.labels, *line);
+    if (label != 0) {
+      const auto list = static_cast<std::size_t>(label - 1);
+      dialog.Change(DrawPortList(content, list, selected[list]));
+      if (!dialog.NextEntry(content.entries[list], selected[list])) return std::nullopt;
+      dialog.Change(DrawPortSettings(content, selected));
+    } else if (line->empty() || FindButton({&content.button, 1}, *line) != 0) {
+      dialog.Accept(content.button);
+      return selected;
+    } else {
+      dialog.Reject();
+    }
+  }
+  return std::nullopt;
+}
+
+void TerminalOperator::ShowUtilities(const UtilitiesContent& content,
+                                     const std::function<bool(int)>& pressed) {
+  Dialog dialog(*this);
+  dialog.Open(DrawUtilities(content));
+  while (const auto button = dialog.NextButton(content.buttons)) {
+    if (pressed(*button)) return;
+    dialog.Show();
+  }
+}
+
+void TerminalOperator::CreateIcon(const std::string& tip) {
+  tip_ = tip;
+  Say(tip + " in funzione. Menu: m + Invio\n");
+}
+
+void TerminalOperator::DeleteIcon() {
+  if (tip_) Say(*tip_ + " terminato.\n");
+  tip_.reset();
+}
+
+void TerminalOperator::OpenMenu() {
+  menuOpen_ = true;
+  const Block menu = DrawMenu();
+  Say("\n" + menu.box + menu.prompt);
+}
+
+void TerminalOperator::PickFromMenu(const std::string& answer) {
+  const auto captions = MenuCaptions();
+  const int item = FindButton(captions, answer);
+  if (item == 0 && !answer.empty() && !AsksToClose(answer)) {
+    Say("Risposta non valida.\n" + DrawMenu().prompt);
+    return;
+  }
+  menuOpen_ = false;
+  if (item == 0) {
+    Say("Menu chiuso.\n");
+  } else {
+    Say("Menu: " + captions[static_cast<std::size_t>(item - 1)] + "\n");
+    RunMenuItem(static_cast<MenuItem>(item - 1));
+  }
+  if (!dialogs_.empty() && dialogs_.back()->Asking() && !loop_.EndRequested()) dialogs_.back()->Show();
+}
+
+void TerminalOperator::RunMenuItem(MenuItem item) {
+  if (!menuHandler_) return;
+  try {
+    menuHandler_(item);
+  } catch (const ProgramEnd& end) {
+    // The pump may be in the middle of a pause that must run to its end; the next wait without limit throws.
+    loop_.RequestEnd(end);
+  }
+}
+
+/// Only while nothing is asked. A pump may deliver one line at a time.
+void TerminalOperator::DropWaitingLines() {
+  std::size_t before = 0;
+  do {
+    before = linesTaken_;
+    loop_.Dispatch();
+  } while (linesTaken_ != before);
+}
+
+void TerminalOperator::Say(std::string_view text) { out_ << text << std::flush; }
+
+}  // namespace orvenza

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "core/event_loop.h"
+#include "platform/clock.h"
+#include "ui/menu.h"
+#include "ui/notification_icon.h"
+#include "ui/operator.h"
+
+namespace orvenza {
+
+/// The operator at a text terminal: each dialog is a framed block, answered with one line. "m" opens the menu
+/// at any time, "x" closes a dialog as a window's close button would. Nothing can be typed ahead: a line that
+/// was entered before a dialog was shown is no answer to it.
+class TerminalOperator final : public Operator, public NotificationIcon {
+ public:
+  /// How long a dialog stays when nobody can answer it any more, so that loops which ask without limit do not
+  /// spin.
+  static constexpr std::chrono::seconds kClosingDelay{1};
+
+  TerminalOperator(std::ostream& out, EventLoop& loop, const Clock& clock);
+
+  /// Who carries out the menu's items; until there is one, they do nothing.
+  void SetMenuHandler(std::function<void(MenuItem)> handler) { menuHandler_ = std::move(handler); }
+
+  /// A line that the operator entered, with or without its line end's carriage return. Called from inside the
+  /// event pump. Carries out the menu item that it picks, dialogs included; a ProgramEnd of that item is
+  /// noted in the event loop instead of being thrown through the pump.
+  void OnLine(const std::string& line);
+
+  /// Nothing will be entered any more: every dialog, from now on too, closes without an answer.
+  void OnEndOfInput();
+
+  int ShowMessage(const MessageContent& content) override;
+  void CloseMessage() override;
+  std::optional<int> ShowChoice(const ChoiceContent& content) override;
+  std::optional<std::array<int, 5>> ShowPortSettings(const PortContent& content) override;
+  void ShowUtilities(const UtilitiesContent& content, const std::function<bool(int)>& pressed) override;
+
+  void CreateIcon(const std::string& tip) override;
+  void DeleteIcon() override;
+
+ private:
+  class Dialog;
+
+  void OpenMenu();
+  void PickFromMenu(const std::string& answer);
+  void RunMenuItem(MenuItem item);
+  void DropWaitingLines();
+  void Say(std::string_view text);
+
+  std::ostream& out_;
+  EventLoop& loop_;
+  const Clock& clock_;
+  std::function<void(MenuItem)> menuHandler_;
+  std::vector<Dialog*> dialogs_;  ///< Those that wait, the innermost last.
+  std::size_t linesTaken_ = 0;
+  bool menuOpen_ = false;
+  bool inputEnded_ = false;
+  std::optional<std::string> tip_;  ///< Of the icon while there is one.
+};
+
+}  // namespace orvenza

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "core/journals.h"
+#include "ui/operator_message.h"
+
+namespace orvenza {
+
+/// Says, in the error log and to the operator, that `folder` of the settings cannot be made and that the
+/// program is going to end. Ending it is the caller's part.
+void ReportWrongPath(OperatorMessages& messages, Journals& journals, const std::string& folder);
+
+}  // namespace orvenza

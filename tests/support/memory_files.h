@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/files.h"
+#include "platform/system_error.h"
+
+namespace orvenza::test {
+
+/// Files in memory, by the path as it was given.
+class MemoryFiles : public Files {
+ public:
+  std::map<std::string, std::string> content;
+
+  bool Exists(const std::string& path) const override { return content.count(path) > 0; }
+  std::uintmax_t Size(const std::string& path) const override { return Find(path).size(); }
+  std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const override {
+    return std::make_unique<Reader>(Find(path));
+  }
+  void Append(const std::string& path, std::string_view text) override { content[path] += text; }
+  void Write(const std::string& path, std::string_view text) override { content[path] = text; }
+  void Copy(const std::string& from, const std::string& to) override { content[to] = Find(from); }
+  void Remove(const std::string& path) override {
+    Find(path);
+    content.erase(path);
+  }
+  void ClearAttributes(const std::string& path) override { Find(path); }
+
+ private:
+  class Reader : public ByteReader {
+   public:
+    explicit Reader(std::string rest) : rest_(std::move(rest)) {}
+    std::size_t Read(char* buffer, std::size_t capacity) override {
+      const std::size_t count = rest_.copy(buffer, capacity);
+      rest_.erase(0, count);
+      return count;
+    }
+
+   private:
+    std::string rest_;
+  };
+
+  const std::string& Find(const std::string& path) const {
+    const auto found = content.find(path);
+    if (found == content.end()) throw SystemError(error_number::kFileNotFound, path);
+    return found->second;
+  }
+};
+
+}  // namespace orvenza::test

@@ -1,0 +1,128 @@
+#include "ui/terminal/terminal_operator.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+
+#include "ui/terminal_fixture.h"
+
+namespace orvenza::test {
+namespace {
+
+TEST_F(TerminalOperatorTest, ShowsAMessageAsAFramedBlock) {
+  Type("2");
+  terminal.ShowMessage(BuildMessage("Sei sicuro ? Sì, perché no", 52, "Richiesta di Fine", "Orvenza"));
+  EXPECT_EQ(out.str(), R"(
++----------------------------------------------------------------------+
+| ATTENZIONE | Orvenza - Richiesta di Fine                             |
++----------------------------------------------------------------------+
+|                                                                      |
+|                      Sei sicuro ? Sì, perché no                      |
+|                                                                      |
++----------------------------------------------------------------------+
+| [1] Sì   [2] No                                                      |
++----------------------------------------------------------------------+
+Numero + Invio (solo Invio: Sì; x: chiudi; m: menu)
+Risposta: No
+)");
+}
+
+TEST_F(TerminalOperatorTest, ShowsALongMessageAtTheLeftBelowAnEmptyRow) {
+  Type("");
+  const std::string text =
+      "Chiudendo l'applicazione non sara' più possibile stampare gli scontrini\r\nSei sicuro ?";
+  terminal.ShowMessage(BuildMessage(text, 22, "", "Orvenza"));
+  EXPECT_EQ(out.str(), R"(
++----------------------------------------------------------------------+
+| STOP | Orvenza                                                       |
++----------------------------------------------------------------------+
+|                                                                      |
+| Chiudendo l'applicazione non sara' più possibile stampare gli        |
+| scontrini                                                            |
+| Sei sicuro ?                                                         |
+|                                                                      |
++----------------------------------------------------------------------+
+| [1] Riprova     [2] Annulla     [3] Configura                        |
++----------------------------------------------------------------------+
+Numero + Invio (solo Invio: Riprova; x: chiudi; m: menu)
+Risposta: Riprova
+)");
+}
+
+TEST_F(TerminalOperatorTest, NamesEachIcon) {
+  const std::pair<int, const char*> icons[] = {{16, "| STOP | Orvenza "},
+                                               {32, "| DOMANDA | Orvenza "},
+                                               {48, "| ATTENZIONE | Orvenza "},
+                                               {64, "| INFORMAZIONE | Orvenza "},
+                                               {0, "| Orvenza "}};
+  for (const auto& [style, row] : icons) {
+    Type("");
+    Show(style);
+    EXPECT_NE(Printed().find(row), std::string::npos) << row;
+  }
+}
+
+TEST_F(TerminalOperatorTest, TakesAnAnswerInAnyForm) {
+  const std::pair<const char*, int> answers[] = {{"1", 1},         {"3", 3}, {"configura", 3}, {"c", 3},
+                                                 {" annulla ", 2}, {"", 1},  {"  ", 1},        {"2\r", 2},
+                                                 {"x", 0},         {"X", 0}, {"A", 2},         {"chiudi", 0}};
+  for (const auto& [answer, button] : answers) {
+    Type(answer);
+    EXPECT_EQ(Show(6), button) << answer;
+  }
+}
+
+TEST_F(TerminalOperatorTest, TakesAnAccentedAnswerInEitherEncoding) {
+  for (const char* answer : {"s\xC3\xAC", "s\xEC", "si"}) {
+    Type(answer);
+    EXPECT_EQ(Show(4), 1);
+  }
+}
+
+TEST_F(TerminalOperatorTest, AsksAgainAfterAnUnknownAnswer) {
+  Type("forse");
+  Type("3");
+  Type("2");
+  EXPECT_EQ(Show(4), 2);
+  const std::string hint = "Numero + Invio (solo Invio: Sì; x: chiudi; m: menu)\n";
+  EXPECT_NE(Printed().find(hint + kRejected + hint + kRejected + hint + "Risposta: No\n"), std::string::npos);
+}
+
+TEST_F(TerminalOperatorTest, SaysWhenADialogIsClosedWithoutAnAnswer) {
+  Type("x");
+  EXPECT_EQ(Show(4), 0);
+  EXPECT_TRUE(out.str().ends_with(kClosed));
+}
+
+TEST_F(TerminalOperatorTest, TakesNoLineThatWasTypedBeforeTheQuestion) {
+  pump.arrived.push_back([this] { terminal.OnLine("1"); });
+  pump.arrived.push_back([this] { terminal.OnLine("m"); });
+  Type("2");
+  EXPECT_EQ(Show(4), 2);
+  EXPECT_TRUE(out.str().starts_with(std::string(kNoQuestion) + kNoQuestion + "\n+---"));
+}
+
+TEST_F(TerminalOperatorTest, TakesNoLineThatCameTogetherWithTheLastAnswer) {
+  pump.events.push_back([this] {
+    terminal.OnLine("2");
+    terminal.OnLine("1");
+  });
+  Type("1");
+  EXPECT_EQ(Show(4), 2);
+  EXPECT_EQ(Show(4), 1);
+  EXPECT_EQ(Count(kNoQuestion), 1);
+}
+
+TEST_F(TerminalOperatorTest, SaysThatTheProgramRunsAndThatItEnded) {
+  terminal.DeleteIcon();
+  EXPECT_EQ(Printed(), "");
+  terminal.CreateIcon("Orvenza - 1.0.0");
+  EXPECT_EQ(Printed(), "Orvenza - 1.0.0 in funzione. Menu: m + Invio\n");
+  terminal.DeleteIcon();
+  terminal.DeleteIcon();
+  EXPECT_EQ(Printed(), "Orvenza - 1.0.0 terminato.\n");
+}
+
+}  // namespace
+}  // namespace orvenza::test

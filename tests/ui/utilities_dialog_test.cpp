@@ -1,0 +1,181 @@
+#include "ui/utilities_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "ui/fakes.h"
+
+namespace orvenza::test {
+namespace {
+
+using Written = std::vector<std::pair<std::string, std::string>>;
+
+class UtilitiesDialogTest : public ::testing::Test {
+ protected:
+  UtilitiesDialogTest() {
+    settings.TicketFolder = "C:\\Orvenza\\data\\";
+    settings.TicketMask = "*.txt";
+    settings.SeparatorChar = '|';
+    settings.ErrPath = "C:\\Orvenza\\Err.txt";
+  }
+  /// Opens the dialog, presses `button`, and answers the questions with `answers` (1 yes, 2 no).
+  void Press(int button, std::deque<int> answers) {
+    person.utilityButtons = {button};
+    person.messageAnswers = std::move(answers);
+    dialog.Show();
+  }
+
+  FakeOperator person;
+  OperatorMessages messages{person, "Orvenza"};
+  FakeFiles files;
+  FakeClock clock;
+  AppSettings settings;
+  Journals journals{files, clock, settings, "C:\\Orvenza"};
+  std::function<std::size_t()> count = [] { return std::size_t{0}; };
+  UtilitiesDialog dialog{person, messages, files, journals, settings, [this] { return count(); }};
+};
+
+const Written kFiscalClosure = {{"C:\\Orvenza\\data\\zzzzzzzzzzzzzzzz.txt", "21|||||||||\r\n"}};
+const Written kFinancialClosure = {{"C:\\Orvenza\\data\\zzzzzzzzzzzzzzzz.txt", "22|||||||||\r\n"}};
+
+TEST_F(UtilitiesDialogTest, ShowsTheThreeButtons) {
+  dialog.Show();
+  ASSERT_EQ(person.utilities.size(), 1U);
+  EXPECT_EQ(person.utilities[0].caption, "Utilita'");
+  EXPECT_EQ(person.utilities[0].buttons,
+            (std::array<std::string, 3>{"&Esci", "&Chiusura Fiscale", "Chiusura &Fiscale con Finanziario"}));
+}
+
+TEST_F(UtilitiesDialogTest, ClosesWithItsFirstButton) {
+  Press(1, {});
+  EXPECT_TRUE(person.utilitiesClosedByButton);
+  EXPECT_TRUE(person.messages.empty());
+  EXPECT_TRUE(files.written.empty());
+}
+
+TEST_F(UtilitiesDialogTest, RequestsTheFiscalClosureAfterOneQuestion) {
+  Press(2, {1});
+  EXPECT_EQ(files.written, kFiscalClosure);
+  EXPECT_TRUE(person.utilitiesClosedByButton);
+  ASSERT_EQ(person.messages.size(), 1U);
+  EXPECT_EQ(person.messages[0].caption, "Orvenza - Richiesta di Chiusura Fiscale");
+  EXPECT_EQ(person.messages[0].text, "\r\nConfermi la Richiesta di Chiusura Fiscale ?");
+  EXPECT_EQ(person.messages[0].icon, MessageIcon::kInformation);
+  EXPECT_EQ(person.messages[0].buttons, (std::vector<std::string>{"Sì", "No"}));
+}
+
+TEST_F(UtilitiesDialogTest, RequestsTheClosureWithTheFinancialReport) {
+  Press(3, {1});
+  EXPECT_EQ(files.written, kFinancialClosure);
+  EXPECT_TRUE(person.utilitiesClosedByButton);
+}
+
+TEST_F(UtilitiesDialogTest, WritesNothingUnlessTheQuestionIsAnsweredYes) {
+  for (const int answer : {2, 0}) {
+    Press(2, {answer});
+    EXPECT_FALSE(person.utilitiesClosedByButton);
+  }
+  EXPECT_EQ(person.messages.size(), 2U);
+  EXPECT_TRUE(files.written.empty());
+}
+
+TEST_F(UtilitiesDialogTest, AsksTwiceWhileTicketsWait) {
+  count = [] { return std::size_t{2}; };
+  Press(3, {1, 1});
+  EXPECT_EQ(files.written, kFinancialClosure);
+  EXPECT_TRUE(person.utilitiesClosedByButton);
+  ASSERT_EQ(person.messages.size(), 2U);
+  EXPECT_EQ(person.messages[1].caption, "Orvenza - Richiesta di Chiusura Fiscale");
+  EXPECT_EQ(person.messages[1].text,
+            "Attenzione, ci sono ancora scontrini da stampare !\r\n"
+            "Confermi la Richiesta di Chiusura Fiscale ?");
+  EXPECT_EQ(person.messages[1].icon, MessageIcon::kInformation);
+}
+
+TEST_F(UtilitiesDialogTest, StaysOpenWhenTheSecondQuestionIsNotAnsweredYes) {
+  count = [] { return std::size_t{1}; };
+  for (const int answer : {2, 0}) {
+    Press(2, {1, answer});
+    EXPECT_FALSE(person.utilitiesClosedByButton);
+  }
+  EXPECT_EQ(person.messages.size(), 4U);
+  EXPECT_TRUE(files.written.empty());
+}
+
+TEST_F(UtilitiesDialogTest, AsksTwiceWhenTheTicketsCannotBeCounted) {
+  count = []() -> std::size_t { throw SystemError(error_number::kPathNotFound); };
+  Press(2, {1, 2});
+  EXPECT_EQ(person.messages.size(), 2U);
+  EXPECT_TRUE(files.written.empty());
+  EXPECT_EQ(files.appended, "01/02/26 10:30 - Orv_Uti - 76 - Path not found\r\n");
+}
+
+TEST_F(UtilitiesDialogTest, CountsTheTicketsAfterTheFirstQuestionOnly) {
+  int counted = 0;
+  count = [&] {
+    ++counted;
+    return std::size_t{0};
+  };
+  Press(2, {2});
+  EXPECT_EQ(counted, 0);
+  Press(2, {1});
+  EXPECT_EQ(counted, 1);
+}
+
+TEST_F(UtilitiesDialogTest, NamesTheRequestAfterTheMask) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"*.txt", "zzzzzzzzzzzzzzzz.txt"},      {"*.dat", "zzzzzzzzzzzzzzzz.dat"}, {"*.*", "zzzzzzzzzzzzzzzz."},
+      {"sc*.txt", "zzzzzzzzzzzzzzzzsc .txt"}, {"", "zzzzzzzzzzzzzzzz"},
+  };
+  for (const auto& [mask, name] : cases) {
+    settings.TicketMask = mask;
+    dialog.WriteClosureRequest(0);
+    EXPECT_EQ(files.written.back().first, std::string("C:\\Orvenza\\data\\") + name) << mask;
+  }
+}
+
+TEST_F(UtilitiesDialogTest, WritesTheRecordTypeOfTheKindAndNineSeparators) {
+  const std::pair<int, const char*> cases[] = {
+      {0, "21|||||||||\r\n"}, {1, "22|||||||||\r\n"}, {2, "21|||||||||\r\n"}, {-1, "21|||||||||\r\n"}};
+  for (const auto& [kind, line] : cases) {
+    dialog.WriteClosureRequest(kind);
+    EXPECT_EQ(files.written.back().second, line) << kind;
+  }
+}
+
+TEST_F(UtilitiesDialogTest, WritesTheSeparatorOfTheSettings) {
+  settings.SeparatorChar = 127;
+  dialog.WriteClosureRequest(1);
+  EXPECT_EQ(files.written.back().second, "22\x7F\x7F\x7F\x7F\x7F\x7F\x7F\x7F\x7F\r\n");
+}
+
+TEST_F(UtilitiesDialogTest, NotesARequestThatCannotBeWritten) {
+  files.writesFail = true;
+  Press(2, {1});
+  EXPECT_TRUE(person.utilitiesClosedByButton);
+  EXPECT_EQ(files.appended, "01/02/26 10:30 - Orv_Uti - 61 - Disk full\r\n");
+}
+
+TEST_F(UtilitiesDialogTest, OpensOnceAtATime) {
+  bool openInside = false;
+  person.whileShown = [&] {
+    openInside = dialog.IsOpen();
+    dialog.Show();
+  };
+  dialog.Show();
+  EXPECT_TRUE(openInside);
+  EXPECT_FALSE(dialog.IsOpen());
+  EXPECT_EQ(person.utilities.size(), 1U);
+}
+
+TEST_F(UtilitiesDialogTest, IsClosedAfterTheProgramEnd) {
+  person.whileShown = [] { throw ProgramEnd{true}; };
+  EXPECT_THROW(dialog.Show(), ProgramEnd);
+  EXPECT_FALSE(dialog.IsOpen());
+}
+
+}  // namespace
+}  // namespace orvenza::test
