@@ -1,0 +1,60 @@
+#include "device/clock_correction.h"
+
+#include <cmath>
+#include <optional>
+
+#include "core/poll_timer.h"
+#include "core/text.h"
+#include "platform/system_error.h"
+
+namespace orvenza {
+namespace {
+
+constexpr double kSecondsPerDay = 86400;
+/// Added to the tolerance on both sides of midnight.
+constexpr double kMidnightMargin = 120;
+
+/// The two-digit number at the 1-based `start`, nothing when it is none below `limit`.
+std::optional<int> TwoDigits(std::string_view reply, std::size_t start, int limit) {
+  const std::string_view digits = Middle(reply, start, 2);
+  if (digits.size() != 2 || digits.find_first_not_of("0123456789") != std::string_view::npos)
+    return std::nullopt;
+  const int value = LeadingInteger(digits);
+  return value < limit ? std::optional(value) : std::nullopt;
+}
+
+}  // namespace
+
+bool ClockCorrection::CountTick() {
+  if (settings_.PcTimeCorrection <= 0) return false;
+  seconds_ += std::chrono::duration<double>(PollTimer::kInterval).count();
+  if (seconds_ <= settings_.PcTimeCorrection) return false;
+  seconds_ = 0;
+  return true;
+}
+
+bool ClockCorrection::NearMidnight() const {
+  const double guard = std::nearbyint(settings_.TimeShift + kMidnightMargin);
+  // Two readings: midnight may pass between them.
+  const double first = clock_.SecondsSinceMidnight();
+  const double second = clock_.SecondsSinceMidnight();
+  return second < guard || first > kSecondsPerDay - guard;
+}
+
+void ClockCorrection::Correct(std::string_view reply) {
+  if (NearMidnight() || settings_.PcTimeCorrection <= 0) return;
+  const auto hour = TwoDigits(reply, 11, 24);
+  const auto minute = TwoDigits(reply, 13, 60);
+  if (!hour || !minute) return;
+  const double difference = std::trunc(clock_.SecondsSinceMidnight()) - (*hour * 3600 + *minute * 60);
+  if (std::abs(difference) <= settings_.TimeShift) return;
+  try {
+    clock_.SetTimeOfDay(*hour, *minute, 0);
+    seconds_ = 0;
+  } catch (const SystemError& refusal) {
+    if (!refusalLogged_) journals_.WrFailure("Timer1 - ", refusal.Number(), refusal.Description());
+    refusalLogged_ = true;
+  }
+}
+
+}  // namespace orvenza

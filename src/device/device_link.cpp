@@ -1,0 +1,173 @@
+#include "device/device_link.h"
+
+#include "core/catalogue.h"
+#include "device/end_confirmation.h"
+#include "device/serial_settings.h"
+#include "platform/system_error.h"
+
+namespace orvenza {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* kFailureLabel = "EcrLinkX1 - ";
+constexpr int kPresenceReads = 3;
+
+}  // namespace
+
+bool IsErrorReply(std::string_view reply) { return reply.starts_with("ERR"); }
+
+bool IsLinkError(std::string_view reply) { return reply.starts_with("ERR-"); }
+
+DeviceLink::DeviceLink(EcrLink& control, const AppSettings& settings, Journals& journals,
+                       OperatorMessages& messages, PortDialog& portDialog, EventLoop& loop,
+                       const Clock& clock)
+    : control_(control),
+      settings_(settings),
+      journals_(journals),
+      messages_(messages),
+      portDialog_(portDialog),
+      loop_(loop),
+      clock_(clock) {
+  control_.SetEvents(this);
+}
+
+DeviceLink::~DeviceLink() { control_.SetEvents(nullptr); }
+
+void DeviceLink::OpenDeviceLink(int endOfTextWait) {
+  endOfTextWait_ = endOfTextWait;
+  while (!TryOpen()) {
+    loop_.CheckEnd();
+    AskAboutClosedPort();
+    SetPort(false);
+    loop_.Pause(1000ms);
+  }
+}
+
+void DeviceLink::ClosePort() { SetPort(false); }
+
+void DeviceLink::Reopen(int endOfTextWait) {
+  ClosePort();
+  loop_.Pause(100ms);
+  OpenDeviceLink(endOfTextWait);
+}
+
+void DeviceLink::Bounce() {
+  ClosePort();
+  loop_.Pause(1000ms);
+  SetPort(true);
+  bool open = false;
+  journals_.Attempt(kFailureLabel, [&] { open = control_.PortOpen(); });
+  // Nobody else would notice a port that stays closed: the register would only look absent for ever.
+  if (!open) OpenDeviceLink(endOfTextWait_);
+}
+
+bool DeviceLink::TryOpen() {
+  bool open = false;
+  journals_.Attempt(kFailureLabel, [&] {
+    Configure();
+    control_.SetPortOpen(true);
+    open = control_.PortOpen();
+  });
+  return open;
+}
+
+void DeviceLink::Configure() {
+  const auto serial = SplitSerialSettings(settings_.ComSettings);
+  if (!serial) throw SystemError(error_number::kInvalidArgument, "Settings=" + settings_.ComSettings);
+  control_.SetReset(true);
+  control_.SetProperty(LinkProperty::kPortNumber, settings_.ComPortNumber);
+  control_.SetProperty(LinkProperty::kBaudRate, serial->speed);
+  control_.SetProperty(LinkProperty::kParity, serial->parity);
+  control_.SetProperty(LinkProperty::kDataBits, serial->dataBits);
+  control_.SetProperty(LinkProperty::kStopBits, serial->stopBits);
+  control_.SetProperty(LinkProperty::kFrameRetries, settings_.FrameRetry);
+  control_.SetProperty(LinkProperty::kAcknowledgementWait, settings_.TimeWaitForAck);
+  control_.SetProperty(LinkProperty::kEndOfTextWait, endOfTextWait_);
+  control_.SetProperty(LinkProperty::kMessageRetries, settings_.TxMessageRetry);
+  control_.SetProperty(LinkProperty::kIdentifier, static_cast<unsigned char>(settings_.Ident));
+}
+
+void DeviceLink::AskAboutClosedPort() {
+  const std::string text = LoadMessage(168) + " ( COM" + std::to_string(settings_.ComPortNumber) + " )";
+  journals_.WrErr(std::string(text));
+  const int answer = messages_.ShowOperatorMessage(
+      text, message_style::kRetryCancelConfigure + message_style::kInformation, LoadMessage(142));
+  if (answer == message_result::kConfigure) {
+    portDialog_.Show();
+  } else if (answer == message_result::kCancel) {
+    if (ConfirmEnd(messages_, message_style::kStop)) {
+      journals_.WrErr(LoadMessage(151));
+      throw ProgramEnd{.unload = false};
+    }
+  }
+}
+
+void DeviceLink::SetPort(bool open) {
+  journals_.Attempt(kFailureLabel, [&] { control_.SetPortOpen(open); });
+}
+
+bool DeviceLink::Present() {
+  bool present = false;
+  journals_.Attempt(kFailureLabel, [&] { present = control_.DevicePresent(); });
+  return present;
+}
+
+bool DeviceLink::DeviceReady() {
+  for (int read = 0; read < kPresenceReads; ++read) {
+    if (Present()) return read == 0;
+    journals_.WrErr(LoadMessage(150));
+    messages_.ShowOperatorMessage(LoadMessage(150), message_style::kStop, LoadMessage(142));
+  }
+  return false;
+}
+
+void DeviceLink::Exchange(const std::string& command, double replyWait) {
+  while (!DeviceReady()) loop_.CheckEnd();
+  Transmit(command, replyWait);
+}
+
+void DeviceLink::Transmit(const std::string& command, double replyWait) {
+  loop_.Dispatch();  // a reply that came too late must not pass for the reply to this command
+  ReplyArrived = false;
+  const bool sent = journals_.Attempt(kFailureLabel, [&] {
+    control_.SetMessage(command);
+    control_.Send();
+  });
+  if (sent) {
+    WaitReply(replyWait);
+  } else {
+    ReplyText.clear();
+  }
+}
+
+void DeviceLink::WaitReply(double replyWait) {
+  // The time of day starts again at midnight: a wait begun just before ends only with a reply, on purpose.
+  // The end of the program is held back while the register may still answer, so that no command is left in
+  // doubt.
+  const auto deadline = static_cast<float>(clock_.SecondsSinceMidnight() + replyWait);
+  const auto held = clock_.Uptime() + std::chrono::duration<double>(replyWait);
+  while (!ReplyArrived) {
+    loop_.Dispatch();
+    if (ReplyArrived) return;
+    if (static_cast<float>(clock_.SecondsSinceMidnight()) >= deadline) {
+      ReplyText.clear();
+      return;
+    }
+    if (clock_.Uptime() >= held) loop_.CheckEnd();
+    loop_.Slice();
+  }
+}
+
+void DeviceLink::ReplyReceived() {
+  std::string reply;
+  journals_.Attempt(kFailureLabel, [&] { reply = control_.RxMessage(); });
+  Arrived(std::move(reply));
+}
+
+void DeviceLink::Arrived(std::string reply) {
+  ReplyText = std::move(reply);
+  ReplyArrived = true;
+}
+
+}  // namespace orvenza

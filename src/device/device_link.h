@@ -1,0 +1,88 @@
+#pragma once
+
+#include <string>
+
+#include "core/event_loop.h"
+#include "core/journals.h"
+#include "core/settings.h"
+#include "device/ecr_link.h"
+#include "ui/operator_message.h"
+#include "ui/port_dialog.h"
+
+namespace orvenza {
+
+/// True for a reply that reports an error: it begins with "ERR".
+bool IsErrorReply(std::string_view reply);
+
+/// True for a link error raised by the control: "ERR-1", "ERR-2", "ERR-3".
+bool IsLinkError(std::string_view reply);
+
+/// The link to the register: opening it, and the single exchange of a command for a reply. A failure of the
+/// control itself is written to the error log and then counts as a port that did not open, an absent register
+/// or a command without reply.
+class DeviceLink : private EcrLinkEvents {
+ public:
+  /// Longest wait for the reply to an ordinary command, in seconds.
+  static constexpr double kReplyWait = 15.0;
+
+  DeviceLink(EcrLink& control, const AppSettings& settings, Journals& journals, OperatorMessages& messages,
+             PortDialog& portDialog, EventLoop& loop, const Clock& clock);
+  ~DeviceLink() override;
+  DeviceLink(const DeviceLink&) = delete;
+  DeviceLink& operator=(const DeviceLink&) = delete;
+
+  /// The last reply: as the control delivered it, a link-error marker, or empty (none, or consumed).
+  std::string ReplyText;
+  /// Set by the control's events, cleared before each transmission.
+  bool ReplyArrived = false;
+
+  /// Configures and opens the port, asking the operator again and again until it opens. `endOfTextWait` in
+  /// milliseconds. Throws ProgramEnd when the operator gives up.
+  void OpenDeviceLink(int endOfTextWait);
+
+  void ClosePort();
+
+  /// Closes the port, waits 100 ms and opens the link with another end-of-text wait.
+  void Reopen(int endOfTextWait);
+
+  /// Closes the port for 1000 ms and opens it again as it was.
+  void Bounce();
+
+  /// One look whether the register is there, without telling anybody.
+  bool Present();
+
+  /// Looks up to three times whether the register is there, alarming the operator after each look that finds
+  /// it absent. True only when the first look finds it: a register that came up after an alarm is found by
+  /// the next call.
+  bool DeviceReady();
+
+  /// Sends a command, once the register is ready, and waits for its reply, which `ReplyText` then holds.
+  void Exchange(const std::string& command, double replyWait = kReplyWait);
+
+  /// Exchange without waiting for the register to be ready.
+  void Transmit(const std::string& command, double replyWait = kReplyWait);
+
+ private:
+  void ReplyReceived() override;
+  void LinkError1() override { Arrived("ERR-1"); }
+  void LinkError3() override { Arrived("ERR-3"); }
+  void LinkError2() override { Arrived("ERR-2"); }
+  void Arrived(std::string reply);
+
+  bool TryOpen();
+  void Configure();
+  void AskAboutClosedPort();
+  void SetPort(bool open);
+  void WaitReply(double replyWait);
+
+  EcrLink& control_;
+  const AppSettings& settings_;
+  Journals& journals_;
+  OperatorMessages& messages_;
+  PortDialog& portDialog_;
+  EventLoop& loop_;
+  const Clock& clock_;
+  int endOfTextWait_ = 0;
+};
+
+}  // namespace orvenza

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "ui/operator_message.h"
+
+namespace orvenza {
+
+/// Asks whether the program is really to end, since no receipt can be printed any more; `icon` is the icon
+/// part of the style. True only for a clear yes.
+bool ConfirmEnd(OperatorMessages& messages, int icon);
+
+}  // namespace orvenza

@@ -1,0 +1,96 @@
+#include "device/error_recovery.h"
+
+#include "core/catalogue.h"
+#include "core/text.h"
+#include "device/device_link.h"
+#include "ui/choice_dialog.h"
+
+namespace orvenza {
+namespace {
+
+/// Longest part of a ticket line that a journal line, and a dialog, carries.
+constexpr std::size_t kLoggedLine = 500;
+constexpr std::size_t kShownLine = 60;
+
+}  // namespace
+
+ErrorRecovery::ErrorRecovery(const ErrorTexts& texts, CashDialogues& cash, Operator& person,
+                             Journals& journals, std::string caption)
+    : texts_(texts), cash_(cash), person_(person), journals_(journals), caption_(std::move(caption)) {}
+
+int ErrorRecovery::DecodeDeviceError(std::string& reply, const std::string& commandLine, bool offerChoices) {
+  if (reply.empty()) reply = "ERR..";
+  if (!IsErrorReply(reply)) return recovery::kNothing;
+  const std::string_view code = Right(reply, 2);
+  if (code == "01" || code == "02") return SettlePaperOut(code == "01");
+  if (code == "11") {
+    LogSequenceError();
+    cash_.InvioVOID();
+    return recovery::kNothing;
+  }
+  ChoiceContent form = DescribeError(reply, commandLine);
+  if (offerChoices) AddChoices(form);
+  const int result = Ask(form);
+  if (result >= recovery::kPrinted) reply.clear();
+  return result;
+}
+
+int ErrorRecovery::SettlePaperOut(bool journalPaper) {
+  journals_.WrErr(texts_.MessageText(journalPaper ? 115 : 116));
+  ChoiceContent form;
+  form.heading = texts_.MessageText(journalPaper ? 110 : 111);
+  form.text = texts_.MessageText(112);
+  const int result = Ask(form);
+  cash_.InvioRIAVVIO();
+  return result;
+}
+
+void ErrorRecovery::LogSequenceError() {
+  journals_.WrErr(std::string(texts_.EcrErrorText(11)));
+  journals_.WrErr(texts_.MessageText(114));
+}
+
+ChoiceContent ErrorRecovery::DescribeError(std::string_view reply, const std::string& commandLine) {
+  const std::string_view code = Right(reply, 2);
+  ChoiceContent form;
+  form.heading = LoadMessage(118);
+  if (code == ".." || IsLinkError(reply)) {
+    form.text = LoadMessage(126);
+    journals_.WrErr(std::string(form.text));
+  } else if (code == "**") {
+    journals_.WrErr(LoadMessage(124) + " " + ShownLine(commandLine, kLoggedLine));
+    form.heading = LoadMessage(124) + " " + ShownLine(commandLine, kShownLine);
+    form.text = LoadMessage(149);
+  } else {
+    form.text = TableText(code);
+    journals_.WrErr(LoadMessage(117) + " " + form.text);
+  }
+  return form;
+}
+
+std::string ErrorRecovery::TableText(std::string_view code) {
+  // A code outside the table is an error of its own in the log; the operator decides about it all the same.
+  std::string text;
+  journals_.Attempt("DecodeDeviceError - ", [&] { text = texts_.EcrErrorText(LeadingInteger(code)); });
+  return text;
+}
+
+void ErrorRecovery::AddChoices(ChoiceContent& form) const {
+  form.frameVisible = true;
+  form.options = {LoadMessage(145), LoadMessage(119), LoadMessage(120)};
+  form.selected = 2;
+}
+
+int ErrorRecovery::Ask(const ChoiceContent& content) {
+  ChoiceContent form = content;
+  form.caption = caption_;
+  form.button = texts_.MessageText(113);
+  OperatorChoice = 0;
+  OperatorChoice = ShowChoiceDialog(person_, form);
+  if (OperatorChoice < recovery::kPrinted) return recovery::kGoOn;
+  const auto option = static_cast<std::size_t>(OperatorChoice - recovery::kPrinted);
+  journals_.WrErr(LoadMessage(141) + " " + form.options.at(option));
+  return OperatorChoice;
+}
+
+}  // namespace orvenza

@@ -1,0 +1,64 @@
+#include "device/logo_check.h"
+
+#include <array>
+#include <memory>
+
+#include "platform/system_error.h"
+
+namespace orvenza {
+namespace {
+
+/// Bytes up to the end of the last field that is looked at.
+constexpr std::size_t kHeaderLength = 30;
+
+/// The first bytes of the file, fewer when it is shorter.
+std::string ReadHeader(const Files& files, const std::string& path) {
+  const std::unique_ptr<ByteReader> reader = files.OpenForReading(path);
+  std::array<char, kHeaderLength> header{};
+  std::size_t length = 0;
+  while (length < header.size()) {
+    const std::size_t count = reader->Read(header.data() + length, header.size() - length);
+    if (count == 0) break;
+    length += count;
+  }
+  return std::string(header.data(), length);
+}
+
+std::uint32_t RowsInHeader(const std::string& header) {
+  if (header.size() < kHeaderLength) return 0;
+  const auto value = [&](std::size_t offset, std::size_t width) {
+    return LogoHeaderValue(std::string_view(header).substr(offset, width));
+  };
+  if (header.compare(0, 2, "BM") != 0) return 0;
+  if (value(10, 4) != kLogoDataOffset) return 0;
+  if (value(18, 4) != kLogoWidth) return 0;
+  // A height of 0 is no picture. A negative one (a picture stored top row first) reads as a huge number.
+  const std::uint32_t height = value(22, 4);
+  if (height == 0 || height > kLogoMostRows) return 0;
+  return value(28, 2) == 1 ? height : 0;
+}
+
+}  // namespace
+
+std::uint32_t LogoHeaderValue(std::string_view bytes) {
+  std::uint32_t number = 0;
+  for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) {
+    const auto value = static_cast<unsigned char>(*byte);
+    const int digits = value < 16 ? 1 : 2;
+    number = (number << (4 * digits)) | value;
+  }
+  return number;
+}
+
+std::uint32_t LogoRows(const Files& files, const std::string& path) {
+  if (!files.Exists(path)) return 0;
+  try {
+    return RowsInHeader(ReadHeader(files, path));
+  } catch (const SystemError&) {
+    return 0;
+  }
+}
+
+bool IsValidLogoBitmap(const Files& files, const std::string& path) { return LogoRows(files, path) > 0; }
+
+}  // namespace orvenza

@@ -1,0 +1,92 @@
+#include "device/logo_download.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "core/catalogue.h"
+#include "device/logo_check.h"
+#include "platform/system_error.h"
+
+namespace orvenza {
+namespace {
+
+/// How often a row is sent again without anybody having been asked.
+constexpr int kSilentRepeats = 3;
+
+std::string Hexadecimal(std::string_view bytes) {
+  constexpr const char* kDigits = "0123456789ABCDEF";
+  std::string text;
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    text += kDigits[byte >> 4];
+    text += kDigits[byte & 15];
+  }
+  return text;
+}
+
+std::string RowCommand(int number, std::size_t counter, const std::string& row) {
+  char head[40];
+  std::snprintf(head, sizeof head, "4052%02d%03zu", number, counter);
+  return head + row;
+}
+
+std::string ReadUpTo(const Files& files, const std::string& path, std::size_t length) {
+  std::string bytes(length, '\0');
+  const auto reader = files.OpenForReading(path);
+  std::size_t filled = 0;
+  for (std::size_t got = 1; got > 0 && filled < length; filled += got) {
+    got = reader->Read(bytes.data() + filled, length - filled);
+  }
+  bytes.resize(filled);
+  return bytes;
+}
+
+}  // namespace
+
+std::vector<std::string> ReadLogoRows(const Files& files, const std::string& path) {
+  const std::size_t count = LogoRows(files, path);
+  const std::size_t length = kLogoDataOffset + count * kLogoRowBytes;
+  const std::string bytes = ReadUpTo(files, path, length);
+  if (count == 0 || bytes.size() < length) throw SystemError(error_number::kDeviceError, path);
+  std::vector<std::string> rows;
+  for (std::size_t row = count; row-- > 0;) {
+    rows.push_back(
+        Hexadecimal(std::string_view(bytes).substr(kLogoDataOffset + row * kLogoRowBytes, kLogoRowBytes)));
+  }
+  return rows;
+}
+
+bool LogoDownload::Download(int number, const std::string& path, const std::string& commandLine) {
+  std::vector<std::string> rows;
+  const bool read = journals_.Attempt("Trasmissione ", [&] { rows = ReadLogoRows(files_, path); });
+  if (read && SendRows(number, rows, commandLine)) return true;
+  messages_.ShowOperatorMessage(LoadMessage(184), message_style::kExclamation, LoadMessage(169));
+  return false;
+}
+
+bool LogoDownload::SendRows(int number, const std::vector<std::string>& rows,
+                            const std::string& commandLine) {
+  int silentRepeats = 0;
+  for (std::size_t row = 0; row < rows.size();) {
+    link_.Exchange(RowCommand(number, row + 1, rows[row]));
+    if (!link_.ReplyText.empty() && !IsErrorReply(link_.ReplyText)) {
+      ++row;
+      silentRepeats = 0;
+      continue;
+    }
+    const int decision = recovery_.DecodeDeviceError(link_.ReplyText, commandLine, true);
+    link_.Bounce();
+    switch (decision) {
+      case recovery::kPrinted: ++row; break;
+      case recovery::kReprint: row = 0; break;
+      case recovery::kAbort: return false;
+      case recovery::kNothing:
+        if (++silentRepeats > kSilentRepeats) return false;
+        break;
+      default: break;
+    }
+  }
+  return true;
+}
+
+}  // namespace orvenza

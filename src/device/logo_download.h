@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/journals.h"
+#include "device/device_link.h"
+#include "device/error_recovery.h"
+#include "ui/operator_message.h"
+
+namespace orvenza {
+
+/// Sends a logo bitmap, already checked, to the register: one command a row, the picture's top row first.
+class LogoDownload {
+ public:
+  LogoDownload(DeviceLink& link, ErrorRecovery& recovery, const Files& files, Journals& journals,
+               OperatorMessages& messages)
+      : link_(link), recovery_(recovery), files_(files), journals_(journals), messages_(messages) {}
+
+  /// Sends the bitmap `path` as logo `number`; `commandLine` is the ticket line that asks for it. Returns
+  /// whether the download ran to its end; otherwise the operator has been told.
+  bool Download(int number, const std::string& path, const std::string& commandLine);
+
+ private:
+  bool SendRows(int number, const std::vector<std::string>& rows, const std::string& commandLine);
+
+  DeviceLink& link_;
+  ErrorRecovery& recovery_;
+  const Files& files_;
+  Journals& journals_;
+  OperatorMessages& messages_;
+};
+
+/// The rows of the bitmap `path`, top row first, each as 112 upper-case hexadecimal digits. Throws
+/// SystemError when the file cannot be read or holds less than its headers promise.
+std::vector<std::string> ReadLogoRows(const Files& files, const std::string& path);
+
+}  // namespace orvenza

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "core/text.h"
+
+namespace orvenza {
+
+/// The numeric value of a release text: its last seven characters, every "." taken as a blank, read as a
+/// number with blanks ignored. "2.02.00" gives 20200; a text that does not start with a number gives 0.
+inline double ReleaseNumber(std::string_view release) {
+  std::string tail(Right(release, 7));
+  std::replace(tail.begin(), tail.end(), '.', ' ');
+  return LeadingNumber(tail);
+}
+
+/// Who the register says it is, learned at start-up. What it says decides how some records are translated.
+struct RegisterIdentity {
+  std::string DeviceModel = std::string(10, ' ');  ///< Ten characters, blanks included; blank when unknown.
+  std::string DeviceRelease;                       ///< As the register spells it, ten characters or none.
+  double DeviceReleaseNumber = 0;                  ///< ReleaseNumber of DeviceRelease.
+};
+
+}  // namespace orvenza

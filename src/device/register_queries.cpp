@@ -1,0 +1,137 @@
+#include "device/register_queries.h"
+
+#include <algorithm>
+
+#include "core/catalogue.h"
+#include "core/text.h"
+#include "device/end_confirmation.h"
+#include "device/quiet_query.h"
+
+namespace orvenza {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* kStatus = "3217";
+constexpr const char* kIdentity = "1999";
+constexpr const char* kClock = "4201";
+constexpr const char* kFirstData = "00";
+constexpr const char* kSecondData = "01";
+constexpr const char* kGaveUp = "-";
+constexpr const char* kQuiet = "*";
+
+bool EndsWithCode(const std::string& reply, const char* code) {
+  return IsErrorReply(reply) && reply.ends_with(code);
+}
+
+}  // namespace
+
+RegisterQueries::RegisterQueries(DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery,
+                                 OperatorMessages& messages, PortDialog& portDialog,
+                                 const AppSettings& settings, Journals& journals, EventLoop& loop,
+                                 PollTimer& timer, RegisterIdentity& identity)
+    : link_(link),
+      cash_(cash),
+      recovery_(recovery),
+      messages_(messages),
+      portDialog_(portDialog),
+      settings_(settings),
+      journals_(journals),
+      loop_(loop),
+      timer_(timer),
+      identity_(identity) {}
+
+std::string RegisterQueries::StatusQuery(const std::string& argument) {
+  std::string answer = Query(kStatus, argument);
+  if (argument == kQuiet && !answer.empty() && settings_.PcTimeCorrection > 0) ClockQuery(kQuiet);
+  return answer;
+}
+
+std::string RegisterQueries::IdentityQuery(const std::string& argument) {
+  identity_ = RegisterIdentity{};
+  std::string answer = Query(kIdentity, argument);
+  if (!answer.empty() && answer != kGaveUp) LearnIdentity(answer);
+  return answer;
+}
+
+std::string RegisterQueries::ClockQuery(const std::string& argument) { return Query(kClock, argument); }
+
+std::string RegisterQueries::Query(const std::string& code, const std::string& argument) {
+  if (argument != kQuiet) return AttendedQuery(code);
+  bool answered = QuietQuery(link_, journals_, code, kFirstData);
+  if (!answered && code == kStatus && EndsWithCode(link_.ReplyText, "16")) {
+    answered = QuietQuery(link_, journals_, code, kSecondData);
+  }
+  return answered ? link_.ReplyText : std::string();
+}
+
+std::string RegisterQueries::AttendedQuery(const std::string& code) {
+  std::string data = kFirstData;
+  for (;;) {
+    loop_.CheckEnd();
+    if (!link_.DeviceReady()) {
+      // Three alarms went unheeded: the operator may give the register up.
+      if (!link_.Present() && !AskRetry(LoadMessage(143))) return kGaveUp;
+      continue;
+    }
+    link_.Transmit(code + data);
+    if (link_.ReplyText.starts_with(code)) return link_.ReplyText;
+    if (!SettleReply(code, data)) return kGaveUp;
+  }
+}
+
+bool RegisterQueries::SettleReply(const std::string& code, std::string& data) {
+  std::string& reply = link_.ReplyText;
+  if (code == kStatus && data == kFirstData && EndsWithCode(reply, "16")) {
+    data = kSecondData;
+    return true;
+  }
+  if (EndsWithCode(reply, "17")) {
+    VoidOpenReceipt();
+    return true;
+  }
+  const bool deviceError = IsErrorReply(reply) && !IsLinkError(reply);
+  // A decoding that settled the error in silence is followed by a question, so that a register that goes on
+  // refusing does not keep the program busy unseen.
+  if (deviceError && recovery_.DecodeDeviceError(reply, {}, false) != recovery::kNothing) {
+    const PollingPause pause(timer_);
+    link_.Reopen(settings_.TimeWaitForEtx);
+    return true;
+  }
+  const std::string text = deviceError ? LoadMessage(144) : QueryFailureText(reply, code);
+  journals_.WrErr(std::string(text));
+  return AskRetry(text);
+}
+
+bool RegisterQueries::AskRetry(const std::string& text) {
+  const int answer = messages_.ShowOperatorMessage(
+      text, message_style::kRetryCancelConfigure + message_style::kInformation, LoadMessage(142));
+  if (answer == message_result::kConfigure) portDialog_.Show();
+  if (answer == message_result::kCancel && ConfirmEnd(messages_, message_style::kStop)) {
+    journals_.WrErr(LoadMessage(151));
+    return false;
+  }
+  const PollingPause pause(timer_);
+  link_.Reopen(settings_.TimeWaitForEtx);
+  return true;
+}
+
+void RegisterQueries::VoidOpenReceipt() {
+  const std::string text = LoadMessage(172) + std::string(kLineBreak) + LoadMessage(173);
+  messages_.ShowOperatorMessage(text, message_style::kOk + message_style::kExclamation, LoadMessage(169));
+  cash_.InvioVOID();
+  loop_.Pause(1000ms);
+}
+
+void RegisterQueries::LearnIdentity(const std::string& reply) {
+  journals_.WrLog(LoadMessage(199) + " " +
+                  FromWindows1252(reply.substr(std::min<std::size_t>(4, reply.size()))));
+  identity_.DeviceModel = Middle(reply, 7, 10);
+  identity_.DeviceModel.resize(10, ' ');
+  // The one model is driven exactly as the other, on purpose.
+  if (identity_.DeviceModel == " 40 ZAFRON") identity_.DeviceModel = "  MELDANO ";
+  identity_.DeviceRelease = Middle(reply, 17, 10);
+  identity_.DeviceReleaseNumber = ReleaseNumber(identity_.DeviceRelease);
+}
+
+}  // namespace orvenza

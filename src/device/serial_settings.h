@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace orvenza {
+
+/// The serial line as the link control takes it.
+struct SerialSettings {
+  int speed = 0;   ///< Bits a second.
+  int parity = 0;  ///< N 0, O 1, E 2, M 3, S 4; 0 for any other letter.
+  int dataBits = 0;
+  int stopBits = 0;
+
+  bool operator==(const SerialSettings&) const = default;
+};
+
+/// Reads a settings text such as "19200,O,7,1". Parity, data bits and stop bits are single characters at
+/// fixed distances from the first comma. Nothing when there is no comma.
+std::optional<SerialSettings> SplitSerialSettings(std::string_view text);
+
+}  // namespace orvenza
