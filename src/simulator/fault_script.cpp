@@ -1,0 +1,231 @@
+#include "simulator/fault_script.h"
+
+#include <charconv>
+#include <limits>
+#include <utility>
+
+#include "core/text.h"
+
+namespace orvenza {
+namespace {
+
+constexpr std::string_view kFirstWords =
+    "\"on\", \"after\", \"absent\", \"port-fails\", \"paper-out\", \"model\", \"release\", \"capacity\", "
+    "\"roll\", \"clock\", \"speed\" or \"paper\"";
+constexpr std::string_view kCommandFaults =
+    "\"reply\", \"silence\", \"link-error\", \"lose-reply\", \"late\", \"paper-out\", \"absent\" or "
+    "\"port-fails\"";
+constexpr std::string_view kStateFaults = "\"absent\", \"port-fails\" or \"paper-out\"";
+
+std::string_view TrimLine(std::string_view text) {
+  const auto first = text.find_first_not_of(" \t\r");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
+}
+
+/// One line, read word by word.
+class ScriptLine {
+ public:
+  ScriptLine(const std::string& file, std::size_t number, std::string_view text)
+      : file_(file), number_(number), rest_(TrimLine(text)) {}
+
+  bool AtEnd() const { return rest_.empty(); }
+  char Next() const { return rest_.empty() ? '\0' : rest_.front(); }
+
+  [[noreturn]] void Refuse(std::string expected) const {
+    throw ScriptError(file_, number_, std::move(expected));
+  }
+
+  std::string_view Word() {
+    const auto word = rest_.substr(0, rest_.find_first_of(" \t"));
+    rest_ = TrimLine(rest_.substr(word.size()));
+    return word;
+  }
+
+  int Number(int least, int most, const std::string& expected) {
+    return NumberIn(Word(), least, most, expected);
+  }
+
+  int NumberIn(std::string_view word, int least, int most, const std::string& expected) const {
+    int number = 0;
+    const char* const end = word.data() + word.size();
+    const auto [stop, error] = std::from_chars(word.data(), end, number);
+    if (error != std::errc() || stop != end || number < least || number > most) Refuse(expected);
+    return number;
+  }
+
+  /// The rest of the line; without its double quotes where it begins with one.
+  std::string Text(const std::string& expected) {
+    if (AtEnd()) Refuse(expected);
+    auto text = std::exchange(rest_, {});
+    if (text.front() != '"') return std::string(text);
+    if (text.size() < 2 || text.back() != '"') Refuse("a closing double quote");
+    return std::string(text.substr(1, text.size() - 2));
+  }
+
+  void End() const {
+    if (!AtEnd()) Refuse("the end of the line");
+  }
+
+ private:
+  const std::string& file_;
+  std::size_t number_;
+  std::string_view rest_;
+};
+
+constexpr int kMost = std::numeric_limits<int>::max();
+
+Paper ReadPaper(ScriptLine& line) {
+  const auto word = line.Word();
+  if (word == "journal") return Paper::kJournal;
+  if (word == "receipt") return Paper::kReceipt;
+  line.Refuse("\"journal\" or \"receipt\"");
+}
+
+/// Reads the faults that need no command. False when `word` is none of them.
+bool ReadStateFault(std::string_view word, ScriptLine& line, Fault& fault) {
+  if (word == "absent") {
+    fault.kind = FaultKind::kAbsent;
+    fault.number = line.Number(1, kMost, "a number of reads, at least 1");
+  } else if (word == "port-fails") {
+    fault.kind = FaultKind::kPortFails;
+    fault.number = line.Number(1, kMost, "a number of openings, at least 1");
+  } else if (word == "paper-out") {
+    fault.kind = FaultKind::kPaperOut;
+    fault.paper = ReadPaper(line);
+  } else {
+    return false;
+  }
+  line.End();
+  return true;
+}
+
+void ReadCommandFault(ScriptLine& line, Fault& fault) {
+  const auto word = line.Word();
+  if (ReadStateFault(word, line, fault)) return;
+  if (word == "reply") {
+    fault.kind = FaultKind::kReply;
+    fault.text = line.Text("the reply's text");
+  } else if (word == "silence") {
+    fault.kind = FaultKind::kSilence;
+  } else if (word == "lose-reply") {
+    fault.kind = FaultKind::kLoseReply;
+  } else if (word == "link-error") {
+    fault.kind = FaultKind::kLinkError;
+    fault.number = line.Number(1, 3, "the link error's number, 1 to 3");
+  } else if (word == "late") {
+    fault.kind = FaultKind::kLate;
+    fault.number = line.Number(1, kMost, "a number of milliseconds, at least 1");
+  } else {
+    line.Refuse(std::string(kCommandFaults));
+  }
+  line.End();
+}
+
+Fault ReadOn(ScriptLine& line) {
+  Fault fault;
+  fault.prefix = line.Word();
+  if (fault.prefix.empty() || fault.prefix.find_first_not_of("0123456789") != std::string::npos) {
+    line.Refuse("the digits that the command begins with");
+  }
+  if (line.Next() == '#') {
+    const std::string expected = "\"#\" and which one, at least 1";
+    fault.first = static_cast<std::size_t>(line.NumberIn(line.Word().substr(1), 1, kMost, expected));
+  }
+  if (line.Next() == 'x') {
+    const auto times = line.Word().substr(1);
+    const std::string expected = "\"x\" and how many, at least 1, or \"x*\"";
+    fault.times =
+        times == "*" ? Fault::kAlways : static_cast<std::size_t>(line.NumberIn(times, 1, kMost, expected));
+  }
+  ReadCommandFault(line, fault);
+  return fault;
+}
+
+Fault ReadAfter(ScriptLine& line) {
+  Fault fault;
+  fault.after = std::chrono::milliseconds(line.Number(0, kMost, "a number of milliseconds"));
+  if (!ReadStateFault(line.Word(), line, fault)) line.Refuse(std::string(kStateFaults));
+  return fault;
+}
+
+std::string ReadModel(ScriptLine& line) {
+  const std::string expected = "the model label, 10 characters in double quotes";
+  const std::string label = line.Text(expected);
+  if (label.size() != kIdentityWidth) line.Refuse(expected);
+  return label;
+}
+
+/// A shorter release stands at the end of its field, where the program looks for its number.
+std::string ReadRelease(ScriptLine& line) {
+  const std::string expected = "the release, at most 10 characters in double quotes";
+  const std::string release = line.Text(expected);
+  if (release.size() > kIdentityWidth) line.Refuse(expected);
+  return std::string(kIdentityWidth - release.size(), ' ') + release;
+}
+
+int ReadSpeed(ScriptLine& line) {
+  if (line.Next() != 'i') return line.Number(1, kMost, "bits a second, or \"instant\"");
+  if (line.Word() != "instant") line.Refuse("bits a second, or \"instant\"");
+  return 0;
+}
+
+void ReadSetting(std::string_view word, ScriptLine& line, FaultScript& script) {
+  RegisterProfile& profile = script.profile;
+  if (word == "model") {
+    profile.model = ReadModel(line);
+  } else if (word == "release") {
+    profile.release = ReadRelease(line);
+  } else if (word == "capacity") {
+    profile.receiptCapacity =
+        static_cast<std::size_t>(line.Number(1, kMost, "a number of receipt entries, at least 1"));
+  } else if (word == "roll") {
+    profile.rollLines =
+        static_cast<std::size_t>(line.Number(50, kMost, "a number of paper lines, at least 50"));
+  } else if (word == "clock") {
+    profile.clockAhead = std::chrono::seconds(line.Number(-86400, 86400, "seconds ahead, -86400 to 86400"));
+  } else if (word == "speed") {
+    script.speed = ReadSpeed(line);
+  } else if (word == "paper") {
+    script.paperFile = line.Text("a file name");
+  } else {
+    line.Refuse(std::string(kFirstWords));
+  }
+  line.End();
+}
+
+void ReadLine(ScriptLine& line, FaultScript& script) {
+  if (line.AtEnd() || line.Next() == '#') return;
+  const auto word = line.Word();
+  Fault fault;
+  if (word == "on") {
+    script.faults.push_back(ReadOn(line));
+  } else if (word == "after") {
+    script.faults.push_back(ReadAfter(line));
+  } else if (ReadStateFault(word, line, fault)) {
+    script.faults.push_back(std::move(fault));
+  } else {
+    ReadSetting(word, line, script);
+  }
+}
+
+}  // namespace
+
+ScriptError::ScriptError(std::string fileName, std::size_t lineNumber, std::string whatIsExpected)
+    : std::runtime_error(fileName + ":" + std::to_string(lineNumber) + ": expected " + whatIsExpected),
+      file(std::move(fileName)),
+      line(lineNumber),
+      expected(std::move(whatIsExpected)) {}
+
+FaultScript ParseFaultScript(const std::string& name, std::string_view text) {
+  FaultScript script;
+  for (std::size_t number = 1; !text.empty(); ++number) {
+    const auto end = text.find('\n');
+    ScriptLine line(name, number, text.substr(0, end));
+    ReadLine(line, script);
+    text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
+  }
+  return script;
+}
+
+}  // namespace orvenza

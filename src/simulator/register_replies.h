@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "simulator/command_fields.h"
+
+namespace orvenza {
+
+/// The error codes that the simulated register answers with.
+namespace refusal {
+inline constexpr std::string_view kJournalPaper = "01";
+inline constexpr std::string_view kReceiptPaper = "02";
+inline constexpr std::string_view kOutOfSequence = "11";
+inline constexpr std::string_view kMalformed = "13";
+inline constexpr std::string_view kUnknown = "16";
+inline constexpr std::string_view kNotNow = "17";
+inline constexpr std::string_view kTooLarge = "20";
+inline constexpr std::string_view kFull = "23";
+}  // namespace refusal
+
+/// The reply that refuses a command.
+inline std::string Refusal(std::string_view code) {
+  std::string reply = "ERR" + std::string(code);
+  // That a receipt is full is looked for in characters 6 and 7.
+  if (code == refusal::kFull) reply += code;
+  return reply;
+}
+
+/// The beginning of the reply to a command that was carried out, all of it where no data follow.
+inline std::string Done(const CommandFields& fields) { return std::string(fields.Code()) + "00"; }
+
+}  // namespace orvenza

@@ -1,0 +1,167 @@
+#include "simulator/simulated_link.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace orvenza {
+namespace {
+
+constexpr int kUsualSpeed = 19200;  // While the program has set none.
+constexpr std::int64_t kBitsPerCharacter = 10;
+
+std::string_view NameOf(LinkProperty property) {
+  switch (property) {
+    case LinkProperty::kBaudRate: return "BaudRate";
+    case LinkProperty::kParity: return "Parity";
+    case LinkProperty::kDataBits: return "DataBits";
+    case LinkProperty::kStopBits: return "StopBits";
+    case LinkProperty::kIdentifier: return "Identifier";
+    case LinkProperty::kAcknowledgementWait: return "AcknowledgementWait";
+    case LinkProperty::kEndOfTextWait: return "EndOfTextWait";
+    case LinkProperty::kFrameRetries: return "FrameRetries";
+    case LinkProperty::kMessageRetries: return "MessageRetries";
+    case LinkProperty::kPortNumber: return "PortNumber";
+  }
+  return "";
+}
+
+void Keep(std::deque<std::string>& list, std::string text) {
+  list.push_back(std::move(text));
+  if (list.size() > SimulatedLink::kKept) list.pop_front();
+}
+
+bool ReplacesExchange(FaultKind kind) {
+  return kind != FaultKind::kPaperOut && kind != FaultKind::kAbsent && kind != FaultKind::kPortFails;
+}
+
+}  // namespace
+
+SimulatedLink::SimulatedLink(SimulatedRegister& device, Scheduler& scheduler, FaultScript script)
+    : device_(device),
+      scheduler_(scheduler),
+      script_(std::move(script)),
+      occurrences_(script_.faults.size()),
+      connection_(std::make_shared<bool>()),
+      alive_(std::make_shared<bool>()) {
+  for (const Fault& fault : script_.faults) {
+    if (!fault.prefix.empty()) continue;
+    if (fault.after.count() == 0)
+      Strike(fault);
+    else
+      At(alive_, fault.after, [this, &fault] { Strike(fault); });
+  }
+}
+
+std::optional<int> SimulatedLink::Property(LinkProperty property) const {
+  const auto found = properties_.find(property);
+  return found == properties_.end() ? std::nullopt : std::optional(found->second);
+}
+
+void SimulatedLink::Send() {
+  if (!open_) return;
+  ++sentCount_;
+  Keep(sent_, message_);
+  Tell(LineEvent::kSent, message_);
+  const Disturbance disturbance = Disturb(message_);
+  At(connection_, LineTime(message_.size()),
+     [this, command = message_, disturbance] { Transmitted(command, disturbance); });
+}
+
+bool SimulatedLink::DevicePresent() {
+  const bool present = open_ && absentReads_ == 0;
+  if (absentReads_ > 0) --absentReads_;
+  if (!present) Tell(LineEvent::kAbsent, {});
+  return present;
+}
+
+void SimulatedLink::SetPortOpen(bool open) {
+  Keep(settings_, open ? "PortOpen 1" : "PortOpen 0");
+  if (open == open_) return;
+  if (open && failingOpens_ > 0) {
+    --failingOpens_;
+  } else if (!open || Property(LinkProperty::kBaudRate).value_or(kUsualSpeed) > 0) {
+    open_ = open;
+  }
+  if (!open) connection_ = std::make_shared<bool>();
+  Tell(LineEvent::kPort, !open ? "closed" : open_ ? "open" : "not open");
+}
+
+void SimulatedLink::SetReset(bool reset) { Keep(settings_, reset ? "Reset 1" : "Reset 0"); }
+
+void SimulatedLink::SetProperty(LinkProperty property, int value) {
+  properties_[property] = value;
+  Keep(settings_, std::string(NameOf(property)) + " " + std::to_string(value));
+}
+
+SimulatedLink::Disturbance SimulatedLink::Disturb(const std::string& command) {
+  Disturbance disturbance;
+  for (std::size_t i = 0; i < script_.faults.size(); ++i) {
+    const Fault& fault = script_.faults[i];
+    if (fault.prefix.empty() || !command.starts_with(fault.prefix)) continue;
+    const std::size_t occurrence = ++occurrences_[i];
+    if (occurrence < fault.first || occurrence - fault.first >= fault.times) continue;
+    if (fault.kind == FaultKind::kPaperOut)
+      disturbance.paperOut = fault.paper;
+    else if (!ReplacesExchange(fault.kind))
+      Strike(fault);
+    else if (disturbance.fault == nullptr)
+      disturbance.fault = &fault;
+  }
+  return disturbance;
+}
+
+void SimulatedLink::Strike(const Fault& fault) {
+  if (fault.kind == FaultKind::kAbsent) absentReads_ = fault.number;
+  if (fault.kind == FaultKind::kPortFails) failingOpens_ = fault.number;
+  if (fault.kind == FaultKind::kPaperOut) device_.RunOutOfPaper(fault.paper);
+}
+
+void SimulatedLink::Transmitted(const std::string& command, const Disturbance& disturbance) {
+  if (disturbance.paperOut) device_.RunOutOfPaper(*disturbance.paperOut);
+  Fault none;
+  none.kind = FaultKind::kLate;  // By nothing.
+  const Fault& fault = disturbance.fault == nullptr ? none : *disturbance.fault;
+  if (fault.kind == FaultKind::kSilence) return;
+  if (fault.kind == FaultKind::kLinkError) return RaiseLinkError(fault.number);
+  const std::string reply = fault.kind == FaultKind::kReply ? fault.text : device_.Execute(command);
+  if (fault.kind == FaultKind::kLoseReply) return;
+  // Of the whole way, so that the fractions of a nanosecond of the two halves do not add up.
+  auto delay = LineTime(command.size() + reply.size()) - LineTime(command.size());
+  if (fault.kind == FaultKind::kLate) delay += std::chrono::milliseconds(fault.number);
+  if (delay.count() == 0) return Deliver(reply);
+  At(connection_, delay, [this, reply] { Deliver(reply); });
+}
+
+void SimulatedLink::Deliver(const std::string& reply) {
+  received_ = reply;
+  Tell(LineEvent::kReceived, reply);
+  if (events_ != nullptr) events_->ReplyReceived();
+}
+
+void SimulatedLink::RaiseLinkError(int number) {
+  Tell(LineEvent::kLinkError, std::to_string(number));
+  if (events_ == nullptr) return;
+  if (number == 1) events_->LinkError1();
+  if (number == 2) events_->LinkError2();
+  if (number == 3) events_->LinkError3();
+}
+
+void SimulatedLink::At(const std::weak_ptr<bool>& token, std::chrono::nanoseconds delay,
+                       std::function<void()> action) {
+  scheduler_.After(delay, [token, action = std::move(action)] {
+    if (!token.expired()) action();
+  });
+}
+
+std::chrono::nanoseconds SimulatedLink::LineTime(std::size_t characters) const {
+  const int speed = script_.speed.value_or(Property(LinkProperty::kBaudRate).value_or(kUsualSpeed));
+  if (speed <= 0) return {};
+  return std::chrono::nanoseconds(static_cast<std::int64_t>(characters) * kBitsPerCharacter * 1'000'000'000 /
+                                  speed);
+}
+
+void SimulatedLink::Tell(LineEvent event, const std::string& text) {
+  if (observer_) observer_(event, text);
+}
+
+}  // namespace orvenza

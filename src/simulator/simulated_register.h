@@ -1,0 +1,130 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/clock.h"
+#include "simulator/paper_roll.h"
+#include "simulator/receipt.h"
+#include "simulator/register_profile.h"
+
+namespace orvenza {
+
+class CommandFields;
+struct ItemLine;
+
+/// A receipt that was closed or voided.
+struct PrintedReceipt {
+  int number = 0;                  ///< Counted from 1 after each fiscal closure; 0 for a voided one.
+  std::int64_t total = 0;          ///< Cents; of a voided one, what had been sold until then.
+  std::vector<std::string> lines;  ///< As on the paper, heading and divider included.
+  bool voided = false;
+};
+
+/// The fiscal register itself: takes one command text after the other, keeps the receipt and prints. It knows
+/// nothing of the line nor of waiting. Its clock runs by itself: setting the PC's does not move it.
+///
+/// A normal reply begins with the command's first four digits. A refused command changes nothing and is
+/// answered "ERR" and a code of two digits: 01 or 02 paper out, 11 out of sequence, 13 malformed data, 16
+/// unknown command, 17 not while a receipt is open, 20 value too large; for a full receipt "ERR2323", the
+/// code in characters 4 and 5 and again in 6 and 7.
+class SimulatedRegister {
+ public:
+  /// Closed and voided receipts that are remembered at least; far older ones are forgotten, so that days of
+  /// printing do not fill the memory.
+  static constexpr std::size_t kReceiptsKept = 10000;
+
+  SimulatedRegister(const Clock& clock, PaperRoll& paper, RegisterProfile profile = {});
+
+  /// Carries out `command` and returns the reply text.
+  std::string Execute(const std::string& command);
+
+  /// The paper ends now. The next command that prints is still taken, but its lines are held back and its
+  /// reply is the paper's error. Further ones and the status query are refused with that error until "1149",
+  /// which prints what was held back.
+  void RunOutOfPaper(Paper paper) { paperOut_ = paper; }
+
+  bool PaperOut() const { return paperOut_.has_value(); }
+
+  /// Whether a receipt or a non-fiscal document is open.
+  bool ReceiptOpen() const { return receipt_.has_value() || documentOpen_; }
+
+  /// Closed and voided receipts, oldest first.
+  const std::vector<PrintedReceipt>& Receipts() const { return receipts_; }
+
+  /// Since the last fiscal closure: the sum, in cents, and the number of the closed receipts.
+  std::int64_t DailyTotal() const { return dailyTotal_; }
+  int DailyReceipts() const { return dailyReceipts_; }
+
+  int FiscalClosures() const { return fiscalClosures_; }
+
+  /// Logo rows taken so far.
+  std::size_t LogoRows() const { return logoRows_; }
+
+ private:
+  struct Rule;
+  static const Rule* FindRule(std::string_view code);
+
+  // One for each group of commands: reads the data, returns the reply.
+  std::string Status(CommandFields& fields);
+  std::string Identity(CommandFields& fields);
+  std::string TimeOfDay(CommandFields& fields);
+  std::string Restart(CommandFields& fields);
+  std::string Void(CommandFields& fields);
+  std::string Sell(CommandFields& fields);
+  std::string TakeBack(CommandFields& fields);
+  std::string ChangeItem(CommandFields& fields);
+  std::string ChangeTotal(CommandFields& fields);
+  std::string Subtotal(CommandFields& fields);
+  std::string Pay(CommandFields& fields);
+  std::string PrintText(CommandFields& fields);
+  std::string SetFootLine(CommandFields& fields);
+  std::string OpenDocument(CommandFields& fields);
+  std::string PrintInDocument(CommandFields& fields);
+  std::string CloseDocument(CommandFields& fields);
+  std::string MoveCash(CommandFields& fields);
+  std::string Report(CommandFields& fields);
+  std::string FiscalClosure(CommandFields& fields);
+  std::string LogoRow(CommandFields& fields);
+  std::string Accept(CommandFields& fields);
+
+  LocalTime Now() const;
+  bool ReceiptFull() const;
+  std::string PaperError() const;
+  std::string_view EntryRefused() const;
+  void PutOnPaper(const std::string& line);
+  void Print(const std::string& line);
+  void PrintEntry(const std::string& line);
+  void PrintItem(const ItemLine& item, std::int64_t amount);
+  void PrintHead();
+  void PrintEnd(std::string_view title);
+  void PrintDay(const std::string& title);
+  void EndReceipt(bool voided);
+  void EndDocument(std::string_view title);
+
+  const Clock& clock_;
+  PaperRoll& paper_;
+  RegisterProfile profile_;
+  LocalTime clockStart_;  ///< What the register's own clock showed at the moment below.
+  std::chrono::nanoseconds clockStartUptime_;
+  std::optional<Receipt> receipt_;            ///< Nothing while no receipt is open.
+  bool documentOpen_ = false;                 ///< A non-fiscal document.
+  std::map<std::int64_t, std::string> foot_;  ///< Lines for the end of the next receipt, by their order.
+  std::optional<Paper> paperOut_;
+  bool commandHeld_ = false;  ///< A command was taken after the paper had ended.
+  std::vector<std::string> linesHeld_;
+  std::size_t linesPrinted_ = 0;  ///< On this roll.
+  std::vector<PrintedReceipt> receipts_;
+  std::int64_t dailyTotal_ = 0;
+  int dailyReceipts_ = 0;
+  int fiscalClosures_ = 0;
+  std::size_t logoRows_ = 0;
+};
+
+}  // namespace orvenza
