@@ -1,5 +1,7 @@
 #include "device/device_link.h"
 
+#include <utility>
+
 #include "core/catalogue.h"
 #include "device/end_confirmation.h"
 #include "device/serial_settings.h"
@@ -122,8 +124,20 @@ bool DeviceLink::DeviceReady() {
   return false;
 }
 
+void DeviceLink::ApplyChangedSettings() {
+  if (std::exchange(reapply_, false)) Reopen(endOfTextWait_);
+}
+
+void DeviceLink::AwaitDevice() {
+  ApplyChangedSettings();
+  while (!DeviceReady()) {
+    loop_.CheckEnd();
+    ApplyChangedSettings();
+  }
+}
+
 void DeviceLink::Exchange(const std::string& command, double replyWait) {
-  while (!DeviceReady()) loop_.CheckEnd();
+  AwaitDevice();
   Transmit(command, replyWait);
 }
 

@@ -56,6 +56,15 @@ class DeviceLink : private EcrLinkEvents {
   /// the next call.
   bool DeviceReady();
 
+  /// The serial settings have changed: the link is to be opened anew, as soon as no command is under way.
+  void ReapplySettings() { reapply_ = true; }
+
+  /// Opens the link anew if that is wanted. To be called when no command is under way.
+  void ApplyChangedSettings();
+
+  /// Waits, without limit, until the register is ready.
+  void AwaitDevice();
+
   /// Sends a command, once the register is ready, and waits for its reply, which `ReplyText` then holds.
   void Exchange(const std::string& command, double replyWait = kReplyWait);
 
@@ -83,6 +92,7 @@ class DeviceLink : private EcrLinkEvents {
   EventLoop& loop_;
   const Clock& clock_;
   int endOfTextWait_ = 0;
+  bool reapply_ = false;
 };
 
 }  // namespace orvenza

@@ -30,23 +30,12 @@ std::string RowCommand(int number, std::size_t counter, const std::string& row) 
   return head + row;
 }
 
-std::string ReadUpTo(const Files& files, const std::string& path, std::size_t length) {
-  std::string bytes(length, '\0');
-  const auto reader = files.OpenForReading(path);
-  std::size_t filled = 0;
-  for (std::size_t got = 1; got > 0 && filled < length; filled += got) {
-    got = reader->Read(bytes.data() + filled, length - filled);
-  }
-  bytes.resize(filled);
-  return bytes;
-}
-
 }  // namespace
 
 std::vector<std::string> ReadLogoRows(const Files& files, const std::string& path) {
   const std::size_t count = LogoRows(files, path);
   const std::size_t length = kLogoDataOffset + count * kLogoRowBytes;
-  const std::string bytes = ReadUpTo(files, path, length);
+  const std::string bytes = ReadWhole(files, path, length);
   if (count == 0 || bytes.size() < length) throw SystemError(error_number::kDeviceError, path);
   std::vector<std::string> rows;
   for (std::size_t row = count; row-- > 0;) {

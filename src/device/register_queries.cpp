@@ -69,6 +69,7 @@ std::string RegisterQueries::AttendedQuery(const std::string& code) {
   std::string data = kFirstData;
   for (;;) {
     loop_.CheckEnd();
+    link_.ApplyChangedSettings();
     if (!link_.DeviceReady()) {
       // Three alarms went unheeded: the operator may give the register up.
       if (!link_.Present() && !AskRetry(LoadMessage(143))) return kGaveUp;

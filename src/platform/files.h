@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -43,10 +44,25 @@ class Files {
   /// all, and no listing shows it before it is whole.
   virtual void Copy(const std::string& from, const std::string& to) = 0;
 
+  /// Renames a file, replacing an older target: no moment in which it is in neither place or in both. Fails
+  /// where the target lies on another volume.
+  virtual void Move(const std::string& from, const std::string& to) = 0;
+
   virtual void Remove(const std::string& path) = 0;
 
   /// Clears read-only, hidden and the like, so that the file can be removed.
   virtual void ClearAttributes(const std::string& path) = 0;
 };
+
+/// The first `limit` bytes of a file, all of them when it is shorter. Throws SystemError.
+std::string ReadWhole(const Files& files, const std::string& path,
+                      std::size_t limit = std::numeric_limits<std::size_t>::max());
+
+/// Renames a file, or copies it where it cannot be renamed. True when it was renamed, so that nothing is left
+/// at its old place. Throws SystemError when neither can be done.
+bool MoveOrCopy(Files& files, const std::string& from, const std::string& to);
+
+/// Removes a file, also a read-only one. Throws SystemError.
+void RemoveReadOnlyToo(Files& files, const std::string& path);
 
 }  // namespace orvenza

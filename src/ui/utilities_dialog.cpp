@@ -5,6 +5,7 @@
 
 #include "core/catalogue.h"
 #include "core/text.h"
+#include "platform/name_mask.h"
 #include "ui/open_mark.h"
 
 namespace orvenza {
@@ -18,10 +19,15 @@ constexpr int kWithFinancialReport = 1;
 /// All fields of a ticket record but its type are empty.
 constexpr std::size_t kSeparators = 9;
 
-/// Sorts after the name of any ordinary ticket, and fits the mask.
-std::string RequestName(std::string mask) {
-  std::replace(mask.begin(), mask.end(), '*', ' ');
-  return std::string(16, 'z').append(Trim(mask));
+/// Sorts after the name of any ordinary ticket.
+std::string RequestName(const std::string& mask) {
+  std::string blanked = mask;
+  std::replace(blanked.begin(), blanked.end(), '*', ' ');
+  std::string name = std::string(16, 'z').append(Trim(blanked));
+  if (MatchesMask(name, mask)) return name;
+  // A mask with a text before its "*" would never find that name.
+  const std::size_t star = mask.find('*');
+  return star == std::string::npos ? name : std::string(mask).replace(star, 1, 16, 'z');
 }
 
 }  // namespace
@@ -43,8 +49,8 @@ void UtilitiesDialog::Show() {
   person_.ShowUtilities(content, [this](int button) { return OnButton(button); });
 }
 
-void UtilitiesDialog::WriteClosureRequest(int kind) {
-  journals_.Attempt(kLabel, [&] {
+bool UtilitiesDialog::WriteClosureRequest(int kind) {
+  return journals_.Attempt(kLabel, [&] {
     std::string line = kind == kWithFinancialReport ? "22" : "21";
     line.append(kSeparators, settings_.SeparatorChar).append(kLineBreak);
     files_.Write(settings_.TicketFolder + RequestName(settings_.TicketMask), line);
@@ -54,13 +60,12 @@ void UtilitiesDialog::WriteClosureRequest(int kind) {
 /// Returns whether the dialog closes.
 bool UtilitiesDialog::OnButton(int button) { return button == 1 || RequestClosure(button - 2); }
 
-/// Returns whether the operator wanted it to the end.
+/// Returns whether the closure has been requested.
 bool UtilitiesDialog::RequestClosure(int kind) {
   const std::string question = LoadMessage(165);
   if (!Confirmed(question)) return false;
   if (TicketsWaiting() && !Confirmed(LoadMessage(166).append(kLineBreak).append(question))) return false;
-  WriteClosureRequest(kind);
-  return true;
+  return WriteClosureRequest(kind);
 }
 
 bool UtilitiesDialog::Confirmed(const std::string& question) {

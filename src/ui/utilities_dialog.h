@@ -25,8 +25,9 @@ class UtilitiesDialog {
   void Show();
 
   /// Writes the closure request into the ticket folder, under a name that sorts after every ticket: record
-  /// type 22 (with the financial report) for kind 1, 21 for any other. A failure goes to the error log.
-  void WriteClosureRequest(int kind);
+  /// type 22 (with the financial report) for kind 1, 21 for any other. Returns whether it is there; a failure
+  /// goes to the error log.
+  bool WriteClosureRequest(int kind);
 
   bool IsOpen() const { return open_; }
 

@@ -34,6 +34,10 @@ class LogoFiles : public Files {
   }
   void Append(const std::string& path, std::string_view text) override { content[path] += text; }
   void Write(const std::string& path, std::string_view text) override { content[path] = text; }
+  void Move(const std::string& from, const std::string& to) override {
+    Copy(from, to);
+    content.erase(from);
+  }
   void Copy(const std::string& from, const std::string& to) override { content[to] = content.at(from); }
   void Remove(const std::string& path) override { content.erase(path); }
   void ClearAttributes(const std::string&) override {}

@@ -79,6 +79,8 @@ TEST(IniProfileFile, FindsNoValueHere) {
   for (const char* text : texts) EXPECT_EQ(ReadFrom(text, "S", "k"), "fallback") << text;
 }
 
+TEST(IniProfileFile, ACommentHasNoKey) { EXPECT_EQ(ReadFrom("[S]\r\n;k=1\r\n", "S", ";k"), "fallback"); }
+
 TEST(IniProfileFile, ReadsPastNuls) {
   EXPECT_EQ(ReadFrom(std::string("\0\0=\0\r\n[S]\0\r\nk=1\0\r\n", 19), "S", "k"), std::string("1\0", 2));
 }

@@ -1,6 +1,7 @@
 #include "platform/posix/posix_event_pump.h"
 
 #include <gtest/gtest.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <stdexcept>
@@ -209,13 +210,27 @@ TEST_F(PosixEventPumpTest, ALineHandlerThatThrowsLosesOnlyItsLine) {
 }
 
 TEST_F(PosixEventPumpTest, AHandlerMayWatchAnotherInput) {
-  Type("one\ntwo\n");
-  pump.WatchInput(
-      readEnd.Get(), [this](const std::string&) { Watch(); }, nullptr);
+  const std::string own(100, 'x');  // What the handler holds must outlive its replacement.
+  const auto replace = [this, own](const std::string&) {
+    Watch();
+    Note(own);
+  };
+  pump.WatchInput(readEnd.Get(), replace, nullptr);
+  Type("one\n");
   pump.WaitForEvent(1h);
-  Type("three\n");
+  Type("two\n");
   pump.WaitForEvent(1h);
-  EXPECT_EQ(events, "[three]");
+  EXPECT_EQ(events, own + " [two]");
+}
+
+TEST_F(PosixEventPumpTest, ReadsNoFurtherWhileALineWaits) {
+  Watch();
+  for (int i = 0; i < 3000; ++i) Type("x\n");
+  for (int i = 0; i < 3; ++i) pump.Dispatch();
+  int unread = 0;
+  ::ioctl(readEnd.Get(), FIONREAD, &unread);
+  EXPECT_EQ(events, "[x] [x] [x]");
+  EXPECT_EQ(unread, 6000 - 4096);
 }
 
 TEST_F(PosixEventPumpTest, ASignalIsAnEvent) {
@@ -228,15 +243,14 @@ TEST_F(PosixEventPumpTest, ASignalIsAnEvent) {
 }
 
 TEST_F(PosixEventPumpTest, TheSignalHandlersGoWithThePump) {
-  struct sigaction before {};
-  struct sigaction after {};
-  ::sigaction(SIGTERM, nullptr, &before);
-  {
-    PosixEventPump other;
-    other.OnTerminate([] {});
+  for (const int signal : {SIGINT, SIGTERM}) {
+    ::signal(signal, SIG_IGN);
+    {
+      PosixEventPump other;
+      other.OnTerminate([] {});
+    }
+    EXPECT_EQ(::signal(signal, SIG_DFL), SIG_IGN) << signal;
   }
-  ::sigaction(SIGTERM, nullptr, &after);
-  EXPECT_EQ(before.sa_handler, after.sa_handler);
 }
 
 }  // namespace

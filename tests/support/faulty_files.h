@@ -17,7 +17,7 @@
 namespace orvenza::test {
 
 /// What shall go wrong, by the names of the operations: "OpenForReading", "Read" (of the reader it returns),
-/// "Size", "Append", "Write", "Copy", "Remove", "ClearAttributes"; "ListFolder", "Create", "Rename". "Exists"
+/// "Size", "Append", "Write", "Copy", "Move", "Remove", "ClearAttributes"; "ListFolder", "Create", "Rename". "Exists"
 /// takes a Before, but cannot fail. A failing operation does nothing.
 class Faults {
  public:
@@ -117,6 +117,10 @@ class FaultyFiles : public Files, public Faults {
   void Copy(const std::string& from, const std::string& to) override {
     Meet("Copy", from, to);
     real_.Copy(from, to);
+  }
+  void Move(const std::string& from, const std::string& to) override {
+    Meet("Move", from, to);
+    real_.Move(from, to);
   }
   void Remove(const std::string& path) override {
     Meet("Remove", path);

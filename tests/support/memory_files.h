@@ -24,6 +24,10 @@ class MemoryFiles : public Files {
   }
   void Append(const std::string& path, std::string_view text) override { content[path] += text; }
   void Write(const std::string& path, std::string_view text) override { content[path] = text; }
+  void Move(const std::string& from, const std::string& to) override {
+    Copy(from, to);
+    content.erase(from);
+  }
   void Copy(const std::string& from, const std::string& to) override { content[to] = Find(from); }
   void Remove(const std::string& path) override {
     Find(path);

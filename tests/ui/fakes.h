@@ -126,6 +126,7 @@ class FakeFiles : public Files {
     if (writesFail) throw SystemError(error_number::kDiskFull);
     written.emplace_back(path, content);
   }
+  void Move(const std::string&, const std::string&) override {}
   void Copy(const std::string&, const std::string&) override {}
   void Remove(const std::string&) override {}
   void ClearAttributes(const std::string&) override {}

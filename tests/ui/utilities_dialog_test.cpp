@@ -127,8 +127,8 @@ TEST_F(UtilitiesDialogTest, CountsTheTicketsAfterTheFirstQuestionOnly) {
 
 TEST_F(UtilitiesDialogTest, NamesTheRequestAfterTheMask) {
   const std::pair<const char*, const char*> cases[] = {
-      {"*.txt", "zzzzzzzzzzzzzzzz.txt"},      {"*.dat", "zzzzzzzzzzzzzzzz.dat"}, {"*.*", "zzzzzzzzzzzzzzzz."},
-      {"sc*.txt", "zzzzzzzzzzzzzzzzsc .txt"}, {"", "zzzzzzzzzzzzzzzz"},
+      {"*.txt", "zzzzzzzzzzzzzzzz.txt"},     {"*.dat", "zzzzzzzzzzzzzzzz.dat"}, {"*.*", "zzzzzzzzzzzzzzzz."},
+      {"sc*.txt", "sczzzzzzzzzzzzzzzz.txt"}, {"", "zzzzzzzzzzzzzzzz"},
   };
   for (const auto& [mask, name] : cases) {
     settings.TicketMask = mask;
@@ -152,10 +152,10 @@ TEST_F(UtilitiesDialogTest, WritesTheSeparatorOfTheSettings) {
   EXPECT_EQ(files.written.back().second, "22\x7F\x7F\x7F\x7F\x7F\x7F\x7F\x7F\x7F\r\n");
 }
 
-TEST_F(UtilitiesDialogTest, NotesARequestThatCannotBeWritten) {
+TEST_F(UtilitiesDialogTest, NotesARequestThatCannotBeWrittenAndStaysOpen) {
   files.writesFail = true;
   Press(2, {1});
-  EXPECT_TRUE(person.utilitiesClosedByButton);
+  EXPECT_FALSE(person.utilitiesClosedByButton);
   EXPECT_EQ(files.appended, "01/02/26 10:30 - Orv_Uti - 61 - Disk full\r\n");
 }
 

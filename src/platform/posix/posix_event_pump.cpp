@@ -49,7 +49,7 @@ void PosixEventPump::WaitForEvent(nanoseconds limit) {
 }
 
 void PosixEventPump::After(nanoseconds delay, std::function<void()> action) {
-  timers_.emplace(std::pair(Now() + Bounded(delay), timersGiven_++), std::move(action));
+  timers_.emplace(Now() + Bounded(delay), std::move(action));
 }
 
 void PosixEventPump::WatchInput(int descriptor, std::function<void(const std::string&)> onLine,
@@ -68,7 +68,7 @@ bool PosixEventPump::InputReady() const { return input_ && (input_->HasLine() ||
 
 nanoseconds PosixEventPump::TimeToNextEvent(Moment end) const {
   if (signalsWaiting_ > 0 || InputReady()) return nanoseconds::zero();
-  if (!timers_.empty()) end = std::min(end, timers_.begin()->first.first);
+  if (!timers_.empty()) end = std::min(end, timers_.begin()->first);
   return Bounded(end - Now());
 }
 
@@ -102,13 +102,11 @@ bool PosixEventPump::DeliverSignals() {
 }
 
 bool PosixEventPump::DeliverTimers() {
+  // What falls due while these actions run waits for the next delivery, so that this one ends.
   const Moment now = Now();
-  // Actions given by the actions that run here wait for the next delivery, so that this one ends.
-  const std::uint64_t given = timersGiven_;
   bool delivered = false;
   for (auto first = timers_.begin(); first != timers_.end(); first = timers_.begin()) {
-    const auto [due, number] = first->first;
-    if (due > now || number >= given) break;
+    if (first->first > now) break;
     const auto action = std::move(first->second);
     timers_.erase(first);
     delivered = true;

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
-#include <utility>
 
 #include "platform/event_pump.h"
 #include "platform/posix/line_input.h"
@@ -30,7 +28,8 @@ class PosixEventPump : public EventPump, public Scheduler {
   void WatchInput(int descriptor, std::function<void(const std::string&)> onLine,
                   std::function<void()> onEnd);
 
-  /// From now on SIGINT and SIGTERM are events: `handler` is called once for each.
+  /// From now on SIGINT, SIGTERM and SIGHUP are events: `handler` is called once for each. SIGPIPE is
+  /// ignored.
   void OnTerminate(std::function<void()> handler);
 
  private:
@@ -44,9 +43,8 @@ class PosixEventPump : public EventPump, public Scheduler {
   bool DeliverTimers();
   bool DeliverInput();
 
-  /// By moment, then by the order they were given.
-  std::map<std::pair<Moment, std::uint64_t>, std::function<void()>> timers_;
-  std::uint64_t timersGiven_ = 0;
+  /// Those of the same moment in the order they were given.
+  std::multimap<Moment, std::function<void()>> timers_;
 
   std::optional<LineInput> input_;
   std::function<void(const std::string&)> onLine_;

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <utility>
 
 #include "platform/posix/descriptor.h"
@@ -114,6 +115,10 @@ void PosixFiles::Copy(const std::string& from, const std::string& to) {
   }
   target.SetModified(status.st_mtim);
   target.Finish();
+}
+
+void PosixFiles::Move(const std::string& from, const std::string& to) {
+  if (::rename(NativePath(from).c_str(), NativePath(to).c_str()) != 0) ThrowFileError(errno, from);
 }
 
 void PosixFiles::Remove(const std::string& path) {

@@ -14,6 +14,7 @@ class PosixFiles : public Files {
   void Append(const std::string& path, std::string_view text) override;
   void Write(const std::string& path, std::string_view content) override;
   void Copy(const std::string& from, const std::string& to) override;
+  void Move(const std::string& from, const std::string& to) override;
   void Remove(const std::string& path) override;
   /// Makes the file writable for its owner.
   void ClearAttributes(const std::string& path) override;

@@ -43,11 +43,17 @@ TerminateSignals::TerminateSignals() {
   ::sigemptyset(&action.sa_mask);
   ::sigaction(SIGINT, &action, &oldInterrupt_);
   ::sigaction(SIGTERM, &action, &oldTerminate_);
+  ::sigaction(SIGHUP, &action, &oldHangUp_);
+  // The end of whoever reads the output must not be the end of the program.
+  action.sa_handler = SIG_IGN;
+  ::sigaction(SIGPIPE, &action, &oldPipe_);
 }
 
 TerminateSignals::~TerminateSignals() {
   ::sigaction(SIGINT, &oldInterrupt_, nullptr);
   ::sigaction(SIGTERM, &oldTerminate_, nullptr);
+  ::sigaction(SIGHUP, &oldHangUp_, nullptr);
+  ::sigaction(SIGPIPE, &oldPipe_, nullptr);
   signalPipe = -1;
 }
 

@@ -6,7 +6,8 @@
 
 namespace orvenza {
 
-/// Catches SIGINT and SIGTERM for its lifetime and counts them. One object a process.
+/// Catches SIGINT, SIGTERM and SIGHUP for its lifetime and counts them; SIGPIPE is ignored. One object a
+/// process.
 class TerminateSignals {
  public:
   TerminateSignals();
@@ -25,6 +26,8 @@ class TerminateSignals {
   Descriptor writeEnd_;
   struct sigaction oldInterrupt_ {};
   struct sigaction oldTerminate_ {};
+  struct sigaction oldHangUp_ {};
+  struct sigaction oldPipe_ {};
 };
 
 }  // namespace orvenza

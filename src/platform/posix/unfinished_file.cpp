@@ -68,7 +68,8 @@ void UnfinishedFile::SetModified(const timespec& time) {
 }
 
 void UnfinishedFile::Finish() {
-  if (!file_.Close()) ThrowFileError(errno, target_);
+  // On the disk before it gets its name: what it was copied from may be removed next, and the power may fail.
+  if (::fsync(file_.Get()) != 0 || !file_.Close()) ThrowFileError(errno, target_);
   if (::rename(native_.c_str(), nativeTarget_.c_str()) != 0) ThrowFileError(errno, target_);
   native_.clear();
 }

@@ -17,10 +17,8 @@ using Captions = std::span<const std::string>;
 class TerminalOperator::Dialog {
  public:
   explicit Dialog(TerminalOperator& terminal, bool isMessage = false)
-      : terminal_(terminal), isMessage_(isMessage) {
+      : terminal_(terminal), isMessage_(isMessage), displacedMenu_(std::exchange(terminal.menuOpen_, false)) {
     terminal_.dialogs_.push_back(this);
-    // An open menu would take the answer away.
-    terminal_.menuOpen_ = false;
   }
   ~Dialog() { terminal_.dialogs_.pop_back(); }
   Dialog(const Dialog&) = delete;
@@ -42,7 +40,13 @@ class TerminalOperator::Dialog {
 
   bool IsMessage() const { return isMessage_; }
   bool Asking() const { return !block_.box.empty() && !closed_ && !line_; }
-  void Answer(const std::string& line) { line_ = line; }
+  void Answer(const std::string& line) {
+    if (std::exchange(displacedMenu_, false)) {
+      Reject();
+    } else {
+      line_ = line;
+    }
+  }
   void Close() {
     if (!std::exchange(closed_, true)) terminal_.Say("Chiuso senza risposta.\n");
   }
@@ -93,6 +97,7 @@ class TerminalOperator::Dialog {
 
   TerminalOperator& terminal_;
   const bool isMessage_;
+  bool displacedMenu_;  ///< The menu was open when the dialog came: the first line was meant for it.
   Block block_;
   std::chrono::nanoseconds shownAt_{};
   bool closed_ = false;

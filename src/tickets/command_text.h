@@ -1,0 +1,21 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace orvenza {
+
+/// A command text: code, values and fixed characters one after the other, then `tail`. "" when one of `parts`
+/// is: a rejected value invalidates the whole line. Only the tail may be empty.
+std::string Join(std::initializer_list<std::string_view> parts, std::string_view tail = {});
+
+/// `value`, or `fallback` where the value was rejected.
+std::string Or(std::string value, std::string_view fallback);
+
+/// What a choice goes by: `field`, or the `first` alternative for an empty field.
+inline std::string_view Chosen(std::string_view field, std::string_view first) {
+  return field.empty() ? first : field;
+}
+
+}  // namespace orvenza

@@ -1,0 +1,30 @@
+#include "tickets/historic_rotation.h"
+
+#include <algorithm>
+
+#include "core/catalogue.h"
+#include "core/create_all_dirs.h"
+
+namespace orvenza {
+
+void RotateHistoricFolder(Folders& folders, const Clock& clock, Journals& journals, AppSettings& settings) {
+  const std::string historic = settings.HistoricFolder;
+  if (historic.empty() || !folders.Exists(historic)) return;
+  LocalTime newest;
+  for (const FolderEntry& entry : folders.ListFolder(historic + settings.TicketMask)) {
+    newest = std::max(newest, entry.modified);
+  }
+  const LocalTime now = clock.Now();
+  const std::string date = DateDigits(newest);
+  if (date == DateDigits(now)) return;
+
+  const std::string base = historic.ends_with('\\') ? historic.substr(0, historic.size() - 1) : historic;
+  std::string target = base + "_" + date;
+  if (!folders.ListFolder(target + "*").empty()) target += "_" + TimeDigits(now);
+  folders.Rename(historic, target + "\\");
+  if (folders.Exists(historic) || CreateAllDirs(folders, journals, historic)) return;
+  journals.WrErr(LoadMessage(195) + " : " + historic);
+  settings.HistoricFolder.clear();
+}
+
+}  // namespace orvenza

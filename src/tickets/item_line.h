@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "tickets/record.h"
+
+namespace orvenza {
+
+/// One of the record types that print an item with description, quantity and price: its three codes and the
+/// numbers of its fields.
+struct ItemRecord {
+  std::string_view codeOne;       ///< Quantity of exactly one.
+  std::string_view codeWhole;     ///< Other whole quantities.
+  std::string_view codeDecimals;  ///< Quantities with decimals.
+  bool singleQuantityApplies;     ///< Whether the setting "Single Quantity" sends one as a whole quantity.
+  std::size_t number;             ///< The two digits after the code.
+  std::size_t description;
+  std::size_t quantity;
+  std::size_t amount;
+  std::size_t itemClass;
+};
+
+inline constexpr ItemRecord kItemType1{"1003", "1004", "1005", true, 7, 1, 2, 3, 4};
+/// A quantity of one keeps its code whatever the setting says, unlike types 1 and 9; this is intended.
+inline constexpr ItemRecord kItemType3{"1015", "1016", "1017", false, 6, 1, 8, 2, 3};
+inline constexpr ItemRecord kItemType9{"1009", "1010", "1011", true, 5, 1, 8, 2, 3};
+
+/// The command of an item line, "" when a value is rejected.
+std::string ItemLine(const ItemRecord& item, const RecordFields& fields, bool singleQuantity);
+
+}  // namespace orvenza

@@ -1,0 +1,35 @@
+#include "tickets/record.h"
+
+#include "core/text.h"
+
+namespace orvenza {
+namespace {
+
+void BlankOut(std::string& line) {
+  for (char& c : line) {
+    const auto code = static_cast<unsigned char>(c);
+    if (code < 32 || code > 127) c = ' ';
+  }
+}
+
+}  // namespace
+
+void SplitRecord(std::string_view line, char separator, RecordFields& out) {
+  out.line_ = line;
+  BlankOut(out.line_);
+  const std::string_view text = Trim(out.line_);
+  out.empty_ = text.empty();
+  out.count_ = 0;
+  if (out.empty_) return;
+
+  const auto offset = static_cast<std::size_t>(text.data() - out.line_.data());
+  std::size_t start = 0;
+  while (out.count_ < RecordFields::kMostFields) {
+    const std::size_t end = text.find(separator, start);
+    if (end == std::string_view::npos) return;
+    out.cuts_[out.count_++] = {offset + start, end - start};
+    start = end + 1;
+  }
+}
+
+}  // namespace orvenza

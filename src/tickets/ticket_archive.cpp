@@ -1,0 +1,127 @@
+#include "tickets/ticket_archive.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "core/catalogue.h"
+#include "core/create_all_dirs.h"
+#include "core/text.h"
+#include "platform/program_end.h"
+#include "platform/system_error.h"
+#include "ui/wrong_path.h"
+
+namespace orvenza {
+namespace {
+
+constexpr const char* kLabel = "Trasmissione ";
+/// Numbers that a double holds exactly; a longer file name is not one of ours.
+constexpr double kLargestSequenceNumber = 1e15;
+
+std::string NameOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
+
+/// The extension of archived tickets: the mask's last three characters, or "txt" where those name no
+/// extension.
+std::string ArchiveExtension(const std::string& mask) {
+  const std::string extension(Right(mask, 3));
+  return extension.find_first_of("*?") == std::string::npos && !extension.empty() ? extension : "txt";
+}
+
+}  // namespace
+
+TicketArchive::TicketArchive(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
+                             OperatorMessages& messages)
+    : files_(files), folders_(folders), settings_(settings), journals_(journals), messages_(messages) {}
+
+void TicketArchive::Archive(const std::string& workFile) {
+  if (settings_.HistoricFolder.empty()) {
+    Remove(workFile);
+    return;
+  }
+  const bool drive = folders_.DriveAvailable(settings_.HistoricFolder);
+  const bool folder = drive && CreateAllDirs(folders_, journals_, settings_.HistoricFolder);
+  if (folder && Store(workFile, [&] { return NextHistoricPath(); })) return;
+  // The file goes first: the operator may end the program from the message.
+  Abort(workFile);
+  journals_.WrErr("Scontrino stampato ma non archiviato : " + NameOf(workFile));
+  if (!drive) ReportMissingDrive(settings_.HistoricFolder);
+  if (drive && !folder) {
+    ReportWrongPath(messages_, journals_, settings_.HistoricFolder);
+    throw ProgramEnd{.unload = true};
+  }
+}
+
+void TicketArchive::Abort(const std::string& workFile) {
+  const bool drive = folders_.DriveAvailable(settings_.AbortFolder);
+  if (drive && Store(workFile, [&] { return AbortPath(workFile); })) return;
+  settled_[workFile] = Copied::kNo;
+  if (!drive) ReportMissingDrive(settings_.AbortFolder);
+}
+
+bool TicketArchive::Store(const std::string& workFile, const std::function<std::string()>& target) {
+  bool moved = false;
+  if (!journals_.Attempt(kLabel, [&] { moved = MoveOrCopy(files_, workFile, target()); })) return false;
+  if (!moved) Remove(workFile);
+  return true;
+}
+
+std::string TicketArchive::NextHistoricPath() const {
+  const std::string extension = "." + ArchiveExtension(settings_.TicketMask);
+  double largest = 0;
+  // Listed by extension, not by mask: a mask that the numbered names do not match would hide them, and the
+  // next ticket would replace the last one.
+  for (const FolderEntry& entry : folders_.ListFolder(settings_.HistoricFolder + "*" + extension)) {
+    const double number = LeadingNumber(entry.name.substr(0, entry.name.rfind('.')));
+    if (number < kLargestSequenceNumber) largest = std::max(largest, number);
+  }
+  auto number = static_cast<std::int64_t>(largest);
+  std::string path;
+  do {
+    path = settings_.HistoricFolder + std::to_string(++number) + extension;
+  } while (files_.Exists(path));
+  return path;
+}
+
+std::string TicketArchive::AbortPath(const std::string& workFile) {
+  if (!folders_.Exists(settings_.AbortFolder)) folders_.Create(settings_.AbortFolder);
+  const std::string stem = settings_.AbortFolder + NameOf(workFile);
+  const std::string path = stem + ".abort.txt";
+  if (files_.Exists(path)) {
+    // Hosts use names again: the older ticket keeps a copy under a number.
+    int number = 1;
+    while (files_.Exists(stem + ".abort." + std::to_string(number) + ".txt")) ++number;
+    files_.Move(path, stem + ".abort." + std::to_string(number) + ".txt");
+  }
+  return path;
+}
+
+void TicketArchive::Remove(const std::string& workFile) {
+  if (!journals_.Attempt(kLabel, [&] { RemoveReadOnlyToo(files_, workFile); }))
+    settled_[workFile] = Copied::kYes;
+}
+
+void TicketArchive::RetrySettled() {
+  // A file that cannot be seen has not gone when its whole folder cannot.
+  if (!folders_.Exists(settings_.InProcessFolder)) return;
+  for (auto file = settled_.begin(); file != settled_.end();) {
+    try {
+      if (files_.Exists(file->first)) MoveSettled(file->first, file->second);
+      file = settled_.erase(file);
+    } catch (const SystemError&) {
+      ++file;  // logged when it happened first
+    }
+  }
+}
+
+void TicketArchive::MoveSettled(const std::string& workFile, Copied& copied) {
+  const bool moved = copied == Copied::kNo && MoveOrCopy(files_, workFile, AbortPath(workFile));
+  copied = Copied::kYes;
+  if (!moved) RemoveReadOnlyToo(files_, workFile);
+}
+
+void TicketArchive::ReportMissingDrive(const std::string& folder) {
+  const std::string text = LoadMessage(155) + " " + folders_.DriveOf(folder);
+  journals_.WrErr(std::string(text));
+  messages_.ShowOperatorMessage(text, message_style::kStop, LoadMessage(169));
+}
+
+}  // namespace orvenza

@@ -1,0 +1,163 @@
+#include "tickets/ticket_polling.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/catalogue.h"
+#include "core/text.h"
+#include "platform/program_end.h"
+#include "platform/system_error.h"
+#include "tickets/line_reader.h"
+
+namespace orvenza {
+namespace {
+
+constexpr const char* kLabel = "Timer1 - ";
+constexpr std::size_t kStampLength = 14;
+
+std::string NameOf(const std::string& entry) { return entry.substr(kStampLength); }
+
+}  // namespace
+
+TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
+                             PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
+                             ClockCorrection& clockCorrection, TicketSplitter& splitter,
+                             TicketProcessor& processor, TicketArchive& archive)
+    : files_(files),
+      folders_(folders),
+      settings_(settings),
+      journals_(journals),
+      timer_(timer),
+      link_(link),
+      queries_(queries),
+      clockCorrection_(clockCorrection),
+      splitter_(splitter),
+      processor_(processor),
+      archive_(archive) {}
+
+void TicketPolling::Tick() {
+  timer_.SetEnabled(false);
+  journals_.Attempt(kLabel, [&] { RefreshNewList(); });
+  // Without the list of what was taken in, a new ticket could replace one of the same name.
+  const bool listed = journals_.Attempt(kLabel, [&] { RefreshInProcessList(); });
+  bool quit = false;
+  journals_.Attempt(kLabel, [&] { quit = QuitAsked(); });
+  if (quit) Quit();
+  if (listed) journals_.Attempt(kLabel, [&] { ProcessOneTicket(); });
+  journals_.Attempt(kLabel, [&] { CorrectClock(); });
+  timer_.SetEnabled(true);
+}
+
+void TicketPolling::RefreshNewList() {
+  list1_.clear();
+  list1_ = ReadList(settings_.TicketFolder);
+  // What somebody else has removed meanwhile must not stand for a later ticket.
+  std::erase_if(takenIn_, [&](const std::string& entry) {
+    return std::find(list1_.begin(), list1_.end(), entry) == list1_.end();
+  });
+}
+
+void TicketPolling::RefreshInProcessList() {
+  list2_.clear();
+  if (!folders_.Exists(settings_.InProcessFolder)) folders_.Create(settings_.InProcessFolder);
+  list2_ = ReadList(settings_.InProcessFolder);
+}
+
+TicketPolling::SortedList TicketPolling::ReadList(const std::string& folder) const {
+  std::vector<std::pair<std::string, std::string>> keyed;  // an entry in capitals, and the entry
+  for (const FolderEntry& file : folders_.ListFolder(folder + settings_.TicketMask)) {
+    if (file.isFolder) continue;
+    std::string entry = DateDigits(file.modified) + TimeDigits(file.modified) + file.name;
+    keyed.emplace_back(ToUpperAscii(entry), std::move(entry));
+  }
+  std::sort(keyed.begin(), keyed.end());
+  SortedList list;
+  list.reserve(keyed.size());
+  for (auto& [key, entry] : keyed) list.push_back(std::move(entry));
+  return list;
+}
+
+std::size_t TicketPolling::CountWaitingTickets() {
+  RefreshNewList();
+  const auto waits = [&](const std::string& entry) { return !takenIn_.contains(entry); };
+  return static_cast<std::size_t>(std::count_if(list1_.begin(), list1_.end(), waits));
+}
+
+bool TicketPolling::QuitAsked() {
+  if (!files_.Exists(settings_.CommandFilePath)) return false;
+  LineReader reader(files_.OpenForReading(settings_.CommandFilePath));
+  std::string line;
+  reader.ReadLine(line);
+  const std::string command = ToUpperAscii(Trim(line));
+  // An empty first line is a request to quit too, deliberately.
+  return command.empty() || command == "QUIT";
+}
+
+void TicketPolling::Quit() {
+  link_.ClosePort();
+  journals_.Attempt(kLabel, [&] { RemoveReadOnlyToo(files_, settings_.CommandFilePath); });
+  journals_.WrLog(LoadMessage(104));
+  throw ProgramEnd{.unload = true};
+}
+
+void TicketPolling::ProcessOneTicket() {
+  const std::string file = ChooseFile();
+  if (!file.empty()) processor_.ProcessTicketFile(file);
+}
+
+std::string TicketPolling::ChooseFile() {
+  archive_.RetrySettled();
+  for (;;) {
+    std::string file = FirstInProcess();
+    if (file.empty()) file = TakeInNext();
+    if (file.empty() || !splitter_.SplitTicketFile(file)) return file;
+    RefreshNewList();
+    RefreshInProcessList();
+  }
+}
+
+std::string TicketPolling::FirstInProcess() {
+  for (const std::string& entry : list2_) {
+    std::string file = settings_.InProcessFolder + NameOf(entry);
+    if (!archive_.IsSettled(file)) return file;
+  }
+  return {};
+}
+
+std::string TicketPolling::TakeInNext() {
+  for (const std::string& entry : list1_) {
+    std::string file = settings_.InProcessFolder + NameOf(entry);
+    // A settled file of that name still lies there; the new one waits until it has gone.
+    if (IsTakenIn(entry) || archive_.IsSettled(file)) continue;
+    const bool moved = MoveOrCopy(files_, settings_.TicketFolder + NameOf(entry), file);
+    if (!moved && !journals_.Attempt(kLabel, [&] { RemoveSource(entry); })) takenIn_.insert(entry);
+    return file;
+  }
+  return {};
+}
+
+/// A ticket that was copied but could not be removed comes again on every tick: only its removal is tried
+/// again, for its copy has been processed.
+bool TicketPolling::IsTakenIn(const std::string& entry) {
+  if (!takenIn_.contains(entry)) return false;
+  try {
+    RemoveSource(entry);
+    takenIn_.erase(entry);
+  } catch (const SystemError&) {
+    // logged when it happened first
+  }
+  return true;
+}
+
+void TicketPolling::RemoveSource(const std::string& entry) {
+  const std::string source = settings_.TicketFolder + NameOf(entry);
+  if (files_.Exists(source)) RemoveReadOnlyToo(files_, source);
+}
+
+void TicketPolling::CorrectClock() {
+  if (!clockCorrection_.CountTick()) return;
+  queries_.StatusQuery("*");
+  if (link_.ReplyText.starts_with("4201")) clockCorrection_.Correct(link_.ReplyText);
+}
+
+}  // namespace orvenza

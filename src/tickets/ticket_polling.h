@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstddef>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "core/journals.h"
+#include "core/poll_timer.h"
+#include "core/settings.h"
+#include "device/clock_correction.h"
+#include "device/device_link.h"
+#include "device/register_queries.h"
+#include "platform/files.h"
+#include "platform/folders.h"
+#include "tickets/ticket_archive.h"
+#include "tickets/ticket_processor.h"
+#include "tickets/ticket_splitter.h"
+
+namespace orvenza {
+
+/// The polling loop's work on each tick of `Timer1`: the host's command file, then at most one ticket, then
+/// the clock.
+class TicketPolling {
+ public:
+  /// The files of a folder, oldest first and by name within one second, letter case ignored. An entry is the
+  /// 14 digits "yyyymmddhhmmss" of the modification time followed by the name.
+  using SortedList = std::vector<std::string>;
+
+  TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
+                PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
+                ClockCorrection& clockCorrection, TicketSplitter& splitter, TicketProcessor& processor,
+                TicketArchive& archive);
+
+  /// One tick, with polling switched off meanwhile. Throws ProgramEnd when the host asks for the end.
+  void Tick();
+
+  /// Reads `List1`, the new tickets, again. Throws SystemError; the list is then empty.
+  void RefreshNewList();
+
+  /// Reads `List2`, the tickets taken in, again, making their folder where it has gone. Throws SystemError;
+  /// the list is then empty.
+  void RefreshInProcessList();
+
+  const SortedList& List1() const { return list1_; }
+  const SortedList& List2() const { return list2_; }
+
+  /// Reads the new tickets again and counts those still to be printed. Throws SystemError.
+  std::size_t CountWaitingTickets();
+
+ private:
+  SortedList ReadList(const std::string& folder) const;
+  bool QuitAsked();
+  [[noreturn]] void Quit();
+  void ProcessOneTicket();
+  std::string ChooseFile();
+  std::string FirstInProcess();
+  std::string TakeInNext();
+  bool IsTakenIn(const std::string& entry);
+  void RemoveSource(const std::string& entry);
+  void CorrectClock();
+
+  Files& files_;
+  Folders& folders_;
+  const AppSettings& settings_;
+  Journals& journals_;
+  PollTimer& timer_;
+  DeviceLink& link_;
+  RegisterQueries& queries_;
+  ClockCorrection& clockCorrection_;
+  TicketSplitter& splitter_;
+  TicketProcessor& processor_;
+  TicketArchive& archive_;
+
+  SortedList list1_;
+  SortedList list2_;
+  std::set<std::string> takenIn_;  // entries of new tickets whose file could not be removed after the copy
+};
+
+}  // namespace orvenza

@@ -1,0 +1,235 @@
+#include "tickets/ticket_processor.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/catalogue.h"
+#include "core/text.h"
+
+namespace orvenza {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* kLabel = "Trasmissione ";
+constexpr int kVoidTries = 3;
+constexpr std::size_t kLoggedLine = 500;
+/// Payment 01 of nothing, which closes the receipt. Its separator is 127 whatever is configured.
+constexpr const char* kReceiptSplitLine =
+    "2\x7f"
+    "1\x7f"
+    "0\x7f\x7f\x7f\x7f\x7f\x7f\x7f\x7f";
+
+bool IsFailure(std::string_view reply) { return reply.empty() || IsErrorReply(reply); }
+
+/// Link error 2 counts as success, deliberately.
+bool IsTolerated(std::string_view reply) { return reply.starts_with("ERR-2"); }
+
+}  // namespace
+
+TicketProcessor::TicketProcessor(Files& files, const AppSettings& settings, Journals& journals,
+                                 OperatorMessages& messages, EventLoop& loop, DeviceLink& link,
+                                 CashDialogues& cash, ErrorRecovery& recovery, LogoDownload& logo,
+                                 RecordTranslator& translator, TicketArchive& archive)
+    : files_(files),
+      settings_(settings),
+      journals_(journals),
+      messages_(messages),
+      loop_(loop),
+      link_(link),
+      cash_(cash),
+      recovery_(recovery),
+      logo_(logo),
+      translator_(translator),
+      archive_(archive) {}
+
+void TicketProcessor::ProcessTicketFile(const std::string& workFile) {
+  Next end = Next::kLeave;
+  std::optional<ProgramEnd> ended;
+  try {
+    end = Print(workFile);
+    ifEnded_ = end;
+    RestoreNormalWait();
+  } catch (const ProgramEnd& wish) {
+    // Only after the file is in its place.
+    ended = wish;
+    end = ifEnded_;
+  }
+  if (end == Next::kFinish) {
+    journals_.WrLog(LoadMessage(106));
+    archive_.Archive(workFile);
+  } else if (end == Next::kAbort) {
+    if (ended) journals_.WrErr(LoadMessage(127) + " " + workFile);
+    archive_.Abort(workFile);
+  }
+  if (ended) throw *ended;
+}
+
+TicketProcessor::Next TicketProcessor::Print(const std::string& workFile) {
+  for (;;) {
+    ifEnded_ = Next::kLeave;
+    journals_.WrLog(LoadMessage(105));
+    journals_.Attempt(kLabel, [&] { CloseOpenReceipt(); });
+    if (!files_.Exists(workFile)) return Next::kLeave;
+    const Next end = SendLines(workFile);
+    if (end != Next::kRestart) return end;
+    RestoreNormalWait();
+  }
+}
+
+void TicketProcessor::CloseOpenReceipt() {
+  int tries = kVoidTries;
+  while (cash_.QueryCashStatus()) {
+    loop_.CheckEnd();
+    journals_.WrErr(LoadMessage(114));
+    cash_.InvioVOID();
+    if (!IsFailure(link_.ReplyText) || --tries >= 1) continue;
+    if (OperatorWantsAutomaticClose()) SendClosingPayment();
+    tries = kVoidTries;
+  }
+}
+
+bool TicketProcessor::OperatorWantsAutomaticClose() {
+  const std::string question = LoadMessage(170) + std::string(kLineBreak) + LoadMessage(171);
+  const int style = message_style::kYesNo + message_style::kExclamation + message_style::kSecondDefault;
+  return messages_.ShowOperatorMessage(question, style, LoadMessage(169)) == message_result::kYes;
+}
+
+void TicketProcessor::SendClosingPayment() {
+  const std::string& reply = link_.ReplyText;
+  const std::string code(IsErrorReply(reply) ? Middle(reply, 4, 2) : "00");
+  link_.Exchange("1036" + code + "000000000");
+}
+
+TicketProcessor::Next TicketProcessor::SendLines(const std::string& workFile) {
+  pending_.clear();
+  std::string text;
+  // Read as a whole before the first line is sent: a file that cannot be read waits for a later call, and
+  // must not be found so with half of it printed.
+  if (!journals_.Attempt(kLabel, [&] { text = ReadWhole(files_, workFile); })) return Next::kLeave;
+  LineReader reader(std::make_unique<TextBytes>(std::move(text)));
+  for (Line line; TakeLine(reader, line);) {
+    // A receipt must not go on without one of its lines.
+    Next next = Next::kAbort;
+    journals_.Attempt(kLabel, [&] { next = HandleLine(line); });
+    if (next != Next::kNextLine) return next;
+  }
+  return Next::kFinish;
+}
+
+bool TicketProcessor::TakeLine(LineReader& reader, Line& line) {
+  if (pending_.empty()) {
+    line.fromSplit = false;
+    return reader.ReadLine(line.text);
+  }
+  line = std::move(pending_.front());
+  pending_.pop_front();
+  return true;
+}
+
+TicketProcessor::Next TicketProcessor::HandleLine(const Line& line) {
+  SplitRecord(line.text, settings_.SeparatorChar, fields_);
+  if (fields_.IsEmpty()) return Next::kNextLine;
+  RestoreNormalWait();
+  if (fields_.Count() == 0) return HandleUnreadableLine(line.text);
+  const std::string command = translator_.TranslateRecord(fields_);
+  if (command.empty()) return HandleInvalidLine(line.text);
+  if (command == kLogoMarker) {
+    const LogoRequest request = LogoRequestOf(fields_);
+    return logo_.Download(request.number, request.path, line.text) ? Next::kNextLine : Next::kAbort;
+  }
+  if (command.back() == kLongRunningMark) return SendLongRunning(command.substr(0, command.size() - 1));
+  link_.AwaitDevice();
+  if (IsClosingType(fields_[0])) ifEnded_ = Next::kAbort;
+  link_.Transmit(command);
+  return HandleReply(line);
+}
+
+TicketProcessor::Next TicketProcessor::HandleUnreadableLine(const std::string& line) {
+  link_.ReplyText = "ERR**";
+  const auto next = FromDecision(recovery_.DecodeDeviceError(link_.ReplyText, line, true));
+  return next.value_or(Next::kAbort);
+}
+
+TicketProcessor::Next TicketProcessor::HandleInvalidLine(const std::string& line) {
+  journals_.WrErr(LoadMessage(124) + " " + ShownLine(line, kLoggedLine));
+  link_.ReplyText = "ERR**";
+  const auto next = FromDecision(recovery_.DecodeDeviceError(link_.ReplyText, line, true));
+  return next.value_or(Next::kNextLine);
+}
+
+TicketProcessor::Next TicketProcessor::SendLongRunning(const std::string& command) {
+  longWait_ = true;
+  link_.Reopen(settings_.TimeWaitForLONGEtx);
+  if (!link_.DeviceReady()) return Next::kAbort;
+  ifEnded_ = Next::kAbort;
+  link_.Transmit(command, std::max(DeviceLink::kReplyWait, settings_.TimeWaitForLONGEtx / 1000.0));
+  if (IsFailure(link_.ReplyText)) journals_.WrErr(LoadMessage(117) + " " + FromWindows1252(link_.ReplyText));
+  return Next::kNextLine;
+}
+
+void TicketProcessor::RestoreNormalWait() {
+  if (!longWait_) return;
+  longWait_ = false;
+  link_.Reopen(settings_.TimeWaitForEtx);
+}
+
+TicketProcessor::Next TicketProcessor::HandleReply(const Line& line) {
+  // Each test looks at the reply as it then stands: settling one may have changed it.
+  const std::string& reply = link_.ReplyText;
+  if (reply.empty()) {
+    if (const auto next = SettleSilence(line.text)) return *next;
+  }
+  if (IsLinkError(reply) && !IsTolerated(reply)) {
+    if (const auto next = SettleSilence(line.text)) return *next;
+  }
+  if (!IsErrorReply(reply) || IsTolerated(reply)) return Next::kNextLine;
+  // A line that a fresh receipt refuses again would be split for ever: the operator decides about it.
+  if (Middle(reply, 6, 2) == "23" && !line.fromSplit) {
+    SplitReceipt(line.text);
+    return Next::kNextLine;
+  }
+  return SettleDeviceError(line.text);
+}
+
+std::optional<TicketProcessor::Next> TicketProcessor::SettleSilence(const std::string& line) {
+  const auto next = FromDecision(recovery_.DecodeDeviceError(link_.ReplyText, line, true));
+  if (next) ifEnded_ = *next == Next::kRestart ? Next::kLeave : *next;
+  link_.Bounce();
+  return next;
+}
+
+TicketProcessor::Next TicketProcessor::SettleDeviceError(const std::string& line) {
+  const int decision = recovery_.DecodeDeviceError(link_.ReplyText, line, true);
+  if (decision == recovery::kNothing) return Next::kNextLine;
+  if (decision == recovery::kGoOn) return GoOnAfterFault();
+  return FromDecision(decision).value_or(Next::kNextLine);
+}
+
+TicketProcessor::Next TicketProcessor::GoOnAfterFault() {
+  if (!cash_.QueryCashStatus()) return Next::kNextLine;
+  if (IsErrorReply(link_.ReplyText)) return Next::kRestart;
+  journals_.WrErr(LoadMessage(122));
+  cash_.InvioVOID();
+  // A receipt that could not be voided is still open when the file starts again, and is dealt with there.
+  if (!IsErrorReply(link_.ReplyText)) loop_.Pause(300ms);
+  return Next::kRestart;
+}
+
+void TicketProcessor::SplitReceipt(const std::string& rejectedLine) {
+  journals_.WrLog(LoadMessage(198));
+  pending_.push_front({rejectedLine, true});
+  pending_.push_front({kReceiptSplitLine, true});
+  journals_.WrErr(LoadMessage(124) + " " + ShownLine(rejectedLine, kLoggedLine));
+}
+
+std::optional<TicketProcessor::Next> TicketProcessor::FromDecision(int decision) {
+  switch (decision) {
+    case recovery::kPrinted: return Next::kFinish;
+    case recovery::kReprint: return Next::kRestart;
+    case recovery::kAbort: return Next::kAbort;
+    default: return std::nullopt;
+  }
+}
+
+}  // namespace orvenza

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <string>
+
+#include "core/event_loop.h"
+#include "core/journals.h"
+#include "core/settings.h"
+#include "device/cash_dialogues.h"
+#include "device/device_link.h"
+#include "device/error_recovery.h"
+#include "device/logo_download.h"
+#include "platform/files.h"
+#include "tickets/line_reader.h"
+#include "tickets/record.h"
+#include "tickets/ticket_archive.h"
+#include "tickets/translation.h"
+
+namespace orvenza {
+
+/// Drives one ticket file through the register, from its first line to the archive.
+class TicketProcessor {
+ public:
+  TicketProcessor(Files& files, const AppSettings& settings, Journals& journals, OperatorMessages& messages,
+                  EventLoop& loop, DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery,
+                  LogoDownload& logo, RecordTranslator& translator, TicketArchive& archive);
+
+  /// Prints the ticket in `workFile`, a full path. On return the file has been archived or moved to the abort
+  /// folder, or has disappeared; one that could not be read stays where it is, for a later call.
+  void ProcessTicketFile(const std::string& workFile);
+
+ private:
+  enum class Next { kNextLine, kFinish, kRestart, kAbort, kLeave };
+
+  /// A line to send: from the file, or put before the file's next line by the receipt split.
+  struct Line {
+    std::string text;
+    bool fromSplit = false;
+  };
+
+  Next Print(const std::string& workFile);
+  void CloseOpenReceipt();
+  bool OperatorWantsAutomaticClose();
+  void SendClosingPayment();
+
+  Next SendLines(const std::string& workFile);
+  bool TakeLine(LineReader& reader, Line& line);
+  Next HandleLine(const Line& line);
+  Next HandleUnreadableLine(const std::string& line);
+  Next HandleInvalidLine(const std::string& line);
+  Next SendLongRunning(const std::string& command);
+  void RestoreNormalWait();
+
+  Next HandleReply(const Line& line);
+  std::optional<Next> SettleSilence(const std::string& line);
+  Next SettleDeviceError(const std::string& line);
+  Next GoOnAfterFault();
+  void SplitReceipt(const std::string& rejectedLine);
+  static std::optional<Next> FromDecision(int decision);
+
+  Files& files_;
+  const AppSettings& settings_;
+  Journals& journals_;
+  OperatorMessages& messages_;
+  EventLoop& loop_;
+  DeviceLink& link_;
+  CashDialogues& cash_;
+  ErrorRecovery& recovery_;
+  LogoDownload& logo_;
+  RecordTranslator& translator_;
+  TicketArchive& archive_;
+
+  RecordFields fields_;
+  std::deque<Line> pending_;  // lines to send before the file's next one
+  /// What becomes of the file should the program end now, while the register or the operator is waited for. A
+  /// file left in its place is printed from its start the next time, so one that may have completed a
+  /// receipt, or carried out a closure, is given up instead.
+  Next ifEnded_ = Next::kLeave;
+  bool longWait_ = false;  // the link is open with the long end-of-text wait
+};
+
+}  // namespace orvenza

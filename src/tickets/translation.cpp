@@ -1,0 +1,228 @@
+#include "tickets/translation.h"
+
+#include "core/catalogue.h"
+#include "core/text.h"
+#include "device/logo_check.h"
+#include "platform/folders.h"
+#include "tickets/command_text.h"
+#include "tickets/field_format.h"
+#include "tickets/item_line.h"
+#include "tickets/model_rules.h"
+
+namespace orvenza {
+namespace {
+
+/// The message for a logo record that names no valid bitmap.
+constexpr int kWrongBitmap = 197;
+/// Longest part of a wrong file name that the error log shows.
+constexpr std::size_t kShownNameLimit = 260;
+
+/// What translation depends on besides the record.
+struct Surroundings {
+  const RegisterIdentity& identity;
+  const AppSettings& settings;
+  const Files& files;
+  Journals& journals;
+};
+
+using Record = const RecordFields&;
+using With = const Surroundings&;
+
+std::string NumberOr01(std::string_view text) { return Or(FmtNum2Max20(text), "01"); }
+std::string AmountOrZero(std::string_view text) { return Or(FmtAmount9(text), "000000000"); }
+
+std::string Number(std::string_view code, Record f) { return Join({code, FmtNum2Max20(f[1])}); }
+
+std::string NumberAndAmount(std::string_view code, Record f) {
+  return Join({code, FmtNum2Max20(f[1]), FmtAmount9(f[2])});
+}
+
+/// Type 1 with F8 = "-1": one of four commands in place of an item line.
+std::string Type1WithoutItem(Record f) {
+  const std::string_view kind = Chosen(f[1], "1");
+  if (kind == "1" && f[6] == "1") {
+    return Join({"1069", FmtNum2Max20(f[2]), FmtText(f[5], 16), FmtAmount9(f[4])});
+  }
+  if (kind == "1") return Join({"1021", FmtNum2Max20(f[2]), FmtAmount9(f[4])});
+  if (kind == "2") return Join({"1022", FmtNum2Max20(f[2]), FmtNum4Min1(f[4])});
+  if (kind == "3") return Join({"1023", FmtNum2Max20(f[2]), FmtNum4Min1(f[4])});
+  return {};
+}
+
+std::string Type1(Record f, With with) {
+  return f[8] == "-1" ? Type1WithoutItem(f) : ItemLine(kItemType1, f, with.settings.SingleQuantity);
+}
+
+std::string Payment(Record f, With) {
+  if (f[4].empty()) return NumberAndAmount("1036", f);
+  return Join({"1073", FmtNum2Max20(f[1]), Or(FmtDigit0to5(f[3]), "0"), FmtText(f[4], 16), FmtAmount9(f[2])});
+}
+
+std::string Type5(Record f, With) {
+  if (LeadingNumber(f[1]) == 0) return Join({"1045", FmtNum2Max20(f[2]), "00", AmountOrZero(f[5])});
+  if (f[4] != "1") return Join({"1045", FmtNum2Max20(f[2]), FmtNum2Upto10(f[1]), AmountOrZero(f[5])});
+  return Join({"1072", FmtNum2Max20(f[2]), FmtNum2Upto10(f[1]), FmtText(f[3], 16), AmountOrZero(f[5])});
+}
+
+std::string Type6(Record f, With) {
+  const std::string_view kind = Chosen(f[1], "2");
+  if (kind == "2") return Join({"1025", FmtNum2Max20(f[2]), FmtNum4Min1(f[3])});
+  if (kind == "3") return Join({"1026", FmtNum2Max20(f[2]), FmtNum4Min1(f[3])});
+  return {};
+}
+
+std::string Type7(Record f, With) {
+  if (Chosen(f[1], "1") != "1") return {};
+  if (f[5] != "1") return Join({"1024", FmtNum2Max20(f[2]), FmtAmount9(f[3])});
+  return Join({"1070", FmtNum2Max20(f[2]), FmtText(f[4], 16), FmtAmount9(f[3])});
+}
+
+std::string Type8(Record f, With) {
+  const std::string_view kind = Chosen(f[2], "-1");
+  if (kind == "-1") return Number("1055", f);
+  if (kind == "0") return Number("1056", f);
+  return {};
+}
+
+std::string Type14(Record f, With) {
+  if (f[5] == "0") return Join({"1046", FmtNum2Max20(f[2]), FmtNum2Range10(f[3]), FmtAmount9(f[1])});
+  return Join({"1071", FmtNum2Max20(f[2]), FmtNum2Range10(f[3]), FmtText(f[4], 16), FmtAmount9(f[1])});
+}
+
+std::string Type17(Record f, With with) {
+  const ModelRules model = RulesFor(with.identity);
+  return Join({model.code17, NumberOr01(f[4]), FmtNum2Within(f[2], 30), FmtText(f[3], model.width17)});
+}
+
+std::string Type23(Record f, With) { return Join({"1062", NumberOr01(f[2]), "0", FmtText(f[1], 32), "00"}); }
+
+std::string Type24(Record f, With with) {
+  const ModelRules model = RulesFor(with.identity);
+  return Join({model.code24, NumberOr01(f[2]), FmtText(f[1], model.width24)});
+}
+
+std::string Type25(Record f, With) {
+  return Join({"1067", NumberOr01(f[4]), FmtNum2Within(f[2], 5), FmtText(f[3], 27)});
+}
+
+std::string Type28(Record f, With) { return Join({"1058", FmtNum2Max20(f[1]), FmtText(f[2], 27)}); }
+
+std::string Type30(Record f, With with) {
+  const std::string digit = FmtDigit0to5(f[2]);
+  const std::string_view sent = LeadingNumber(digit) > 3 ? "3" : std::string_view(digit);
+  return Join({"1064", FmtNum2Max20(f[1]), sent, FmtText(f[3], RulesFor(with.identity).width30)});
+}
+
+/// One alternative of type 32 and the form of its F3; null where F3 is not sent.
+struct LongCommand {
+  std::string_view choice;
+  std::string_view code;
+  std::string (*form)(std::string_view text);
+};
+
+constexpr LongCommand kLongCommands[] = {
+    {"1", "2001", nullptr},         {"5", "2005", nullptr},      {"7", "2007", nullptr},
+    {"11", "2011", nullptr},        {"2", "2002", FmtNum2Max10}, {"8", "2008", FmtNum2Max10},
+    {"3", "2003", FmtNum2Max40},    {"9", "2009", FmtNum2Max40}, {"4", "2004", FmtNum4Max1260},
+    {"10", "2010", FmtNum4Max1260}, {"6", "2006", FmtNum2Max20}, {"12", "2012", FmtNum2Max20},
+};
+
+std::string Type32(Record f, With) {
+  const std::string_view choice = Chosen(f[2], kLongCommands[0].choice);
+  for (const LongCommand& command : kLongCommands) {
+    if (choice != command.choice) continue;
+    if (command.form == nullptr) return Join({command.code, FmtNum2Max20(f[1]), "*"});
+    return Join({command.code, FmtNum2Max20(f[1]), command.form(f[3]), "*"});
+  }
+  return {};
+}
+
+std::string Logo(Record f, With with) {
+  const LogoRequest logo = LogoRequestOf(f);
+  if (!IsValidLogoBitmap(with.files, logo.path)) {
+    with.journals.WrErr(LoadMessage(kWrongBitmap) + " ( " + ShownLine(f[2], kShownNameLimit) + " )");
+    return {};
+  }
+  return logo.number >= 1 && logo.number <= 99 ? std::string(kLogoMarker) : std::string();
+}
+
+std::string NumberOr01AndAmount(std::string_view code, Record f) {
+  return Join({code, NumberOr01(f[3]), FmtAmount9(f[2])});
+}
+
+std::string Types38And39(std::string_view code, Record f) {
+  return Join({code, FmtNum2Max20(f[1]), FmtDigit0to9(f[2]), FmtText(f[3], 16), FmtNum4Min1(f[4])});
+}
+
+std::string Type42(Record f, With) { return Join({"1083", FmtNum2Max20(f[1]), FmtNum5Range9999(f[2])}); }
+
+std::string Type43(Record f, With) {
+  return Join({"1084", FmtNum2Max20(f[1]), FmtDigit0to3(f[2]), FmtNum4Range200(f[3]), FmtNum4Range9999(f[4]),
+               FmtNum2Range40(f[5]), FmtText(f[6], 40)});
+}
+
+/// One record type. The type's text is compared exactly: "01" is not type 1.
+struct RecordType {
+  std::string_view type;
+  std::string (*translate)(Record f, With with);
+};
+
+constexpr RecordType kRecordTypes[] = {
+    {"0", [](Record f, With) { return Number("1051", f); }},
+    {"1", Type1},
+    {"2", Payment},
+    {"3", [](Record f, With with) { return ItemLine(kItemType3, f, with.settings.SingleQuantity); }},
+    {"4", [](Record f, With) { return Number("1028", f); }},
+    {"5", Type5},
+    {"6", Type6},
+    {"7", Type7},
+    {"8", Type8},
+    {"9", [](Record f, With with) { return ItemLine(kItemType9, f, with.settings.SingleQuantity); }},
+    {"14", Type14},
+    {"15", [](Record f, With) { return NumberAndAmount("1044", f); }},
+    {"17", Type17},
+    {"20", [](Record f, With) { return Number("1050", f); }},
+    {"21", [](Record, With) { return std::string("300101*"); }},
+    {"22", [](Record, With) { return std::string("300201*"); }},
+    {"23", Type23},
+    {"24", Type24},
+    {"25", Type25},
+    {"26", [](Record, With) { return std::string("104701"); }},
+    {"27", [](Record f, With) { return NumberAndAmount("1048", f); }},
+    {"28", Type28},
+    {"29", [](Record f, With) { return Number("1063", f); }},
+    {"30", Type30},
+    {"31", [](Record f, With) { return Number("1065", f); }},
+    {"32", Type32},
+    {"33", Logo},
+    {"34", [](Record f, With) { return NumberOr01AndAmount(f[1] == "0" ? "1031" : "1032", f); }},
+    {"35", [](Record f, With) { return NumberOr01AndAmount(f[1] == "0" ? "1039" : "1040", f); }},
+    {"36", [](Record f, With) { return NumberAndAmount("1075", f); }},
+    {"37", [](Record f, With) { return Number("1076", f); }},
+    {"38", [](Record f, With) { return Types38And39("1077", f); }},
+    {"39", [](Record f, With) { return Types38And39("1078", f); }},
+    {"40", [](Record f, With) { return Number("1049", f); }},
+    {"41", [](Record f, With) { return Number("1148", f); }},
+    {"42", Type42},
+    {"43", Type43},
+};
+
+}  // namespace
+
+LogoRequest LogoRequestOf(const RecordFields& fields) {
+  return {LeadingInteger(fields[1]), SettingsPath(std::string(fields[2]))};
+}
+
+RecordTranslator::RecordTranslator(const RegisterIdentity& identity, const AppSettings& settings,
+                                   const Files& files, Journals& journals)
+    : identity_(identity), settings_(settings), files_(files), journals_(journals) {}
+
+std::string RecordTranslator::TranslateRecord(const RecordFields& fields) const {
+  const std::string_view type = Chosen(fields[0], kRecordTypes[0].type);
+  for (const RecordType& row : kRecordTypes) {
+    if (row.type == type) return row.translate(fields, {identity_, settings_, files_, journals_});
+  }
+  return {};
+}
+
+}  // namespace orvenza

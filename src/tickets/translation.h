@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/journals.h"
+#include "core/settings.h"
+#include "device/register_identity.h"
+#include "platform/files.h"
+#include "tickets/record.h"
+
+namespace orvenza {
+
+/// The translation of a valid logo record: no command, but a logo to download.
+inline constexpr std::string_view kLogoMarker = "BMP";
+
+/// Ends the translation of a long-running command. It is not sent.
+inline constexpr char kLongRunningMark = '*';
+
+/// What a logo record asks for.
+struct LogoRequest {
+  int number;        ///< F1: 1 to 99 in a valid record, as the download sends it in two digits.
+  std::string path;  ///< F2, with "\" between its levels.
+};
+LogoRequest LogoRequestOf(const RecordFields& fields);
+
+/// Turns the records of ticket lines into the register's command texts, by the register's model and the
+/// settings as they stand at each call.
+class RecordTranslator {
+ public:
+  /// `files` is asked about logo bitmaps, `journals` hears of wrong ones. All must outlive the translator.
+  RecordTranslator(const RegisterIdentity& identity, const AppSettings& settings, const Files& files,
+                   Journals& journals);
+
+  /// The command of a record: code, values and fixed characters with nothing between them, long-running ones
+  /// followed by kLongRunningMark; kLogoMarker for a logo record; "" when the record is invalid.
+  std::string TranslateRecord(const RecordFields& fields) const;
+
+ private:
+  const RegisterIdentity& identity_;
+  const AppSettings& settings_;
+  const Files& files_;
+  Journals& journals_;
+};
+
+}  // namespace orvenza

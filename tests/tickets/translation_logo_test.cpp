@@ -1,0 +1,57 @@
+#include <string>
+
+#include "tickets/translation_world.h"
+
+namespace orvenza::test {
+namespace {
+
+class LogoRecordTest : public TranslationTest {
+ protected:
+  LogoRecordTest() { files.content["C:\\logo.bmp"] = LogoBitmap(100); }
+};
+
+TEST_F(LogoRecordTest, AValidBitmapGivesTheMarker) {
+  EXPECT_EQ(Translate("33;1;C:\\logo.bmp;"), "BMP");
+  EXPECT_EQ(ErrorLog(), "");
+}
+
+TEST_F(LogoRecordTest, AMissingBitmapIsInvalidAndLogged) {
+  EXPECT_EQ(Translate("33;1;C:\\none.bmp;"), "");
+  EXPECT_EQ(ErrorLog(), "now - File BMP non valido ! ( C:\\none.bmp )\r\n");
+}
+
+TEST_F(LogoRecordTest, ABitmapOfAnotherShapeIsInvalidAndLogged) {
+  files.content["C:\\big.bmp"] = LogoBitmap(255);
+  EXPECT_EQ(Translate("33;1;C:\\big.bmp;"), "");
+  EXPECT_EQ(ErrorLog(), "now - File BMP non valido ! ( C:\\big.bmp )\r\n");
+}
+
+TEST_F(LogoRecordTest, ARecordWithoutFileIsInvalidAndLogged) {
+  EXPECT_EQ(Translate("33;1;;"), "");
+  EXPECT_EQ(ErrorLog(), "now - File BMP non valido ! (  )\r\n");
+}
+
+TEST_F(LogoRecordTest, AVeryLongFileNameIsCutInTheLog) {
+  EXPECT_EQ(Translate("33;1;" + std::string(1000, 'x') + ";"), "");
+  EXPECT_EQ(ErrorLog(), "now - File BMP non valido ! ( " + std::string(260, 'x') + "... )\r\n");
+}
+
+TEST_F(LogoRecordTest, TheNumberIs1To99) {
+  EXPECT_EQ(Translate("33;99;C:\\logo.bmp;"), "BMP");
+  EXPECT_EQ(Translate("33;1,5;C:\\logo.bmp;"), "BMP");
+  for (const char* number : {"0", "-1", "", "x", "0.9", "100", "99999999999999999999"}) {
+    EXPECT_EQ(Translate(std::string("33;") + number + ";C:\\logo.bmp;"), "") << number;
+  }
+  EXPECT_EQ(ErrorLog(), "");
+}
+
+TEST_F(LogoRecordTest, TheRequestCarriesNumberAndPath) {
+  RecordFields fields;
+  SplitRecord("33; 7 ;C:\\logo.bmp;", ';', fields);
+  const LogoRequest logo = LogoRequestOf(fields);
+  EXPECT_EQ(logo.number, 7);
+  EXPECT_EQ(logo.path, "C:\\logo.bmp");
+}
+
+}  // namespace
+}  // namespace orvenza::test

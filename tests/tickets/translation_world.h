@@ -1,0 +1,56 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <string_view>
+
+#include "core/journals.h"
+#include "device/logo_files.h"
+#include "tickets/translation.h"
+
+namespace orvenza::test {
+
+/// A translator with default settings and an unknown register. Lines are written with ";" as separator.
+class TranslationTest : public ::testing::Test {
+ protected:
+  TranslationTest() { settings.ErrPath = "Err.txt"; }
+
+  std::string Translate(std::string_view line) const {
+    RecordFields fields;
+    SplitRecord(line, ';', fields);
+    return translator.TranslateRecord(fields);
+  }
+
+  /// The register's labels and release as start-up learns them.
+  void Register(std::string model, std::string release) {
+    identity.DeviceModel = std::move(model);
+    identity.DeviceRelease = std::move(release);
+    identity.DeviceReleaseNumber = ReleaseNumber(identity.DeviceRelease);
+  }
+
+  const std::string& ErrorLog() { return files.content["Err.txt"]; }
+
+  RegisterIdentity identity;
+  AppSettings settings;
+  LogoFiles files;
+
+ private:
+  struct StoppedClock : Clock {
+    LocalTime Now() const override { return {}; }
+    double SecondsSinceMidnight() const override { return 0; }
+    std::chrono::nanoseconds Uptime() const override { return {}; }
+    void SetTimeOfDay(int, int, int) override {}
+    std::string Stamp(const LocalTime&) const override { return "now"; }
+  };
+  StoppedClock clock;
+  Journals journals{files, clock, settings, "C:\\shop"};
+
+ protected:
+  RecordTranslator translator{identity, settings, files, journals};
+};
+
+inline std::string Blanks(std::size_t count) { return std::string(count, ' '); }
+
+}  // namespace orvenza::test
