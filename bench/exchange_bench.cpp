@@ -1,0 +1,105 @@
+// The connector's own time per exchange, beyond what register and line take, beside a loop that always sleeps
+// its whole slice of 10 ms. Real time: the reply is an event that falls due after a fixed line time.
+
+#include <benchmark/benchmark.h>
+#include <time.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "bench_folder.h"
+#include "core/event_loop.h"
+#include "core/journals.h"
+#include "device/device_link.h"
+#include "platform/ini_profile_file.h"
+#include "platform/posix/posix_clock.h"
+#include "platform/posix/posix_event_pump.h"
+#include "platform/posix/posix_files.h"
+#include "simulator/scripted_operator.h"
+
+namespace orvenza {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// What an item command of 85 characters and its reply take at 19200 bits a second.
+constexpr auto kLineTime = 46ms;
+
+/// Answers every command after the line time.
+class PromptControl : public EcrLink {
+ public:
+  explicit PromptControl(Scheduler& scheduler) : scheduler_(scheduler) {}
+  void SetEvents(EcrLinkEvents* events) override { events_ = events; }
+  std::string RxMessage() override { return "1003"; }
+  void SetMessage(const std::string&) override {}
+  void Send() override {
+    scheduler_.After(kLineTime, [this] { events_->ReplyReceived(); });
+  }
+  bool DevicePresent() override { return true; }
+  bool PortOpen() override { return true; }
+  void SetPortOpen(bool) override {}
+  void SetReset(bool) override {}
+  void SetProperty(LinkProperty, int) override {}
+
+ private:
+  Scheduler& scheduler_;
+  EcrLinkEvents* events_ = nullptr;
+};
+
+/// A pump whose waits are not ended by events.
+class WholeSlices : public EventPump {
+ public:
+  explicit WholeSlices(EventPump& real) : real_(real) {}
+  void Dispatch() override { real_.Dispatch(); }
+  void WaitForEvent(std::chrono::nanoseconds limit) override {
+    const timespec whole{0, static_cast<long>(limit.count())};
+    nanosleep(&whole, nullptr);
+    real_.Dispatch();
+  }
+
+ private:
+  EventPump& real_;
+};
+
+void Exchange(benchmark::State& state, bool wholeSlices) {
+  const BenchFolder folder;
+  PosixFiles files;
+  PosixClock clock;
+  PosixEventPump realPump;
+  WholeSlices slicedPump(realPump);
+  EventLoop loop(clock, wholeSlices ? static_cast<EventPump&>(slicedPump) : realPump);
+  AppSettings settings;
+  Journals journals(files, clock, settings, folder.Path());
+  IniProfileFile profile(files);
+  ScriptedOperator nobody(loop);
+  OperatorMessages messages(nobody, "bench");
+  PortDialog ports(nobody, settings, profile, {folder.Path(), "bench"});
+  PromptControl control(realPump);
+  DeviceLink link(control, settings, journals, messages, ports, loop, clock);
+
+  std::vector<double> own;
+  for ([[maybe_unused]] auto iteration : state) {
+    const auto start = clock.Uptime();
+    link.Exchange("1003");
+    const double seconds = std::chrono::duration<double>(clock.Uptime() - start - kLineTime).count();
+    state.SetIterationTime(seconds);
+    own.push_back(seconds);
+  }
+  std::sort(own.begin(), own.end());
+  state.counters["own_median_us"] = own[own.size() / 2] * 1e6;
+  state.counters["own_p99_us"] = own[own.size() * 99 / 100] * 1e6;
+}
+
+BENCHMARK_CAPTURE(Exchange, EventEndsTheWait, false)
+    ->UseManualTime()
+    ->Iterations(200)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Exchange, WholeSlicesOf10ms, true)
+    ->UseManualTime()
+    ->Iterations(200)
+    ->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace orvenza
+
+BENCHMARK_MAIN();

@@ -1,0 +1,207 @@
+#include "app/connector.h"
+
+#include "core/catalogue.h"
+#include "core/create_all_dirs.h"
+#include "core/text.h"
+#include "core/version.h"
+#include "device/end_confirmation.h"
+#include "platform/system_error.h"
+#include "tickets/historic_rotation.h"
+#include "ui/wrong_path.h"
+
+namespace orvenza {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* kMainLabel = "Main - ";
+constexpr const char* kLoadLabel = "Main_Load - ";
+constexpr int kRenameRetries = 5;
+constexpr auto kIdleWait = 1s;
+
+/// Whether `folder` is `parent` or lies below it; both end in "\", an empty `parent` holds nothing.
+bool LiesIn(const std::string& folder, const std::string& parent) {
+  return !parent.empty() &&
+         ToUpperAscii(SettingsPath(folder)).starts_with(ToUpperAscii(SettingsPath(parent)));
+}
+
+}  // namespace
+
+Connector::Connector(const Surroundings& around, const ProgramPaths& paths)
+    : files_(around.files),
+      folders_(around.folders),
+      clock_(around.clock),
+      loop_(around.loop),
+      person_(around.person),
+      icon_(around.icon),
+      paths_(paths),
+      journals_(files_, clock_, settings_, paths.AppPath),
+      settingsFile_(around.profile, journals_, paths),
+      timer1_(clock_),
+      messages_(person_, paths.ExecutableName),
+      orvConf_(person_, settings_, around.profile, paths),
+      errorTexts_(around.profile, paths.ErrDesc()),
+      link_(around.control, settings_, journals_, messages_, orvConf_, loop_, clock_),
+      clockCorrection_(clock_, settings_, journals_),
+      cash_(link_, settings_, journals_, messages_, loop_, clockCorrection_),
+      recovery_(errorTexts_, cash_, person_, journals_, paths.ExecutableName),
+      queries_(link_, cash_, recovery_, messages_, orvConf_, settings_, journals_, loop_, timer1_, identity_),
+      logo_(link_, recovery_, files_, journals_, messages_),
+      translator_(identity_, settings_, files_, journals_),
+      archive_(files_, folders_, settings_, journals_, messages_),
+      splitter_(files_, settings_, archive_),
+      processor_(files_, settings_, journals_, messages_, loop_, link_, cash_, recovery_, logo_, translator_,
+                 archive_),
+      polling_(files_, folders_, settings_, journals_, timer1_, link_, queries_, clockCorrection_, splitter_,
+               processor_, archive_),
+      orvUti_(person_, messages_, files_, journals_, settings_,
+              [this] { return polling_.CountWaitingTickets(); }) {}
+
+void Connector::Run(bool anotherInstanceRuns) {
+  try {
+    Main(anotherInstanceRuns);
+  } catch (const ProgramEnd& end) {
+    Unload(end);
+  }
+}
+
+void Connector::Main(bool anotherInstanceRuns) {
+  if (anotherInstanceRuns) {
+    messages_.ShowOperatorMessage(LoadMessage(108), message_style::kStop, {});
+    journals_.WrErr(LoadMessage(108));
+    return;
+  }
+  PrepareSettings();
+  errorTexts_.LoadEcrErrorTable();
+  journals_.WrLog(LoadMessage(102) + " Rel. " + kVersionText);
+  LoadMainForm();
+  RunMainLoop();
+}
+
+void Connector::PrepareSettings() {
+  if (!files_.Exists(paths_.Ini())) {
+    settings_.IniCreated = true;
+    journals_.Attempt(kMainLabel, [&] { settingsFile_.WriteDefaultIni(); });
+    journals_.WrLog(LoadMessage(101));
+  }
+  settings_.IniUpgradeDone = false;
+  const auto stepDone = [&] {
+    messages_.ShowOperatorMessage(LoadMessage(196), message_style::kInformation, {});
+  };
+  if (!settingsFile_.UpgradeIni(settings_, stepDone)) {
+    messages_.ShowOperatorMessage(LoadMessage(146) + std::string(kLineBreak) + LoadMessage(147),
+                                  message_style::kStop, {});
+    throw ProgramEnd{.unload = false};
+  }
+  settingsFile_.ReadIni(settings_);
+  if (!files_.Exists(paths_.ErrDesc())) {
+    journals_.Attempt(kMainLabel, [&] { settingsFile_.WriteDefaultErrDesc(); });
+  }
+}
+
+void Connector::LoadMainForm() {
+  const auto step = [&](const std::function<void()>& run) { journals_.Attempt(kLoadLabel, run); };
+  if (settings_.IniCreated) step([&] { orvConf_.Show(); });
+  step([&] { RotateHistoric(); });
+  step([&] { link_.OpenDeviceLink(settings_.TimeWaitForEtx); });
+  settings_.InProcessFolder = settings_.TicketFolder + "inproces\\";
+  settings_.AbortFolder = settings_.TicketFolder + "abort\\";
+  step([&] { RequireTicketFolder(); });
+  step([&] { MakeWorkFolder(settings_.InProcessFolder); });
+  step([&] { MakeWorkFolder(settings_.AbortFolder); });
+  step([&] {
+    iconShown_ = true;
+    icon_.CreateIcon(paths_.ExecutableName + " - " + kVersionText);
+  });
+  step([&] { IdentifyRegister(); });
+  timer1_.SetEnabled(true);
+}
+
+void Connector::RotateHistoric() {
+  // The default of a missing setting is the in-process folder. Printed tickets put there would be taken for
+  // new ones, and the rotation of a folder above the tickets would carry waiting ones away.
+  const std::string& historic = settings_.HistoricFolder;
+  if (LiesIn(settings_.TicketFolder + "inproces\\", historic) || LiesIn(paths_.AppPath + "\\", historic)) {
+    journals_.WrErr("Archivio storico disattivato, la cartella contiene gli scontrini da stampare : " +
+                    historic);
+    settings_.HistoricFolder.clear();
+  }
+  for (int retry = 0; retry <= kRenameRetries; ++retry) {
+    try {
+      RotateHistoricFolder(folders_, clock_, journals_, settings_);
+      return;
+    } catch (const SystemError& failure) {
+      if (failure.Number() != error_number::kPathFileAccess) throw;
+      journals_.WrErr(kMainLabel + LoadMessage(194) + " " + settings_.HistoricFolder);
+      if (retry < kRenameRetries) loop_.Pause(1000ms);
+    }
+  }
+}
+
+void Connector::RequireTicketFolder() {
+  const std::string& folder = settings_.TicketFolder;
+  if (folders_.Exists(folder) || CreateAllDirs(folders_, journals_, folder)) return;
+  ReportWrongPath(messages_, journals_, folder);
+  journals_.WrLog(LoadMessage(103));
+  throw ProgramEnd{.unload = false};
+}
+
+void Connector::MakeWorkFolder(const std::string& folder) {
+  if (!folders_.Exists(folder)) folders_.Create(folder);
+}
+
+void Connector::IdentifyRegister() {
+  std::string answer;
+  while (answer.empty()) {
+    loop_.CheckEnd();
+    answer = queries_.StatusQuery({});
+  }
+  if (answer != "-") answer = queries_.IdentityQuery({});
+  if (answer == "-") throw ProgramEnd{.unload = true};
+}
+
+void Connector::RunMainLoop() {
+  for (;;) {
+    loop_.Wait(timer1_.Enabled() ? timer1_.TimeLeft() : kIdleWait);
+    link_.ApplyChangedSettings();
+    if (timer1_.Enabled() && timer1_.TimeLeft() <= 0s) polling_.Tick();
+  }
+}
+
+void Connector::Unload(const ProgramEnd& end) {
+  if (iconShown_) icon_.DeleteIcon();
+  iconShown_ = false;
+  if (end.unload) journals_.WrLog(LoadMessage(103));
+}
+
+void Connector::OnMenu(MenuItem item) {
+  if (!iconShown_) return;  // the menu is the icon's
+  switch (item) {
+    case MenuItem::kExit: Pm1(); break;
+    case MenuItem::kUtilities: Pm2(); break;
+    case MenuItem::kInfo: break;  // deliberately without effect
+    case MenuItem::kConfigure: Pm4(); break;
+  }
+}
+
+void Connector::Pm1() {
+  person_.CloseMessage();
+  if (!ConfirmEnd(messages_, message_style::kExclamation)) return;
+  journals_.WrLog(LoadMessage(156));
+  loop_.RequestEnd({.unload = true});
+}
+
+void Connector::Pm2() {
+  person_.CloseMessage();
+  const PollingPause pause(timer1_);
+  orvUti_.Show();
+}
+
+void Connector::Pm4() {
+  person_.CloseMessage();
+  const PollingPause pause(timer1_);
+  orvConf_.Show();
+  link_.ReapplySettings();
+}
+
+}  // namespace orvenza

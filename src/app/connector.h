@@ -1,0 +1,108 @@
+#pragma once
+
+#include <string>
+
+#include "core/event_loop.h"
+#include "core/journals.h"
+#include "core/poll_timer.h"
+#include "core/settings.h"
+#include "device/cash_dialogues.h"
+#include "device/clock_correction.h"
+#include "device/device_link.h"
+#include "device/error_recovery.h"
+#include "device/error_texts.h"
+#include "device/logo_download.h"
+#include "device/register_identity.h"
+#include "device/register_queries.h"
+#include "platform/files.h"
+#include "platform/folders.h"
+#include "tickets/ticket_archive.h"
+#include "tickets/ticket_polling.h"
+#include "tickets/ticket_processor.h"
+#include "tickets/ticket_splitter.h"
+#include "tickets/translation.h"
+#include "ui/menu.h"
+#include "ui/notification_icon.h"
+#include "ui/operator.h"
+#include "ui/port_dialog.h"
+#include "ui/utilities_dialog.h"
+
+namespace orvenza {
+
+/// Everything outside the connector that it works on. All of it outlives the connector.
+struct Surroundings {
+  Files& files;
+  Folders& folders;
+  ProfileFile& profile;
+  Clock& clock;
+  EventLoop& loop;
+  Operator& person;
+  NotificationIcon& icon;
+  EcrLink& control;
+};
+
+/// The connector, start to stop: the entry procedure and the main form `Orv_Main`.
+class Connector {
+ public:
+  Connector(const Surroundings& surroundings, const ProgramPaths& paths);
+
+  /// Starts the connector, prints tickets until the program is to end, and shuts down. `anotherInstanceRuns`
+  /// refuses the start.
+  void Run(bool anotherInstanceRuns);
+
+  /// An item of the icon's menu was chosen. To be called as an event, whatever the program waits for; without
+  /// effect while there is no icon.
+  void OnMenu(MenuItem item);
+
+  const AppSettings& Settings() const { return settings_; }
+
+ private:
+  void Main(bool anotherInstanceRuns);
+  void PrepareSettings();
+  void LoadMainForm();
+  void RotateHistoric();
+  void RequireTicketFolder();
+  void MakeWorkFolder(const std::string& folder);
+  void IdentifyRegister();
+  void RunMainLoop();
+  void Unload(const ProgramEnd& end);
+
+  void Pm1();
+  void Pm2();
+  void Pm4();
+
+  Files& files_;
+  Folders& folders_;
+  Clock& clock_;
+  EventLoop& loop_;
+  Operator& person_;
+  NotificationIcon& icon_;
+  ProgramPaths paths_;
+
+  AppSettings settings_;
+  Journals journals_;
+  SettingsFile settingsFile_;
+  PollTimer timer1_;
+  OperatorMessages messages_;
+  PortDialog orvConf_;
+
+  ErrorTexts errorTexts_;
+  DeviceLink link_;
+  ClockCorrection clockCorrection_;
+  CashDialogues cash_;
+  ErrorRecovery recovery_;
+  RegisterIdentity identity_;
+  RegisterQueries queries_;
+  LogoDownload logo_;
+
+  RecordTranslator translator_;
+  TicketArchive archive_;
+  TicketSplitter splitter_;
+  TicketProcessor processor_;
+  TicketPolling polling_;
+  UtilitiesDialog orvUti_;
+
+  bool iconShown_ = false;
+};
+
+}  // namespace orvenza

@@ -1,0 +1,75 @@
+// The connector in a terminal: builds the objects, wires them, runs.
+
+#include <filesystem>
+#include <iostream>
+#include <optional>
+
+#include "app/command_line.h"
+#include "app/connector.h"
+#include "app/simulation.h"
+#include "core/version.h"
+#include "platform/ini_profile_file.h"
+#include "platform/instance_lock.h"
+#include "platform/posix/posix_clock.h"
+#include "platform/posix/posix_event_pump.h"
+#include "platform/posix/posix_files.h"
+#include "platform/posix/posix_folders.h"
+#include "ui/terminal/terminal_operator.h"
+
+namespace {
+
+using namespace orvenza;
+namespace fs = std::filesystem;
+
+constexpr int kStandardInput = 0;
+
+int Refuse(const std::string& reason) {
+  std::cerr << "Orvenza: " << reason << "\n";
+  return 2;
+}
+
+int RunConnector(const std::string& folder, const FaultScript& script) {
+  PosixFiles files;
+  PosixFolders folders;
+  PosixClock clock;
+  PosixEventPump pump;
+  IniProfileFile profile(files);
+  EventLoop loop(clock, pump);
+  TerminalOperator terminal(std::cout, loop, clock);
+  Simulation simulation(clock, pump, script, folder, [](const std::string& line) {
+    std::cout << "    |" << line << "\n" << std::flush;
+  });
+  Connector connector({files, folders, profile, clock, loop, terminal, terminal, simulation.Control()},
+                      {folder, "Orvenza"});
+  terminal.SetMenuHandler([&](MenuItem item) { connector.OnMenu(item); });
+  pump.WatchInput(
+      kStandardInput, [&](const std::string& line) { terminal.OnLine(line); },
+      [&] { terminal.OnEndOfInput(); });
+  pump.OnTerminate([&] { loop.RequestEnd({.unload = true}); });
+
+  const InstanceLock lock(folder);
+  connector.Run(!lock.Acquired());
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const CommandLine options = ParseCommandLine({argv + 1, argv + argc});
+  if (!options.error.empty()) return Refuse(options.error + "; see --help");
+  if (options.help) std::cout << Usage();
+  if (options.version) std::cout << "Orvenza " << kVersionText << "\n";
+  if (options.help || options.version) return 0;
+  if (!options.simulate) {
+    return Refuse(
+        "this system has no link control, so no register can be reached; use --simulate for a simulated one");
+  }
+  try {
+    const fs::path here = fs::read_symlink("/proc/self/exe").parent_path();
+    const fs::path folder = options.folder.empty() ? here : fs::canonical(options.folder);
+    if (!fs::is_directory(folder)) return Refuse(folder.string() + " is not a folder");
+    return RunConnector(folder.string(), options.script ? ReadFaultScript(*options.script) : FaultScript{});
+  } catch (const std::exception& failure) {
+    return Refuse(failure.what());
+  }
+}

@@ -1,0 +1,317 @@
+// What hosts, disks and people get wrong: the program runs on, no ticket is lost and none is printed twice.
+
+#include <gtest/gtest.h>
+
+#include "support/shop.h"
+
+namespace orvenza::test {
+namespace {
+
+using namespace std::chrono_literals;
+using Lines = Shop::Lines;
+
+constexpr const char* kItem = "1;PANE;1,000;150;1;;;1;;";
+constexpr const char* kPayment = "2;1;150;;;";
+constexpr const char* kAbort = "Abortire la stampa dello scontrino";
+
+struct HarmlessFile {
+  const char* what;
+  std::string content;
+};
+
+class FileWithoutRecords : public testing::TestWithParam<HarmlessFile> {};
+
+TEST_P(FileWithoutRecords, SendsNothingAndIsArchived) {
+  Shop shop;
+  shop.DropBytes("a.txt", GetParam().content);
+  shop.Run(5s);
+  EXPECT_EQ(shop.SentForTickets(), Lines{});
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+  EXPECT_EQ(shop.Err(), Lines{});
+  EXPECT_EQ(shop.Log()[2], "Start Scontrino");
+  EXPECT_EQ(shop.Log()[3], "End Scontrino");
+}
+INSTANTIATE_TEST_SUITE_P(BadInput, FileWithoutRecords,
+                         testing::Values(HarmlessFile{"empty", ""}, HarmlessFile{"line ends", "\r\n\r\n\n\r"},
+                                         HarmlessFile{"blanks", "   \r\n \t \r\n"},
+                                         HarmlessFile{"old end of file mark", "\x1a"},
+                                         HarmlessFile{"NULs", std::string(5000, '\0')}),
+                         [](const auto& test) { return "Case" + std::to_string(test.index); });
+
+TEST(BadTicket, BinaryFileIsRefusedLineByLineUntilTheOperatorAborts) {
+  Shop shop;
+  std::string noise;
+  for (int i = 0; i < 100000; ++i) noise += static_cast<char>((i * 7919 + 13) >> 3);
+  shop.DropBytes("a.txt", noise);
+  shop.Answer(kAbort);
+  shop.Run(5s);
+  EXPECT_EQ(shop.SentForTickets(), Lines{});
+  EXPECT_EQ(shop.folder.Read("data\\abort\\a.txt.abort.txt"), noise);
+  EXPECT_EQ(shop.Err().back(), "Risposta Operatore : Abortire la stampa dello scontrino");
+}
+
+TEST(BadTicket, LineOf100MegabytesIsRefusedAndItsFileKept) {
+  Shop shop;
+  shop.DropBytes("a.txt", std::string(100'000'000, 'x'));
+  shop.Answer(kAbort);
+  shop.Run(5s);
+  EXPECT_EQ(std::filesystem::file_size(shop.folder.Native("data\\abort\\a.txt.abort.txt")), 100'000'000U);
+  EXPECT_EQ(shop.Err()[0], "Riga non valida : " + std::string(500, 'x') + "...");
+}
+
+TEST(BadTicket, LongFieldAmongGoodOnesIsCutToItsWidth) {
+  Shop shop;
+  shop.Drop("a.txt", {"1;" + std::string(1'000'000, 'A') + ";1,000;150;1;;;1;;", kPayment});
+  shop.Run(5s);
+  EXPECT_EQ(shop.SentForTickets()[0], "100301" + std::string(40, ' ') + std::string(16, 'A') + "0001000" +
+                                          "1" + "000000150" + "01" + "AAAA");
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+}
+
+TEST(BadTicket, LineWithoutTrailingSeparatorLosesItsLastFieldAndIsRejected) {
+  Shop shop;
+  shop.Drop("a.txt", {"4;5"});
+  shop.Answer(kAbort);
+  shop.Run(5s);
+  EXPECT_EQ(shop.SentForTickets(), Lines{});
+  EXPECT_EQ(shop.Err()[0], "Riga non valida : 4;5");
+}
+
+TEST(BadTicket, NulsInsideALineReachTheRegisterAsBlanks) {
+  Shop shop;
+  shop.DropBytes("a.txt", std::string("1;PA\0NE;1,000;150;1;;;1;;\r\n2;1;150;;;\r\n", 40));
+  shop.Run(5s);
+  EXPECT_EQ(shop.SentForTickets()[0].substr(46, 16), "PA NE           ");
+}
+
+TEST(BadTicket, TenThousandLinesAreAllSent) {
+  Shop shop("capacity 20000\n");
+  Lines lines(9999, kItem);
+  lines.push_back("2;1;0;;;");
+  shop.Drop("a.txt", lines);
+  shop.Run(60s);
+  EXPECT_EQ(shop.link.SentCount(), 2U + 1U + 10000U);
+  ASSERT_EQ(shop.device.Receipts().size(), 1U);
+  EXPECT_EQ(shop.device.Receipts()[0].total, 9999 * 150);
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+}
+
+TEST(BadTicket, AccentsOfAnyEncodingReachTheRegisterAsBlanks) {
+  Shop shop;
+  shop.DropBytes("a.txt", "1;CAFF\xC8;1,000;150;1;;;1;;\r\n2;1;150;;;\r\n");  // Windows-1252
+  shop.DropBytes("b.txt",
+                 "1;CAFF\xC3\x88;1,000;150;1;;;1;;\r\n2;1;150;;;\r\n");  // UTF-8: two bytes, two blanks
+  shop.Run(10s);
+  EXPECT_EQ(shop.SentForTickets()[0].substr(46, 16), "CAFF            ");
+  EXPECT_EQ(shop.SentForTickets()[2].substr(46, 16), "CAFF            ");
+  EXPECT_EQ(shop.device.Receipts().size(), 2U);
+}
+
+TEST(BadTicket, AccentsOfAnInvalidLineArriveWholeInJournalAndDialog) {
+  Shop shop;
+  shop.DropBytes("a.txt", "99;CAFF\xC8;\r\n");
+  shop.Answer(kAbort);
+  shop.Run(5s);
+  EXPECT_EQ(shop.Err()[0], "Riga non valida : 99;CAFFÈ;");
+  EXPECT_EQ(shop.person.Shown()[0].heading, "Riga non valida : 99;CAFFÈ;");
+}
+
+TEST(BadTicket, VanishedBeforeItsLinesAreReadEndsSilently) {
+  Shop shop;
+  shop.Drop("a.txt", {kItem, kPayment});
+  shop.link.SetObserver([&](LineEvent, const std::string&) {
+    std::filesystem::remove(shop.folder.Native("data\\inproces\\a.txt"));
+  });
+  shop.Run(5s);
+  EXPECT_EQ(shop.SentForTickets(), Lines{});
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST(BadTicket, LockedBySomebodyIsPrintedWhenItIsFree) {
+  Shop shop;
+  shop.Drop("a.txt", {kItem, kPayment});
+  shop.files.FailAlways("OpenForReading", "inproces", 70);
+  shop.After(3s, [&] { shop.files.Heal(); });
+  shop.Run(10s);
+  EXPECT_EQ(shop.device.Receipts().size(), 1U);
+  EXPECT_EQ(shop.Err()[0], "Trasmissione 70 - Permission denied ( " + SettingsPath(shop.folder.Path()) +
+                               "\\data\\inproces\\a.txt )");
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+}
+
+TEST(BadTicket, LostInTheMiddleOfReadingIsPrintedOnceFromItsStart) {
+  Shop shop;
+  std::string ticket = std::string(kItem) + "\r\n";
+  while (ticket.size() < 70000) ticket += "\r\n";
+  ticket += std::string(kItem) + "\r\n2;1;300;;;\r\n";
+  shop.DropBytes("a.txt", ticket);
+  shop.files.FailReadAfter(65536, 57);
+  shop.After(1s, [&] { shop.files.Heal(); });
+  shop.Run(20s);
+  std::vector<std::int64_t> totals;
+  for (const PrintedReceipt& receipt : shop.device.Receipts()) {
+    if (!receipt.voided) totals.push_back(receipt.total);
+  }
+  EXPECT_EQ(totals, std::vector<std::int64_t>{300});
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+}
+
+TEST(BadSettings, GarbageCountsAsAnUnknownVersion) {
+  Shop shop;
+  shop.folder.Write("Orvenza.ini", std::string("\0\xff[[[==\r\n]]\n;\n=\n", 17) + std::string(2000, '='));
+  shop.Answer("Ok");
+  shop.RunToItsEnd();
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Versione File INI Errata !\r\nApplicazione Terminata."});
+}
+
+TEST(BadSettings, MissingSectionsTakeTheirDefaults) {
+  Shop shop;
+  shop.folder.Write("Orvenza.ini", "[Version]\r\nVersion=1.06\r\n[Com Settings]\r\nSettings=19200,O,7,1\r\n");
+  shop.folder.Write("data\\a.txt",
+                    "40\x7f"
+                    "1\x7f\r\n");
+  shop.Run(5s);
+  EXPECT_EQ(shop.SentForTickets(), Lines{"104901"});
+  EXPECT_EQ(shop.Err()[0], "Numero Porta Errato ! Default 1 !");
+}
+
+TEST(BadSettings, HistoricFolderThatIsPolledArchivesNothingAndPrintsEachTicketOnce) {
+  for (const char* name : {"data\\inproces\\", "data\\", "DATA\\INPROCES"}) {
+    Shop shop;
+    shop.Configure("Database", "HistoricTickets", shop.folder.Path() + "\\" + name);
+    shop.Drop("inproces\\leftover.txt", {kItem, kPayment});
+    shop.Drop("a.txt", {kItem, kPayment});
+    shop.Run(20s);
+    EXPECT_EQ(shop.device.Receipts().size(), 2U) << name;
+    EXPECT_EQ(shop.Names("data\\inproces"), Lines{}) << name;
+    EXPECT_EQ(shop.Err().size(), 1U) << name;
+  }
+}
+
+TEST(BadSettings, OverlongValueIsCutAt99Characters) {
+  Shop shop;
+  const std::string folder =
+      shop.folder.Path() + "\\" + std::string(120 - shop.folder.Path().size(), 'd') + "\\";
+  shop.Configure("Database", "HistoricTickets", folder);
+  shop.Drop("a.txt", {"40;1;"});
+  shop.Run(5s);
+  EXPECT_TRUE(shop.folder.Has(std::string(98 - shop.folder.Path().size(), 'd') + "\\1.txt"));
+}
+
+TEST(BadSettings, SerialTextWithoutCommasIsAlarmedUntilItIsConfigured) {
+  Shop shop;
+  shop.Configure("Com Settings", "Settings", "19200");
+  shop.Answer("Configura");
+  shop.Answer("COM2 9600 Odd 7 1");
+  shop.Run(5s);
+  EXPECT_EQ(shop.Err(), (Lines{"EcrLinkX1 - 5 - Invalid procedure call or argument ( Settings=19200 )",
+                               "Apertura Porta non Riuscita ! ( COM1 )"}));
+  EXPECT_EQ(shop.link.Property(LinkProperty::kBaudRate), 9600);
+}
+
+TEST(BadFolder, TicketFolderThatGoesAndComesBackLosesNothing) {
+  Shop shop;
+  shop.After(2s,
+             [&] { std::filesystem::rename(shop.folder.Native("data"), shop.folder.Native("elsewhere")); });
+  shop.After(4s, [&] {
+    std::filesystem::rename(shop.folder.Native("elsewhere"), shop.folder.Native("data"));
+    shop.Drop("a.txt", {kItem, kPayment});
+  });
+  shop.Run(10s);
+  EXPECT_EQ(shop.Err()[0],
+            "Timer1 - 76 - Path not found ( " + SettingsPath(shop.folder.Path()) + "\\data\\ )");
+  EXPECT_EQ(shop.device.Receipts().size(), 1U);
+}
+
+TEST(BadFolder, ReadOnlyTicketFolderPrintsEachTicketOnce) {
+  Shop shop;
+  shop.Drop("a.txt", {kItem, kPayment});
+  shop.Drop("b.txt", {kItem, kPayment});
+  for (const char* operation : {"Move", "Remove"}) {
+    shop.files.FailAlways(operation, "data\\a.txt", 75);
+    shop.files.FailAlways(operation, "data\\b.txt", 75);
+  }
+  shop.Run(30s);
+  EXPECT_EQ(shop.device.Receipts().size(), 2U);
+  EXPECT_EQ(shop.Names("data"), (Lines{"a.txt", "b.txt"}));
+  EXPECT_EQ(shop.Err().size(), 2U);
+}
+
+TEST(BadFolder, TicketChangedByTheHostWhileItCouldNotBeRemovedIsATicketOfItsOwn) {
+  Shop shop;
+  shop.Drop("a.txt", {kItem, kPayment});
+  shop.files.FailAlways("Move", "data\\a.txt", 75);
+  shop.files.FailAlways("Remove", "data\\a.txt", 75);
+  shop.After(3s, [&] {
+    shop.files.Heal();
+    shop.Drop("a.txt", {kItem, kItem, "2;1;300;;;"});
+  });
+  shop.Run(10s);
+  ASSERT_EQ(shop.device.Receipts().size(), 2U);
+  EXPECT_EQ(shop.device.Receipts()[1].total, 300);
+}
+
+/// A full disk at one kind of write, for the first five seconds of a life with one ticket.
+struct FullDisk {
+  const char* operation;
+  const char* path;
+  const char* archivedIn;  ///< Folder in which the ticket ends.
+};
+
+class FullDiskAt : public testing::TestWithParam<FullDisk> {};
+
+TEST_P(FullDiskAt, PrintsTheTicketOnceAndKeepsIt) {
+  Shop shop;
+  shop.files.FailAlways("Move", "", 75);  // folders on volumes of their own
+  shop.files.FailAlways(GetParam().operation, GetParam().path, 61);
+  shop.After(5s, [&] { shop.files.Heal(); });
+  shop.Drop("a.txt", {kItem, kPayment});
+  shop.Run(20s);
+  EXPECT_EQ(shop.device.Receipts().size(), 1U);
+  EXPECT_EQ(shop.Names(GetParam().archivedIn).size(), 1U);
+  EXPECT_EQ(shop.Names("data"), Lines{});
+  EXPECT_EQ(shop.Names("data\\inproces"), Lines{});
+}
+INSTANTIATE_TEST_SUITE_P(BadInput, FullDiskAt,
+                         testing::Values(FullDisk{"Append", "Log.txt", "storico"},    // activity log
+                                         FullDisk{"Append", "Err.txt", "storico"},    // error log
+                                         FullDisk{"Append", "", "storico"},           // every journal
+                                         FullDisk{"Copy", "inproces", "storico"},     // taking the ticket in
+                                         FullDisk{"Copy", "storico", "data\\abort"},  // archiving it
+                                         FullDisk{"Write", "ErrDesc", "storico"}),    // error texts
+                         [](const auto& test) { return "Case" + std::to_string(test.index); });
+
+TEST(FullDiskEverywhere, AfterPrintingKeepsTheTicketInPlaceAndPrintsItNoMore) {
+  Shop shop;
+  shop.Drop("inproces\\a.txt", {kItem, kPayment});
+  shop.files.FailAlways("Move", "inproces", 75);
+  shop.files.FailAlways("Copy", "inproces\\a.txt", 61);
+  shop.Run(60s);
+  EXPECT_EQ(shop.device.Receipts().size(), 1U);
+  EXPECT_EQ(shop.Names("data\\inproces"), Lines{"a.txt"});
+  EXPECT_EQ(shop.Err().back(), "Scontrino stampato ma non archiviato : a.txt");
+}
+
+TEST(FullDiskEverywhere, ClosureRequestThatCannotBeWrittenIsLogged) {
+  Shop shop;
+  shop.files.FailAlways("Write", "zzzz", 61);
+  for (const char* answer : {"Chiusura Fiscale", "Sì", "Esci"}) shop.Answer(answer);
+  shop.After(2s, [&] { shop.UseMenu(MenuItem::kUtilities); });
+  shop.Run(10s);
+  EXPECT_EQ(shop.Err(), Lines{"Orv_Uti - 61 - Disk full ( " + SettingsPath(shop.folder.Path()) +
+                              "\\data\\zzzzzzzzzzzzzzzz.txt )"});
+}
+
+TEST(BadBitmap, IsLoggedAndTheLineRefused) {
+  Shop shop;
+  shop.folder.Write("logo.bmp", "BM this is no picture");
+  shop.Drop("a.txt", {"33;1;" + shop.folder.Path("logo.bmp") + ";"});
+  shop.Answer(kAbort);
+  shop.Run(5s);
+  EXPECT_EQ(shop.Err()[0], "File BMP non valido ! ( " + shop.folder.Path("logo.bmp") + " )");
+  EXPECT_EQ(shop.SentForTickets(), Lines{});
+  EXPECT_EQ(shop.Names("data\\abort"), Lines{"a.txt.abort.txt"});
+}
+
+}  // namespace
+}  // namespace orvenza::test

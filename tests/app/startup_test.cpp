@@ -1,0 +1,219 @@
+#include <gtest/gtest.h>
+
+#include "support/shop.h"
+
+namespace orvenza::test {
+namespace {
+
+using namespace std::chrono_literals;
+using Lines = Shop::Lines;
+
+/// A program folder without a settings file, as on the first start.
+class FirstRun : public testing::Test {
+ protected:
+  void SetUp() override { std::filesystem::remove(shop.folder.Native("Orvenza.ini")); }
+  Shop shop;
+};
+
+TEST_F(FirstRun, WritesTheSettingsAndShowsThePortDialogBeforeTheIcon) {
+  int iconsWhenAsked = -1;
+  shop.person.SetObserver([&](const ShownDialog& dialog, std::string_view) {
+    if (dialog.kind == DialogKind::kPortSettings) iconsWhenAsked = shop.icon.created;
+  });
+  shop.Answer("&Ok");
+  shop.Run(5s);
+  EXPECT_EQ(iconsWhenAsked, 0);
+  EXPECT_EQ(shop.icon.created, 1);
+  EXPECT_TRUE(shop.folder.Has("Orvenza.ini"));
+  EXPECT_TRUE(shop.folder.Has("ErrDesc.ini"));
+}
+
+TEST_F(FirstRun, LogsTheDefaultsThroughTheFallbackFile) {
+  shop.Answer("&Ok");
+  shop.Run(5s);
+  EXPECT_EQ(shop.folder.Read("log.txt"),
+            "WrLog : Path/File access error 75 ( 16/11/2026 09:00:00 - Default INI ! )\r\n");
+}
+
+TEST_F(FirstRun, MakesTheWorkingFolders) {
+  shop.Answer("&Ok");
+  shop.Run(5s);
+  EXPECT_TRUE(shop.folder.Has("data"));
+  EXPECT_TRUE(shop.folder.Has("data\\inproces"));
+  EXPECT_TRUE(shop.folder.Has("data\\abort"));
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST_F(FirstRun, OpensTheLinkWithThePortJustChosen) {
+  shop.Answer("COM7 9600 None 8 1");
+  shop.Run(5s);
+  EXPECT_EQ(shop.link.Property(LinkProperty::kPortNumber), 7);
+  EXPECT_EQ(shop.link.Property(LinkProperty::kBaudRate), 9600);
+  EXPECT_NE(shop.folder.Read("Orvenza.ini").find("Settings=9600,N,8,1\r\n"), std::string::npos);
+}
+
+TEST_F(FirstRun, InAFolderThatCannotBeWrittenEndsWithAMessage) {
+  shop.files.FailAlways("Write", "", 70);
+  shop.Answer("Ok");
+  shop.RunToItsEnd();
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Versione File INI Errata !\r\nApplicazione Terminata."});
+  EXPECT_EQ(shop.Sent(), Lines{});
+}
+
+TEST(Startup, LogsStartWithTheReleaseAndEnd) {
+  Shop shop;
+  shop.Run(5s);
+  EXPECT_EQ(shop.Log(),
+            (Lines{"Start Rel. 1.0.0", "Dati Cash : 00ORVSIM  01  01.00.00", "Quit Command !", "End"}));
+  EXPECT_EQ(shop.folder.Read("Log.txt").substr(0, 40), "16/11/2026 09:00:00 - Start Rel. 1.0.0\r\n");
+}
+
+TEST(Startup, AsksStatusAndIdentityBeforePolling) {
+  Shop shop;
+  shop.Run(2s);
+  EXPECT_EQ(shop.Sent(), (Lines{"321700", "199900"}));
+}
+
+TEST(Startup, FirstTicketIsTakenHalfASecondAfterTheRegisterAnswered) {
+  Shop shop;
+  shop.Drop("a.txt", {"40;1;"});
+  std::vector<std::chrono::nanoseconds> sentAt;
+  shop.link.SetObserver([&](LineEvent event, const std::string&) {
+    if (event == LineEvent::kSent) sentAt.push_back(shop.clock.Uptime());
+  });
+  shop.Run(5s);
+  ASSERT_EQ(sentAt.size(), 4U);  // status, identity, status before the ticket, the ticket's command
+  EXPECT_EQ(sentAt[2] - sentAt[1], 500ms);
+}
+
+TEST(Startup, ShowsTheIconWithNameAndVersionAndRemovesIt) {
+  Shop shop;
+  std::string tip;
+  shop.After(2s, [&] { tip = shop.icon.Tip().value_or("none"); });
+  shop.Run(5s);
+  EXPECT_EQ(tip, "Orvenza - 1.0.0");
+  EXPECT_EQ(shop.icon.deleted, 1);
+  EXPECT_EQ(shop.icon.Tip(), std::nullopt);
+}
+
+TEST(Startup, SecondInstanceIsRefusedAndTouchesNothing) {
+  Shop shop;
+  shop.Answer("Ok");
+  shop.RunToItsEnd(true);
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Programma già in esecuzione !"});
+  EXPECT_EQ(shop.person.Shown()[0].caption, "Orvenza");
+  EXPECT_EQ(shop.person.Shown()[0].icon, MessageIcon::kStop);
+  EXPECT_EQ(shop.folder.Read("error.txt"), "16/11/2026 09:00:00 - Programma già in esecuzione !\r\n");
+  EXPECT_EQ(shop.Names("."), (Lines{"Orvenza.ini", "error.txt"}));
+  EXPECT_EQ(shop.icon.created, 0);
+}
+
+TEST(Startup, UnknownSettingsVersionEndsTheProgram) {
+  Shop shop;
+  shop.Configure("Version", "Version", "2.00");
+  shop.Answer("Ok");
+  shop.RunToItsEnd();
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Versione File INI Errata !\r\nApplicazione Terminata."});
+  EXPECT_NE(shop.folder.Read("error.txt").find(" - Versione File INI Errata !\r\n"), std::string::npos);
+  EXPECT_NE(shop.folder.Read("error.txt").find(" - Applicazione Terminata.\r\n"), std::string::npos);
+  EXPECT_FALSE(shop.folder.Has("Log.txt"));
+}
+
+TEST(Startup, OldSettingsAreUpgradedWithOneBoxAStep) {
+  Shop shop;
+  shop.Configure("Version", "Version", "1.00");
+  shop.Answer("Ok");
+  shop.Answer("Ok");
+  shop.Run(5s);
+  const std::string done = "Aggiornamento del file INI effettuato con successo !";
+  EXPECT_EQ(shop.DialogTexts(), (Lines{done, done}));
+  EXPECT_EQ(shop.person.Shown()[0].icon, MessageIcon::kInformation);
+}
+
+TEST(Startup, TicketFolderOnAMissingDriveEndsTheProgram) {
+  Shop shop;
+  shop.Configure("Database", "TicketFiles", "Z:\\in\\*.txt");
+  shop.Answer("Ok");
+  shop.RunToItsEnd();
+  EXPECT_EQ(
+      shop.DialogTexts(),
+      Lines{"Il file INI contiene un percorso errato :\r\nZ:\\in\\\r\n\r\nIl programma sarà terminato."});
+  EXPECT_EQ(shop.Log(), (Lines{"Start Rel. 1.0.0", "End"}));
+  EXPECT_EQ(shop.Err().back(), "Il file INI contiene un percorso errato : Z:\\in\\");
+  EXPECT_EQ(shop.icon.created, 0);
+}
+
+TEST(Startup, WorkFolderThatCannotBeMadeIsLoggedAndStartUpGoesOn) {
+  Shop shop;
+  shop.folders.FailAlways("Create", "abort", 75);
+  shop.Run(5s);
+  EXPECT_EQ(shop.Err(), Lines{"Main_Load - 75 - Path/File access error ( " +
+                              SettingsPath(shop.folder.Path()) + "\\data\\abort\\ )"});
+  EXPECT_EQ(shop.Log().back(), "End");
+}
+
+TEST(Startup, RenameOfAHistoricFolderInUseIsRetriedFiveTimesAndStartUpGoesOn) {
+  Shop shop;
+  shop.folder.Write("storico\\1.txt", "old");
+  shop.folder.SetModified("storico\\1.txt", 1'700'000'000);
+  shop.folders.FailAlways("Rename", "storico", 75);
+  std::chrono::nanoseconds opened{};
+  shop.link.SetObserver([&](LineEvent event, const std::string& text) {
+    if (event == LineEvent::kPort && text == "open") opened = shop.clock.Uptime();
+  });
+  shop.Run(20s);
+  const std::string line =
+      "Main - Tentativo di rinominare cartella scontrini storici : " + SettingsPath(shop.folder.Path()) +
+      "\\storico\\";
+  EXPECT_EQ(shop.Err(), Lines(6, line));
+  EXPECT_EQ(opened, 5s);
+}
+
+TEST(Startup, RenameOfAHistoricFolderSucceedsOnceItIsFree) {
+  Shop shop;
+  shop.folder.Write("storico\\1.txt", "old");
+  shop.folder.SetModified("storico\\1.txt", 1'700'000'000);
+  shop.folders.FailNext("Rename", 75);
+  shop.Run(20s);
+  EXPECT_EQ(shop.Err().size(), 1U);
+  EXPECT_EQ(shop.Names("storico_20231114"), Lines{"1.txt"});
+}
+
+TEST(Startup, RegisterGivenUpByTheOperatorEndsTheProgram) {
+  Shop shop("absent 1000\n");
+  for (const char* answer : {"Ok", "Ok", "Ok", "Annulla", "Sì"}) shop.Answer(answer);
+  shop.RunToItsEnd();
+  EXPECT_EQ(shop.Log(), (Lines{"Start Rel. 1.0.0", "End"}));
+  EXPECT_EQ(shop.Err().back(), "Collegamento Annullato dall'Operatore");
+  EXPECT_EQ(shop.icon.Tip(), std::nullopt);
+  EXPECT_EQ(shop.Sent(), Lines{});
+}
+
+TEST(Startup, RegisterSwitchedOnAfterAnAlarmIsUsed) {
+  Shop shop("absent 1\n");
+  shop.Answer("Ok");
+  shop.Run(5s);
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Dispositivo Spento o Non Collegato !"});
+  EXPECT_EQ(shop.Log().back(), "End");
+}
+
+TEST(Startup, PortThatDoesNotOpenAndIsGivenUpEndsAtOnce) {
+  Shop shop("port-fails 1000\n");
+  shop.Answer("Annulla");
+  shop.Answer("Sì");
+  shop.RunToItsEnd();
+  EXPECT_EQ(shop.Err(),
+            (Lines{"Apertura Porta non Riuscita ! ( COM1 )", "Collegamento Annullato dall'Operatore"}));
+  EXPECT_EQ(shop.Log(), Lines{"Start Rel. 1.0.0"});
+}
+
+TEST(Startup, OpenReceiptIsVoidedBeforeTheRegisterIsIdentified) {
+  Shop shop("on 3217 reply ERR17\n");
+  shop.Answer("Ok");
+  shop.Run(10s);
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Invio Annullo in corso... Attendere\r\nControllare chiave Cash !"});
+  EXPECT_EQ(shop.Sent()[1], "102800");
+}
+
+}  // namespace
+}  // namespace orvenza::test

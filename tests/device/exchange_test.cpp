@@ -1,0 +1,244 @@
+#include <gtest/gtest.h>
+
+#include "device/device_link.h"
+#include "support/device_bench.h"
+
+namespace orvenza::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+class ExchangeTest : public DeviceBench {
+ protected:
+  /// Lets the time pass until this time of the first day.
+  void WaitUntil(int hour, int minute, int second) {
+    clock.Advance(std::chrono::hours(hour) + std::chrono::minutes(minute) + std::chrono::seconds(second) -
+                  9h);
+    begun_ = Elapsed();
+  }
+  /// Milliseconds since then.
+  double Waited() const { return Elapsed() - begun_; }
+
+ private:
+  double begun_ = 0;
+};
+
+TEST(ReplyClasses, AnErrorReplyBeginsWithErr) {
+  for (const char* reply : {"ERR", "ERR08", "ERR-1", "ERR.."}) EXPECT_TRUE(IsErrorReply(reply)) << reply;
+  for (const char* reply : {"", "ER", "err08", "3217ERR", " ERR08"})
+    EXPECT_FALSE(IsErrorReply(reply)) << reply;
+}
+
+TEST(ReplyClasses, ALinkErrorHasADashBehind) {
+  for (const char* reply : {"ERR-1", "ERR-2", "ERR-3", "ERR-"}) EXPECT_TRUE(IsLinkError(reply)) << reply;
+  for (const char* reply : {"", "ERR", "ERR08", "ERR..", "ERR1-"}) EXPECT_FALSE(IsLinkError(reply)) << reply;
+}
+
+TEST_F(ExchangeTest, ThePresentRegisterIsReadyAtTheFirstLook) {
+  EXPECT_TRUE(link.DeviceReady());
+  EXPECT_EQ(control.presenceReads, 1);
+  EXPECT_EQ(Shown(), Lines{});
+}
+
+TEST_F(ExchangeTest, EveryAbsentLookIsAnAlarmAndTheRegisterIsNotReady) {
+  struct {
+    std::deque<bool> presence;
+    int reads;
+    std::size_t alarms;
+  } const rows[] = {
+      {{false, true}, 2, 1},
+      {{false, false, true}, 3, 2},
+      {{false, false, false, true}, 3, 3},
+  };
+  for (const auto& row : rows) {
+    files.content.clear();
+    control.presence = row.presence;
+    control.presenceReads = 0;
+    const std::size_t before = Shown().size();
+    for (std::size_t i = 0; i < row.alarms; ++i) Answer("Ok");
+    EXPECT_FALSE(link.DeviceReady());
+    EXPECT_EQ(control.presenceReads, row.reads);
+    EXPECT_EQ(Shown().size() - before, row.alarms);
+    EXPECT_EQ(Errors(), Lines(row.alarms, "Dispositivo Spento o Non Collegato !"));
+  }
+}
+
+TEST_F(ExchangeTest, TheAlarmIsCriticalAndClosingItIsEnough) {
+  control.presence = {false, true};
+  Answer("close");
+  EXPECT_FALSE(link.DeviceReady());
+  EXPECT_EQ(Shown(), Lines{AbsentAlarm("close")});
+  EXPECT_EQ(Dialog(0).icon, MessageIcon::kStop);
+}
+
+TEST_F(ExchangeTest, NothingIsSentWhileTheRegisterIsAbsent) {
+  control.presence = {false, false, false, false, true};
+  control.Reply("200100");
+  Answer("Ok", "Ok", "Ok", "Ok");
+  faulty.Before("Send", [&](const std::string&) { EXPECT_EQ(control.presenceReads, 6); });
+  link.Exchange("200100");
+  EXPECT_EQ(Sent(), Lines{"200100"});
+  EXPECT_EQ(Shown(), Lines(4, AbsentAlarm()));
+  EXPECT_EQ(link.ReplyText, "200100");
+}
+
+TEST_F(ExchangeTest, TheProgramCanEndWhileTheRegisterIsAbsent) {
+  control.presence = {false};
+  Answer("Ok", "Ok");
+  clock.After(0ms, [&] { loop.RequestEnd({}); });
+  EXPECT_THROW(link.Exchange("200100"), ProgramEnd);
+  EXPECT_EQ(Sent(), Lines{});
+}
+
+TEST_F(ExchangeTest, ARegisterThatComesBackAsTheProgramIsToEndIsSentNothing) {
+  control.presence = {false, true};
+  Answer("Ok");
+  faulty.Before("DevicePresent", [&](const std::string&) {
+    if (control.presenceReads == 1) loop.RequestEnd({});
+  });
+  EXPECT_THROW(link.Exchange("200100"), ProgramEnd);
+  EXPECT_EQ(Sent(), Lines{});
+}
+
+TEST_F(ExchangeTest, TransmittingDoesNotLookForTheRegister) {
+  control.Reply("200100");
+  link.Transmit("200100");
+  EXPECT_EQ(control.presenceReads, 0);
+  EXPECT_EQ(Sent(), Lines{"200100"});
+}
+
+TEST_F(ExchangeTest, AReplyIsKeptAsItWasDelivered) {
+  control.Reply("3217 \xE8 ");
+  link.Exchange("321700");
+  EXPECT_EQ(link.ReplyText, "3217 \xE8 ");
+  EXPECT_TRUE(link.ReplyArrived);
+  EXPECT_EQ(Elapsed(), 0);
+}
+
+TEST_F(ExchangeTest, EachLinkErrorHasItsMarker) {
+  for (const char* marker : {"ERR-1", "ERR-2", "ERR-3"}) {
+    control.Reply(marker);
+    link.Exchange("200100");
+    EXPECT_EQ(link.ReplyText, marker);
+    EXPECT_TRUE(link.ReplyArrived);
+  }
+}
+
+TEST_F(ExchangeTest, AReplyEndsTheWaitAtOnce) {
+  control.Reply("200100", 137ms);
+  link.Exchange("200100");
+  EXPECT_EQ(Elapsed(), 137);
+}
+
+TEST_F(ExchangeTest, SilenceLasts15Seconds) {
+  link.ReplyText = "older";
+  link.Exchange("200100");
+  EXPECT_EQ(Elapsed(), 15000);
+  EXPECT_EQ(link.ReplyText, "");
+  EXPECT_FALSE(link.ReplyArrived);
+  EXPECT_EQ(Errors(), Lines{});
+}
+
+TEST_F(ExchangeTest, AReplyOfTheLastMomentCounts) {
+  control.Reply("200100", 14999ms);
+  link.Exchange("200100");
+  EXPECT_EQ(link.ReplyText, "200100");
+  EXPECT_EQ(Elapsed(), 14999);
+}
+
+TEST_F(ExchangeTest, TheWaitCanBeLonger) {
+  link.Exchange("200100", 50);
+  EXPECT_EQ(Elapsed(), 50000);
+}
+
+TEST_F(ExchangeTest, AWaitThatEndsBeforeMidnightIsOrdinary) {
+  WaitUntil(23, 59, 44);
+  link.Exchange("200100");
+  EXPECT_EQ(Waited(), 15000);
+}
+
+TEST_F(ExchangeTest, OnlyAReplyEndsAWaitBegunJustBeforeMidnight) {
+  WaitUntil(23, 59, 45);
+  control.Reply("200100", 1h);
+  link.Exchange("200100");
+  EXPECT_EQ(link.ReplyText, "200100");
+  EXPECT_EQ(Waited(), 3600000);
+}
+
+TEST_F(ExchangeTest, TheProgramCanEndInAWaitAcrossMidnightAfter15Seconds) {
+  WaitUntil(23, 59, 50);
+  EndAfter(2s);
+  EXPECT_THROW(link.Exchange("200100"), ProgramEnd);
+  EXPECT_EQ(Waited(), 15000);
+}
+
+TEST_F(ExchangeTest, AnEndAskedForDoesNotCutTheWaitShort) {
+  control.Reply("200100", 9s);
+  EndAfter(1s);
+  EXPECT_NO_THROW(link.Exchange("200100"));
+  EXPECT_EQ(link.ReplyText, "200100");
+  EXPECT_EQ(Elapsed(), 9000);
+}
+
+TEST_F(ExchangeTest, SilenceIsAnAnswerToTheCommandAlsoWhenTheProgramIsToEnd) {
+  EndAfter(1s);
+  EXPECT_NO_THROW(link.Exchange("200100"));
+  EXPECT_EQ(Elapsed(), 15000);
+}
+
+TEST_F(ExchangeTest, ALateReplyIsNotTakenForTheNextOne) {
+  clock.After(0ms, [&] { control.Raise("late"); });
+  control.Reply("200100", 50ms);
+  link.Transmit("200100");
+  EXPECT_EQ(link.ReplyText, "200100");
+  EXPECT_EQ(Elapsed(), 50);
+}
+
+TEST_F(ExchangeTest, AReplyFromWithinTheTransmissionIsNotLost) {
+  faulty.Before("Send", [&](const std::string&) { control.Raise("200100"); });
+  link.Transmit("200100");
+  EXPECT_EQ(link.ReplyText, "200100");
+  EXPECT_EQ(Elapsed(), 0);
+}
+
+TEST_F(ExchangeTest, AControlThatCannotTransmitIsACommandWithoutReply) {
+  for (const char* member : {"SetMessage", "Send"}) {
+    files.content.clear();
+    link.ReplyText = "older";
+    link.ReplyArrived = true;
+    faulty.FailNext(member, error_number::kDeviceError);
+    link.Exchange("");
+    EXPECT_EQ(link.ReplyText, "") << member;
+    EXPECT_FALSE(link.ReplyArrived) << member;
+    EXPECT_EQ(Errors(), Lines{"EcrLinkX1 - 57 - Device I/O error"}) << member;
+  }
+  EXPECT_EQ(Elapsed(), 0);
+}
+
+TEST_F(ExchangeTest, AReplyThatCannotBeReadIsAnEmptyOne) {
+  faulty.FailNext("RxMessage", error_number::kDeviceError);
+  control.Reply("200100", 20ms);
+  link.Exchange("200100");
+  EXPECT_EQ(link.ReplyText, "");
+  EXPECT_EQ(Errors(), Lines{"EcrLinkX1 - 57 - Device I/O error"});
+  EXPECT_EQ(Elapsed(), 20);
+}
+
+TEST_F(ExchangeTest, AControlThatCannotSayWhetherTheRegisterIsThereCountsAsAbsent) {
+  faulty.FailNext("DevicePresent", error_number::kDeviceError);
+  Answer("Ok");
+  EXPECT_FALSE(link.DeviceReady());
+  EXPECT_EQ(Errors(), (Lines{"EcrLinkX1 - 57 - Device I/O error", "Dispositivo Spento o Non Collegato !"}));
+}
+
+TEST_F(ExchangeTest, TheControlTellsNobodyOnceTheLinkIsGone) {
+  {
+    DeviceLink other(control, settings, journals, messages, portDialog, loop, clock);
+    control.Raise("200100");
+    EXPECT_EQ(other.ReplyText, "200100");
+  }
+  EXPECT_FALSE(control.Listening());
+}
+
+}  // namespace
+}  // namespace orvenza::test

@@ -1,0 +1,267 @@
+// The finished terminal program, driven as a person and a host application drive it.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "core/version.h"
+#include "program/running_program.h"
+#include "support/temp_folder.h"
+
+namespace orvenza::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr const char* kProgram = ORVENZA_PROGRAM;
+const std::string kCaption = std::string("Orvenza - ") + kVersionText;
+
+/// A shop folder without settings file, and with a register script that lets no time pass on the line.
+struct NewShop {
+  NewShop() { folder.Write("register.script", "speed instant\n"); }
+
+  Lines Command() const {
+    return {kProgram, "--folder", folder.Path(), "--simulate", folder.Path() + "/register.script"};
+  }
+
+  /// Written elsewhere and renamed, as a host does.
+  void Drop(const std::string& name, const std::string& content) const {
+    folder.Write(name + ".tmp", content);
+    std::filesystem::create_directories(folder.Native("data"));
+    std::filesystem::rename(folder.Native(name + ".tmp"), folder.Native("data\\" + name));
+  }
+
+  void Quit() const {
+    folder.Write("command.tmp", "QUIT\r\n");
+    std::filesystem::rename(folder.Native("command.tmp"), folder.Native("command.txt"));
+  }
+
+  /// A journal's messages without their stamps.
+  Lines Journal(const std::string& name) const {
+    Lines messages;
+    std::istringstream in(folder.Read(name));
+    for (std::string line; std::getline(in, line);) {
+      std::erase(line, '\r');
+      messages.push_back(line.substr(std::min(line.find(" - ") + 3, line.size())));
+    }
+    return messages;
+  }
+
+  TempFolder folder;
+};
+
+/// A shop with a settings file: ";" as separator, the ticket folder in the spelling of this system.
+struct Shop : NewShop {
+  Shop() {
+    folder.Write("Orvenza.ini", "[Version]\r\nVersion=1.06\r\n[Database]\r\nTicketFiles=" + folder.Path() +
+                                    "/data/*.txt\r\nHistoricTickets=" + folder.Path() +
+                                    "/storico\r\n[Com Settings]\r\nComPort=1\r\nSettings=19200,O,7,1\r\n"
+                                    "TimeWaitForEtx=10000\r\nTimeWaitForLONGEtx=50000\r\n"
+                                    "[General]\r\nSeparator (ascii,max 127)=59\r\n");
+  }
+};
+
+constexpr const char* kTicket = "1;Caffe' espresso;2,000;120;1;;;1;;\r\n2;1;500;\r\n";
+
+TEST(Program, TellsItsVersion) {
+  RunningProgram program({kProgram, "--version"});
+  EXPECT_EQ(program.ExitStatus(), 0);
+  EXPECT_EQ(program.Shown(), std::string("Orvenza ") + kVersionText + "\n");
+}
+
+TEST(Program, ShowsItsHelp) {
+  RunningProgram program({kProgram, "--help"});
+  EXPECT_EQ(program.ExitStatus(), 0);
+  EXPECT_TRUE(program.Shown().starts_with("Usage: Orvenza [--folder DIR] [--simulate [SCRIPT]]\n"));
+}
+
+TEST(Program, RefusesWhatItCannotStartWith) {
+  const TempFolder folder;
+  folder.Write("bad.script", "speed instant\nspeed fast\n");
+  const std::string bad = folder.Path() + "/bad.script";
+  const std::string none = folder.Path() + "/none";
+  const struct {
+    Lines options;
+    std::string reason;
+  } kRefused[] = {
+      {{},
+       "this system has no link control, so no register can be reached; use --simulate for a simulated one"},
+      {{"--nope"}, "unknown option '--nope'; see --help"},
+      {{"--folder"}, "--folder needs the name of a folder; see --help"},
+      {{"--folder", folder.Path(), "--simulate", bad}, bad + ":2: expected bits a second, or \"instant\""},
+      {{"--folder", folder.Path(), "--simulate", none}, none + ":1: expected a file that can be read"},
+      {{"--folder", bad, "--simulate"}, bad + " is not a folder"},
+  };
+  for (const auto& [options, reason] : kRefused) {
+    Lines words{kProgram};
+    words.insert(words.end(), options.begin(), options.end());
+    RunningProgram program(words);
+    EXPECT_EQ(program.ExitStatus(), 2) << reason;
+    EXPECT_EQ(program.Shown(), "Orvenza: " + reason + "\n");
+  }
+  EXPECT_FALSE(folder.Has("Orvenza.ini"));
+}
+
+TEST(Program, RefusesAFolderThatDoesNotExist) {
+  const TempFolder folder;
+  RunningProgram program({kProgram, "--folder", folder.Path() + "/none", "--simulate"});
+  EXPECT_EQ(program.ExitStatus(), 2);
+  EXPECT_NE(program.Shown().find(folder.Path() + "/none"), std::string::npos) << program.Shown();
+}
+
+TEST(Program, TheFirstStartAsksForThePortAndMakesTheShop) {
+  const NewShop shop;
+  RunningProgram program(shop.Command());
+  ASSERT_TRUE(program.Shows("Configurazione Parametri Porta COM") && program.Shows("Invio"));
+  program.Enter("1");
+  ASSERT_TRUE(program.Shows("COM16") && program.Shows("Invio"));
+  program.Enter("COM3");
+  ASSERT_TRUE(program.Shows("COM3") && program.Shows("Invio"));
+  program.Enter("");
+  ASSERT_TRUE(program.Shows(kCaption + " in funzione"));
+  shop.Quit();
+  EXPECT_EQ(program.ExitStatus(), 0);
+  EXPECT_NE(shop.folder.Read("Orvenza.ini").find("ComPort=3\r\n"), std::string::npos);
+  EXPECT_NE(shop.folder.Read("ErrDesc.ini").find("[Error Description]\r\n"), std::string::npos);
+  EXPECT_NE(shop.folder.Read("log.txt").find("Default INI !"), std::string::npos);
+  EXPECT_TRUE(shop.folder.Has("data\\inproces") && shop.folder.Has("data\\abort"));
+}
+
+TEST(Program, PrintsATicketAndArchivesIt) {
+  const Shop shop;
+  shop.folder.Write("register.script", "speed instant\npaper carta.txt\n");
+  shop.Drop("0001.txt", kTicket);
+  RunningProgram program(shop.Command());
+  ASSERT_TRUE(program.Shows("    |RESTO                               2,60\n")) << program.Shown();
+  shop.Quit();
+  ASSERT_EQ(program.ExitStatus(), 0);
+  EXPECT_EQ(shop.folder.Read("storico\\1.txt"), kTicket);
+  EXPECT_FALSE(shop.folder.Has("data\\0001.txt") || shop.folder.Has("data\\inproces\\0001.txt"));
+  EXPECT_NE(shop.folder.Read("carta.txt").find("Caffe' espresso                     2,40\n"),
+            std::string::npos);
+  EXPECT_EQ(shop.Journal("Log.txt"),
+            (Lines{std::string("Start Rel. ") + kVersionText, "Dati Cash : 00ORVSIM  01  01.00.00",
+                   "Start Scontrino", "End Scontrino", "Quit Command !", "End"}));
+}
+
+TEST(Program, TheOperatorGivesUpATicketWithARejectedLine) {
+  const Shop shop;
+  shop.Drop("0001.txt", "77;rubbish;\r\n");
+  RunningProgram program(shop.Command());
+  ASSERT_TRUE(program.Shows("Riga non valida : 77;rubbish;") && program.Shows("Invio")) << program.Shown();
+  program.Enter("3");
+  ASSERT_TRUE(program.Shows("Risposta: Abortire la stampa dello scontrino"));
+  shop.Quit();
+  EXPECT_EQ(program.ExitStatus(), 0);
+  EXPECT_EQ(shop.folder.Read("data\\abort\\0001.txt.abort.txt"), "77;rubbish;\r\n");
+  EXPECT_FALSE(shop.folder.Has("storico\\1.txt"));
+}
+
+TEST(Program, EndsByTheMenuOnceConfirmed) {
+  const Shop shop;
+  RunningProgram program(shop.Command());
+  ASSERT_TRUE(program.Shows("in funzione"));
+  program.Enter("m");
+  ASSERT_TRUE(program.Shows("[1] Esci") && program.Shows("Invio"));
+  program.Enter("Esci");
+  ASSERT_TRUE(program.Shows("Sei sicuro ?") && program.Shows("Invio"));
+  program.Enter("Si");
+  EXPECT_TRUE(program.Shows(kCaption + " terminato."));
+  EXPECT_EQ(program.ExitStatus(), 0);
+  EXPECT_EQ(shop.Journal("Log.txt").back(), "End");
+}
+
+TEST(Program, StaysWhenTheEndIsNotConfirmed) {
+  const Shop shop;
+  RunningProgram program(shop.Command());
+  ASSERT_TRUE(program.Shows("in funzione"));
+  program.Enter("m");
+  ASSERT_TRUE(program.Shows("[1] Esci") && program.Shows("Invio"));
+  program.Enter("1");
+  ASSERT_TRUE(program.Shows("Sei sicuro ?") && program.Shows("Invio"));
+  program.Enter("No");
+  ASSERT_TRUE(program.Shows("Risposta: No"));
+  shop.Drop("0001.txt", kTicket);
+  EXPECT_TRUE(program.Shows("SCONTRINO N. 1")) << program.Shown();
+}
+
+TEST(Program, TheHostEndsItByCommandFile) {
+  const Shop shop;
+  shop.Quit();
+  RunningProgram program(shop.Command());
+  EXPECT_EQ(program.ExitStatus(), 0);
+  EXPECT_TRUE(program.Shows(kCaption + " terminato."));
+  EXPECT_FALSE(shop.folder.Has("command.txt"));
+}
+
+TEST(Program, ASecondOneInTheSameFolderIsRefused) {
+  const Shop shop;
+  RunningProgram first(shop.Command());
+  ASSERT_TRUE(first.Shows("in funzione"));
+  const std::string logBefore = shop.folder.Read("Log.txt");
+  RunningProgram second(shop.Command());
+  ASSERT_TRUE(second.Shows("Programma già in esecuzione !") && second.Shows("Invio")) << second.Shown();
+  second.Enter("");
+  EXPECT_EQ(second.ExitStatus(), 0);
+  EXPECT_EQ(shop.Journal("error.txt"), Lines{"Programma già in esecuzione !"});
+  EXPECT_EQ(shop.folder.Read("Log.txt").substr(0, logBefore.size()), logBefore);
+  EXPECT_EQ(second.Shown().find("in funzione"), std::string::npos);
+  shop.Drop("0001.txt", kTicket);
+  EXPECT_TRUE(first.Shows("SCONTRINO N. 1")) << first.Shown();
+}
+
+TEST(Program, ASecondOneInAnotherFolderRuns) {
+  const Shop shop;
+  const Shop other;
+  RunningProgram first(shop.Command());
+  RunningProgram second(other.Command());
+  EXPECT_TRUE(first.Shows("in funzione") && second.Shows("in funzione"));
+}
+
+TEST(Program, GoesOnPrintingWhenItsInputEnds) {
+  const Shop shop;
+  RunningProgram program(shop.Command());
+  ASSERT_TRUE(program.Shows("in funzione"));
+  program.CloseInput();
+  shop.Drop("0001.txt", kTicket);
+  EXPECT_TRUE(program.Shows("SCONTRINO N. 1")) << program.Shown();
+  shop.Quit();
+  EXPECT_EQ(program.ExitStatus(), 0);
+}
+
+TEST(Program, ADialogThatNobodyCanAnswerClosesByItself) {
+  const NewShop shop;
+  RunningProgram program(shop.Command());
+  program.CloseInput();
+  EXPECT_TRUE(program.Shows("Configurazione Parametri Porta COM"));
+  EXPECT_TRUE(program.Shows("Chiuso senza risposta."));
+  EXPECT_TRUE(program.Shows("in funzione")) << program.Shown();
+}
+
+TEST(Program, SignalsEndItInGoodOrder) {
+  for (const int signal : {SIGTERM, SIGINT}) {
+    const Shop shop;
+    RunningProgram program(shop.Command());
+    ASSERT_TRUE(program.Shows("in funzione"));
+    program.Send(signal);
+    EXPECT_TRUE(program.Shows(kCaption + " terminato."));
+    EXPECT_EQ(program.ExitStatus(), 0) << signal;
+    EXPECT_EQ(shop.Journal("Log.txt").back(), "End");
+  }
+}
+
+TEST(Program, ASignalEndsItWhileADialogWaits) {
+  const NewShop shop;
+  RunningProgram program(shop.Command());
+  ASSERT_TRUE(program.Shows("Configurazione Parametri Porta COM") && program.Shows("Invio"));
+  program.Send(SIGTERM);
+  EXPECT_EQ(program.ExitStatus(), 0);
+  EXPECT_EQ(shop.Journal("Log.txt").back(), "End");
+}
+
+}  // namespace
+}  // namespace orvenza::test

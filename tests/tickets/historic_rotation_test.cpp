@@ -1,0 +1,224 @@
+#include "tickets/historic_rotation.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include "core/journals.h"
+#include "platform/failure_of.h"
+#include "support/shop.h"
+
+namespace orvenza::test {
+namespace {
+
+using namespace std::chrono_literals;
+using Lines = Shop::Lines;
+using Date = std::chrono::year_month_day;
+
+constexpr Date kToday{2026y / 11 / 16};  // the virtual clock's, at nine o'clock
+constexpr Date kYesterday{2026y / 11 / 15};
+
+/// Noon, which is the same day in every European time zone.
+std::int64_t NoonOf(Date date) {
+  return (std::chrono::sys_days(date) + 12h).time_since_epoch() / std::chrono::seconds(1);
+}
+
+void KeepInHistoric(const Shop& shop, const std::string& name, Date date) {
+  shop.folder.Write("storico\\" + name, name);
+  shop.folder.SetModified("storico\\" + name, NoonOf(date));
+}
+
+/// The rotation alone, in a shop whose connector does not run.
+class RotationTest : public ::testing::Test {
+ protected:
+  RotationTest() {
+    settings.TicketMask = "*.txt";
+    settings.HistoricFolder = shop.folder.Path("storico\\");
+    settings.ErrPath = shop.folder.Path("Err.txt");
+  }
+
+  void Keep(const std::string& name, Date date) { KeepInHistoric(shop, name, date); }
+  void MakeFolder(const std::string& name) { std::filesystem::create_directories(shop.folder.Native(name)); }
+  void Rotate() { RotateHistoricFolder(shop.folders, shop.clock, journals, settings); }
+
+  /// The folders of the shop, sorted.
+  Lines FoldersInShop() {
+    Lines names;
+    for (const auto& entry : std::filesystem::directory_iterator(shop.folder.Native(""))) {
+      if (entry.is_directory()) names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  Shop shop;
+  AppSettings settings;
+  Journals journals{shop.files, shop.clock, settings, shop.folder.Path()};
+};
+
+TEST_F(RotationTest, LeavesAFolderWhoseNewestTicketIsFromToday) {
+  Keep("1.txt", kYesterday);
+  Keep("2.txt", kToday);
+  Keep("3.txt", kYesterday);
+  Rotate();
+  EXPECT_EQ(FoldersInShop(), Lines{"storico"});
+  EXPECT_EQ(shop.Names("storico"), (Lines{"1.txt", "2.txt", "3.txt"}));
+}
+
+TEST_F(RotationTest, RenamesAFolderByTheDayOfItsNewestTicketAndMakesItAgain) {
+  Keep("1.txt", 2024y / 2 / 29);
+  Keep("2.txt", 2024y / 3 / 3);
+  Keep("3.txt", 2023y / 12 / 31);
+  Rotate();
+  EXPECT_EQ(FoldersInShop(), (Lines{"storico", "storico_20240303"}));
+  EXPECT_EQ(shop.Names("storico"), Lines{});
+  EXPECT_EQ(shop.Names("storico_20240303"), (Lines{"1.txt", "2.txt", "3.txt"}));
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST_F(RotationTest, AppendsTheTimeOfDayWhereTheDatedFolderExists) {
+  Keep("1.txt", kYesterday);
+  MakeFolder("storico_20261115");
+  shop.clock.Advance(5s);
+  Rotate();
+  EXPECT_EQ(FoldersInShop(), (Lines{"storico", "storico_20261115", "storico_20261115_090005"}));
+  EXPECT_EQ(shop.Names("storico_20261115_090005"), Lines{"1.txt"});
+}
+
+TEST_F(RotationTest, AppendsTheTimeOfDayAlsoBesideFoldersThatHaveOneAlready) {
+  Keep("1.txt", kYesterday);
+  MakeFolder("storico_20261115_070000");
+  Rotate();
+  EXPECT_EQ(FoldersInShop(), (Lines{"storico", "storico_20261115_070000", "storico_20261115_090000"}));
+}
+
+TEST_F(RotationTest, RenamesAnEmptyFolderByTheDateZero) {
+  MakeFolder("storico");
+  Rotate();
+  EXPECT_EQ(FoldersInShop(), (Lines{"storico", "storico_18991230"}));
+}
+
+TEST_F(RotationTest, CountsOnlyFilesOfTheMaskAndMovesTheOthersAlong) {
+  Keep("1.txt", kYesterday);
+  Keep("notes.doc", kToday);
+  Rotate();
+  EXPECT_EQ(FoldersInShop(), (Lines{"storico", "storico_20261115"}));
+  EXPECT_EQ(shop.Names("storico_20261115"), (Lines{"1.txt", "notes.doc"}));
+}
+
+TEST_F(RotationTest, AFolderWithoutAnyFileOfTheMaskHasTheDateZero) {
+  Keep("notes.doc", kToday);
+  Rotate();
+  EXPECT_EQ(FoldersInShop(), (Lines{"storico", "storico_18991230"}));
+}
+
+TEST_F(RotationTest, GivesTheSameNameWithoutATrailingBackslash) {
+  settings.HistoricFolder = shop.folder.Path("storico");
+  settings.TicketMask = "\\*.txt";  // the mask follows the path directly
+  Keep("1.txt", kYesterday);
+  Rotate();
+  EXPECT_EQ(FoldersInShop(), (Lines{"storico", "storico_20261115"}));
+}
+
+TEST_F(RotationTest, DoesNothingForAMissingFolder) {
+  Rotate();
+  EXPECT_EQ(FoldersInShop(), Lines{});
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST_F(RotationTest, DoesNothingForAnEmptyPath) {
+  settings.HistoricFolder = "";
+  MakeFolder("storico");
+  Rotate();
+  EXPECT_EQ(FoldersInShop(), Lines{"storico"});
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST_F(RotationTest, AFolderInUseIsPassedOnWithNothingChanged) {
+  Keep("1.txt", kYesterday);
+  shop.folders.FailNext("Rename", error_number::kPathFileAccess);
+  EXPECT_EQ(FailureOf([&] { Rotate(); }), "75 Path/File access error ( " + settings.HistoricFolder + " )");
+  EXPECT_EQ(FoldersInShop(), Lines{"storico"});
+  EXPECT_NE(settings.HistoricFolder, "");
+}
+
+TEST_F(RotationTest, ArchivingIsOffWhereTheFolderCannotBeMadeAgain) {
+  Keep("1.txt", kYesterday);
+  const std::string historic = settings.HistoricFolder;
+  shop.folders.FailNext("Create", error_number::kPermissionDenied);
+  Rotate();
+  EXPECT_EQ(FoldersInShop(), Lines{"storico_20261115"});
+  EXPECT_EQ(settings.HistoricFolder, "");
+  EXPECT_EQ(shop.Err(), (Lines{"CreateAllDirs 70 - Permission denied ( " + shop.folder.Path("storico )"),
+                               "Errore creazione cartella storico scontrini : " + historic}));
+}
+
+// The rotation at start-up.
+
+/// Seconds of the connector's life at which the historic folder was to be renamed.
+std::vector<long> RenamesOf(Shop& shop) {
+  std::vector<long> tries;
+  shop.folders.Before("Rename", [&](const std::string&) { tries.push_back(shop.clock.Uptime() / 1s); });
+  shop.Run();
+  return tries;
+}
+
+std::string RenameLine(const Shop& shop) {
+  return "Main - Tentativo di rinominare cartella scontrini storici : " + shop.Spelled("storico\\");
+}
+
+TEST(RotationAtStartUp, RunsOnceBeforeAnyTicketIsArchived) {
+  Shop shop;
+  KeepInHistoric(shop, "7.txt", kYesterday);
+  shop.Drop("ticket.txt", {"0;1;"});
+  EXPECT_EQ(RenamesOf(shop), std::vector<long>{0});
+  EXPECT_EQ(shop.Names("storico_20261115"), Lines{"7.txt"});
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+}
+
+TEST(RotationAtStartUp, TriesAgainEverySecondWhileTheFolderIsInUse) {
+  Shop shop;
+  KeepInHistoric(shop, "7.txt", kYesterday);
+  shop.folders.FailNext("Rename", error_number::kPathFileAccess);
+  shop.folders.FailNext("Rename", error_number::kPathFileAccess);
+  EXPECT_EQ(RenamesOf(shop), (std::vector<long>{0, 1, 2}));
+  EXPECT_EQ(shop.Err(), (Lines{RenameLine(shop), RenameLine(shop)}));
+  EXPECT_EQ(shop.Names("storico_20261115"), Lines{"7.txt"});
+}
+
+TEST(RotationAtStartUp, GoesOnAfterFiveRetries) {
+  Shop shop;
+  KeepInHistoric(shop, "7.txt", kYesterday);
+  shop.folders.FailAlways("Rename", "storico", error_number::kPathFileAccess);
+  shop.Drop("ticket.txt", {"0;1;"});
+  EXPECT_EQ(RenamesOf(shop), (std::vector<long>{0, 1, 2, 3, 4, 5}));
+  EXPECT_EQ(shop.Err(), Lines(6, RenameLine(shop)));
+  EXPECT_EQ(shop.Names("storico"), (Lines{"7.txt", "8.txt"})) << "tickets join the older ones";
+}
+
+TEST(RotationAtStartUp, AnyOtherFailureIsLoggedOnceAndPassedOver) {
+  Shop shop;
+  KeepInHistoric(shop, "7.txt", kYesterday);
+  shop.folders.FailAlways("Rename", "storico", error_number::kPermissionDenied);
+  shop.Drop("ticket.txt", {"0;1;"});
+  EXPECT_EQ(RenamesOf(shop), std::vector<long>{0});
+  EXPECT_EQ(shop.Err(), Lines{"Main_Load - 70 - Permission denied ( " + shop.Spelled("storico\\") + " )"});
+  EXPECT_EQ(shop.Names("storico"), (Lines{"7.txt", "8.txt"}));
+}
+
+TEST(RotationAtStartUp, PrintedTicketsAreDeletedWhereTheFolderCannotBeMadeAgain) {
+  Shop shop;
+  KeepInHistoric(shop, "7.txt", kYesterday);
+  shop.folders.FailAlways("Create", "storico", error_number::kPermissionDenied);
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_FALSE(shop.folder.Has("storico"));
+  EXPECT_EQ(shop.Names("data\\inproces"), Lines{});
+  EXPECT_EQ(shop.Names("data\\abort"), Lines{});
+}
+
+}  // namespace
+}  // namespace orvenza::test

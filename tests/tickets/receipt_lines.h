@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "support/shop.h"
+
+namespace orvenza::test {
+
+// Lines of tickets with ";" as separator, the commands they become, and what the operator may choose.
+
+/// The command of an item of 1,00 with this description of at most 16 characters.
+inline std::string ItemCommand(const std::string& description) {
+  return "100301" + std::string(40, ' ') + description + std::string(16 - description.size(), ' ') +
+         "0001000" + "1" + "000000100" + "01";
+}
+
+inline std::string ItemLineOf(const std::string& description, char separator = ';') {
+  std::string line = "1;" + description + ";1,000;100;1;;;1;;";
+  std::replace(line.begin(), line.end(), ';', separator);
+  return line;
+}
+
+inline const std::string kCoffee = ItemLineOf("CAFFE");
+inline const std::string kCoffeeCommand = ItemCommand("CAFFE");
+inline const std::string kPayment = "2;1;100;";
+inline const std::string kPaymentCommand = "103601000000100";
+
+inline const std::string kPrinted = "Scontrino stampato, continuare";
+inline const std::string kReprint = "Ristampare lo scontrino ( annullare automaticamente )";
+inline const std::string kGiveUp = "Abortire la stampa dello scontrino";
+inline const std::string kAnswered = "Risposta Operatore : ";
+/// The dialog is closed without a choice.
+inline const std::string kClosed = "close";
+
+/// Every command since start-up, the status queries before and between the lines included.
+inline Shop::Lines SentAfterStartUp(const Shop& shop) {
+  const Shop::Lines sent = shop.Sent();
+  return {sent.begin() + 2, sent.end()};
+}
+
+}  // namespace orvenza::test

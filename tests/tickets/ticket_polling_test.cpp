@@ -1,0 +1,337 @@
+#include "tickets/ticket_polling.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/shop.h"
+
+namespace orvenza::test {
+namespace {
+
+using namespace std::chrono_literals;
+using Lines = Shop::Lines;
+using Times = std::vector<long>;
+
+/// A new ticket of one command, "1051" and `number`, modified at second `stamp`.
+void DropAt(Shop& shop, const std::string& name, int number, std::int64_t stamp) {
+  shop.Drop(name, {"0;" + std::to_string(number) + ";"});
+  shop.folder.SetModified("data\\" + name, stamp);
+}
+
+/// The same, left in the in-process folder by an earlier run.
+void LeaveInProcess(Shop& shop, const std::string& name, int number, std::int64_t stamp) {
+  shop.folder.Write("data\\inproces\\" + name, "0;" + std::to_string(number) + ";\r\n");
+  shop.folder.SetModified("data\\inproces\\" + name, stamp);
+}
+
+/// What is in the folders of tickets, new ones first.
+Lines Waiting(const Shop& shop) {
+  Lines names = shop.Names("data");
+  for (const std::string& name : shop.Names("data\\inproces")) names.push_back("inproces\\" + name);
+  return names;
+}
+
+// Order.
+
+TEST(Polling, TakesTheOldestTicketFirstWhateverTheNames) {
+  Shop shop;
+  DropAt(shop, "a.txt", 3, 3000);
+  DropAt(shop, "b.txt", 1, 1000);
+  DropAt(shop, "c.txt", 2, 2000);
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102", "105103"}));
+  EXPECT_EQ(shop.folder.Read("storico\\1.txt"), "0;1;\r\n");
+  EXPECT_EQ(shop.folder.Read("storico\\3.txt"), "0;3;\r\n");
+}
+
+TEST(Polling, TakesTicketsOfOneSecondByNameWithoutLetterCase) {
+  Shop shop;
+  DropAt(shop, "C.txt", 4, 1000);
+  DropAt(shop, "b.txt", 3, 1000);
+  DropAt(shop, "a.txt", 1, 1000);
+  DropAt(shop, "B.TXT", 2, 1000);
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102", "105103", "105104"}));
+}
+
+TEST(Polling, TakesWhatAnEarlierRunLeftBeforeAnyNewTicket) {
+  Shop shop;
+  DropAt(shop, "a.txt", 3, 1000);
+  LeaveInProcess(shop, "z.txt", 2, 3000);
+  LeaveInProcess(shop, "y.txt", 1, 2000);
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102", "105103"}));
+  EXPECT_EQ(shop.SentAt("105101"), Times{500}) << "on the first tick";
+}
+
+TEST(Polling, TakesOneTicketATick) {
+  Shop shop;
+  shop.Drop("a.txt", {"0;1;"});
+  shop.Drop("b.txt", {"0;2;"});
+  shop.After(1700ms, [&] { shop.Drop("c.txt", {"0;3;"}); });
+  shop.Run();
+  EXPECT_EQ(shop.SentAt("1051"), (Times{500, 1000, 2000}));
+}
+
+TEST(Polling, TicksDoNotOverlapHoweverLongATicketTakes) {
+  Shop shop("on 1051 late 4200");
+  shop.Drop("a.txt", {"0;1;"});
+  shop.Drop("b.txt", {"0;2;"});
+  shop.Run();
+  EXPECT_EQ(shop.SentAt("1051"), (Times{500, 5200}));
+}
+
+TEST(Polling, SendsNothingWhileThereIsNoTicket) {
+  Shop shop;
+  shop.Run(1min);
+  EXPECT_EQ(shop.Sent(), (Lines{"321700", "199900"})) << "the queries of start-up";
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST(Polling, TakesOnlyFilesOfTheMask) {
+  Shop shop;
+  shop.Configure("Database", "TicketFiles", shop.folder.Path("data\\t*.dat"));
+  shop.Drop("t1.dat", {"0;1;"});
+  shop.Drop("t2.txt", {"0;2;"});
+  shop.Drop("x3.dat", {"0;3;"});
+  shop.folder.Write("data\\t4.dat\\inside.dat", "a folder of the mask");
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.dat"});
+  EXPECT_EQ(Waiting(shop), (Lines{"t2.txt", "x3.dat"}));
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+// Taking a ticket in.
+
+TEST(TakingIn, MovesTheTicketThroughTheInProcessFolder) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  Lines whilePrinting;
+  shop.link.SetObserver([&](LineEvent, const std::string& text) {
+    if (text == "105101") whilePrinting = Waiting(shop);
+  });
+  shop.Run();
+  EXPECT_EQ(whilePrinting, Lines{"inproces\\ticket.txt"});
+  EXPECT_EQ(Waiting(shop), Lines{});
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+}
+
+TEST(TakingIn, MakesAReadOnlyTicketWritableBeforeItIsDeleted) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  const std::string source = shop.Spelled("data\\ticket.txt");
+  shop.Hold(source);
+  shop.files.Before("ClearAttributes", [&](const std::string& path) {
+    if (path == source) shop.files.Heal();
+  });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(Waiting(shop), Lines{});
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST(TakingIn, ATicketThatVanishesBeforeItIsTakenIsPassedOver) {
+  Shop shop;
+  shop.Drop("a.txt", {"0;1;"});
+  shop.Drop("b.txt", {"0;2;"});
+  shop.files.Before("Move",
+                    [&](const std::string&) { std::filesystem::remove(shop.folder.Native("data\\a.txt")); });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105102"});
+  EXPECT_EQ(shop.Err(), Lines{"Timer1 - 53 - File not found ( " + shop.Spelled("data\\a.txt )")});
+}
+
+TEST(TakingIn, ATicketThatVanishesAfterItsCopyIsPrinted) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.files.FailNext("Move", error_number::kPermissionDenied);
+  shop.files.Before("Exists", [&](const std::string& path) {
+    if (path == shop.Spelled("data\\ticket.txt"))
+      std::filesystem::remove(shop.folder.Native("data\\ticket.txt"));
+  });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST(TakingIn, CopiesATicketThatCannotBeMoved) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.files.FailAlways("Move", "", error_number::kPathFileAccess);
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(Waiting(shop), Lines{});
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST(TakingIn, AFullDiskLeavesTheTicketUntilThereIsRoom) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.Fill("inproces");
+  Lines waiting;
+  shop.After(1200ms, [&] {
+    waiting = Waiting(shop);
+    shop.files.Heal();
+  });
+  shop.Run();
+  const std::string line = "Timer1 - 61 - Disk full ( " + shop.Spelled("data\\ticket.txt )");
+  EXPECT_EQ(shop.Err(), (Lines{line, line}));
+  EXPECT_EQ(waiting, Lines{"ticket.txt"});
+  EXPECT_EQ(shop.SentAt("1051"), Times{1500});
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+}
+
+TEST(TakingIn, ASourceThatCannotBeRemovedIsPrintedOnlyOnce) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.Hold("data\\ticket.txt");
+  shop.After(10s, [&] { shop.Drop("other.txt", {"0;2;"}); });
+  shop.Run(60s);
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
+  EXPECT_EQ(Waiting(shop), Lines{"ticket.txt"});
+  EXPECT_EQ(shop.Err(), Lines{"Timer1 - 70 - Permission denied ( " + shop.Spelled("data\\ticket.txt )")});
+}
+
+TEST(TakingIn, ASourceThatCannotBeRemovedGoesWhenItCan) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.Hold("data\\ticket.txt");
+  shop.After(10s, [&] { shop.files.Heal(); });
+  shop.Run();
+  EXPECT_EQ(Waiting(shop), Lines{});
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(shop.Err().size(), 1U);
+}
+
+TEST(TakingIn, ANewTicketOverASourceThatCouldNotBeRemovedIsPrinted) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.Hold("data\\ticket.txt");
+  shop.After(10s, [&] { shop.Drop("ticket.txt", {"0;2;"}); });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
+}
+
+TEST(TakingIn, APrintedSourceThatCouldNotBeRemovedDoesNotCountAsWaiting) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.Hold("data\\ticket.txt");
+  shop.Answer("Chiusura Fiscale");
+  shop.Answer("Sì");
+  shop.After(10s, [&] { shop.UseMenu(MenuItem::kUtilities); });
+  shop.Run();
+  EXPECT_EQ(shop.DialogTexts(), (Lines{"", "Confermi la Richiesta di Chiusura Fiscale ?"}));
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "300101"}));
+}
+
+// Folders that are missing or cannot be read.
+
+TEST(PolledFolders, AnInProcessFolderRemovedWhileRunningIsMadeAgain) {
+  Shop shop;
+  shop.After(5200ms, [&] { std::filesystem::remove_all(shop.folder.Native("data\\inproces")); });
+  shop.After(5300ms, [&] { shop.Drop("ticket.txt", {"0;1;"}); });
+  shop.Run();
+  EXPECT_EQ(shop.SentAt("1051"), Times{5500});
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST(PolledFolders, AMissingTicketFolderIsLoggedAndPollingGoesOnWhenItComesBack) {
+  Shop shop;
+  const auto data = shop.folder.Native("data");
+  const auto elsewhere = shop.folder.Native("elsewhere");
+  shop.After(5200ms, [&] { std::filesystem::rename(data, elsewhere); });
+  shop.After(5700ms, [&] { std::filesystem::rename(elsewhere, data); });
+  shop.After(5800ms, [&] { shop.Drop("ticket.txt", {"0;1;"}); });
+  shop.Run();
+  EXPECT_EQ(shop.Err(), (Lines{"Timer1 - 76 - Path not found ( " + shop.Spelled("data\\") + " )",
+                               "Timer1 - 76 - Path not found ( " + shop.Spelled("data\\inproces\\") + " )"}));
+  EXPECT_EQ(shop.SentAt("1051"), Times{6000});
+}
+
+TEST(PolledFolders, ANewTicketDoesNotReplaceALeftoverThatCannotBeListed) {
+  Shop shop;
+  LeaveInProcess(shop, "ticket.txt", 1, 2000);
+  DropAt(shop, "ticket.txt", 2, 1000);
+  shop.folders.FailAlways("ListFolder", "inproces", error_number::kPathFileAccess);
+  Lines sentBefore{"not asked"};
+  shop.After(5200ms, [&] {
+    sentBefore = shop.SentForTickets();
+    shop.folders.Heal();
+  });
+  shop.Run();
+  EXPECT_EQ(sentBefore, Lines{});
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
+}
+
+TEST(PolledFolders, LeftoversArePrintedWhileTheNewTicketsCannotBeListed) {
+  Shop shop;
+  LeaveInProcess(shop, "ticket.txt", 1, 1000);
+  shop.folders.FailNext("ListFolder", error_number::kPathFileAccess);
+  shop.Run();
+  EXPECT_EQ(shop.SentAt("1051"), Times{500});
+  EXPECT_EQ(shop.Err().size(), 1U);
+}
+
+TEST(PolledFolders, ALeftoverIsNotPrintedFromAnOldList) {
+  Shop shop;
+  LeaveInProcess(shop, "ticket.txt", 1, 1000);
+  shop.After(700ms, [&] {
+    shop.folders.FailAlways("ListFolder", "", error_number::kPathFileAccess);
+    LeaveInProcess(shop, "ticket.txt", 2, 1000);
+  });
+  shop.Run(5s);
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+}
+
+// Files of several tickets.
+
+const Lines kThreeTickets = {"0;1;", "4;1;", "0;2;", "4;2;", "0;3;", "4;3;"};
+/// A void without a receipt is refused; here it is only the record that closes a ticket.
+const char* const kVoidsAccepted = "on 1028 x* reply 102800";
+
+TEST(FileParser, MakesThreeFilesOfThreeTicketsAndPrintsOneATick) {
+  Shop shop(kVoidsAccepted);
+  shop.Configure("General", "File Parser", "1");
+  shop.Drop("ticket.txt", kThreeTickets);
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "102801", "105102", "102802", "105103", "102803"}));
+  EXPECT_EQ(shop.SentAt("1051"), (Times{500, 1000, 1500}));
+  EXPECT_EQ(shop.Names("storico"), (Lines{"1.txt", "2.txt", "3.txt"}));
+  EXPECT_EQ(shop.folder.Read("storico\\2.txt"), "0;2;\r\n4;2;\r\n");
+  EXPECT_EQ(Waiting(shop), Lines{});
+}
+
+TEST(FileParser, AlsoSplitsAFileLeftInTheInProcessFolder) {
+  Shop shop(kVoidsAccepted);
+  shop.Configure("General", "File Parser", "1");
+  shop.folder.Write("data\\inproces\\ticket.txt", Shop::Joined(kThreeTickets));
+  shop.Run();
+  EXPECT_EQ(shop.Names("storico"), (Lines{"1.txt", "2.txt", "3.txt"}));
+}
+
+TEST(FileParser, ProcessesAFileOfThreeTicketsAsOneWhenItIsOff) {
+  Shop shop(kVoidsAccepted);
+  shop.Drop("ticket.txt", kThreeTickets);
+  shop.Run();
+  EXPECT_EQ(shop.SentAt("1051"), (Times{500, 500, 500}));
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+  EXPECT_EQ(shop.folder.Read("storico\\1.txt"), Shop::Joined(kThreeTickets));
+}
+
+TEST(FileParser, AFileThatCannotBeSplitIsNotPrintedUntilItCan) {
+  Shop shop(kVoidsAccepted);
+  shop.Configure("General", "File Parser", "1");
+  shop.Drop("ticket.txt", kThreeTickets);
+  shop.After(100ms, [&] { shop.files.FailNth("Write", 2, error_number::kDiskFull); });
+  shop.Run();
+  EXPECT_EQ(shop.Err(), Lines{"Timer1 - 61 - Disk full ( " + shop.Spelled("data\\inproces\\ticket2.txt )")});
+  EXPECT_EQ(shop.SentAt("1051"), (Times{1000, 1500, 2000}));
+  EXPECT_EQ(shop.Names("storico"), (Lines{"1.txt", "2.txt", "3.txt"}));
+}
+
+}  // namespace
+}  // namespace orvenza::test

@@ -1,0 +1,62 @@
+#!/usr/bin/env bash
+# Checks that the include lines keep the plan of the house: tools/check_includes.sh [ROOT]. Every finding is
+# one line, and any finding fails.
+#
+#   - a room includes itself and the rooms below it, written as "room/file.h";
+#   - headers of an operating system stand only below posix/, windows/ and terminal/, and so do includes of
+#     those folders;
+#   - no test of the operating system outside posix/ and windows/.
+set -euo pipefail
+cd "${1:-$(dirname "$0")/..}/src"
+
+find . \( -name '*.cpp' -o -name '*.h' \) -print | sed 's|^\./||' | LC_ALL=C sort | {
+  findings=0
+  files=0
+  while IFS= read -r file; do
+    files=$((files + 1))
+    awk -v file="$file" '
+      BEGIN {
+        below["platform"]  = " platform "
+        below["core"]      = " core" below["platform"]
+        below["ui"]        = " ui" below["core"]
+        below["device"]    = " device" below["ui"]
+        below["tickets"]   = " tickets" below["device"]
+        below["simulator"] = " simulator" below["device"]
+        below["app"]       = " app simulator" below["tickets"]
+        room = file
+        sub(/\/.*/, "", room)
+        bySystem = file ~ /\/(posix|windows)\//
+        ofSystem = bySystem || file ~ /\/terminal\//
+        if (!(room in below)) find("lies in no room of the house")
+      }
+      function find(what) {
+        printf "%s:%d: %s\n", file, NR, what
+        findings++
+      }
+      { sub(/\r$/, "") }
+      /^[ \t]*#[ \t]*include[ \t]*"/ {
+        name = $0
+        sub(/^[^"]*"/, "", name)
+        sub(/".*/, "", name)
+        used = name
+        if (!sub(/\/.*/, "", used)) find("\"" name "\" names no room")
+        else if (index(below[room], " " used " ") == 0) find(room " must not include \"" name "\"")
+        else if (name ~ /\/(posix|windows|terminal)\// && !ofSystem)
+          find("\"" name "\" belongs to one system")
+      }
+      # The standard headers of C++ have no extension and no folder.
+      /^[ \t]*#[ \t]*include[ \t]*</ {
+        name = $0
+        sub(/^[^<]*</, "", name)
+        sub(/>.*/, "", name)
+        if (name ~ /[.\/]/ && !ofSystem) find("<" name "> belongs to one system")
+      }
+      /^[ \t]*#[ \t]*(if|ifdef|ifndef|elif)[ \t(!]/ && /(_WIN32|_WIN64|_MSC_VER|__linux__|__unix__|__APPLE__|__MINGW)/ {
+        if (!bySystem) find("asks which system it is")
+      }
+      END { exit (findings > 0) }
+    ' "$file" || findings=1
+  done
+  [ $files -gt 0 ] || { echo "no sources to check"; findings=1; }
+  exit $findings
+}
