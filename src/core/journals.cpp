@@ -55,6 +55,8 @@ void Journals::Write(const std::string& path, std::string& message, std::string_
     } catch (const SystemError&) {
       // Nowhere left to write: the caller must not suffer for it.
     }
+  } catch (const std::exception&) {
+    // No memory for a line: no caller could do better.
   }
 }
 

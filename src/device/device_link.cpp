@@ -1,5 +1,6 @@
 #include "device/device_link.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "core/catalogue.h"
@@ -14,6 +15,10 @@ using namespace std::chrono_literals;
 
 constexpr const char* kFailureLabel = "EcrLinkX1 - ";
 constexpr int kPresenceReads = 3;
+constexpr std::size_t kCodeLength = 4;
+constexpr double kSecondsPerDay = 86400;
+/// Longest time, in seconds, that the end of the program waits for a reply.
+constexpr double kLongestHold = 60;
 
 }  // namespace
 
@@ -144,33 +149,40 @@ void DeviceLink::Exchange(const std::string& command, double replyWait) {
 void DeviceLink::Transmit(const std::string& command, double replyWait) {
   loop_.Dispatch();  // a reply that came too late must not pass for the reply to this command
   ReplyArrived = false;
+  waiting_ = true;
   const bool sent = journals_.Attempt(kFailureLabel, [&] {
     control_.SetMessage(command);
     control_.Send();
   });
-  if (sent) {
-    WaitReply(replyWait);
-  } else {
-    ReplyText.clear();
-  }
+  const bool replied = sent && WaitReply(replyWait, std::string_view(command).substr(0, kCodeLength));
+  waiting_ = false;
+  if (!replied) ReplyText.clear();
 }
 
-void DeviceLink::WaitReply(double replyWait) {
-  // The time of day starts again at midnight: a wait begun just before ends only with a reply, on purpose.
+bool DeviceLink::WaitReply(double replyWait, std::string_view code) {
+  // The time of day starts again at midnight: an ordinary wait begun just before ends only with a reply, on
+  // purpose. Otherwise the wait is measured by a clock that nobody sets.
+  const bool endless = replyWait == kReplyWait && clock_.SecondsSinceMidnight() + replyWait >= kSecondsPerDay;
+  const auto deadline = clock_.Uptime() + std::chrono::duration<double>(replyWait);
   // The end of the program is held back while the register may still answer, so that no command is left in
   // doubt.
-  const auto deadline = static_cast<float>(clock_.SecondsSinceMidnight() + replyWait);
-  const auto held = clock_.Uptime() + std::chrono::duration<double>(replyWait);
-  while (!ReplyArrived) {
+  const auto held = clock_.Uptime() + std::chrono::duration<double>(std::min(replyWait, kLongestHold));
+  for (;;) {
     loop_.Dispatch();
-    if (ReplyArrived) return;
-    if (static_cast<float>(clock_.SecondsSinceMidnight()) >= deadline) {
-      ReplyText.clear();
-      return;
-    }
+    if (ReplyArrived && !DropLateReply(code)) return true;
+    if (!endless && clock_.Uptime() >= deadline) break;
     if (clock_.Uptime() >= held) loop_.CheckEnd();
-    loop_.Slice();
+    if (!ReplyArrived) loop_.Slice();
   }
+  ++unanswered_;
+  return false;
+}
+
+bool DeviceLink::DropLateReply(std::string_view code) {
+  if (unanswered_ == 0 || IsErrorReply(ReplyText) || ReplyText.starts_with(code)) return false;
+  --unanswered_;
+  ReplyArrived = false;
+  return true;
 }
 
 void DeviceLink::ReplyReceived() {
@@ -180,6 +192,7 @@ void DeviceLink::ReplyReceived() {
 }
 
 void DeviceLink::Arrived(std::string reply) {
+  if (!waiting_ && unanswered_ > 0) --unanswered_;  // the late reply to a command given up
   ReplyText = std::move(reply);
   ReplyArrived = true;
 }

@@ -82,7 +82,8 @@ class DeviceLink : private EcrLinkEvents {
   void Configure();
   void AskAboutClosedPort();
   void SetPort(bool open);
-  void WaitReply(double replyWait);
+  bool WaitReply(double replyWait, std::string_view code);
+  bool DropLateReply(std::string_view code);
 
   EcrLink& control_;
   const AppSettings& settings_;
@@ -93,6 +94,8 @@ class DeviceLink : private EcrLinkEvents {
   const Clock& clock_;
   int endOfTextWait_ = 0;
   bool reapply_ = false;
+  bool waiting_ = false;  ///< A command is under way.
+  int unanswered_ = 0;    ///< Commands given up whose replies may still come.
 };
 
 }  // namespace orvenza

@@ -45,16 +45,17 @@ std::vector<std::string> ReadLogoRows(const Files& files, const std::string& pat
   return rows;
 }
 
-bool LogoDownload::Download(int number, const std::string& path, const std::string& commandLine) {
+bool LogoDownload::Download(int number, const std::string& path, const std::string& commandLine,
+                            const std::function<void()>& givenUp) {
   std::vector<std::string> rows;
   const bool read = journals_.Attempt("Trasmissione ", [&] { rows = ReadLogoRows(files_, path); });
-  if (read && SendRows(number, rows, commandLine)) return true;
+  if (read && SendRows(number, rows, commandLine, givenUp)) return true;
   messages_.ShowOperatorMessage(LoadMessage(184), message_style::kExclamation, LoadMessage(169));
   return false;
 }
 
-bool LogoDownload::SendRows(int number, const std::vector<std::string>& rows,
-                            const std::string& commandLine) {
+bool LogoDownload::SendRows(int number, const std::vector<std::string>& rows, const std::string& commandLine,
+                            const std::function<void()>& givenUp) {
   int silentRepeats = 0;
   for (std::size_t row = 0; row < rows.size();) {
     link_.Exchange(RowCommand(number, row + 1, rows[row]));
@@ -64,6 +65,7 @@ bool LogoDownload::SendRows(int number, const std::vector<std::string>& rows,
       continue;
     }
     const int decision = recovery_.DecodeDeviceError(link_.ReplyText, commandLine, true);
+    if (decision == recovery::kAbort) givenUp();
     link_.Bounce();
     switch (decision) {
       case recovery::kPrinted: ++row; break;

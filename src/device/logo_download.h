@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,11 +19,14 @@ class LogoDownload {
       : link_(link), recovery_(recovery), files_(files), journals_(journals), messages_(messages) {}
 
   /// Sends the bitmap `path` as logo `number`; `commandLine` is the ticket line that asks for it. Returns
-  /// whether the download ran to its end; otherwise the operator has been told.
-  bool Download(int number, const std::string& path, const std::string& commandLine);
+  /// whether the download ran to its end; otherwise the operator has been told. `givenUp` is called when the
+  /// operator gives it up, before anything else is waited for.
+  bool Download(int number, const std::string& path, const std::string& commandLine,
+                const std::function<void()>& givenUp);
 
  private:
-  bool SendRows(int number, const std::vector<std::string>& rows, const std::string& commandLine);
+  bool SendRows(int number, const std::vector<std::string>& rows, const std::string& commandLine,
+                const std::function<void()>& givenUp);
 
   DeviceLink& link_;
   ErrorRecovery& recovery_;

@@ -95,16 +95,14 @@ bool RegisterQueries::SettleReply(const std::string& code, std::string& data) {
   // A decoding that settled the error in silence is followed by a question, so that a register that goes on
   // refusing does not keep the program busy unseen.
   if (deviceError && recovery_.DecodeDeviceError(reply, {}, false) != recovery::kNothing) {
-    const PollingPause pause(timer_);
-    link_.Reopen(settings_.TimeWaitForEtx);
+    ReopenLink();
     return true;
   }
-  const std::string text = deviceError ? LoadMessage(144) : QueryFailureText(reply, code);
-  journals_.WrErr(std::string(text));
-  return AskRetry(text);
+  return AskRetry(deviceError ? LoadMessage(144) : QueryFailureText(reply, code));
 }
 
 bool RegisterQueries::AskRetry(const std::string& text) {
+  journals_.WrErr(std::string(text));
   const int answer = messages_.ShowOperatorMessage(
       text, message_style::kRetryCancelConfigure + message_style::kInformation, LoadMessage(142));
   if (answer == message_result::kConfigure) portDialog_.Show();
@@ -112,9 +110,13 @@ bool RegisterQueries::AskRetry(const std::string& text) {
     journals_.WrErr(LoadMessage(151));
     return false;
   }
+  ReopenLink();
+  return true;
+}
+
+void RegisterQueries::ReopenLink() {
   const PollingPause pause(timer_);
   link_.Reopen(settings_.TimeWaitForEtx);
-  return true;
 }
 
 void RegisterQueries::VoidOpenReceipt() {
@@ -122,6 +124,7 @@ void RegisterQueries::VoidOpenReceipt() {
   messages_.ShowOperatorMessage(text, message_style::kOk + message_style::kExclamation, LoadMessage(169));
   cash_.InvioVOID();
   loop_.Pause(1000ms);
+  ReopenLink();
 }
 
 void RegisterQueries::LearnIdentity(const std::string& reply) {

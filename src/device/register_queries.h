@@ -38,6 +38,7 @@ class RegisterQueries {
   std::string AttendedQuery(const std::string& code);
   bool SettleReply(const std::string& code, std::string& data);
   bool AskRetry(const std::string& text);
+  void ReopenLink();
   void VoidOpenReceipt();
   void LearnIdentity(const std::string& reply);
 

@@ -201,5 +201,54 @@ TEST_F(OpenLinkTest, ABounceThatLeavesThePortClosedIsFollowedByTheAlarm) {
   EXPECT_EQ(Calls().at(10), "end-of-text wait 50000");
 }
 
+using ChangedSettingsTest = OpenLinkTest;
+
+TEST_F(ChangedSettingsTest, AreAppliedBeforeTheNextCommandAndOnlyOnce) {
+  link.OpenDeviceLink(50000);
+  control.calls.clear();
+  settings.ComPortNumber = 2;
+  link.ReapplySettings();
+  EXPECT_EQ(Calls(), Lines{});
+  control.Always("2001", "2001");
+  link.Exchange("200100");
+  link.Exchange("200100");
+  EXPECT_EQ(Calls().size(), 13U);
+  EXPECT_EQ(Calls().at(0), "open 0");
+  EXPECT_EQ(Calls().at(2), "port number 2");
+  EXPECT_EQ(Calls().at(9), "end-of-text wait 50000");
+  EXPECT_EQ(Elapsed(), 100);
+}
+
+TEST_F(ChangedSettingsTest, AreAppliedBetweenTwoCommandsToo) {
+  link.OpenDeviceLink(777);
+  link.ReapplySettings();
+  link.ApplyChangedSettings();
+  link.ApplyChangedSettings();
+  EXPECT_EQ(Calls().size(), 12U + 13U);
+}
+
+TEST_F(ChangedSettingsTest, AreAppliedWhileTheRegisterIsAbsent) {
+  control.presence = {false, false, false, true};
+  control.Reply("2001");
+  Answer("Ok", "Ok", "Ok");
+  faulty.Before("DevicePresent", [&](const std::string&) {
+    if (control.presenceReads == 1) link.ReapplySettings();
+    if (control.presenceReads == 2) {
+      EXPECT_EQ(Calls(), Lines{});
+    }
+  });
+  link.Exchange("200100");
+  EXPECT_EQ(Calls().size(), 13U);
+  EXPECT_EQ(Sent(), Lines{"200100"});
+}
+
+TEST_F(ChangedSettingsTest, StayWaitingWhileACommandIsUnderWay) {
+  control.Reply("2001", 5s);
+  clock.After(1s, [&] { link.ReapplySettings(); });
+  link.Exchange("200100");
+  EXPECT_EQ(Calls(), Lines{});
+  EXPECT_EQ(Elapsed(), 5000);
+}
+
 }  // namespace
 }  // namespace orvenza::test

@@ -172,6 +172,24 @@ TEST_F(ExchangeTest, TheProgramCanEndInAWaitAcrossMidnightAfter15Seconds) {
   EXPECT_EQ(Waited(), 15000);
 }
 
+TEST_F(ExchangeTest, ALongWaitAcrossMidnightIsMeasuredAllTheSame) {
+  WaitUntil(23, 59, 50);
+  link.Exchange("200100", 50);
+  EXPECT_EQ(Waited(), 50000);
+}
+
+TEST_F(ExchangeTest, AClockThatIsSetDoesNotMoveTheEndOfAWait) {
+  clock.After(5s, [&] { clock.SetTimeOfDay(8, 0, 0); });
+  link.Exchange("200100");
+  EXPECT_EQ(Elapsed(), 15000);
+}
+
+TEST_F(ExchangeTest, AnEndAskedForWaitsAtMostOneMinute) {
+  EndAfter(1s);
+  EXPECT_THROW(link.Exchange("200100", 90), ProgramEnd);
+  EXPECT_EQ(Elapsed(), 60000);
+}
+
 TEST_F(ExchangeTest, AnEndAskedForDoesNotCutTheWaitShort) {
   control.Reply("200100", 9s);
   EndAfter(1s);
@@ -192,6 +210,64 @@ TEST_F(ExchangeTest, ALateReplyIsNotTakenForTheNextOne) {
   link.Transmit("200100");
   EXPECT_EQ(link.ReplyText, "200100");
   EXPECT_EQ(Elapsed(), 50);
+}
+
+TEST_F(ExchangeTest, ALateReplyIsPassedOverInTheNextWait) {
+  control.Reply("200100", 16s);
+  link.Transmit("200100");
+  control.Reply("321701", 5s);
+  link.Transmit("321701");
+  EXPECT_EQ(link.ReplyText, "321701");
+  EXPECT_EQ(Elapsed(), 20000);
+}
+
+TEST_F(ExchangeTest, ALateReplyLeavesSilenceSilent) {
+  control.Reply("200100", 16s);
+  link.Transmit("200100");
+  link.Transmit("321701");
+  EXPECT_EQ(link.ReplyText, "");
+  EXPECT_FALSE(link.ReplyArrived);
+  EXPECT_EQ(Elapsed(), 30000);
+}
+
+TEST_F(ExchangeTest, OnlyAsManyRepliesArePassedOverAsAreOutstanding) {
+  link.Transmit("200100");
+  clock.After(1s, [&] { control.Raise("200100"); });
+  control.Reply("110900", 5s);
+  link.Transmit("321701");
+  EXPECT_EQ(link.ReplyText, "110900");
+  EXPECT_EQ(Elapsed(), 20000);
+}
+
+TEST_F(ExchangeTest, AnErrorAfterSilenceIsTakenForTheReply) {
+  link.Transmit("200100");
+  control.Reply("ERR08");
+  link.Transmit("321701");
+  EXPECT_EQ(link.ReplyText, "ERR08");
+}
+
+TEST_F(ExchangeTest, AReplyToSomethingElseIsKeptWhereNoneIsOutstanding) {
+  control.Reply("200100");
+  link.Transmit("321701");
+  EXPECT_EQ(link.ReplyText, "200100");
+  EXPECT_EQ(Elapsed(), 0);
+}
+
+TEST_F(ExchangeTest, AReplyThatCameBetweenTwoCommandsIsNoLongerOutstanding) {
+  control.Reply("200100", 15200ms);
+  link.Transmit("200100");
+  loop.Pause(500ms);
+  control.Reply("110900");
+  link.Transmit("321701");
+  EXPECT_EQ(link.ReplyText, "110900");
+}
+
+TEST_F(ExchangeTest, AReplyThatCameJustBeforeTheNextCommandIsNoLongerOutstanding) {
+  link.Transmit("200100");
+  clock.After(0ms, [&] { control.Raise("200100"); });
+  control.Reply("110900");
+  link.Transmit("321701");
+  EXPECT_EQ(link.ReplyText, "110900");
 }
 
 TEST_F(ExchangeTest, AReplyFromWithinTheTransmissionIsNotLost) {

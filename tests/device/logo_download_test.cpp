@@ -32,7 +32,9 @@ class LogoDownloadTest : public DeviceBench {
     for (int row = rows; row > 0; --row) file += std::string(56, static_cast<char>(row));
     files.content[kPath] = file;
   }
-  bool Download(int number = 5) { return download.Download(number, kPath, "25;5;C:\\logo.bmp"); }
+  bool Download(int number = 5) {
+    return download.Download(number, kPath, "25;5;C:\\logo.bmp", [this] { givenUpAt.push_back(Elapsed()); });
+  }
 
   /// The command of a row, from 1, as logo 5.
   static std::string Row(int row) {
@@ -48,6 +50,7 @@ class LogoDownloadTest : public DeviceBench {
     return sent;
   }
 
+  std::vector<double> givenUpAt;  ///< Milliseconds.
   LogoDownload download{link, recovery, files, journals, messages};
 };
 
@@ -102,6 +105,7 @@ TEST_F(LogoDownloadTest, AReprintBeginsAgainWithTheFirstRow) {
   Answer(kReprint);
   EXPECT_TRUE(Download());
   EXPECT_EQ(Sent(), RowsSent({1, 2, 1, 2}));
+  EXPECT_EQ(givenUpAt, std::vector<double>{});
 }
 
 TEST_F(LogoDownloadTest, AnAbortedDownloadWarnsAboutThePower) {
@@ -109,6 +113,8 @@ TEST_F(LogoDownloadTest, AnAbortedDownloadWarnsAboutThePower) {
   for (const char* reply : {"4052", "ERR08"}) control.Reply(reply);
   Answer(kAbort, "Ok");
   EXPECT_FALSE(Download());
+  EXPECT_EQ(givenUpAt, std::vector<double>{0});
+  EXPECT_EQ(Elapsed(), 1000);
   EXPECT_EQ(Sent(), RowsSent({1, 2}));
   EXPECT_EQ(Last(Shown()), kAlarm);
   EXPECT_EQ(Dialog(person.Shown().size() - 1).icon, MessageIcon::kExclamation);
@@ -156,6 +162,7 @@ TEST_F(LogoDownloadTest, ARegisterThatGoesOnRefusingInSilenceIsGivenUp) {
   EXPECT_FALSE(Download());
   EXPECT_EQ(Sent(), (Lines{Row(1), "102800", Row(1), "102800", Row(1), "102800", Row(1), "102800"}));
   EXPECT_EQ(Shown(), Lines{kAlarm});
+  EXPECT_EQ(givenUpAt, std::vector<double>{});
 }
 
 TEST_F(LogoDownloadTest, EachRowMayBeRefusedThreeTimes) {

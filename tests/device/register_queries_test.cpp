@@ -69,7 +69,8 @@ TEST_F(AttendedQueryTest, AnOpenReceiptIsVoidedFirst) {
   EXPECT_EQ(Dialog(0).icon, MessageIcon::kExclamation);
   EXPECT_EQ(Sent(), (Lines{"199900", "102800", "199900"}));
   EXPECT_EQ(Errors(), Lines{});
-  EXPECT_EQ(Elapsed(), 1000 + 1000);
+  EXPECT_EQ(control.calls.size(), 13U);
+  EXPECT_EQ(Elapsed(), 1000 + 1000 + 100);
 }
 
 TEST_F(AttendedQueryTest, ALinkErrorIsShownAndTheLinkOpenedAgain) {
@@ -166,7 +167,8 @@ TEST_F(AttendedQueryTest, AnAbsentRegisterCanBeGivenUpAfterThreeAlarms) {
   EXPECT_EQ(Shown(), (Lines{AbsentAlarm(), AbsentAlarm(), AbsentAlarm(), RetryQuestion(kSilent, "Annulla"),
                             EndQuestion("Sì")}));
   EXPECT_EQ(Sent(), Lines{});
-  EXPECT_EQ(Last(Errors()), kGaveUp);
+  EXPECT_EQ(Errors(), (Lines{"Dispositivo Spento o Non Collegato !", "Dispositivo Spento o Non Collegato !",
+                             "Dispositivo Spento o Non Collegato !", kSilent, kGaveUp}));
 }
 
 TEST_F(AttendedQueryTest, ARegisterSwitchedOnAfterAnAlarmIsAskedWithoutAQuestion) {
@@ -203,6 +205,14 @@ TEST_F(AttendedQueryTest, TheProgramCanEndBetweenTwoTries) {
   EndAfter(50ms);
   EXPECT_THROW(queries.StatusQuery(""), ProgramEnd);
   EXPECT_EQ(Sent().size(), 1U);
+}
+
+TEST_F(AttendedQueryTest, ChangedSettingsAreAppliedBeforeATry) {
+  link.ReapplySettings();
+  control.Reply("3217");
+  queries.StatusQuery("");
+  EXPECT_EQ(control.calls.size(), 13U);
+  EXPECT_EQ(control.calls.at(0), "open 0");
 }
 
 TEST_F(AttendedQueryTest, TheClockIsNotAskedAfterTheStatus) {
