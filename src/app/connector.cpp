@@ -7,6 +7,7 @@
 #include "device/end_confirmation.h"
 #include "platform/system_error.h"
 #include "tickets/historic_rotation.h"
+#include "ui/open_mark.h"
 #include "ui/wrong_path.h"
 
 namespace orvenza {
@@ -185,7 +186,10 @@ void Connector::OnMenu(MenuItem item) {
 }
 
 void Connector::Pm1() {
+  if (exitAsked_) return;
+  const OpenMark mark(exitAsked_);
   person_.CloseMessage();
+  const PollingPause pause(timer1_);
   if (!ConfirmEnd(messages_, message_style::kExclamation)) return;
   journals_.WrLog(LoadMessage(156));
   loop_.RequestEnd({.unload = true});

@@ -103,6 +103,7 @@ class Connector {
   UtilitiesDialog orvUti_;
 
   bool iconShown_ = false;
+  bool exitAsked_ = false;  // the question whether to end is on the screen
 };
 
 }  // namespace orvenza

@@ -46,7 +46,7 @@ class RecordFields {
   bool empty_ = true;
 };
 
-/// Whether a record of this type closes its ticket.
+/// Whether a record of this type ends a ticket in a file that holds several.
 inline bool IsClosingType(std::string_view type) {
   return type == "2" || type == "4" || type == "5" || type == "15";
 }

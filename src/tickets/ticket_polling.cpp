@@ -14,6 +14,9 @@ namespace {
 
 constexpr const char* kLabel = "Timer1 - ";
 constexpr std::size_t kStampLength = 14;
+/// Five seconds of ticks, and a minute of them.
+constexpr int kEagerTries = 10;
+constexpr int kTicksBetweenTries = 120;
 
 std::string NameOf(const std::string& entry) { return entry.substr(kStampLength); }
 
@@ -43,7 +46,7 @@ void TicketPolling::Tick() {
   bool quit = false;
   journals_.Attempt(kLabel, [&] { quit = QuitAsked(); });
   if (quit) Quit();
-  if (listed) journals_.Attempt(kLabel, [&] { ProcessOneTicket(); });
+  if (listed) ProcessOneTicket();
   journals_.Attempt(kLabel, [&] { CorrectClock(); });
   timer_.SetEnabled(true);
 }
@@ -101,16 +104,24 @@ void TicketPolling::Quit() {
 }
 
 void TicketPolling::ProcessOneTicket() {
-  const std::string file = ChooseFile();
-  if (!file.empty()) processor_.ProcessTicketFile(file);
+  std::string file;
+  const bool chosen = journals_.Attempt(kLabel, [&] { ChooseFile(file); });
+  if (file.empty()) return;
+  if (chosen) processor_.ProcessTicketFile(file);
+  if (files_.Exists(file) && !archive_.IsSettled(file)) {
+    ++left_[file];
+  } else {
+    left_.erase(file);
+  }
 }
 
-std::string TicketPolling::ChooseFile() {
+void TicketPolling::ChooseFile(std::string& file) {
   archive_.RetrySettled();
   for (;;) {
-    std::string file = FirstInProcess();
+    file = FirstInProcess();
     if (file.empty()) file = TakeInNext();
-    if (file.empty() || !splitter_.SplitTicketFile(file)) return file;
+    if (file.empty() || !splitter_.SplitTicketFile(file)) return;
+    file.clear();
     RefreshNewList();
     RefreshInProcessList();
   }
@@ -119,16 +130,24 @@ std::string TicketPolling::ChooseFile() {
 std::string TicketPolling::FirstInProcess() {
   for (const std::string& entry : list2_) {
     std::string file = settings_.InProcessFolder + NameOf(entry);
-    if (!archive_.IsSettled(file)) return file;
+    if (files_.Exists(file) && !archive_.IsSettled(file) && IsDue(file)) return file;
   }
   return {};
+}
+
+/// A file that cannot be read, or not be split, is tried on each tick first, and then rarely, so that it does
+/// not hold up the others.
+bool TicketPolling::IsDue(const std::string& file) {
+  const auto found = left_.find(file);
+  if (found == left_.end() || found->second < kEagerTries) return true;
+  return ++found->second % kTicksBetweenTries == 0;
 }
 
 std::string TicketPolling::TakeInNext() {
   for (const std::string& entry : list1_) {
     std::string file = settings_.InProcessFolder + NameOf(entry);
-    // A settled file of that name still lies there; the new one waits until it has gone.
-    if (IsTakenIn(entry) || archive_.IsSettled(file)) continue;
+    // Where a file of that name still lies, settled or unreadable, the new one waits until it has gone.
+    if (IsTakenIn(entry) || files_.Exists(file)) continue;
     const bool moved = MoveOrCopy(files_, settings_.TicketFolder + NameOf(entry), file);
     if (!moved && !journals_.Attempt(kLabel, [&] { RemoveSource(entry); })) takenIn_.insert(entry);
     return file;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -53,8 +54,9 @@ class TicketPolling {
   bool QuitAsked();
   [[noreturn]] void Quit();
   void ProcessOneTicket();
-  std::string ChooseFile();
+  void ChooseFile(std::string& file);
   std::string FirstInProcess();
+  bool IsDue(const std::string& file);
   std::string TakeInNext();
   bool IsTakenIn(const std::string& entry);
   void RemoveSource(const std::string& entry);
@@ -74,6 +76,8 @@ class TicketPolling {
 
   SortedList list1_;
   SortedList list2_;
+  std::map<std::string, int>
+      left_;                       // files that could not be read, with their tries and the ticks passed over
   std::set<std::string> takenIn_;  // entries of new tickets whose file could not be removed after the copy
 };
 

@@ -13,6 +13,8 @@ using namespace std::chrono_literals;
 
 constexpr const char* kLabel = "Trasmissione ";
 constexpr int kVoidTries = 3;
+/// Accepted voids in a row that leave the receipt open all the same, before the operator is asked.
+constexpr int kVainVoids = 10;
 constexpr std::size_t kLoggedLine = 500;
 /// Payment 01 of nothing, which closes the receipt. Its separator is 127 whatever is configured.
 constexpr const char* kReceiptSplitLine =
@@ -21,6 +23,18 @@ constexpr const char* kReceiptSplitLine =
     "0\x7f\x7f\x7f\x7f\x7f\x7f\x7f\x7f";
 
 bool IsFailure(std::string_view reply) { return reply.empty() || IsErrorReply(reply); }
+
+/// Whether the register has certainly not carried the command out. Paper-out may leave it half done.
+bool IsRefusal(std::string_view reply) {
+  const std::string_view code = Right(reply, 2);
+  return IsErrorReply(reply) && !IsLinkError(reply) && code != "01" && code != "02";
+}
+
+/// Records after which something is on paper for good: payments, the end of a document, cash movements.
+bool MayCompleteSomething(std::string_view type) {
+  return type == "2" || type == "5" || type == "14" || type == "15" || type == "31" || type == "34" ||
+         type == "35";
+}
 
 /// Link error 2 counts as success, deliberately.
 bool IsTolerated(std::string_view reply) { return reply.starts_with("ERR-2"); }
@@ -79,13 +93,15 @@ TicketProcessor::Next TicketProcessor::Print(const std::string& workFile) {
 
 void TicketProcessor::CloseOpenReceipt() {
   int tries = kVoidTries;
+  int accepted = 0;
   while (cash_.QueryCashStatus()) {
     loop_.CheckEnd();
     journals_.WrErr(LoadMessage(114));
     cash_.InvioVOID();
-    if (!IsFailure(link_.ReplyText) || --tries >= 1) continue;
+    if (IsFailure(link_.ReplyText) ? --tries >= 1 : ++accepted < kVainVoids) continue;
     if (OperatorWantsAutomaticClose()) SendClosingPayment();
     tries = kVoidTries;
+    accepted = 0;
   }
 }
 
@@ -136,12 +152,15 @@ TicketProcessor::Next TicketProcessor::HandleLine(const Line& line) {
   if (command.empty()) return HandleInvalidLine(line.text);
   if (command == kLogoMarker) {
     const LogoRequest request = LogoRequestOf(fields_);
-    return logo_.Download(request.number, request.path, line.text) ? Next::kNextLine : Next::kAbort;
+    const auto givenUp = [&] { ifEnded_ = Next::kAbort; };
+    return logo_.Download(request.number, request.path, line.text, givenUp) ? Next::kNextLine : Next::kAbort;
   }
-  if (command.back() == kLongRunningMark) return SendLongRunning(command.substr(0, command.size() - 1));
+  if (IsLongRunning(command)) return SendLongRunning(command.substr(0, command.size() - 1));
   link_.AwaitDevice();
-  if (IsClosingType(fields_[0])) ifEnded_ = Next::kAbort;
+  const Next before = ifEnded_;
+  if (MayCompleteSomething(fields_[0])) ifEnded_ = Next::kAbort;
   link_.Transmit(command);
+  if (IsRefusal(link_.ReplyText)) ifEnded_ = before;
   return HandleReply(line);
 }
 

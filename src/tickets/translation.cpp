@@ -209,6 +209,12 @@ constexpr RecordType kRecordTypes[] = {
 
 }  // namespace
 
+bool IsLongRunning(std::string_view translation) {
+  return translation.ends_with(kLongRunningMark) &&
+         (translation.starts_with("20") || translation.starts_with("3001") ||
+          translation.starts_with("3002"));
+}
+
 LogoRequest LogoRequestOf(const RecordFields& fields) {
   return {LeadingInteger(fields[1]), SettingsPath(std::string(fields[2]))};
 }

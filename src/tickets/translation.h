@@ -17,6 +17,10 @@ inline constexpr std::string_view kLogoMarker = "BMP";
 /// Ends the translation of a long-running command. It is not sent.
 inline constexpr char kLongRunningMark = '*';
 
+/// Whether a translation is a long-running command: a report ("20..") or a fiscal closure ("3001", "3002")
+/// with its mark. Any other command may end in a text that ends in that character.
+bool IsLongRunning(std::string_view translation);
+
 /// What a logo record asks for.
 struct LogoRequest {
   int number;        ///< F1: 1 to 99 in a valid record, as the download sends it in two digits.

@@ -116,6 +116,47 @@ TEST(BadTicket, AccentsOfAnInvalidLineArriveWholeInJournalAndDialog) {
   EXPECT_EQ(shop.person.Shown()[0].heading, "Riga non valida : 99;CAFFÈ;");
 }
 
+TEST(BadTicket, StarsAtTheEndOfATextAreText) {
+  Shop shop;
+  shop.Drop("a.txt",
+            {"1;TORTA DELLA NONNA **;1,000;150;1;;;1;;", "28;1;***************************;", kPayment});
+  shop.Run(5s);
+  EXPECT_EQ(shop.SentForTickets()[0].substr(81), "A **");
+  EXPECT_EQ(shop.SentForTickets()[1], "105801" + std::string(27, '*'));
+  ASSERT_EQ(shop.device.Receipts().size(), 1U);
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST(BadTicket, ThatStaysUnreadableDoesNotHoldUpTheOthers) {
+  Shop shop;
+  shop.Drop("inproces\\stuck.txt", {kItem, kPayment});
+  shop.Drop("a.txt", {kItem, kPayment});
+  shop.files.FailAlways("OpenForReading", "stuck.txt", 70);
+  shop.After(100s, [&] { shop.files.Heal(); });
+  shop.Run(200s);
+  EXPECT_EQ(shop.device.Receipts().size(), 2U);
+  EXPECT_EQ(shop.Names("storico"), (Lines{"1.txt", "2.txt"}));
+  EXPECT_LT(shop.Err().size(), 15U);
+}
+
+TEST(BadRegister, ThatTakesEveryVoidInVainIsLeftToTheOperator) {
+  Shop shop("on 3217 #2 x11 reply ERR17\non 1028 x20 reply 1028\n");
+  shop.Drop("a.txt", {kItem, kPayment});
+  shop.Answer("No");
+  shop.Run(60s);
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Impossibile annullare lo scontrino in corso !\r\nSi desidera chiudere "
+                                      "automaticamente lo scontrino ?"});
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+}
+
+TEST(BadRegister, WhoseQueryIsAnsweredTooLateDoesNotPassForThePaymentsReply) {
+  Shop shop("on 3217 #2 late 16000\non 1036 silence\n");
+  shop.Drop("a.txt", {kItem, kPayment});
+  shop.Answer(kAbort);
+  shop.Run(90s);
+  EXPECT_EQ(shop.Names("data\\abort"), Lines{"a.txt.abort.txt"});
+}
+
 TEST(BadTicket, VanishedBeforeItsLinesAreReadEndsSilently) {
   Shop shop;
   shop.Drop("a.txt", {kItem, kPayment});

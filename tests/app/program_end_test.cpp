@@ -154,5 +154,52 @@ TEST(AlarmOfAnAbsentRegister, EndsWhenTheOperatorConfiguresItsPort) {
   EXPECT_EQ(port, 9);
 }
 
+TEST(ProgramEnd, AfterACashMovementDoesNotBookItAgain) {
+  Shop shop("on 1031 absent 1000\n");
+  shop.Drop("a.txt", {"34;0;5000;1;", "40;1;"});
+  shop.Answer("menu Esci");
+  shop.Answer("Sì");
+  shop.RunToItsEnd();
+  EXPECT_EQ(shop.Names("data\\inproces"), Lines{});
+  EXPECT_EQ(shop.Names("data\\abort"), Lines{"a.txt.abort.txt"});
+}
+
+TEST(ProgramEnd, AfterARefusedPaymentKeepsTheTicketForTheNextStart) {
+  Shop shop("on 1036 reply ERR13\n");
+  shop.Drop("a.txt", {kItem, kPayment});
+  shop.Answer("menu Esci");
+  shop.Answer("Sì");
+  shop.RunToItsEnd();
+  EXPECT_EQ(shop.Names("data\\inproces"), Lines{"a.txt"});
+}
+
+TEST(ProgramEnd, AfterALogoWasGivenUpAbortsItsTicket) {
+  Shop shop("on 4052 reply ERR16\n");
+  std::string bitmap(62 + 56, '\0');
+  const auto put = [&](std::size_t offset, unsigned value) {
+    bitmap[offset] = static_cast<char>(value & 255);
+    bitmap[offset + 1] = static_cast<char>(value >> 8);
+  };
+  bitmap.replace(0, 2, "BM");
+  put(10, 62);
+  put(18, 448);
+  put(22, 1);
+  put(28, 1);
+  shop.folder.Write("logo.bmp", bitmap);
+  shop.Drop("a.txt", {"33;1;" + shop.folder.Path("logo.bmp") + ";"});
+  for (const char* answer : {kAbort, "menu Esci", "Sì"}) shop.Answer(answer);
+  shop.RunToItsEnd();
+  EXPECT_EQ(shop.Names("data\\abort"), Lines{"a.txt.abort.txt"});
+}
+
+TEST(ProgramEnd, IsAskedAboutOnceHoweverOftenTheMenuIsUsed) {
+  Shop shop;
+  for (int use = 0; use < 5000; ++use) shop.Answer("menu Esci");
+  shop.Answer("Sì");
+  shop.After(2s, [&] { shop.UseMenu(MenuItem::kExit); });
+  shop.RunToItsEnd();
+  EXPECT_EQ(shop.person.Shown().size(), 1U);
+}
+
 }  // namespace
 }  // namespace orvenza::test

@@ -99,6 +99,16 @@ TEST(CommandFile, OneThatCannotBeDeletedEndsTheProgramAllTheSame) {
   EXPECT_TRUE(shop.folder.Has("command.txt"));
 }
 
+TEST(CommandFile, OneThatIsReadOnlyIsDeleted) {
+  Shop shop;
+  shop.folder.Write("command.txt", "QUIT");
+  shop.files.FailAlways("Remove", "command.txt", error_number::kPermissionDenied);
+  shop.files.Before("ClearAttributes", [&](const std::string&) { shop.files.Heal(); });
+  shop.RunToItsEnd();
+  EXPECT_FALSE(shop.folder.Has("command.txt"));
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
 TEST(CommandFile, WaitsUntilTheTicketIsPrinted) {
   Shop shop("on 1051 late 5000");
   shop.Drop("ticket.txt", {"0;1;", "0;2;"});

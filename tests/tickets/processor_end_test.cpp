@@ -42,21 +42,21 @@ void EndFromTheDialog(Shop& shop, const Lines& lines) {
   shop.RunToItsEnd();
 }
 
-TEST(EndInATicket, BeforeItsPaymentTheTicketWaitsForTheNextStart) {
-  for (const char* script :
-       {"on 1003 silence", "on 1003 lose-reply", "on 1003 reply ERR08", "on 1003 absent 9"}) {
+TEST(EndInATicket, BeforeAnythingIsCompletedTheTicketWaitsForTheNextStart) {
+  for (const char* script : {"on 1003 silence", "on 1003 lose-reply", "on 1003 reply ERR08",
+                             "on 1003 absent 9", "on 1036 reply ERR08"}) {
     Shop shop(script);
     EndFromTheDialog(shop, {kCoffee, kPayment});
     EXPECT_EQ(shop.Names("data\\inproces"), Lines{"ticket.txt"}) << script;
     EXPECT_EQ(shop.Names("data\\abort"), Lines{}) << script;
-    EXPECT_EQ(shop.SentAt("1036").size(), 0U) << script;
     EXPECT_EQ(shop.Log().back(), "End") << script;
   }
 }
 
-TEST(EndInATicket, OnceItsPaymentWasSentTheTicketIsGivenUp) {
-  for (const char* script : {"on 1036 silence", "on 1036 lose-reply", "on 1036 reply ERR08",
-                             "on 1036 link-error 1", "on 1051 silence", "on 1051 absent 9"}) {
+TEST(EndInATicket, OnceAPaymentMayHaveBeenTakenTheTicketIsGivenUp) {
+  for (const char* script :
+       {"on 1036 silence", "on 1036 lose-reply", "on 1036 reply ERR01", "on 1036 reply ERR02",
+        "on 1036 link-error 1", "on 1051 silence", "on 1051 reply ERR08", "on 1051 absent 9"}) {
     Shop shop(script);
     EndFromTheDialog(shop, {kCoffee, kPayment, "0;1;", "0;2;"});
     EXPECT_EQ(shop.Names("data\\inproces"), Lines{}) << script;
@@ -67,12 +67,27 @@ TEST(EndInATicket, OnceItsPaymentWasSentTheTicketIsGivenUp) {
   }
 }
 
-TEST(EndInATicket, EveryRecordThatClosesATicketCountsAsAPayment) {
-  for (const char* record : {"2;1;100;", "4;1;", "5;0;1;;;100;", "15;1;100;"}) {
-    Shop shop("on 10 #1 silence");
+TEST(EndInATicket, EveryRecordThatLeavesSomethingOnPaperCounts) {
+  for (const char* record :
+       {"2;1;100;", "5;0;1;;;100;", "14;100;1;1;;0;", "15;1;100;", "31;1;", "34;0;100;1;", "35;1;100;1;"}) {
+    Shop shop("on 10 silence");
     EndFromTheDialog(shop, {record});
     EXPECT_EQ(shop.Names("data\\abort"), Lines{"ticket.txt.abort.txt"}) << record;
   }
+}
+
+TEST(EndInATicket, OtherRecordsDoNot) {
+  for (const char* record : {"0;1;", "4;1;", "20;1;", "28;1;TESTO;", "29;1;", "30;1;1;TESTO;"}) {
+    Shop shop("on 10 silence");
+    EndFromTheDialog(shop, {record});
+    EXPECT_EQ(shop.Names("data\\inproces"), Lines{"ticket.txt"}) << record;
+  }
+}
+
+TEST(EndInATicket, APaymentThatWasRefusedChangesNothingInWhatWentBefore) {
+  Shop shop("on 1036 #2 reply ERR11\non 1028 absent 9");
+  EndFromTheDialog(shop, {kCoffee, kPayment, kPayment});
+  EXPECT_EQ(shop.Names("data\\abort"), Lines{"ticket.txt.abort.txt"});
 }
 
 TEST(EndInATicket, AReprintBeginsAnewAlsoInThis) {
@@ -125,7 +140,7 @@ TEST(EndAfterAClosure, EmptyLinesAfterItChangeNothing) {
   shop.DropBytes("ticket.txt", "21;\r\n\r\n\x1a");
   RunTwiceGivingUpAfterTheClosure(shop);
   EXPECT_EQ(shop.SentForTickets(), Lines{"300101"});
-  EXPECT_EQ(shop.Names("data\\inproces"), Lines{});
+  EXPECT_EQ(shop.LogForTickets(), (Lines{"Start Scontrino", "End Scontrino"}));
 }
 
 TEST(EndAfterAClosure, TheProgramEndsWithoutFurtherTickets) {

@@ -175,6 +175,15 @@ TEST(LogoLine, ADownloadGivenUpAbortsTheTicket) {
   EXPECT_EQ(shop.Names("storico"), Lines{});
 }
 
+TEST(LogoLine, ADownloadGivenUpStaysSoWhereTheProgramEndsThen) {
+  Shop shop("on 4052 reply ERR16\non 4052 port-fails 2");
+  shop.Drop("ticket.txt", {WriteLogo(shop), "0;1;"});
+  for (const std::string& answer : {kGiveUp, std::string("Annulla"), std::string("Sì")}) shop.Answer(answer);
+  shop.RunToItsEnd();
+  EXPECT_EQ(shop.Names("data\\inproces"), Lines{});
+  EXPECT_EQ(shop.Names("data\\abort"), Lines{"ticket.txt.abort.txt"});
+}
+
 TEST(LogoLine, AFileThatIsNoLogoMakesTheLineInvalid) {
   Shop shop;
   shop.folder.Write("logo.bmp", LogoBitmap(255));

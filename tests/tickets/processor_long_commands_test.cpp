@@ -107,6 +107,14 @@ TEST(LongCommand, EveryOneIsSentWithoutItsMark) {
   }
 }
 
+TEST(LongCommand, ATextThatEndsInAnAsteriskIsNone) {
+  Shop shop;
+  const WatchedLine line(shop);
+  shop.Drop("ticket.txt", {"28;1;CLIENTE NUMERO *1234567890*;"});
+  shop.Run();
+  EXPECT_EQ(line.ForTickets(), Lines{"105801CLIENTE NUMERO *1234567890* 10000"});
+}
+
 TEST(LongCommand, TwoInARowEachHaveTheirOwnLink) {
   Shop shop;
   const WatchedLine line(shop);

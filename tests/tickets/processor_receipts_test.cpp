@@ -188,6 +188,7 @@ TEST(PaperOut, AVoidThatFailsRestartsTheTicketAllTheSame) {
                                           "102800", kCoffeeCommand, kPaymentCommand}));
   EXPECT_EQ(shop.Err(), (Lines{"Carta Giornale Esaurita !", "Ripresa da Fine Carta, annullo Totale",
                                "Impossibile inviare ALL VOID !", "Annullamento scontrino in corso"}));
+  EXPECT_EQ(shop.SentAt("3217").at(4), shop.SentAt("1028").at(3)) << "at once";
   EXPECT_EQ(shop.device.DailyTotal(), 100);
 }
 

@@ -114,14 +114,30 @@ TEST(StartOfATicket, OnNoTriesThreeMoreVoidsAndAsksAgain) {
   }
 }
 
+TEST(StartOfATicket, AsksAlsoAfterTenVoidsThatWereAcceptedInVain) {
+  Shop shop("on 1028 x* reply 102800");
+  DropAfterAnOpenReceipt(shop);
+  shop.Answer("No");
+  shop.Answer("Sì");
+  shop.Run(2min);
+  EXPECT_EQ(shop.DialogTexts(), (Lines{kQuestion, kQuestion}));
+  EXPECT_EQ(shop.SentAt("1028").size(), 20U);
+  EXPECT_EQ(shop.SentForTickets().at(21), "103600000000000");
+  EXPECT_EQ(shop.SentForTickets().back(), "105101");
+}
+
 TEST(StartOfATicket, TheClosingPaymentWaitsForTheRegister) {
   Shop shop("on 1028 x* reply ERR08\non 1028 #12 absent 4");
   DropAfterAnOpenReceipt(shop);
   for (const std::string answer : {"Sì", "Ok", "Ok", "Ok", "Ok"}) shop.Answer(answer);
+  std::size_t dialogsBefore = 0;
+  shop.link.SetObserver([&](LineEvent, const std::string& text) {
+    if (text.starts_with("1036")) dialogsBefore = shop.person.Shown().size();
+  });
   shop.Run(2min);
   const std::string absent = "Dispositivo Spento o Non Collegato !";
   EXPECT_EQ(shop.DialogTexts(), (Lines{kQuestion, absent, absent, absent, absent}));
-  EXPECT_EQ(shop.SentAt("1036").size(), 1U);
+  EXPECT_EQ(dialogsBefore, 5U) << "the payment is sent after them all";
   EXPECT_EQ(shop.Names("storico"), (Lines{"1.txt", "2.txt"}));
 }
 

@@ -101,6 +101,7 @@ TEST(Polling, TakesOnlyFilesOfTheMask) {
   EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
   EXPECT_EQ(shop.Names("storico"), Lines{"1.dat"});
   EXPECT_EQ(Waiting(shop), (Lines{"t2.txt", "x3.dat"}));
+  EXPECT_TRUE(shop.folder.Has("data\\t4.dat\\inside.dat"));
   EXPECT_EQ(shop.Err(), Lines{});
 }
 
@@ -148,11 +149,13 @@ TEST(TakingIn, ATicketThatVanishesAfterItsCopyIsPrinted) {
   Shop shop;
   shop.Drop("ticket.txt", {"0;1;"});
   shop.files.FailNext("Move", error_number::kPermissionDenied);
+  bool vanished = false;
   shop.files.Before("Exists", [&](const std::string& path) {
-    if (path == shop.Spelled("data\\ticket.txt"))
-      std::filesystem::remove(shop.folder.Native("data\\ticket.txt"));
+    if (path != shop.Spelled("data\\ticket.txt")) return;
+    vanished = std::filesystem::remove(shop.folder.Native("data\\ticket.txt"));
   });
   shop.Run();
+  EXPECT_TRUE(vanished);
   EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
   EXPECT_EQ(shop.Err(), Lines{});
 }
@@ -216,6 +219,16 @@ TEST(TakingIn, ANewTicketOverASourceThatCouldNotBeRemovedIsPrinted) {
   EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
 }
 
+TEST(TakingIn, ANewTicketOfTheSameNameAndTimeIsPrintedOnceTheOlderOneHasGone) {
+  Shop shop;
+  DropAt(shop, "ticket.txt", 1, 1000);
+  shop.Hold("data\\ticket.txt");
+  shop.After(5s, [&] { shop.files.Heal(); });
+  shop.After(10s, [&] { DropAt(shop, "ticket.txt", 2, 1000); });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
+}
+
 TEST(TakingIn, APrintedSourceThatCouldNotBeRemovedDoesNotCountAsWaiting) {
   Shop shop;
   shop.Drop("ticket.txt", {"0;1;"});
@@ -226,6 +239,60 @@ TEST(TakingIn, APrintedSourceThatCouldNotBeRemovedDoesNotCountAsWaiting) {
   shop.Run();
   EXPECT_EQ(shop.DialogTexts(), (Lines{"", "Confermi la Richiesta di Chiusura Fiscale ?"}));
   EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "300101"}));
+}
+
+// Files that stay in the in-process folder.
+
+TEST(LeftFile, IsTriedTenTimesAndThenHoldsUpTheOthersNoLonger) {
+  Shop shop;
+  LeaveInProcess(shop, "a.txt", 1, 1000);
+  DropAt(shop, "b.txt", 2, 2000);
+  shop.files.FailAlways("OpenForReading", "inproces\\a.txt", error_number::kPermissionDenied);
+  shop.Run(30s);
+  EXPECT_EQ(shop.SentAt("105102"), Times{5500});
+  EXPECT_EQ(shop.Err().size(), 10U);
+  EXPECT_EQ(Waiting(shop), Lines{"inproces\\a.txt"});
+}
+
+TEST(LeftFile, IsTriedAgainRarely) {
+  Shop shop;
+  LeaveInProcess(shop, "a.txt", 1, 1000);
+  shop.files.FailAlways("OpenForReading", "inproces\\a.txt", error_number::kPermissionDenied);
+  shop.After(70s, [&] { shop.files.Heal(); });
+  shop.Run(5min);
+  EXPECT_EQ(shop.Err().size(), 11U);
+  EXPECT_EQ(shop.SentAt("105101"), Times{119500});
+  EXPECT_EQ(Waiting(shop), Lines{});
+}
+
+TEST(LeftFile, OneThatWasPrintedAtLastStartsAnewWithItsTries) {
+  Shop shop;
+  LeaveInProcess(shop, "a.txt", 1, 1000);
+  const auto lock = [&] {
+    shop.files.FailAlways("OpenForReading", "inproces\\a.txt", error_number::kPermissionDenied);
+  };
+  lock();
+  shop.After(4700ms, [&] { shop.files.Heal(); });
+  shop.After(10200ms, [&] {
+    LeaveInProcess(shop, "a.txt", 2, 2000);
+    lock();
+  });
+  shop.After(14700ms, [&] { shop.files.Heal(); });
+  shop.Run();
+  EXPECT_EQ(shop.SentAt("1051"), (Times{5000, 15000}));
+}
+
+TEST(LeftFile, ANewTicketOfItsNameDoesNotReplaceIt) {
+  Shop shop;
+  LeaveInProcess(shop, "a.txt", 1, 1000);
+  DropAt(shop, "a.txt", 2, 2000);
+  shop.files.FailAlways("OpenForReading", "inproces\\a.txt", error_number::kPermissionDenied);
+  shop.After(30s, [&] { shop.files.Heal(); });
+  Lines waiting;
+  shop.After(29s, [&] { waiting = Waiting(shop); });
+  shop.Run(5min);
+  EXPECT_EQ(waiting, (Lines{"a.txt", "inproces\\a.txt"}));
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
 }
 
 // Folders that are missing or cannot be read.
@@ -287,6 +354,17 @@ TEST(PolledFolders, ALeftoverIsNotPrintedFromAnOldList) {
   EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
 }
 
+TEST(PolledFolders, NewTicketsAreNotTakenFromAnOldListEither) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.After(700ms, [&] {
+    shop.folders.FailAlways("ListFolder", "data\\*.txt", error_number::kPathFileAccess);
+    shop.Drop("ticket.txt", {"0;2;"});
+  });
+  shop.Run(5s);
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+}
+
 // Files of several tickets.
 
 const Lines kThreeTickets = {"0;1;", "4;1;", "0;2;", "4;2;", "0;3;", "4;3;"};
@@ -331,6 +409,18 @@ TEST(FileParser, AFileThatCannotBeSplitIsNotPrintedUntilItCan) {
   EXPECT_EQ(shop.Err(), Lines{"Timer1 - 61 - Disk full ( " + shop.Spelled("data\\inproces\\ticket2.txt )")});
   EXPECT_EQ(shop.SentAt("1051"), (Times{1000, 1500, 2000}));
   EXPECT_EQ(shop.Names("storico"), (Lines{"1.txt", "2.txt", "3.txt"}));
+}
+
+TEST(FileParser, AFileThatCanNeverBeSplitDoesNotHoldUpTheOthers) {
+  Shop shop(kVoidsAccepted);
+  shop.Configure("General", "File Parser", "1");
+  shop.Drop("a.txt", kThreeTickets);
+  shop.Drop("b.txt", {"0;9;"});
+  shop.After(100ms, [&] { shop.files.FailAlways("Write", "inproces", error_number::kDiskFull); });
+  shop.Run();
+  EXPECT_EQ(shop.SentAt("105109"), Times{5500});
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105109"});
+  EXPECT_EQ(Waiting(shop), Lines{"inproces\\a.txt"});
 }
 
 }  // namespace

@@ -11,6 +11,8 @@ namespace {
 
 using Captions = std::span<const std::string>;
 
+constexpr int kMostDroppedLines = 1000;
+
 }  // namespace
 
 /// A dialog that waits for its answer.
@@ -230,13 +232,13 @@ void TerminalOperator::RunMenuItem(MenuItem item) {
   }
 }
 
-/// Only while nothing is asked. A pump may deliver one line at a time.
+/// Only while nothing is asked. A pump may deliver one line at a time; input without end is not waited for.
 void TerminalOperator::DropWaitingLines() {
-  std::size_t before = 0;
-  do {
-    before = linesTaken_;
+  for (int line = 0; line < kMostDroppedLines && !loop_.EndRequested(); ++line) {
+    const std::size_t before = linesTaken_;
     loop_.Dispatch();
-  } while (linesTaken_ != before);
+    if (linesTaken_ == before) return;
+  }
 }
 
 void TerminalOperator::Say(std::string_view text) { out_ << text << std::flush; }
