@@ -111,11 +111,12 @@ void Look(benchmark::State& state) {
 }
 
 void Tick(benchmark::State& state) {
-  PollingShop shop(static_cast<int>(state.range(0)));
+  int ticket = static_cast<int>(state.range(0));
+  PollingShop shop(ticket);
   for ([[maybe_unused]] auto iteration : state) {
     shop.polling.Tick();
     state.PauseTiming();
-    shop.Drop(static_cast<int>(state.iterations() % state.range(0)));
+    shop.Drop(ticket++);
     state.ResumeTiming();
   }
   state.SetComplexityN(state.range(0));
