@@ -73,8 +73,7 @@ struct PollingShop {
   RecordTranslator translator{identity, settings, files, journals};
   TicketArchive archive{files, folders, settings, journals, messages};
   TicketSplitter splitter{files, settings, archive};
-  TicketProcessor processor{files, settings, journals, messages,   loop,   link,
-                            cash,  recovery, logo,     translator, archive};
+  TicketProcessor processor{files, settings, journals, loop, link, cash, recovery, logo, translator, archive};
   TicketPolling polling{files,   folders,    settings, journals,  timer,  link,
                         queries, correction, splitter, processor, archive};
 };

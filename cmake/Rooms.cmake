@@ -10,16 +10,24 @@ else()
     target_compile_options(orvenza_options INTERFACE -Wno-restrict)
   endif()
 endif()
+if(WIN32)
+  # Windows 7 is the oldest system served.
+  target_compile_definitions(orvenza_options INTERFACE WIN32_LEAN_AND_MEAN= NOMINMAX= _WIN32_WINNT=0x0601)
+  set(orvenza_system windows)
+else()
+  set(orvenza_system posix)
+endif()
 if(ORVENZA_SANITIZE)
   target_compile_options(orvenza_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                    -fno-omit-frame-pointer)
   target_link_options(orvenza_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# orvenza_room(NAME [SYSTEM FOLDER] [USES ROOM...]) makes the library orvenza_NAME from the sources in the current
-# folder and, where FOLDER is given, from those that belong to the operating system this build is for.
+# orvenza_room(NAME [SYSTEM FOLDER] [USES ROOM...] [LIBRARIES LIBRARY...]) makes the library orvenza_NAME from the
+# sources in the current folder and, where FOLDER is given and exists, from those that belong to the operating system
+# this build is for. LIBRARIES are the operating system's.
 function(orvenza_room name)
-  cmake_parse_arguments(ROOM "" "SYSTEM" "USES" ${ARGN})
+  cmake_parse_arguments(ROOM "" "SYSTEM" "USES;LIBRARIES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
   if(ROOM_SYSTEM)
     file(GLOB system_sources CONFIGURE_DEPENDS ${ROOM_SYSTEM}/*.cpp ${ROOM_SYSTEM}/*.h)
@@ -31,4 +39,5 @@ function(orvenza_room name)
   foreach(used ${ROOM_USES})
     target_link_libraries(orvenza_${name} PUBLIC orvenza_${used})
   endforeach()
+  target_link_libraries(orvenza_${name} PUBLIC ${ROOM_LIBRARIES})
 endfunction()

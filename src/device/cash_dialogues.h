@@ -35,12 +35,15 @@ class CashDialogues {
   /// Voids the whole receipt in progress, or has the operator decide to close it where it cannot be voided.
   void InvioVOID();
 
+  /// Asks whether a receipt that cannot be voided is to be closed by a payment instead. True only for a clear
+  /// yes.
+  bool OperatorWantsAutomaticClose();
+
  private:
   enum class VoidStep { kDone, kVoidAgain, kCloseReceipt };
 
   void FollowStatusRead();
   VoidStep ExamineVoidReply(std::string& data);
-  bool OperatorWantsAutomaticClose();
   void LogReply();
 
   DeviceLink& link_;

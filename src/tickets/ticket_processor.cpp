@@ -42,13 +42,12 @@ bool IsTolerated(std::string_view reply) { return reply.starts_with("ERR-2"); }
 }  // namespace
 
 TicketProcessor::TicketProcessor(Files& files, const AppSettings& settings, Journals& journals,
-                                 OperatorMessages& messages, EventLoop& loop, DeviceLink& link,
-                                 CashDialogues& cash, ErrorRecovery& recovery, LogoDownload& logo,
-                                 RecordTranslator& translator, TicketArchive& archive)
+                                 EventLoop& loop, DeviceLink& link, CashDialogues& cash,
+                                 ErrorRecovery& recovery, LogoDownload& logo, RecordTranslator& translator,
+                                 TicketArchive& archive)
     : files_(files),
       settings_(settings),
       journals_(journals),
-      messages_(messages),
       loop_(loop),
       link_(link),
       cash_(cash),
@@ -99,16 +98,10 @@ void TicketProcessor::CloseOpenReceipt() {
     journals_.WrErr(LoadMessage(114));
     cash_.InvioVOID();
     if (IsFailure(link_.ReplyText) ? --tries >= 1 : ++accepted < kVainVoids) continue;
-    if (OperatorWantsAutomaticClose()) SendClosingPayment();
+    if (cash_.OperatorWantsAutomaticClose()) SendClosingPayment();
     tries = kVoidTries;
     accepted = 0;
   }
-}
-
-bool TicketProcessor::OperatorWantsAutomaticClose() {
-  const std::string question = LoadMessage(170) + std::string(kLineBreak) + LoadMessage(171);
-  const int style = message_style::kYesNo + message_style::kExclamation + message_style::kSecondDefault;
-  return messages_.ShowOperatorMessage(question, style, LoadMessage(169)) == message_result::kYes;
 }
 
 void TicketProcessor::SendClosingPayment() {

@@ -22,9 +22,9 @@ namespace orvenza {
 /// Drives one ticket file through the register, from its first line to the archive.
 class TicketProcessor {
  public:
-  TicketProcessor(Files& files, const AppSettings& settings, Journals& journals, OperatorMessages& messages,
-                  EventLoop& loop, DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery,
-                  LogoDownload& logo, RecordTranslator& translator, TicketArchive& archive);
+  TicketProcessor(Files& files, const AppSettings& settings, Journals& journals, EventLoop& loop,
+                  DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery, LogoDownload& logo,
+                  RecordTranslator& translator, TicketArchive& archive);
 
   /// Prints the ticket in `workFile`, a full path. On return the file has been archived or moved to the abort
   /// folder, or has disappeared; one that could not be read stays where it is, for a later call.
@@ -41,7 +41,6 @@ class TicketProcessor {
 
   Next Print(const std::string& workFile);
   void CloseOpenReceipt();
-  bool OperatorWantsAutomaticClose();
   void SendClosingPayment();
 
   Next SendLines(const std::string& workFile);
@@ -62,7 +61,6 @@ class TicketProcessor {
   Files& files_;
   const AppSettings& settings_;
   Journals& journals_;
-  OperatorMessages& messages_;
   EventLoop& loop_;
   DeviceLink& link_;
   CashDialogues& cash_;

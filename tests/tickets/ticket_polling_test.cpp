@@ -282,6 +282,18 @@ TEST(LeftFile, OneThatWasPrintedAtLastStartsAnewWithItsTries) {
   EXPECT_EQ(shop.SentAt("1051"), (Times{5000, 15000}));
 }
 
+TEST(LeftFile, OneThatVanishesAfterItWasListedIsPassedOver) {
+  Shop shop;
+  LeaveInProcess(shop, "a.txt", 1, 1000);
+  DropAt(shop, "b.txt", 2, 2000);
+  shop.files.Before("Exists", [&](const std::string& path) {
+    if (path.ends_with("command.txt")) std::filesystem::remove(shop.folder.Native("data\\inproces\\a.txt"));
+  });
+  shop.Run();
+  EXPECT_EQ(shop.SentAt("1051"), Times{500});
+  EXPECT_EQ(shop.LogForTickets(), (Lines{"Start Scontrino", "End Scontrino"}));
+}
+
 TEST(LeftFile, ANewTicketOfItsNameDoesNotReplaceIt) {
   Shop shop;
   LeaveInProcess(shop, "a.txt", 1, 1000);

@@ -1,0 +1,31 @@
+# GoogleTest, and orvenza_discover_tests(TARGET), which makes the tests of a program known to ctest.
+
+set(googletest_source /usr/src/googletest)
+if(CMAKE_CROSSCOMPILING)
+  # No library is packaged for the other system, so it is built from the sources of the package googletest.
+  if(NOT EXISTS ${googletest_source}/CMakeLists.txt)
+    message(FATAL_ERROR "The tests need ${googletest_source} (package googletest); -DORVENZA_TESTS=OFF does without")
+  endif()
+  set(BUILD_GMOCK OFF)
+  set(INSTALL_GTEST OFF)
+  set(gtest_disable_pthreads ON)
+  add_subdirectory(${googletest_source} googletest EXCLUDE_FROM_ALL)
+  target_include_directories(gtest BEFORE PUBLIC ${CMAKE_CURRENT_LIST_DIR}/googletest-mingw)
+  if(NOT TARGET GTest::gtest)
+    add_library(GTest::gtest ALIAS gtest)
+    add_library(GTest::gtest_main ALIAS gtest_main)
+  endif()
+else()
+  find_package(GTest REQUIRED)
+  include(GoogleTest)
+endif()
+
+# Asking each program for its tests costs a start under the emulator, so there a program is one test.
+function(orvenza_discover_tests target)
+  if(CMAKE_CROSSCOMPILING)
+    add_test(NAME ${target} COMMAND ${target})
+    set_tests_properties(${target} PROPERTIES TIMEOUT 600)
+  else()
+    gtest_discover_tests(${target} NO_PRETTY_VALUES PROPERTIES TIMEOUT 120 DISCOVERY_TIMEOUT 60)
+  endif()
+endfunction()
