@@ -126,14 +126,14 @@ void Connector::RotateHistoric() {
                     historic);
     settings_.HistoricFolder.clear();
   }
-  for (int retry = 0; retry <= kRenameRetries; ++retry) {
+  for (int retry = 0;; ++retry) {
     try {
       RotateHistoricFolder(folders_, clock_, journals_, settings_);
       return;
     } catch (const SystemError& failure) {
-      if (failure.Number() != error_number::kPathFileAccess) throw;
+      if (failure.Number() != error_number::kPathFileAccess || retry == kRenameRetries) throw;
       journals_.WrErr(kMainLabel + LoadMessage(194) + " " + settings_.HistoricFolder);
-      if (retry < kRenameRetries) loop_.Pause(1000ms);
+      loop_.Pause(1000ms);
     }
   }
 }

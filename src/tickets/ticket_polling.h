@@ -43,9 +43,6 @@ class TicketPolling {
   /// the list is then empty.
   void RefreshInProcessList();
 
-  const SortedList& List1() const { return list1_; }
-  const SortedList& List2() const { return list2_; }
-
   /// Reads the new tickets again and counts those still to be printed. Throws SystemError.
   std::size_t CountWaitingTickets();
 

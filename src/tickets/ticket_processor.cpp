@@ -82,7 +82,7 @@ TicketProcessor::Next TicketProcessor::Print(const std::string& workFile) {
   for (;;) {
     ifEnded_ = Next::kLeave;
     journals_.WrLog(LoadMessage(105));
-    journals_.Attempt(kLabel, [&] { CloseOpenReceipt(); });
+    if (!journals_.Attempt(kLabel, [&] { CloseOpenReceipt(); })) return Next::kLeave;
     if (!files_.Exists(workFile)) return Next::kLeave;
     const Next end = SendLines(workFile);
     if (end != Next::kRestart) return end;
@@ -206,14 +206,13 @@ TicketProcessor::Next TicketProcessor::HandleReply(const Line& line) {
 
 std::optional<TicketProcessor::Next> TicketProcessor::SettleSilence(const std::string& line) {
   const auto next = FromDecision(recovery_.DecodeDeviceError(link_.ReplyText, line, true));
-  if (next) ifEnded_ = *next == Next::kRestart ? Next::kLeave : *next;
+  if (next) ifEnded_ = *next;
   link_.Bounce();
   return next;
 }
 
 TicketProcessor::Next TicketProcessor::SettleDeviceError(const std::string& line) {
   const int decision = recovery_.DecodeDeviceError(link_.ReplyText, line, true);
-  if (decision == recovery::kNothing) return Next::kNextLine;
   if (decision == recovery::kGoOn) return GoOnAfterFault();
   return FromDecision(decision).value_or(Next::kNextLine);
 }
