@@ -1,26 +1,42 @@
 #include "app/simulation.h"
 
-#include <filesystem>
-#include <iterator>
+#include <utility>
+
+#include "platform/system_error.h"
 
 namespace orvenza {
+namespace {
 
-Simulation::Simulation(const Clock& clock, Scheduler& scheduler, const FaultScript& script,
+/// Whether a path stands for itself, in the spelling of any system.
+bool IsAbsolute(const std::string& path) {
+  return path.find_first_of("/\\") == 0 || (path.size() > 1 && path[1] == ':');
+}
+
+}  // namespace
+
+Simulation::Simulation(Files& files, const Clock& clock, Scheduler& scheduler, const FaultScript& script,
                        const std::string& folder, std::function<void(const std::string&)> show)
-    : show_(std::move(show)), register_(clock, paper_, script.profile), link_(register_, scheduler, script) {
-  if (!script.paperFile.empty()) {
-    paperFile_.open(std::filesystem::path(folder) / script.paperFile, std::ios::binary | std::ios::app);
-  }
-  paper_.SetSink([this](const std::string& line) {
-    show_(line);
-    if (paperFile_.is_open()) paperFile_ << line << "\n" << std::flush;
+    : register_(clock, paper_, script.profile), link_(register_, scheduler, script) {
+  const bool below = !script.paperFile.empty() && !IsAbsolute(script.paperFile);
+  const std::string copy = below ? folder + "\\" + script.paperFile : script.paperFile;
+  paper_.SetSink([&files, copy, show = std::move(show)](const std::string& line) {
+    show(line);
+    if (copy.empty()) return;
+    try {
+      files.Append(copy, line + "\n");
+    } catch (const SystemError&) {
+      // The paper itself has been shown.
+    }
   });
 }
 
-FaultScript ReadFaultScript(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) throw ScriptError(path, 1, "a file that can be read");
-  const std::string text{std::istreambuf_iterator<char>(in), {}};
+FaultScript ReadFaultScript(const Files& files, const std::string& path) {
+  std::string text;
+  try {
+    text = ReadWhole(files, path);
+  } catch (const SystemError&) {
+    throw ScriptError(path, 1, "a file that can be read");
+  }
   return ParseFaultScript(path, text);
 }
 

@@ -36,7 +36,7 @@ int RunConnector(const std::string& folder, const FaultScript& script) {
   IniProfileFile profile(files);
   EventLoop loop(clock, pump);
   TerminalOperator terminal(std::cout, loop, clock);
-  Simulation simulation(clock, pump, script, folder, [](const std::string& line) {
+  Simulation simulation(files, clock, pump, script, folder, [](const std::string& line) {
     std::cout << "    |" << line << "\n" << std::flush;
   });
   Connector connector({files, folders, profile, clock, loop, terminal, terminal, simulation.Control()},
@@ -68,7 +68,8 @@ int main(int argc, char** argv) {
     const fs::path here = fs::read_symlink("/proc/self/exe").parent_path();
     const fs::path folder = options.folder.empty() ? here : fs::canonical(options.folder);
     if (!fs::is_directory(folder)) return Refuse(folder.string() + " is not a folder");
-    return RunConnector(folder.string(), options.script ? ReadFaultScript(*options.script) : FaultScript{});
+    return RunConnector(folder.string(),
+                        options.script ? ReadFaultScript(PosixFiles(), *options.script) : FaultScript{});
   } catch (const std::exception& failure) {
     return Refuse(failure.what());
   }
