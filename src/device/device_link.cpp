@@ -116,7 +116,8 @@ void DeviceLink::SetPort(bool open) {
 
 bool DeviceLink::Present() {
   bool present = false;
-  journals_.Attempt(kFailureLabel, [&] { present = control_.DevicePresent(); });
+  // A control that fails here is opened anew, which also replaces one that has died.
+  if (!journals_.Attempt(kFailureLabel, [&] { present = control_.DevicePresent(); })) reapply_ = true;
   return present;
 }
 

@@ -250,5 +250,17 @@ TEST_F(ChangedSettingsTest, StayWaitingWhileACommandIsUnderWay) {
   EXPECT_EQ(Elapsed(), 5000);
 }
 
+TEST_F(ChangedSettingsTest, AControlThatFailsBetweenTwoCommandsIsOpenedAnew) {
+  link.OpenDeviceLink(777);
+  const std::size_t callsOfOpening = Calls().size();
+  faulty.FailNext("DevicePresent", error_number::kDeviceError);
+  control.presence = {false, false, true};
+  control.Reply("2001");
+  Answer("Ok", "Ok", "Ok");
+  link.Exchange("200100");
+  EXPECT_EQ(Calls().size(), callsOfOpening + 13U);
+  EXPECT_EQ(Sent(), Lines{"200100"});
+}
+
 }  // namespace
 }  // namespace orvenza::test
