@@ -23,16 +23,15 @@ if(ORVENZA_SANITIZE)
   target_link_options(orvenza_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# orvenza_room(NAME [SYSTEM FOLDER] [USES ROOM...] [LIBRARIES LIBRARY...]) makes the library orvenza_NAME from the
-# sources in the current folder and, where FOLDER is given and exists, from those that belong to the operating system
-# this build is for. LIBRARIES are the operating system's.
+# orvenza_room(NAME [SYSTEM FOLDER...] [USES ROOM...] [LIBRARIES LIBRARY...]) makes the library orvenza_NAME from the
+# sources in the current folder and, from those in each FOLDER, which belong to the operating system this build is for. LIBRARIES are the operating system's.
 function(orvenza_room name)
-  cmake_parse_arguments(ROOM "" "SYSTEM" "USES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(ROOM "" "" "SYSTEM;USES;LIBRARIES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
-  if(ROOM_SYSTEM)
-    file(GLOB system_sources CONFIGURE_DEPENDS ${ROOM_SYSTEM}/*.cpp ${ROOM_SYSTEM}/*.h)
+  foreach(folder ${ROOM_SYSTEM})
+    file(GLOB system_sources CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h)
     list(APPEND sources ${system_sources})
-  endif()
+  endforeach()
   add_library(orvenza_${name} STATIC ${sources})
   target_include_directories(orvenza_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(orvenza_${name} PRIVATE orvenza_options)

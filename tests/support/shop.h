@@ -11,8 +11,6 @@
 #include "app/connector.h"
 #include "core/event_loop.h"
 #include "platform/ini_profile_file.h"
-#include "platform/posix/posix_files.h"
-#include "platform/posix/posix_folders.h"
 #include "simulator/fault_script.h"
 #include "simulator/paper_roll.h"
 #include "simulator/scripted_operator.h"
@@ -20,6 +18,7 @@
 #include "simulator/simulated_register.h"
 #include "simulator/virtual_clock.h"
 #include "support/faulty_files.h"
+#include "support/system_seams.h"
 #include "support/temp_folder.h"
 #include "ui/notification_icon.h"
 
@@ -134,8 +133,8 @@ class Shop {
   Lines Sent() const { return {link.Sent().begin(), link.Sent().end()}; }
 
   /// When each command that begins with `prefix` was sent, in milliseconds of the connector's life.
-  std::vector<long> SentAt(const std::string& prefix) const {
-    std::vector<long> times;
+  std::vector<std::int64_t> SentAt(const std::string& prefix) const {
+    std::vector<std::int64_t> times;
     for (const auto& [command, time] : sentAt_) {
       if (command.starts_with(prefix)) times.push_back(time / std::chrono::milliseconds(1));
     }
@@ -199,8 +198,8 @@ class Shop {
   TempFolder folder;
 
  private:
-  PosixFiles realFiles_;
-  PosixFolders realFolders_;
+  SystemFiles realFiles_;
+  SystemFolders realFolders_;
 
  public:
   FaultyFiles files;

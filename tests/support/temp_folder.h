@@ -24,7 +24,7 @@ class TempFolder {
   ~TempFolder() {
     std::error_code ignored;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_, ignored)) {
-      if (entry.is_directory(ignored)) {
+      if (!entry.is_symlink(ignored)) {
         std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_all, ignored);
       }
     }

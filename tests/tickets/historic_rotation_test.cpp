@@ -158,8 +158,8 @@ TEST_F(RotationTest, ArchivingIsOffWhereTheFolderCannotBeMadeAgain) {
 // The rotation at start-up.
 
 /// Seconds of the connector's life at which the historic folder was to be renamed.
-std::vector<long> RenamesOf(Shop& shop) {
-  std::vector<long> tries;
+std::vector<std::int64_t> RenamesOf(Shop& shop) {
+  std::vector<std::int64_t> tries;
   shop.folders.Before("Rename", [&](const std::string&) { tries.push_back(shop.clock.Uptime() / 1s); });
   shop.Run();
   return tries;
@@ -173,7 +173,7 @@ TEST(RotationAtStartUp, RunsOnceBeforeAnyTicketIsArchived) {
   Shop shop;
   KeepInHistoric(shop, "7.txt", kYesterday);
   shop.Drop("ticket.txt", {"0;1;"});
-  EXPECT_EQ(RenamesOf(shop), std::vector<long>{0});
+  EXPECT_EQ(RenamesOf(shop), std::vector<std::int64_t>{0});
   EXPECT_EQ(shop.Names("storico_20261115"), Lines{"7.txt"});
   EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
 }
@@ -183,7 +183,7 @@ TEST(RotationAtStartUp, TriesAgainEverySecondWhileTheFolderIsInUse) {
   KeepInHistoric(shop, "7.txt", kYesterday);
   shop.folders.FailNext("Rename", error_number::kPathFileAccess);
   shop.folders.FailNext("Rename", error_number::kPathFileAccess);
-  EXPECT_EQ(RenamesOf(shop), (std::vector<long>{0, 1, 2}));
+  EXPECT_EQ(RenamesOf(shop), (std::vector<std::int64_t>{0, 1, 2}));
   EXPECT_EQ(shop.Err(), (Lines{RenameLine(shop), RenameLine(shop)}));
   EXPECT_EQ(shop.Names("storico_20261115"), Lines{"7.txt"});
 }
@@ -193,7 +193,7 @@ TEST(RotationAtStartUp, GoesOnAfterFiveRetries) {
   KeepInHistoric(shop, "7.txt", kYesterday);
   shop.folders.FailAlways("Rename", "storico", error_number::kPathFileAccess);
   shop.Drop("ticket.txt", {"0;1;"});
-  EXPECT_EQ(RenamesOf(shop), (std::vector<long>{0, 1, 2, 3, 4, 5}));
+  EXPECT_EQ(RenamesOf(shop), (std::vector<std::int64_t>{0, 1, 2, 3, 4, 5}));
   Lines expected(5, RenameLine(shop));
   expected.push_back("Main_Load - 75 - Path/File access error ( " + shop.Spelled("storico\\ )"));
   EXPECT_EQ(shop.Err(), expected);
@@ -205,7 +205,7 @@ TEST(RotationAtStartUp, AnyOtherFailureIsLoggedOnceAndPassedOver) {
   KeepInHistoric(shop, "7.txt", kYesterday);
   shop.folders.FailAlways("Rename", "storico", error_number::kPermissionDenied);
   shop.Drop("ticket.txt", {"0;1;"});
-  EXPECT_EQ(RenamesOf(shop), std::vector<long>{0});
+  EXPECT_EQ(RenamesOf(shop), std::vector<std::int64_t>{0});
   EXPECT_EQ(shop.Err(), Lines{"Main_Load - 70 - Permission denied ( " + shop.Spelled("storico\\") + " )"});
   EXPECT_EQ(shop.Names("storico"), (Lines{"7.txt", "8.txt"}));
 }

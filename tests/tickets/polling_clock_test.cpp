@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using Lines = Shop::Lines;
-using Times = std::vector<long>;
+using Times = std::vector<std::int64_t>;
 
 /// A shop that corrects its clock every 30 seconds by more than a minute's difference.
 class CorrectingShop : public Shop {

@@ -82,13 +82,13 @@ TEST(LongCommand, ConfiguresTheWholeLinkAnew) {
 
 TEST(LongCommand, PausesATenthOfASecondWhileThePortIsClosed) {
   Shop shop;
-  std::vector<long> times;
+  std::vector<std::int64_t> times;
   shop.link.SetObserver([&](LineEvent event, const std::string&) {
     if (event == LineEvent::kPort) times.push_back(shop.clock.Uptime() / 1ms);
   });
   shop.Drop("ticket.txt", {"21;"});
   shop.Run(2s);
-  EXPECT_EQ(times, (std::vector<long>{0, 500, 600, 600, 700, 2200}));
+  EXPECT_EQ(times, (std::vector<std::int64_t>{0, 500, 600, 600, 700, 2200}));
 }
 
 TEST(LongCommand, EveryOneIsSentWithoutItsMark) {
@@ -128,7 +128,7 @@ TEST(LongCommand, IsWaitedForAsLongAsTheLongWait) {
   Shop shop("on 3001 late 49000");
   shop.Drop("ticket.txt", {"21;", "0;1;"});
   shop.Run(2min);
-  EXPECT_EQ(shop.SentAt("1051"), std::vector<long>{600 + 49000 + 100});
+  EXPECT_EQ(shop.SentAt("1051"), std::vector<std::int64_t>{600 + 49000 + 100});
   EXPECT_EQ(shop.Err(), Lines{});
 }
 
@@ -137,7 +137,7 @@ TEST(LongCommand, IsWaitedForAtLeastAsLongAsAnyOther) {
   shop.Configure("Com Settings", "TimeWaitForLONGEtx", "5000");
   shop.Drop("ticket.txt", {"21;", "0;1;"});
   shop.Run(2min);
-  EXPECT_EQ(shop.SentAt("1051"), std::vector<long>{600 + 14000 + 100});
+  EXPECT_EQ(shop.SentAt("1051"), std::vector<std::int64_t>{600 + 14000 + 100});
   EXPECT_EQ(shop.Err(), Lines{});
 }
 
@@ -147,7 +147,7 @@ TEST(LongCommand, SilenceIsLoggedWithoutADialogAndTheTicketGoesOn) {
   shop.Run(2min);
   EXPECT_EQ(shop.Err(), Lines{"ECR Error : "});
   EXPECT_EQ(shop.DialogTexts(), Lines{});
-  EXPECT_EQ(shop.SentAt("1051"), std::vector<long>{600 + 50000 + 100});
+  EXPECT_EQ(shop.SentAt("1051"), std::vector<std::int64_t>{600 + 50000 + 100});
   EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
 }
 

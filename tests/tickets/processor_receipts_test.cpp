@@ -176,7 +176,7 @@ TEST(PaperOut, TheRestartFollowsTheOperatorsOk) {
   shop.Drop("ticket.txt", {kCoffee, kPayment});
   shop.person.Answer("Ok", 2min);
   shop.Run(5min);
-  EXPECT_EQ(shop.SentAt("1149"), std::vector<long>{500 + 120000});
+  EXPECT_EQ(shop.SentAt("1149"), std::vector<std::int64_t>{500 + 120000});
 }
 
 TEST(PaperOut, AVoidThatFailsRestartsTheTicketAllTheSame) {
@@ -197,7 +197,7 @@ TEST(PaperOut, PausesBeforeThePrintingStartsAgain) {
   shop.Drop("ticket.txt", {kCoffee, kPayment});
   shop.Answer("Ok");
   shop.Run();
-  const long voided = shop.SentAt("1028").at(0);
+  const std::int64_t voided = shop.SentAt("1028").at(0);
   EXPECT_EQ(shop.SentAt("3217").back(), voided + 1000 + 300);
 }
 

@@ -121,7 +121,7 @@ TEST(LineTrouble, SilenceIsWaitedForFifteenSeconds) {
   shop.Drop("ticket.txt", {"0;1;"});
   shop.Answer(kReprint);
   shop.Run();
-  EXPECT_EQ(shop.SentAt("1051"), (std::vector<long>{500, 500 + 15000 + 1000}));
+  EXPECT_EQ(shop.SentAt("1051"), (std::vector<std::int64_t>{500, 500 + 15000 + 1000}));
 }
 
 TEST(LineTrouble, AReplyWithinFifteenSecondsIsOne) {

@@ -210,7 +210,7 @@ TEST(TicketFile, OneThatCannotBeOpenedStaysAndIsTriedOnTheNextTick) {
       "Trasmissione 70 - Permission denied ( " + shop.Spelled("data\\inproces\\ticket.txt )");
   EXPECT_EQ(shop.Err(), (Lines{line, line}));
   EXPECT_EQ(inProcess, Lines{"ticket.txt"});
-  EXPECT_EQ(shop.SentAt("1051"), std::vector<long>{1500});
+  EXPECT_EQ(shop.SentAt("1051"), std::vector<std::int64_t>{1500});
   EXPECT_EQ(shop.LogForTickets(),
             (Lines{"Start Scontrino", "Start Scontrino", "Start Scontrino", "End Scontrino"}));
   EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});

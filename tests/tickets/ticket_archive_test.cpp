@@ -138,20 +138,20 @@ TEST_F(ArchiveTest, MakesAReadOnlyTicketWritableBeforeItIsDeleted) {
 }
 
 TEST_F(ArchiveTest, AMissingHistoricDriveIsReportedAndTheTicketGoesToTheAbortFolder) {
-  settings.HistoricFolder = "Z:\\storico\\";
+  settings.HistoricFolder = "Q:\\storico\\";
   shop.Answer("Ok");
   archive.Archive(workFile);
   EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
   EXPECT_EQ(InProcess(), Lines{});
-  EXPECT_EQ(shop.Err(), (Lines{kNotArchived, "Drive non disponibile : Z:"}));
-  ASSERT_EQ(shop.DialogTexts(), Lines{"Drive non disponibile : Z:"});
+  EXPECT_EQ(shop.Err(), (Lines{kNotArchived, "Drive non disponibile : Q:"}));
+  ASSERT_EQ(shop.DialogTexts(), Lines{"Drive non disponibile : Q:"});
   EXPECT_EQ(shop.person.Shown()[0].caption, "Orvenza - Attenzione !");
   EXPECT_EQ(shop.person.Shown()[0].icon, MessageIcon::kStop);
   EXPECT_EQ(shop.person.Shown()[0].buttons, Lines{"Ok"});
 }
 
 TEST_F(ArchiveTest, TheTicketHasGoneBeforeTheOperatorIsTold) {
-  settings.HistoricFolder = "Z:\\storico\\";
+  settings.HistoricFolder = "Q:\\storico\\";
   shop.Answer("Ok");
   Lines inProcess{"not asked"};
   shop.person.SetObserver([&](const ShownDialog&, std::string_view) { inProcess = InProcess(); });
@@ -299,23 +299,23 @@ TEST_F(ArchiveTest, AnAbortFolderThatCannotBeMadeLeavesTheTicketSettled) {
 }
 
 TEST_F(ArchiveTest, AMissingAbortDriveIsReportedOnce) {
-  settings.AbortFolder = "Y:\\abort\\";
+  settings.AbortFolder = "R:\\abort\\";
   shop.Answer("Ok");
   archive.Abort(workFile);
   archive.RetrySettled();
   EXPECT_TRUE(archive.IsSettled(workFile));
-  EXPECT_EQ(shop.Err(), Lines{"Drive non disponibile : Y:"});
-  EXPECT_EQ(shop.DialogTexts(), Lines{"Drive non disponibile : Y:"});
+  EXPECT_EQ(shop.Err(), Lines{"Drive non disponibile : R:"});
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Drive non disponibile : R:"});
 }
 
 TEST_F(ArchiveTest, BothDrivesMissingAreReportedEach) {
-  settings.HistoricFolder = "Z:\\storico\\";
-  settings.AbortFolder = "Y:\\abort\\";
+  settings.HistoricFolder = "Q:\\storico\\";
+  settings.AbortFolder = "R:\\abort\\";
   shop.Answer("Ok");
   shop.Answer("Ok");
   archive.Archive(workFile);
   EXPECT_TRUE(archive.IsSettled(workFile));
-  EXPECT_EQ(shop.DialogTexts(), (Lines{"Drive non disponibile : Y:", "Drive non disponibile : Z:"}));
+  EXPECT_EQ(shop.DialogTexts(), (Lines{"Drive non disponibile : R:", "Drive non disponibile : Q:"}));
 }
 
 // The archive in the running program.
@@ -364,7 +364,7 @@ TEST(Archiving, ANewTicketOfASettledOnesNameWaitsUntilThatHasGone) {
 
 TEST(Archiving, TheProgramRunsOnWithoutTheHistoricDrive) {
   Shop shop;
-  shop.Configure("Database", "HistoricTickets", "Z:\\storico\\");
+  shop.Configure("Database", "HistoricTickets", "Q:\\storico\\");
   shop.Drop("a.txt", {"0;1;"});
   shop.Drop("b.txt", {"0;2;"});
   shop.Answer("Ok");

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <windows.h>
+
+#include "platform/clock.h"
+
+namespace orvenza {
+
+LocalTime FromSystemTime(const SYSTEMTIME& time);
+
+/// A file time (universal) in local time; the date zero where the system cannot convert it.
+LocalTime FromFileTime(const FILETIME& time);
+
+}  // namespace orvenza

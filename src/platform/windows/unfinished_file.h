@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/windows/unique_handle.h"
+
+namespace orvenza {
+
+/// Writes all of `text` to a file. False, with the system's last error set, when the system took less.
+bool WriteAll(HANDLE file, std::string_view text);
+
+/// A file in the making under a name of its own beside its target. It takes the target's place when it is
+/// finished; destroyed before that, it leaves nothing behind. Failures are SystemErrors about the target.
+class UnfinishedFile {
+ public:
+  explicit UnfinishedFile(const std::string& target);
+  ~UnfinishedFile();
+  UnfinishedFile(const UnfinishedFile&) = delete;
+  UnfinishedFile& operator=(const UnfinishedFile&) = delete;
+
+  void Add(std::string_view bytes);
+  void SetModified(const FILETIME& time);
+  void Finish();
+
+ private:
+  std::string target_;
+  std::wstring nativeTarget_;
+  std::wstring native_;
+  FileHandle file_;
+};
+
+}  // namespace orvenza

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <windows.h>
+
+#include <utility>
+
+namespace orvenza {
+
+/// Owner of one system resource. `Traits` names its type `Value`, its empty value `Empty()` and how it is
+/// given back, `Close(value)`.
+template <typename Traits>
+class Unique {
+ public:
+  using Value = typename Traits::Value;
+
+  Unique() = default;
+  explicit Unique(Value value) : value_(value) {}
+  Unique(Unique&& other) noexcept : value_(other.Release()) {}
+  Unique& operator=(Unique&& other) noexcept {
+    std::swap(value_, other.value_);
+    return *this;
+  }
+  ~Unique() { Reset(); }
+
+  bool Valid() const { return value_ != Traits::Empty(); }
+  Value Get() const { return value_; }
+
+  /// Leaves the resource to another owner.
+  Value Release() { return std::exchange(value_, Traits::Empty()); }
+
+  /// Gives the resource back now.
+  void Reset() {
+    if (Valid()) Traits::Close(Release());
+  }
+
+ private:
+  Value value_ = Traits::Empty();
+};
+
+struct FileHandleTraits {
+  using Value = HANDLE;
+  static Value Empty() { return INVALID_HANDLE_VALUE; }
+  static void Close(Value value) { ::CloseHandle(value); }
+};
+using FileHandle = Unique<FileHandleTraits>;
+
+struct FindHandleTraits {
+  using Value = HANDLE;
+  static Value Empty() { return INVALID_HANDLE_VALUE; }
+  static void Close(Value value) { ::FindClose(value); }
+};
+using FindHandle = Unique<FindHandleTraits>;
+
+/// Of those functions that return null when they fail.
+struct ObjectHandleTraits {
+  using Value = HANDLE;
+  static Value Empty() { return nullptr; }
+  static void Close(Value value) { ::CloseHandle(value); }
+};
+using ObjectHandle = Unique<ObjectHandleTraits>;
+
+}  // namespace orvenza

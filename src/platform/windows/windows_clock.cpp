@@ -1,0 +1,70 @@
+#include "platform/windows/windows_clock.h"
+
+#include <windows.h>
+
+#include <array>
+#include <cstdio>
+
+#include "platform/system_error.h"
+#include "platform/windows/local_times.h"
+#include "platform/windows/wide.h"
+#include "platform/windows/windows_error.h"
+
+namespace orvenza {
+namespace {
+
+SYSTEMTIME SystemLocalTime() {
+  SYSTEMTIME now{};
+  ::GetLocalTime(&now);
+  return now;
+}
+
+std::string FixedStamp(const LocalTime& time) {
+  char text[80];
+  std::snprintf(text, sizeof text, "%02d/%02d/%04d %02d:%02d:%02d", time.day, time.month, time.year,
+                time.hour, time.minute, time.second);
+  return text;
+}
+
+}  // namespace
+
+LocalTime WindowsClock::Now() const { return FromSystemTime(SystemLocalTime()); }
+
+double WindowsClock::SecondsSinceMidnight() const {
+  const SYSTEMTIME now = SystemLocalTime();
+  return (now.wHour * 60 + now.wMinute) * 60 + now.wSecond + now.wMilliseconds / 1000.0;
+}
+
+std::chrono::nanoseconds WindowsClock::Uptime() const {
+  return std::chrono::steady_clock::now().time_since_epoch();
+}
+
+void WindowsClock::SetTimeOfDay(int hour, int minute, int second) {
+  const bool exists = hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
+  if (!exists) throw SystemError(error_number::kInternalError);
+  SYSTEMTIME time = SystemLocalTime();
+  time.wHour = static_cast<WORD>(hour);
+  time.wMinute = static_cast<WORD>(minute);
+  time.wSecond = static_cast<WORD>(second);
+  time.wMilliseconds = 0;
+  if (!::SetLocalTime(&time)) throw SystemError(error_number::kPermissionDenied);
+}
+
+std::string WindowsClock::Stamp(const LocalTime& time) const {
+  SYSTEMTIME system{};
+  system.wYear = static_cast<WORD>(time.year);
+  system.wMonth = static_cast<WORD>(time.month);
+  system.wDay = static_cast<WORD>(time.day);
+  system.wHour = static_cast<WORD>(time.hour);
+  system.wMinute = static_cast<WORD>(time.minute);
+  system.wSecond = static_cast<WORD>(time.second);
+  std::array<wchar_t, 100> date{};
+  std::array<wchar_t, 100> clock{};
+  const int size = static_cast<int>(date.size());
+  const bool shown =
+      ::GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &system, nullptr, date.data(), size) > 0 &&
+      ::GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &system, nullptr, clock.data(), size) > 0;
+  return shown ? ToUtf8(date.data()) + " " + ToUtf8(clock.data()) : FixedStamp(time);
+}
+
+}  // namespace orvenza

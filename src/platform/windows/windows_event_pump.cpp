@@ -1,0 +1,107 @@
+#include "platform/windows/windows_event_pump.h"
+
+#include <windows.h>
+// After windows.h, which declares what it needs.
+#include <timeapi.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace orvenza {
+namespace {
+
+using std::chrono::nanoseconds;
+
+/// Longer waits and delays count as this long.
+constexpr nanoseconds kLongestWait = std::chrono::hours(24 * 365);
+
+/// Messages of one delivery. A window that is never done (one that does not validate what it should paint,
+/// say) must not keep the timers waiting.
+constexpr int kMostMessages = 1000;
+
+/// Of the system's timer, in milliseconds.
+constexpr UINT kResolution = 1;
+
+nanoseconds Now() { return std::chrono::steady_clock::now().time_since_epoch(); }
+
+nanoseconds Bounded(nanoseconds wait) { return std::clamp(wait, nanoseconds::zero(), kLongestWait); }
+
+/// Rounded up, so that a wait does not end before its moment.
+DWORD Milliseconds(nanoseconds wait) {
+  constexpr std::int64_t kMost = INFINITE - 1;
+  const auto count = std::chrono::ceil<std::chrono::milliseconds>(wait).count();
+  return static_cast<DWORD>(std::min<std::int64_t>(count, kMost));
+}
+
+}  // namespace
+
+WindowsEventPump::WindowsEventPump() { ::timeBeginPeriod(kResolution); }
+
+WindowsEventPump::~WindowsEventPump() { ::timeEndPeriod(kResolution); }
+
+void WindowsEventPump::Dispatch() { Deliver(); }
+
+void WindowsEventPump::WaitForEvent(nanoseconds limit) {
+  const Moment end = Now() + Bounded(limit);
+  bool woken = false;
+  do woken = Sleep(end);
+  while (!Deliver() && !woken && Now() < end);
+}
+
+void WindowsEventPump::After(nanoseconds delay, std::function<void()> action) {
+  timers_.emplace(Now() + Bounded(delay), Timer{nextNumber_++, std::move(action)});
+}
+
+void WindowsEventPump::AddDialog(void* window) { dialogs_.push_back(window); }
+
+void WindowsEventPump::RemoveDialog(void* window) { std::erase(dialogs_, window); }
+
+/// Sleeps until a message arrives or a timer falls due, at most until `end`. True for a message, also one
+/// that the system hands to its window by itself.
+bool WindowsEventPump::Sleep(Moment end) const {
+  if (!timers_.empty()) end = std::min(end, timers_.begin()->first);
+  const DWORD limit = Milliseconds(Bounded(end - Now()));
+  return ::MsgWaitForMultipleObjectsEx(0, nullptr, limit, QS_ALLINPUT, MWMO_INPUTAVAILABLE) == WAIT_OBJECT_0;
+}
+
+bool WindowsEventPump::Deliver() {
+  const bool messages = DeliverMessages();
+  const bool timers = DeliverTimers();
+  return messages || timers;
+}
+
+bool WindowsEventPump::DeliverMessages() {
+  int count = 0;
+  MSG message{};
+  while (count < kMostMessages && ::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    ++count;
+    if (message.message == WM_QUIT) {
+      if (const auto handler = onTerminate_) handler();
+      continue;
+    }
+    const HWND window = message.hwnd == nullptr ? nullptr : ::GetAncestor(message.hwnd, GA_ROOT);
+    const bool isDialog = std::find(dialogs_.begin(), dialogs_.end(), window) != dialogs_.end();
+    if (isDialog && ::IsDialogMessageW(window, &message)) continue;
+    ::TranslateMessage(&message);
+    ::DispatchMessageW(&message);
+  }
+  return count > 0;
+}
+
+bool WindowsEventPump::DeliverTimers() {
+  // What falls due while these actions run waits for the next delivery, so that this one ends. The clock
+  // alone does not tell: it may show the same moment twice.
+  const Moment now = Now();
+  const std::uint64_t end = nextNumber_;
+  bool delivered = false;
+  for (auto first = timers_.begin(); first != timers_.end(); first = timers_.begin()) {
+    if (first->first > now || first->second.number >= end) break;
+    const auto action = std::move(first->second.action);
+    timers_.erase(first);
+    delivered = true;
+    action();
+  }
+  return delivered;
+}
+
+}  // namespace orvenza

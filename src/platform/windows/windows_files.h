@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/files.h"
+
+namespace orvenza {
+
+/// The files of Windows. A file that another program still has open for writing is neither read nor copied
+/// (error 70), so that a ticket is taken in whole.
+class WindowsFiles : public Files {
+ public:
+  bool Exists(const std::string& path) const override;
+  std::uintmax_t Size(const std::string& path) const override;
+  std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const override;
+  void Append(const std::string& path, std::string_view text) override;
+  void Write(const std::string& path, std::string_view content) override;
+  /// The copy has no attributes but the system's usual ones, so that a copy of a read-only file is writable.
+  void Copy(const std::string& from, const std::string& to) override;
+  void Move(const std::string& from, const std::string& to) override;
+  void Remove(const std::string& path) override;
+  void ClearAttributes(const std::string& path) override;
+};
+
+}  // namespace orvenza

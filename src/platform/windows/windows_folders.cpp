@@ -1,0 +1,112 @@
+#include "platform/windows/windows_folders.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
+#include "platform/name_mask.h"
+#include "platform/system_error.h"
+#include "platform/windows/local_times.h"
+#include "platform/windows/unique_handle.h"
+#include "platform/windows/wide.h"
+#include "platform/windows/windows_error.h"
+#include "platform/windows/windows_paths.h"
+
+namespace orvenza {
+namespace {
+
+DWORD AttributesOf(const std::wstring& native) { return ::GetFileAttributesW(native.c_str()); }
+
+bool IsListed(std::string_view name, const wchar_t* nativeName, std::string_view mask) {
+  if (name == "." || name == ".." || name.ends_with(kUnfinishedSuffix)) return false;
+  // A name that is no well-formed UTF-16 would lead nowhere when it came back as a path.
+  return MatchesMask(name, mask) && ToWide(name) == nativeName;
+}
+
+std::string AttributeLetters(DWORD attributes) {
+  constexpr DWORD kFlags[] = {FILE_ATTRIBUTE_ARCHIVE, FILE_ATTRIBUTE_READONLY,   FILE_ATTRIBUTE_HIDDEN,
+                              FILE_ATTRIBUTE_SYSTEM,  FILE_ATTRIBUTE_COMPRESSED, FILE_ATTRIBUTE_TEMPORARY};
+  constexpr std::string_view kLetters = "ARHSCT";
+  std::string letters(kLetters.size(), ' ');
+  for (std::size_t i = 0; i < kLetters.size(); ++i) {
+    if ((attributes & kFlags[i]) != 0) letters[i] = kLetters[i];
+  }
+  return letters;
+}
+
+FolderEntry EntryOf(const WIN32_FIND_DATAW& data, std::string name) {
+  FolderEntry entry;
+  entry.name = std::move(name);
+  entry.isFolder = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  if (!entry.isFolder) entry.size = (std::uintmax_t{data.nFileSizeHigh} << 32) | data.nFileSizeLow;
+  entry.created = FromFileTime(data.ftCreationTime);
+  entry.accessed = FromFileTime(data.ftLastAccessTime);
+  entry.modified = FromFileTime(data.ftLastWriteTime);
+  entry.attributes = AttributeLetters(data.dwFileAttributes);
+  return entry;
+}
+
+}  // namespace
+
+WindowsFolders::WindowsFolders() {
+  // A drive without a disk is an error like others, not a box of the system's own.
+  ::SetErrorMode(::GetErrorMode() | SEM_FAILCRITICALERRORS);
+}
+
+bool WindowsFolders::Exists(const std::string& path) const {
+  try {
+    const DWORD attributes = AttributesOf(NativeFolderPath(path));
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  } catch (const SystemError&) {
+    return false;
+  }
+}
+
+FolderListing WindowsFolders::ListFolder(const std::string& pattern) const {
+  if (pattern.empty()) throw SystemError(error_number::kBadFileName);
+  const std::size_t maskAt = pattern.find_last_of("\\/") + 1;  // npos + 1 is 0: the current folder.
+  const std::string mask = pattern.substr(maskAt);
+  const std::string path = pattern.substr(0, maskAt);
+  // All names are fetched and matched here: the system's own matching looks at short (8.3) names too.
+  WIN32_FIND_DATAW data{};
+  const FindHandle search(::FindFirstFileW(NativePath(path + "*").c_str(), &data));
+  FolderListing listing;
+  if (!search.Valid()) {
+    const DWORD error = ::GetLastError();
+    // The root of an empty drive has not even the entry ".".
+    if (error == ERROR_FILE_NOT_FOUND && (path.empty() || Exists(path))) return listing;
+    ThrowFolderError(error, path);
+  }
+  do {
+    std::string name = ToUtf8(data.cFileName);
+    if (IsListed(name, data.cFileName, mask)) listing.push_back(EntryOf(data, std::move(name)));
+  } while (::FindNextFileW(search.Get(), &data));
+  if (const DWORD error = ::GetLastError(); error != ERROR_NO_MORE_FILES) ThrowFolderError(error, path);
+  return listing;
+}
+
+void WindowsFolders::Create(const std::string& path) {
+  if (!::CreateDirectoryW(NativeFolderPath(path).c_str(), nullptr)) ThrowFolderError(::GetLastError(), path);
+}
+
+void WindowsFolders::Rename(const std::string& from, const std::string& to) {
+  const std::wstring source = NativeFolderPath(from);
+  const std::wstring target = NativeFolderPath(to);
+  if (!Exists(from)) throw SystemError(error_number::kPathNotFound, from);
+  if (::MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH)) return;
+  const DWORD error = ::GetLastError();
+  if (error == ERROR_ALREADY_EXISTS || error == ERROR_FILE_EXISTS) ThrowFolderError(error, to);
+  const bool inUse = error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION;
+  ThrowFolderError(inUse ? ERROR_BUSY : error, from);
+}
+
+std::string WindowsFolders::DriveOf(const std::string& path) const { return DriveIn(path); }
+
+bool WindowsFolders::DriveAvailable(const std::string& path) const {
+  const std::string drive = DriveIn(path);
+  return drive.empty() || Exists(drive + "\\");
+}
+
+std::string SettingsPath(std::string text) { return text; }
+
+}  // namespace orvenza

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orvenza {
+
+/// Ending of a file that is still being written beside its target. Listings never show such names.
+inline constexpr std::string_view kUnfinishedSuffix = ".orv~";
+
+/// The drive ("C:") or server share ("\\server\share") that `path` begins with, as it is spelled. Empty for a
+/// path without either.
+std::string DriveIn(std::string_view path);
+
+/// `path` as the system takes it. Throws SystemError 52 for an empty path and one with a NUL.
+std::wstring NativePath(const std::string& path);
+
+/// The same for the path of a folder, without trailing separators but for that of a drive ("C:\").
+std::wstring NativeFolderPath(const std::string& path);
+
+}  // namespace orvenza

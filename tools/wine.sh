@@ -1,0 +1,152 @@
+#!/usr/bin/env bash
+# Runs Windows programs under Wine, in a system of their own with a screen of their own: see usage below.
+set -euo pipefail
+
+usage() {
+  cat <<'TEXT'
+Usage: tools/wine.sh PROGRAM.exe [ARGUMENT...]
+       tools/wine.sh --in-root COMMAND [ARGUMENT...]
+       tools/wine.sh --check | --setup | --help
+
+Runs a Windows program under a 32-bit Wine, waits for it and exits as it did. Wine lies in a small Debian system of
+its own, because few systems have a 32-bit Wine; where it is missing it is made, which downloads about 300 MB. Each
+run has its own screen (1024x768) and leaves neither a process nor a mount behind; runs wait for each other.
+
+  --in-root  runs a command of that system instead of a program, with DISPLAY and WINEPREFIX set, so that it can
+             start programs by "wine", press keys by "xdotool" and take pictures by "import"
+  --check    exits 0 when programs can be run (after --setup, if need be), else says what is missing
+  --setup    makes that system and Wine's own files, and runs nothing
+
+Needs root, debootstrap and unshare. The project, the program's folder and the current folder are seen under their
+own names.
+
+  ORVENZA_WINE_ROOT    folder of that system (default: /opt/orvenza-wine)
+  ORVENZA_WINE_PREFIX  folder of Wine's own files within it (default: /var/lib/orvenza-wine)
+TEXT
+}
+
+fail() {
+  echo "wine.sh: $*" >&2
+  exit 125
+}
+
+project=$(cd "$(dirname "$0")/.." && pwd -P)
+root=${ORVENZA_WINE_ROOT:-/opt/orvenza-wine}
+prefix=${ORVENZA_WINE_PREFIX:-/var/lib/orvenza-wine}
+packages=wine32,wine,xvfb,xauth,xdotool,imagemagick
+# Only a system with this file in it is used: it was made here, to its end.
+mark=$root/etc/orvenza-wine
+
+check() {
+  [ "$(id -u)" -eq 0 ] || fail "only root may enter the system in $root"
+  command -v unshare >/dev/null || fail "unshare (package util-linux) is missing"
+  unshare --mount --pid --fork true 2>/dev/null || fail "this system does not allow mounts, not even to root"
+  [ ! -e "$mark" ] || return 0
+  [ ! -d "$root" ] || [ -z "$(ls -A "$root")" ] ||
+    fail "$root is not empty and was not made by this script; it is left alone"
+  command -v debootstrap >/dev/null || fail "debootstrap is missing, and there is no system in $root yet"
+}
+
+# Made beside its place and moved there when it is whole. Nothing that was there before is ever removed.
+make_root() {
+  [ ! -e "$mark" ] || return 0
+  echo "wine.sh: making the system in $root (log: $root.log)" >&2
+  local part
+  part=$(mktemp -d "$root.part.XXXXXX")
+  chmod 755 "$part"
+  # In a mount namespace of its own: what debootstrap mounts is never seen from here, where $part may be removed.
+  if unshare --mount --propagation private \
+    debootstrap --arch=i386 --variant=minbase --include="$packages" bookworm "$part" >"$root.log" 2>&1; then
+    rm -f "$part"/var/cache/apt/archives/*.deb
+    touch "$part/etc/orvenza-wine"
+    mv -T "$part" "$root"
+  else
+    rm -rf --one-file-system -- "$part"
+    tail -n 5 "$root.log" >&2
+    fail "debootstrap failed"
+  fi
+}
+
+# Run in mounts and processes of its own, which end with it. Of the outside, the root folder shows only the folders
+# given, below their own names; its devices are its own.
+enter() {
+  exec 9>&-
+  for folder in "$@"; do
+    mkdir -p "$root$folder"
+  done
+  mount -t proc proc "$root/proc"
+  mount -t tmpfs tmpfs "$root/dev/shm"
+  mount -t tmpfs -o mode=1777 tmpfs "$root/tmp"
+  mkdir -m 1777 "$root/tmp/.X11-unix"
+  for folder in "$@"; do
+    mkdir -p "$root$folder"
+    mount --bind "$folder" "$root$folder"
+  done
+}
+
+# Run within that system: the first argument is the folder to work in, the others are the command.
+within() {
+  cd "$1"
+  shift
+  coproc screen { exec Xvfb -displayfd 5 -screen 0 1024x768x24 -nolisten tcp 5>&1 2>/dev/null; }
+  read -r number <&"${screen[0]}"
+  export DISPLAY=:$number
+  if [ ! -e "$WINEPREFIX/system.reg" ]; then
+    mkdir -p "$(dirname "$WINEPREFIX")"
+    wineboot --init </dev/null >/dev/null 2>&1
+    wineserver -w
+  fi
+  result=0
+  "$@" || result=$?
+  # Wine ends in order, so that its registry is on the disk.
+  wineserver -k || true
+  wineserver -w || true
+  exit "$result"
+}
+
+# Folders outside the project that a run may show. Those of the system itself are another one's within.
+may_be_shown() {
+  case "$1/" in
+    "$project"/*) return 1 ;;
+    /bin/* | /boot/* | /dev/* | /etc/* | /lib*/* | /proc/* | /run/* | /sbin/* | /sys/* | /usr/* | /var/*) return 1 ;;
+    /*/*/*) return 0 ;;
+    *) return 1 ;;
+  esac
+}
+
+folders=("$project")
+case "${1:-}" in
+  --help) usage; exit 0 ;;
+  --check) check; exit 0 ;;
+  --setup) command=(true) ;;
+  --in-root) shift; command=("$@"); [ $# -gt 0 ] || { usage >&2; exit 2; } ;;
+  -* | '') usage >&2; exit 2 ;;
+  *)
+    program=$(realpath -e -- "$1") || fail "there is no program $1"
+    shift
+    command=(wine "$program" "$@")
+    folder=$(dirname "$program")
+    if may_be_shown "$folder"; then folders+=("$folder"); fi
+    ;;
+esac
+work=$(pwd -P)
+case "$work/" in
+  "$project"/*) ;;
+  *) if may_be_shown "$work"; then folders+=("$work"); else work=$project; fi ;;
+esac
+
+check
+exec 9>"$root.lock"
+flock 9
+make_root
+export root
+export -f enter within
+exec unshare --mount --pid --fork --kill-child --propagation private bash -euc '
+  count=$1; shift
+  enter "${@:1:count}"
+  shift "$count"
+  exec chroot "$root" env -i "$@"
+' - ${#folders[@]} "${folders[@]}" \
+  PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LANG=C.UTF-8 ${TZ:+TZ="$TZ"} WINEPREFIX="$prefix" \
+  WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree,mshtml=" \
+  bash -euc "$(declare -f within); within \"\$@\"" - "$work" "${command[@]}"
