@@ -1,0 +1,36 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <utility>
+
+#include "device/windows/com.h"
+#include "platform/event_pump.h"
+
+namespace orvenza::test {
+
+/// Runs actions from the message loop of whoever hosts the stand-in, and from nowhere else.
+class TimerScheduler : public Scheduler {
+ public:
+  TimerScheduler();
+  ~TimerScheduler() override;
+  TimerScheduler(const TimerScheduler&) = delete;
+  TimerScheduler& operator=(const TimerScheduler&) = delete;
+
+  void After(std::chrono::nanoseconds delay, std::function<void()> action) override;
+
+ private:
+  using Moment = std::pair<std::chrono::steady_clock::time_point, std::uint64_t>;
+
+  static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  void RunDue();
+  void Arm();
+
+  HWND window_;
+  std::map<Moment, std::function<void()>> actions_;
+  std::uint64_t next_ = 0;
+};
+
+}  // namespace orvenza::test

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <span>
+
+#include "device/windows/com.h"
+#include "standin/behaviour.h"
+
+namespace orvenza::test {
+
+inline constexpr const wchar_t* kProgId = L"EcrLinkXControl1.EcrLinkX";
+inline constexpr CLSID kStandInClass = {
+    0x6E0F7C52, 0x3B1D, 0x4E6A, {0x9C, 0x41, 0x5D, 0x0A, 0x7E, 0x83, 0x12, 0xB4}};
+inline constexpr IID kStandInMembers = {
+    0x6E0F7C53, 0x3B1D, 0x4E6A, {0x9C, 0x41, 0x5D, 0x0A, 0x7E, 0x83, 0x12, 0xB4}};
+inline constexpr IID kStandInEvents = {
+    0x6E0F7C54, 0x3B1D, 0x4E6A, {0x9C, 0x41, 0x5D, 0x0A, 0x7E, 0x83, 0x12, 0xB4}};
+inline constexpr GUID kStandInLibrary = {
+    0x6E0F7C55, 0x3B1D, 0x4E6A, {0x9C, 0x41, 0x5D, 0x0A, 0x7E, 0x83, 0x12, 0xB4}};
+
+/// A member of the stand-in, or an event. The names are not the ones the program uses: nobody may go by them.
+struct Member {
+  DISPID number;
+  const wchar_t* name;
+  WORD kinds;  ///< DISPATCH_METHOD, or DISPATCH_PROPERTYGET and DISPATCH_PROPERTYPUT.
+  VARTYPE type;
+};
+
+/// The events in the order in which the interface lists them, which is not the order of their numbers.
+std::span<const Member> Events();
+
+/// Null when there is none of this number.
+const Member* FindMember(DISPID number);
+
+/// What describes one class of the stand-in to a container.
+struct TypeLibrary {
+  ComPtr<ITypeInfo> classInfo;
+  ComPtr<ITypeInfo> members;
+};
+
+/// Builds the descriptions in memory, as `behaviour` wants them. Empty when that fails.
+TypeLibrary BuildTypeLibrary(const Behaviour& behaviour);
+
+}  // namespace orvenza::test
