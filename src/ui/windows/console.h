@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+namespace orvenza {
+
+/// Where a program without a console of its own may write: its standard output where that leads somewhere,
+/// else the console it was started from. Without either nothing is shown.
+class Console {
+ public:
+  Console();
+
+  /// False when nobody would see it.
+  bool IsThere() const { return output_ != nullptr; }
+
+  /// Writes UTF-8 `text`.
+  void Write(const std::string& text) const;
+
+ private:
+  void* output_ = nullptr;
+};
+
+/// Shows `text` at the console, or in a box where there is none.
+void ShowNotice(const Console& console, const std::string& text, bool isError);
+
+}  // namespace orvenza

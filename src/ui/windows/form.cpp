@@ -1,0 +1,190 @@
+#include "ui/windows/form.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "platform/windows/wide.h"
+#include "ui/windows/dpi.h"
+#include "ui/windows/names.h"
+
+namespace orvenza {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr UINT kFlashInterval = 500;
+constexpr UINT kTopmostFlags = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW;
+static_assert(kTopmostFlags == 83);
+
+/// A press is an event and ends the wait at once; this is how long a form closed by another program's call
+/// may go unnoticed.
+constexpr auto kLongestWait = 100ms;
+
+HWND OwnerOf(const Desk& desk) { return desk.forms.empty() ? nullptr : desk.forms.back()->Handle(); }
+
+/// Only the innermost form takes part.
+void EnableInnermost(const Desk& desk) {
+  for (const Form* form : desk.forms) EnableWindow(form->Handle(), form == desk.forms.back());
+}
+
+}  // namespace
+
+Form::Form(Desk& desk, const wchar_t* className, const std::string& caption) : desk_(desk) {
+  Create(className, caption, WS_POPUP | WS_CAPTION | WS_SYSMENU, WS_EX_CONTROLPARENT, OwnerOf(desk));
+  SetFonts(DpiOf(Handle()));
+  desk_.forms.push_back(this);
+  desk_.pump.AddDialog(Handle());
+}
+
+Form::~Form() { Close(); }
+
+void Form::Close() {
+  Leave();
+  Destroy();
+}
+
+/// Takes the form from the desk. Whoever comes to the front then must already be enabled when the window
+/// goes, or the system would activate another program.
+void Form::Leave() {
+  const auto self = std::find(desk_.forms.begin(), desk_.forms.end(), this);
+  if (self == desk_.forms.end()) return;
+  desk_.forms.erase(self);
+  desk_.pump.RemoveDialog(Handle());
+  EnableInnermost(desk_);
+}
+
+int Form::NextPress() {
+  while (IsOpen() && pressed_ == 0) desk_.loop.Wait(kLongestWait);
+  return IsOpen() ? std::exchange(pressed_, 0) : 0;
+}
+
+void Form::Show(int focused, bool flashing) {
+  ArrangeAt(0, 0, true);
+  EnableInnermost(desk_);
+  focus_ = Control(focused);
+  ShowWindow(Handle(), SW_SHOWNORMAL);
+  SetWindowPos(Handle(), HWND_TOPMOST, 0, 0, 0, 0, kTopmostFlags);
+  SetForegroundWindow(Handle());
+  SetFocus(focus_);
+  if (flashing) SetTimer(Handle(), kTmrFlash, kFlashInterval, nullptr);
+}
+
+HWND Form::AddControl(const wchar_t* className, const std::string& caption, DWORD style, int id,
+                      TextKind kind) {
+  const auto number = reinterpret_cast<HMENU>(static_cast<INT_PTR>(id));
+  const HWND control = CreateWindowExW(0, className, ToWide(caption).c_str(), WS_CHILD | WS_VISIBLE | style,
+                                       0, 0, 0, 0, Handle(), number, GetModuleHandleW(nullptr), nullptr);
+  SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.Of(kind)), FALSE);
+  controls_.push_back({control, kind});
+  return control;
+}
+
+void Form::AddButton(const std::string& caption, int id, TextKind kind) {
+  const DWORD group = buttons_.empty() ? WS_GROUP : 0;
+  AddControl(L"BUTTON", caption, BS_PUSHBUTTON | BS_NOTIFY | WS_TABSTOP | group, id, kind);
+  buttons_.push_back(id);
+}
+
+void Form::Place(int id, const Box& box) const {
+  SetWindowPos(Control(id), nullptr, box.left, box.top, box.width, box.height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+TextMeasure Form::MeasureOf(int id, UINT format) const {
+  return [control = Control(id), format](int widest) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
+    text.resize(
+        static_cast<std::size_t>(GetWindowTextW(control, text.data(), static_cast<int>(text.size()))));
+    const MeasuringCanvas canvas(control, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
+    RECT box{0, 0, widest, 0};
+    DrawTextW(canvas.Dc(), text.c_str(), static_cast<int>(text.size()), &box,
+              DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | format);
+    return Extent{box.right, box.bottom};
+  };
+}
+
+int Form::LineHeight(TextKind kind) const {
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(MeasuringCanvas(Handle(), fonts_.Of(kind)).Dc(), &metrics);
+  return metrics.tmHeight;
+}
+
+void Form::SetFonts(int dpi) {
+  FormFonts fonts(dpi);
+  for (const OwnedControl& control : controls_) {
+    SendMessageW(control.window, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.Of(control.kind)), FALSE);
+  }
+  fonts_ = std::move(fonts);
+  dpi_ = dpi;
+}
+
+void Form::ArrangeAt(int left, int top, bool centred) {
+  const Extent size = OuterSize(Handle(), Arrange(dpi_), dpi_);
+  if (centred) {
+    const Extent screen = ScreenSize();
+    left = (screen.width - size.width) / 2;
+    top = (screen.height - size.height) / 2;
+  }
+  SetWindowPos(Handle(), nullptr, left, top, size.width, size.height, SWP_NOZORDER | SWP_NOACTIVATE);
+  InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_COMMAND:
+      if (IsWindowEnabled(Handle())) OnCommand(LOWORD(wParam), HIWORD(wParam));
+      return 0;
+    case WM_CLOSE:
+      if (IsWindowEnabled(Handle())) Close();
+      return 0;
+    case WM_ACTIVATE: OnActivate(LOWORD(wParam) != WA_INACTIVE); return 0;
+    case WM_SETFOCUS: SetFocus(focus_); return 0;
+    case WM_TIMER: FlashWindow(Handle(), TRUE); return 0;
+    case DM_GETDEFID: return MAKELRESULT(DefaultButton(), DC_HASDEFID);
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+      SetBkColor(reinterpret_cast<HDC>(wParam), kFormColour);
+      return reinterpret_cast<LRESULT>(FormBrush());
+    case WM_DPICHANGED: {
+      const auto* const suggested = reinterpret_cast<const RECT*>(lParam);
+      SetFonts(LOWORD(wParam));
+      ArrangeAt(suggested->left, suggested->top, false);
+      return 0;
+    }
+    default: return Window::OnMessage(message, wParam, lParam);
+  }
+}
+
+void Form::OnCommand(int id, UINT notification) {
+  if (id == IDCANCEL) return Close();
+  if (id == control_id::kText1 && notification == EN_SETFOCUS) SetFocus(Control(buttons_.front()));
+  if (!IsButton(id)) return;
+  if (notification == BN_CLICKED) pressed_ = id;
+  if (notification == BN_SETFOCUS) SetDefaultLook(id, true);
+  if (notification == BN_KILLFOCUS) SetDefaultLook(id, false);
+}
+
+/// The focus comes back to where it was when the operator comes back to the form.
+void Form::OnActivate(bool active) {
+  const HWND focused = GetFocus();
+  if (active) {
+    SetFocus(focus_);
+  } else if (focused != nullptr && IsChild(Handle(), focused)) {
+    focus_ = focused;
+  }
+}
+
+void Form::SetDefaultLook(int id, bool isDefault) const {
+  SendMessageW(Control(id), BM_SETSTYLE, isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
+}
+
+bool Form::IsButton(int id) const {
+  return std::find(buttons_.begin(), buttons_.end(), id) != buttons_.end();
+}
+
+int Form::DefaultButton() const {
+  const int focused = GetDlgCtrlID(GetFocus());
+  return IsButton(focused) ? focused : buttons_.front();
+}
+
+}  // namespace orvenza

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <cstddef>
+
+#include "platform/windows/unique_handle.h"
+
+namespace orvenza {
+
+struct FontTraits {
+  using Value = HFONT;
+  static Value Empty() { return nullptr; }
+  static void Close(Value value) { DeleteObject(value); }
+};
+using Font = Unique<FontTraits>;
+
+struct IconTraits {
+  using Value = HICON;
+  static Value Empty() { return nullptr; }
+  static void Close(Value value) { DestroyIcon(value); }
+};
+using Icon = Unique<IconTraits>;
+
+struct MenuTraits {
+  using Value = HMENU;
+  static Value Empty() { return nullptr; }
+  static void Close(Value value) { DestroyMenu(value); }
+};
+using Menu = Unique<MenuTraits>;
+
+/// What a text in a form is for; each has its font.
+enum class TextKind {
+  kMessage,  ///< Of Orv_Msg, to be read from some steps away.
+  kButton,   ///< In the narrow buttons of a row.
+  kControl,  ///< Options, lists, their labels, large buttons.
+  kHeading,  ///< Label1 of Orv_Info.
+  kLabel,    ///< Label2 of Orv_Info.
+};
+
+/// The fonts of a form on a screen of `dpi` pixels an inch.
+class FormFonts {
+ public:
+  explicit FormFonts(int dpi);
+
+  HFONT Of(TextKind kind) const { return fonts_[static_cast<std::size_t>(kind)].Get(); }
+
+ private:
+  std::array<Font, 5> fonts_;
+};
+
+/// What texts of `window` are measured on, in one font.
+class MeasuringCanvas {
+ public:
+  MeasuringCanvas(HWND window, HFONT font)
+      : window_(window), dc_(GetDC(window)), before_(SelectObject(dc_, font)) {}
+  ~MeasuringCanvas() {
+    SelectObject(dc_, before_);
+    ReleaseDC(window_, dc_);
+  }
+  MeasuringCanvas(const MeasuringCanvas&) = delete;
+  MeasuringCanvas& operator=(const MeasuringCanvas&) = delete;
+
+  HDC Dc() const { return dc_; }
+
+ private:
+  HWND window_;
+  HDC dc_;
+  HGDIOBJ before_;
+};
+
+/// The background of every form, red 150, green 187, blue 213.
+inline constexpr COLORREF kFormColour = RGB(150, 187, 213);
+
+/// Its brush, shared by all forms for as long as the program runs.
+HBRUSH FormBrush();
+
+}  // namespace orvenza

@@ -1,0 +1,135 @@
+#include "ui/windows/main_form.h"
+
+#include <windows.h>
+// After windows.h, on which it builds.
+#include <shellapi.h>
+
+#include <utility>
+
+#include "platform/windows/wide.h"
+#include "ui/windows/gdi_objects.h"
+#include "ui/windows/names.h"
+#include "ui/windows/system_functions.h"
+
+namespace orvenza {
+namespace {
+
+constexpr UINT kIconNumber = 1;
+constexpr UINT kIconFields = NIF_MESSAGE | NIF_ICON | NIF_TIP;
+static_assert(kIconFields == 7 && kIconMessage == WM_MOUSEMOVE);
+static_assert(NOTIFYICONDATAA_V1_SIZE == 88, "the record of the icon is the one of the first shells");
+
+NOTIFYICONDATAA IconRecord(HWND owner) {
+  NOTIFYICONDATAA record{};
+  record.cbSize = NOTIFYICONDATAA_V1_SIZE;
+  record.hWnd = owner;
+  record.uID = kIconNumber;
+  return record;
+}
+
+Menu MakePopUp() {
+  Menu menu(CreatePopupMenu());
+  UINT_PTR id = 0;
+  for (const std::string& caption : MenuCaptions()) {
+    if (id != 0) AppendMenuW(menu.Get(), MF_SEPARATOR, 0, nullptr);
+    AppendMenuW(menu.Get(), MF_STRING, ++id, ToWide(caption).c_str());
+  }
+  return menu;
+}
+
+}  // namespace
+
+Picture::Picture(HWND form, std::function<void()> pressed) : pressed_(std::move(pressed)) {
+  Create(window_class::kPicture1, {}, WS_CHILD, 0, form, control_id::kPicture1);
+}
+
+Picture::~Picture() { Destroy(); }
+
+void Picture::AddIcon(const std::string& tip) const {
+  constexpr std::size_t kTipField = 64;
+  NOTIFYICONDATAA record = IconRecord(Handle());
+  record.uFlags = kIconFields;
+  record.uCallbackMessage = kIconMessage;
+  record.hIcon = ProgramIcon(GetSystemMetrics(SM_CXSMICON));
+  ToAnsi(tip).copy(record.szTip, kTipField - 1);
+  Shell_NotifyIconA(NIM_ADD, &record);
+}
+
+void Picture::DeleteIcon() const {
+  NOTIFYICONDATAA record = IconRecord(Handle());
+  Shell_NotifyIconA(NIM_DELETE, &record);
+}
+
+LRESULT Picture::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == kIconMessage && (lParam == WM_LBUTTONDOWN || lParam == WM_RBUTTONDOWN)) {
+    pressed_();
+    return 0;
+  }
+  return Window::OnMessage(message, wParam, lParam);
+}
+
+MainForm::MainForm(MainFormEvents events)
+    : events_(std::move(events)), taskbarCreated_(RegisterWindowMessageW(L"TaskbarCreated")) {
+  Create(window_class::kOrvMain, {}, WS_OVERLAPPEDWINDOW | WS_MINIMIZE, 0, nullptr);
+  picture1_.emplace(Handle(), [this] { PopUp(); });
+}
+
+MainForm::~MainForm() {
+  DeleteIcon();
+  picture1_.reset();
+  Destroy();
+}
+
+void MainForm::CreateIcon(const std::string& tip) {
+  SetWindowTextW(Handle(), ToWide(tip).c_str());
+  tip_ = tip;
+  picture1_->AddIcon(tip);
+}
+
+void MainForm::DeleteIcon() {
+  if (tip_) picture1_->DeleteIcon();
+  tip_.reset();
+}
+
+LRESULT MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == taskbarCreated_) {
+    // The shell was started again and knows no icons.
+    if (tip_) picture1_->AddIcon(*tip_);
+    return 0;
+  }
+  switch (message) {
+    case WM_WINDOWPOSCHANGING: reinterpret_cast<WINDOWPOS*>(lParam)->flags &= ~UINT{SWP_SHOWWINDOW}; return 0;
+    case WM_SIZE: OnSize(wParam); return 0;
+    case WM_QUERYENDSESSION: return TRUE;
+    case WM_ENDSESSION:
+      if (wParam != FALSE) events_.end();
+      return 0;
+    case WM_CLOSE: events_.end(); return 0;
+    default: return Window::OnMessage(message, wParam, lParam);
+  }
+}
+
+/// Whatever is done to the form from outside, it is minimised and hidden again, with its icon in place.
+void MainForm::OnSize(WPARAM state) {
+  if (state != SIZE_MINIMIZED) {
+    ShowWindow(Handle(), SW_MINIMIZE);
+    return;
+  }
+  if (tip_ && picture1_) picture1_->AddIcon(*tip_);
+  ShowWindow(Handle(), SW_HIDE);
+}
+
+void MainForm::PopUp() {
+  const Menu menu = MakePopUp();
+  POINT pointer{};
+  GetCursorPos(&pointer);
+  // Without the foreground, and the message behind, the menu would not close when the operator clicks
+  // elsewhere.
+  SetForegroundWindow(Handle());
+  const int item = TrackPopupMenu(menu.Get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, pointer.x,
+                                  pointer.y, 0, Handle(), nullptr);
+  PostMessageW(Handle(), WM_NULL, 0, 0);
+  if (item > 0) events_.chosen(static_cast<MenuItem>(item - 1));
+}
+
+}  // namespace orvenza

@@ -1,0 +1,96 @@
+#include "ui/windows/message_form.h"
+
+#include <windows.h>
+// After windows.h, on which it builds.
+#include <mmsystem.h>
+
+#include "platform/windows/wide.h"
+#include "ui/windows/dpi.h"
+#include "ui/windows/names.h"
+#include "ui/windows/system_functions.h"
+
+namespace orvenza {
+namespace {
+
+void PlayDing(const std::string& programFolder) {
+  const std::string path = programFolder + "\\ding.wav";
+  // Without the file the system would play a sound of its own.
+  if (GetFileAttributesW(ToWide(path).c_str()) == INVALID_FILE_ATTRIBUTES) return;
+  sndPlaySoundA(ToAnsi(path).c_str(), SND_ASYNC);
+}
+
+/// The image's place in the row of four: stop, question, exclamation, information.
+int IndexOf(MessageIcon icon) { return static_cast<int>(icon) - static_cast<int>(MessageIcon::kStop); }
+
+/// The number of the system's icon, in the form of a resource's name.
+PCWSTR SystemIconOf(MessageIcon icon) {
+  const auto nameOf = [](const void* number) { return static_cast<PCWSTR>(number); };
+  switch (icon) {
+    case MessageIcon::kStop: return nameOf(IDI_ERROR);
+    case MessageIcon::kQuestion: return nameOf(IDI_QUESTION);
+    case MessageIcon::kExclamation: return nameOf(IDI_WARNING);
+    default: return nameOf(IDI_INFORMATION);
+  }
+}
+
+/// The icon sharp at `size` pixels where the system can do that, else one to be stretched.
+Icon LoadSystemIcon(PCWSTR name, int size) {
+  using LoadType = HRESULT(WINAPI*)(HINSTANCE, PCWSTR, int, int, HICON*);
+  static const auto load = FindFunction<LoadType>(L"comctl32.dll", "LoadIconWithScaleDown");
+  HICON icon = nullptr;
+  if (load == nullptr || FAILED(load(nullptr, name, size, size, &icon))) {
+    icon = CopyIcon(LoadIconW(nullptr, name));
+  }
+  return Icon(icon);
+}
+
+}  // namespace
+
+MessageForm::MessageForm(Desk& desk, const MessageContent& content, const std::string& programFolder)
+    : Form(desk, window_class::kOrvMsg, content.caption),
+      centred_(content.centred),
+      image_(content.icon),
+      buttons_(static_cast<int>(content.buttons.size())) {
+  int id = control_id::kCommand0;
+  for (const std::string& button : content.buttons) AddButton(button, ++id);
+  const DWORD alignment = centred_ ? ES_CENTER : ES_LEFT;
+  AddControl(L"EDIT", content.text, ES_MULTILINE | ES_READONLY | alignment | WS_GROUP, control_id::kText1,
+             TextKind::kMessage);
+  if (image_ != MessageIcon::kNone) {
+    AddControl(L"STATIC", {}, SS_ICON | SS_REALSIZECONTROL | WS_GROUP, control_id::kImage + IndexOf(image_),
+               TextKind::kMessage);
+  }
+  Show(control_id::kCommand0 + 1, true);
+  PlayDing(programFolder);
+}
+
+Extent MessageForm::Arrange(int dpi) {
+  const MessageParts parts{MeasureOfText(), centred_, image_ != MessageIcon::kNone, buttons_};
+  const MessageLayout layout = LayOutMessage(parts, dpi, ScreenSize());
+  Place(control_id::kText1, layout.text);
+  int id = control_id::kCommand0;
+  for (const Box& button : layout.buttons) Place(++id, button);
+  if (parts.icon) ShowImage(layout.icon);
+  return layout.form;
+}
+
+/// The text box itself breaks its lines, so that none is lost by another way of counting.
+TextMeasure MessageForm::MeasureOfText() const {
+  return [this](int width) {
+    const HWND text = Control(control_id::kText1);
+    SendMessageW(text, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+    SetWindowPos(text, nullptr, 0, 0, width, ScreenSize().height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const auto lines = static_cast<int>(SendMessageW(text, EM_GETLINECOUNT, 0, 0));
+    return Extent{width, lines * LineHeight(TextKind::kMessage)};
+  };
+}
+
+void MessageForm::ShowImage(const Box& box) {
+  Icon icon = LoadSystemIcon(SystemIconOf(image_), box.width);
+  const int id = control_id::kImage + IndexOf(image_);
+  SendMessageW(Control(id), STM_SETICON, reinterpret_cast<WPARAM>(icon.Get()), 0);
+  Place(id, box);
+  icon_ = std::move(icon);
+}
+
+}  // namespace orvenza

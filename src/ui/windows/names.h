@@ -1,0 +1,49 @@
+#pragma once
+
+/// The names and numbers by which the windows and their parts can be found from outside.
+namespace orvenza {
+
+/// Window classes of the forms, and of the icon's window, a child of Orv_Main.
+namespace window_class {
+inline constexpr const wchar_t* kOrvMain = L"Orv_Main";
+inline constexpr const wchar_t* kPicture1 = L"Picture1";
+inline constexpr const wchar_t* kOrvMsg = L"Orv_Msg";
+inline constexpr const wchar_t* kOrvInfo = L"Orv_Info";
+inline constexpr const wchar_t* kOrvConf = L"Orv_Conf";
+inline constexpr const wchar_t* kOrvUti = L"Orv_Uti";
+}  // namespace window_class
+
+/// Numbers of the controls. Those of an array follow each other: the member i of Command0 is kCommand0 + i.
+/// 1 and 2 stay free, they are what Enter and Esc send.
+namespace control_id {
+// Orv_Main
+inline constexpr int kPicture1 = 10;
+
+// Orv_Msg
+inline constexpr int kText1 = 20;
+inline constexpr int kImage = 21;     ///< 21 stop, 22 question, 23 exclamation, 24 information.
+inline constexpr int kCommand0 = 30;  ///< 31 to 33.
+
+// Orv_Info
+inline constexpr int kLabel1 = 41;
+inline constexpr int kLabel2 = 42;
+inline constexpr int kOption1 = 50;  ///< 51 and following.
+
+// Orv_Conf
+inline constexpr int kLabel = 60;  ///< 60 to 64.
+inline constexpr int kCombo = 70;  ///< 71 to 75, Combo1 to Combo5.
+
+// Orv_Info and Orv_Conf
+inline constexpr int kFrame1 = 80;
+
+// Orv_Info, Orv_Conf (kCommand + 1) and Orv_Uti (1 to 3)
+inline constexpr int kCommand = 90;
+}  // namespace control_id
+
+/// The timer that flashes the title bars of Orv_Msg and Orv_Info.
+inline constexpr int kTmrFlash = 1;
+
+/// What the icon sends to Picture1; the message of the mouse stands in its last parameter.
+inline constexpr unsigned kIconMessage = 512;
+
+}  // namespace orvenza

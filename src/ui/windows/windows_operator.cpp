@@ -1,0 +1,75 @@
+#include "ui/windows/windows_operator.h"
+
+#include <utility>
+
+#include "ui/windows/choice_form.h"
+#include "ui/windows/message_form.h"
+#include "ui/windows/names.h"
+#include "ui/windows/port_form.h"
+#include "ui/windows/utilities_form.h"
+
+namespace orvenza {
+namespace {
+
+/// Keeps a message among those that wait.
+class WaitingMark {
+ public:
+  WaitingMark(std::vector<Form*>& waiting, Form& form) : waiting_(waiting) { waiting_.push_back(&form); }
+  ~WaitingMark() { waiting_.pop_back(); }
+  WaitingMark(const WaitingMark&) = delete;
+  WaitingMark& operator=(const WaitingMark&) = delete;
+
+ private:
+  std::vector<Form*>& waiting_;
+};
+
+}  // namespace
+
+WindowsOperator::WindowsOperator(EventLoop& loop, WindowsEventPump& pump, std::string programFolder)
+    : programFolder_(std::move(programFolder)),
+      desk_{loop, pump},
+      orvMain_({.chosen = [this](MenuItem item) { desk_.pump.Post([this, item] { RunMenuItem(item); }); },
+                .end = [this] { desk_.loop.RequestEnd({.unload = true}); }}) {}
+
+int WindowsOperator::ShowMessage(const MessageContent& content) {
+  MessageForm form(desk_, content, programFolder_);
+  const WaitingMark mark(messages_, form);
+  const int pressed = form.NextPress();
+  return pressed != 0 ? pressed - control_id::kCommand0 : 0;
+}
+
+void WindowsOperator::CloseMessage() {
+  for (auto form = messages_.rbegin(); form != messages_.rend(); ++form) (*form)->Close();
+}
+
+std::optional<int> WindowsOperator::ShowChoice(const ChoiceContent& content) {
+  ChoiceForm form(desk_, content);
+  if (form.NextPress() == 0) return std::nullopt;
+  return form.Selected();
+}
+
+std::optional<std::array<int, 5>> WindowsOperator::ShowPortSettings(const PortContent& content) {
+  PortForm form(desk_, content);
+  if (form.NextPress() == 0) return std::nullopt;
+  return form.Selected();
+}
+
+void WindowsOperator::ShowUtilities(const UtilitiesContent& content,
+                                    const std::function<bool(int)>& pressed) {
+  UtilitiesForm form(desk_, content);
+  while (const int button = form.NextPress()) {
+    if (pressed(button - control_id::kCommand)) return;
+  }
+}
+
+void WindowsOperator::RunMenuItem(MenuItem item) {
+  if (!menuHandler_) return;
+  try {
+    menuHandler_(item);
+  } catch (const ProgramEnd& end) {
+    // The pump may be in the middle of a pause that must run to its end; the next wait without limit throws.
+    desk_.loop.RequestEnd(end);
+  }
+}
+
+}  // namespace orvenza

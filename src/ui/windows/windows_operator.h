@@ -1,0 +1,46 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/event_loop.h"
+#include "platform/windows/windows_event_pump.h"
+#include "ui/menu.h"
+#include "ui/notification_icon.h"
+#include "ui/operator.h"
+#include "ui/windows/form.h"
+#include "ui/windows/main_form.h"
+
+namespace orvenza {
+
+/// The operator in front of windows, with an icon in the notification area. All windows, the hidden main form
+/// with them, live as long as the object.
+class WindowsOperator final : public Operator, public NotificationIcon {
+ public:
+  /// `programFolder` may hold the sound of messages. Throws SystemError.
+  WindowsOperator(EventLoop& loop, WindowsEventPump& pump, std::string programFolder);
+
+  /// Who carries out the menu's items; until there is one, they do nothing. An item is carried out as an
+  /// event of the pump, dialogs included; a ProgramEnd of it is noted in the event loop.
+  void SetMenuHandler(std::function<void(MenuItem)> handler) { menuHandler_ = std::move(handler); }
+
+  int ShowMessage(const MessageContent& content) override;
+  void CloseMessage() override;
+  std::optional<int> ShowChoice(const ChoiceContent& content) override;
+  std::optional<std::array<int, 5>> ShowPortSettings(const PortContent& content) override;
+  void ShowUtilities(const UtilitiesContent& content, const std::function<bool(int)>& pressed) override;
+
+  void CreateIcon(const std::string& tip) override { orvMain_.CreateIcon(tip); }
+  void DeleteIcon() override { orvMain_.DeleteIcon(); }
+
+ private:
+  void RunMenuItem(MenuItem item);
+
+  std::string programFolder_;
+  std::function<void(MenuItem)> menuHandler_;
+  Desk desk_;
+  std::vector<Form*> messages_;  ///< The message dialogs that wait, the innermost last.
+  MainForm orvMain_;
+};
+
+}  // namespace orvenza
