@@ -29,7 +29,7 @@ TEST(PosixClock, StampsInAFixedLayout) {
 }
 
 TEST(PosixClock, TellsLocalTime) {
-  const TimeZone zone("XXX-5:30");
+  const TimeZone zone("AAA-5:30");
   const LocalTime before = SystemTime();
   const LocalTime now = PosixClock().Now();
   const LocalTime after = SystemTime();
