@@ -84,5 +84,10 @@ TEST(Wide, ReplacesWhatIsNoText) {
   EXPECT_EQ(ToUtf8(L"a\xD800z"), "a\xEF\xBF\xBDz");
 }
 
+TEST(Wide, KnowsWhatWouldNotComeBack) {
+  for (const wchar_t* text : {L"", L"a.txt", L"caff\u00E8", L"\xD83D\xDE00"}) EXPECT_TRUE(IsWellFormed(text));
+  for (const wchar_t* text : {L"a\xD800.txt", L"\xDE00", L"\xDE00\xD83D"}) EXPECT_FALSE(IsWellFormed(text));
+}
+
 }  // namespace
 }  // namespace orvenza::test

@@ -92,13 +92,6 @@ TEST_F(WindowsFoldersTest, ListsNamesWithAccents) {
   EXPECT_EQ(Names("caffè*"), "caffè €.txt");
 }
 
-TEST_F(WindowsFoldersTest, LeavesOutNamesThatNoPathCanReach) {
-  const std::wstring path =
-      ToWide(folder.Path("a")) + std::wstring(1, static_cast<wchar_t>(0xD800)) + L".txt";
-  const FileHandle file(::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
-  EXPECT_EQ(Names("*.*"), "");
-}
-
 TEST_F(WindowsFoldersTest, TellsSizeAndKind) {
   folder.Write("a.txt", "12345");
   folder.Write("sub\\x.txt", "x");
@@ -148,9 +141,7 @@ TEST(FileTimes, BecomeLocalByTodaysOffset) {
   EXPECT_EQ(FromFileTime(universal), (LocalTime{2020, 7, 1, 13, 0, 0}));
 }
 
-TEST(FileTimes, OutOfTheCalendarAreTheDateZero) {
-  EXPECT_EQ(FromFileTime({0xFFFFFFFF, 0xFFFFFFFF}), LocalTime{});
-}
+TEST(FileTimes, OutOfTheCalendarAreTheDateZero) { EXPECT_EQ(FromFileTime({0, 0x90000000}), LocalTime{}); }
 
 TEST_F(WindowsFoldersTest, HidesFilesBeingWritten) {
   UnfinishedFile file(folder.Path("a.txt"));

@@ -30,4 +30,6 @@ std::string ToUtf8(std::wstring_view text) {
   return bytes;
 }
 
+bool IsWellFormed(std::wstring_view text) { return ToWide(ToUtf8(text)) == text; }
+
 }  // namespace orvenza

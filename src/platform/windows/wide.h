@@ -9,4 +9,7 @@ namespace orvenza {
 std::wstring ToWide(std::string_view text);
 std::string ToUtf8(std::wstring_view text);
 
+/// False for UTF-16 that would not come back from UTF-8 as it was. The system allows it in file names.
+bool IsWellFormed(std::wstring_view text);
+
 }  // namespace orvenza

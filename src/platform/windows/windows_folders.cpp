@@ -19,8 +19,8 @@ DWORD AttributesOf(const std::wstring& native) { return ::GetFileAttributesW(nat
 
 bool IsListed(std::string_view name, const wchar_t* nativeName, std::string_view mask) {
   if (name == "." || name == ".." || name.ends_with(kUnfinishedSuffix)) return false;
-  // A name that is no well-formed UTF-16 would lead nowhere when it came back as a path.
-  return MatchesMask(name, mask) && ToWide(name) == nativeName;
+  // A name that is not well-formed would lead nowhere when it came back as a path.
+  return MatchesMask(name, mask) && IsWellFormed(nativeName);
 }
 
 std::string AttributeLetters(DWORD attributes) {

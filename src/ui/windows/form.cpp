@@ -140,6 +140,7 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ACTIVATE: OnActivate(LOWORD(wParam) != WA_INACTIVE); return 0;
     case WM_SETFOCUS: SetFocus(focus_); return 0;
     case WM_TIMER: FlashWindow(Handle(), TRUE); return 0;
+    case WM_NEXTDLGCTL: MoveFocus(wParam, LOWORD(lParam) != 0); return 0;
     case DM_GETDEFID: return MAKELRESULT(DefaultButton(), DC_HASDEFID);
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
@@ -174,8 +175,16 @@ void Form::OnActivate(bool active) {
   }
 }
 
+/// The keyboard wants the focus elsewhere: at the control `target`, or else one control further or back.
+void Form::MoveFocus(WPARAM target, bool isControl) const {
+  const HWND next =
+      isControl ? reinterpret_cast<HWND>(target) : GetNextDlgTabItem(Handle(), GetFocus(), target != 0);
+  if (next != nullptr) SetFocus(next);
+}
+
 void Form::SetDefaultLook(int id, bool isDefault) const {
-  SendMessageW(Control(id), BM_SETSTYLE, isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
+  const WPARAM style = (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | BS_NOTIFY;
+  SendMessageW(Control(id), BM_SETSTYLE, style, TRUE);
 }
 
 bool Form::IsButton(int id) const {

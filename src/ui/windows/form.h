@@ -71,6 +71,7 @@ class Form : public Window {
   void SetFonts(int dpi);
   void OnCommand(int id, UINT notification);
   void OnActivate(bool active);
+  void MoveFocus(WPARAM target, bool isControl) const;
   void SetDefaultLook(int id, bool isDefault) const;
   bool IsButton(int id) const;
   /// The button that Enter presses.

@@ -1,0 +1,245 @@
+// The icon in the notification area, its menu, and the ways the program ends.
+
+#include <gtest/gtest.h>
+
+#include "core/catalogue.h"
+#include "core/version.h"
+#include "ui/windows/names.h"
+#include "windows/till.h"
+
+namespace orvenza::test {
+namespace {
+
+constexpr int kExit = 1;
+constexpr int kUtilities = 2;
+constexpr int kInfo = 3;
+constexpr int kConfigure = 4;
+
+const std::string kExitTitle = "Orvenza - " + LoadMessage(152);
+const Lines kStarted = {std::string("Start Rel. ") + kVersionText, "Dati Cash : 00ORVSIM  01  01.00.00"};
+
+Lines StartedThen(const Lines& more) {
+  Lines lines = kStarted;
+  lines.insert(lines.end(), more.begin(), more.end());
+  return lines;
+}
+
+TEST(Icon, IsTheOnlyThingToSee) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  EXPECT_EQ(TextOf(till.Main()), std::string("Orvenza - ") + kVersionText);
+  EXPECT_TRUE(till.Visible().empty());
+}
+
+TEST(Icon, ComesAfterThePortDialogOfTheFirstStart) {
+  const Shop shop("", false);
+  const Till till(shop);
+  const HWND form = till.Form(window_class::kOrvConf);
+  EXPECT_FALSE(till.HasIcon());
+  Press(VK_RETURN);
+  till.Gone(form);
+  till.AwaitIcon();
+  EXPECT_TRUE(shop.folder.Has("data\\inproces") && shop.folder.Has("data\\abort"));
+}
+
+TEST(Icon, OpensItsMenuWhenPressedWithEitherButton) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  for (const LPARAM press : {WM_LBUTTONDOWN, WM_RBUTTONDOWN}) {
+    till.TellIcon(press);
+    till.AwaitMenu();
+    PostMessageW(till.Main(), WM_KEYDOWN, VK_ESCAPE, 1);
+    till.AwaitNoMenu();
+  }
+}
+
+TEST(Icon, OpensNoMenuForOtherNewsOfTheMouse) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  for (const LPARAM news : {WM_MOUSEMOVE, WM_LBUTTONUP, WM_RBUTTONUP, WM_LBUTTONDBLCLK, WM_MBUTTONDOWN}) {
+    SendMessageW(till.Picture1(), kIconMessage, 1, news);  // returns when all is done
+    EXPECT_EQ(till.MenuNow(), nullptr) << news;
+  }
+}
+
+TEST(Icon, ComesBackWithANewShell) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  till.LoseIcon();
+  ASSERT_FALSE(till.HasIcon());
+  SendMessageW(till.Main(), RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+  EXPECT_TRUE(till.HasIcon());
+}
+
+TEST(MainForm, CannotBeRestored) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  const HWND main = till.Main();
+  for (const int command : {SW_RESTORE, SW_SHOW, SW_MAXIMIZE, SW_MINIMIZE, SW_SHOWNOACTIVATE}) {
+    ShowWindow(main, command);
+    EXPECT_FALSE(IsWindowVisible(main)) << command;
+    EXPECT_TRUE(IsIconic(main)) << command;
+    EXPECT_TRUE(till.HasIcon()) << command;
+  }
+  SetWindowPos(main, nullptr, 0, 0, 500, 400, SWP_SHOWWINDOW);
+  EXPECT_FALSE(IsWindowVisible(main));
+  EXPECT_TRUE(till.HasIcon());
+}
+
+TEST(Menu, IsUsedByTheKeyboardToo) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  till.TellIcon(WM_LBUTTONDOWN);
+  till.AwaitMenu();
+  Press(VK_UP);
+  Press(VK_RETURN);
+  till.Form(window_class::kOrvConf);
+}
+
+TEST(Menu, InfoDoesNothing) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  till.Menu(kInfo);
+  shop.Quit();
+  EXPECT_EQ(till.ExitCode(), 0U);
+  EXPECT_EQ(shop.Journal("Log.txt"), StartedThen({"Quit Command !", "End"}));
+}
+
+TEST(Menu, ExitAsksBeforeItEnds) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  till.Menu(kExit);
+  const HWND question = till.Form(window_class::kOrvMsg, kExitTitle);
+  EXPECT_EQ(TextOf(question, control_id::kText1), LoadMessage(153) + "\r\n" + LoadMessage(154));
+  EXPECT_NE(GetDlgItem(question, control_id::kImage + 2), nullptr);
+  EXPECT_TRUE(till.HasIcon());
+  Press(VK_RETURN);
+  EXPECT_EQ(till.ExitCode(), 0U);
+  EXPECT_FALSE(IsWindow(question));
+  EXPECT_EQ(shop.Journal("Log.txt"), StartedThen({LoadMessage(156), "End"}));
+}
+
+TEST(Menu, ExitIsForgottenWhenNotConfirmed) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  const auto refuse = [&](const std::function<void(HWND)>& how) {
+    till.Menu(kExit);
+    const HWND question = till.Form(window_class::kOrvMsg);
+    how(question);
+    till.Gone(question);
+  };
+  refuse([](HWND question) { Click(question, control_id::kCommand0 + 2); });
+  refuse([](HWND) { Press(VK_ESCAPE); });
+  refuse(CloseByCross);
+  EXPECT_TRUE(till.HasIcon());
+  shop.Quit();
+  EXPECT_EQ(till.ExitCode(), 0U);
+  EXPECT_EQ(shop.Journal("Log.txt"), StartedThen({"Quit Command !", "End"}));
+}
+
+TEST(Menu, ClosesTheWaitingMessageFirst) {
+  const Shop shop("on 3217 link-error 1\n");
+  const Till till(shop);
+  const HWND alarm = till.Form(window_class::kOrvMsg);
+  till.Menu(kConfigure);
+  till.Gone(alarm);
+  const HWND conf = till.Form(window_class::kOrvConf);
+  Press(VK_ESCAPE);
+  till.Gone(conf);
+  till.Await("the identity", [&] { return shop.Journal("Log.txt") == kStarted; });
+}
+
+TEST(Menu, ClosesAQuestionOfTheUtilitiesButNotTheUtilities) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  till.Menu(kUtilities);
+  const HWND utilities = till.Form(window_class::kOrvUti);
+  PressWithAlt('C');
+  const HWND question = till.Form(window_class::kOrvMsg);
+  till.Menu(kConfigure);
+  till.Gone(question);
+  const HWND conf = till.Form(window_class::kOrvConf);
+  EXPECT_FALSE(IsWindowEnabled(utilities));
+  Press(VK_ESCAPE);
+  till.Gone(conf);
+  EXPECT_EQ(till.Form(window_class::kOrvUti), utilities);
+}
+
+TEST(Menu, EndsTheProgramFromBelowOtherDialogs) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  till.Menu(kUtilities);
+  till.Form(window_class::kOrvUti);
+  till.Menu(kExit);
+  till.Form(window_class::kOrvMsg, kExitTitle);
+  Press(VK_RETURN);
+  EXPECT_EQ(till.ExitCode(), 0U);
+  EXPECT_EQ(shop.Journal("Log.txt").back(), "End");
+}
+
+TEST(End, ComesByTheHostsCommand) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  const HWND picture = till.Picture1();
+  shop.Quit();
+  EXPECT_EQ(till.ExitCode(), 0U);
+  EXPECT_FALSE(IsWindow(picture));
+}
+
+TEST(End, ComesWithTheSession) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  EXPECT_EQ(SendMessageW(till.Main(), WM_QUERYENDSESSION, 0, 0), TRUE);
+  SendMessageW(till.Main(), WM_ENDSESSION, TRUE, 0);
+  EXPECT_EQ(till.ExitCode(), 0U);
+  EXPECT_EQ(shop.Journal("Log.txt"), StartedThen({"End"}));
+}
+
+TEST(End, DoesNotComeWithASessionThatGoesOn) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  SendMessageW(till.Main(), WM_ENDSESSION, FALSE, 0);
+  shop.Quit();
+  EXPECT_EQ(till.ExitCode(), 0U);
+  EXPECT_EQ(shop.Journal("Log.txt"), StartedThen({"Quit Command !", "End"}));
+}
+
+TEST(End, ComesWhenAnotherProgramClosesTheMainForm) {
+  const Shop shop("on 3217 link-error 1\n");
+  const Till till(shop);
+  till.Form(window_class::kOrvMsg);  // whatever waits
+  PostMessageW(till.Main(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(till.ExitCode(), 0U);
+  EXPECT_EQ(shop.Journal("Log.txt").back(), "End");
+}
+
+TEST(Start, RefusesASecondCopyAndLeavesTheFirstAlone) {
+  const Shop shop;
+  const Till first(shop);
+  first.AwaitStart();
+  const Till second(shop);
+  const HWND message = second.Form(window_class::kOrvMsg, "Orvenza");
+  EXPECT_EQ(TextOf(message, control_id::kText1), "\r\n" + LoadMessage(108));
+  Press(VK_RETURN);
+  EXPECT_EQ(second.ExitCode(), 0U);
+  EXPECT_EQ(shop.Journal("error.txt"), (Lines{LoadMessage(108)}));
+  EXPECT_TRUE(first.HasIcon());
+  EXPECT_EQ(shop.Journal("Log.txt"), kStarted);
+}
+
+}  // namespace
+}  // namespace orvenza::test

@@ -1,0 +1,330 @@
+#include "windows/till.h"
+
+#include <windows.h>
+// After windows.h, on which it builds.
+#include <shellapi.h>
+
+#include <algorithm>
+#include <sstream>
+#include <stdexcept>
+
+#include "platform/windows/wide.h"
+#include "ui/windows/names.h"
+
+namespace orvenza::test {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr DWORD kGlance = 5;  ///< Milliseconds between two looks.
+
+std::wstring ProgramPath() {
+  std::wstring path(MAX_PATH, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
+  return path.substr(0, path.rfind(L'\\') + 1) + L"Orvenza.exe";
+}
+
+PROCESS_INFORMATION Start(const std::wstring& options, HANDLE output) {
+  std::wstring line = L"\"" + ProgramPath() + L"\" " + options;
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  start.dwFlags = STARTF_USESTDHANDLES;
+  start.hStdOutput = output;
+  PROCESS_INFORMATION process{};
+  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process)) {
+    throw std::runtime_error("the program does not start");
+  }
+  CloseHandle(process.hThread);
+  return process;
+}
+
+std::wstring ClassOf(HWND window) {
+  wchar_t name[64] = L"";
+  GetClassNameW(window, name, 64);
+  return name;
+}
+
+NOTIFYICONDATAA IconOf(HWND owner) {
+  NOTIFYICONDATAA record{};
+  record.cbSize = NOTIFYICONDATAA_V1_SIZE;
+  record.hWnd = owner;
+  record.uID = 1;
+  return record;
+}
+
+/// What the keyboard and the mouse mean to the thread of `window`.
+GUITHREADINFO StateOf(HWND window) {
+  GUITHREADINFO state{};
+  state.cbSize = sizeof state;
+  GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &state);
+  return state;
+}
+
+void ClickAt(LONG x, LONG y) {
+  INPUT input{};
+  input.type = INPUT_MOUSE;
+  // In parts of a screen that is 65536 wide and high.
+  input.mi.dx = MulDiv(x, 65536, GetSystemMetrics(SM_CXSCREEN));
+  input.mi.dy = MulDiv(y, 65536, GetSystemMetrics(SM_CYSCREEN));
+  for (const DWORD button : {DWORD{0}, DWORD{MOUSEEVENTF_LEFTDOWN}, DWORD{MOUSEEVENTF_LEFTUP}}) {
+    input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | button;
+    SendInput(1, &input, sizeof input);
+  }
+}
+
+struct Search {
+  DWORD process;
+  const std::function<bool(HWND)>& fits;
+  HWND found = nullptr;
+};
+
+BOOL CALLBACK LookAt(HWND window, LPARAM parameter) {
+  auto& search = *reinterpret_cast<Search*>(parameter);
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  if (process != search.process || !search.fits(window)) return TRUE;
+  search.found = window;
+  return FALSE;
+}
+
+void Send(WORD key, DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wVk = key;
+  input.ki.dwFlags = flags;
+  SendInput(1, &input, sizeof input);
+}
+
+}  // namespace
+
+Shop::Shop(const std::string& script, bool withSettings) {
+  folder.Write("register.script", "speed instant\n" + script);
+  if (!withSettings) return;
+  folder.Write("Orvenza.ini", "[Version]\r\nVersion=1.06\r\n[Database]\r\nTicketFiles=" + folder.Path() +
+                                  "\\data\\*.txt\r\nHistoricTickets=" + folder.Path() +
+                                  "\\storico\\\r\n[Com Settings]\r\nComPort=1\r\nSettings=19200,O,7,1\r\n"
+                                  "TimeWaitForEtx=10000\r\nTimeWaitForLONGEtx=50000\r\n"
+                                  "[General]\r\nSeparator (ascii,max 127)=59\r\n");
+}
+
+void Shop::Drop(const std::string& name, const std::string& content) const {
+  folder.Write(name + ".tmp", content);
+  std::filesystem::create_directories(folder.Native("data"));
+  std::filesystem::rename(folder.Native(name + ".tmp"), folder.Native("data\\" + name));
+}
+
+void Shop::Quit() const {
+  folder.Write("command.tmp", "QUIT\r\n");
+  std::filesystem::rename(folder.Native("command.tmp"), folder.Native("command.txt"));
+}
+
+Lines Shop::Journal(const std::string& name) const {
+  Lines messages;
+  std::istringstream in(folder.Read(name));
+  for (std::string line; std::getline(in, line);) {
+    std::erase(line, '\r');
+    messages.push_back(line.substr(std::min(line.find(" - ") + 3, line.size())));
+  }
+  return messages;
+}
+
+Till::Till(const Shop& shop) : shop_(shop) {
+  const std::wstring path = ToWide(shop.folder.Path());
+  // What the register prints is not to be mixed with the report of the tests.
+  SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+  const FileHandle nowhere(CreateFileW(L"NUL", GENERIC_WRITE, 0, &inherited, OPEN_EXISTING, 0, nullptr));
+  const PROCESS_INFORMATION process =
+      Start(L"--folder \"" + path + L"\" --simulate \"" + path + L"\\register.script\"", nowhere.Get());
+  process_ = ObjectHandle(process.hProcess);
+  id_ = process.dwProcessId;
+}
+
+Till::~Till() {
+  TerminateProcess(process_.Get(), 99);
+  WaitForSingleObject(process_.Get(), INFINITE);
+}
+
+void Till::Await(const char* what, const std::function<bool()>& condition) const {
+  const auto end = Clock::now() + kPatience;
+  while (!condition()) {
+    if (Clock::now() > end) throw std::runtime_error(std::string("waited in vain for ") + what + Situation());
+    WaitForSingleObject(process_.Get(), kGlance);
+  }
+}
+
+std::string Till::Situation() const {
+  std::string text = "; in front: " + ToUtf8(ClassOf(GetForegroundWindow())) + "; visible:";
+  for (const std::wstring& form : Visible()) text += " " + ToUtf8(form);
+  return text;
+}
+
+HWND Till::Find(const std::function<bool(HWND)>& fits) const {
+  Search search{id_, fits};
+  EnumWindows(LookAt, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+HWND Till::FormNow(const wchar_t* className) const {
+  return Find([&](HWND window) { return IsWindowVisible(window) && ClassOf(window) == className; });
+}
+
+HWND Till::Form(const wchar_t* className) const {
+  HWND form = nullptr;
+  const std::string what = ToUtf8(className) + " with the focus";
+  Await(what.c_str(), [&] {
+    form = FormNow(className);
+    return form != nullptr && IsWindowEnabled(form) && GetForegroundWindow() == form &&
+           FocusOf(form) != nullptr && IsChild(form, FocusOf(form));
+  });
+  return form;
+}
+
+HWND Till::Form(const wchar_t* className, const std::string& title) const {
+  Await(title.c_str(), [&] {
+    const HWND form = FormNow(className);
+    return form != nullptr && TextOf(form) == title;
+  });
+  return Form(className);
+}
+
+void Till::Gone(HWND window) const {
+  const std::string what = ToUtf8(ClassOf(window)) + " to go";
+  Await(what.c_str(), [&] { return !IsWindow(window); });
+}
+
+std::vector<std::wstring> Till::Visible() const {
+  std::vector<std::wstring> classes;
+  Find([&](HWND window) {
+    if (IsWindowVisible(window)) classes.push_back(ClassOf(window));
+    return false;
+  });
+  return classes;
+}
+
+HWND Till::Main() const {
+  HWND main = nullptr;
+  Await("the main form", [&] {
+    main = Find([](HWND window) { return ClassOf(window) == window_class::kOrvMain; });
+    return main != nullptr;
+  });
+  return main;
+}
+
+HWND Till::Picture1() const { return GetDlgItem(Main(), control_id::kPicture1); }
+
+/// Only an icon that is there can be changed; without flags nothing changes.
+bool Till::HasIcon() const {
+  NOTIFYICONDATAA record = IconOf(Picture1());
+  return Shell_NotifyIconA(NIM_MODIFY, &record) != FALSE;
+}
+
+void Till::LoseIcon() const {
+  NOTIFYICONDATAA record = IconOf(Picture1());
+  Shell_NotifyIconA(NIM_DELETE, &record);
+}
+
+void Till::AwaitIcon() const {
+  Await("the icon", [&] { return HasIcon(); });
+}
+
+void Till::AwaitStart() const {
+  AwaitIcon();
+  Await("the identity of the register", [&] { return shop_.Journal("Log.txt").size() == 2; });
+}
+
+void Till::TellIcon(LPARAM mouseMessage) const { PostMessageW(Picture1(), kIconMessage, 1, mouseMessage); }
+
+HWND Till::MenuNow() const {
+  return Find([](HWND window) { return IsWindowVisible(window) && ClassOf(window) == L"#32768"; });
+}
+
+HWND Till::AwaitMenu() const {
+  const HWND main = Main();
+  Await("the menu", [&] { return MenuNow() != nullptr && (StateOf(main).flags & GUI_INMENUMODE) != 0; });
+  return MenuNow();
+}
+
+void Till::AwaitNoMenu() const {
+  Await("the menu to close", [&] { return MenuNow() == nullptr; });
+}
+
+void Till::Menu(int number) const {
+  TellIcon(WM_RBUTTONDOWN);
+  RECT place{};
+  GetWindowRect(AwaitMenu(), &place);
+  // The separators are low, so each item has its quarter.
+  ClickAt((place.left + place.right) / 2, place.top + (place.bottom - place.top) * (2 * number - 1) / 8);
+  AwaitNoMenu();
+}
+
+DWORD Till::ExitCode() const {
+  const auto patience = std::chrono::duration_cast<std::chrono::milliseconds>(kPatience);
+  if (WaitForSingleObject(process_.Get(), static_cast<DWORD>(patience.count())) != WAIT_OBJECT_0) {
+    throw std::runtime_error("the program does not end");
+  }
+  DWORD code = 0;
+  GetExitCodeProcess(process_.Get(), &code);
+  return code;
+}
+
+bool Till::Runs() const { return WaitForSingleObject(process_.Get(), 0) == WAIT_TIMEOUT; }
+
+ProgramRun RunProgram(const std::string& options) {
+  SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+  HANDLE readEnd = nullptr;
+  HANDLE writeEnd = nullptr;
+  if (!CreatePipe(&readEnd, &writeEnd, &inherited, 0)) throw std::runtime_error("no pipe");
+  const ObjectHandle input(readEnd);
+  const PROCESS_INFORMATION started = Start(ToWide(options), writeEnd);
+  CloseHandle(writeEnd);
+  const ObjectHandle process(started.hProcess);
+  ProgramRun run;
+  char buffer[4096];
+  for (DWORD count = 0; ReadFile(readEnd, buffer, sizeof buffer, &count, nullptr) && count > 0;) {
+    run.output.append(buffer, count);
+  }
+  WaitForSingleObject(process.Get(), INFINITE);
+  GetExitCodeProcess(process.Get(), &run.exitCode);
+  return run;
+}
+
+std::string TextOf(HWND window) {
+  std::wstring text(1024, L'\0');
+  text.resize(static_cast<std::size_t>(
+      SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+  return ToUtf8(text);
+}
+
+std::string TextOf(HWND form, int id) { return TextOf(GetDlgItem(form, id)); }
+
+HWND FocusOf(HWND form) { return StateOf(form).hwndFocus; }
+
+int FocusedId(HWND form) { return GetDlgCtrlID(FocusOf(form)); }
+
+RECT PlaceOf(HWND form, int id) {
+  RECT place{};
+  GetWindowRect(GetDlgItem(form, id), &place);
+  MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&place), 2);
+  return place;
+}
+
+void Press(WORD key) {
+  Send(key, 0);
+  Send(key, KEYEVENTF_KEYUP);
+}
+
+void PressWithAlt(WORD key) {
+  Send(VK_MENU, 0);
+  Press(key);
+  Send(VK_MENU, KEYEVENTF_KEYUP);
+}
+
+void Click(HWND form, int id) {
+  RECT place{};
+  GetWindowRect(GetDlgItem(form, id), &place);
+  ClickAt((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+}
+
+void CloseByCross(HWND form) { PostMessageW(form, WM_SYSCOMMAND, SC_CLOSE, 0); }
+
+}  // namespace orvenza::test

@@ -1,0 +1,115 @@
+#pragma once
+
+#include <windows.h>
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/windows/unique_handle.h"
+#include "support/temp_folder.h"
+
+namespace orvenza::test {
+
+using Lines = std::vector<std::string>;
+
+/// The shop's folder: the program's settings, journals and tickets.
+class Shop {
+ public:
+  /// `script` is what the simulated register does; no time passes on its line. A shop without settings is one
+  /// before its first start.
+  explicit Shop(const std::string& script = {}, bool withSettings = true);
+
+  /// Puts a ticket where the program takes it, as a host does: whole at once.
+  void Drop(const std::string& name, const std::string& content) const;
+  /// Asks the program to end, as a host does.
+  void Quit() const;
+  /// The messages of a journal without their stamps.
+  Lines Journal(const std::string& name) const;
+
+  TempFolder folder;
+};
+
+/// The running program, with its windows. What is waited for must come within kPatience; what does not come
+/// fails the test by an exception.
+class Till {
+ public:
+  static constexpr std::chrono::seconds kPatience{30};
+
+  /// `shop` outlives the till.
+  explicit Till(const Shop& shop);
+  ~Till();
+  Till(const Till&) = delete;
+  Till& operator=(const Till&) = delete;
+
+  /// The visible form of this class, waited for until it is in front and has the focus.
+  HWND Form(const wchar_t* className) const;
+  /// The same, with this title.
+  HWND Form(const wchar_t* className, const std::string& title) const;
+  /// The visible form of this class now; null when there is none.
+  HWND FormNow(const wchar_t* className) const;
+  /// Waits until the window is no more.
+  void Gone(HWND window) const;
+
+  /// Every visible top-level window of the program, by class.
+  std::vector<std::wstring> Visible() const;
+
+  HWND Main() const;
+  HWND Picture1() const;
+  bool HasIcon() const;
+  /// Takes the icon away behind the program's back, as a shell that breaks down does.
+  void LoseIcon() const;
+  void AwaitIcon() const;
+  /// Waits until tickets are taken: an undisturbed start has its two lines in the journal.
+  void AwaitStart() const;
+
+  /// The shell tells of the mouse on the icon, and does not wait for what comes of it.
+  void TellIcon(LPARAM mouseMessage) const;
+  /// Opens the menu and clicks on its item `number`, from 1.
+  void Menu(int number) const;
+  HWND MenuNow() const;
+  HWND AwaitMenu() const;
+  void AwaitNoMenu() const;
+
+  /// Waits for the end of the program and returns its exit code.
+  DWORD ExitCode() const;
+  bool Runs() const;
+
+  void Await(const char* what, const std::function<bool()>& condition) const;
+
+ private:
+  std::string Situation() const;
+  HWND Find(const std::function<bool(HWND)>& fits) const;
+
+  const Shop& shop_;
+  ObjectHandle process_;
+  DWORD id_ = 0;
+};
+
+struct ProgramRun {
+  DWORD exitCode = 0;
+  std::string output;
+};
+/// Runs the program with `options` that it ends with by itself.
+ProgramRun RunProgram(const std::string& options);
+
+/// The text of a window, or a control, of any program.
+std::string TextOf(HWND window);
+std::string TextOf(HWND form, int id);
+/// The control with the focus in the program of `form`.
+HWND FocusOf(HWND form);
+int FocusedId(HWND form);
+
+/// The place of a control in its form's form units at 96 pixels an inch.
+RECT PlaceOf(HWND form, int id);
+
+/// As with a finger: the key goes to whoever has the keyboard now.
+void Press(WORD key);
+void PressWithAlt(WORD key);
+/// The left button of the mouse, on the control's middle.
+void Click(HWND form, int id);
+/// The cross of the title bar.
+void CloseByCross(HWND form);
+
+}  // namespace orvenza::test
