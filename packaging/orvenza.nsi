@@ -1,0 +1,354 @@
+; The setup program. ./package compiles it, with
+;   VERSION  the program's version
+;   STAGE    the folder of the files to install
+;   PAPERS   the list of those below docs
+;   OUTPUT   the setup program to write
+
+Unicode true
+ManifestDPIAware true
+ManifestSupportedOS all
+ManifestLongPathAware true
+SetCompressor /SOLID lzma
+
+!include MUI2.nsh
+!include FileFunc.nsh
+!include LogicLib.nsh
+!include Sections.nsh
+!include texts.nsh
+
+!define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Orvenza"
+!define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
+!define SHORTCUT "$SMPROGRAMS\Orvenza.lnk"
+
+; Beside 0, and NSIS's own 1 (cancelled) and 2 (failed).
+!define EXIT_RUNNING 3
+!define EXIT_NOT_WRITABLE 4
+
+; How long a running program is waited for, in seconds, unless /WAIT= says otherwise. It may be in the middle of
+; a receipt, and ends only after it.
+!define DEFAULT_WAIT 60
+
+Name "Orvenza"
+OutFile "${OUTPUT}"
+RequestExecutionLevel user
+; The program keeps settings and logs beside itself: the folder must be its user's own.
+InstallDir "$LOCALAPPDATA\Programs\Orvenza"
+InstallDirRegKey HKCU "${UNINSTALL_KEY}" "InstallLocation"
+BrandingText "Orvenza ${VERSION}"
+ShowInstDetails nevershow
+ShowUninstDetails nevershow
+
+VIProductVersion "${VERSION}.0"
+!macro VersionTexts language description
+  VIAddVersionKey /LANG=${language} "ProductName" "Orvenza"
+  VIAddVersionKey /LANG=${language} "ProductVersion" "${VERSION}"
+  VIAddVersionKey /LANG=${language} "FileDescription" "${description}"
+  VIAddVersionKey /LANG=${language} "FileVersion" "${VERSION}"
+  VIAddVersionKey /LANG=${language} "LegalCopyright" "Copyright (c) 2026 The Orvenza authors"
+!macroend
+
+Var Wait
+
+!define MUI_ICON "..\src\app\windows\orvenza.ico"
+!define MUI_UNICON "..\src\app\windows\orvenza.ico"
+!define MUI_ABORTWARNING
+!define MUI_COMPONENTSPAGE_SMALLDESC
+!define MUI_PAGE_CUSTOMFUNCTION_LEAVE LeaveDirectory
+!insertmacro MUI_PAGE_DIRECTORY
+!insertmacro MUI_PAGE_COMPONENTS
+!insertmacro MUI_PAGE_INSTFILES
+!insertmacro MUI_UNPAGE_COMPONENTS
+!insertmacro MUI_UNPAGE_INSTFILES
+; The first is the language where the system's is neither.
+!insertmacro MUI_LANGUAGE "Italian"
+!insertmacro MUI_LANGUAGE "English"
+!insertmacro SetupTexts
+!insertmacro VersionTexts ${LANG_ITALIAN} "Installazione di Orvenza"
+!insertmacro VersionTexts ${LANG_ENGLISH} "Orvenza setup"
+
+; What the installer and the uninstaller share; `un` begins the names of the latter's functions.
+!macro SharedFunctions un
+
+; Reads /LANG= and /WAIT=.
+Function ${un}ReadCommonOptions
+  ${GetParameters} $0
+  StrCpy $Wait ${DEFAULT_WAIT}
+  ${GetOptions} $0 "/WAIT=" $1
+  ${IfNot} ${Errors}
+    StrCpy $Wait $1
+  ${EndIf}
+  ${GetOptions} $0 "/LANG=" $1
+  ${IfNot} ${Errors}
+    ${If} $1 == "it"
+      StrCpy $LANGUAGE ${LANG_ITALIAN}
+    ${ElseIf} $1 == "en"
+      StrCpy $LANGUAGE ${LANG_ENGLISH}
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+; Pushes 1 while the program of this folder runs: a running program's file cannot be opened for writing.
+Function ${un}IsRunning
+  Push $0
+  StrCpy $0 0
+  ${If} ${FileExists} "$INSTDIR\Orvenza.exe"
+    SetFileAttributes "$INSTDIR\Orvenza.exe" NORMAL
+    ClearErrors
+    FileOpen $0 "$INSTDIR\Orvenza.exe" a
+    ${If} ${Errors}
+      StrCpy $0 1
+    ${Else}
+      FileClose $0
+      StrCpy $0 0
+    ${EndIf}
+  ${EndIf}
+  Exch $0
+FunctionEnd
+
+; Asks the program to end, by its command file, and waits until it has. Pushes 1 when it still runs.
+Function ${un}QuitAndWait
+  Push $0
+  Push $1
+  Push $2
+  FileOpen $0 "$INSTDIR\command.txt" w
+  FileWrite $0 "QUIT$\r$\n"
+  FileClose $0
+  IntOp $1 $Wait * 4
+  ${Do}
+    Call ${un}IsRunning
+    Pop $2
+    ${If} $2 = 0
+    ${OrIf} $1 <= 0
+      ${Break}
+    ${EndIf}
+    Sleep 250
+    IntOp $1 $1 - 1
+  ${Loop}
+  ; Left behind, it would end the next start at once.
+  Delete "$INSTDIR\command.txt"
+  StrCpy $0 $2
+  Pop $2
+  Pop $1
+  Exch $0
+FunctionEnd
+
+; Returns when the program does not run, or else ends the setup program.
+Function ${un}EndProgram
+  ${Do}
+    Call ${un}IsRunning
+    Pop $0
+    ${If} $0 = 0
+      ${Break}
+    ${EndIf}
+    ${If} ${Cmd} 'MessageBox MB_OKCANCEL|MB_ICONEXCLAMATION "$(TEXT_RUNNING)" /SD IDOK IDCANCEL'
+      SetErrorLevel ${EXIT_RUNNING}
+      Quit
+    ${EndIf}
+    Call ${un}QuitAndWait
+    Pop $0
+    ${If} $0 = 1
+    ${AndIf} ${Silent}
+      SetErrorLevel ${EXIT_RUNNING}
+      Quit
+    ${EndIf}
+  ${Loop}
+FunctionEnd
+
+; Takes the start with Windows back, unless it is another folder's.
+Function ${un}RemoveAutostart
+  Push $0
+  ReadRegStr $0 HKCU "${RUN_KEY}" "Orvenza"
+  ${If} $0 == '"$INSTDIR\Orvenza.exe"'
+    DeleteRegValue HKCU "${RUN_KEY}" "Orvenza"
+  ${EndIf}
+  Pop $0
+FunctionEnd
+
+!macroend
+!insertmacro SharedFunctions ""
+!insertmacro SharedFunctions "un."
+
+; ---- Installing ----
+
+Section "-Program" SectionProgram
+  Call IsWritable
+  Pop $0
+  ${If} $0 = 0
+    MessageBox MB_OK|MB_ICONSTOP "$(TEXT_NOT_WRITABLE)" /SD IDOK
+    SetErrorLevel ${EXIT_NOT_WRITABLE}
+    Quit
+  ${EndIf}
+  Call EndProgram
+
+  SetOutPath "$INSTDIR"
+  File "${STAGE}\Orvenza.exe"
+  File "${STAGE}\LICENSE.txt"
+  SetOverwrite off  ; a shop may have put a sound of its own there
+  File "${STAGE}\ding.wav"
+  SetOverwrite on
+  RMDir /r "$INSTDIR\docs"  ; an earlier version may have had others
+  !include "${PAPERS}"
+  WriteUninstaller "$INSTDIR\uninstall.exe"
+
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "Orvenza"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\Orvenza.exe"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "Publisher" "Orvenza"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "Language" $LANGUAGE
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoModify" 1
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoRepair" 1
+  SectionGetSize ${SectionProgram} $0
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "EstimatedSize" $0
+SectionEnd
+
+Section "$(TEXT_START_MENU)" SectionStartMenu
+  CreateShortcut "${SHORTCUT}" "$INSTDIR\Orvenza.exe"
+SectionEnd
+
+Section /o "$(TEXT_AUTOSTART)" SectionAutostart
+  WriteRegStr HKCU "${RUN_KEY}" "Orvenza" '"$INSTDIR\Orvenza.exe"'
+SectionEnd
+
+Section "-Not chosen"
+  ${IfNot} ${SectionIsSelected} ${SectionStartMenu}
+    Delete "${SHORTCUT}"
+  ${EndIf}
+  ${IfNot} ${SectionIsSelected} ${SectionAutostart}
+    Call RemoveAutostart
+  ${EndIf}
+SectionEnd
+
+Section "$(TEXT_RUN)" SectionRun
+  SetOutPath "$INSTDIR"
+  Exec '"$INSTDIR\Orvenza.exe"'
+SectionEnd
+
+; Switches a section on or off where the option says so; any value but 0 is on.
+!macro SectionOption option section
+  ${GetOptions} $0 "${option}" $1
+  ${IfNot} ${Errors}
+    ${If} $1 == 0
+      !insertmacro UnselectSection ${section}
+    ${Else}
+      !insertmacro SelectSection ${section}
+    ${EndIf}
+  ${EndIf}
+!macroend
+
+Function .onInit
+  Call ReadCommonOptions
+  ; What an earlier installation has chosen holds, unless the command line says otherwise.
+  ReadRegStr $1 HKCU "${RUN_KEY}" "Orvenza"
+  ${If} $1 == '"$INSTDIR\Orvenza.exe"'
+    !insertmacro SelectSection ${SectionAutostart}
+  ${EndIf}
+  ReadRegStr $1 HKCU "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $1 != ""
+  ${AndIfNot} ${FileExists} "${SHORTCUT}"
+    !insertmacro UnselectSection ${SectionStartMenu}
+  ${EndIf}
+  ${If} ${Silent}
+    !insertmacro UnselectSection ${SectionRun}
+  ${EndIf}
+  ${GetParameters} $0
+  !insertmacro SectionOption "/AUTOSTART=" ${SectionAutostart}
+  !insertmacro SectionOption "/STARTMENU=" ${SectionStartMenu}
+  !insertmacro SectionOption "/RUN=" ${SectionRun}
+FunctionEnd
+
+; Pushes 1 when the folder can be made and written to.
+Function IsWritable
+  Push $0
+  SetDetailsPrint none
+  ClearErrors
+  CreateDirectory "$INSTDIR"
+  FileOpen $0 "$INSTDIR\setup.tmp" w
+  ${If} ${Errors}
+    StrCpy $0 0
+  ${Else}
+    FileClose $0
+    Delete "$INSTDIR\setup.tmp"
+    StrCpy $0 1
+  ${EndIf}
+  RMDir "$INSTDIR"  ; only where it is empty
+  SetDetailsPrint lastused
+  Exch $0
+FunctionEnd
+
+Function LeaveDirectory
+  Call IsWritable
+  Pop $0
+  ${If} $0 = 0
+    MessageBox MB_OK|MB_ICONSTOP "$(TEXT_NOT_WRITABLE)"
+    Abort
+  ${EndIf}
+FunctionEnd
+
+!insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
+  !insertmacro MUI_DESCRIPTION_TEXT ${SectionStartMenu} "$(TEXT_START_MENU_MORE)"
+  !insertmacro MUI_DESCRIPTION_TEXT ${SectionAutostart} "$(TEXT_AUTOSTART_MORE)"
+  !insertmacro MUI_DESCRIPTION_TEXT ${SectionRun} "$(TEXT_RUN_MORE)"
+!insertmacro MUI_FUNCTION_DESCRIPTION_END
+
+; ---- Removing ----
+
+Section "un.$(TEXT_PROGRAM)" SectionRemoveProgram
+  SectionIn RO
+  Call un.EndProgram
+  Delete "$INSTDIR\Orvenza.exe"
+  Delete "$INSTDIR\LICENSE.txt"
+  Delete "$INSTDIR\ding.wav"
+  RMDir /r "$INSTDIR\docs"
+  Delete "$INSTDIR\uninstall.exe"
+  Call un.RemoveAutostart
+  ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $0 == $INSTDIR
+    Delete "${SHORTCUT}"
+    DeleteRegKey HKCU "${UNINSTALL_KEY}"
+  ${EndIf}
+SectionEnd
+
+Section /o "un.$(TEXT_DATA)" SectionRemoveData
+  Delete "$INSTDIR\Orvenza.ini"
+  Delete "$INSTDIR\ErrDesc.ini"
+  Delete "$INSTDIR\Log.txt"
+  Delete "$INSTDIR\Log.Bak"
+  Delete "$INSTDIR\Err.txt"
+  Delete "$INSTDIR\Err.Bak"
+  Delete "$INSTDIR\error.txt"
+  Delete "$INSTDIR\error.Bak"
+  RMDir /r "$INSTDIR\data"
+  RMDir /r "$INSTDIR\storico"
+  FindFirst $0 $1 "$INSTDIR\storico_*"
+  ${DoWhile} $1 != ""
+    RMDir /r "$INSTDIR\$1"
+    FindNext $0 $1
+  ${Loop}
+  FindClose $0
+SectionEnd
+
+Section "-un.Folder"
+  SetOutPath "$TEMP"  ; a folder in use cannot be removed
+  RMDir "$INSTDIR"  ; only where it is empty
+SectionEnd
+
+Function un.onInit
+  ReadRegDWORD $0 HKCU "${UNINSTALL_KEY}" "Language"
+  ${If} $0 <> 0
+    StrCpy $LANGUAGE $0
+  ${EndIf}
+  Call un.ReadCommonOptions
+  ${GetParameters} $0
+  ${GetOptions} $0 "/PURGE" $1
+  ${IfNot} ${Errors}
+    !insertmacro SelectSection ${SectionRemoveData}
+  ${EndIf}
+FunctionEnd
+
+!insertmacro MUI_UNFUNCTION_DESCRIPTION_BEGIN
+  !insertmacro MUI_DESCRIPTION_TEXT ${SectionRemoveProgram} "$(TEXT_PROGRAM_MORE)"
+  !insertmacro MUI_DESCRIPTION_TEXT ${SectionRemoveData} "$(TEXT_DATA_MORE)"
+!insertmacro MUI_UNFUNCTION_DESCRIPTION_END

@@ -1,0 +1,166 @@
+#!/usr/bin/env bash
+# The part of package_test.sh that runs beside Wine, with "wine" and a screen at hand:
+#   installed_test.sh SETUP UNPACKED
+# UNPACKED is the zip's folder. Works in a Wine prefix of its own.
+set -uo pipefail
+cd "$(dirname "$0")/../.."
+. tests/package/checks.sh
+
+setup=$1
+unpacked=$2
+WINEPREFIX=$(mktemp -d)
+export WINEPREFIX
+trap 'wineserver -k; wineserver -w; rm -rf "$WINEPREFIX"' EXIT
+wineboot --init >/dev/null 2>&1
+
+# A folder with a blank in it.
+target='C:\Il negozio\Orvenza'
+shop="$WINEPREFIX/drive_c/Il negozio/Orvenza"
+profile=$WINEPREFIX/drive_c/users/root/AppData
+default_shop=$profile/Local/Programs/Orvenza
+menu_entry="$profile/Roaming/Microsoft/Windows/Start Menu/Programs/Orvenza.lnk"
+uninstall_key='HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Orvenza'
+run_key='HKCU\Software\Microsoft\Windows\CurrentVersion\Run'
+
+# Runs setup silently with these options; its exit code is left in $code. A folder with a blank is handed over
+# as two words: setup wants it without quotes.
+run_setup() {
+  wine "$setup" /S "$@"
+  code=$?
+}
+
+# The uninstaller goes on in a copy of itself after it has returned.
+run_uninstaller() {
+  wine "$target\\uninstall.exe" /S "$@"
+  eventually fails installed && eventually fails runs '~nsu'
+}
+
+# Lines as Wine's own programs write them, without their returns.
+plain() { "$@" 2>/dev/null | tr -d '\r'; }
+value() { plain wine reg query "$1" /v "$2" | sed -n 's/.*    REG_[A-Z]*    //p'; }
+installed() { wine reg query "$uninstall_key" >/dev/null 2>&1; }
+# runs TEXT: a Windows program runs whose path holds TEXT behind a "\". (Wine has no list of tasks.)
+runs() {
+  local process
+  for process in /proc/[0-9]*/cmdline; do
+    tr '\0' ' ' <"$process" | grep -q "^[A-Z]:.*\\\\$1" && return
+  done 2>/dev/null
+  return 1
+}
+starts() { grep -cF 'Start Rel.' "$shop/Log.txt"; }
+started_times() { [ "$(starts)" -ge "$1" ]; }
+
+start_program() { wine "$target\\Orvenza.exe" "$@" >/dev/null & }
+kill_program() {
+  wine taskkill /f /im Orvenza.exe >/dev/null 2>&1
+  eventually fails runs Orvenza.exe
+}
+
+quit_program() {
+  echo QUIT >"$shop/command.txt"
+  eventually fails runs Orvenza.exe
+}
+
+# What a shop has of its own: the settings say port 3, and the bell is another one.
+write_shop() {
+  mkdir -p "$shop/data/abort" "$shop/storico_20261101"
+  cat >"$shop/Orvenza.ini" <<INI
+[Version]
+Version=1.06
+[Database]
+TicketFiles=$target\\data\\*.txt
+HistoricTickets=$target\\storico\\
+[Com Settings]
+ComPort=3
+Settings=19200,O,7,1
+[General]
+Separator (ascii,max 127)=59
+INI
+  echo una nota >"$shop/nota.txt"
+  echo vecchio >"$shop/storico_20261101/1.txt"
+  echo rinunciato >"$shop/data/abort/7.txt.abort.txt"
+  echo un altro suono >"$shop/ding.wav"
+}
+own_sums() { (cd "$shop" && sha256sum Orvenza.ini nota.txt storico_20261101/1.txt data/abort/7.txt.abort.txt); }
+
+hand_over() {
+  cp "$1" "$shop/data/$2.tmp"
+  mv "$shop/data/$2.tmp" "$shop/data/$2.txt"
+}
+
+sums_of() { (cd "$1" && find . -type f ! -name uninstall.exe -exec sha256sum {} + | sort -k 2); }
+files_in() { (cd "$1" && find . -maxdepth 1 -type f | sort | tr '\n' ' '); }
+
+title "a folder that cannot be written to"
+run_setup '/D=Z:\proc\Orvenza'
+same "is refused" $code 4
+check "with nothing installed" fails installed
+
+title "the first installation"
+run_setup /AUTOSTART=1 /D=$target
+same "succeeds" $code 0
+same "puts there what the zip holds" "$(sums_of "$shop")" "$(sums_of "$unpacked")"
+test -f "$shop/uninstall.exe" || finish "without an uninstaller nothing more can be tried"
+check "makes an entry in the Start menu" test -f "$menu_entry"
+same "starts the program with Windows" "$(value "$run_key" Orvenza)" "\"$target\\Orvenza.exe\""
+same "is listed with its folder" "$(value "$uninstall_key" InstallLocation)" "$target"
+check "starts nothing by itself" fails runs Orvenza.exe
+
+title "the installed program"
+write_shop
+before=$(own_sums)
+start_program --simulate
+check "starts" eventually started_times 1
+hand_over examples/01-bar.txt 01
+check "prints a ticket and keeps it" eventually test -f "$shop/storico/1.txt"
+
+title "an upgrade while it runs"
+run_setup
+same "succeeds" $code 0
+check "has ended the program" fails runs Orvenza.exe
+check "as a host would" holds "$shop/Log.txt" 'Quit Command !'
+check "leaves no command file behind" gone "$shop/command.txt"
+check "goes to the folder of the first time" fails test -e "$default_shop"
+same "leaves settings and tickets alone" "$(own_sums)" "$before"
+check "leaves the shop's own bell alone" holds "$shop/ding.wav" 'un altro suono'
+check "leaves the printed ticket alone" test -f "$shop/storico/1.txt"
+same "leaves the start with Windows on" "$(value "$run_key" Orvenza)" "\"$target\\Orvenza.exe\""
+start_program --simulate
+check "and the program starts again" eventually started_times 2
+check "and ends when asked" quit_program
+
+title "an upgrade while a dialog waits"
+start_program # without a link control it asks about the port
+check "finds the program running" eventually holds "$shop/Err.txt" 429
+run_setup /WAIT=1
+same "is refused" $code 3
+check "leaves no command file behind" gone "$shop/command.txt"
+check "leaves the program running" runs Orvenza.exe
+kill_program
+
+title "removing"
+logs=$(cd "$shop" && sha256sum Log.txt Err.txt)
+check "succeeds" run_uninstaller
+same "leaves the shop's own files" "$(files_in "$shop")" "./Err.txt ./ErrDesc.ini ./Log.txt ./Orvenza.ini ./nota.txt "
+same "leaves the logs alone" "$(cd "$shop" && sha256sum Log.txt Err.txt)" "$logs"
+same "leaves settings and tickets alone" "$(own_sums)" "$before"
+check "takes the entry out of the Start menu" gone "$menu_entry"
+same "starts nothing with Windows any more" "$(value "$run_key" Orvenza)" ""
+
+title "removing with everything"
+run_setup /STARTMENU=0 /D=$target
+same "installs over what was left" $code 0
+check "makes no entry in the Start menu, as asked" gone "$menu_entry"
+same "does not start with Windows by itself" "$(value "$run_key" Orvenza)" ""
+check "succeeds" run_uninstaller /PURGE
+same "leaves what is not Orvenza's" "$(cd "$shop" && find . | sort | tr '\n' ' ')" ". ./nota.txt "
+
+title "without a folder named"
+run_setup /LANG=it /RUN=1
+same "succeeds" $code 0
+check "installs into the user's own" test -f "$default_shop/Orvenza.exe"
+same "keeps the language for the uninstaller" "$(value "$uninstall_key" Language)" 0x410
+check "starts the program, as asked" eventually test -f "$default_shop/Orvenza.ini"
+kill_program
+
+finish

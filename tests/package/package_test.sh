@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# Looks at what ./package made, then installs, runs, upgrades and removes it under Wine:
+#   tests/package/package_test.sh SETUP ZIP
+# Says every check, and exits with 1 when one failed.
+set -uo pipefail
+cd "$(dirname "$0")/../.."
+. tests/package/checks.sh
+
+setup=$(realpath "$1")
+zip=$(realpath "$2")
+unpacked=build/package/unpacked
+imported() { i686-w64-mingw32-objdump -p "$1" | sed -n 's/.*DLL Name: //p'; }
+pictures_missing() {
+  local picture
+  for picture in $(sed -n 's/.*](\(images\/[^)]*\)).*/\1/p' "$1"/*.md); do
+    [ -s "$1/$picture" ] || echo "$picture"
+  done
+}
+
+title "the zip"
+rm -rf $unpacked
+mkdir -p $unpacked
+unzip -q "$zip" -d $unpacked
+same "holds the program, its sound and its papers" \
+  "$(cd $unpacked && find . -type f ! -path '*/images/*' | LC_ALL=C sort | tr '\n' ' ')" \
+  "./Orvenza/LICENSE.txt ./Orvenza/Orvenza.exe ./Orvenza/ding.wav ./Orvenza/docs/installation.md \
+./Orvenza/docs/manuale-operatore.md ./Orvenza/docs/settings.md ./Orvenza/docs/ticket-format.md "
+same "holds the pictures that the papers show" "$(pictures_missing $unpacked/Orvenza/docs)" ""
+check "the program needs Windows" holds <(imported $unpacked/Orvenza/Orvenza.exe) KERNEL32.dll
+same "and no library of the compiler's" \
+  "$(imported $unpacked/Orvenza/Orvenza.exe | grep -iE 'gcc|stdc|pthread')" ""
+
+tools/wine.sh --in-root bash tests/package/installed_test.sh "$setup" "$PWD/$unpacked/Orvenza" || failures=$((failures + 1))
+finish
