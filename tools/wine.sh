@@ -10,7 +10,8 @@ Usage: tools/wine.sh PROGRAM.exe [ARGUMENT...]
 
 Runs a Windows program under a 32-bit Wine, waits for it and exits as it did. Wine lies in a small Debian system of
 its own, because few systems have a 32-bit Wine; where it is missing it is made, which downloads about 300 MB. Each
-run has its own screen (1024x768) and leaves neither a process nor a mount behind; runs wait for each other.
+run has its own screen (1024x768, with a taskbar) and leaves neither a process nor a mount behind; runs wait for
+each other.
 
   --in-root  runs a command of that system instead of a program, with DISPLAY and WINEPREFIX set, so that it can
              start programs by "wine", press keys by "xdotool" and take pictures by "import"
@@ -91,10 +92,14 @@ within() {
   coproc screen { exec Xvfb -displayfd 5 -screen 0 1024x768x24 -nolisten tcp 5>&1 2>/dev/null; }
   read -r number <&"${screen[0]}"
   export DISPLAY=:$number
-  if [ ! -e "$WINEPREFIX/system.reg" ]; then
+  if [ ! -e "$WINEPREFIX/orvenza-ready" ]; then
     mkdir -p "$(dirname "$WINEPREFIX")"
     wineboot --init </dev/null >/dev/null 2>&1
+    # Every program is on a desktop of this name, which has a taskbar with a notification area.
+    wine reg add "HKCU\\Software\\Wine\\Explorer" /v Desktop /d shell /f >/dev/null
+    wine reg add "HKCU\\Software\\Wine\\Explorer\\Desktops" /v shell /d 1024x768 /f >/dev/null
     wineserver -w
+    touch "$WINEPREFIX/orvenza-ready"
   fi
   result=0
   "$@" || result=$?
@@ -141,6 +146,7 @@ flock 9
 make_root
 export root
 export -f enter within
+# shellcheck disable=SC2016  # what stands in these quotes is for the shell within
 exec unshare --mount --pid --fork --kill-child --propagation private bash -euc '
   count=$1; shift
   enter "${@:1:count}"
