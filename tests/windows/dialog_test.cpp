@@ -51,8 +51,7 @@ TEST_F(MessageTest, StandsInTheMiddleInFrontOfEverything) {
 }
 
 TEST_F(MessageTest, HasItsButtonsInARowOfFixedPlaces) {
-  const int dpi = GetDeviceCaps(GetDC(nullptr), LOGPIXELSX);
-  const auto px = [dpi](int units) { return (units * dpi + 720) / 1440; };
+  const auto px = [](int units) { return (units * 96 + 720) / 1440; };
   RECT client{};
   GetClientRect(form, &client);
   for (int i = 1; i <= 3; ++i) {

@@ -208,11 +208,25 @@ TEST(End, ComesWithTheSession) {
   EXPECT_EQ(shop.Journal("Log.txt"), StartedThen({"End"}));
 }
 
+TEST(End, HoldsUpTheEndOfTheSession) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  till.Menu(kConfigure);
+  till.Form(window_class::kOrvConf);
+  till.TellIcon(WM_RBUTTONDOWN);
+  till.AwaitMenu();
+  SendMessageW(till.SessionWindow(), WM_ENDSESSION, TRUE, 0);
+  EXPECT_EQ(shop.Journal("Log.txt"), StartedThen({"End"}));
+  EXPECT_EQ(till.ExitCode(), 0U);
+}
+
 TEST(End, DoesNotComeWithASessionThatGoesOn) {
   const Shop shop;
   const Till till(shop);
   till.AwaitStart();
   SendMessageW(till.Main(), WM_ENDSESSION, FALSE, 0);
+  SendMessageW(till.SessionWindow(), WM_ENDSESSION, FALSE, 0);
   shop.Quit();
   EXPECT_EQ(till.ExitCode(), 0U);
   EXPECT_EQ(shop.Journal("Log.txt"), StartedThen({"Quit Command !", "End"}));

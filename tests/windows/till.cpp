@@ -210,6 +210,10 @@ HWND Till::Main() const {
   return main;
 }
 
+HWND Till::SessionWindow() const {
+  return Find([](HWND window) { return ClassOf(window) == window_class::kOrvSession; });
+}
+
 HWND Till::Picture1() const { return GetDlgItem(Main(), control_id::kPicture1); }
 
 /// Only an icon that is there can be changed; without flags nothing changes.

@@ -57,6 +57,7 @@ class Till {
 
   HWND Main() const;
   HWND Picture1() const;
+  HWND SessionWindow() const;
   bool HasIcon() const;
   /// Takes the icon away behind the program's back, as a shell that breaks down does.
   void LoseIcon() const;

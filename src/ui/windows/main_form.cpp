@@ -102,9 +102,9 @@ LRESULT MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SIZE: OnSize(wParam); return 0;
     case WM_QUERYENDSESSION: return TRUE;
     case WM_ENDSESSION:
-      if (wParam != FALSE) events_.end();
+      if (wParam != FALSE) End();
       return 0;
-    case WM_CLOSE: events_.end(); return 0;
+    case WM_CLOSE: End(); return 0;
     default: return Window::OnMessage(message, wParam, lParam);
   }
 }
@@ -117,6 +117,12 @@ void MainForm::OnSize(WPARAM state) {
   }
   if (tip_ && picture1_) picture1_->AddIcon(*tip_);
   ShowWindow(Handle(), SW_HIDE);
+}
+
+/// An open menu would keep the program from noticing.
+void MainForm::End() {
+  EndMenu();
+  events_.end();
 }
 
 void MainForm::PopUp() {

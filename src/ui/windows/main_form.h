@@ -51,6 +51,7 @@ class MainForm final : public Window {
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   void OnSize(WPARAM state);
   void PopUp();
+  void End();
 
   MainFormEvents events_;
   const UINT taskbarCreated_;

@@ -11,6 +11,7 @@ inline constexpr const wchar_t* kOrvMsg = L"Orv_Msg";
 inline constexpr const wchar_t* kOrvInfo = L"Orv_Info";
 inline constexpr const wchar_t* kOrvConf = L"Orv_Conf";
 inline constexpr const wchar_t* kOrvUti = L"Orv_Uti";
+inline constexpr const wchar_t* kOrvSession = L"Orv_Session";  ///< Hidden; hears of the session's end.
 }  // namespace window_class
 
 /// Numbers of the controls. Those of an array follow each other: the member i of Command0 is kCommand0 + i.

@@ -29,7 +29,8 @@ WindowsOperator::WindowsOperator(EventLoop& loop, WindowsEventPump& pump, std::s
     : programFolder_(std::move(programFolder)),
       desk_{loop, pump},
       orvMain_({.chosen = [this](MenuItem item) { desk_.pump.Post([this, item] { RunMenuItem(item); }); },
-                .end = [this] { desk_.loop.RequestEnd({.unload = true}); }}) {}
+                .end = [this] { desk_.loop.RequestEnd({.unload = true}); }}),
+      sessionGuard_(orvMain_.Handle()) {}
 
 int WindowsOperator::ShowMessage(const MessageContent& content) {
   MessageForm form(desk_, content, programFolder_);

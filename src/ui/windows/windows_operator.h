@@ -10,6 +10,7 @@
 #include "ui/operator.h"
 #include "ui/windows/form.h"
 #include "ui/windows/main_form.h"
+#include "ui/windows/session_guard.h"
 
 namespace orvenza {
 
@@ -41,6 +42,7 @@ class WindowsOperator final : public Operator, public NotificationIcon {
   Desk desk_;
   std::vector<Form*> messages_;  ///< The message dialogs that wait, the innermost last.
   MainForm orvMain_;
+  SessionGuard sessionGuard_;
 };
 
 }  // namespace orvenza
