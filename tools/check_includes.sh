@@ -23,6 +23,7 @@ find . \( -name '*.cpp' -o -name '*.h' \) -print | sed 's|^\./||' | LC_ALL=C sor
         below["tickets"]   = " tickets" below["device"]
         below["simulator"] = " simulator" below["device"]
         below["app"]       = " app simulator" below["tickets"]
+        below["lab"]       = " lab" below["app"]
         room = file
         sub(/\/.*/, "", room)
         bySystem = file ~ /\/(posix|windows)\//

@@ -1,10 +1,7 @@
 // The connector as a program of the notification area: builds the objects, wires them, runs.
 
 #include <windows.h>
-// After windows.h, on which it builds.
-#include <shellapi.h>
 
-#include <memory>
 #include <optional>
 
 #include "app/command_line.h"
@@ -13,51 +10,26 @@
 #include "core/version.h"
 #include "device/windows/ecr_link_adapter.h"
 #include "platform/instance_lock.h"
-#include "platform/windows/wide.h"
+#include "platform/windows/program_place.h"
 #include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_event_pump.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_folders.h"
 #include "platform/windows/windows_profile_file.h"
-#include "ui/windows/console.h"
+#include "ui/windows/parent_console.h"
 #include "ui/windows/windows_operator.h"
 
 namespace {
 
 using namespace orvenza;
 
-int Refuse(const Console& console, const std::string& reason) {
+int Refuse(const ParentConsole& console, const std::string& reason) {
   ShowNotice(console, "Orvenza: " + reason + "\n", true);
   return 2;
 }
 
-std::vector<std::string> CommandWords() {
-  int count = 0;
-  const std::unique_ptr<LPWSTR, decltype(&LocalFree)> words(CommandLineToArgvW(GetCommandLineW(), &count),
-                                                            &LocalFree);
-  std::vector<std::string> result;
-  for (int i = 1; i < count; ++i) result.push_back(ToUtf8(words.get()[i]));
-  return result;
-}
-
-/// The folder of the executable, without a "\" at its end.
-std::string HomeFolder() {
-  std::wstring path(32768, L'\0');
-  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-  return ToUtf8(path.substr(0, path.rfind(L'\\')));
-}
-
-/// `folder` from the root of its drive on, without a "\" at its end.
-std::string FullFolder(const std::string& folder) {
-  std::wstring path(32768, L'\0');
-  path.resize(
-      GetFullPathNameW(ToWide(folder).c_str(), static_cast<DWORD>(path.size()), path.data(), nullptr));
-  if (path.ends_with(L'\\')) path.pop_back();
-  return ToUtf8(path);
-}
-
 int RunConnector(const std::string& folder, const std::optional<FaultScript>& script,
-                 const Console& console) {
+                 const ParentConsole& console) {
   WindowsFiles files;
   WindowsFolders folders;
   WindowsClock clock;
@@ -86,7 +58,7 @@ int RunConnector(const std::string& folder, const std::optional<FaultScript>& sc
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
-  const Console console;
+  const ParentConsole console;
   const CommandLine options = ParseCommandLine(CommandWords());
   if (!options.error.empty()) return Refuse(console, options.error + "; see --help");
   if (options.help) ShowNotice(console, Usage(), false);

@@ -6,9 +6,9 @@ namespace orvenza {
 
 /// Where a program without a console of its own may write: its standard output where that leads somewhere,
 /// else the console it was started from. Without either nothing is shown.
-class Console {
+class ParentConsole {
  public:
-  Console();
+  ParentConsole();
 
   /// False when nobody would see it.
   bool IsThere() const { return output_ != nullptr; }
@@ -21,6 +21,6 @@ class Console {
 };
 
 /// Shows `text` at the console, or in a box where there is none.
-void ShowNotice(const Console& console, const std::string& text, bool isError);
+void ShowNotice(const ParentConsole& console, const std::string& text, bool isError);
 
 }  // namespace orvenza

@@ -1,4 +1,4 @@
-#include "ui/windows/console.h"
+#include "ui/windows/parent_console.h"
 
 #include <windows.h>
 
@@ -13,14 +13,14 @@ bool LeadsSomewhere(HANDLE output) {
 
 }  // namespace
 
-Console::Console() {
+ParentConsole::ParentConsole() {
   HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
   if (!LeadsSomewhere(output) && AttachConsole(ATTACH_PARENT_PROCESS))
     output = GetStdHandle(STD_OUTPUT_HANDLE);
   if (LeadsSomewhere(output)) output_ = output;
 }
 
-void Console::Write(const std::string& text) const {
+void ParentConsole::Write(const std::string& text) const {
   if (output_ == nullptr) return;
   DWORD mode = 0;
   DWORD written = 0;
@@ -32,7 +32,7 @@ void Console::Write(const std::string& text) const {
   }
 }
 
-void ShowNotice(const Console& console, const std::string& text, bool isError) {
+void ShowNotice(const ParentConsole& console, const std::string& text, bool isError) {
   if (console.IsThere()) return console.Write(text);
   MessageBoxW(nullptr, ToWide(text).c_str(), L"Orvenza", isError ? MB_ICONERROR : MB_ICONINFORMATION);
 }

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <ostream>
+#include <string_view>
+#include <vector>
+
+namespace orvenza {
+
+/// Writes one JSON value, as it is told its pieces. The two outer levels of brackets take a line an entry,
+/// deeper ones stand in one line, so that the output reads well and can be compared line by line. Its caller
+/// keeps the grammar: a key before each value of an object, every bracket closed.
+class JsonWriter {
+ public:
+  explicit JsonWriter(std::ostream& out) : out_(out) {}
+
+  void BeginObject() { Open('{'); }
+  void EndObject() { Close('}'); }
+  void BeginArray() { Open('['); }
+  void EndArray() { Close(']'); }
+
+  void Key(std::string_view key);
+
+  /// Valid UTF-8 stands as it is; other bytes are read as Windows-1252.
+  void Text(std::string_view text);
+  void Number(std::int64_t number);
+  void Flag(bool flag);
+  void Null();
+
+  /// A key and its value.
+  void Member(std::string_view key, std::string_view text);
+  void NumberMember(std::string_view key, std::int64_t number);
+  void FlagMember(std::string_view key, bool flag);
+
+ private:
+  void Open(char bracket);
+  void Close(char bracket);
+  void BeginValue();
+  void BreakLine();
+  void WriteQuoted(std::string_view text);
+
+  std::ostream& out_;
+  std::vector<bool> filled_;  // of each open bracket: whether it holds an entry already
+  bool afterKey_ = false;
+};
+
+}  // namespace orvenza

@@ -1,0 +1,40 @@
+// The integrator's tool in a terminal: builds the objects, wires them, runs.
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+
+#include "lab/commands.h"
+#include "platform/ini_profile_file.h"
+#include "platform/posix/posix_clock.h"
+#include "platform/posix/posix_files.h"
+#include "platform/posix/posix_folders.h"
+
+namespace {
+
+std::string HomeFolder() {
+  std::error_code unknown;
+  return std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path().string();
+}
+
+bool WantsColours() {
+  const char* refused = std::getenv("NO_COLOR");
+  return refused == nullptr || *refused == '\0';
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  using namespace orvenza;
+  std::ios::sync_with_stdio(false);
+  PosixFiles files;
+  PosixFolders folders;
+  IniProfileFile profile(files);
+  PosixClock clock;
+  Console console{std::cin, std::cout, std::cerr, ::isatty(STDOUT_FILENO) != 0 && WantsColours(),
+                  ::isatty(STDERR_FILENO) != 0};
+  LabSurroundings surroundings{files, folders, profile, clock, console, HomeFolder()};
+  return RunLab({argv + 1, argv + argc}, Commands(), surroundings);
+}

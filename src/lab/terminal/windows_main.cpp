@@ -1,0 +1,37 @@
+// The integrator's tool at the Windows console: builds the objects, wires them, runs.
+
+#include <cstdlib>
+#include <iostream>
+
+#include "lab/commands.h"
+#include "lab/windows/console_mode.h"
+#include "platform/windows/program_place.h"
+#include "platform/windows/windows_clock.h"
+#include "platform/windows/windows_files.h"
+#include "platform/windows/windows_folders.h"
+#include "platform/windows/windows_profile_file.h"
+
+namespace {
+
+bool WantsColours() {
+  const char* refused = std::getenv("NO_COLOR");
+  return refused == nullptr || *refused == '\0';
+}
+
+}  // namespace
+
+int main() {
+  using namespace orvenza;
+  const ConsoleMode mode;
+  std::ios::sync_with_stdio(false);
+  WindowsFiles files;
+  WindowsFolders folders;
+  WindowsProfileFile profile;
+  WindowsClock clock;
+  Console console{std::cin, std::cout, std::cerr, mode.ShowsColours() && WantsColours(),
+                  mode.ErrorIsConsole()};
+  LabSurroundings surroundings{files, folders, profile, clock, console, HomeFolder()};
+  const int status = RunLab(CommandWords(), Commands(), surroundings);
+  std::cout.flush();  // before the console is put back as it was
+  return status;
+}

@@ -1,0 +1,41 @@
+#include "platform/windows/program_place.h"
+
+#include <windows.h>
+// After windows.h, on which it builds.
+#include <shellapi.h>
+
+#include <memory>
+
+#include "platform/windows/wide.h"
+
+namespace orvenza {
+namespace {
+
+constexpr std::size_t kLongestPath = 32768;
+
+}  // namespace
+
+std::vector<std::string> CommandWords() {
+  int count = 0;
+  const std::unique_ptr<LPWSTR, decltype(&LocalFree)> words(CommandLineToArgvW(GetCommandLineW(), &count),
+                                                            &LocalFree);
+  std::vector<std::string> result;
+  for (int i = 1; i < count; ++i) result.push_back(ToUtf8(words.get()[i]));
+  return result;
+}
+
+std::string HomeFolder() {
+  std::wstring path(kLongestPath, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  return ToUtf8(path.substr(0, path.rfind(L'\\')));
+}
+
+std::string FullFolder(const std::string& folder) {
+  std::wstring path(kLongestPath, L'\0');
+  path.resize(
+      GetFullPathNameW(ToWide(folder).c_str(), static_cast<DWORD>(path.size()), path.data(), nullptr));
+  if (path.ends_with(L'\\')) path.pop_back();
+  return ToUtf8(path);
+}
+
+}  // namespace orvenza
