@@ -14,8 +14,4 @@ std::string Join(std::initializer_list<std::string_view> parts, std::string_view
   return command += tail;
 }
 
-std::string Or(std::string value, std::string_view fallback) {
-  return value.empty() ? std::string(fallback) : value;
-}
-
 }  // namespace orvenza

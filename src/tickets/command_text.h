@@ -10,9 +10,6 @@ namespace orvenza {
 /// is: a rejected value invalidates the whole line. Only the tail may be empty.
 std::string Join(std::initializer_list<std::string_view> parts, std::string_view tail = {});
 
-/// `value`, or `fallback` where the value was rejected.
-std::string Or(std::string value, std::string_view fallback);
-
 /// What a choice goes by: `field`, or the `first` alternative for an empty field.
 inline std::string_view Chosen(std::string_view field, std::string_view first) {
   return field.empty() ? first : field;

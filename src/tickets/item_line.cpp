@@ -2,7 +2,6 @@
 
 #include "core/text.h"
 #include "tickets/command_text.h"
-#include "tickets/field_format.h"
 
 namespace orvenza {
 namespace {
@@ -19,14 +18,13 @@ std::string_view CodeFor(const ItemRecord& item, std::string_view quantity, bool
 
 }  // namespace
 
-std::string ItemLine(const ItemRecord& item, const RecordFields& fields, bool singleQuantity) {
-  const std::string_view description = fields[item.description];
-  const std::string quantity = FmtQuantity(fields[item.quantity]);
+std::string ItemLine(const ItemRecord& item, const NotedFields& f, bool singleQuantity) {
+  const std::string quantity = f.Format(item.quantity, FmtQuantity);
   // Deliberate: the description is split around the other values, its characters 17 to 20 come last.
-  return Join({CodeFor(item, quantity, singleQuantity), FmtNum2Max20(fields[item.number]), kBlankZone,
-               FmtText(description, 16), quantity, "1", FmtAmount9(fields[item.amount]),
-               FmtNum2Range40(fields[item.itemClass])},
-              Middle(description, 17, 4));
+  return Join({CodeFor(item, quantity, singleQuantity), f.Format(item.number, FmtNum2Max20), kBlankZone,
+               f.Text(item.description, 16, 20), quantity, "1", f.Format(item.amount, FmtAmount9),
+               f.Format(item.itemClass, FmtNum2Range40)},
+              Middle(f[item.description], 17, 4));
 }
 
 }  // namespace orvenza

@@ -25,28 +25,33 @@ struct Surroundings {
   Journals& journals;
 };
 
-using Record = const RecordFields&;
+using Record = const NotedFields&;
 using With = const Surroundings&;
 
-std::string NumberOr01(std::string_view text) { return Or(FmtNum2Max20(text), "01"); }
-std::string AmountOrZero(std::string_view text) { return Or(FmtAmount9(text), "000000000"); }
+std::string NumberOr01(Record f, std::size_t field) { return f.FormatOr(field, FmtNum2Max20, "01"); }
+std::string AmountOrZero(Record f, std::size_t field) { return f.FormatOr(field, FmtAmount9, "000000000"); }
 
-std::string Number(std::string_view code, Record f) { return Join({code, FmtNum2Max20(f[1])}); }
+/// Invalid: the field that decides between alternatives is none of `accepted`.
+std::string NoSuchChoice(Record f, std::size_t field, std::string_view accepted) {
+  return f.Refuse(FieldNote::Kind::kNoSuchChoice, field, accepted);
+}
+
+std::string Number(std::string_view code, Record f) { return Join({code, f.Format(1, FmtNum2Max20)}); }
 
 std::string NumberAndAmount(std::string_view code, Record f) {
-  return Join({code, FmtNum2Max20(f[1]), FmtAmount9(f[2])});
+  return Join({code, f.Format(1, FmtNum2Max20), f.Format(2, FmtAmount9)});
 }
 
 /// Type 1 with F8 = "-1": one of four commands in place of an item line.
 std::string Type1WithoutItem(Record f) {
   const std::string_view kind = Chosen(f[1], "1");
   if (kind == "1" && f[6] == "1") {
-    return Join({"1069", FmtNum2Max20(f[2]), FmtText(f[5], 16), FmtAmount9(f[4])});
+    return Join({"1069", f.Format(2, FmtNum2Max20), f.Text(5, 16), f.Format(4, FmtAmount9)});
   }
-  if (kind == "1") return Join({"1021", FmtNum2Max20(f[2]), FmtAmount9(f[4])});
-  if (kind == "2") return Join({"1022", FmtNum2Max20(f[2]), FmtNum4Min1(f[4])});
-  if (kind == "3") return Join({"1023", FmtNum2Max20(f[2]), FmtNum4Min1(f[4])});
-  return {};
+  if (kind == "1") return Join({"1021", f.Format(2, FmtNum2Max20), f.Format(4, FmtAmount9)});
+  if (kind == "2") return Join({"1022", f.Format(2, FmtNum2Max20), f.Format(4, FmtNum4Min1)});
+  if (kind == "3") return Join({"1023", f.Format(2, FmtNum2Max20), f.Format(4, FmtNum4Min1)});
+  return NoSuchChoice(f, 1, "1, 2, 3");
 }
 
 std::string Type1(Record f, With with) {
@@ -55,110 +60,122 @@ std::string Type1(Record f, With with) {
 
 std::string Payment(Record f, With) {
   if (f[4].empty()) return NumberAndAmount("1036", f);
-  return Join({"1073", FmtNum2Max20(f[1]), Or(FmtDigit0to5(f[3]), "0"), FmtText(f[4], 16), FmtAmount9(f[2])});
+  return Join({"1073", f.Format(1, FmtNum2Max20), f.FormatOr(3, FmtDigit0to5, "0"), f.Text(4, 16),
+               f.Format(2, FmtAmount9)});
 }
 
 std::string Type5(Record f, With) {
-  if (LeadingNumber(f[1]) == 0) return Join({"1045", FmtNum2Max20(f[2]), "00", AmountOrZero(f[5])});
-  if (f[4] != "1") return Join({"1045", FmtNum2Max20(f[2]), FmtNum2Upto10(f[1]), AmountOrZero(f[5])});
-  return Join({"1072", FmtNum2Max20(f[2]), FmtNum2Upto10(f[1]), FmtText(f[3], 16), AmountOrZero(f[5])});
+  if (LeadingNumber(f[1]) == 0) {
+    return Join({"1045", f.Format(2, FmtNum2Max20), f.Replace(1, "00"), AmountOrZero(f, 5)});
+  }
+  if (f[4] != "1")
+    return Join({"1045", f.Format(2, FmtNum2Max20), f.Format(1, FmtNum2Upto10), AmountOrZero(f, 5)});
+  return Join(
+      {"1072", f.Format(2, FmtNum2Max20), f.Format(1, FmtNum2Upto10), f.Text(3, 16), AmountOrZero(f, 5)});
 }
 
 std::string Type6(Record f, With) {
   const std::string_view kind = Chosen(f[1], "2");
-  if (kind == "2") return Join({"1025", FmtNum2Max20(f[2]), FmtNum4Min1(f[3])});
-  if (kind == "3") return Join({"1026", FmtNum2Max20(f[2]), FmtNum4Min1(f[3])});
-  return {};
+  if (kind == "2") return Join({"1025", f.Format(2, FmtNum2Max20), f.Format(3, FmtNum4Min1)});
+  if (kind == "3") return Join({"1026", f.Format(2, FmtNum2Max20), f.Format(3, FmtNum4Min1)});
+  return NoSuchChoice(f, 1, "2, 3");
 }
 
 std::string Type7(Record f, With) {
-  if (Chosen(f[1], "1") != "1") return {};
-  if (f[5] != "1") return Join({"1024", FmtNum2Max20(f[2]), FmtAmount9(f[3])});
-  return Join({"1070", FmtNum2Max20(f[2]), FmtText(f[4], 16), FmtAmount9(f[3])});
+  if (Chosen(f[1], "1") != "1") return NoSuchChoice(f, 1, "1");
+  if (f[5] != "1") return Join({"1024", f.Format(2, FmtNum2Max20), f.Format(3, FmtAmount9)});
+  return Join({"1070", f.Format(2, FmtNum2Max20), f.Text(4, 16), f.Format(3, FmtAmount9)});
 }
 
 std::string Type8(Record f, With) {
   const std::string_view kind = Chosen(f[2], "-1");
   if (kind == "-1") return Number("1055", f);
   if (kind == "0") return Number("1056", f);
-  return {};
+  return NoSuchChoice(f, 2, "-1, 0");
 }
 
 std::string Type14(Record f, With) {
-  if (f[5] == "0") return Join({"1046", FmtNum2Max20(f[2]), FmtNum2Range10(f[3]), FmtAmount9(f[1])});
-  return Join({"1071", FmtNum2Max20(f[2]), FmtNum2Range10(f[3]), FmtText(f[4], 16), FmtAmount9(f[1])});
+  if (f[5] == "0")
+    return Join({"1046", f.Format(2, FmtNum2Max20), f.Format(3, FmtNum2Range10), f.Format(1, FmtAmount9)});
+  return Join({"1071", f.Format(2, FmtNum2Max20), f.Format(3, FmtNum2Range10), f.Text(4, 16),
+               f.Format(1, FmtAmount9)});
 }
 
 std::string Type17(Record f, With with) {
   const ModelRules model = RulesFor(with.identity);
-  return Join({model.code17, NumberOr01(f[4]), FmtNum2Within(f[2], 30), FmtText(f[3], model.width17)});
+  return Join({model.code17, NumberOr01(f, 4), f.Format(2, NumberWithin(30)), f.Text(3, model.width17)});
 }
 
-std::string Type23(Record f, With) { return Join({"1062", NumberOr01(f[2]), "0", FmtText(f[1], 32), "00"}); }
+std::string Type23(Record f, With) { return Join({"1062", NumberOr01(f, 2), "0", f.Text(1, 32), "00"}); }
 
 std::string Type24(Record f, With with) {
   const ModelRules model = RulesFor(with.identity);
-  return Join({model.code24, NumberOr01(f[2]), FmtText(f[1], model.width24)});
+  return Join({model.code24, NumberOr01(f, 2), f.Text(1, model.width24)});
 }
 
 std::string Type25(Record f, With) {
-  return Join({"1067", NumberOr01(f[4]), FmtNum2Within(f[2], 5), FmtText(f[3], 27)});
+  return Join({"1067", NumberOr01(f, 4), f.Format(2, NumberWithin(5)), f.Text(3, 27)});
 }
 
-std::string Type28(Record f, With) { return Join({"1058", FmtNum2Max20(f[1]), FmtText(f[2], 27)}); }
+std::string Type28(Record f, With) { return Join({"1058", f.Format(1, FmtNum2Max20), f.Text(2, 27)}); }
 
 std::string Type30(Record f, With with) {
-  const std::string digit = FmtDigit0to5(f[2]);
-  const std::string_view sent = LeadingNumber(digit) > 3 ? "3" : std::string_view(digit);
-  return Join({"1064", FmtNum2Max20(f[1]), sent, FmtText(f[3], RulesFor(with.identity).width30)});
+  const std::string digit = f.Format(2, FmtDigit0to5);
+  const std::string_view sent = LeadingNumber(digit) > 3 ? f.Replace(2, "3") : std::string_view(digit);
+  return Join({"1064", f.Format(1, FmtNum2Max20), sent, f.Text(3, RulesFor(with.identity).width30)});
 }
 
 /// One alternative of type 32 and the form of its F3; null where F3 is not sent.
 struct LongCommand {
   std::string_view choice;
   std::string_view code;
-  std::string (*form)(std::string_view text);
+  const ValueForm* form;
 };
 
 constexpr LongCommand kLongCommands[] = {
-    {"1", "2001", nullptr},         {"5", "2005", nullptr},      {"7", "2007", nullptr},
-    {"11", "2011", nullptr},        {"2", "2002", FmtNum2Max10}, {"8", "2008", FmtNum2Max10},
-    {"3", "2003", FmtNum2Max40},    {"9", "2009", FmtNum2Max40}, {"4", "2004", FmtNum4Max1260},
-    {"10", "2010", FmtNum4Max1260}, {"6", "2006", FmtNum2Max20}, {"12", "2012", FmtNum2Max20},
+    {"1", "2001", nullptr},          {"5", "2005", nullptr},       {"7", "2007", nullptr},
+    {"11", "2011", nullptr},         {"2", "2002", &FmtNum2Max10}, {"8", "2008", &FmtNum2Max10},
+    {"3", "2003", &FmtNum2Max40},    {"9", "2009", &FmtNum2Max40}, {"4", "2004", &FmtNum4Max1260},
+    {"10", "2010", &FmtNum4Max1260}, {"6", "2006", &FmtNum2Max20}, {"12", "2012", &FmtNum2Max20},
 };
 
 std::string Type32(Record f, With) {
   const std::string_view choice = Chosen(f[2], kLongCommands[0].choice);
   for (const LongCommand& command : kLongCommands) {
     if (choice != command.choice) continue;
-    if (command.form == nullptr) return Join({command.code, FmtNum2Max20(f[1]), "*"});
-    return Join({command.code, FmtNum2Max20(f[1]), command.form(f[3]), "*"});
+    if (command.form == nullptr) return Join({command.code, f.Format(1, FmtNum2Max20), "*"});
+    return Join({command.code, f.Format(1, FmtNum2Max20), f.Format(3, *command.form), "*"});
   }
-  return {};
+  return NoSuchChoice(f, 2, "1 to 12");
 }
 
 std::string Logo(Record f, With with) {
-  const LogoRequest logo = LogoRequestOf(f);
+  const LogoRequest logo = LogoRequestOf(f.Record());
+  const bool numbered = logo.number >= 1 && logo.number <= 99;
+  if (!numbered) NoSuchChoice(f, 1, "1 to 99");
   if (!IsValidLogoBitmap(with.files, logo.path)) {
     with.journals.WrErr(LoadMessage(kWrongBitmap) + " ( " + ShownLine(f[2], kShownNameLimit) + " )");
-    return {};
+    return f.Refuse(FieldNote::Kind::kNoLogo, 2);
   }
-  return logo.number >= 1 && logo.number <= 99 ? std::string(kLogoMarker) : std::string();
+  return numbered ? std::string(kLogoMarker) : std::string();
 }
 
 std::string NumberOr01AndAmount(std::string_view code, Record f) {
-  return Join({code, NumberOr01(f[3]), FmtAmount9(f[2])});
+  return Join({code, NumberOr01(f, 3), f.Format(2, FmtAmount9)});
 }
 
 std::string Types38And39(std::string_view code, Record f) {
-  return Join({code, FmtNum2Max20(f[1]), FmtDigit0to9(f[2]), FmtText(f[3], 16), FmtNum4Min1(f[4])});
+  return Join(
+      {code, f.Format(1, FmtNum2Max20), f.Format(2, FmtDigit0to9), f.Text(3, 16), f.Format(4, FmtNum4Min1)});
 }
 
-std::string Type42(Record f, With) { return Join({"1083", FmtNum2Max20(f[1]), FmtNum5Range9999(f[2])}); }
+std::string Type42(Record f, With) {
+  return Join({"1083", f.Format(1, FmtNum2Max20), f.Format(2, FmtNum5Range9999)});
+}
 
 std::string Type43(Record f, With) {
-  return Join({"1084", FmtNum2Max20(f[1]), FmtDigit0to3(f[2]), FmtNum4Range200(f[3]), FmtNum4Range9999(f[4]),
-               FmtNum2Range40(f[5]), FmtText(f[6], 40)});
+  return Join({"1084", f.Format(1, FmtNum2Max20), f.Format(2, FmtDigit0to3), f.Format(3, FmtNum4Range200),
+               f.Format(4, FmtNum4Range9999), f.Format(5, FmtNum2Range40), f.Text(6, 40)});
 }
 
 /// One record type. The type's text is compared exactly: "01" is not type 1.
@@ -223,12 +240,13 @@ RecordTranslator::RecordTranslator(const RegisterIdentity& identity, const AppSe
                                    const Files& files, Journals& journals)
     : identity_(identity), settings_(settings), files_(files), journals_(journals) {}
 
-std::string RecordTranslator::TranslateRecord(const RecordFields& fields) const {
+std::string RecordTranslator::TranslateRecord(const RecordFields& fields, TranslationNotes* notes) const {
+  const NotedFields noted(fields, notes);
   const std::string_view type = Chosen(fields[0], kRecordTypes[0].type);
   for (const RecordType& row : kRecordTypes) {
-    if (row.type == type) return row.translate(fields, {identity_, settings_, files_, journals_});
+    if (row.type == type) return row.translate(noted, {identity_, settings_, files_, journals_});
   }
-  return {};
+  return noted.Refuse(FieldNote::Kind::kUnknownType, 0);
 }
 
 }  // namespace orvenza

@@ -7,6 +7,7 @@
 #include "core/settings.h"
 #include "device/register_identity.h"
 #include "platform/files.h"
+#include "tickets/noted_fields.h"
 #include "tickets/record.h"
 
 namespace orvenza {
@@ -37,8 +38,9 @@ class RecordTranslator {
                    Journals& journals);
 
   /// The command of a record: code, values and fixed characters with nothing between them, long-running ones
-  /// followed by kLongRunningMark; kLogoMarker for a logo record; "" when the record is invalid.
-  std::string TranslateRecord(const RecordFields& fields) const;
+  /// followed by kLongRunningMark; kLogoMarker for a logo record; "" when the record is invalid. Adds to
+  /// `notes`, where given, what became of each field that was asked for.
+  std::string TranslateRecord(const RecordFields& fields, TranslationNotes* notes = nullptr) const;
 
  private:
   const RegisterIdentity& identity_;

@@ -2,24 +2,25 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace orvenza {
 namespace {
 
-using Formatter = std::string (*)(std::string_view text);
+using Formatter = std::function<std::string(std::string_view)>;
 
 struct Case {
   std::string text;
   std::string expected;
 };
 
-void ExpectAll(Formatter format, const std::vector<Case>& cases) {
+void ExpectAll(const Formatter& format, const std::vector<Case>& cases) {
   for (const Case& one : cases) EXPECT_EQ(format(one.text), one.expected) << '"' << one.text << '"';
 }
 
-constexpr Formatter kDigitFormatters[] = {
+constexpr ValueForm kDigitFormatters[] = {
     FmtNum2Max20,     FmtNum2Max10,   FmtNum2Range10, FmtNum2Range40,  FmtNum2Max40,
     FmtNum2Upto10,    FmtNum4Max1260, FmtNum4Min1,    FmtNum4Range200, FmtNum4Range9999,
     FmtNum5Range9999, FmtAmount9,     FmtDigit0to5,   FmtDigit0to3,    FmtDigit0to9,
@@ -29,7 +30,7 @@ TEST(FieldFormat, DigitFormattersRejectWhatIsNotOnlyDigits) {
   const std::string rejected[] = {
       "",    " ",   "     ", "1a",  "a1",       "-1",  "+1",  "1.0",
       "1,0", "1 2", "\t1",   "1\n", "\xD9\xA1", "0x1", "1e1", std::string("1\0", 2)};
-  for (const Formatter format : kDigitFormatters) {
+  for (const ValueForm& format : kDigitFormatters) {
     for (const std::string& text : rejected) EXPECT_EQ(format(text), "") << '"' << text << '"';
   }
 }

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tickets/field_format.h"
+#include "tickets/record.h"
+
+namespace orvenza {
+
+/// What the translation asked of one field of a record.
+struct FieldNote {
+  enum class Kind {
+    kFormatted,     ///< It became a value of the command by `form`, which rejects it or not.
+    kReplaced,      ///< `text` is sent in place of what it holds.
+    kUnknownType,   ///< Field 0: there is no such record type.
+    kNoSuchChoice,  ///< It is none of the alternatives in `text`.
+    kNoLogo,        ///< It names no bitmap that can be a logo.
+  };
+  Kind kind;
+  std::size_t field;
+  ValueForm form{};
+  std::string_view text{};
+};
+
+/// The notes of one translation, in the order of the command's values.
+using TranslationNotes = std::vector<FieldNote>;
+
+/// The fields of a record as the translation reads them. Where somebody wants to know, it notes what becomes
+/// of each.
+class NotedFields {
+ public:
+  /// `notes` may be null. Both must outlive this object.
+  explicit NotedFields(const RecordFields& fields, TranslationNotes* notes = nullptr)
+      : fields_(fields), notes_(notes) {}
+
+  const RecordFields& Record() const { return fields_; }
+  std::string_view operator[](std::size_t field) const { return fields_[field]; }
+
+  /// The field in a form; "" when the form rejects it.
+  std::string Format(std::size_t field, const ValueForm& form) const;
+
+  /// The same with something to send in place of a rejected value.
+  std::string FormatOr(std::size_t field, const ValueForm& form, std::string_view substitute) const;
+
+  /// The first `width` characters of a text of which the command holds `sent` in all.
+  std::string Text(std::size_t field, int width, int sent) const;
+  std::string Text(std::size_t field, int width) const { return Text(field, width, width); }
+
+  /// `sent`, which stands in the command in place of the field's own value.
+  std::string_view Replace(std::size_t field, std::string_view sent) const;
+
+  /// Makes the record invalid: returns "". `accepted` is a literal.
+  std::string Refuse(FieldNote::Kind kind, std::size_t field, std::string_view accepted = {}) const;
+
+ private:
+  void Note(const FieldNote& note) const {
+    if (notes_ != nullptr) notes_->push_back(note);
+  }
+
+  const RecordFields& fields_;
+  TranslationNotes* notes_;
+};
+
+}  // namespace orvenza
