@@ -1,10 +1,8 @@
 #include "simulator/fault_script.h"
 
-#include <charconv>
-#include <limits>
 #include <utility>
 
-#include "core/text.h"
+#include "simulator/script_line.h"
 
 namespace orvenza {
 namespace {
@@ -17,63 +15,7 @@ constexpr std::string_view kCommandFaults =
     "\"port-fails\"";
 constexpr std::string_view kStateFaults = "\"absent\", \"port-fails\" or \"paper-out\"";
 
-std::string_view TrimLine(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t\r");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
-}
-
-/// One line, read word by word.
-class ScriptLine {
- public:
-  ScriptLine(const std::string& file, std::size_t number, std::string_view text)
-      : file_(file), number_(number), rest_(TrimLine(text)) {}
-
-  bool AtEnd() const { return rest_.empty(); }
-  char Next() const { return rest_.empty() ? '\0' : rest_.front(); }
-
-  [[noreturn]] void Refuse(std::string expected) const {
-    throw ScriptError(file_, number_, std::move(expected));
-  }
-
-  std::string_view Word() {
-    const auto word = rest_.substr(0, rest_.find_first_of(" \t"));
-    rest_ = TrimLine(rest_.substr(word.size()));
-    return word;
-  }
-
-  int Number(int least, int most, const std::string& expected) {
-    return NumberIn(Word(), least, most, expected);
-  }
-
-  int NumberIn(std::string_view word, int least, int most, const std::string& expected) const {
-    int number = 0;
-    const char* const end = word.data() + word.size();
-    const auto [stop, error] = std::from_chars(word.data(), end, number);
-    if (error != std::errc() || stop != end || number < least || number > most) Refuse(expected);
-    return number;
-  }
-
-  /// The rest of the line; without its double quotes where it begins with one.
-  std::string Text(const std::string& expected) {
-    if (AtEnd()) Refuse(expected);
-    auto text = std::exchange(rest_, {});
-    if (text.front() != '"') return std::string(text);
-    if (text.size() < 2 || text.back() != '"') Refuse("a closing double quote");
-    return std::string(text.substr(1, text.size() - 2));
-  }
-
-  void End() const {
-    if (!AtEnd()) Refuse("the end of the line");
-  }
-
- private:
-  const std::string& file_;
-  std::size_t number_;
-  std::string_view rest_;
-};
-
-constexpr int kMost = std::numeric_limits<int>::max();
+constexpr int kMost = ScriptLine::kMost;
 
 Paper ReadPaper(ScriptLine& line) {
   const auto word = line.Word();
@@ -210,12 +152,6 @@ void ReadLine(ScriptLine& line, FaultScript& script) {
 }
 
 }  // namespace
-
-ScriptError::ScriptError(std::string fileName, std::size_t lineNumber, std::string whatIsExpected)
-    : std::runtime_error(fileName + ":" + std::to_string(lineNumber) + ": expected " + whatIsExpected),
-      file(std::move(fileName)),
-      line(lineNumber),
-      expected(std::move(whatIsExpected)) {}
 
 FaultScript ParseFaultScript(const std::string& name, std::string_view text) {
   FaultScript script;

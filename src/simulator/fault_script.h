@@ -3,12 +3,12 @@
 #include <chrono>
 #include <cstddef>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "simulator/register_profile.h"
+#include "simulator/script_line.h"
 
 namespace orvenza {
 
@@ -45,15 +45,6 @@ struct FaultScript {
   std::optional<int> speed;
   std::string paperFile;  ///< Where to write what is printed, as in the script; empty: nowhere.
   std::vector<Fault> faults;
-};
-
-/// A line of a script that cannot be read. what() is "file:line: expected ...".
-struct ScriptError : std::runtime_error {
-  ScriptError(std::string fileName, std::size_t lineNumber, std::string whatIsExpected);
-
-  std::string file;
-  std::size_t line;
-  std::string expected;
 };
 
 /// Reads a script; docs/simulator.md describes its form. `name` is for messages. Throws ScriptError.

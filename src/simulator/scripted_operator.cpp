@@ -74,6 +74,17 @@ bool SelectEntries(const PortContent& content, const std::string& answer, std::a
   return true;
 }
 
+/// The selected entries, "-" where none is.
+std::string SelectedEntries(const PortContent& content) {
+  std::string text;
+  for (std::size_t list = 0; list < content.entries.size(); ++list) {
+    const auto at = static_cast<std::size_t>(content.selected[list]);
+    const auto& entries = content.entries[list];
+    text += (list == 0 ? "" : " ") + (at < entries.size() ? entries[at] : "-");
+  }
+  return text;
+}
+
 std::string Described(const ShownDialog& dialog) {
   std::ostringstream text;
   text << dialog;
@@ -138,7 +149,8 @@ std::optional<int> ScriptedOperator::ShowChoice(const ChoiceContent& content) {
                                 MessageIcon::kNone,
                                 content.frameVisible ? content.options : std::vector<std::string>(),
                                 {content.button},
-                                ""});
+                                "",
+                                content.frameVisible ? content.selected : 0});
   const auto answer = NextAnswer(dialog, false);
   if (!answer) return std::nullopt;
   if (Plain(content.button) == Plain(*answer)) return content.selected;
@@ -148,8 +160,14 @@ std::optional<int> ScriptedOperator::ShowChoice(const ChoiceContent& content) {
 }
 
 std::optional<std::array<int, 5>> ScriptedOperator::ShowPortSettings(const PortContent& content) {
-  ShownDialog& dialog = Record(
-      {DialogKind::kPortSettings, content.caption, "", "", MessageIcon::kNone, {}, {content.button}, ""});
+  ShownDialog& dialog = Record({DialogKind::kPortSettings,
+                                content.caption,
+                                "",
+                                SelectedEntries(content),
+                                MessageIcon::kNone,
+                                {},
+                                {content.button},
+                                ""});
   const auto answer = NextAnswer(dialog, false);
   if (!answer) return std::nullopt;
   auto selected = content.selected;

@@ -36,11 +36,12 @@ struct ShownDialog {
   DialogKind kind = DialogKind::kMessage;
   std::string caption;
   std::string heading;  ///< Of a choice dialog.
-  std::string text;
+  std::string text;     ///< Of a port dialog, the entries selected at first, as an answer names them.
   MessageIcon icon = MessageIcon::kNone;
   std::vector<std::string> options;  ///< Of a choice dialog whose frame is visible.
   std::vector<std::string> buttons;
   std::string answer;  ///< What it was answered, several answers joined by ", "; empty when none was taken.
+  int selected = 0;    ///< Of `options`, the one selected at first, from 1; 0 none.
 };
 
 /// One line such as: message "Orvenza - Attenzione !" "\r\nSei sicuro ?" [Sì|No] <- No

@@ -37,6 +37,7 @@ void VirtualClock::SetTimeOfDay(int hour, int minute, int second) {
   wallStart_ = time;
   wallStartUptime_ = uptime_;
   timesSet_.push_back(time);
+  if (observer_) observer_(time);
 }
 
 std::string VirtualClock::Stamp(const LocalTime& time) const {

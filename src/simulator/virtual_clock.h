@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/clock.h"
@@ -45,6 +46,9 @@ class VirtualClock : public Clock, public EventPump, public Scheduler {
 
   void RefuseSetTime(bool refuse) { refuseSetTime_ = refuse; }
 
+  /// Who is told what the wall clock shows, each time it was set.
+  void SetObserver(std::function<void(const LocalTime&)> observer) { observer_ = std::move(observer); }
+
   /// What the wall clock showed right after each time it was set, oldest first.
   const std::vector<LocalTime>& TimesSet() const { return timesSet_; }
 
@@ -65,6 +69,7 @@ class VirtualClock : public Clock, public EventPump, public Scheduler {
   std::uint64_t nextOrder_ = 0;
   bool refuseSetTime_ = false;
   std::vector<LocalTime> timesSet_;
+  std::function<void(const LocalTime&)> observer_;
 };
 
 }  // namespace orvenza
