@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "core/version.h"
+#include "lab/rehearse_command.h"
 
 namespace orvenza {
 namespace {
@@ -99,7 +100,7 @@ int RunCommand(const Command& command, const std::vector<std::string>& words, La
 
 }  // namespace
 
-std::vector<Command> Commands() { return {}; }
+std::vector<Command> Commands() { return {RehearseCommand()}; }
 
 std::string HelpPage(const Command& command) {
   const std::string called = std::string(kProgram) + " " + command.name;

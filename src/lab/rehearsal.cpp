@@ -1,0 +1,309 @@
+#include "lab/rehearsal.h"
+
+#include <utility>
+
+#include "app/connector.h"
+#include "core/event_loop.h"
+#include "core/journals.h"
+#include "core/text.h"
+#include "lab/dialog_text.h"
+#include "lab/disk_watch.h"
+#include "lab/expectations.h"
+#include "platform/ini_profile_file.h"
+#include "platform/system_error.h"
+#include "simulator/paper_roll.h"
+#include "simulator/scripted_operator.h"
+#include "simulator/simulated_link.h"
+#include "simulator/virtual_clock.h"
+#include "simulator/virtual_disk.h"
+
+namespace orvenza {
+namespace {
+
+using std::chrono::milliseconds;
+
+const std::string kFolder = kRehearsalFolder;
+const std::string kIni = kFolder + "\\Orvenza.ini";
+
+/// Thrown when a run goes on for too long. Not a std::exception on purpose: no trap may hold it up.
+struct RunTooLong {};
+
+/// The virtual clock's events, up to a limit of time, and of events that take no time.
+class BoundedPump : public EventPump {
+ public:
+  BoundedPump(VirtualClock& clock, milliseconds limit) : clock_(clock), limit_(limit) {}
+
+  void Dispatch() override {
+    Count();
+    clock_.Dispatch();
+  }
+  void WaitForEvent(std::chrono::nanoseconds limit) override {
+    Count();
+    clock_.WaitForEvent(limit);
+  }
+
+ private:
+  static constexpr int kMostAtOnce = 1'000'000;
+
+  void Count() {
+    if (std::exchange(last_, clock_.Uptime()) != clock_.Uptime()) standing_ = 0;
+    if (clock_.Uptime() > limit_ || ++standing_ > kMostAtOnce) throw RunTooLong{};
+  }
+
+  VirtualClock& clock_;
+  milliseconds limit_;
+  std::chrono::nanoseconds last_{};
+  int standing_ = 0;
+};
+
+class TranscriptIcon : public NotificationIcon {
+ public:
+  explicit TranscriptIcon(Transcript& transcript) : transcript_(transcript) {}
+  void CreateIcon(const std::string&) override { transcript_.Add("icon", "shown"); }
+  void DeleteIcon() override { transcript_.Add("icon", "taken away"); }
+
+ private:
+  Transcript& transcript_;
+};
+
+/// A first start's settings file, with the separator of the examples.
+const std::string& DefaultSettings() {
+  static const std::string text = [] {
+    VirtualClock clock;
+    VirtualDisk disk(clock);
+    disk.MakeFolder(kFolder);
+    IniProfileFile profile(disk.FileSeam());
+    AppSettings settings;
+    Journals journals(disk.FileSeam(), clock, settings, kFolder);
+    SettingsFile(profile, journals, {kFolder, "Orvenza"}).WriteDefaultIni();
+    profile.Write(kIni, "General", "Separator (ascii,max 127)", "59");
+    return disk.Content(kIni).value_or("");
+  }();
+  return text;
+}
+
+/// Deeds that are events even before any time has passed.
+bool IsEvent(const Deed& deed) {
+  return deed.kind == DeedKind::kMenu || deed.kind == DeedKind::kQuit || deed.kind == DeedKind::kSessionEnds;
+}
+
+/// Who does it, as the transcript names it.
+std::string_view KindOf(const Deed& deed) { return deed.kind == DeedKind::kMenu ? "menu" : "world"; }
+
+std::string HoldText(const Deed& deed) {
+  if (deed.hold == FileHold::kNone) return "another program closes " + ShownPath(deed.path);
+  return std::string("another program opens ") + ShownPath(deed.path) +
+         (deed.hold == FileHold::kReading ? " for reading" : " for writing");
+}
+
+std::string Described(const Deed& deed) {
+  switch (deed.kind) {
+    case DeedKind::kPut: return ShownPath(deed.path) + " comes";
+    case DeedKind::kMakeFolder: return "the folder " + ShownPath(deed.path) + " comes";
+    case DeedKind::kDelete: return ShownPath(deed.path) + " goes";
+    case DeedKind::kReadOnly: return ShownPath(deed.path) + " becomes read-only";
+    case DeedKind::kHold: return HoldText(deed);
+    case DeedKind::kDriveAway: return "drive " + deed.path + " goes away";
+    case DeedKind::kDriveBack: return "drive " + deed.path + " comes back";
+    case DeedKind::kDiskFull: return "disk " + deed.path + " is full";
+    case DeedKind::kDiskFree: return "disk " + deed.path + " has room again";
+    case DeedKind::kRefuseClock: return "the PC's clock may not be set any more";
+    case DeedKind::kMenu: return MenuCaptions()[static_cast<std::size_t>(deed.item)];
+    case DeedKind::kQuit: return "the host writes command.txt: QUIT";
+    case DeedKind::kSessionEnds: return "the session ends";
+  }
+  return {};
+}
+
+/// The connector and its world. The members are in the order in which they need each other.
+class Stage {
+ public:
+  Stage(const Scenario& scenario, Transcript::Sink sink)
+      : scenario_(scenario),
+        clock_(scenario.start),
+        transcript_(clock_, std::move(sink)),
+        disk_(clock_, kFolder),
+        profile_(disk_.FileSeam()),
+        pump_(clock_, scenario.limit),
+        loop_(clock_, pump_),
+        person_(loop_),
+        icon_(transcript_),
+        device_(clock_, paper_, scenario.device.profile),
+        link_(device_, clock_, scenario.device),
+        watch_(transcript_) {
+    SetUpFiles();
+    SetUpEvents();
+    for (const ScenarioAnswer& answer : scenario.answers) person_.Answer(answer.text, answer.reaction);
+    SetUpObservers();
+  }
+
+  RehearsalOutcome Play();
+
+ private:
+  void SetUpFiles();
+  void SetUpEvents();
+  void SetUpObservers();
+  void RunConnector();
+  void Do(const Deed& deed);
+  void DoToDisk(const Deed& deed);
+  void OnLine(LineEvent event, const std::string& text);
+  std::string PortText() const;
+  void BreakOff(const std::string& why);
+  void TakeStock();
+  void Miss(std::string what) { outcome_.problems.push_back(std::move(what)); }
+
+  const Scenario& scenario_;
+  RehearsalOutcome outcome_;
+  VirtualClock clock_;
+  Transcript transcript_;
+  VirtualDisk disk_;
+  IniProfileFile profile_;
+  BoundedPump pump_;
+  EventLoop loop_;
+  ScriptedOperator person_;
+  TranscriptIcon icon_;
+  PaperRoll paper_;
+  SimulatedRegister device_;
+  SimulatedLink link_;
+  DiskWatch watch_;
+  Connector* connector_ = nullptr;
+};
+
+void Stage::SetUpFiles() {
+  disk_.MakeFolder(kFolder);
+  if (scenario_.settingsFile) disk_.Put(kIni, DefaultSettings());
+  for (const Deed& deed : scenario_.deeds) {
+    if (deed.at.count() == 0 && !IsEvent(deed)) DoToDisk(deed);
+  }
+  for (const ScenarioSetting& setting : scenario_.settings) {
+    profile_.Write(kIni, setting.section, setting.key, setting.value);
+  }
+}
+
+void Stage::SetUpEvents() {
+  for (const Deed& deed : scenario_.deeds) {
+    if (deed.at.count() > 0 || IsEvent(deed)) clock_.After(deed.at, [this, &deed] { Do(deed); });
+  }
+}
+
+void Stage::SetUpObservers() {
+  disk_.SetObserver([this](const DiskEvent& event) { watch_.OnDisk(event); });
+  clock_.SetObserver(
+      [this](const LocalTime& time) { transcript_.Add("clock", "set to " + clock_.Stamp(time)); });
+  person_.SetObserver([this](const ShownDialog& dialog, std::string_view answer) {
+    if (answer.empty())
+      transcript_.Add("dialog", DialogText(dialog));
+    else
+      transcript_.Add("answer", std::string(answer));
+  });
+  link_.SetObserver([this](LineEvent event, const std::string& text) { OnLine(event, text); });
+  paper_.SetSink([this](const std::string& line) {
+    outcome_.paper.push_back(line);
+    transcript_.Add("paper", "|" + Printable(line));
+  });
+}
+
+void Stage::OnLine(LineEvent event, const std::string& text) {
+  switch (event) {
+    case LineEvent::kSent:
+      outcome_.sent.push_back(text);
+      transcript_.Add("sent", Printable(text));
+      break;
+    case LineEvent::kReceived: transcript_.Add("reply", Printable(text)); break;
+    case LineEvent::kLinkError: transcript_.Add("reply", "link error " + text); break;
+    case LineEvent::kAbsent: transcript_.Add("absent"); break;
+    case LineEvent::kPort: transcript_.Add("port", text + (text == "open" ? PortText() : "")); break;
+  }
+}
+
+std::string Stage::PortText() const {
+  const auto value = [this](LinkProperty property) {
+    return std::to_string(link_.Property(property).value_or(0));
+  };
+  return ": COM" + value(LinkProperty::kPortNumber) + ", " + value(LinkProperty::kBaudRate) +
+         " bits a second, end-of-text wait " + value(LinkProperty::kEndOfTextWait) + " ms";
+}
+
+/// A deed of its moment. It is an event like others, so nothing of it may reach the connector's traps.
+void Stage::Do(const Deed& deed) {
+  transcript_.Add(KindOf(deed), Described(deed));
+  if (deed.kind == DeedKind::kMenu) return connector_->OnMenu(deed.item);
+  if (deed.kind == DeedKind::kSessionEnds) return loop_.RequestEnd({.unload = true});
+  DoToDisk(deed);
+}
+
+void Stage::DoToDisk(const Deed& deed) {
+  try {
+    switch (deed.kind) {
+      case DeedKind::kPut: disk_.Put(deed.path, deed.content, deed.modified); break;
+      case DeedKind::kMakeFolder: disk_.MakeFolder(deed.path); break;
+      case DeedKind::kDelete: disk_.Delete(deed.path); break;
+      case DeedKind::kReadOnly: disk_.SetReadOnly(deed.path); break;
+      case DeedKind::kHold: disk_.Hold(deed.path, deed.hold); break;
+      case DeedKind::kDriveAway: disk_.SetAway(deed.path, true); break;
+      case DeedKind::kDriveBack: disk_.SetAway(deed.path, false); break;
+      case DeedKind::kDiskFull: disk_.SetFull(deed.path, true); break;
+      case DeedKind::kDiskFree: disk_.SetFull(deed.path, false); break;
+      case DeedKind::kRefuseClock: clock_.RefuseSetTime(true); break;
+      case DeedKind::kQuit: disk_.Put(kFolder + "\\command.txt", "QUIT\r\n"); break;
+      case DeedKind::kMenu:
+      case DeedKind::kSessionEnds: break;
+    }
+  } catch (const SystemError& failure) {
+    Miss("cannot be done at " + std::to_string(deed.at.count()) + " ms: " + Described(deed) + ": " +
+         failure.Description());
+  }
+}
+
+RehearsalOutcome Stage::Play() {
+  transcript_.Add("start", clock_.Stamp(scenario_.start));
+  try {
+    RunConnector();
+    outcome_.ended = true;
+    transcript_.Add("end");
+  } catch (const UnansweredDialog& dialog) {
+    BreakOff(dialog.text);
+  } catch (const BadAnswer& answer) {
+    BreakOff(answer.text);
+  } catch (const RunTooLong&) {
+    BreakOff("the connector has not ended after " + std::to_string(scenario_.limit.count()) +
+             " ms: nothing stops it, or it waits for ever");
+  }
+  transcript_.Close();
+  TakeStock();
+  return std::move(outcome_);
+}
+
+void Stage::RunConnector() {
+  Connector connector({disk_.FileSeam(), disk_.FolderSeam(), profile_, clock_, loop_, person_, icon_, link_},
+                      {kFolder, "Orvenza"});
+  connector_ = &connector;
+  watch_.SetSettings(connector.Settings());
+  person_.SetMenuHandler([&connector](MenuItem item) { connector.OnMenu(item); });
+  connector.Run(scenario_.secondInstance);
+}
+
+void Stage::BreakOff(const std::string& why) {
+  transcript_.Add("broken", Printable(why));
+  Miss(why);
+}
+
+void Stage::TakeStock() {
+  const std::size_t given = scenario_.answers.size() - person_.AnswersLeft();
+  for (std::size_t i = given; outcome_.ended && i < scenario_.answers.size(); ++i) {
+    Miss("the answer \"" + scenario_.answers[i].text + "\" was never asked for");
+  }
+  outcome_.events = transcript_.Events();
+  outcome_.receipts = device_.Receipts();
+  outcome_.receiptOpen = device_.ReceiptOpen();
+  for (const std::string& path : disk_.Paths()) outcome_.files[path] = disk_.Content(path).value_or("");
+  for (std::string& problem : Unfulfilled(scenario_.expectations, outcome_)) Miss(std::move(problem));
+}
+
+}  // namespace
+
+RehearsalOutcome Rehearse(const Scenario& scenario, Transcript::Sink sink) {
+  return Stage(scenario, std::move(sink)).Play();
+}
+
+}  // namespace orvenza

@@ -1,0 +1,119 @@
+#include "lab/rehearsal.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace orvenza::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr const char* kReceipt =
+    "ticket 1.txt\n"
+    "| 1;PANE;1,000;150;1;;;1;;\n"
+    "| 2;1;0;\n";
+
+RehearsalOutcome Play(const std::string& text) { return Rehearse(ParseScenario("day", text)); }
+
+TEST(Rehearsal, RunsTheConnectorFromItsEntryToItsEnd) {
+  const RehearsalOutcome outcome = Play(std::string(kReceipt) + "at 5s quit\n");
+  EXPECT_TRUE(outcome.ended);
+  EXPECT_EQ(outcome.problems, Lines{});
+  EXPECT_EQ(outcome.sent.size(), 5u);
+  EXPECT_EQ(outcome.sent.back(), "103601000000000");
+  ASSERT_EQ(outcome.receipts.size(), 1u);
+  EXPECT_EQ(outcome.receipts[0].total, 150);
+  EXPECT_FALSE(outcome.receiptOpen);
+  EXPECT_EQ(outcome.files.count("C:\\Orvenza\\storico\\1.txt"), 1u);
+  EXPECT_EQ(outcome.events.back().kind, "end");
+}
+
+TEST(Rehearsal, GivesTheSameTranscriptEachTime) {
+  const Scenario scenario = ParseScenario("day", std::string(kReceipt) + "at 5s quit\n");
+  Lines first;
+  Lines second;
+  Rehearse(scenario, [&](const std::string& line) { first.push_back(line); });
+  Rehearse(scenario, [&](const std::string& line) { second.push_back(line); });
+  EXPECT_EQ(first, second);
+  EXPECT_EQ(first.front(), "        0  start     16/11/2026 09:00:00");
+  EXPECT_EQ(first.back(), "     5085  end");
+}
+
+TEST(Rehearsal, BreaksOffAtADialogWithoutAnAnswer) {
+  const RehearsalOutcome outcome = Play("register absent 1\nat 5s quit\n");
+  EXPECT_FALSE(outcome.ended);
+  EXPECT_EQ(outcome.problems,
+            Lines{"no answer is left for message \"Orvenza - Attenzione, Errori di Comunicazione !\" "
+                  "\"\\r\\nDispositivo Spento o Non Collegato !\" [Ok]"});
+  EXPECT_EQ(outcome.events.back().kind, "broken");
+}
+
+TEST(Rehearsal, BreaksOffAtAnAnswerThatDoesNotFit) {
+  const RehearsalOutcome outcome = Play("register absent 1\nanswer Riprova\nat 5s quit\n");
+  EXPECT_FALSE(outcome.ended);
+  ASSERT_EQ(outcome.problems.size(), 1u);
+  EXPECT_TRUE(outcome.problems[0].starts_with("the answer \"Riprova\" does not fit message"));
+}
+
+TEST(Rehearsal, NamesAnswersThatWereNeverAskedFor) {
+  const RehearsalOutcome outcome =
+      Play("register absent 1\nanswer Ok\nanswer Riprova\nanswer Ok\nat 5s quit\n");
+  EXPECT_TRUE(outcome.ended);
+  EXPECT_EQ(outcome.problems,
+            (Lines{"the answer \"Riprova\" was never asked for", "the answer \"Ok\" was never asked for"}));
+}
+
+TEST(Rehearsal, BreaksOffARunThatNothingStops) {
+  const RehearsalOutcome outcome = Play("limit 10s\n");
+  EXPECT_FALSE(outcome.ended);
+  EXPECT_EQ(outcome.problems,
+            Lines{"the connector has not ended after 10000 ms: nothing stops it, or it waits for ever"});
+}
+
+TEST(Rehearsal, NamesADeedThatCannotBeDone) {
+  const RehearsalOutcome outcome = Play("at 1s lock none.txt\nat 2s quit\n");
+  EXPECT_TRUE(outcome.ended);
+  EXPECT_EQ(outcome.problems, Lines{"cannot be done at 1000 ms: another program opens none.txt for writing: "
+                                    "File not found ( C:\\Orvenza\\none.txt )"});
+}
+
+TEST(Rehearsal, NamesWhatDidNotComeTrue) {
+  const RehearsalOutcome outcome = Play(std::string(kReceipt) +
+                                        "at 5s quit\n"
+                                        "expect paper PANE\n"
+                                        "expect no paper PANE\n"
+                                        "expect paper LATTE\n"
+                                        "expect sent 1036 1 time\n"
+                                        "expect sent 1028 1 time\n"
+                                        "expect file STORICO\\1.txt\n"
+                                        "expect no file storico\\1.txt\n"
+                                        "expect file data\\1.txt\n"
+                                        "expect event archived 1.txt\n"
+                                        "expect event error\n"
+                                        "expect no event log End\n");
+  EXPECT_EQ(outcome.problems,
+            (Lines{"expected not to find \"PANE\" on the paper, but there was one",
+                   "expected \"LATTE\" on the paper", "expected command 1028 1 times, it was sent 0 times",
+                   "expected not to find a file C:\\Orvenza\\storico\\1.txt, but there was one",
+                   "expected a file C:\\Orvenza\\data\\1.txt", "expected an event with \"error\"",
+                   "expected not to find an event with \"log End\", but there was one"}));
+}
+
+TEST(Rehearsal, StartsWithTheSettingsOfAFirstStartButForTheSeparator) {
+  const RehearsalOutcome given = Play("at 1s quit\n");
+  const RehearsalOutcome made = Play("settings none\nanswer Ok\nat 1s quit\n");
+  std::string settings = made.files.at("C:\\Orvenza\\Orvenza.ini");
+  settings.replace(settings.find("max 127)=127") + 9, 3, "59");
+  EXPECT_EQ(given.files.at("C:\\Orvenza\\Orvenza.ini"), settings);
+}
+
+TEST(Rehearsal, WritesTheSettingsOfTheScenarioIntoTheFile) {
+  const RehearsalOutcome outcome =
+      Play("setting [Com Settings] ComPort = 3\nat 1s quit\nexpect event open: COM3,\n");
+  EXPECT_EQ(outcome.problems, Lines{});
+}
+
+}  // namespace
+}  // namespace orvenza::test

@@ -1,0 +1,198 @@
+#include "lab/scenario.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+
+namespace orvenza::test {
+namespace {
+
+using std::chrono::milliseconds;
+
+Scenario Parse(const std::string& text) { return ParseScenario("day", text); }
+
+Deed OnlyDeed(const std::string& text) {
+  const Scenario scenario = Parse(text);
+  EXPECT_EQ(scenario.deeds.size(), 1u) << text;
+  return scenario.deeds.empty() ? Deed() : scenario.deeds.front();
+}
+
+/// What the message says of a text that is refused.
+std::string Refused(const std::string& text) {
+  try {
+    Parse(text);
+  } catch (const ScriptError& error) {
+    return error.what();
+  }
+  return "accepted";
+}
+
+TEST(Scenario, IsAQuietDayWhenNothingIsSaid) {
+  const Scenario scenario = Parse("\xEF\xBB\xBF# nothing\n\n  \n");
+  EXPECT_EQ(scenario.start, (LocalTime{2026, 11, 16, 9, 0, 0}));
+  EXPECT_TRUE(scenario.settingsFile);
+  EXPECT_TRUE(scenario.deeds.empty());
+  EXPECT_FALSE(scenario.secondInstance);
+  EXPECT_EQ(scenario.limit, std::chrono::hours(1));
+}
+
+TEST(Scenario, TakesATicketWithItsLinesAndItsTime) {
+  const Deed deed = OnlyDeed(
+      "at 2s ticket a b.txt of 31/12/2025 23:59:58\n"
+      "  | 1;Caff\xC3\xA8 \xE2\x82\xAC<7F>;\r\n"
+      "  |\n"
+      "  |  <x7> end\n");
+  EXPECT_EQ(deed.kind, DeedKind::kPut);
+  EXPECT_EQ(deed.at, milliseconds(2000));
+  EXPECT_EQ(deed.path, "C:\\Orvenza\\data\\a b.txt");
+  EXPECT_EQ(deed.modified, (LocalTime{2025, 12, 31, 23, 59, 58}));
+  EXPECT_EQ(deed.content, "1;Caff\xE8 \x80\x7F;\r\n\r\n <x7> end\r\n");
+}
+
+TEST(Scenario, MakesALogoOfTheShapeThatIsTaken) {
+  const Deed deed = OnlyDeed("logo 3 logo.bmp");
+  EXPECT_EQ(deed.path, "C:\\Orvenza\\logo.bmp");
+  EXPECT_EQ(deed.content.size(), 62u + 3u * 56u);
+  EXPECT_EQ(deed.content.substr(0, 2), "BM");
+  EXPECT_EQ(deed.content.substr(22, 4), std::string("\x03\0\0\0", 4));
+  EXPECT_EQ(deed.content.substr(62 + 56, 1), "\x02");
+}
+
+TEST(Scenario, KnowsWhatMayHappen) {
+  struct Row {
+    const char* line;
+    DeedKind kind;
+    const char* path;
+  };
+  const Row rows[] = {
+      {"file D:\\in\\a.txt", DeedKind::kPut, "D:\\in\\a.txt"},
+      {"at 1ms file sub/a.txt", DeedKind::kPut, "C:\\Orvenza\\sub\\a.txt"},
+      {"folder storico", DeedKind::kMakeFolder, "C:\\Orvenza\\storico"},
+      {"at 1ms remove a.txt", DeedKind::kDelete, "C:\\Orvenza\\a.txt"},
+      {"read-only a.txt", DeedKind::kReadOnly, "C:\\Orvenza\\a.txt"},
+      {"drive D: away", DeedKind::kDriveAway, "D:"},
+      {"at 1ms drive D: back", DeedKind::kDriveBack, "D:"},
+      {"disk C: full", DeedKind::kDiskFull, "C:"},
+      {"at 1ms disk C: free", DeedKind::kDiskFree, "C:"},
+      {"clock refused", DeedKind::kRefuseClock, ""},
+      {"at 1ms menu Utilita'", DeedKind::kMenu, ""},
+      {"at 1ms quit", DeedKind::kQuit, ""},
+      {"at 1ms session ends", DeedKind::kSessionEnds, ""},
+  };
+  for (const Row& row : rows) {
+    const Deed deed = OnlyDeed(row.line);
+    EXPECT_EQ(deed.kind, row.kind) << row.line;
+    EXPECT_EQ(deed.path, row.path) << row.line;
+    EXPECT_EQ(deed.at, milliseconds(std::string(row.line).starts_with("at") ? 1 : 0)) << row.line;
+  }
+  EXPECT_EQ(OnlyDeed("at 1ms menu Utilita'").item, MenuItem::kUtilities);
+}
+
+TEST(Scenario, KnowsWhatAnotherProgramOpensAFileFor) {
+  EXPECT_EQ(OnlyDeed("hold a.txt").hold, FileHold::kReading);
+  EXPECT_EQ(OnlyDeed("lock a.txt").hold, FileHold::kWriting);
+  EXPECT_EQ(OnlyDeed("release a.txt").hold, FileHold::kNone);
+  EXPECT_EQ(OnlyDeed("release a.txt").kind, DeedKind::kHold);
+}
+
+TEST(Scenario, ReadsTimesWithTheirUnits) {
+  EXPECT_EQ(OnlyDeed("at 1500ms quit").at, milliseconds(1500));
+  EXPECT_EQ(OnlyDeed("at 3s quit").at, milliseconds(3000));
+  EXPECT_EQ(OnlyDeed("at 2min quit").at, milliseconds(120'000));
+  EXPECT_EQ(Parse("limit 2h").limit, milliseconds(7'200'000));
+}
+
+TEST(Scenario, TakesSettingsByTheirSections) {
+  const Scenario scenario = Parse(
+      "setting [General] Separator (ascii,max 127) = 127\n"
+      "setting [Database] HistoricTickets =\n");
+  ASSERT_EQ(scenario.settings.size(), 2u);
+  EXPECT_EQ(scenario.settings[0].section, "General");
+  EXPECT_EQ(scenario.settings[0].key, "Separator (ascii,max 127)");
+  EXPECT_EQ(scenario.settings[0].value, "127");
+  EXPECT_EQ(scenario.settings[1].value, "");
+  EXPECT_FALSE(Parse("settings none").settingsFile);
+}
+
+TEST(Scenario, TakesAnswersInTheirOrder) {
+  const Scenario scenario = Parse("answer after 2s Riprova\nanswer menu Esci\n");
+  ASSERT_EQ(scenario.answers.size(), 2u);
+  EXPECT_EQ(scenario.answers[0].text, "Riprova");
+  EXPECT_EQ(scenario.answers[0].reaction, milliseconds(2000));
+  EXPECT_EQ(scenario.answers[1].text, "menu Esci");
+  EXPECT_EQ(scenario.answers[1].reaction, milliseconds(0));
+}
+
+TEST(Scenario, HandsTheRegisterItsScript) {
+  const Scenario scenario =
+      Parse("register capacity 40\nstart 01/02/2027 08:09:10\nregister on 1036 #2 silence\n");
+  EXPECT_EQ(scenario.device.profile.receiptCapacity, 40u);
+  ASSERT_EQ(scenario.device.faults.size(), 1u);
+  EXPECT_EQ(scenario.device.faults[0].prefix, "1036");
+  EXPECT_EQ(scenario.start, (LocalTime{2027, 2, 1, 8, 9, 10}));
+}
+
+TEST(Scenario, TakesWhatIsExpected) {
+  const Scenario scenario = Parse(
+      "expect event log End\nexpect no paper ANNULLO\nexpect file storico\\1.txt\nexpect sent 1028 2 times\n"
+      "second instance\n");
+  ASSERT_EQ(scenario.expectations.size(), 4u);
+  EXPECT_EQ(scenario.expectations[0].kind, Expectation::Kind::kEvent);
+  EXPECT_EQ(scenario.expectations[0].text, "log End");
+  EXPECT_TRUE(scenario.expectations[1].none);
+  EXPECT_EQ(scenario.expectations[2].text, "C:\\Orvenza\\storico\\1.txt");
+  EXPECT_EQ(scenario.expectations[3].text, "1028");
+  EXPECT_EQ(scenario.expectations[3].times, 2u);
+  EXPECT_TRUE(scenario.secondInstance);
+}
+
+TEST(Scenario, RefusesALineThatItCannotRead) {
+  struct Row {
+    const char* text;
+    const char* message;
+  };
+  const char* const time = "day:1: expected a time with its unit, such as 500ms, 2s, 10min or 1h";
+  const char* const date = "day:1: expected a date and time such as 16/11/2026 09:00:00";
+  const Row rows[] = {
+      {"at 2 quit", time},
+      {"at soon quit", time},
+      {"at 2m quit", time},
+      {"limit -1s", time},
+      {"start 16-11-2026 09:00:00", date},
+      {"start 30/02/2026 09:00:00", date},
+      {"start 16/11/2026 24:00:00", date},
+      {"ticket a.txt of yesterday", date},
+      {"# one\nregister", "day:2: expected a line of the simulator's script, without \"paper\""},
+      {"register paper p.txt", "day:1: expected a line of the simulator's script, without \"paper\""},
+      {"# one\n\nregister capacity none", "day:3: expected a number of receipt entries, at least 1"},
+      {"file", "day:1: expected a path, below the program folder or with its drive"},
+      {"file what?.txt", "day:1: expected a path, below the program folder or with its drive"},
+      {"| text", "day:1: expected \"file\" or \"ticket\" before its lines"},
+      {"ticket a.txt\nlimit 1s\n| text", "day:3: expected \"file\" or \"ticket\" before its lines"},
+      {"ticket a.txt\n| \xE4\xB8\xAD",
+       "day:2: expected characters of Windows-1252, the register knows no others"},
+      {"logo 300 a.bmp", "day:1: expected the number of the logo's rows, 1 to 255, and its path"},
+      {"drive backup away", "day:1: expected a drive, such as D:"},
+      {"drive D: lost", "day:1: expected \"away\" or \"back\""},
+      {"disk C: full now", "day:1: expected the end of the line"},
+      {"at 1s menu Help", "day:1: expected an item of the menu: Esci, Utilita', Info or Configura"},
+      {"setting General Time Shift 5", "day:1: expected [Section] Key = value"},
+      {"setting [General] Time Shift", "day:1: expected [Section] Key = value"},
+      {"answer", "day:1: expected a button, an option, \"close\" or \"menu\" and an item"},
+      {"expect paper", "day:1: expected a text on the paper"},
+      {"expect sent 1036 often",
+       "day:1: expected the beginning of a command and how often, such as 1036 2 times"},
+      {"expect no sent 1036 1 time", "day:1: expected \"event\", \"paper\", \"file\" or \"sent\""},
+      {"second program", "day:1: expected \"instance\""},
+      {"settings lost", "day:1: expected \"none\""},
+      {"at 1s session", "day:1: expected \"ends\""},
+  };
+  for (const Row& row : rows) EXPECT_EQ(Refused(row.text), row.message) << row.text;
+  EXPECT_TRUE(Refused("menu Esci").starts_with("day:1: expected \"file\", \"ticket\","))
+      << Refused("menu Esci");
+  EXPECT_TRUE(Refused("at 1s wait").ends_with("\"menu\", \"quit\" or \"session\"")) << Refused("at 1s wait");
+}
+
+}  // namespace
+}  // namespace orvenza::test
