@@ -218,8 +218,8 @@ TicketProcessor::Next TicketProcessor::SettleDeviceError(const std::string& line
 }
 
 TicketProcessor::Next TicketProcessor::GoOnAfterFault() {
+  // A query that finds a receipt open leaves no reply behind, so none can be an error here.
   if (!cash_.QueryCashStatus()) return Next::kNextLine;
-  if (IsErrorReply(link_.ReplyText)) return Next::kRestart;
   journals_.WrErr(LoadMessage(122));
   cash_.InvioVOID();
   // A receipt that could not be voided is still open when the file starts again, and is dealt with there.
