@@ -37,12 +37,17 @@ void TicketArchive::Archive(const std::string& workFile) {
     Remove(workFile);
     return;
   }
+  if (HasGone(workFile)) {
+    Abort(workFile);
+    LogNotArchived(workFile);
+    return;
+  }
   const bool drive = folders_.DriveAvailable(settings_.HistoricFolder);
   const bool folder = drive && CreateAllDirs(folders_, journals_, settings_.HistoricFolder);
   if (folder && Store(workFile, [&] { return NextHistoricPath(); })) return;
   // The file goes first: the operator may end the program from the message.
   Abort(workFile);
-  journals_.WrErr("Scontrino stampato ma non archiviato : " + NameOf(workFile));
+  LogNotArchived(workFile);
   if (!drive) ReportMissingDrive(settings_.HistoricFolder);
   if (drive && !folder) {
     ReportWrongPath(messages_, journals_, settings_.HistoricFolder);
@@ -51,10 +56,21 @@ void TicketArchive::Archive(const std::string& workFile) {
 }
 
 void TicketArchive::Abort(const std::string& workFile) {
-  const bool drive = folders_.DriveAvailable(settings_.AbortFolder);
-  if (drive && Store(workFile, [&] { return AbortPath(workFile); })) return;
+  const bool gone = HasGone(workFile);
+  const bool drive = gone || folders_.DriveAvailable(settings_.AbortFolder);
+  if (!gone && drive && Store(workFile, [&] { return AbortPath(workFile); })) return;
   settled_[workFile] = Copied::kNo;
   if (!drive) ReportMissingDrive(settings_.AbortFolder);
+}
+
+/// A file that cannot be seen has not gone when its whole folder cannot. One that has gone counts as settled
+/// until the next look: it may only have been out of sight, and must not be printed again.
+bool TicketArchive::HasGone(const std::string& workFile) const {
+  return folders_.Exists(settings_.InProcessFolder) && !files_.Exists(workFile);
+}
+
+void TicketArchive::LogNotArchived(const std::string& workFile) {
+  journals_.WrErr("Scontrino stampato ma non archiviato : " + NameOf(workFile));
 }
 
 bool TicketArchive::Store(const std::string& workFile, const std::function<std::string()>& target) {
@@ -95,13 +111,12 @@ std::string TicketArchive::AbortPath(const std::string& workFile) {
 }
 
 void TicketArchive::Remove(const std::string& workFile) {
-  if (!journals_.Attempt(kLabel, [&] { RemoveReadOnlyToo(files_, workFile); }))
-    settled_[workFile] = Copied::kYes;
+  const auto remove = [&] { RemoveReadOnlyToo(files_, workFile); };
+  if (HasGone(workFile) || !journals_.Attempt(kLabel, remove)) settled_[workFile] = Copied::kYes;
 }
 
 void TicketArchive::RetrySettled() {
-  // A file that cannot be seen has not gone when its whole folder cannot.
-  if (!folders_.Exists(settings_.InProcessFolder)) return;
+  if (!folders_.Exists(settings_.InProcessFolder)) return;  // see HasGone
   for (auto file = settled_.begin(); file != settled_.end();) {
     try {
       if (files_.Exists(file->first)) MoveSettled(file->first, file->second);

@@ -20,12 +20,14 @@ class TicketArchive {
                 OperatorMessages& messages);
 
   /// Moves a printed ticket into the historic folder under the next sequence number, or deletes it where no
-  /// such folder is configured. A ticket that cannot be archived goes to the abort folder. Throws ProgramEnd
-  /// when the historic folder cannot be made.
+  /// such folder is configured. A ticket that cannot be archived goes to the abort folder; one that somebody
+  /// has removed meanwhile is only named in the error log. Throws ProgramEnd when the historic folder cannot
+  /// be made.
   void Archive(const std::string& workFile);
 
   /// Moves an abandoned ticket into the abort folder, its name followed by ".abort.txt". An older one of that
-  /// name gets a number before ".txt".
+  /// name gets a number before ".txt". Nothing is said of one that somebody has removed
+  /// meanwhile.
   void Abort(const std::string& workFile);
 
   /// Whether the processing of this file is over although it still lies there.
@@ -37,6 +39,8 @@ class TicketArchive {
  private:
   enum class Copied { kNo, kYes };
 
+  bool HasGone(const std::string& workFile) const;
+  void LogNotArchived(const std::string& workFile);
   bool Store(const std::string& workFile, const std::function<std::string()>& target);
   std::string NextHistoricPath() const;
   std::string AbortPath(const std::string& workFile);

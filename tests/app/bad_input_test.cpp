@@ -168,6 +168,18 @@ TEST(BadTicket, VanishedBeforeItsLinesAreReadEndsSilently) {
   EXPECT_EQ(shop.Err(), Lines{});
 }
 
+TEST(BadTicket, VanishedWhileItIsPrintedIsPrintedOnceAndNamedInTheErrorLog) {
+  Shop shop;
+  shop.Drop("a.txt", {kItem, kPayment});
+  shop.link.SetObserver([&](LineEvent, const std::string& text) {
+    if (text.starts_with("1036")) std::filesystem::remove(shop.folder.Native("data\\inproces\\a.txt"));
+  });
+  shop.Run(5s);
+  EXPECT_EQ(shop.device.Receipts().size(), 1U);
+  EXPECT_EQ(shop.LogForTickets(), (Lines{"Start Scontrino", "End Scontrino"}));
+  EXPECT_EQ(shop.Err(), Lines{"Scontrino stampato ma non archiviato : a.txt"});
+}
+
 TEST(BadTicket, LockedBySomebodyIsPrintedWhenItIsFree) {
   Shop shop;
   shop.Drop("a.txt", {kItem, kPayment});

@@ -196,6 +196,41 @@ TEST_F(ArchiveTest, AHistoricFolderThatCannotBeListedReplacesNoTicket) {
   EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
 }
 
+TEST_F(ArchiveTest, ATicketThatHasGoneIsOneLineInTheErrorLog) {
+  std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
+  archive.Archive(workFile);
+  EXPECT_EQ(shop.Err(), Lines{kNotArchived});
+  archive.RetrySettled();
+  EXPECT_FALSE(archive.IsSettled(workFile));
+}
+
+TEST_F(ArchiveTest, ATicketThatHasGoneAndNeedNotBeKeptIsNoLine) {
+  std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
+  archive.Abort(workFile);
+  settings.HistoricFolder.clear();
+  archive.Archive(workFile);
+  EXPECT_EQ(shop.Err(), Lines{});
+  archive.RetrySettled();
+  EXPECT_FALSE(archive.IsSettled(workFile));
+}
+
+TEST_F(ArchiveTest, ATicketThatWasOnlyOutOfSightGoesToTheAbortFolder) {
+  std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
+  archive.Archive(workFile);
+  shop.folder.Write("data\\inproces\\ticket.txt", "1;a;\r\n");
+  EXPECT_TRUE(archive.IsSettled(workFile)) << "it must not be printed again";
+  archive.RetrySettled();
+  EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
+}
+
+TEST_F(ArchiveTest, ATicketWhoseFolderCannotBeSeenIsSettled) {
+  const auto data = shop.folder.Native("data");
+  std::filesystem::rename(data, shop.folder.Native("elsewhere"));
+  archive.Archive(workFile);
+  std::filesystem::rename(shop.folder.Native("elsewhere"), data);
+  EXPECT_TRUE(archive.IsSettled(workFile)) << "it must not be printed again";
+}
+
 TEST_F(ArchiveTest, ATicketThatCanGoNowhereIsSettledAndStays) {
   shop.Fill("");
   archive.Archive(workFile);
