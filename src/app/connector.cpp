@@ -37,7 +37,7 @@ Connector::Connector(const Surroundings& around, const ProgramPaths& paths)
       icon_(around.icon),
       paths_(paths),
       journals_(files_, clock_, settings_, paths.AppPath),
-      settingsFile_(around.profile, journals_, paths),
+      settingsFile_(around.profile, files_, journals_, paths),
       timer1_(clock_),
       messages_(person_, paths.ExecutableName),
       orvConf_(person_, settings_, around.profile, paths),

@@ -53,35 +53,36 @@ std::string ReadProfileValue(const ProfileFile& profile, const std::string& path
   return FirstCharacters(ToUtf8(profile.Read(path, section, key, fallback)), 99);
 }
 
-SettingsFile::SettingsFile(ProfileFile& profile, Journals& journals, ProgramPaths paths)
-    : profile_(profile), journals_(journals), paths_(std::move(paths)) {}
+SettingsFile::SettingsFile(ProfileFile& profile, Files& files, Journals& journals, ProgramPaths paths)
+    : profile_(profile), files_(files), journals_(journals), paths_(std::move(paths)) {}
 
 void SettingsFile::WriteDefaultIni() {
-  const std::pair<const char*, std::vector<std::pair<const char*, std::string>>> sections[] = {
-      {kVersion, {{"Version", kIniVersion}}},
-      {kDatabase,
-       {{"TicketFiles", paths_.AppPath + "\\data\\*.txt"},
-        {"HistoricTickets", paths_.AppPath + "\\storico\\"},
-        {"", "'***** Command File Name = command.txt *****"}}},
-      {kComSettings,
-       {{"ComPort", "1"},
-        {"Settings", "19200,O,7,1"},
-        {"FrameRetry", "3"},
-        {"TimeWaitForAck", "10000"},
-        {"TimeWaitForEtx", "10000"},
-        {"TxMessageRetry", "5"},
-        {"Ident", "V"},
-        {"TimeWaitForLONGEtx", "50000"}}},
-      {kGeneral,
-       {{"Pc Time Correction", ""},
-        {"Time Shift", "60"},
-        {kSeparator, "127"},
-        {"Single Quantity", "0"},
-        {"File Parser", "0"}}},
+  const std::vector<Value> values = {
+      {kVersion, "Version", kIniVersion},
+      {kDatabase, "TicketFiles", paths_.AppPath + "\\data\\*.txt"},
+      {kDatabase, "HistoricTickets", paths_.AppPath + "\\storico\\"},
+      {kDatabase, "", "'***** Command File Name = command.txt *****"},
+      {kComSettings, "ComPort", "1"},
+      {kComSettings, "Settings", "19200,O,7,1"},
+      {kComSettings, "FrameRetry", "3"},
+      {kComSettings, "TimeWaitForAck", "10000"},
+      {kComSettings, "TimeWaitForEtx", "10000"},
+      {kComSettings, "TxMessageRetry", "5"},
+      {kComSettings, "Ident", "V"},
+      {kComSettings, "TimeWaitForLONGEtx", "50000"},
+      {kGeneral, "Pc Time Correction", ""},
+      {kGeneral, "Time Shift", "60"},
+      {kGeneral, kSeparator, "127"},
+      {kGeneral, "Single Quantity", "0"},
+      {kGeneral, "File Parser", "0"},
   };
-  for (const auto& [section, keys] : sections) {
-    for (const auto& [key, value] : keys) profile_.Write(paths_.Ini(), section, key, value);
-  }
+  WriteWhole(paths_.Ini(), values);
+}
+
+void SettingsFile::WriteWhole(const std::string& path, const std::vector<Value>& values) {
+  const std::string draft = path + ".new";
+  for (const Value& value : values) profile_.Write(draft, value.section, value.key, value.value);
+  files_.Move(draft, path);
 }
 
 bool SettingsFile::UpgradeIni(AppSettings& settings, const std::function<void()>& stepDone) {
@@ -158,9 +159,11 @@ void SettingsFile::ReadGeneral(AppSettings& settings) {
 }
 
 void SettingsFile::WriteDefaultErrDesc() {
+  std::vector<Value> texts;
   for (int id = 110; id <= 116; ++id) {
-    profile_.Write(paths_.ErrDesc(), "Error Description", std::to_string(id), LoadMessage(id));
+    texts.push_back({"Error Description", std::to_string(id), LoadMessage(id)});
   }
+  WriteWhole(paths_.ErrDesc(), texts);
 }
 
 std::string SettingsFile::Text(const char* section, const char* key, const std::string& fallback) const {

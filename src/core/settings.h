@@ -2,7 +2,9 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
+#include "platform/files.h"
 #include "platform/profile_file.h"
 
 namespace orvenza {
@@ -58,9 +60,10 @@ std::string ReadProfileValue(const ProfileFile& profile, const std::string& path
 /// Reads, creates and upgrades the settings file.
 class SettingsFile {
  public:
-  SettingsFile(ProfileFile& profile, Journals& journals, ProgramPaths paths);
+  SettingsFile(ProfileFile& profile, Files& files, Journals& journals, ProgramPaths paths);
 
-  /// Writes every key with its default. Throws SystemError.
+  /// Writes every key with its default. The file appears with all of them or not at all, so that a later
+  /// start completes what a full disk has cut short. Throws SystemError.
   void WriteDefaultIni();
 
   /// Brings the file to the current layout, calling `stepDone` after each step, and sets `IniUpgradeDone`.
@@ -71,10 +74,17 @@ class SettingsFile {
   /// Fills `settings` from the file, repairing a wrong port number or separator in the file too.
   void ReadIni(AppSettings& settings);
 
-  /// Writes `ErrDesc.ini` with the texts of messages 110 to 116. Throws SystemError.
+  /// Writes `ErrDesc.ini` with the texts of messages 110 to 116, whole or not at all. Throws SystemError.
   void WriteDefaultErrDesc();
 
  private:
+  struct Value {
+    std::string section;
+    std::string key;
+    std::string value;
+  };
+
+  void WriteWhole(const std::string& path, const std::vector<Value>& values);
   std::string Text(const char* section, const char* key, const std::string& fallback = {}) const;
   int Integer(const char* key) const;
   void Repair(const char* section, const char* key, const char* value);
@@ -83,6 +93,7 @@ class SettingsFile {
   void ReadGeneral(AppSettings& settings);
 
   ProfileFile& profile_;
+  Files& files_;
   Journals& journals_;
   ProgramPaths paths_;
 };

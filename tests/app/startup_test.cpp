@@ -60,6 +60,22 @@ TEST_F(FirstRun, InAFolderThatCannotBeWrittenEndsWithAMessage) {
   shop.RunToItsEnd();
   EXPECT_EQ(shop.DialogTexts(), Lines{"Versione File INI Errata !\r\nApplicazione Terminata."});
   EXPECT_EQ(shop.Sent(), Lines{});
+  EXPECT_EQ(shop.Messages("error.txt"),
+            (Lines{"Main - 70 - Permission denied ( " + shop.folder.Path("Orvenza.ini.new )"),
+                   "Versione File INI Errata !", "Applicazione Terminata."}));
+}
+
+TEST_F(FirstRun, OnAFullDiskIsFollowedByAGoodOne) {
+  shop.files.FailNth("Write", 5, 61);
+  shop.Answer("Ok");
+  shop.Run(5s);
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Versione File INI Errata !\r\nApplicazione Terminata."});
+  shop.Answer("&Ok");
+  shop.Run(5s);
+  EXPECT_EQ(shop.person.Shown().back().kind, DialogKind::kPortSettings);
+  EXPECT_NE(shop.folder.Read("Orvenza.ini").find("File Parser=0\r\n"), std::string::npos);
+  EXPECT_FALSE(shop.folder.Has("Orvenza.ini.new"));
+  EXPECT_EQ(shop.Log().back(), "End");
 }
 
 TEST(Startup, LogsStartWithTheReleaseAndEnd) {

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "platform/failure_of.h"
 #include "support/settings_bench.h"
 
 namespace orvenza::test {
@@ -44,14 +45,29 @@ TEST_F(SettingsTest, TheDefaultFileHasEveryKeyInItsOrder) {
             "File Parser=0\r\n");
 }
 
-TEST_F(SettingsTest, AFullDiskStopsTheDefaultFile) {
-  files.FailNth("Write", 3, error_number::kDiskFull);
-  try {
-    file.WriteDefaultIni();
-    FAIL() << "the disk is full";
-  } catch (const SystemError& failure) {
-    EXPECT_EQ(failure.Number(), 61);
+TEST_F(SettingsTest, ADefaultFileCutShortByAFullDiskIsNotUnderItsName) {
+  for (const int written : {1, 3, 17}) {
+    files.FailNth("Write", written, error_number::kDiskFull);
+    EXPECT_EQ(FailureOf([&] { file.WriteDefaultIni(); }), "61 Disk full ( C:\\shop\\Orvenza.ini.new )");
+    EXPECT_FALSE(memory.Exists("C:\\shop\\Orvenza.ini")) << written;
   }
+}
+
+TEST_F(SettingsTest, ADefaultFileCutShortIsCompletedByTheNextTry) {
+  file.WriteDefaultIni();
+  const std::string whole = Ini();
+  memory.content.clear();
+  files.FailNth("Write", 5, error_number::kDiskFull);
+  journals.Attempt("Main - ", [&] { file.WriteDefaultIni(); });
+  file.WriteDefaultIni();
+  EXPECT_EQ(Ini(), whole);
+  EXPECT_FALSE(memory.Exists("C:\\shop\\Orvenza.ini.new"));
+}
+
+TEST_F(SettingsTest, ErrorDescriptionsCutShortByAFullDiskAreNotUnderTheirName) {
+  files.FailNth("Write", 2, error_number::kDiskFull);
+  EXPECT_EQ(FailureOf([&] { file.WriteDefaultErrDesc(); }), "61 Disk full ( C:\\shop\\ErrDesc.ini.new )");
+  EXPECT_FALSE(memory.Exists("C:\\shop\\ErrDesc.ini"));
 }
 
 TEST_F(SettingsTest, TheDefaultFileReadsAsItSays) {
@@ -189,6 +205,14 @@ TEST_F(SettingsTest, EveryOtherSeparatorBecomes127InTheFileAndInSilence) {
     EXPECT_EQ(Ini(), head + "127\r\n") << text;
   }
   EXPECT_EQ(Errors(), "");
+}
+
+TEST_F(SettingsTest, AWrongSeparatorIsUsedAs127AlsoWhereTheFileIsReadOnly) {
+  const std::string ini = "[Com Settings]\r\nComPort=1\r\n[General]\r\nSeparator (ascii,max 127)=128\r\n";
+  files.FailAlways("Write", "", error_number::kPermissionDenied);
+  EXPECT_EQ(Read(ini).SeparatorChar, '\x7F');
+  EXPECT_EQ(Ini(), ini);
+  EXPECT_EQ(Errors(), "ReadIni - 70 - Permission denied ( C:\\shop\\Orvenza.ini )\r\n");
 }
 
 TEST_F(SettingsTest, TheIdentifierIsTheFirstCharacterThatIsNoBlank) {

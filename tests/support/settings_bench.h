@@ -48,7 +48,7 @@ class SettingsBench : public ::testing::Test {
   IniProfileFile profile{files};
   AppSettings settings;
   Journals journals{files, clock, settings, "C:\\shop"};
-  SettingsFile file{profile, journals, {"C:\\shop", "Orvenza"}};
+  SettingsFile file{profile, files, journals, {"C:\\shop", "Orvenza"}};
 };
 
 }  // namespace orvenza::test

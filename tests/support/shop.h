@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <chrono>
 #include <cstdint>
 #include <optional>
@@ -115,7 +117,7 @@ class Shop {
     RunToItsEnd();
   }
 
-  /// Starts the connector and waits until it ends by itself.
+  /// Starts the connector and waits until it ends by itself. Every planned answer must have been asked for.
   void RunToItsEnd(bool anotherInstanceRuns = false) {
     Connector connector({files, folders, profile, clock, loop, person, icon, link},
                         {folder.Path(), "Orvenza"});
@@ -124,6 +126,7 @@ class Shop {
     connector.Run(anotherInstanceRuns);
     connector_ = nullptr;
     person.SetMenuHandler({});
+    EXPECT_EQ(person.AnswersLeft(), 0U) << "answers that no dialog has asked for";
   }
 
   /// The operator chooses an item of the icon's menu.
@@ -153,6 +156,16 @@ class Shop {
   /// The journals' messages without their stamps.
   Lines Log() const { return Messages("Log.txt"); }
   Lines Err() const { return Messages("Err.txt"); }
+  Lines Messages(const std::string& journal) const {
+    Lines messages;
+    std::istringstream in(folder.Read(journal));
+    for (std::string line; std::getline(in, line);) {
+      if (!line.empty() && line.back() == '\r') line.pop_back();
+      const std::size_t dash = line.find(" - ");
+      messages.push_back(dash == std::string::npos ? line : line.substr(dash + 3));
+    }
+    return messages;
+  }
 
   /// The activity log without the lines of start-up and shutdown.
   Lines LogForTickets() const {
@@ -219,17 +232,6 @@ class Shop {
   SimulatedLink link;
 
  private:
-  Lines Messages(const std::string& journal) const {
-    Lines messages;
-    std::istringstream in(folder.Read(journal));
-    for (std::string line; std::getline(in, line);) {
-      if (!line.empty() && line.back() == '\r') line.pop_back();
-      const std::size_t dash = line.find(" - ");
-      messages.push_back(dash == std::string::npos ? line : line.substr(dash + 3));
-    }
-    return messages;
-  }
-
   Connector* connector_ = nullptr;
   std::int64_t nextStamp_ = 1'700'000'000;
   std::vector<std::pair<std::string, std::chrono::nanoseconds>> sentAt_;

@@ -148,8 +148,9 @@ TEST(TakingIn, ATicketThatVanishesBeforeItIsTakenIsPassedOver) {
   Shop shop;
   shop.Drop("a.txt", {"0;1;"});
   shop.Drop("b.txt", {"0;2;"});
-  shop.files.Before("Move",
-                    [&](const std::string&) { std::filesystem::remove(shop.folder.Native("data\\a.txt")); });
+  shop.files.Before("Move", [&](const std::string& path) {
+    if (path.ends_with("a.txt")) std::filesystem::remove(shop.folder.Native("data\\a.txt"));
+  });
   shop.Run();
   EXPECT_EQ(shop.SentForTickets(), Lines{"105102"});
   EXPECT_EQ(shop.Err(), Lines{"Timer1 - 53 - File not found ( " + shop.Spelled("data\\a.txt )")});
@@ -158,7 +159,7 @@ TEST(TakingIn, ATicketThatVanishesBeforeItIsTakenIsPassedOver) {
 TEST(TakingIn, ATicketThatVanishesAfterItsCopyIsPrinted) {
   Shop shop;
   shop.Drop("ticket.txt", {"0;1;"});
-  shop.files.FailNext("Move", error_number::kPermissionDenied);
+  shop.files.FailAlways("Move", "data\\ticket.txt", error_number::kPermissionDenied);
   bool vanished = false;
   shop.files.Before("Exists", [&](const std::string& path) {
     if (path != shop.Spelled("data\\ticket.txt")) return;
@@ -173,7 +174,7 @@ TEST(TakingIn, ATicketThatVanishesAfterItsCopyIsPrinted) {
 TEST(TakingIn, CopiesATicketThatCannotBeMoved) {
   Shop shop;
   shop.Drop("ticket.txt", {"0;1;"});
-  shop.files.FailAlways("Move", "", error_number::kPathFileAccess);
+  shop.files.FailAlways("Move", "ticket.txt", error_number::kPathFileAccess);
   shop.Run();
   EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
   EXPECT_EQ(Waiting(shop), Lines{});
