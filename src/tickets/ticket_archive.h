@@ -26,8 +26,8 @@ class TicketArchive {
   void Archive(const std::string& workFile);
 
   /// Moves an abandoned ticket into the abort folder, its name followed by ".abort.txt". An older one of that
-  /// name gets a number before ".txt". Nothing is said of one that somebody has removed
-  /// meanwhile.
+  /// name gets a number before ".txt". One that somebody has removed
+  /// meanwhile is not spoken of.
   void Abort(const std::string& workFile);
 
   /// Whether the processing of this file is over although it still lies there.

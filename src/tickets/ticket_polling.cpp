@@ -17,6 +17,8 @@ constexpr std::size_t kStampLength = 14;
 /// Five seconds of ticks, and a minute of them.
 constexpr int kEagerTries = 10;
 constexpr int kTicksBetweenTries = 120;
+/// Bytes of the command file that are looked at. A longer first line is no command.
+constexpr std::size_t kLongestCommand = 64 * 1024;
 
 std::string NameOf(const std::string& entry) { return entry.substr(kStampLength); }
 
@@ -88,9 +90,11 @@ std::size_t TicketPolling::CountWaitingTickets() {
 
 bool TicketPolling::QuitAsked() {
   if (!files_.Exists(settings_.CommandFilePath)) return false;
-  LineReader reader(files_.OpenForReading(settings_.CommandFilePath));
+  LineReader reader(
+      std::make_unique<TextBytes>(ReadWhole(files_, settings_.CommandFilePath, kLongestCommand)));
   std::string line;
   reader.ReadLine(line);
+  if (line.size() == kLongestCommand) return false;
   const std::string command = ToUpperAscii(Trim(line));
   // An empty first line is a request to quit too, deliberately.
   return command.empty() || command == "QUIT";

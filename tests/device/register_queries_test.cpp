@@ -180,9 +180,10 @@ TEST_F(AttendedQueryTest, ARegisterSwitchedOnAfterAnAlarmIsAskedWithoutAQuestion
 }
 
 TEST_F(AttendedQueryTest, PollingIsOffWhileTheLinkIsOpenedAgain) {
-  bool enabled = true;
+  bool enabled = false;
   faulty.Before("SetReset", [&](const std::string&) { enabled = timer.Enabled(); });
   for (const char* reply : {"ERR-1", "ERR08"}) {
+    enabled = true;
     timer.SetEnabled(true);
     Replies({reply, "3217"});
     Answer(std::string(reply) == "ERR08" ? "&Ok" : "Riprova");

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <filesystem>
 #include <string>
+#include <vector>
 
 #include "support/shop.h"
 #include "tickets/ticket_polling.h"
@@ -40,6 +43,10 @@ TEST(CommandFile, IgnoresAnyOtherTextAndLeavesTheFile) {
                                 "\"QUIT\"",
                                 "QUI T",
                                 "\x1a",
+                                "QUIT\x1a",
+                                "\xEF\xBB\xBFQUIT",
+                                std::string("\xFF\xFEQ\0U\0I\0T\0", 10),
+                                std::string(70000, ' ') + "STOP",
                                 std::string("\0\x01\xff\xfe", 4),
                                 std::string(100000, '\0')};
   for (const std::string& command : others) {
@@ -87,6 +94,46 @@ TEST(CommandFile, OneThatCannotBeReadIsLoggedAndTheTickGoesOn) {
   EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
   EXPECT_EQ(shop.clock.Uptime(), 1000ms);
   EXPECT_EQ(shop.Err(), Lines{"Timer1 - 57 - Device I/O error ( " + shop.folder.Path("command.txt )")});
+}
+
+TEST(CommandFile, OneThatVanishesBeforeItIsReadIsLoggedAndTheTickGoesOn) {
+  Shop shop;
+  shop.folder.Write("command.txt", "QUIT");
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.After(100ms, [&] {
+    shop.files.Before("OpenForReading", [&](const std::string& path) {
+      if (path.ends_with("command.txt")) std::filesystem::remove(shop.folder.Native("command.txt"));
+      if (path.ends_with("ticket.txt")) shop.files.Heal();
+    });
+  });
+  shop.Run(5s);
+  EXPECT_EQ(shop.SentAt("1051"), std::vector<std::int64_t>{500});
+  EXPECT_EQ(shop.Err(), Lines{"Timer1 - 53 - File not found ( " + shop.folder.Path("command.txt )")});
+  EXPECT_EQ(shop.clock.Uptime(), 5000ms);
+}
+
+TEST(CommandFile, AFolderOfThatNameIsNone) {
+  Shop shop;
+  shop.folder.Write("command.txt\\QUIT", "");
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.After(2s, [&] { std::filesystem::remove_all(shop.folder.Native("command.txt")); });
+  shop.Run(3s);
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(shop.Err(), Lines{});
+  EXPECT_EQ(shop.clock.Uptime(), 3000ms);
+}
+
+TEST(CommandFile, OfOneWithoutEndOnlyTheBeginningIsRead) {
+  Shop shop;
+  shop.folder.Write("command.txt", "");
+  std::filesystem::resize_file(shop.folder.Native("command.txt"), 100'000'000);
+  int reads = 0;
+  shop.files.Before("Read", [&](const std::string& path) { reads += path.ends_with("command.txt"); });
+  int readsOfThreeTicks = 0;
+  shop.After(1700ms, [&] { readsOfThreeTicks = reads; });
+  shop.Run(2s);
+  EXPECT_EQ(readsOfThreeTicks, 3);
+  EXPECT_EQ(shop.clock.Uptime(), 2000ms);
 }
 
 TEST(CommandFile, OneThatCannotBeDeletedEndsTheProgramAllTheSame) {

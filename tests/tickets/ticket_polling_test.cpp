@@ -85,7 +85,7 @@ TEST(Polling, TakesOneTicketATick) {
   EXPECT_EQ(shop.SentAt("1051"), (Times{500, 1000, 2000}));
 }
 
-TEST(Polling, TicksDoNotOverlapHoweverLongATicketTakes) {
+TEST(Polling, TheNextTickComesHalfASecondAfterATicketHoweverLongThatTook) {
   Shop shop("on 1051 late 4200");
   shop.Drop("a.txt", {"0;1;"});
   shop.Drop("b.txt", {"0;2;"});

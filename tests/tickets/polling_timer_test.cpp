@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include "support/device_bench.h"
+#include "support/faulty_files.h"
+#include "support/system_seams.h"
+#include "support/temp_folder.h"
+#include "tickets/ticket_polling.h"
+
+// What a tick does with `Timer1`.
+
+namespace orvenza::test {
+namespace {
+
+/// The polling alone, with an empty ticket folder.
+class PollingTimerTest : public DeviceBench {
+ protected:
+  PollingTimerTest() {
+    settings.TicketFolder = folder.Path() + "\\";
+    settings.TicketMask = "*.txt";
+    settings.InProcessFolder = folder.Path("inproces\\");
+    settings.CommandFilePath = "C:\\shop\\command.txt";
+    timer.SetEnabled(true);
+  }
+
+  TempFolder folder;
+  SystemFolders realFolders;
+  FaultyFolders folders{realFolders};
+  LogoDownload logo{link, recovery, files, journals, messages};
+  RecordTranslator translator{identity, settings, files, journals};
+  TicketArchive archive{files, folders, settings, journals, messages};
+  TicketSplitter splitter{files, settings, archive};
+  TicketProcessor processor{files, settings, journals, loop, link, cash, recovery, logo, translator, archive};
+  TicketPolling polling{files,   folders,    settings, journals,  timer,  link,
+                        queries, correction, splitter, processor, archive};
+};
+
+TEST_F(PollingTimerTest, IsOffDuringATickAndOnAfterIt) {
+  std::vector<bool> enabled;
+  folders.Before("ListFolder", [&](const std::string&) { enabled.push_back(timer.Enabled()); });
+  polling.Tick();
+  EXPECT_EQ(enabled, (std::vector<bool>{false, false})) << "both folders are listed";
+  EXPECT_TRUE(timer.Enabled());
+  EXPECT_EQ(timer.TimeLeft(), PollTimer::kInterval);
+}
+
+TEST_F(PollingTimerTest, IsOnAgainAfterATickInWhichEverythingFailed) {
+  folders.FailAlways("ListFolder", "", error_number::kPathFileAccess);
+  polling.Tick();
+  EXPECT_TRUE(timer.Enabled());
+  EXPECT_EQ(Errors().size(), 2U);
+}
+
+TEST_F(PollingTimerTest, StaysOffWhenTheHostEndsTheProgram) {
+  files.content["C:\\shop\\command.txt"] = "QUIT";
+  EXPECT_THROW(polling.Tick(), ProgramEnd);
+  EXPECT_FALSE(timer.Enabled());
+}
+
+}  // namespace
+}  // namespace orvenza::test
