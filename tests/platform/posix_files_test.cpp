@@ -141,6 +141,61 @@ TEST_F(PosixFilesTest, ACopyOfAReadOnlyFileIsWritable) {
   EXPECT_EQ(ModeOf("b.txt"), 0600u);
 }
 
+TEST_F(PosixFilesTest, MovesAFileWithItsContentAndTime) {
+  folder.Write("a.txt", "ticket");
+  folder.SetModified("a.txt", 1'700'000'000);
+  folder.Write("sub\\other.txt", "x");
+  files.Move(folder.Path("a.txt"), folder.Path("sub\\b.txt"));
+  EXPECT_FALSE(folder.Has("a.txt"));
+  EXPECT_EQ(folder.Read("sub\\b.txt"), "ticket");
+  struct stat status {};
+  ::stat(folder.Native("sub\\b.txt").c_str(), &status);
+  EXPECT_EQ(status.st_mtim.tv_sec, 1'700'000'000);
+}
+
+TEST_F(PosixFilesTest, MovesOverAnOlderFileAlsoAReadOnlyOne) {
+  folder.Write("a.txt", "new");
+  folder.Write("b.txt", "something older");
+  ::chmod(folder.Native("b.txt").c_str(), 0444);
+  files.Move(folder.Path("a.txt"), folder.Path("b.txt"));
+  EXPECT_EQ(folder.Read("b.txt"), "new");
+  EXPECT_EQ(EntryCount(), 1);
+}
+
+TEST_F(PosixFilesTest, AMoveThatFailsSaysWhyAndLeavesTheFile) {
+  folder.Write("a.txt", "x");
+  folder.Write("sub\\inside.txt", "x");
+  const std::string a = folder.Path("a.txt");
+  const std::string missing = folder.Path("b.txt");
+  const std::string nowhere = folder.Path("none\\b.txt");
+  const struct {
+    std::string from;
+    std::string to;
+    std::string failure;
+  } rows[] = {
+      {missing, a, "53 File not found ( " + missing + " )"},
+      {nowhere, a, "76 Path not found ( " + nowhere + " )"},
+      {a, nowhere, "76 Path not found ( " + nowhere + " )"},
+      {a, folder.Path("sub"), "75 Path/File access error ( " + a + " )"},
+      {a, a + "\\b.txt", "75 Path/File access error ( " + a + " )"},
+      {a, folder.Path(std::string(256, 'n')), "52 Bad file name or number ( " + a + " )"},
+      {a, "Z:\\a.txt", "76 Path not found ( Z:\\a.txt )"},
+      {"", a, "52 Bad file name or number"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(FailureOf([&] { files.Move(row.from, row.to); }), row.failure) << row.from << " to " << row.to;
+  }
+  EXPECT_EQ(folder.Read("a.txt"), "x");
+}
+
+TEST_F(PosixFilesTest, AMoveOutOfAFolderThatMayNotBeWrittenIsError70) {
+  folder.Write("shop\\a.txt", "x");
+  ::chmod(folder.Native("shop").c_str(), 0555);
+  const std::string path = folder.Path("shop\\a.txt");
+  EXPECT_EQ(AsNobody([&] { return FailureOf([&] { files.Move(path, path + ".2"); }); }),
+            "70 Permission denied ( " + path + " )");
+}
+
 TEST_F(PosixFilesTest, RemovesAFile) {
   folder.Write("a.txt", "x");
   files.Remove(folder.Path("a.txt"));

@@ -118,7 +118,10 @@ void PosixFiles::Copy(const std::string& from, const std::string& to) {
 }
 
 void PosixFiles::Move(const std::string& from, const std::string& to) {
-  if (::rename(NativePath(from).c_str(), NativePath(to).c_str()) != 0) ThrowFileError(errno, from);
+  if (::rename(NativePath(from).c_str(), NativePath(to).c_str()) == 0) return;
+  const int code = errno;
+  // Of a source that is there, it is the target's folder that is missing.
+  ThrowFileError(code, code == ENOENT && Exists(from) ? to : from);
 }
 
 void PosixFiles::Remove(const std::string& path) {
