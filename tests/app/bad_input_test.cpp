@@ -217,6 +217,28 @@ TEST(BadSettings, GarbageCountsAsAnUnknownVersion) {
   EXPECT_EQ(shop.DialogTexts(), Lines{"Versione File INI Errata !\r\nApplicazione Terminata."});
 }
 
+TEST(BadSettings, Utf16CountsAsAnUnknownVersionAndIsLeftAsItIs) {
+  Shop shop;
+  std::string utf16 = "\xFF\xFE";
+  for (const char c : std::string("[Version]\r\nVersion=1.06\r\n")) utf16.append(1, c).append(1, '\0');
+  shop.folder.Write("Orvenza.ini", utf16);
+  shop.Answer("Ok");
+  shop.RunToItsEnd();
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Versione File INI Errata !\r\nApplicazione Terminata."});
+  EXPECT_EQ(shop.folder.Read("Orvenza.ini"), utf16);
+}
+
+TEST(BadSettings, LockedBySomebodyEndTheStartAndAreLeftAsTheyAre) {
+  Shop shop;
+  const std::string before = shop.folder.Read("Orvenza.ini");
+  shop.files.FailAlways("OpenForReading", "Orvenza.ini", 70);
+  shop.Answer("Ok");
+  shop.RunToItsEnd();
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Versione File INI Errata !\r\nApplicazione Terminata."});
+  EXPECT_EQ(shop.folder.Read("Orvenza.ini"), before);
+  EXPECT_EQ(shop.Sent(), Lines{});
+}
+
 TEST(BadSettings, MissingSectionsTakeTheirDefaults) {
   Shop shop;
   shop.folder.Write("Orvenza.ini", "[Version]\r\nVersion=1.06\r\n[Com Settings]\r\nSettings=19200,O,7,1\r\n");
@@ -251,6 +273,16 @@ TEST(BadSettings, OverlongValueIsCutAt99Characters) {
   EXPECT_TRUE(shop.folder.Has(std::string(98 - shop.folder.Path().size(), 'd') + "\\1.txt"));
 }
 
+TEST(BadSettings, OverlongTicketFilesAreCutAt99Characters) {
+  Shop shop;
+  const std::string room(97 - shop.folder.Path().size(), 'd');
+  shop.Configure("Database", "TicketFiles", shop.folder.Path(room + "\\*.txt"));
+  shop.folder.Write(room + "\\a.txt", "40;1;\r\n");
+  shop.Run(5s);
+  EXPECT_TRUE(shop.folder.Has(room + "\\inproces"));
+  EXPECT_EQ(shop.SentForTickets(), Lines{}) << "nothing is left of the mask";
+}
+
 TEST(BadSettings, SerialTextWithoutCommasIsAlarmedUntilItIsConfigured) {
   Shop shop;
   shop.Configure("Com Settings", "Settings", "19200");
@@ -274,6 +306,24 @@ TEST(BadFolder, TicketFolderThatGoesAndComesBackLosesNothing) {
   EXPECT_EQ(shop.Err()[0],
             "Timer1 - 76 - Path not found ( " + SettingsPath(shop.folder.Path()) + "\\data\\ )");
   EXPECT_EQ(shop.device.Receipts().size(), 1U);
+}
+
+TEST(BadFolder, HistoricDriveThatGoesAndComesBackIsUsedAgain) {
+  Shop shop;
+  shop.After(2s, [&] { shop.folders.TakeDriveAway("storico"); });
+  shop.After(3s, [&] { shop.Drop("a.txt", {kItem, kPayment}); });
+  shop.After(10s, [&] {
+    shop.folders.Heal();
+    shop.Drop("b.txt", {kItem, kPayment});
+  });
+  shop.Answer("Ok");
+  shop.Run(20s);
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Drive non disponibile : Z:"});
+  EXPECT_EQ(shop.Err(),
+            (Lines{"Scontrino stampato ma non archiviato : a.txt", "Drive non disponibile : Z:"}));
+  EXPECT_EQ(shop.Names("data\\abort"), Lines{"a.txt.abort.txt"});
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+  EXPECT_EQ(shop.device.Receipts().size(), 2U);
 }
 
 TEST(BadFolder, ReadOnlyTicketFolderPrintsEachTicketOnce) {

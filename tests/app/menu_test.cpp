@@ -56,7 +56,7 @@ TEST(Menu, NoTicketIsTakenWhileTheUtilitiesAreOpen) {
   shop.After(6s, [&] { sentMeanwhile = shop.link.SentCount(); });
   shop.Run(10s);
   EXPECT_EQ(sentMeanwhile, 2U);  // status and identity of the start
-  EXPECT_EQ(shop.SentForTickets(), Lines{"104901"});
+  EXPECT_EQ(shop.SentAt("104901"), std::vector<std::int64_t>{7500}) << "polling begins anew after the dialog";
 }
 
 TEST(Menu, NoTicketIsTakenWhileThePortDialogIsOpen) {
@@ -70,7 +70,7 @@ TEST(Menu, NoTicketIsTakenWhileThePortDialogIsOpen) {
   shop.After(6s, [&] { sentMeanwhile = shop.link.SentCount(); });
   shop.Run(10s);
   EXPECT_EQ(sentMeanwhile, 2U);
-  EXPECT_EQ(shop.SentForTickets(), Lines{"104901"});
+  EXPECT_EQ(shop.SentAt("104901"), std::vector<std::int64_t>{7500}) << "polling begins anew after the dialog";
 }
 
 TEST(Menu, ConfiguredPortTakesEffectAtOnce) {
@@ -95,17 +95,32 @@ TEST(Menu, ConfiguringDuringAnExchangeLeavesItsPortOpen) {
   EXPECT_EQ(shop.link.Property(LinkProperty::kPortNumber), 4);
 }
 
-TEST(Menu, ActionClosesAPendingMessageFirst) {
+struct MenuUse {
+  const char* item;    ///< As an answer of the operator.
+  const char* answer;  ///< Of the dialog that opens.
+  DialogKind opened;
+};
+
+class MenuAction : public testing::TestWithParam<MenuUse> {};
+
+TEST_P(MenuAction, ClosesAPendingMessageFirst) {
   Shop shop("absent 2\n");
-  shop.Answer("menu Configura");
-  shop.Answer("&Ok");  // of the port dialog
-  shop.Answer("Ok");   // of the second alarm
+  shop.Answer(GetParam().item);
+  shop.Answer(GetParam().answer);
+  shop.Answer("Ok");  // of the second alarm
   shop.Run(5s);
-  EXPECT_EQ(shop.DialogTexts().front(), "Dispositivo Spento o Non Collegato !");
-  EXPECT_EQ(shop.person.Shown().at(1).kind, DialogKind::kPortSettings);
-  EXPECT_EQ(shop.person.Shown().at(0).answer, "menu Configura");
+  ASSERT_EQ(shop.person.Shown().size(), 3U);
+  EXPECT_EQ(shop.DialogTexts()[0], "Dispositivo Spento o Non Collegato !");
+  EXPECT_EQ(shop.person.Shown()[0].answer, GetParam().item) << "no button of it was pressed";
+  EXPECT_EQ(shop.person.Shown()[1].kind, GetParam().opened);
+  EXPECT_EQ(shop.person.Shown()[1].answer, GetParam().answer);
   EXPECT_EQ(shop.Log().back(), "End");
 }
+INSTANTIATE_TEST_SUITE_P(Menu, MenuAction,
+                         testing::Values(MenuUse{"menu Esci", "No", DialogKind::kMessage},
+                                         MenuUse{"menu Utilita'", "Esci", DialogKind::kUtilities},
+                                         MenuUse{"menu Configura", "&Ok", DialogKind::kPortSettings}),
+                         [](const auto& test) { return "Item" + std::to_string(test.index); });
 
 TEST(Menu, DialogInTheMiddleOfATickDoesNotStartASecondTick) {
   Shop shop("on 1003 reply ERR08\n");

@@ -8,6 +8,17 @@ namespace {
 using namespace std::chrono_literals;
 using Lines = Shop::Lines;
 
+/// Expects a message with which the program ends, as the operator sees it.
+void ExpectFatal(const ShownDialog& dialog, const std::string& text) {
+  EXPECT_EQ(dialog.kind, DialogKind::kMessage);
+  EXPECT_EQ(dialog.caption, "Orvenza");
+  EXPECT_EQ(dialog.text, text);
+  EXPECT_EQ(dialog.icon, MessageIcon::kStop);
+  EXPECT_EQ(dialog.buttons, Lines{"Ok"});
+}
+
+const std::string kWrongVersion = "\r\nVersione File INI Errata !\r\nApplicazione Terminata.";
+
 /// A program folder without a settings file, as on the first start.
 class FirstRun : public testing::Test {
  protected:
@@ -58,7 +69,8 @@ TEST_F(FirstRun, InAFolderThatCannotBeWrittenEndsWithAMessage) {
   shop.files.FailAlways("Write", "", 70);
   shop.Answer("Ok");
   shop.RunToItsEnd();
-  EXPECT_EQ(shop.DialogTexts(), Lines{"Versione File INI Errata !\r\nApplicazione Terminata."});
+  ASSERT_EQ(shop.person.Shown().size(), 1U);
+  ExpectFatal(shop.person.Shown()[0], kWrongVersion);
   EXPECT_EQ(shop.Sent(), Lines{});
   EXPECT_EQ(shop.Messages("error.txt"),
             (Lines{"Main - 70 - Permission denied ( " + shop.folder.Path("Orvenza.ini.new )"),
@@ -69,7 +81,8 @@ TEST_F(FirstRun, OnAFullDiskIsFollowedByAGoodOne) {
   shop.files.FailNth("Write", 5, 61);
   shop.Answer("Ok");
   shop.Run(5s);
-  EXPECT_EQ(shop.DialogTexts(), Lines{"Versione File INI Errata !\r\nApplicazione Terminata."});
+  ASSERT_EQ(shop.person.Shown().size(), 1U);
+  ExpectFatal(shop.person.Shown()[0], kWrongVersion);
   shop.Answer("&Ok");
   shop.Run(5s);
   EXPECT_EQ(shop.person.Shown().back().kind, DialogKind::kPortSettings);
@@ -126,14 +139,24 @@ TEST(Startup, SecondInstanceIsRefusedAndTouchesNothing) {
   EXPECT_EQ(shop.icon.created, 0);
 }
 
+TEST(Startup, SecondInstanceIsToldOnTheScreenFirst) {
+  Shop shop;
+  shop.Answer("Ok");
+  bool loggedBefore = true;
+  shop.person.SetObserver(
+      [&](const ShownDialog&, std::string_view) { loggedBefore = shop.folder.Has("error.txt"); });
+  shop.RunToItsEnd(true);
+  EXPECT_FALSE(loggedBefore);
+}
+
 TEST(Startup, UnknownSettingsVersionEndsTheProgram) {
   Shop shop;
   shop.Configure("Version", "Version", "2.00");
   shop.Answer("Ok");
   shop.RunToItsEnd();
-  EXPECT_EQ(shop.DialogTexts(), Lines{"Versione File INI Errata !\r\nApplicazione Terminata."});
-  EXPECT_NE(shop.folder.Read("error.txt").find(" - Versione File INI Errata !\r\n"), std::string::npos);
-  EXPECT_NE(shop.folder.Read("error.txt").find(" - Applicazione Terminata.\r\n"), std::string::npos);
+  ASSERT_EQ(shop.person.Shown().size(), 1U);
+  ExpectFatal(shop.person.Shown()[0], kWrongVersion);
+  EXPECT_EQ(shop.Messages("error.txt"), (Lines{"Versione File INI Errata !", "Applicazione Terminata."}));
   EXPECT_FALSE(shop.folder.Has("Log.txt"));
 }
 
@@ -153,12 +176,81 @@ TEST(Startup, TicketFolderOnAMissingDriveEndsTheProgram) {
   shop.Configure("Database", "TicketFiles", "Q:\\in\\*.txt");
   shop.Answer("Ok");
   shop.RunToItsEnd();
-  EXPECT_EQ(
-      shop.DialogTexts(),
-      Lines{"Il file INI contiene un percorso errato :\r\nQ:\\in\\\r\n\r\nIl programma sarà terminato."});
+  ASSERT_EQ(shop.person.Shown().size(), 1U);
+  ExpectFatal(shop.person.Shown()[0],
+              "Il file INI contiene un percorso errato :\r\nQ:\\in\\\r\n\r\nIl programma sarà terminato.");
   EXPECT_EQ(shop.Log(), (Lines{"Start Rel. 1.0.0", "End"}));
   EXPECT_EQ(shop.Err().back(), "Il file INI contiene un percorso errato : Q:\\in\\");
   EXPECT_EQ(shop.icon.created, 0);
+}
+
+TEST(Startup, PortIsOpenedBeforeTheTicketFolderIsMissed) {
+  Shop shop;
+  shop.Configure("Database", "TicketFiles", "Q:\\in\\*.txt");
+  Lines events;
+  shop.link.SetObserver([&](LineEvent event, const std::string& text) {
+    if (event == LineEvent::kPort) events.push_back("port " + text);
+  });
+  shop.person.SetObserver([&](const ShownDialog&, std::string_view answer) {
+    events.push_back(answer.empty() ? "message" : "answer");
+  });
+  shop.Answer("Ok");
+  shop.RunToItsEnd();
+  EXPECT_EQ(events, (Lines{"port open", "message", "answer"}));
+}
+
+TEST(Startup, DeepTicketFolderIsMadeLevelByLevel) {
+  Shop shop;
+  shop.Configure("Database", "TicketFiles", shop.folder.Path("a\\b\\c\\*.txt"));
+  shop.Run(5s);
+  EXPECT_TRUE(shop.folder.Has("a\\b\\c\\inproces"));
+  EXPECT_TRUE(shop.folder.Has("a\\b\\c\\abort"));
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST(Startup, WorkFoldersExistBeforeTheRegisterIsIdentified) {
+  Shop shop;
+  bool inProcess = false;
+  bool abort = false;
+  shop.link.SetObserver([&](LineEvent event, const std::string& text) {
+    if (event != LineEvent::kSent || text != "199900") return;
+    inProcess = shop.folder.Has("data\\inproces");
+    abort = shop.folder.Has("data\\abort");
+  });
+  shop.Run(5s);
+  EXPECT_TRUE(inProcess);
+  EXPECT_TRUE(abort);
+}
+
+TEST(Startup, ErrorTextsThatCannotBeWrittenAreLoggedAndStartUpGoesOn) {
+  Shop shop;
+  shop.files.FailAlways("Write", "ErrDesc", 61);
+  shop.Run(5s);
+  EXPECT_EQ(shop.Err(), Lines{"Main - 61 - Disk full ( " + shop.folder.Path("ErrDesc.ini.new )")});
+  EXPECT_EQ(shop.Log().back(), "End");
+}
+
+TEST(Startup, ErrorTextsOfTheShopAreKeptAndShown) {
+  Shop shop("on 1051 reply ERR01\n");
+  const std::string texts = "[Error Description]\r\n110=Carta finita\r\n113=&Fatto\r\n";
+  shop.folder.Write("ErrDesc.ini", texts);
+  shop.Drop("a.txt", {"0;1;"});
+  shop.Answer("Fatto");
+  shop.Run(20s);
+  EXPECT_EQ(shop.folder.Read("ErrDesc.ini"), texts);
+  ASSERT_EQ(shop.person.Shown().size(), 1U);
+  EXPECT_EQ(shop.person.Shown()[0].heading, "Carta finita");
+  EXPECT_EQ(shop.person.Shown()[0].text, "Ripristinare la carta e confermare");
+  EXPECT_EQ(shop.person.Shown()[0].buttons, Lines{"&Fatto"});
+}
+
+TEST(Startup, MenuDoesNothingBeforeThereIsAnIcon) {
+  Shop shop("port-fails 1\n");
+  for (const char* answer : {"menu Esci", "menu Utilita'", "menu Configura", "Riprova"}) shop.Answer(answer);
+  shop.Run(5s);
+  ASSERT_EQ(shop.person.Shown().size(), 1U);
+  EXPECT_EQ(shop.person.Shown()[0].answer, "menu Esci, menu Utilita', menu Configura, Riprova");
+  EXPECT_EQ(shop.Log().back(), "End");
 }
 
 TEST(Startup, WorkFolderThatCannotBeMadeIsLoggedAndStartUpGoesOn) {
@@ -208,6 +300,17 @@ TEST(Startup, RegisterGivenUpByTheOperatorEndsTheProgram) {
   EXPECT_EQ(shop.Err().back(), "Collegamento Annullato dall'Operatore");
   EXPECT_EQ(shop.icon.Tip(), std::nullopt);
   EXPECT_EQ(shop.Sent(), Lines{});
+}
+
+TEST(Startup, RegisterThatDoesNotSayWhatItIsAndIsGivenUpEndsTheProgram) {
+  Shop shop("on 1999 silence\n");
+  for (const char* answer : {"Annulla", "Sì"}) shop.Answer(answer);
+  shop.Run(60s);
+  EXPECT_EQ(shop.Sent(), (Lines{"321700", "199900"}));
+  EXPECT_EQ(shop.Log(), (Lines{"Start Rel. 1.0.0", "End"}));
+  EXPECT_EQ(shop.Err(),
+            (Lines{"Nessuna risposta dal Dispositivo !", "Collegamento Annullato dall'Operatore"}));
+  EXPECT_EQ(shop.icon.Tip(), std::nullopt);
 }
 
 TEST(Startup, RegisterSwitchedOnAfterAnAlarmIsUsed) {
