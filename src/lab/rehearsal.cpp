@@ -75,7 +75,7 @@ const std::string& DefaultSettings() {
     IniProfileFile profile(disk.FileSeam());
     AppSettings settings;
     Journals journals(disk.FileSeam(), clock, settings, kFolder);
-    SettingsFile(profile, journals, {kFolder, "Orvenza"}).WriteDefaultIni();
+    SettingsFile(profile, disk.FileSeam(), journals, {kFolder, "Orvenza"}).WriteDefaultIni();
     profile.Write(kIni, "General", "Separator (ascii,max 127)", "59");
     return disk.Content(kIni).value_or("");
   }();
