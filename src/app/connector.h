@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "core/event_loop.h"
 #include "core/journals.h"
@@ -56,6 +58,9 @@ class Connector {
 
   const AppSettings& Settings() const { return settings_; }
 
+  /// Who is told of each tick as it begins.
+  void SetTickObserver(std::function<void()> observer) { tickObserver_ = std::move(observer); }
+
  private:
   void Main(bool anotherInstanceRuns);
   void PrepareSettings();
@@ -102,6 +107,7 @@ class Connector {
   TicketPolling polling_;
   UtilitiesDialog orvUti_;
 
+  std::function<void()> tickObserver_;
   bool iconShown_ = false;
   bool exitAsked_ = false;  // the question whether to end is on the screen
 };

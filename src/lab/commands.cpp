@@ -5,7 +5,6 @@
 #include <sstream>
 
 #include "core/version.h"
-#include "lab/doctor_command.h"
 #include "lab/rehearse_command.h"
 
 namespace orvenza {
@@ -101,12 +100,7 @@ int RunCommand(const Command& command, const std::vector<std::string>& words, La
 
 }  // namespace
 
-std::vector<Command> Commands() {
-  return {
-      DoctorCommand(),
-      RehearseCommand(),
-  };
-}
+std::vector<Command> Commands() { return {RehearseCommand()}; }
 
 std::string HelpPage(const Command& command) {
   const std::string called = std::string(kProgram) + " " + command.name;

@@ -38,7 +38,7 @@ std::string SideBySide(std::string_view text) {
 std::string DialogText(const ShownDialog& dialog) {
   std::string text = SideBySide(dialog.caption) + std::string(NameOf(dialog));
   if (!dialog.heading.empty()) text += ": " + SideBySide(dialog.heading);
-  if (!dialog.text.empty()) text += ": " + SideBySide(dialog.text);
+  if (!dialog.text.empty()) text += (dialog.heading.empty() ? ": " : " / ") + SideBySide(dialog.text);
   int number = 0;
   for (const std::string& option : dialog.options) {
     text += (++number == dialog.selected ? " (*) " : " ( ) ") + SideBySide(option);

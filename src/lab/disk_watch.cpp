@@ -32,10 +32,6 @@ std::string ShownPath(std::string_view path) {
 
 void DiskWatch::OnDisk(const DiskEvent& event) {
   switch (event.act) {
-    case DiskAct::kLookedFor:
-      // The tick begins by looking for the host's command.
-      if (settings_ != nullptr && event.path == settings_->CommandFilePath) transcript_.Tick();
-      break;
     case DiskAct::kAppended: OnAppended(event); break;
     case DiskAct::kCopied: OnMoved(event, true); break;
     case DiskAct::kMoved: OnMoved(event, false); break;

@@ -21,7 +21,7 @@ std::string CheckSent(const Expectation& expected, const RehearsalOutcome& outco
 
 bool Found(const Expectation& expected, const RehearsalOutcome& outcome) {
   const auto hasEvent = [&](const RehearsalEvent& event) {
-    return Contains(std::string(event.kind) + " " + event.text, expected.text);
+    return event.kind == expected.event && Contains(event.text, expected.text);
   };
   const auto hasText = [&](const std::string& line) {
     return Contains(FromWindows1252(line), expected.text);
@@ -42,7 +42,7 @@ bool Found(const Expectation& expected, const RehearsalOutcome& outcome) {
 std::string Check(const Expectation& expected, const RehearsalOutcome& outcome) {
   if (expected.kind == Expectation::Kind::kSent) return CheckSent(expected, outcome);
   if (Found(expected, outcome) != expected.none) return {};
-  std::string what = "an event with \"" + expected.text + "\"";
+  std::string what = "the event " + expected.event + " with \"" + expected.text + "\"";
   if (expected.kind == Expectation::Kind::kPaper) what = "\"" + expected.text + "\" on the paper";
   if (expected.kind == Expectation::Kind::kFile) what = "a file " + expected.text;
   return expected.none ? "expected not to find " + what + ", but there was one" : "expected " + what;

@@ -23,7 +23,7 @@ namespace {
 using std::chrono::milliseconds;
 
 const std::string kFolder = kRehearsalFolder;
-const std::string kIni = kFolder + "\\Orvenza.ini";
+const ProgramPaths kPaths{kFolder, "Orvenza"};
 
 /// Thrown when a run goes on for too long. Not a std::exception on purpose: no trap may hold it up.
 struct RunTooLong {};
@@ -66,20 +66,27 @@ class TranscriptIcon : public NotificationIcon {
   Transcript& transcript_;
 };
 
-/// A first start's settings file, with the separator of the examples.
-const std::string& DefaultSettings() {
-  static const std::string text = [] {
+/// What a first start writes.
+struct FirstFiles {
+  std::string settings;  ///< With the separator of the examples.
+  std::string errDesc;
+};
+
+const FirstFiles& FilesOfAFirstStart() {
+  static const FirstFiles written = [] {
     VirtualClock clock;
     VirtualDisk disk(clock);
     disk.MakeFolder(kFolder);
     IniProfileFile profile(disk.FileSeam());
     AppSettings settings;
     Journals journals(disk.FileSeam(), clock, settings, kFolder);
-    SettingsFile(profile, disk.FileSeam(), journals, {kFolder, "Orvenza"}).WriteDefaultIni();
-    profile.Write(kIni, "General", "Separator (ascii,max 127)", "59");
-    return disk.Content(kIni).value_or("");
+    SettingsFile file(profile, disk.FileSeam(), journals, kPaths);
+    file.WriteDefaultIni();
+    file.WriteDefaultErrDesc();
+    profile.Write(kPaths.Ini(), "General", "Separator (ascii,max 127)", "59");
+    return FirstFiles{disk.Content(kPaths.Ini()).value_or(""), disk.Content(kPaths.ErrDesc()).value_or("")};
   }();
-  return text;
+  return written;
 }
 
 /// Deeds that are events even before any time has passed.
@@ -171,13 +178,22 @@ class Stage {
 
 void Stage::SetUpFiles() {
   disk_.MakeFolder(kFolder);
-  if (scenario_.settingsFile) disk_.Put(kIni, DefaultSettings());
-  for (const Deed& deed : scenario_.deeds) {
-    if (deed.at.count() == 0 && !IsEvent(deed)) DoToDisk(deed);
+  if (scenario_.settingsFile) {
+    disk_.Put(kPaths.Ini(), FilesOfAFirstStart().settings);
+    disk_.Put(kPaths.ErrDesc(), FilesOfAFirstStart().errDesc);
+    disk_.MakeFolder(kFolder + "\\data\\inproces");
+    disk_.MakeFolder(kFolder + "\\data\\abort");
   }
+  const auto prepare = [this](bool files) {
+    for (const Deed& deed : scenario_.deeds) {
+      if (deed.at.count() == 0 && !IsEvent(deed) && (deed.kind == DeedKind::kPut) == files) DoToDisk(deed);
+    }
+  };
+  prepare(true);
   for (const ScenarioSetting& setting : scenario_.settings) {
-    profile_.Write(kIni, setting.section, setting.key, setting.value);
+    profile_.Write(kPaths.Ini(), setting.section, setting.key, setting.value);
   }
+  prepare(false);  // Only now the settings file may be held or read-only.
 }
 
 void Stage::SetUpEvents() {
@@ -276,9 +292,10 @@ RehearsalOutcome Stage::Play() {
 
 void Stage::RunConnector() {
   Connector connector({disk_.FileSeam(), disk_.FolderSeam(), profile_, clock_, loop_, person_, icon_, link_},
-                      {kFolder, "Orvenza"});
+                      kPaths);
   connector_ = &connector;
   watch_.SetSettings(connector.Settings());
+  connector.SetTickObserver([this] { transcript_.Tick(); });
   person_.SetMenuHandler([&connector](MenuItem item) { connector.OnMenu(item); });
   connector.Run(scenario_.secondInstance);
 }
@@ -291,6 +308,7 @@ void Stage::BreakOff(const std::string& why) {
 void Stage::TakeStock() {
   const std::size_t given = scenario_.answers.size() - person_.AnswersLeft();
   for (std::size_t i = given; outcome_.ended && i < scenario_.answers.size(); ++i) {
+    if (scenario_.answers[i].reaction >= ScenarioAnswer::kNever) continue;
     Miss("the answer \"" + scenario_.answers[i].text + "\" was never asked for");
   }
   outcome_.events = transcript_.Events();

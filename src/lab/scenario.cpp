@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -24,6 +25,12 @@ constexpr std::string_view kDeedsInTime =
 constexpr const char* kPathExpected = "a path, below the program folder or with its drive";
 constexpr const char* kTimeExpected = "a time with its unit, such as 500ms, 2s, 10min or 1h";
 constexpr const char* kDateExpected = "a date and time such as 16/11/2026 09:00:00";
+constexpr std::string_view kEventKinds[] = {
+    "start", "tick",     "sent",    "reply",   "port",   "absent", "dialog", "answer",  "menu",
+    "world", "log",      "error",   "file",    "folder", "taken",  "split",  "written", "copied",
+    "moved", "archived", "aborted", "deleted", "paper",  "icon",   "clock",  "end"};
+constexpr std::string_view kEventExpected =
+    "an event of the transcript and a part of its text, such as sent 1036";
 /// Bytes of a logo row, and what comes before the first one.
 constexpr std::size_t kLogoRow = 56;
 constexpr std::size_t kLogoHead = 62;
@@ -204,30 +211,52 @@ ScenarioSetting ReadSetting(ScriptLine& line) {
           std::string(Trim(rest.substr(equals + 1)))};
 }
 
+bool IsEventKind(const std::string& word) {
+  return std::find(std::begin(kEventKinds), std::end(kEventKinds), word) != std::end(kEventKinds);
+}
+
 ScenarioAnswer ReadAnswer(ScriptLine& line) {
   ScenarioAnswer answer;
+  if (line.Rest() == "nothing") return {"close", ScenarioAnswer::kNever};
   if (line.Skip("after")) answer.reaction = ReadTime(line);
-  answer.text = line.Text("a button, an option, \"close\" or \"menu\" and an item");
+  answer.text = line.Text("a button, an option, \"close\", \"nothing\", or \"menu\" and an item");
   return answer;
+}
+
+/// The last word of `text`, which goes from it.
+std::string_view TakeLastWord(std::string_view& text) {
+  const std::size_t blank = text.find_last_of(" \t") + 1;  // npos + 1 is 0.
+  const std::string_view word = text.substr(blank);
+  text = Trim(text.substr(0, blank));
+  return word;
+}
+
+Expectation ReadSentCommand(ScriptLine& line) {
+  const std::string form = "the beginning of a command and how often, such as 1036 2 times";
+  std::string rest = line.Text(form);
+  std::string_view command = rest;
+  const std::string_view unit = TakeLastWord(command);
+  const std::string_view count = TakeLastWord(command);
+  if ((unit != "times" && unit != "time") || command.empty()) line.Refuse(form);
+  Expectation expected;
+  expected.kind = Expectation::Kind::kSent;
+  expected.times = static_cast<std::size_t>(line.NumberIn(count, 0, ScriptLine::kMost, form));
+  expected.text = command;
+  return expected;
 }
 
 Expectation ReadExpectation(ScriptLine& line) {
   Expectation expected;
   expected.none = line.Skip("no");
-  const std::string_view word = line.Word();
-  if (word == "sent" && !expected.none) {
-    const std::string form = "the beginning of a command and how often, such as 1036 2 times";
-    expected.kind = Expectation::Kind::kSent;
-    expected.text = line.Word();
-    expected.times = static_cast<std::size_t>(line.Number(0, ScriptLine::kMost, form));
-    if (!line.Skip("times") && !line.Skip("time")) line.Refuse(form);
-    line.End();
-  } else if (word == "event") {
-    expected.text = line.Text("a text of the transcript");
-  } else if (word == "paper") {
+  if (!expected.none && line.Skip("sent")) return ReadSentCommand(line);
+  if (line.Skip("event")) {
+    expected.event = line.Word();
+    expected.text = line.Rest();
+    if (!IsEventKind(expected.event)) line.Refuse(std::string(kEventExpected));
+  } else if (line.Skip("paper")) {
     expected.kind = Expectation::Kind::kPaper;
     expected.text = line.Text("a text on the paper");
-  } else if (word == "file") {
+  } else if (line.Skip("file")) {
     expected.kind = Expectation::Kind::kFile;
     expected.text = ReadPath(line);
   } else {

@@ -53,6 +53,9 @@ struct ScenarioSetting {
 
 /// An answer of the operator, as ScriptedOperator takes it, and how long the operator thinks.
 struct ScenarioAnswer {
+  /// The operator is not there: the dialog waits until something else ends it.
+  static constexpr std::chrono::milliseconds kNever = std::chrono::hours(1'000'000);
+
   std::string text;
   std::chrono::milliseconds reaction{};
 };
@@ -60,22 +63,23 @@ struct ScenarioAnswer {
 /// What must have come true when a rehearsal is over.
 struct Expectation {
   enum class Kind {
-    kEvent,  ///< An event whose kind and text, joined by a blank, contain `text`.
+    kEvent,  ///< An event of the kind `event` whose text contains `text`.
     kSent,   ///< `times` commands that begin with `text`.
     kPaper,  ///< A printed line that contains `text`.
     kFile,   ///< A file at the path `text`.
   };
   Kind kind = Kind::kEvent;
   bool none = false;  ///< That there is no such thing.
+  std::string event;
   std::string text;
   std::size_t times = 1;
 };
 
 /// Everything that a rehearsal needs to know. The default is a shop on a quiet day: an ordinary register, the
-/// settings of a first start but for the separator, ";", and no tickets.
+/// files and folders that a first start makes, but for the separator, ";", and no tickets.
 struct Scenario {
   LocalTime start{2026, 11, 16, 9, 0, 0};  ///< What the PC's clock shows at first.
-  bool settingsFile = true;                ///< False: there is none yet.
+  bool settingsFile = true;                ///< False: the program was never started here.
   std::vector<ScenarioSetting> settings;   ///< Those that differ.
   FaultScript device;
   std::vector<Deed> deeds;

@@ -42,7 +42,6 @@ class VirtualDisk::FilesOfDisk : public Files {
   explicit FilesOfDisk(VirtualDisk& disk) : disk_(disk) {}
 
   bool Exists(const std::string& path) const override {
-    disk_.Tell({DiskAct::kLookedFor, path});
     const Node* const node = disk_.Find(path);
     return node != nullptr && !node->isFolder;
   }
@@ -316,10 +315,10 @@ VirtualDisk::Node& VirtualDisk::Readable(const std::string& path) {
   return node;
 }
 
-/// A file to be written or replaced, made when it is missing. Failures name `blame`.
+/// A file to be written or replaced, made when it is missing. One that may not be is blamed on `blame`.
 VirtualDisk::Node& VirtualDisk::Place(const std::string& path, const std::string& blame) {
   const std::string key = KeyOf(path);
-  if (!FolderExists(ParentOf(key))) throw SystemError(error_number::kPathNotFound, blame);
+  if (!FolderExists(ParentOf(key))) throw SystemError(error_number::kPathNotFound, path);
   const Node* const older = Find(path);
   if (older != nullptr && (older->isFolder || older->readOnly || older->hold != FileHold::kNone)) {
     throw SystemError(error_number::kPathFileAccess, blame);

@@ -24,7 +24,6 @@ enum class FileHold {
 
 /// What an observer of the disk is told.
 enum class DiskAct {
-  kLookedFor,  ///< The program asked whether a file exists; nothing changed.
   kWritten,
   kAppended,  ///< `text` is what was added.
   kCopied,    ///< `path` to `target`.
@@ -35,7 +34,7 @@ enum class DiskAct {
   kFolderRenamed,  ///< `path` to `target`.
 };
 
-/// One operation of the program on the disk, told once it is done. The views end with the call.
+/// One operation of the program that changed something, told once it is done. The views end with the call.
 struct DiskEvent {
   DiskAct act;
   std::string_view path;  ///< As the program spelled it.

@@ -97,8 +97,8 @@ TEST(Rehearsal, NamesWhatDidNotComeTrue) {
             (Lines{"expected not to find \"PANE\" on the paper, but there was one",
                    "expected \"LATTE\" on the paper", "expected command 1028 1 times, it was sent 0 times",
                    "expected not to find a file C:\\Orvenza\\storico\\1.txt, but there was one",
-                   "expected a file C:\\Orvenza\\data\\1.txt", "expected an event with \"error\"",
-                   "expected not to find an event with \"log End\", but there was one"}));
+                   "expected a file C:\\Orvenza\\data\\1.txt", "expected the event error with \"\"",
+                   "expected not to find the event log with \"End\", but there was one"}));
 }
 
 TEST(Rehearsal, StartsWithTheSettingsOfAFirstStartButForTheSeparator) {
@@ -111,7 +111,7 @@ TEST(Rehearsal, StartsWithTheSettingsOfAFirstStartButForTheSeparator) {
 
 TEST(Rehearsal, WritesTheSettingsOfTheScenarioIntoTheFile) {
   const RehearsalOutcome outcome =
-      Play("setting [Com Settings] ComPort = 3\nat 1s quit\nexpect event open: COM3,\n");
+      Play("setting [Com Settings] ComPort = 3\nat 1s quit\nexpect event port open: COM3,\n");
   EXPECT_EQ(outcome.problems, Lines{});
 }
 

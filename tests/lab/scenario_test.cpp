@@ -116,12 +116,13 @@ TEST(Scenario, TakesSettingsByTheirSections) {
 }
 
 TEST(Scenario, TakesAnswersInTheirOrder) {
-  const Scenario scenario = Parse("answer after 2s Riprova\nanswer menu Esci\n");
-  ASSERT_EQ(scenario.answers.size(), 2u);
+  const Scenario scenario = Parse("answer after 2s Riprova\nanswer menu Esci\nanswer nothing\n");
+  ASSERT_EQ(scenario.answers.size(), 3u);
   EXPECT_EQ(scenario.answers[0].text, "Riprova");
   EXPECT_EQ(scenario.answers[0].reaction, milliseconds(2000));
   EXPECT_EQ(scenario.answers[1].text, "menu Esci");
   EXPECT_EQ(scenario.answers[1].reaction, milliseconds(0));
+  EXPECT_EQ(scenario.answers[2].reaction, ScenarioAnswer::kNever);
 }
 
 TEST(Scenario, HandsTheRegisterItsScript) {
@@ -135,14 +136,16 @@ TEST(Scenario, HandsTheRegisterItsScript) {
 
 TEST(Scenario, TakesWhatIsExpected) {
   const Scenario scenario = Parse(
-      "expect event log End\nexpect no paper ANNULLO\nexpect file storico\\1.txt\nexpect sent 1028 2 times\n"
+      "expect event log End\nexpect no paper ANNULLO\nexpect file storico\\1.txt\nexpect sent 1064 a b 2 "
+      "times\n"
       "second instance\n");
   ASSERT_EQ(scenario.expectations.size(), 4u);
   EXPECT_EQ(scenario.expectations[0].kind, Expectation::Kind::kEvent);
-  EXPECT_EQ(scenario.expectations[0].text, "log End");
+  EXPECT_EQ(scenario.expectations[0].event, "log");
+  EXPECT_EQ(scenario.expectations[0].text, "End");
   EXPECT_TRUE(scenario.expectations[1].none);
   EXPECT_EQ(scenario.expectations[2].text, "C:\\Orvenza\\storico\\1.txt");
-  EXPECT_EQ(scenario.expectations[3].text, "1028");
+  EXPECT_EQ(scenario.expectations[3].text, "1064 a b");
   EXPECT_EQ(scenario.expectations[3].times, 2u);
   EXPECT_TRUE(scenario.secondInstance);
 }
@@ -179,8 +182,12 @@ TEST(Scenario, RefusesALineThatItCannotRead) {
       {"at 1s menu Help", "day:1: expected an item of the menu: Esci, Utilita', Info or Configura"},
       {"setting General Time Shift 5", "day:1: expected [Section] Key = value"},
       {"setting [General] Time Shift", "day:1: expected [Section] Key = value"},
-      {"answer", "day:1: expected a button, an option, \"close\" or \"menu\" and an item"},
+      {"answer", "day:1: expected a button, an option, \"close\", \"nothing\", or \"menu\" and an item"},
       {"expect paper", "day:1: expected a text on the paper"},
+      {"expect sent 1 time",
+       "day:1: expected the beginning of a command and how often, such as 1036 2 times"},
+      {"expect event logs End",
+       "day:1: expected an event of the transcript and a part of its text, such as sent 1036"},
       {"expect sent 1036 often",
        "day:1: expected the beginning of a command and how often, such as 1036 2 times"},
       {"expect no sent 1036 1 time", "day:1: expected \"event\", \"paper\", \"file\" or \"sent\""},

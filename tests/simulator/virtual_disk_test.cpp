@@ -222,8 +222,8 @@ TEST_F(VirtualDiskTest, TellsWhatTheProgramDoesAndNothingElse) {
   EXPECT_EQ(Failure([&] { files.Remove("a.txt"); }), 53);
   folders.Create("sub");
   folders.Rename("sub", "bus");
-  EXPECT_EQ(told, (Lines{"0 a.txt ", "2 b.txt line", "3 a.txt c.txt", "4 b.txt d.txt", "6 a.txt ", "1 a.txt ",
-                         "5 a.txt ", "7 sub ", "8 sub bus"}));
+  EXPECT_EQ(told, (Lines{"1 b.txt line", "2 a.txt c.txt", "3 b.txt d.txt", "5 a.txt ", "0 a.txt ", "4 a.txt ",
+                         "6 sub ", "7 sub bus"}));
 }
 
 TEST_F(VirtualDiskTest, DeletesAFolderWithAllThatIsInIt) {
