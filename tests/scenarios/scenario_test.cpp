@@ -1,0 +1,83 @@
+// Plays every scenario and compares its transcript with the one beside it. With --accept-scenarios it writes
+// the transcripts anew instead, for review.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "core/version.h"
+#include "lab/rehearsal.h"
+
+namespace orvenza::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+bool acceptsAll = false;
+
+const char* const kNames[] = {
+#include "scenario_names.inc"
+};
+
+std::filesystem::path PathOf(const std::string& name, const std::string& extension) {
+  return std::filesystem::path(ORVENZA_SCENARIOS) / (name + extension);
+}
+
+std::string Read(const std::filesystem::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+/// A new version of the program is no new behaviour.
+std::string WithoutVersion(std::string line) {
+  const std::string version = std::string("Rel. ") + kVersionText;
+  const std::size_t at = line.find(version);
+  return at == std::string::npos ? line : line.replace(at, version.size(), "Rel. VERSION");
+}
+
+class ScenarioTest : public ::testing::Test {
+ public:
+  explicit ScenarioTest(std::string name) : name_(std::move(name)) {}
+
+ private:
+  void TestBody() override {
+    const std::string text = Read(PathOf(name_, ".scenario"));
+    ASSERT_NE(text, "");
+    std::string transcript;
+    const RehearsalOutcome outcome = Rehearse(ParseScenario(name_, text), [&](const std::string& line) {
+      transcript += WithoutVersion(line) + "\n";
+    });
+    EXPECT_EQ(outcome.problems, Lines{});
+    if (acceptsAll) {
+      std::ofstream(PathOf(name_, ".expected"), std::ios::binary) << transcript;
+    } else {
+      EXPECT_EQ(transcript, Read(PathOf(name_, ".expected")));
+    }
+  }
+
+  std::string name_;
+};
+
+TEST(Scenarios, HaveAScenarioForEachTranscript) {
+  for (const auto& entry : std::filesystem::directory_iterator(ORVENZA_SCENARIOS)) {
+    if (entry.path().extension() != ".expected") continue;
+    EXPECT_NE(Read(PathOf(entry.path().stem().string(), ".scenario")), "") << entry.path();
+  }
+}
+
+}  // namespace
+}  // namespace orvenza::test
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  orvenza::test::acceptsAll = argc > 1 && std::string(argv[1]) == "--accept-scenarios";
+  for (const char* const name : orvenza::test::kNames) {
+    ::testing::RegisterTest("Scenario", name, nullptr, nullptr, __FILE__, __LINE__,
+                            [name]() -> ::testing::Test* { return new orvenza::test::ScenarioTest(name); });
+  }
+  return RUN_ALL_TESTS();
+}
