@@ -23,6 +23,7 @@ own names.
 
   ORVENZA_WINE_ROOT    folder of that system (default: /opt/orvenza-wine)
   ORVENZA_WINE_PREFIX  folder of Wine's own files within it (default: /var/lib/orvenza-wine)
+  ORVENZA_TEST_...     handed on to the program
 TEXT
 }
 
@@ -34,7 +35,7 @@ fail() {
 project=$(cd "$(dirname "$0")/.." && pwd -P)
 root=${ORVENZA_WINE_ROOT:-/opt/orvenza-wine}
 prefix=${ORVENZA_WINE_PREFIX:-/var/lib/orvenza-wine}
-packages=wine32,wine,xvfb,xauth,xdotool,imagemagick
+packages=wine32,wine,xvfb,xauth,xdotool,imagemagick,fonts-liberation,fonts-wine
 # Only a system with this file in it is used: it was made here, to its end.
 mark=$root/etc/orvenza-wine
 
@@ -95,6 +96,8 @@ within() {
   if [ ! -e "$WINEPREFIX/orvenza-ready" ]; then
     mkdir -p "$(dirname "$WINEPREFIX")"
     wineboot --init </dev/null >/dev/null 2>&1
+    # Tahoma and the signs of the title bar. A system made before it had these fonts does with others.
+    cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null || true
     # Every program is on a desktop of this name, which has a taskbar with a notification area.
     wine reg add "HKCU\\Software\\Wine\\Explorer" /v Desktop /d shell /f >/dev/null
     wine reg add "HKCU\\Software\\Wine\\Explorer\\Desktops" /v shell /d 1024x768 /f >/dev/null
@@ -140,6 +143,9 @@ case "$work/" in
   *) if may_be_shown "$work"; then folders+=("$work"); else work=$project; fi ;;
 esac
 
+settings=()
+for name in "${!ORVENZA_TEST_@}"; do settings+=("$name=${!name}"); done
+
 check
 exec 9>"$root.lock"
 flock 9
@@ -154,5 +160,5 @@ exec unshare --mount --pid --fork --kill-child --propagation private bash -euc '
   exec chroot "$root" env -i "$@"
 ' - ${#folders[@]} "${folders[@]}" \
   PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LANG=C.UTF-8 ${TZ:+TZ="$TZ"} WINEPREFIX="$prefix" \
-  WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree,mshtml=" \
+  WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree,mshtml=" ${settings[@]+"${settings[@]}"} \
   bash -euc "$(declare -f within); within \"\$@\"" - "$work" "${command[@]}"

@@ -20,12 +20,6 @@ constexpr const char* kLoadLabel = "Main_Load - ";
 constexpr int kRenameRetries = 5;
 constexpr auto kIdleWait = 1s;
 
-/// Whether `folder` is `parent` or lies below it; both end in "\", an empty `parent` holds nothing.
-bool LiesIn(const std::string& folder, const std::string& parent) {
-  return !parent.empty() &&
-         ToUpperAscii(SettingsPath(folder)).starts_with(ToUpperAscii(SettingsPath(parent)));
-}
-
 }  // namespace
 
 Connector::Connector(const Surroundings& around, const ProgramPaths& paths)
@@ -118,10 +112,9 @@ void Connector::LoadMainForm() {
 }
 
 void Connector::RotateHistoric() {
-  // The default of a missing setting is the in-process folder. Printed tickets put there would be taken for
-  // new ones, and the rotation of a folder above the tickets would carry waiting ones away.
+  // The default of a missing setting is the in-process folder.
   const std::string& historic = settings_.HistoricFolder;
-  if (LiesIn(settings_.TicketFolder + "inproces\\", historic) || LiesIn(paths_.AppPath + "\\", historic)) {
+  if (HistoricHoldsTickets(settings_, paths_.AppPath)) {
     journals_.WrErr("Archivio storico disattivato, la cartella contiene gli scontrini da stampare : " +
                     historic);
     settings_.HistoricFolder.clear();

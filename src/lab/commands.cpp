@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "core/version.h"
+#include "lab/doctor_command.h"
 #include "lab/rehearse_command.h"
 
 namespace orvenza {
@@ -100,7 +101,12 @@ int RunCommand(const Command& command, const std::vector<std::string>& words, La
 
 }  // namespace
 
-std::vector<Command> Commands() { return {RehearseCommand()}; }
+std::vector<Command> Commands() {
+  return {
+      DoctorCommand(),
+      RehearseCommand(),
+  };
+}
 
 std::string HelpPage(const Command& command) {
   const std::string called = std::string(kProgram) + " " + command.name;

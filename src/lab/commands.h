@@ -5,6 +5,7 @@
 
 #include "lab/arguments.h"
 #include "lab/console.h"
+#include "lab/machine.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/folders.h"
@@ -18,6 +19,7 @@ struct LabSurroundings {
   Folders& folders;
   ProfileFile& profile;
   Clock& clock;
+  Machine& machine;
   Console& console;
   std::string homeFolder;  ///< Where the executable lies, without a "\" at its end.
 };

@@ -33,12 +33,6 @@ std::string_view TrimBlanks(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
 }
 
-bool SameName(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [&](char x, char y) { return lower(x) == lower(y); });
-}
-
 /// The lines of `text`, each with its line end (CR LF, LF or CR).
 std::vector<std::string_view> SplitLines(std::string_view text) {
   std::vector<std::string_view> lines;
@@ -76,7 +70,7 @@ std::optional<Place> Find(const std::vector<std::string_view>& lines, std::strin
                           std::string_view key) {
   const auto isWanted = [&](std::string_view line) {
     const auto name = SectionName(line);
-    return name && SameName(*name, TrimBlanks(section));
+    return name && IsSameIniName(*name, TrimBlanks(section));
   };
   const auto header = std::find_if(lines.begin(), lines.end(), isWanted);
   if (header == lines.end()) return {};
@@ -85,7 +79,7 @@ std::optional<Place> Find(const std::vector<std::string_view>& lines, std::strin
   for (place.end = place.header + 1; place.end < lines.size(); ++place.end) {
     if (SectionName(lines[place.end])) break;
     const auto entry = ParseEntry(lines[place.end]);
-    if (!place.key && entry && SameName(entry->name, TrimBlanks(key))) place.key = place.end;
+    if (!place.key && entry && IsSameIniName(entry->name, TrimBlanks(key))) place.key = place.end;
   }
   return place;
 }
@@ -131,7 +125,38 @@ std::string WithValue(std::string_view text, const std::string& section, const s
   return Join(lines, end, end, KeyLine(newName, value));
 }
 
+std::string_view WithoutMark(std::string_view text) {
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  return text;
+}
+
 }  // namespace
+
+bool IsSameIniName(std::string_view a, std::string_view b) {
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [&](char x, char y) { return lower(x) == lower(y); });
+}
+
+std::vector<IniLine> ListIniLines(std::string_view text) {
+  std::vector<IniLine> listed;
+  std::size_t number = 0;
+  for (const std::string_view line : SplitLines(WithoutMark(text))) {
+    ++number;
+    const std::string_view content = TrimBlanks(line);
+    if (content.empty() || content.starts_with(';')) continue;
+    const auto section = SectionName(line);
+    const auto entry = ParseEntry(line);
+    if (section) {
+      listed.push_back({number, IniLine::Kind::kSection, std::string(*section)});
+    } else if (entry) {
+      listed.push_back({number, IniLine::Kind::kEntry, std::string(entry->name)});
+    } else {
+      listed.push_back({number, IniLine::Kind::kMeaningless, {}});
+    }
+  }
+  return listed;
+}
 
 std::string IniProfileFile::Read(const std::string& path, const std::string& section, const std::string& key,
                                  const std::string& fallback) const {
@@ -141,9 +166,7 @@ std::string IniProfileFile::Read(const std::string& path, const std::string& sec
   } catch (const SystemError&) {
     return fallback;
   }
-  std::string_view content = text;
-  if (content.starts_with(kByteOrderMark)) content.remove_prefix(kByteOrderMark.size());
-  const auto lines = SplitLines(content);
+  const auto lines = SplitLines(WithoutMark(text));
   const auto place = Find(lines, section, key);
   if (!place || !place->key) return fallback;
   return std::string(WithoutQuotes(ParseEntry(lines[*place->key])->value));

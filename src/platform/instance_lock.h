@@ -21,4 +21,7 @@ class InstanceLock {
   std::unique_ptr<State> state_;
 };
 
+/// Whether a living process serves the folder. Only looks: nothing is marked, and nothing stays behind.
+bool IsFolderServed(const std::string& programFolder);
+
 }  // namespace orvenza

@@ -4,8 +4,23 @@
 
 #include "core/catalogue.h"
 #include "core/create_all_dirs.h"
+#include "core/text.h"
 
 namespace orvenza {
+namespace {
+
+/// Whether `folder` is `parent` or lies below it; both end in "\", an empty `parent` holds nothing.
+bool LiesIn(const std::string& folder, const std::string& parent) {
+  return !parent.empty() &&
+         ToUpperAscii(SettingsPath(folder)).starts_with(ToUpperAscii(SettingsPath(parent)));
+}
+
+}  // namespace
+
+bool HistoricHoldsTickets(const AppSettings& settings, const std::string& appPath) {
+  return LiesIn(settings.TicketFolder + "inproces\\", settings.HistoricFolder) ||
+         LiesIn(appPath + "\\", settings.HistoricFolder);
+}
 
 void RotateHistoricFolder(Folders& folders, const Clock& clock, Journals& journals, AppSettings& settings) {
   const std::string historic = settings.HistoricFolder;

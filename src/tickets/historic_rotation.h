@@ -1,11 +1,18 @@
 #pragma once
 
+#include <string>
+
 #include "core/journals.h"
 #include "core/settings.h"
 #include "platform/clock.h"
 #include "platform/folders.h"
 
 namespace orvenza {
+
+/// Whether the historic folder is one in which tickets are looked for, or lies above the ticket folder or the
+/// program folder `appPath` (without a "\" at its end). Printed tickets put there would be taken for new
+/// ones, and its rotation would carry waiting ones away, so it must not be used.
+bool HistoricHoldsTickets(const AppSettings& settings, const std::string& appPath);
 
 /// Gives the historic folder the date of its newest ticket when that is not today's, and makes it again
 /// empty. A missing folder is left missing; an empty one gets the date zero. Where the folder cannot be made

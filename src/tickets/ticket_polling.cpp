@@ -24,6 +24,16 @@ std::string NameOf(const std::string& entry) { return entry.substr(kStampLength)
 
 }  // namespace
 
+bool AsksToQuit(const Files& files, const std::string& commandFile) {
+  LineReader reader(std::make_unique<TextBytes>(ReadWhole(files, commandFile, kLongestCommand)));
+  std::string line;
+  reader.ReadLine(line);
+  if (line.size() == kLongestCommand) return false;
+  const std::string command = ToUpperAscii(Trim(line));
+  // An empty first line is a request to quit too, deliberately.
+  return command.empty() || command == "QUIT";
+}
+
 TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
                              PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
                              ClockCorrection& clockCorrection, TicketSplitter& splitter,
@@ -89,15 +99,7 @@ std::size_t TicketPolling::CountWaitingTickets() {
 }
 
 bool TicketPolling::QuitAsked() {
-  if (!files_.Exists(settings_.CommandFilePath)) return false;
-  LineReader reader(
-      std::make_unique<TextBytes>(ReadWhole(files_, settings_.CommandFilePath, kLongestCommand)));
-  std::string line;
-  reader.ReadLine(line);
-  if (line.size() == kLongestCommand) return false;
-  const std::string command = ToUpperAscii(Trim(line));
-  // An empty first line is a request to quit too, deliberately.
-  return command.empty() || command == "QUIT";
+  return files_.Exists(settings_.CommandFilePath) && AsksToQuit(files_, settings_.CommandFilePath);
 }
 
 void TicketPolling::Quit() {

@@ -19,6 +19,7 @@ constexpr int kWidestMessage = 10800;
 constexpr int kMessageStep = 300;
 
 constexpr int kNarrowestChoice = 5400;
+constexpr int kWidestChoice = 10800;
 constexpr int kParagraphGap = 150;
 constexpr int kFrameTop = 210;
 constexpr int kOptionMark = 345;  ///< The circle of an option and the gap behind it.
@@ -96,7 +97,7 @@ ChoiceLayout LayOutChoice(const ChoiceParts& parts, int dpi, Extent screen) {
   int width = std::max(parts.heading(kNoLimit).width, parts.text(kNoLimit).width);
   for (const TextMeasure& option : parts.options)
     width = std::max(width, option(kNoLimit).width + besideOption);
-  const int widest = Widest(screen) - 2 * margin;
+  const int widest = std::min(px(kWidestChoice), Widest(screen)) - 2 * margin;
   width = std::min(std::max(width, px(kNarrowestChoice) - 2 * margin), widest);
 
   ChoiceLayout layout;

@@ -68,7 +68,8 @@ struct ChoiceLayout {
   Box button;
 };
 
-/// Heading, text, framed options and button below each other, as wide as the longest of the texts wants.
+/// Heading, text, framed options and button below each other, as wide as the longest of the texts wants;
+/// texts that would make the form too wide to be read at a glance are broken.
 ChoiceLayout LayOutChoice(const ChoiceParts& parts, int dpi, Extent screen);
 
 struct PortParts {

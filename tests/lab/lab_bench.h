@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "lab/commands.h"
+#include "lab/fake_machine.h"
 #include "platform/ini_profile_file.h"
 #include "simulator/virtual_clock.h"
 #include "support/memory_files.h"
@@ -24,11 +25,12 @@ class LabBench {
   SystemFolders folders;
   IniProfileFile profile{files};
   VirtualClock clock;
+  FakeMachine machine;
   std::istringstream in;
   std::ostringstream out;
   std::ostringstream err;
   Console console{in, out, err};
-  LabSurroundings surroundings{files, folders, profile, clock, console, "home"};
+  LabSurroundings surroundings{files, folders, profile, clock, machine, console, "home"};
 
  private:
   std::vector<Command> commands_;

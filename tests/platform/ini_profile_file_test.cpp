@@ -187,5 +187,30 @@ TEST(IniProfileFile, AWriteThatFailsIsReported) {
             "61 Disk full ( " + kPath + " )");
 }
 
+std::string Listed(std::string_view text) {
+  std::string listed;
+  for (const IniLine& line : ListIniLines(text)) {
+    const char* kinds[] = {"section", "entry", "meaningless"};
+    listed += std::to_string(line.number) + " " + kinds[static_cast<int>(line.kind)] + " " + line.name + "\n";
+  }
+  return listed;
+}
+
+TEST(ListIniLines, TellsWhatEachLineIs) {
+  EXPECT_EQ(Listed("\xEF\xBB\xBF[ A ]\r\n; no = line\n\n key = 1\rgarbage\n=note\n[B"),
+            "1 section A\n"
+            "4 entry key\n"
+            "5 meaningless \n"
+            "6 entry \n"
+            "7 section B\n");
+  EXPECT_EQ(Listed(""), "");
+}
+
+TEST(ListIniLines, ComparesNamesWithoutRegardToCase) {
+  EXPECT_TRUE(IsSameIniName("ComPort", "COMPORT"));
+  EXPECT_FALSE(IsSameIniName("ComPort", "ComPor"));
+  EXPECT_FALSE(IsSameIniName("ComPort", "ComPortX"));
+}
+
 }  // namespace
 }  // namespace orvenza::test

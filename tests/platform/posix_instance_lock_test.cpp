@@ -53,5 +53,15 @@ TEST(InstanceLock, AFolderThatCannotBeMarkedIsFree) {
   EXPECT_TRUE(InstanceLock("Z:\\shop").Acquired());
 }
 
+TEST(IsFolderServed, SeesALockWithoutTakingOne) {
+  const TempFolder folder;
+  EXPECT_FALSE(IsFolderServed(folder.Path()));
+  EXPECT_TRUE(AnotherProcessGets(folder.Path()));
+  const InstanceLock lock(folder.Path());
+  EXPECT_TRUE(IsFolderServed(folder.Path()));
+  EXPECT_FALSE(IsFolderServed(folder.Path("none")));
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Native("")));
+}
+
 }  // namespace
 }  // namespace orvenza::test

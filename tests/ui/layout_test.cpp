@@ -256,6 +256,17 @@ TEST(ChoiceLayout, LeavesEachOptionRoomForItsMarkAndText) {
   }
 }
 
+TEST(ChoiceLayout, BreaksWhatWouldMakeItTooWide) {
+  const std::string heading = LoadMessage(124) + " 1;" + std::string(30, 'a') + " " + std::string(40, 'b');
+  for (const int dpi : kResolutions) {
+    const ChoiceParts parts = Choice(heading, LoadMessage(149), dpi, true);
+    const ChoiceLayout layout = LayOutChoice(parts, dpi, {1920 * dpi / 96, 1080 * dpi / 96});
+    EXPECT_EQ(layout.form.width, Pixels(10800, dpi)) << dpi;
+    EXPECT_EQ(layout.heading.height, 2 * Typeface(18, dpi).LineHeight()) << dpi;
+    EXPECT_TRUE(LieApart(BoxesOf(layout), layout.form)) << dpi;
+  }
+}
+
 TEST(ChoiceLayout, BreaksWhatIsWiderThanTheScreen) {
   const std::string line =
       LoadMessage(124) + " 1;" + std::string(24, 'a') + " " + std::string(27, 'b') + "...";

@@ -6,6 +6,7 @@
 
 #include "core/catalogue.h"
 #include "ui/windows/names.h"
+#include "windows/person.h"
 #include "windows/till.h"
 
 namespace orvenza::test {
@@ -51,7 +52,7 @@ TEST_F(MessageTest, StandsInTheMiddleInFrontOfEverything) {
 }
 
 TEST_F(MessageTest, HasItsButtonsInARowOfFixedPlaces) {
-  const auto px = [](int units) { return (units * 96 + 720) / 1440; };
+  const auto px = [dpi = ScreenDpi()](int units) { return (units * dpi + 720) / 1440; };
   RECT client{};
   GetClientRect(form, &client);
   for (int i = 1; i <= 3; ++i) {

@@ -5,6 +5,7 @@
 #include "core/catalogue.h"
 #include "core/version.h"
 #include "ui/windows/names.h"
+#include "windows/person.h"
 #include "windows/till.h"
 
 namespace orvenza::test {

@@ -10,6 +10,8 @@
 
 #include "platform/windows/wide.h"
 #include "ui/windows/names.h"
+#include "windows/person.h"
+#include "windows/picture.h"
 
 namespace orvenza::test {
 namespace {
@@ -38,38 +40,12 @@ PROCESS_INFORMATION Start(const std::wstring& options, HANDLE output) {
   return process;
 }
 
-std::wstring ClassOf(HWND window) {
-  wchar_t name[64] = L"";
-  GetClassNameW(window, name, 64);
-  return name;
-}
-
 NOTIFYICONDATAA IconOf(HWND owner) {
   NOTIFYICONDATAA record{};
   record.cbSize = NOTIFYICONDATAA_V1_SIZE;
   record.hWnd = owner;
   record.uID = 1;
   return record;
-}
-
-/// What the keyboard and the mouse mean to the thread of `window`.
-GUITHREADINFO StateOf(HWND window) {
-  GUITHREADINFO state{};
-  state.cbSize = sizeof state;
-  GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &state);
-  return state;
-}
-
-void ClickAt(LONG x, LONG y) {
-  INPUT input{};
-  input.type = INPUT_MOUSE;
-  // In parts of a screen that is 65536 wide and high.
-  input.mi.dx = MulDiv(x, 65536, GetSystemMetrics(SM_CXSCREEN));
-  input.mi.dy = MulDiv(y, 65536, GetSystemMetrics(SM_CYSCREEN));
-  for (const DWORD button : {DWORD{0}, DWORD{MOUSEEVENTF_LEFTDOWN}, DWORD{MOUSEEVENTF_LEFTUP}}) {
-    input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | button;
-    SendInput(1, &input, sizeof input);
-  }
 }
 
 struct Search {
@@ -85,14 +61,6 @@ BOOL CALLBACK LookAt(HWND window, LPARAM parameter) {
   if (process != search.process || !search.fits(window)) return TRUE;
   search.found = window;
   return FALSE;
-}
-
-void Send(WORD key, DWORD flags) {
-  INPUT input{};
-  input.type = INPUT_KEYBOARD;
-  input.ki.wVk = key;
-  input.ki.dwFlags = flags;
-  SendInput(1, &input, sizeof input);
 }
 
 }  // namespace
@@ -173,9 +141,9 @@ HWND Till::Form(const wchar_t* className) const {
   const std::string what = ToUtf8(className) + " with the focus";
   Await(what.c_str(), [&] {
     form = FormNow(className);
-    return form != nullptr && IsWindowEnabled(form) && GetForegroundWindow() == form &&
-           FocusOf(form) != nullptr && IsChild(form, FocusOf(form));
+    return IsReady(form);
   });
+  TakePicture(form);
   return form;
 }
 
@@ -245,6 +213,7 @@ HWND Till::MenuNow() const {
 HWND Till::AwaitMenu() const {
   const HWND main = Main();
   Await("the menu", [&] { return MenuNow() != nullptr && (StateOf(main).flags & GUI_INMENUMODE) != 0; });
+  TakePicture(MenuNow());
   return MenuNow();
 }
 
@@ -291,44 +260,5 @@ ProgramRun RunProgram(const std::string& options) {
   GetExitCodeProcess(process.Get(), &run.exitCode);
   return run;
 }
-
-std::string TextOf(HWND window) {
-  std::wstring text(1024, L'\0');
-  text.resize(static_cast<std::size_t>(
-      SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
-  return ToUtf8(text);
-}
-
-std::string TextOf(HWND form, int id) { return TextOf(GetDlgItem(form, id)); }
-
-HWND FocusOf(HWND form) { return StateOf(form).hwndFocus; }
-
-int FocusedId(HWND form) { return GetDlgCtrlID(FocusOf(form)); }
-
-RECT PlaceOf(HWND form, int id) {
-  RECT place{};
-  GetWindowRect(GetDlgItem(form, id), &place);
-  MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&place), 2);
-  return place;
-}
-
-void Press(WORD key) {
-  Send(key, 0);
-  Send(key, KEYEVENTF_KEYUP);
-}
-
-void PressWithAlt(WORD key) {
-  Send(VK_MENU, 0);
-  Press(key);
-  Send(VK_MENU, KEYEVENTF_KEYUP);
-}
-
-void Click(HWND form, int id) {
-  RECT place{};
-  GetWindowRect(GetDlgItem(form, id), &place);
-  ClickAt((place.left + place.right) / 2, (place.top + place.bottom) / 2);
-}
-
-void CloseByCross(HWND form) { PostMessageW(form, WM_SYSCOMMAND, SC_CLOSE, 0); }
 
 }  // namespace orvenza::test

@@ -95,22 +95,4 @@ struct ProgramRun {
 /// Runs the program with `options` that it ends with by itself.
 ProgramRun RunProgram(const std::string& options);
 
-/// The text of a window, or a control, of any program.
-std::string TextOf(HWND window);
-std::string TextOf(HWND form, int id);
-/// The control with the focus in the program of `form`.
-HWND FocusOf(HWND form);
-int FocusedId(HWND form);
-
-/// The place of a control in its form's form units at 96 pixels an inch.
-RECT PlaceOf(HWND form, int id);
-
-/// As with a finger: the key goes to whoever has the keyboard now.
-void Press(WORD key);
-void PressWithAlt(WORD key);
-/// The left button of the mouse, on the control's middle.
-void Click(HWND form, int id);
-/// The cross of the title bar.
-void CloseByCross(HWND form);
-
 }  // namespace orvenza::test

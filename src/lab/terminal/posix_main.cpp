@@ -7,6 +7,7 @@
 #include <iostream>
 
 #include "lab/commands.h"
+#include "lab/posix/posix_machine.h"
 #include "platform/ini_profile_file.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
@@ -33,8 +34,9 @@ int main(int argc, char** argv) {
   PosixFolders folders;
   IniProfileFile profile(files);
   PosixClock clock;
+  PosixMachine machine;
   Console console{std::cin, std::cout, std::cerr, ::isatty(STDOUT_FILENO) != 0 && WantsColours(),
                   ::isatty(STDERR_FILENO) != 0};
-  LabSurroundings surroundings{files, folders, profile, clock, console, HomeFolder()};
+  LabSurroundings surroundings{files, folders, profile, clock, machine, console, HomeFolder()};
   return RunLab({argv + 1, argv + argc}, Commands(), surroundings);
 }

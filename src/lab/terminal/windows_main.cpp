@@ -5,6 +5,7 @@
 
 #include "lab/commands.h"
 #include "lab/windows/console_mode.h"
+#include "lab/windows/windows_machine.h"
 #include "platform/windows/program_place.h"
 #include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_files.h"
@@ -28,9 +29,10 @@ int main() {
   WindowsFolders folders;
   WindowsProfileFile profile;
   WindowsClock clock;
+  WindowsMachine machine;
   Console console{std::cin, std::cout, std::cerr, mode.ShowsColours() && WantsColours(),
                   mode.ErrorIsConsole()};
-  LabSurroundings surroundings{files, folders, profile, clock, console, HomeFolder()};
+  LabSurroundings surroundings{files, folders, profile, clock, machine, console, HomeFolder()};
   const int status = RunLab(CommandWords(), Commands(), surroundings);
   std::cout.flush();  // before the console is put back as it was
   return status;

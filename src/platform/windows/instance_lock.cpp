@@ -62,4 +62,13 @@ InstanceLock::~InstanceLock() = default;
 
 bool InstanceLock::Acquired() const { return !state_->taken; }
 
+bool IsFolderServed(const std::string& programFolder) {
+  try {
+    const ObjectHandle mutex(::OpenMutexW(SYNCHRONIZE, FALSE, MutexName(programFolder).c_str()));
+    return mutex.Valid() || ::GetLastError() == ERROR_ACCESS_DENIED;
+  } catch (const SystemError&) {
+    return false;
+  }
+}
+
 }  // namespace orvenza

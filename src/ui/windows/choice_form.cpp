@@ -1,5 +1,7 @@
 #include "ui/windows/choice_form.h"
 
+#include <algorithm>
+
 #include "ui/windows/dpi.h"
 #include "ui/windows/names.h"
 
@@ -21,9 +23,12 @@ ChoiceForm::ChoiceForm(Desk& desk, const ChoiceContent& content)
 
 void ChoiceForm::AddOptions(const ChoiceContent& content) {
   for (const std::string& option : content.options) {
-    const bool first = options_ == 0;
-    const DWORD style = BS_AUTORADIOBUTTON | BS_MULTILINE | (first ? WS_GROUP | WS_TABSTOP : 0U);
-    AddControl(L"BUTTON", option, style, kOption1 + ++options_, TextKind::kControl);
+    const bool first = ++options_ == 1;
+    // Tab stops at the selected option only: it selects the option that it stops at.
+    const bool stop = options_ == std::max(content.selected, 1);
+    const DWORD style =
+        BS_AUTORADIOBUTTON | BS_MULTILINE | (first ? WS_GROUP : 0U) | (stop ? WS_TABSTOP : 0U);
+    AddControl(L"BUTTON", option, style, kOption1 + options_, TextKind::kControl);
     if (options_ == content.selected) SendMessageW(Control(kOption1 + options_), BM_SETCHECK, BST_CHECKED, 0);
   }
   AddControl(L"BUTTON", {}, BS_GROUPBOX | WS_GROUP, kFrame1, TextKind::kControl);

@@ -1,0 +1,148 @@
+#include "lab/program_findings.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "core/journals.h"
+#include "core/text.h"
+#include "lab/wording.h"
+#include "platform/system_error.h"
+#include "tickets/line_reader.h"
+#include "tickets/ticket_polling.h"
+
+namespace orvenza {
+namespace {
+
+constexpr std::uintmax_t kNearRotation = Journals::kRotationSize / 10 * 9;
+
+std::string NameOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
+
+/// What every line of today's begins with: the part of a stamp that three times of the day have in common.
+std::string StampOfToday(const Installation& shop) {
+  std::string common;
+  for (const int hour : {3, 12, 21}) {
+    LocalTime time = shop.now;
+    time.hour = hour;
+    const std::string stamp = shop.clock.Stamp(time);
+    if (common.empty()) common = stamp;
+    const auto end = std::mismatch(common.begin(), common.end(), stamp.begin(), stamp.end()).first;
+    common.erase(end, common.end());
+  }
+  return common;
+}
+
+std::size_t CountLinesOfToday(const Installation& shop, const std::string& path) {
+  const std::string today = StampOfToday(shop);
+  std::size_t count = 0;
+  LineReader reader(shop.files.OpenForReading(path));
+  for (std::string line; reader.ReadLine(line);) {
+    if (line.starts_with(today)) ++count;
+  }
+  return count;
+}
+
+void AddLog(Findings& findings, const Installation& shop, const std::string& path) {
+  if (!shop.files.Exists(path)) return;
+  if (!shop.machine.MayWrite(path)) {
+    findings.push_back({Severity::kWarning, "log.readonly", NameOf(path) + " cannot be written to.",
+                        "Give the user of the till the right to write it; clear its read-only mark."});
+  }
+  const std::uintmax_t size = shop.files.Size(path);
+  if (size <= kNearRotation) return;
+  const std::string copy = path.substr(0, path.size() - 3) + "Bak";
+  findings.push_back({Severity::kNote, "log.rotation",
+                      NameOf(path) + " has " + SizeText(size) + "; above " +
+                          SizeText(Journals::kRotationSize) + " it becomes " + NameOf(copy) +
+                          ", and what was there is gone."});
+}
+
+void AddErrorsOfToday(Findings& findings, const Installation& shop) {
+  const std::string path = shop.paths.AppPath + "\\Err.txt";
+  const std::size_t count = shop.files.Exists(path) ? CountLinesOfToday(shop, path) : 0;
+  if (count == 0) return;
+  findings.push_back({Severity::kWarning, "log.errors-today",
+                      CountOf(count, "line") + " of today in Err.txt.",
+                      "Read them; docs/manuale-operatore.md says what they mean."});
+}
+
+void AddLogs(Findings& findings, const Installation& shop) {
+  const std::string& app = shop.paths.AppPath;
+  for (const char* name : {"\\Log.txt", "\\Err.txt"}) {
+    try {
+      AddLog(findings, shop, app + name);
+    } catch (const SystemError&) {
+      // Gone since it was found.
+    }
+  }
+  try {
+    AddErrorsOfToday(findings, shop);
+  } catch (const SystemError&) {
+    findings.push_back({Severity::kWarning, "log.unreadable", "Err.txt cannot be read.",
+                        "Close the program that keeps it open, or give this user the right to read it."});
+  }
+  if (shop.files.Exists(app + "\\error.txt")) {
+    findings.push_back(
+        {Severity::kNote, "log.fallback",
+         "error.txt holds errors from before the settings were read, or that Err.txt did not take."});
+  }
+  const bool isQuiet = std::none_of(findings.begin(), findings.end(),
+                                    [](const Finding& finding) { return finding.code.starts_with("log."); });
+  if (isQuiet) findings.push_back({Severity::kOk, "log.ok", "The logs can be written; no error of today."});
+}
+
+void AddCommandFile(Findings& findings, const Installation& shop) {
+  const std::string path = shop.paths.AppPath + "\\command.txt";
+  if (!shop.files.Exists(path)) return;
+  try {
+    if (!AsksToQuit(shop.files, path)) {
+      findings.push_back({Severity::kNote, "command.other",
+                          "command.txt is there, but does not ask the connector to end; it is left alone."});
+    } else if (shop.isServed) {
+      findings.push_back({Severity::kWarning, "command.quit",
+                          "command.txt asks the running connector to end.", "Start it again."});
+    } else {
+      findings.push_back({Severity::kError, "command.quit",
+                          "command.txt is there, which ends the connector right after its next start.",
+                          "Delete command.txt, and see why the host program wrote it."});
+    }
+  } catch (const SystemError&) {
+    findings.push_back({Severity::kWarning, "command.unreadable", "command.txt cannot be read.",
+                        "Delete command.txt, or close the program that keeps it open."});
+  }
+}
+
+void AddInstance(Findings& findings, const Installation& shop) {
+  if (shop.isServed) {
+    findings.push_back({Severity::kNote, "instance.running",
+                        "The connector runs on this folder; a second start is refused."});
+  } else {
+    findings.push_back({Severity::kOk, "instance.none", "No connector runs on this folder."});
+  }
+}
+
+void AddTexts(Findings& findings, const Installation& shop) {
+  if (shop.files.Exists(shop.paths.ErrDesc())) return;
+  findings.push_back({Severity::kNote, "texts.missing", "ErrDesc.ini is missing; the next start writes it."});
+}
+
+void AddIniRights(Findings& findings, const Installation& shop) {
+  if (!shop.files.Exists(shop.paths.Ini()) || shop.machine.MayWrite(shop.paths.Ini())) return;
+  findings.push_back(
+      {Severity::kWarning, "settings.readonly",
+       NameOf(shop.paths.Ini()) + " cannot be written to: the port dialog and repairs have no effect.",
+       "Give the user of the till the right to write it; clear its read-only mark."});
+}
+
+}  // namespace
+
+Findings FindInProgram(const Installation& shop) {
+  Findings findings;
+  AddInstance(findings, shop);
+  AddCommandFile(findings, shop);
+  AddIniRights(findings, shop);
+  AddTexts(findings, shop);
+  AddLogs(findings, shop);
+  return findings;
+}
+
+}  // namespace orvenza

@@ -1,0 +1,166 @@
+#include "lab/settings_lines.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+
+#include "core/text.h"
+#include "lab/arguments.h"
+#include "lab/wording.h"
+
+namespace orvenza {
+namespace {
+
+constexpr std::size_t kMostNumbers = 5;
+
+/// The names that a settings file may hold.
+class KnownNames {
+ public:
+  explicit KnownNames(const std::vector<RecordingProfile::Value>& defaults) : defaults_(defaults) {}
+
+  /// All sections, or the keys of one.
+  std::vector<std::string> Sections() const {
+    std::vector<std::string> names;
+    for (const auto& value : defaults_) {
+      if (names.empty() || names.back() != value.section) names.push_back(value.section);
+    }
+    return names;
+  }
+  std::vector<std::string> Keys(const std::string& section) const {
+    std::vector<std::string> names;
+    for (const auto& value : defaults_) {
+      if (IsSameIniName(value.section, section)) names.push_back(value.key);
+    }
+    return names;
+  }
+  /// The section that `key` belongs in; "" for none.
+  std::string SectionOf(const std::string& key) const {
+    const auto found = std::find_if(defaults_.begin(), defaults_.end(),
+                                    [&](const auto& value) { return IsSameIniName(value.key, key); });
+    return found == defaults_.end() ? std::string() : found->section;
+  }
+
+ private:
+  const std::vector<RecordingProfile::Value>& defaults_;
+};
+
+bool Holds(const std::vector<std::string>& names, const std::string& name) {
+  return std::any_of(names.begin(), names.end(), [&](const auto& n) { return IsSameIniName(n, name); });
+}
+
+std::string At(const IniLine& line, const char* what) {
+  return "Line " + std::to_string(line.number) + ": " + what + Quoted(ToUtf8(line.name));
+}
+
+/// A hint ends in a question mark, which closes the sentence.
+std::string Sentence(const std::string& text, const std::string& hint) {
+  return text + (hint.empty() ? "." : hint);
+}
+
+/// Goes through the lines in their order, as the connector looks for its keys.
+class LineWalk {
+ public:
+  LineWalk(const KnownNames& known, Findings& findings) : known_(known), findings_(findings) {}
+
+  void Take(const IniLine& line) {
+    if (line.kind == IniLine::Kind::kSection) {
+      TakeSection(line);
+    } else if (line.kind == IniLine::Kind::kEntry && section_) {
+      if (isRead_) TakeEntry(line);
+    } else {
+      meaningless_.push_back(line.number);
+    }
+  }
+
+  void End() {
+    if (meaningless_.empty()) return;
+    std::string numbers;
+    for (std::size_t i = 0; i < std::min(meaningless_.size(), kMostNumbers); ++i) {
+      numbers += (i == 0 ? "" : ", ") + std::to_string(meaningless_[i]);
+    }
+    if (meaningless_.size() > kMostNumbers) {
+      numbers += " and " + std::to_string(meaningless_.size() - kMostNumbers) + " more";
+    }
+    Add("settings.line",
+        "No section, and no key of one, stands in " +
+            std::string(meaningless_.size() == 1 ? "line " : "lines ") + numbers + ".",
+        "Remove what is no setting, or begin a remark with \";\".");
+  }
+
+ private:
+  void TakeSection(const IniLine& line) {
+    section_ = line.name;
+    const std::string is = At(line, "section ");
+    isRead_ = false;
+    if (!Holds(known_.Sections(), line.name)) {
+      Add("settings.unknown", Sentence(is + " is never read", Hint(line.name, known_.Sections())),
+          "Correct its name, or remove it.");
+    } else if (!sections_.insert(ToUpperAscii(line.name)).second) {
+      Add("settings.duplicate", is + " is there already; what follows is never read.",
+          "Move its keys to the first section of that name.");
+    } else {
+      isRead_ = true;
+    }
+  }
+
+  void TakeEntry(const IniLine& line) {
+    const std::string is = At(line, "");
+    if (!Holds(known_.Keys(*section_), line.name)) {
+      const std::string fact = is + " is no key of [" + *section_ + "]";
+      const std::string place = known_.SectionOf(line.name);
+      Add("settings.unknown",
+          place.empty() ? Sentence(fact, Hint(line.name, known_.Keys(*section_)))
+                        : fact + "; it belongs in [" + place + "].",
+          "Correct it, or remove it.");
+    } else if (!keys_.insert(ToUpperAscii(*section_) + "\n" + ToUpperAscii(line.name)).second) {
+      Add("settings.duplicate", is + " is there already; this one is never read.", "Remove one of them.");
+    }
+  }
+
+  void Add(const char* code, std::string fact, std::string remedy) {
+    findings_.push_back({Severity::kWarning, code, std::move(fact), std::move(remedy)});
+  }
+
+  const KnownNames& known_;
+  Findings& findings_;
+  std::optional<std::string> section_;
+  bool isRead_ = false;  // the section that the walk is in
+  std::set<std::string> sections_;
+  std::set<std::string> keys_;
+  std::vector<std::size_t> meaningless_;
+};
+
+std::optional<Finding> OfCharacters(std::string_view content) {
+  const std::string remedy = "Save the file as plain text (ANSI).";
+  if (content.starts_with("\xFF\xFE") || content.starts_with("\xFE\xFF")) {
+    return Finding{Severity::kWarning, "settings.encoding", "The settings are saved as UTF-16.", remedy};
+  }
+  if (content.starts_with("\xEF\xBB\xBF")) {
+    return Finding{Severity::kWarning, "settings.encoding",
+                   "The settings begin with a byte-order mark, behind which Windows does not find the first "
+                   "section.",
+                   remedy};
+  }
+  if (content.find('\0') != std::string_view::npos) {
+    return Finding{Severity::kWarning, "settings.encoding",
+                   "The settings hold characters with the code 0, as a damaged file does.",
+                   "Restore the file from a copy."};
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+Findings FindInLines(const SettingsReview& review) {
+  Findings findings;
+  if (auto finding = OfCharacters(review.content)) findings.push_back(std::move(*finding));
+  // Line by line, a file in two-byte characters is nothing but noise.
+  if (review.content.starts_with("\xFF\xFE") || review.content.starts_with("\xFE\xFF")) return findings;
+  const KnownNames known(review.defaults);
+  LineWalk walk(known, findings);
+  for (const IniLine& line : review.lines) walk.Take(line);
+  walk.End();
+  return findings;
+}
+
+}  // namespace orvenza

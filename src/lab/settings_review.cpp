@@ -1,0 +1,160 @@
+#include "lab/settings_review.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "core/journals.h"
+#include "core/text.h"
+#include "platform/system_error.h"
+
+namespace orvenza {
+namespace {
+
+/// Files in which there is nothing and nothing is ever put, whatever the caller is told.
+class NoFiles : public Files {
+ public:
+  bool Exists(const std::string&) const override { return false; }
+  std::uintmax_t Size(const std::string& path) const override { Refuse(path); }
+  std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const override { Refuse(path); }
+  void Append(const std::string&, std::string_view) override {}
+  void Write(const std::string& path, std::string_view) override { Refuse(path); }
+  void Copy(const std::string& from, const std::string&) override { Refuse(from); }
+  void Move(const std::string&, const std::string&) override {}
+  void Remove(const std::string& path) override { Refuse(path); }
+  void ClearAttributes(const std::string& path) override { Refuse(path); }
+
+ private:
+  [[noreturn]] static void Refuse(const std::string& path) {
+    throw SystemError(error_number::kPathFileAccess, path);
+  }
+};
+
+/// The connector's settings file on a profile that only records.
+class DryRun {
+ public:
+  DryRun(RecordingProfile& profile, Clock& clock, const ProgramPaths& paths)
+      : journals_(files_, clock, settings, paths.AppPath), file(profile, files_, journals_, paths) {}
+
+  AppSettings settings;
+
+ private:
+  NoFiles files_;
+  Journals journals_;
+
+ public:
+  SettingsFile file;
+};
+
+std::string FlagText(bool on) { return on ? "1" : "0"; }
+
+std::string NumberText(double number) {
+  std::array<char, 400> digits{};
+  const auto end = std::to_chars(digits.begin(), digits.end(), number, std::chars_format::fixed);
+  return {digits.data(), end.ptr};
+}
+
+/// Where the value of a key ends up, as it could stand in the file.
+struct UsedValue {
+  const char* key;
+  std::string (*text)(const AppSettings& settings);
+};
+
+constexpr UsedValue kUsedValues[] = {
+    {"TicketFiles", [](const AppSettings& s) { return s.TicketFilesSpec; }},
+    {"HistoricTickets", [](const AppSettings& s) { return s.HistoricFolder; }},
+    {"ComPort", [](const AppSettings& s) { return std::to_string(s.ComPortNumber); }},
+    {"Settings", [](const AppSettings& s) { return s.ComSettings; }},
+    {"FrameRetry", [](const AppSettings& s) { return std::to_string(s.FrameRetry); }},
+    {"TimeWaitForAck", [](const AppSettings& s) { return std::to_string(s.TimeWaitForAck); }},
+    {"TimeWaitForEtx", [](const AppSettings& s) { return std::to_string(s.TimeWaitForEtx); }},
+    {"TxMessageRetry", [](const AppSettings& s) { return std::to_string(s.TxMessageRetry); }},
+    {"Ident", [](const AppSettings& s) { return std::string(1, s.Ident); }},
+    {"TimeWaitForLONGEtx", [](const AppSettings& s) { return std::to_string(s.TimeWaitForLONGEtx); }},
+    {"Pc Time Correction", [](const AppSettings& s) { return NumberText(s.PcTimeCorrection); }},
+    {"Time Shift", [](const AppSettings& s) { return NumberText(s.TimeShift); }},
+    {"Separator (ascii,max 127)", [](const AppSettings& s) { return std::to_string(s.SeparatorChar); }},
+    {"Single Quantity", [](const AppSettings& s) { return FlagText(s.SingleQuantity); }},
+    {"File Parser", [](const AppSettings& s) { return FlagText(s.FileParser); }},
+};
+
+/// What there is in `after` that was not in `before`, or not so.
+std::vector<RecordingProfile::Value> Added(const std::vector<RecordingProfile::Value>& before,
+                                           const std::vector<RecordingProfile::Value>& after) {
+  std::vector<RecordingProfile::Value> added;
+  for (const auto& value : after) {
+    const bool isOld = std::any_of(before.begin(), before.end(), [&](const auto& old) {
+      return old.section == value.section && old.key == value.key && old.text == value.text;
+    });
+    if (!isOld) added.push_back(value);
+  }
+  return added;
+}
+
+std::vector<ReviewedKey> ReviewKeys(const RecordingProfile& profile, const SettingsReview& review,
+                                    const AppSettings& usual) {
+  std::vector<ReviewedKey> keys;
+  for (const auto& standard : review.defaults) {
+    const auto used = std::find_if(std::begin(kUsedValues), std::end(kUsedValues),
+                                   [&](const UsedValue& value) { return value.key == standard.key; });
+    const auto asked = std::find_if(profile.AllAsked().begin(), profile.AllAsked().end(), [&](const auto& a) {
+      return a.value.section == standard.section && a.value.key == standard.key;
+    });
+    if (used == std::end(kUsedValues) || asked == profile.AllAsked().end()) continue;
+    keys.push_back({standard.section, standard.key, ToUtf8(asked->value.text), asked->missing,
+                    used->text(review.settings), used->text(usual), standard.text});
+  }
+  return keys;
+}
+
+/// A larger file is no settings file for the connector either.
+std::string ContentOf(const Files& files, const std::string& path) {
+  std::string content = ReadWhole(files, path, IniProfileFile::kLargestFile + 1);
+  if (content.size() > IniProfileFile::kLargestFile) throw SystemError(error_number::kPathFileAccess, path);
+  return content;
+}
+
+}  // namespace
+
+SettingsReview ReviewSettings(const ProfileFile& profile, const Files& files, Clock& clock,
+                              const ProgramPaths& paths) {
+  SettingsReview review;
+  RecordingProfile nothing(nullptr);
+  DryRun usual(nothing, clock, paths);
+  usual.file.WriteDefaultIni();
+  review.defaults = nothing.AllWritten();
+  usual.file.ReadIni(usual.settings);
+
+  RecordingProfile recording(&profile);
+  DryRun start(recording, clock, paths);
+  try {
+    if (files.Exists(paths.Ini())) {
+      review.content = ContentOf(files, paths.Ini());
+      review.lines = ListIniLines(review.content);
+    } else {
+      review.state = SettingsReview::State::kNew;
+      start.file.WriteDefaultIni();
+    }
+  } catch (const SystemError&) {
+    review.state = SettingsReview::State::kUnreadable;
+  }
+  const auto asFound = recording.AllWritten();
+  review.version = ReadProfileValue(recording, paths.Ini(), "Version", "Version");
+  const bool known = start.file.UpgradeIni(start.settings, [] {});
+  if (!known && review.state == SettingsReview::State::kRead) {
+    review.state = SettingsReview::State::kWrongVersion;
+  }
+  const auto upToDate = recording.AllWritten();
+  start.file.ReadIni(start.settings);
+  review.upgraded = Added(asFound, upToDate);
+  review.repaired = Added(upToDate, recording.AllWritten());
+  review.settings = start.settings;
+  review.settings.InProcessFolder = review.settings.TicketFolder + "inproces\\";
+  review.settings.AbortFolder = review.settings.TicketFolder + "abort\\";
+  if (review.state != SettingsReview::State::kUnreadable) {
+    review.keys = ReviewKeys(recording, review, usual.settings);
+  }
+  return review;
+}
+
+}  // namespace orvenza

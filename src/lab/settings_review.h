@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/settings.h"
+#include "lab/recording_profile.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/ini_profile_file.h"
+
+namespace orvenza {
+
+/// One key as the connector reads it.
+struct ReviewedKey {
+  std::string section;
+  std::string key;
+  std::string found;     ///< The text in the file, or else the default of reading; UTF-8.
+  bool missing = false;  ///< The default of reading was used.
+  std::string used;      ///< What the connector makes of it, as it could stand in the file.
+  std::string usual;     ///< The same for the value that a new file is written with.
+  std::string written;   ///< That value itself.
+};
+
+/// What the next start would make of a settings file.
+struct SettingsReview {
+  enum class State {
+    kNew,           ///< There is none; the start writes one with the defaults, as which it is reviewed.
+    kUnreadable,    ///< There is one, but it cannot be read. Nothing below is filled but the settings.
+    kWrongVersion,  ///< The start would end. Below is what would be read if it did not.
+    kRead,
+  };
+
+  State state = State::kRead;
+  std::string version;                            ///< As found.
+  std::string content;                            ///< The file's bytes.
+  std::vector<IniLine> lines;                     ///< What they say.
+  std::vector<RecordingProfile::Value> upgraded;  ///< What bringing it up to date would write.
+  std::vector<RecordingProfile::Value> repaired;  ///< What reading it would write back.
+  std::vector<RecordingProfile::Value> defaults;  ///< Every key that there is, with what a new file holds.
+  std::vector<ReviewedKey> keys;                  ///< In the order of `defaults`, without the version.
+  AppSettings settings;                           ///< As the connector would use them, work folders included.
+};
+
+/// Runs the connector's own reading of the settings, with everything that it would write kept in memory.
+SettingsReview ReviewSettings(const ProfileFile& profile, const Files& files, Clock& clock,
+                              const ProgramPaths& paths);
+
+}  // namespace orvenza

@@ -1,0 +1,131 @@
+#include "lab/ticket_findings.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "lab/wording.h"
+#include "platform/system_error.h"
+#include "tickets/historic_rotation.h"
+
+namespace orvenza {
+namespace {
+
+/// The files of a folder, in numbers.
+struct Contents {
+  std::size_t count = 0;
+  std::uintmax_t bytes = 0;
+  LocalTime oldest;
+  LocalTime newest;
+};
+
+/// Nothing where there is no such folder, or where it cannot be listed.
+std::optional<Contents> ContentsOf(const Installation& shop, const std::string& folder,
+                                   const std::string& mask) {
+  if (folder.empty() || !shop.folders.Exists(folder)) return {};
+  Contents contents;
+  try {
+    for (const FolderEntry& entry : shop.folders.ListFolder(folder + mask)) {
+      if (entry.isFolder) continue;
+      contents.oldest = contents.count == 0 ? entry.modified : std::min(contents.oldest, entry.modified);
+      contents.newest = std::max(contents.newest, entry.modified);
+      contents.bytes += entry.size;
+      ++contents.count;
+    }
+  } catch (const SystemError&) {
+    return {};
+  }
+  return contents;
+}
+
+bool IsOfToday(const Installation& shop, const LocalTime& time) {
+  return DateDigits(time) == DateDigits(shop.now);
+}
+
+std::string Age(const Installation& shop, const LocalTime& time) { return AgeText(shop.now, time); }
+
+void AddWaiting(Findings& findings, const Installation& shop) {
+  const auto waiting = ContentsOf(shop, shop.Settings().TicketFolder, shop.Settings().TicketMask);
+  if (!waiting || waiting->count == 0) return;
+  const std::string fact = CountOf(waiting->count, "ticket") + " in " + shop.Settings().TicketFolder +
+                           " still to be printed, the oldest " + Age(shop, waiting->oldest) + " old.";
+  if (IsOfToday(shop, waiting->oldest)) {
+    findings.push_back({Severity::kNote, "tickets.waiting", fact});
+  } else {
+    findings.push_back({Severity::kWarning, "tickets.old", fact,
+                        "Move away what is not to be printed any more: the next start prints it."});
+  }
+}
+
+void AddInProcess(Findings& findings, const Installation& shop) {
+  const auto left = ContentsOf(shop, shop.Settings().InProcessFolder, shop.Settings().TicketMask);
+  if (!left || left->count == 0) return;
+  const std::string fact = CountOf(left->count, "ticket") + " in " + shop.Settings().InProcessFolder +
+                           ", the oldest " + Age(shop, left->oldest) + " old";
+  if (shop.isServed && left->count == 1) {
+    findings.push_back({Severity::kNote, "inprocess.busy", fact + ": it is being printed."});
+  } else {
+    findings.push_back({Severity::kWarning, "inprocess.leftover",
+                        fact + ": left over from an interrupted run, and printed first by the next start.",
+                        "Compare with the last receipt on paper; move away what is printed already."});
+  }
+}
+
+void AddAborted(Findings& findings, const Installation& shop) {
+  const auto aborted = ContentsOf(shop, shop.Settings().AbortFolder, "*");
+  if (!aborted || aborted->count == 0) return;
+  const std::string fact = CountOf(aborted->count, "receipt") + " given up in " +
+                           shop.Settings().AbortFolder + ", the newest " + Age(shop, aborted->newest) +
+                           " ago.";
+  findings.push_back({IsOfToday(shop, aborted->newest) ? Severity::kWarning : Severity::kNote,
+                      "abort.receipts", fact, "Settle each with the shop: print it anew, or move it away."});
+}
+
+/// Folders that earlier days were renamed to.
+std::size_t EarlierDays(const Installation& shop) {
+  const std::string& historic = shop.Settings().HistoricFolder;
+  try {
+    return shop.folders.ListFolder(historic.substr(0, historic.size() - 1) + "_*").size();
+  } catch (const SystemError&) {
+    return 0;
+  }
+}
+
+void AddHistoric(Findings& findings, const Installation& shop) {
+  const std::string& historic = shop.Settings().HistoricFolder;
+  if (historic.empty()) {
+    findings.push_back({Severity::kNote, "historic.none",
+                        "[Database] HistoricTickets is empty: printed tickets are deleted."});
+    return;
+  }
+  if (HistoricHoldsTickets(shop.Settings(), shop.paths.AppPath)) {
+    findings.push_back(
+        {Severity::kWarning, "historic.off",
+         "The historic folder " + historic +
+             " holds the tickets to be printed, so it is not used: printed tickets are deleted.",
+         "Name a folder of its own in [Database] HistoricTickets, such as " + shop.paths.AppPath +
+             "\\storico\\."});
+    return;
+  }
+  const auto kept = ContentsOf(shop, historic, "*");
+  if (!kept) return;
+  std::string fact =
+      "The historic folder holds " + CountOf(kept->count, "file") + " of " + SizeText(kept->bytes);
+  if (kept->count > 0) fact += ", the oldest " + Age(shop, kept->oldest) + " old";
+  const std::size_t earlier = EarlierDays(shop);
+  if (earlier > 0) fact += "; " + CountOf(earlier, "folder") + " of earlier days beside it";
+  findings.push_back({Severity::kOk, "historic.size", fact + "."});
+}
+
+}  // namespace
+
+Findings FindInTickets(const Installation& shop) {
+  Findings findings;
+  if (shop.review.state == SettingsReview::State::kUnreadable) return findings;
+  AddWaiting(findings, shop);
+  AddInProcess(findings, shop);
+  AddAborted(findings, shop);
+  AddHistoric(findings, shop);
+  return findings;
+}
+
+}  // namespace orvenza

@@ -1,0 +1,114 @@
+#include "lab/diagnosis.h"
+
+#include "core/version.h"
+#include "lab/doctor_command.h"
+#include "lab/shop_bench.h"
+
+namespace orvenza::test {
+namespace {
+
+class Diagnosis : public ShopBench {
+ protected:
+  int Run(std::vector<std::string> words) {
+    words.insert(words.begin(), "doctor");
+    LabSurroundings lab = Lab();
+    return RunLab(words, {DoctorCommand()}, lab);
+  }
+};
+
+TEST_F(Diagnosis, IsATableOfWhatWasFound) {
+  disk.Delete(At("data\\abort"));
+  disk.Put(At("command.txt"), "QUIT");
+  EXPECT_EQ(Run({}), 2);
+  EXPECT_EQ(
+      out.str(),
+      "Orvenza in C:\\Orvenza, 2026-11-16 09:00\n"
+      "\n"
+      "ok       settings.ok           Orvenza.ini is of version 1.06 and used as it stands.\n"
+      "ok       instance.none         No connector runs on this folder.\n"
+      "error    command.quit          command.txt is there, which ends the connector right after its next\n"
+      "                               start.\n"
+      "                            -> Delete command.txt, and see why the host program wrote it.\n"
+      "ok       log.ok                The logs can be written; no error of today.\n"
+      "ok       folder.ok             The program folder C:\\Orvenza\\ can be written to.\n"
+      "ok       folder.ok             The ticket folder C:\\Orvenza\\data\\ can be written to.\n"
+      "ok       folder.ok             The in-process folder C:\\Orvenza\\data\\inproces\\ can be written "
+      "to.\n"
+      "note     folder.missing        The abort folder C:\\Orvenza\\data\\abort\\ is missing; the connector\n"
+      "                               makes it.\n"
+      "ok       folder.ok             The historic folder C:\\Orvenza\\storico\\ can be written to.\n"
+      "ok       space.ok              There is 80.0 GB free for the program folder, ticket folder,\n"
+      "                               in-process folder, abort folder, historic folder.\n"
+      "ok       historic.size         The historic folder holds 0 files of 0 bytes.\n"
+      "ok       control.ok            The link control EcrLinkXControl1.EcrLinkX is registered:\n"
+      "                               C:\\Link\\EcrLinkX.ocx.\n"
+      "ok       port.ok               The serial port COM1 is there.\n"
+      "\n"
+      "1 error, 0 warnings, 1 note, 11 in order. Not ready.\n");
+}
+
+TEST_F(Diagnosis, HasAnExitStatusForItsWorstFinding) {
+  EXPECT_EQ(Run({}), 0);
+  EXPECT_TRUE(out.str().ends_with("0 errors, 0 warnings, 0 notes, 12 in order. Ready.\n"));
+  Edit("ComPort=1", "ComPort=17");
+  EXPECT_EQ(Run({}), 1);
+  EXPECT_TRUE(
+      out.str().ends_with("0 errors, 1 warning, 0 notes, 11 in order. Ready, but see the warnings.\n"));
+  Edit("Version=1.06", "Version=9");
+  EXPECT_EQ(Run({}), 2);
+}
+
+TEST_F(Diagnosis, IsOneJsonObjectOnRequest) {
+  LabSurroundings lab = Lab();
+  const Installation shop = LookAt(lab, "C:\\Orvenza");
+  WriteDiagnosisAsJson(out, shop, {{Severity::kWarning, "some.code", "A \"fact\".", "Do."}, {}});
+  EXPECT_EQ(out.str(),
+            "{\n"
+            "  \"schema\": 1,\n"
+            "  \"version\": \"" +
+                std::string(kVersionText) +
+                "\",\n"
+                "  \"folder\": \"C:\\\\Orvenza\",\n"
+                "  \"time\": \"2026-11-16T09:00:00\",\n"
+                "  \"status\": 1,\n"
+                "  \"error\": 0,\n"
+                "  \"warning\": 1,\n"
+                "  \"note\": 0,\n"
+                "  \"ok\": 1,\n"
+                "  \"findings\": [\n"
+                "    {\"severity\": \"warning\", \"code\": \"some.code\", \"fact\": \"A \\\"fact\\\".\", "
+                "\"remedy\": \"Do.\"},\n"
+                "    {\"severity\": \"ok\", \"code\": \"\", \"fact\": \"\", \"remedy\": \"\"}\n"
+                "  ]\n"
+                "}\n");
+}
+
+TEST_F(Diagnosis, ShowsColoursOnATerminalOnly) {
+  Run({});
+  EXPECT_EQ(out.str().find('\x1b'), std::string::npos);
+  console.colours = true;
+  Run({});
+  EXPECT_NE(out.str().find("\x1b[32mok\x1b[0m       settings.ok  "), std::string::npos);
+}
+
+TEST_F(Diagnosis, RefusesWhatIsNoFolder) {
+  EXPECT_EQ(Run({"--folder", "C:\\none"}), 2);
+  EXPECT_EQ(err.str(), "orvenza-lab: C:\\none is not a folder\n");
+  EXPECT_EQ(Run({"C:\\Orvenza"}), 2);
+  EXPECT_EQ(out.str(), "");
+}
+
+TEST_F(Diagnosis, HasARemedyForWhateverIsNotInOrder) {
+  Edit("Version=1.06", "Version=9");
+  disk.Delete(At("data"));
+  disk.Put(At("command.txt"), "QUIT");
+  machine.readOnly = {At("")};
+  machine.control = {};
+  machine.ports.emplace();
+  for (const Finding& finding : Find()) {
+    EXPECT_EQ(finding.remedy.empty(), finding.severity <= Severity::kNote) << finding.code;
+  }
+}
+
+}  // namespace
+}  // namespace orvenza::test

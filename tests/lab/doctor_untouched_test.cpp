@@ -1,0 +1,58 @@
+// What looks at an installation on a real disk leaves no trace there.
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "lab/doctor_command.h"
+#include "lab/system_machine.h"
+#include "simulator/virtual_clock.h"
+#include "support/system_seams.h"
+#include "support/temp_folder.h"
+
+namespace orvenza::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Every file and folder with its size, its times and its content.
+std::set<std::string> Everything(const TempFolder& folder) {
+  std::set<std::string> all;
+  const auto add = [&](const fs::path& path) {
+    const auto time = fs::last_write_time(path).time_since_epoch().count();
+    const bool isFile = fs::is_regular_file(path);
+    std::ifstream in(path, std::ios::binary);
+    all.insert(path.string() + " " + std::to_string(time) + " " +
+               (isFile ? std::string(std::istreambuf_iterator<char>(in), {}) : "folder"));
+  };
+  add(folder.Native(""));
+  for (const auto& entry : fs::recursive_directory_iterator(folder.Native(""))) add(entry.path());
+  return all;
+}
+
+TEST(Doctor, ChangesNothing) {
+  const TempFolder folder;
+  folder.Write("Orvenza.ini", "[Version]\r\nVersion=1.00\r\n[Com Settings]\r\nComPort=99\r\n");
+  folder.Write("Log.txt", std::string(300'000, 'x'));
+  folder.Write("command.txt", "QUIT");
+  folder.Write("data\\inproces\\1.txt", "4;5;");
+  const std::set<std::string> before = Everything(folder);
+
+  SystemFiles files;
+  SystemFolders folders;
+  SystemProfileFile profile(files);
+  VirtualClock clock;
+  SystemMachine machine;
+  std::istringstream in;
+  std::ostringstream out;
+  std::ostringstream err;
+  Console console{in, out, err};
+  LabSurroundings lab{files, folders, profile, clock, machine, console, folder.Path()};
+  EXPECT_EQ(RunLab({"doctor"}, {DoctorCommand()}, lab), 2);
+  EXPECT_NE(out.str().find("settings.repaired"), std::string::npos);
+  EXPECT_EQ(Everything(folder), before);
+  EXPECT_FALSE(machine.IsServed(folder.Path()));
+}
+
+}  // namespace
+}  // namespace orvenza::test

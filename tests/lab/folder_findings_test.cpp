@@ -1,0 +1,86 @@
+#include "lab/folder_findings.h"
+
+#include "lab/shop_bench.h"
+
+namespace orvenza::test {
+namespace {
+
+class FolderFindings : public ShopBench {};
+
+TEST_F(FolderFindings, NameEachFolderThatCanBeUsed) {
+  const std::string inOrder = InOrder();
+  EXPECT_NE(
+      inOrder.find("ok folder.ok: The program folder C:\\Orvenza\\ can be written to.\n"
+                   "ok folder.ok: The ticket folder C:\\Orvenza\\data\\ can be written to.\n"
+                   "ok folder.ok: The in-process folder C:\\Orvenza\\data\\inproces\\ can be written to.\n"
+                   "ok folder.ok: The abort folder C:\\Orvenza\\data\\abort\\ can be written to.\n"
+                   "ok folder.ok: The historic folder C:\\Orvenza\\storico\\ can be written to.\n"
+                   "ok space.ok: There is 80.0 GB free for the program folder, ticket folder, in-process "
+                   "folder, abort folder, historic folder.\n"),
+      std::string::npos)
+      << inOrder;
+}
+
+TEST_F(FolderFindings, TellOfFoldersThatTheConnectorMakes) {
+  disk.Delete(At("data"));
+  EXPECT_EQ(Said(),
+            "note folder.missing: The ticket folder C:\\Orvenza\\data\\ is missing; the connector makes it.\n"
+            "note folder.missing: The in-process folder C:\\Orvenza\\data\\inproces\\ is missing; the "
+            "connector makes "
+            "it.\n"
+            "note folder.missing: The abort folder C:\\Orvenza\\data\\abort\\ is missing; the connector "
+            "makes it.\n");
+}
+
+TEST_F(FolderFindings, TellOfFoldersThatCannotBeWrittenTo) {
+  machine.readOnly = {At("data\\"), At("storico\\")};
+  disk.Delete(At("data\\abort"));
+  EXPECT_EQ(
+      Said(),
+      "error folder.readonly: The ticket folder C:\\Orvenza\\data\\ cannot be written to.\n"
+      "error folder.readonly: The abort folder C:\\Orvenza\\data\\abort\\ is missing and cannot be made in "
+      "C:\\Orvenza\\data\\.\n"
+      "error folder.readonly: The historic folder C:\\Orvenza\\storico\\ cannot be written to.\n");
+}
+
+TEST_F(FolderFindings, TellOfADriveThatIsAway) {
+  Edit("C:\\Orvenza\\storico\\", "E:\\storico\\");
+  EXPECT_EQ(Said(),
+            "error folder.drive: The historic folder E:\\storico\\ is on a drive that cannot be reached.\n");
+}
+
+TEST_F(FolderFindings, TellOfAFileWhereAFolderIsToBe) {
+  disk.Delete(At("storico"));
+  disk.Put(At("storico"), "a file");
+  EXPECT_EQ(Said(),
+            "error folder.file: The historic folder C:\\Orvenza\\storico\\ cannot be made: "
+            "C:\\Orvenza\\storico is a "
+            "file.\n");
+}
+
+TEST_F(FolderFindings, TellOfFoldersOnOtherVolumes) {
+  machine.volumes = {{At("data\\abort\\"), "2"}, {At("storico\\"), "3"}};
+  EXPECT_EQ(Said(),
+            "warning folder.volume: The abort folder is on another volume than the ticket folder; tickets "
+            "are copied "
+            "instead of moved.\n"
+            "note folder.volume: The historic folder is on another volume than the ticket folder; printed "
+            "tickets are "
+            "copied there instead of moved.\n");
+}
+
+TEST_F(FolderFindings, TellHowMuchRoomIsLeft) {
+  machine.volumes = {{At("storico\\"), "3"}};
+  machine.free = {{At(""), 19'999'999}, {At("storico\\"), 199'999'999}};
+  EXPECT_EQ(Said(),
+            "note folder.volume: The historic folder is on another volume than the ticket folder; printed "
+            "tickets are "
+            "copied there instead of moved.\n"
+            "error space.low: There is 20.0 MB free for the program folder, ticket folder, in-process "
+            "folder, abort "
+            "folder.\n"
+            "warning space.low: There is 200.0 MB free for the historic folder.\n");
+}
+
+}  // namespace
+}  // namespace orvenza::test

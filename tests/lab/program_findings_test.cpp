@@ -1,0 +1,91 @@
+#include "lab/program_findings.h"
+
+#include "lab/shop_bench.h"
+
+namespace orvenza::test {
+namespace {
+
+class ProgramFindings : public ShopBench {};
+
+TEST_F(ProgramFindings, KnowARunningConnector) {
+  machine.served = true;
+  EXPECT_EQ(Said(), "note instance.running: The connector runs on this folder; a second start is refused.\n");
+}
+
+TEST_F(ProgramFindings, ReadTheCommandFile) {
+  const struct {
+    const char* content;
+    bool served;
+    const char* said;
+  } kCases[] = {
+      {" quit \r\n", false,
+       "error command.quit: command.txt is there, which ends the connector right after its next start.\n"},
+      {"", false,
+       "error command.quit: command.txt is there, which ends the connector right after its next start.\n"},
+      {"QUIT", true,
+       "note instance.running: The connector runs on this folder; a second start is refused.\n"
+       "warning command.quit: command.txt asks the running connector to end.\n"},
+      {"PRINT\n", false,
+       "note command.other: command.txt is there, but does not ask the connector to end; it is left "
+       "alone.\n"},
+  };
+  for (const auto& [content, served, said] : kCases) {
+    machine.served = served;
+    disk.Put(At("command.txt"), content);
+    EXPECT_EQ(Said(), said) << content;
+  }
+}
+
+TEST_F(ProgramFindings, TellOfACommandFileThatCannotBeRead) {
+  disk.Put(At("command.txt"), "QUIT");
+  disk.Hold(At("command.txt"), FileHold::kWriting);
+  EXPECT_EQ(Said(), "warning command.unreadable: command.txt cannot be read.\n");
+}
+
+TEST_F(ProgramFindings, TellOfReadOnlyFiles) {
+  disk.Put(At("Log.txt"), "");
+  machine.readOnly = {At("Log.txt"), At("Orvenza.ini")};
+  EXPECT_EQ(Said(),
+            "warning settings.readonly: Orvenza.ini cannot be written to: the port dialog and repairs have "
+            "no effect.\n"
+            "warning log.readonly: Log.txt cannot be written to.\n");
+}
+
+TEST_F(ProgramFindings, TellOfMissingTexts) {
+  disk.Delete(At("ErrDesc.ini"));
+  EXPECT_EQ(Said(), "note texts.missing: ErrDesc.ini is missing; the next start writes it.\n");
+}
+
+TEST_F(ProgramFindings, TellOfALogAboutToBeMovedAside) {
+  disk.Put(At("Log.txt"), std::string(225'000, 'x'));
+  EXPECT_EQ(Said(), "");
+  disk.Put(At("Log.txt"), std::string(225'001, 'x'));
+  EXPECT_EQ(Said(),
+            "note log.rotation: Log.txt has 225.0 kB; above 250.0 kB it becomes Log.Bak, and what was there "
+            "is gone.\n");
+}
+
+TEST_F(ProgramFindings, CountTheErrorsOfToday) {
+  disk.Put(At("Err.txt"),
+           "15/11/2026 21:00:00 - Timer1 - 53 - File not found\r\n"
+           "16/11/2026 08:59:00 - ECR Error : 10\r\n"
+           "16/11/2026 21:00:00 - ECR Error : 11\r\n");
+  EXPECT_EQ(Said(), "warning log.errors-today: 2 lines of today in Err.txt.\n");
+}
+
+TEST_F(ProgramFindings, TellOfAnErrorLogThatCannotBeRead) {
+  disk.Put(At("Err.txt"), "");
+  disk.Hold(At("Err.txt"), FileHold::kWriting);
+  EXPECT_EQ(Said(), "warning log.unreadable: Err.txt cannot be read.\n");
+}
+
+TEST_F(ProgramFindings, TellOfErrorsThatWentElsewhere) {
+  disk.Put(At("error.txt"), "x");
+  EXPECT_EQ(
+      Said(),
+      "note log.fallback: error.txt holds errors from before the settings were read, or that Err.txt did not "
+      "take.\n");
+}
+
+}  // namespace
+}  // namespace orvenza::test

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <windows.h>
+// After <windows.h>.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+
+#include "core/event_loop.h"
+#include "platform/windows/windows_clock.h"
+#include "platform/windows/windows_event_pump.h"
+#include "support/temp_folder.h"
+#include "ui/windows/windows_operator.h"
+
+namespace orvenza::test {
+
+/// The operator's windows in this very process, with nobody behind them who would give a meaning to the
+/// answers.
+class FormBench : public testing::Test {
+ protected:
+  /// The next form is given to `answer` once it is in front and has the focus. What it does there closes the
+  /// form. A form that does not come, or does not go, fails the test by an exception.
+  void WhenShown(std::function<void(HWND)> answer);
+
+  /// Delivers events until `condition` holds, for an answer that takes several looks. Throws after a while.
+  void Await(const char* what, const std::function<bool()>& condition);
+
+  WindowsClock clock;
+  WindowsEventPump pump;
+  EventLoop loop{clock, pump};
+  TempFolder folder;
+  WindowsOperator person{loop, pump, folder.Path()};
+
+ private:
+  void Look(int number);
+  void ExpectGone(int number);
+
+  std::function<void(HWND)> answer_;
+  int asked_ = 0;
+  std::chrono::steady_clock::time_point end_;
+};
+
+/// Tells a form of this process that its screen has `dpi` pixels an inch now.
+void ChangeDpi(HWND form, int dpi);
+
+/// Whether a form that is laid out for `dpi` pixels an inch fits the screen, all its parts lie in it, and all
+/// its texts are shown in full.
+testing::AssertionResult ShowsEverything(HWND form, int dpi);
+
+}  // namespace orvenza::test

@@ -1,0 +1,242 @@
+// The forms by themselves: every way to answer them, at every resolution, with every text.
+
+#include "windows/form_bench.h"
+
+#include "core/catalogue.h"
+#include "core/text.h"
+#include "ui/layout.h"
+#include "ui/operator_message.h"
+#include "ui/windows/names.h"
+#include "windows/person.h"
+
+namespace orvenza::test {
+namespace {
+
+using namespace control_id;
+
+/// None below the screen's own: its title bars stay as high as they are.
+std::vector<int> Resolutions() {
+  std::vector<int> resolutions{96, 120, 144, 192};
+  std::erase_if(resolutions, [](int dpi) { return dpi < ScreenDpi(); });
+  return resolutions;
+}
+
+struct ButtonSetCase {
+  int style;
+  std::vector<int> results;  ///< Of the buttons in their order.
+  int closed;
+};
+
+const ButtonSetCase kButtonSets[] = {
+    {0, {1}, 1},    {1, {1, 2}, 2},    {2, {3, 4, 5}, 0}, {3, {6, 7, 2}, 0}, {4, {6, 7}, 0},
+    {5, {4, 2}, 0}, {6, {4, 2, 8}, 0}, {7, {1}, 1},       {15, {1}, 1},
+};
+
+struct MessageFormTest : FormBench {
+  int Ask(int style, const std::function<void(HWND)>& answer) {
+    WhenShown(answer);
+    return messages.ShowOperatorMessage("Sei sicuro ?", style, "");
+  }
+
+  OperatorMessages messages{person, "Orvenza"};
+};
+
+TEST_F(MessageFormTest, EveryButtonIsClicked) {
+  for (const auto& [style, results, closed] : kButtonSets) {
+    for (std::size_t i = 0; i < results.size(); ++i) {
+      const int id = kCommand0 + 1 + static_cast<int>(i);
+      EXPECT_EQ(Ask(style, [&](HWND form) { Click(form, id); }), results[i]) << style << " " << id;
+    }
+  }
+}
+
+TEST_F(MessageFormTest, EveryButtonIsReachedByTabAndPressedByEnter) {
+  for (const auto& [style, results, closed] : kButtonSets) {
+    for (std::size_t i = 0; i < results.size(); ++i) {
+      const auto answer = [&](HWND) {
+        for (std::size_t n = 0; n < i; ++n) Press(VK_TAB);
+        Press(VK_RETURN);
+      };
+      EXPECT_EQ(Ask(style, answer), results[i]) << style << " " << i;
+    }
+  }
+}
+
+TEST_F(MessageFormTest, EveryButtonIsReachedByArrowsAndPressedBySpace) {
+  for (const auto& [style, results, closed] : kButtonSets) {
+    for (std::size_t i = 0; i < results.size(); ++i) {
+      const auto answer = [&](HWND) {
+        // The last one backwards, from the first.
+        if (i == 2) Press(VK_LEFT);
+        if (i == 1) Press(VK_RIGHT);
+        Press(VK_SPACE);
+      };
+      EXPECT_EQ(Ask(style, answer), results[i]) << style << " " << i;
+    }
+  }
+}
+
+TEST_F(MessageFormTest, EscAndTheCrossCloseItWithoutAnAnswer) {
+  for (const auto& [style, results, closed] : kButtonSets) {
+    EXPECT_EQ(Ask(style, [](HWND) { Press(VK_ESCAPE); }), closed) << style;
+    EXPECT_EQ(Ask(style, CloseByCross), closed) << style;
+  }
+}
+
+TEST_F(MessageFormTest, TheFocusIsOnTheFirstButtonWhateverTheStyleWants) {
+  for (const int style : {4, 4 + 256, 3 + 512, 2 + 256}) {
+    Ask(style, [&](HWND form) {
+      EXPECT_EQ(FocusedId(form), kCommand0 + 1) << style;
+      CloseByCross(form);
+    });
+  }
+}
+
+TEST_F(MessageFormTest, ShowsTheIconOfTheStyle) {
+  for (const auto& [style, image] : {std::pair(16, 0), {32, 1}, {48, 2}, {64, 3}}) {
+    Ask(style, [&](HWND form) {
+      for (int i = 0; i < 4; ++i) EXPECT_EQ(GetDlgItem(form, kImage + i) != nullptr, i == image) << style;
+      CloseByCross(form);
+    });
+  }
+}
+
+TEST_F(MessageFormTest, HasItsButtonsInARowOfFixedPlacesAtEveryResolution) {
+  Ask(6, [&](HWND form) {
+    for (const int dpi : Resolutions()) {
+      ChangeDpi(form, dpi);
+      RECT client{};
+      GetClientRect(form, &client);
+      for (int i = 1; i <= 3; ++i) {
+        const RECT button = PlaceOf(form, kCommand0 + i);
+        EXPECT_EQ(button.top, Pixels(980, dpi)) << dpi;
+        EXPECT_EQ(button.bottom - button.top, Pixels(375, dpi)) << dpi;
+        EXPECT_NEAR(button.right - button.left, Pixels(1275, dpi), 1) << dpi;
+        EXPECT_NEAR(2 * button.left, client.right + (2 * i - 5) * Pixels(1275, dpi), 3) << dpi;
+      }
+    }
+    CloseByCross(form);
+  });
+}
+
+/// Every text of the catalogue, some together as they are shown, and the longest that the shop, or a ticket,
+/// can bring about.
+std::vector<std::string> Texts() {
+  std::vector<std::string> texts{
+      LoadMessage(124) + " 1;" + std::string(57, 'n') + "...",
+      LoadMessage(124) + " 1;Una riga con piu' parole che non finisce;999999999;9999,9...",
+  };
+  for (const auto& [first, second] : {std::pair(153, 154), {166, 165}, {170, 171}, {172, 173}, {146, 147}}) {
+    texts.push_back(LoadMessage(first) + std::string(kLineBreak) + LoadMessage(second));
+  }
+  for (int id = 101; id <= 531; ++id) {
+    if (!LoadMessage(id).empty()) texts.push_back(LoadMessage(id));
+  }
+  return texts;
+}
+
+void ExpectShownInFullAtEveryResolution(HWND form) {
+  for (const int dpi : Resolutions()) {
+    ChangeDpi(form, dpi);
+    EXPECT_TRUE(ShowsEverything(form, dpi)) << dpi;
+  }
+  CloseByCross(form);
+}
+
+TEST_F(MessageFormTest, ShowsEveryTextInFull) {
+  const std::string lineBreak(kLineBreak);
+  std::vector<std::string> texts = Texts();
+  texts.push_back(LoadMessage(185) + lineBreak + "C:\\" + std::string(250, 'm') + "\\" + lineBreak +
+                  lineBreak + LoadMessage(186));
+  for (const std::string& text : texts) {
+    WhenShown(ExpectShownInFullAtEveryResolution);
+    messages.ShowOperatorMessage(text, 6 + 64, LoadMessage(142));
+  }
+}
+
+struct FormTest : FormBench {
+  const ChoiceContent kPaper{"Orvenza", LoadMessage(111), LoadMessage(112), false, {}, 0, LoadMessage(113)};
+  const ChoiceContent kChoice{"Orvenza",
+                              LoadMessage(118),
+                              LoadMessage(508),
+                              true,
+                              {LoadMessage(145), LoadMessage(119), LoadMessage(120)},
+                              2,
+                              LoadMessage(113)};
+  const PortContent kPorts{
+      LoadMessage(174),
+      {LoadMessage(175), LoadMessage(176), LoadMessage(177), LoadMessage(178), LoadMessage(179)},
+      {{{"COM1", "COM16"}, {"1200", "57600"}, {"Odd", "Even", "None"}, {"7", "8"}, {"1", "2"}}},
+      {1, 1, 2, 1, 0},
+      LoadMessage(113)};
+  const UtilitiesContent kUtilities{LoadMessage(161), {LoadMessage(162), LoadMessage(163), LoadMessage(167)}};
+
+  /// Every dialog but messages, each given to `answer`.
+  void ShowAll(const std::function<void(HWND)>& answer) {
+    WhenShown(answer);
+    person.ShowChoice(kPaper);
+    WhenShown(answer);
+    person.ShowChoice(kChoice);
+    WhenShown(answer);
+    person.ShowPortSettings(kPorts);
+    WhenShown(answer);
+    person.ShowUtilities(kUtilities, [](int) { return true; });
+  }
+};
+
+TEST_F(FormTest, ChoicesShowEveryTextInFull) {
+  for (const std::string& text : Texts()) {
+    ChoiceContent content = kChoice;
+    content.heading = text;
+    WhenShown(ExpectShownInFullAtEveryResolution);
+    person.ShowChoice(content);
+  }
+}
+
+TEST_F(FormTest, ShowsAllOfEveryDialogAtEveryResolution) {
+  ShowAll([](HWND form) {
+    for (const int dpi : Resolutions()) {
+      ChangeDpi(form, dpi);
+      EXPECT_TRUE(ShowsEverything(form, dpi)) << dpi;
+    }
+    CloseByCross(form);
+  });
+}
+
+TEST_F(FormTest, TabDoesNotChangeWhatIsSelected) {
+  WhenShown([&](HWND form) {
+    Press(VK_TAB);
+    Await("the button", [&] { return FocusedId(form) == kCommand + 1; });
+    Press(VK_TAB);
+    Await("an option", [&] { return FocusedId(form) != kCommand + 1; });
+    Press(VK_RETURN);
+  });
+  EXPECT_EQ(person.ShowChoice(kChoice), 2);
+}
+
+TEST_F(FormTest, TabLeadsThroughEveryDialogAndBack) {
+  std::vector<std::vector<int>> expected{
+      {kCommand + 1},
+      {kOption1 + 2, kCommand + 1},
+      {kCombo + 1, kCombo + 2, kCombo + 3, kCombo + 4, kCombo + 5, kCommand + 1},
+      {kCommand + 1, kCommand + 2, kCommand + 3},
+  };
+  std::size_t dialog = 0;
+  ShowAll([&](HWND form) {
+    const std::vector<int>& order = expected[dialog++];
+    const auto hasFocus = [&](int id) { Await("the focus", [&] { return FocusedId(form) == id; }); };
+    for (const int id : order) {
+      hasFocus(id);
+      Press(VK_TAB);
+    }
+    hasFocus(order.front());
+    for (auto id = order.rbegin(); id != order.rend(); ++id) {
+      PressWith(VK_SHIFT, VK_TAB);
+      hasFocus(*id);
+    }
+    CloseByCross(form);
+  });
+}
+
+}  // namespace
+}  // namespace orvenza::test
