@@ -16,6 +16,11 @@ inline double ReleaseNumber(std::string_view release) {
   return LeadingNumber(tail);
 }
 
+/// The model whose rules a register of `model` follows: one model is driven exactly as another, on purpose.
+inline std::string_view DrivenAs(std::string_view model) {
+  return model == " 40 ZAFRON" ? "  MELDANO " : model;
+}
+
 /// Who the register says it is, learned at start-up. What it says decides how some records are translated.
 struct RegisterIdentity {
   std::string DeviceModel = std::string(10, ' ');  ///< Ten characters, blanks included; blank when unknown.

@@ -132,8 +132,7 @@ void RegisterQueries::LearnIdentity(const std::string& reply) {
                   FromWindows1252(reply.substr(std::min<std::size_t>(4, reply.size()))));
   identity_.DeviceModel = Middle(reply, 7, 10);
   identity_.DeviceModel.resize(10, ' ');
-  // The one model is driven exactly as the other, on purpose.
-  if (identity_.DeviceModel == " 40 ZAFRON") identity_.DeviceModel = "  MELDANO ";
+  identity_.DeviceModel = std::string(DrivenAs(identity_.DeviceModel));
   identity_.DeviceRelease = Middle(reply, 17, 10);
   identity_.DeviceReleaseNumber = ReleaseNumber(identity_.DeviceRelease);
 }

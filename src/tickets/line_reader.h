@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <utility>
@@ -27,18 +28,24 @@ class TextBytes : public ByteReader {
 /// end. Any other byte, NUL too, is part of a line.
 class LineReader {
  public:
-  explicit LineReader(std::unique_ptr<ByteReader> bytes);
+  /// Of a line longer than `longest` bytes, only so many are kept.
+  explicit LineReader(std::unique_ptr<ByteReader> bytes, std::size_t longest = std::string::npos);
 
   /// Reads the next line, without its end, into `line`; false at the end of the file. Throws SystemError.
   bool ReadLine(std::string& line);
+
+  /// Whether the last line read was longer than is kept.
+  bool WasCut() const { return wasCut_; }
 
  private:
   bool Fill();
 
   std::unique_ptr<ByteReader> bytes_;
+  std::size_t longest_;
   std::string buffer_;
   std::size_t next_ = 0;
   std::size_t filled_ = 0;
+  bool wasCut_ = false;
   bool afterReturn_ = false;  // the last line ended in CR: a LF that follows belongs to it
 };
 

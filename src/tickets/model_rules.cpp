@@ -51,4 +51,10 @@ ModelRules RulesFor(const RegisterIdentity& identity) {
   return rules;
 }
 
+std::vector<std::string_view> ModelsWithRules() {
+  std::vector<std::string_view> labels;
+  for (const WideModel& model : kWideModels) labels.push_back(model.label);
+  return labels;
+}
+
 }  // namespace orvenza

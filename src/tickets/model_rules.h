@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "device/register_identity.h"
 
@@ -18,5 +19,8 @@ struct ModelRules {
 
 /// The rules of the register as it is known now; those of "any other model" for an unknown one.
 ModelRules RulesFor(const RegisterIdentity& identity);
+
+/// The labels of the models with rules of their own, each of ten characters.
+std::vector<std::string_view> ModelsWithRules();
 
 }  // namespace orvenza

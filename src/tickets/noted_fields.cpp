@@ -10,9 +10,12 @@ std::string NotedFields::Format(std::size_t field, const ValueForm& form) const 
 std::string NotedFields::FormatOr(std::size_t field, const ValueForm& form,
                                   std::string_view substitute) const {
   std::string value = form(fields_[field]);
-  if (value.empty()) return std::string(Replace(field, substitute));
-  Note({FieldNote::Kind::kFormatted, field, form});
-  return value;
+  if (!value.empty()) {
+    Note({FieldNote::Kind::kFormatted, field, form});
+    return value;
+  }
+  Note({FieldNote::Kind::kReplaced, field, form, substitute});
+  return std::string(substitute);
 }
 
 std::string NotedFields::Text(std::size_t field, int width, int sent) const {

@@ -13,9 +13,9 @@ namespace orvenza {
 /// What the translation asked of one field of a record.
 struct FieldNote {
   enum class Kind {
-    kFormatted,     ///< It became a value of the command by `form`, which rejects it or not.
-    kReplaced,      ///< `text` is sent in place of what it holds.
-    kUnknownType,   ///< Field 0: there is no such record type.
+    kFormatted,    ///< It became a value of the command by `form`, which rejects it or not.
+    kReplaced,     ///< `text` is sent in place of what it holds, which `form`, where it has a width, rejects.
+    kUnknownType,  ///< Field 0: there is no such record type.
     kNoSuchChoice,  ///< It is none of the alternatives in `text`.
     kNoLogo,        ///< It names no bitmap that can be a logo.
   };

@@ -20,16 +20,18 @@ void SplitRecord(std::string_view line, char separator, RecordFields& out) {
   const std::string_view text = Trim(out.line_);
   out.empty_ = text.empty();
   out.count_ = 0;
+  out.rest_ = {};
   if (out.empty_) return;
 
   const auto offset = static_cast<std::size_t>(text.data() - out.line_.data());
   std::size_t start = 0;
   while (out.count_ < RecordFields::kMostFields) {
     const std::size_t end = text.find(separator, start);
-    if (end == std::string_view::npos) return;
+    if (end == std::string_view::npos) break;
     out.cuts_[out.count_++] = {offset + start, end - start};
     start = end + 1;
   }
+  out.rest_ = {offset + start, text.size() - start};
 }
 
 }  // namespace orvenza

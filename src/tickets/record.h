@@ -25,6 +25,12 @@ class RecordFields {
     return {line_.data() + cuts_[number].start, cuts_[number].length};
   }
 
+  /// Where field `number`, which the line must have, begins in the line as it was given.
+  std::size_t Start(std::size_t number) const { return cuts_[number].start; }
+
+  /// What stands behind the last field and belongs to none, without the blanks at the line's end.
+  std::string_view Rest() const { return {line_.data() + rest_.start, rest_.length}; }
+
   /// Number of fields cut: of separators found, at most nine. 0 for a line without any separator.
   std::size_t Count() const { return count_; }
 
@@ -43,6 +49,7 @@ class RecordFields {
   // Places in the line, not views of it, so that a copy has fields of its own.
   std::array<Cut, kMostFields> cuts_{};
   std::size_t count_ = 0;
+  Cut rest_{};
   bool empty_ = true;
 };
 

@@ -100,6 +100,20 @@ TEST(LineReader, StaysAtTheEnd) {
   EXPECT_EQ(line, "") << "nothing is left of the line before";
 }
 
+TEST(LineReader, KeepsNoMoreOfALineThanItIsTold) {
+  LineReader reader(std::make_unique<TextBytes>(std::string(3 * kPiece, 'y') + "\nabcde\nabcd\n"), 4);
+  std::string line;
+  EXPECT_TRUE(reader.ReadLine(line));
+  EXPECT_EQ(line, "yyyy");
+  EXPECT_TRUE(reader.WasCut());
+  EXPECT_TRUE(reader.ReadLine(line));
+  EXPECT_EQ(line, "abcd");
+  EXPECT_TRUE(reader.WasCut());
+  EXPECT_TRUE(reader.ReadLine(line));
+  EXPECT_EQ(line, "abcd");
+  EXPECT_FALSE(reader.WasCut());
+}
+
 TEST(LineReader, PassesOnAReadFailureInTheMiddle) {
   MemoryFiles memory;
   memory.content["ticket.txt"] = "1;a;\r\n2;b;\r\n";

@@ -133,8 +133,25 @@ TEST(SplitRecord, ForgetsTheLineBefore) {
   EXPECT_EQ(fields[0], "");
 }
 
+TEST(RecordFields, TellsWhatStandsBehindTheLastField) {
+  EXPECT_EQ(Split("4;5").Rest(), "5");
+  EXPECT_EQ(Split("4;5;  ").Rest(), "");
+  EXPECT_EQ(Split("  4;  5 6  ").Rest(), "  5 6");
+  EXPECT_EQ(Split("no separator").Rest(), "no separator");
+  EXPECT_EQ(Split("1;2;3;4;5;6;7;8;9;10;11").Rest(), "10;11");
+  EXPECT_EQ(Split("  ").Rest(), "");
+}
+
+TEST(RecordFields, TellsWhereAFieldBeganInTheLine) {
+  const RecordFields fields = Split("\xEF\xBB\xBF 4;56;7;");
+  EXPECT_EQ(fields.Start(0), 4U);
+  EXPECT_EQ(fields.Start(1), 6U);
+  EXPECT_EQ(fields.Start(2), 9U);
+}
+
 TEST(RecordFields, StartsEmpty) {
   const RecordFields fields;
+  EXPECT_EQ(fields.Rest(), "");
   EXPECT_TRUE(fields.IsEmpty());
   EXPECT_EQ(fields.Count(), 0U);
   EXPECT_EQ(fields[0], "");
