@@ -6,30 +6,11 @@
 #include <vector>
 
 #include "core/journals.h"
-#include "platform/system_error.h"
+#include "lab/no_files.h"
 #include "tickets/translation.h"
 
 namespace orvenza {
 namespace {
-
-/// A machine without files: the lines below ask for none.
-class NoFiles : public Files {
- public:
-  bool Exists(const std::string&) const override { return false; }
-  std::uintmax_t Size(const std::string& path) const override { throw Missing(path); }
-  std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const override { throw Missing(path); }
-  void Append(const std::string&, std::string_view) override {}
-  void Write(const std::string&, std::string_view) override {}
-  void Move(const std::string& from, const std::string&) override { throw Missing(from); }
-  void Copy(const std::string& from, const std::string&) override { throw Missing(from); }
-  void Remove(const std::string& path) override { throw Missing(path); }
-  void ClearAttributes(const std::string&) override {}
-
- private:
-  static SystemError Missing(const std::string& path) {
-    return SystemError(error_number::kFileNotFound, path);
-  }
-};
 
 class StoppedClock : public Clock {
  public:

@@ -12,6 +12,7 @@ struct Console {
   std::ostream& err;
   bool colours = false;   ///< `out` is a terminal that shows colours, and NO_COLOR is not set.
   bool progress = false;  ///< `err` is a terminal: a line there may be written over.
+  bool terminal = false;  ///< `out` is a terminal, whatever it shows.
 };
 
 }  // namespace orvenza

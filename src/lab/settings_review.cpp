@@ -6,29 +6,11 @@
 
 #include "core/journals.h"
 #include "core/text.h"
+#include "lab/no_files.h"
 #include "platform/system_error.h"
 
 namespace orvenza {
 namespace {
-
-/// Files in which there is nothing and nothing is ever put, whatever the caller is told.
-class NoFiles : public Files {
- public:
-  bool Exists(const std::string&) const override { return false; }
-  std::uintmax_t Size(const std::string& path) const override { Refuse(path); }
-  std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const override { Refuse(path); }
-  void Append(const std::string&, std::string_view) override {}
-  void Write(const std::string& path, std::string_view) override { Refuse(path); }
-  void Copy(const std::string& from, const std::string&) override { Refuse(from); }
-  void Move(const std::string&, const std::string&) override {}
-  void Remove(const std::string& path) override { Refuse(path); }
-  void ClearAttributes(const std::string& path) override { Refuse(path); }
-
- private:
-  [[noreturn]] static void Refuse(const std::string& path) {
-    throw SystemError(error_number::kPathFileAccess, path);
-  }
-};
 
 /// The connector's settings file on a profile that only records.
 class DryRun {

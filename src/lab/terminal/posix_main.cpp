@@ -35,8 +35,9 @@ int main(int argc, char** argv) {
   IniProfileFile profile(files);
   PosixClock clock;
   PosixMachine machine;
-  Console console{std::cin, std::cout, std::cerr, ::isatty(STDOUT_FILENO) != 0 && WantsColours(),
-                  ::isatty(STDERR_FILENO) != 0};
+  const bool terminal = ::isatty(STDOUT_FILENO) != 0;
+  Console console{std::cin, std::cout, std::cerr, terminal && WantsColours(), ::isatty(STDERR_FILENO) != 0,
+                  terminal};
   LabSurroundings surroundings{files, folders, profile, clock, machine, console, HomeFolder()};
   return RunLab({argv + 1, argv + argc}, Commands(), surroundings);
 }

@@ -20,9 +20,8 @@ ConsoleMode::ConsoleMode() : codePage_(GetConsoleOutputCP()) {
   _setmode(_fileno(stderr), _O_BINARY);
   SetConsoleOutputCP(CP_UTF8);
   const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
-  if (GetConsoleMode(output, &outputMode_)) {
-    showsColours_ = SetConsoleMode(output, outputMode_ | kVirtualTerminal) != 0;
-  }
+  outputIsConsole_ = GetConsoleMode(output, &outputMode_) != 0;
+  showsColours_ = outputIsConsole_ && SetConsoleMode(output, outputMode_ | kVirtualTerminal) != 0;
   DWORD errorMode = 0;
   errorIsConsole_ = GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &errorMode) != 0;
 }

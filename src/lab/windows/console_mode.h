@@ -11,12 +11,14 @@ class ConsoleMode {
   ConsoleMode(const ConsoleMode&) = delete;
   ConsoleMode& operator=(const ConsoleMode&) = delete;
 
-  bool ShowsColours() const { return showsColours_; }      ///< Standard output is a console that does.
-  bool ErrorIsConsole() const { return errorIsConsole_; }  ///< Standard error is a console.
+  bool OutputIsConsole() const { return outputIsConsole_; }  ///< Standard output is a console.
+  bool ShowsColours() const { return showsColours_; }        ///< Standard output is a console that does.
+  bool ErrorIsConsole() const { return errorIsConsole_; }    ///< Standard error is a console.
 
  private:
   unsigned codePage_;
   unsigned long outputMode_ = 0;
+  bool outputIsConsole_ = false;
   bool showsColours_ = false;
   bool errorIsConsole_ = false;
 };

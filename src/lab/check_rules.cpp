@@ -1,0 +1,103 @@
+#include "lab/check_rules.h"
+
+#include <algorithm>
+#include <charconv>
+#include <stdexcept>
+
+#include "core/text.h"
+#include "lab/settings_review.h"
+#include "tickets/model_rules.h"
+
+namespace orvenza {
+namespace {
+
+constexpr std::size_t kLabelWidth = 10;
+
+AppSettings SettingsIn(const std::string& folder, LabSurroundings& surroundings) {
+  const ProgramPaths paths{surroundings.machine.FullFolder(folder), "Orvenza"};
+  const SettingsReview review =
+      ReviewSettings(surroundings.profile, surroundings.files, surroundings.clock, paths);
+  if (review.state == SettingsReview::State::kNew || review.state == SettingsReview::State::kUnreadable) {
+    throw std::runtime_error("there is no Orvenza.ini that can be read in the folder '" + folder + "'");
+  }
+  return review.settings;
+}
+
+/// A character code, or the character itself where that is no digit.
+int SeparatorOf(const std::string& text) {
+  if (text.size() == 1 && (text[0] < '0' || text[0] > '9')) return static_cast<unsigned char>(text[0]);
+  int code = -1;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), code);
+  return error == std::errc() && end == text.data() + text.size() ? code : -1;
+}
+
+void RequireUsable(int separator, const std::string& shown) {
+  if (separator >= ' ' && separator <= 127) return;
+  throw std::runtime_error(
+      "the separator " + shown +
+      " is never found in a line: it must be a character code from 32 to 127, for only these stay "
+      "as they are");
+}
+
+/// `label` in capitals, its runs of blanks made one, none at its ends.
+std::string Squeezed(std::string_view label) {
+  std::string squeezed;
+  for (const char c : ToUpperAscii(Trim(label))) {
+    if (c != ' ' || squeezed.back() != ' ') squeezed += c;
+  }
+  return squeezed;
+}
+
+std::vector<std::string_view> KnownModels() {
+  std::vector<std::string_view> known = ModelsWithRules();
+  known.push_back(" 40 ZAFRON");
+  return known;
+}
+
+}  // namespace
+
+std::vector<Option> CheckRuleOptions() {
+  return {
+      {"--folder", "DIR",
+       "take separator, \"Single Quantity\" and \"File Parser\" from the\nOrvenza.ini in DIR"},
+      {"--separator", "N",
+       "character code of the field separator, or the character\nitself; 127 where nothing else is said"},
+      {"--single-quantity", "", "as with the setting \"Single Quantity\" on"},
+      {"--model", "LABEL", "the register's model; \"TOVEST ETH\" or \"QUARNIS A\" for example"},
+      {"--release", "TEXT", "its release; \"2.02.00\" for example"},
+  };
+}
+
+RegisterIdentity IdentityOf(const std::string& model, const std::string& release) {
+  RegisterIdentity identity;
+  identity.DeviceModel = model;
+  for (const std::string_view known : KnownModels()) {
+    if (Squeezed(known) == Squeezed(model)) identity.DeviceModel = DrivenAs(known);
+  }
+  identity.DeviceModel.resize(std::max(identity.DeviceModel.size(), kLabelWidth), ' ');
+  identity.DeviceRelease = release;
+  identity.DeviceReleaseNumber = ReleaseNumber(release);
+  return identity;
+}
+
+CheckRules CheckRulesOf(const Arguments& arguments, LabSurroundings& surroundings) {
+  CheckRules rules;
+  if (const auto folder = arguments.Value("--folder")) {
+    rules.settings = SettingsIn(*folder, surroundings);
+  }
+  if (const auto separator = arguments.Value("--separator")) {
+    const int code = SeparatorOf(*separator);
+    RequireUsable(code, "'" + *separator + "'");
+    rules.settings.SeparatorChar = static_cast<char>(code);
+  }
+  const int separator = rules.settings.SeparatorChar;
+  RequireUsable(separator, "of the settings, " + std::to_string(separator) + ",");
+  if (arguments.Has("--single-quantity")) rules.settings.SingleQuantity = true;
+  const std::string model = arguments.Value("--model").value_or("");
+  if (model.size() > kLabelWidth)
+    throw std::runtime_error("the model '" + model + "' has more than ten characters");
+  rules.identity = IdentityOf(model, arguments.Value("--release").value_or(""));
+  return rules;
+}
+
+}  // namespace orvenza

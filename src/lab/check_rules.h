@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "lab/commands.h"
+#include "lab/ticket_check.h"
+
+namespace orvenza {
+
+/// The options by which tickets are checked.
+std::vector<Option> CheckRuleOptions();
+
+/// What those options ask for; what they leave open is as the settings in --folder say, or else as in a new
+/// installation. Nothing is written. Throws std::runtime_error with the reason for values that make no sense.
+CheckRules CheckRulesOf(const Arguments& arguments, LabSurroundings& surroundings);
+
+/// A register of this model and release. The label's blanks need not be those of the register.
+RegisterIdentity IdentityOf(const std::string& model, const std::string& release);
+
+}  // namespace orvenza

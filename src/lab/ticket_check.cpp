@@ -1,0 +1,102 @@
+#include "lab/ticket_check.h"
+
+#include <algorithm>
+#include <cctype>
+#include <utility>
+
+#include "core/text.h"
+
+namespace orvenza {
+namespace {
+
+/// Record types are numbers below this, as far as anybody could mean one.
+constexpr int kTypesTried = 100;
+
+std::string CharacterName(char c) {
+  const std::string code = "character " + std::to_string(c);
+  return c > 32 && c < 127 ? code + " '" + c + "'" : code;
+}
+
+}  // namespace
+
+TicketCheck::TicketCheck(CheckRules rules, const Files& files, Clock& clock)
+    : rules_(std::move(rules)),
+      silence_(noFiles_, clock, rules_.settings, {}),
+      translator_(rules_.identity, rules_.settings, files, silence_),
+      knownTypes_(KnownTypes()),
+      watch_(rules_.settings.FileParser) {}
+
+void TicketCheck::BeginFile() { watch_ = ReceiptWatch(rules_.settings.FileParser); }
+
+const std::string& TicketCheck::Check(std::string_view line, TicketFindings& findings) {
+  command_.clear();
+  SplitRecord(line, rules_.settings.SeparatorChar, fields_);
+  if (fields_.IsEmpty()) return command_;
+  if (fields_.Count() == 0) {
+    FindNoFields(findings);
+    watch_.Miss({});
+    return command_;
+  }
+  notes_.clear();
+  command_ = translator_.TranslateRecord(fields_, &notes_);
+  FindInValues(line, fields_, notes_, findings);
+  if (IsUnknownType()) {
+    const std::string meant = TypeMeant();
+    findings.back().text += meant.empty() ? "; known are " + knownTypes_ : "; write '" + meant + "'";
+  }
+  FindBehindFields(fields_, rules_.settings.SeparatorChar, findings);
+  if (command_.empty()) {
+    watch_.Miss(IsUnknownType() ? std::string_view() : fields_[0]);
+  } else {
+    watch_.Follow(command_, findings);
+  }
+  return command_;
+}
+
+void TicketCheck::FindNoFields(TicketFindings& findings) const {
+  const std::string_view text = Trim(fields_.Rest());
+  std::string said =
+      "no separator, " + CharacterName(rules_.settings.SeparatorChar) + ", is in " + QuotedBytes(text);
+  // A line of another separator begins with a record type all the same.
+  const std::size_t end = text.find_first_not_of("0123456789");
+  if (end != 0 && end != std::string_view::npos && std::ispunct(static_cast<unsigned char>(text[end])) != 0) {
+    said += "; is " + CharacterName(text[end]) + " meant to be it?";
+  }
+  findings.push_back({true, "no-separator", TicketFinding::kWholeLine, std::move(said)});
+}
+
+bool TicketCheck::IsUnknownType() const {
+  return !notes_.empty() && notes_.back().kind == FieldNote::Kind::kUnknownType;
+}
+
+bool TicketCheck::IsType(std::string_view type) const {
+  constexpr char kAnySeparator = ';';
+  RecordFields fields;
+  SplitRecord(std::string(type) + kAnySeparator, kAnySeparator, fields);
+  TranslationNotes notes;
+  translator_.TranslateRecord(fields, &notes);
+  return notes.empty() || notes.back().kind != FieldNote::Kind::kUnknownType;
+}
+
+std::string TicketCheck::TypeMeant() const {
+  std::string_view type = Trim(fields_[0]);
+  type = type.substr(0, type.find_first_of(".,"));
+  type = type.substr(std::min(type.find_first_not_of('0'), type.size()));
+  return !type.empty() && IsType(type) ? std::string(type) : std::string();
+}
+
+std::string TicketCheck::KnownTypes() const {
+  std::string known;
+  for (int first = 0; first < kTypesTried; ++first) {
+    if (!IsType(std::to_string(first))) continue;
+    int last = first;
+    while (last + 1 < kTypesTried && IsType(std::to_string(last + 1))) ++last;
+    if (!known.empty()) known += ", ";
+    known += std::to_string(first);
+    if (last > first) known += (last > first + 1 ? " to " : ", ") + std::to_string(last);
+    first = last;
+  }
+  return known;
+}
+
+}  // namespace orvenza

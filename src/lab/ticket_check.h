@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "core/journals.h"
+#include "core/settings.h"
+#include "device/register_identity.h"
+#include "lab/line_findings.h"
+#include "lab/no_files.h"
+#include "lab/receipt_watch.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "tickets/translation.h"
+
+namespace orvenza {
+
+/// By what tickets are checked: the settings that count (separator, "Single Quantity", "File Parser") and the
+/// register.
+struct CheckRules {
+  AppSettings settings;
+  RegisterIdentity identity;
+};
+
+/// Reads the lines of ticket files as the connector does, and says what becomes of each.
+class TicketCheck {
+ public:
+  /// `files` is asked about logo bitmaps; nothing is written.
+  TicketCheck(CheckRules rules, const Files& files, Clock& clock);
+  TicketCheck(const TicketCheck&) = delete;
+  TicketCheck& operator=(const TicketCheck&) = delete;
+
+  /// The next line is the first of a file.
+  void BeginFile();
+
+  /// Takes the next line of the file. Its command, as the connector translates it; "" where it is none.
+  const std::string& Check(std::string_view line, TicketFindings& findings);
+
+  /// The next line of the file cannot be looked at.
+  void Skip() { watch_.Miss({}); }
+
+  /// The file is over.
+  void EndFile(TicketFindings& findings) { watch_.End(findings); }
+
+ private:
+  void FindNoFields(TicketFindings& findings) const;
+  std::string KnownTypes() const;
+  std::string TypeMeant() const;
+  bool IsType(std::string_view type) const;
+  bool IsUnknownType() const;
+
+  CheckRules rules_;
+  NoFiles noFiles_;
+  Journals silence_;
+  RecordTranslator translator_;
+  std::string knownTypes_;
+  ReceiptWatch watch_;
+  RecordFields fields_;
+  TranslationNotes notes_;
+  std::string command_;
+};
+
+}  // namespace orvenza
