@@ -171,12 +171,15 @@ void Connector::Unload(const ProgramEnd& end) {
 
 void Connector::OnMenu(MenuItem item) {
   if (!iconShown_) return;  // the menu is the icon's
-  switch (item) {
-    case MenuItem::kExit: Pm1(); break;
-    case MenuItem::kUtilities: Pm2(); break;
-    case MenuItem::kInfo: break;  // deliberately without effect
-    case MenuItem::kConfigure: Pm4(); break;
-  }
+  // Nothing of a menu's dialog may break off what the program was waiting for.
+  journals_.Attempt(kMainLabel, [&] {
+    switch (item) {
+      case MenuItem::kExit: Pm1(); break;
+      case MenuItem::kUtilities: Pm2(); break;
+      case MenuItem::kInfo: break;  // deliberately without effect
+      case MenuItem::kConfigure: Pm4(); break;
+    }
+  });
 }
 
 void Connector::Pm1() {

@@ -141,7 +141,7 @@ void SettingsFile::ReadComSettings(AppSettings& settings) {
   settings.TimeWaitForEtx = Integer("TimeWaitForEtx");
   settings.TxMessageRetry = Integer("TxMessageRetry");
   const std::string ident = Text(kComSettings, "Ident", "V");
-  settings.Ident = Trim(ident).empty() ? 'V' : Trim(ident).front();
+  settings.Ident = Trim(ident).empty() ? 'V' : FirstInWindows1252(Trim(ident));
   settings.TimeWaitForLONGEtx = Integer("TimeWaitForLONGEtx");
 }
 

@@ -30,7 +30,7 @@ struct AppSettings {
   int TimeWaitForEtx = 0;      ///< Milliseconds.
   int TimeWaitForLONGEtx = 0;  ///< Milliseconds, around long-running commands.
   int TxMessageRetry = 0;
-  char Ident = 'V';
+  char Ident = 'V';             ///< In Windows-1252.
   double PcTimeCorrection = 0;  ///< Seconds between two clock corrections; 0 or less: never.
   double TimeShift = 0;         ///< Seconds the PC clock may differ from the register's.
   char SeparatorChar = 127;

@@ -128,6 +128,14 @@ std::string FromWindows1252(std::string_view bytes) {
   return text;
 }
 
+char FirstInWindows1252(std::string_view text) {
+  for (int code = 0; code < 256; ++code) {
+    const char byte = static_cast<char>(code);
+    if (text.starts_with(FromWindows1252({&byte, 1}))) return byte;
+  }
+  return '?';
+}
+
 std::string ToUtf8(std::string_view bytes) {
   return IsUtf8(bytes) ? std::string(bytes) : FromWindows1252(bytes);
 }

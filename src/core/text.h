@@ -39,6 +39,9 @@ std::size_t CountCharacters(std::string_view text);
 /// same number.
 std::string FromWindows1252(std::string_view bytes);
 
+/// The Windows-1252 byte of the first character of UTF-8 `text`; "?" when it has none.
+char FirstInWindows1252(std::string_view text);
+
 /// Bytes that are valid UTF-8 as they stand, others read as Windows-1252.
 std::string ToUtf8(std::string_view bytes);
 

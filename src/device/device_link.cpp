@@ -83,16 +83,21 @@ void DeviceLink::Configure() {
   const auto serial = SplitSerialSettings(settings_.ComSettings);
   if (!serial) throw SystemError(error_number::kInvalidArgument, "Settings=" + settings_.ComSettings);
   control_.SetReset(true);
-  control_.SetProperty(LinkProperty::kPortNumber, settings_.ComPortNumber);
-  control_.SetProperty(LinkProperty::kBaudRate, serial->speed);
-  control_.SetProperty(LinkProperty::kParity, serial->parity);
-  control_.SetProperty(LinkProperty::kDataBits, serial->dataBits);
-  control_.SetProperty(LinkProperty::kStopBits, serial->stopBits);
-  control_.SetProperty(LinkProperty::kFrameRetries, settings_.FrameRetry);
-  control_.SetProperty(LinkProperty::kAcknowledgementWait, settings_.TimeWaitForAck);
-  control_.SetProperty(LinkProperty::kEndOfTextWait, endOfTextWait_);
-  control_.SetProperty(LinkProperty::kMessageRetries, settings_.TxMessageRetry);
-  control_.SetProperty(LinkProperty::kIdentifier, static_cast<unsigned char>(settings_.Ident));
+  SetProperty(LinkProperty::kPortNumber, settings_.ComPortNumber);
+  SetProperty(LinkProperty::kBaudRate, serial->speed);
+  SetProperty(LinkProperty::kParity, serial->parity);
+  SetProperty(LinkProperty::kDataBits, serial->dataBits);
+  SetProperty(LinkProperty::kStopBits, serial->stopBits);
+  SetProperty(LinkProperty::kFrameRetries, settings_.FrameRetry);
+  SetProperty(LinkProperty::kAcknowledgementWait, settings_.TimeWaitForAck);
+  SetProperty(LinkProperty::kEndOfTextWait, endOfTextWait_);
+  SetProperty(LinkProperty::kMessageRetries, settings_.TxMessageRetry);
+  SetProperty(LinkProperty::kIdentifier, static_cast<unsigned char>(settings_.Ident));
+}
+
+/// A value that the control does not take leaves it with its own; whether the port then opens is its affair.
+void DeviceLink::SetProperty(LinkProperty property, int value) {
+  journals_.Attempt(kFailureLabel, [&] { control_.SetProperty(property, value); });
 }
 
 void DeviceLink::AskAboutClosedPort() {

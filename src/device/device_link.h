@@ -19,7 +19,7 @@ bool IsLinkError(std::string_view reply);
 
 /// The link to the register: opening it, and the single exchange of a command for a reply. A failure of the
 /// control itself is written to the error log and then counts as a port that did not open, an absent register
-/// or a command without reply.
+/// or a command without reply; a property that it refuses keeps the control's own value.
 class DeviceLink : private EcrLinkEvents {
  public:
   /// Longest wait for the reply to an ordinary command, in seconds.
@@ -80,6 +80,7 @@ class DeviceLink : private EcrLinkEvents {
 
   bool TryOpen();
   void Configure();
+  void SetProperty(LinkProperty property, int value);
   void AskAboutClosedPort();
   void SetPort(bool open);
   bool WaitReply(double replyWait, std::string_view code);

@@ -22,6 +22,14 @@ constexpr std::size_t kLongestCommand = 64 * 1024;
 
 std::string NameOf(const std::string& entry) { return entry.substr(kStampLength); }
 
+/// A file that cannot be taken in, read or split is tried on each tick first, and then rarely, so that it
+/// does not hold up the others. `tries` holds its tries and the ticks it was passed over.
+bool IsDue(std::map<std::string, int>& tries, const std::string& file) {
+  const auto found = tries.find(file);
+  if (found == tries.end() || found->second < kEagerTries) return true;
+  return ++found->second % kTicksBetweenTries == 0;
+}
+
 }  // namespace
 
 bool AsksToQuit(const Files& files, const std::string& commandFile) {
@@ -67,9 +75,11 @@ void TicketPolling::RefreshNewList() {
   list1_.clear();
   list1_ = ReadList(settings_.TicketFolder);
   // What somebody else has removed meanwhile must not stand for a later ticket.
-  std::erase_if(takenIn_, [&](const std::string& entry) {
+  const auto hasGone = [&](const std::string& entry) {
     return std::find(list1_.begin(), list1_.end(), entry) == list1_.end();
-  });
+  };
+  std::erase_if(takenIn_, hasGone);
+  std::erase_if(refused_, [&](const auto& tried) { return hasGone(tried.first); });
 }
 
 void TicketPolling::RefreshInProcessList() {
@@ -136,29 +146,25 @@ void TicketPolling::ChooseFile(std::string& file) {
 std::string TicketPolling::FirstInProcess() {
   for (const std::string& entry : list2_) {
     std::string file = settings_.InProcessFolder + NameOf(entry);
-    if (files_.Exists(file) && !archive_.IsSettled(file) && IsDue(file)) return file;
+    if (files_.Exists(file) && !archive_.IsSettled(file) && IsDue(left_, file)) return file;
   }
   return {};
-}
-
-/// A file that cannot be read, or not be split, is tried on each tick first, and then rarely, so that it does
-/// not hold up the others.
-bool TicketPolling::IsDue(const std::string& file) {
-  const auto found = left_.find(file);
-  if (found == left_.end() || found->second < kEagerTries) return true;
-  return ++found->second % kTicksBetweenTries == 0;
 }
 
 std::string TicketPolling::TakeInNext() {
   for (const std::string& entry : list1_) {
     std::string file = settings_.InProcessFolder + NameOf(entry);
     // Where a file of that name still lies, settled or unreadable, the new one waits until it has gone.
-    if (IsTakenIn(entry) || files_.Exists(file)) continue;
-    const bool moved = MoveOrCopy(files_, settings_.TicketFolder + NameOf(entry), file);
-    if (!moved && !journals_.Attempt(kLabel, [&] { RemoveSource(entry); })) takenIn_.insert(entry);
-    return file;
+    if (IsTakenIn(entry) || files_.Exists(file) || !IsDue(refused_, entry)) continue;
+    if (journals_.Attempt(kLabel, [&] { TakeIn(entry, file); })) return file;
+    ++refused_[entry];
   }
   return {};
+}
+
+void TicketPolling::TakeIn(const std::string& entry, const std::string& file) {
+  const bool moved = MoveOrCopy(files_, settings_.TicketFolder + NameOf(entry), file);
+  if (!moved && !journals_.Attempt(kLabel, [&] { RemoveSource(entry); })) takenIn_.insert(entry);
 }
 
 /// A ticket that was copied but could not be removed comes again on every tick: only its removal is tried

@@ -57,8 +57,8 @@ class TicketPolling {
   void ProcessOneTicket();
   void ChooseFile(std::string& file);
   std::string FirstInProcess();
-  bool IsDue(const std::string& file);
   std::string TakeInNext();
+  void TakeIn(const std::string& entry, const std::string& file);
   bool IsTakenIn(const std::string& entry);
   void RemoveSource(const std::string& entry);
   void CorrectClock();
@@ -78,7 +78,8 @@ class TicketPolling {
   SortedList list1_;
   SortedList list2_;
   std::map<std::string, int>
-      left_;                       // files that could not be read, with their tries and the ticks passed over
+      left_;  // files that could not be read, with their tries and the ticks passed over
+  std::map<std::string, int> refused_;  // the same for entries of new tickets that could not be taken in
   std::set<std::string> takenIn_;  // entries of new tickets whose file could not be removed after the copy
 };
 

@@ -166,6 +166,20 @@ TEST(Menu, ExitEndsTheAlarmsOfAnAbsentRegister) {
   EXPECT_EQ(shop.Log(), (Lines{"Start Rel. 1.0.0", "Applicazione terminata dall'Operatore", "End"}));
 }
 
+TEST(Menu, ADialogThatFailsIsLoggedAndDisturbsNoReceipt) {
+  for (const MenuItem item : {MenuItem::kExit, MenuItem::kUtilities, MenuItem::kConfigure}) {
+    Shop shop("on 1003 late 2000\n");
+    shop.Drop("a.txt", {"1;PANE;1,000;150;1;;;1;;", "2;1;150;;;"});
+    shop.person.SetObserver(
+        [](const ShownDialog&, std::string_view) { throw SystemError(error_number::kOutOfMemory, "Orv"); });
+    shop.After(1s, [&] { shop.UseMenu(item); });
+    shop.Run(10s);
+    EXPECT_EQ(shop.Err(), Lines{"Main - 7 - Out of memory ( Orv )"});
+    EXPECT_EQ(shop.LogForTickets(), (Lines{"Start Scontrino", "End Scontrino"}));
+    EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+  }
+}
+
 TEST(Menu, FiscalClosureIsPrintedAfterEveryWaitingTicket) {
   Shop shop;
   shop.Answer("Chiusura Fiscale");

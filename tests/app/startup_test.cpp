@@ -127,6 +127,17 @@ TEST(Startup, ShowsTheIconWithNameAndVersionAndRemovesIt) {
   EXPECT_EQ(shop.icon.Tip(), std::nullopt);
 }
 
+TEST(Startup, EndIsLoggedOnceTheIconHasGone) {
+  Shop shop;
+  int deletedBefore = -1;
+  shop.files.Before("Append", [&](const std::string& path) {
+    if (path.ends_with("\\Log.txt")) deletedBefore = shop.icon.deleted;
+  });
+  shop.Run(5s);
+  EXPECT_EQ(shop.Log().back(), "End");
+  EXPECT_EQ(deletedBefore, 1);
+}
+
 TEST(Startup, SecondInstanceIsRefusedAndTouchesNothing) {
   Shop shop;
   shop.Answer("Ok");
@@ -168,7 +179,9 @@ TEST(Startup, OldSettingsAreUpgradedWithOneBoxAStep) {
   shop.Run(5s);
   const std::string done = "Aggiornamento del file INI effettuato con successo !";
   EXPECT_EQ(shop.DialogTexts(), (Lines{done, done}));
+  EXPECT_EQ(shop.person.Shown()[0].caption, "Orvenza");
   EXPECT_EQ(shop.person.Shown()[0].icon, MessageIcon::kInformation);
+  EXPECT_EQ(shop.person.Shown()[0].buttons, Lines{"Ok"});
 }
 
 TEST(Startup, TicketFolderOnAMissingDriveEndsTheProgram) {

@@ -221,6 +221,13 @@ TEST_F(SettingsTest, TheIdentifierIsTheFirstCharacterThatIsNoBlank) {
   EXPECT_EQ(ReadCom("Ident=Q").Ident, 'Q');
 }
 
+TEST_F(SettingsTest, AnAccentedIdentifierIsItsOneByteInWindows1252) {
+  EXPECT_EQ(ReadCom("Ident=\xC3\x88").Ident, '\xC8') << "a file in UTF-8";
+  EXPECT_EQ(ReadCom("Ident=\xC8").Ident, '\xC8') << "a file in Windows-1252";
+  EXPECT_EQ(ReadCom("Ident=€").Ident, '\x80');
+  EXPECT_EQ(ReadCom("Ident=Ω").Ident, '?');
+}
+
 TEST_F(SettingsTest, AnEmptyIdentifierIsV) {
   EXPECT_EQ(ReadCom("Ident=").Ident, 'V');
   EXPECT_EQ(ReadCom("Ident=\"  \"").Ident, 'V');

@@ -152,8 +152,21 @@ TEST_F(OpenLinkTest, AnEndAskedForBetweenTwoTriesRaisesNoFurtherAlarm) {
   EXPECT_EQ(Shown().size(), 1U);
 }
 
-TEST_F(OpenLinkTest, AControlThatRefusesAPropertyCountsAsAClosedPort) {
-  for (const char* member : {"SetReset", "SetProperty", "PortOpen"}) {
+TEST_F(OpenLinkTest, APropertyThatTheControlRefusesIsLoggedAndTheOthersAreSet) {
+  for (int property = 1; property <= 10; ++property) {
+    files.content.clear();
+    control.calls.clear();
+    faulty.FailNth("SetProperty", property, error_number::kDeviceError);
+    link.OpenDeviceLink(777);
+    EXPECT_EQ(Errors(), Lines{"EcrLinkX1 - 57 - Device I/O error"}) << property;
+    EXPECT_EQ(Calls().size(), 11U) << property;
+    EXPECT_EQ(Calls().back(), "open 1") << property;
+  }
+  EXPECT_EQ(Shown(), Lines{});
+}
+
+TEST_F(OpenLinkTest, AControlThatCannotBeResetOrAskedCountsAsAClosedPort) {
+  for (const char* member : {"SetReset", "PortOpen"}) {
     files.content.clear();
     faulty.FailNext(member, error_number::kDeviceError);
     Answer("Riprova");

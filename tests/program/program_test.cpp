@@ -131,6 +131,20 @@ TEST(Program, TheFirstStartAsksForThePortAndMakesTheShop) {
   EXPECT_TRUE(shop.folder.Has("data\\inproces") && shop.folder.Has("data\\abort"));
 }
 
+TEST(Program, NamesItsSettingsFileAfterItself) {
+  const NewShop shop;
+  const std::string renamed = shop.folder.Path() + "/Cassa";
+  std::filesystem::copy_file(kProgram, renamed);
+  RunningProgram program({renamed, "--simulate", shop.folder.Path() + "/register.script"});
+  ASSERT_TRUE(program.Shows("Configurazione Parametri Porta COM") && program.Shows("Invio"));
+  program.Enter("");
+  ASSERT_TRUE(program.Shows(std::string("Cassa - ") + kVersionText + " in funzione")) << program.Shown();
+  shop.Quit();
+  EXPECT_EQ(program.ExitStatus(), 0);
+  EXPECT_TRUE(shop.folder.Has("Cassa.ini"));
+  EXPECT_FALSE(shop.folder.Has("Orvenza.ini"));
+}
+
 TEST(Program, PrintsATicketAndArchivesIt) {
   const Shop shop;
   shop.folder.Write("register.script", "speed instant\npaper carta.txt\n");

@@ -252,6 +252,45 @@ TEST(TakingIn, APrintedSourceThatCouldNotBeRemovedDoesNotCountAsWaiting) {
   EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "300101"}));
 }
 
+TEST(TakingIn, ATicketThatCannotBeTakenInHoldsUpNoOther) {
+  Shop shop;
+  shop.Drop("held.txt", {"0;1;"});
+  shop.Drop("b.txt", {"0;2;"});
+  shop.files.FailAlways("Move", "data\\held.txt", error_number::kPermissionDenied);
+  shop.files.FailAlways("Copy", "data\\held.txt", error_number::kPermissionDenied);
+  shop.After(2200ms, [&] { shop.files.Heal(); });
+  shop.Run();
+  EXPECT_EQ(shop.SentAt("105102"), Times{500});
+  EXPECT_EQ(shop.SentAt("105101"), Times{2500});
+  const std::string line = "Timer1 - 70 - Permission denied ( " + shop.Spelled("data\\held.txt )");
+  EXPECT_EQ(shop.Err(), Lines(4, line));
+}
+
+TEST(TakingIn, ATicketThatCannotBeTakenInIsTriedTenTimesAndThenRarely) {
+  Shop shop;
+  shop.Drop("held.txt", {"0;1;"});
+  shop.files.FailAlways("Move", "data\\held.txt", error_number::kPermissionDenied);
+  shop.files.FailAlways("Copy", "data\\held.txt", error_number::kPermissionDenied);
+  shop.After(30s, [&] { shop.files.Heal(); });
+  shop.Run(5min);
+  EXPECT_EQ(shop.Err().size(), 10U);
+  EXPECT_EQ(shop.SentAt("105101"), Times{60000});
+}
+
+TEST(TakingIn, ANewTicketIsNotTakenForAnEarlierOneThatCouldNotBeTakenIn) {
+  Shop shop;
+  DropAt(shop, "a.txt", 1, 1000);
+  shop.files.FailAlways("Move", "data\\a.txt", error_number::kPermissionDenied);
+  shop.files.FailAlways("Copy", "data\\a.txt", error_number::kPermissionDenied);
+  shop.After(8s, [&] {
+    shop.files.Heal();
+    std::filesystem::remove(shop.folder.Native("data\\a.txt"));
+  });
+  shop.After(10200ms, [&] { DropAt(shop, "a.txt", 2, 1000); });
+  shop.Run();
+  EXPECT_EQ(shop.SentAt("1051"), Times{10500});
+}
+
 // Files that stay in the in-process folder.
 
 TEST(LeftFile, IsTriedTenTimesAndThenHoldsUpTheOthersNoLonger) {

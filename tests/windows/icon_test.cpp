@@ -44,6 +44,19 @@ TEST(Icon, ComesAfterThePortDialogOfTheFirstStart) {
   EXPECT_TRUE(shop.folder.Has("data\\inproces") && shop.folder.Has("data\\abort"));
 }
 
+TEST(Start, TheFirstWritesTheWholeSettingsFile) {
+  const Shop shop("", false);
+  const Till till(shop);
+  till.Form(window_class::kOrvConf);
+  const std::string settings = shop.folder.Read("Orvenza.ini");
+  EXPECT_TRUE(settings.starts_with("[Version]\r\nVersion=1.06\r\n")) << settings;
+  EXPECT_NE(settings.find("='***** Command File Name = command.txt *****\r\n"), std::string::npos)
+      << settings;
+  EXPECT_TRUE(settings.ends_with("Single Quantity=0\r\nFile Parser=0\r\n")) << settings;
+  EXPECT_TRUE(shop.folder.Read("ErrDesc.ini").ends_with("\r\n116=Carta Scontrino Esaurita !\r\n"));
+  EXPECT_FALSE(shop.folder.Has("Orvenza.ini.new") || shop.folder.Has("ErrDesc.ini.new"));
+}
+
 TEST(Icon, OpensItsMenuWhenPressedWithEitherButton) {
   const Shop shop;
   const Till till(shop);

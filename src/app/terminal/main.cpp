@@ -28,7 +28,7 @@ int Refuse(const std::string& reason) {
   return 2;
 }
 
-int RunConnector(const std::string& folder, const FaultScript& script) {
+int RunConnector(const ProgramPaths& paths, const FaultScript& script) {
   PosixFiles files;
   PosixFolders folders;
   PosixClock clock;
@@ -36,18 +36,18 @@ int RunConnector(const std::string& folder, const FaultScript& script) {
   IniProfileFile profile(files);
   EventLoop loop(clock, pump);
   TerminalOperator terminal(std::cout, loop, clock);
-  Simulation simulation(files, clock, pump, script, folder, [](const std::string& line) {
+  Simulation simulation(files, clock, pump, script, paths.AppPath, [](const std::string& line) {
     std::cout << "    |" << line << "\n" << std::flush;
   });
   Connector connector({files, folders, profile, clock, loop, terminal, terminal, simulation.Control()},
-                      {folder, "Orvenza"});
+                      paths);
   terminal.SetMenuHandler([&](MenuItem item) { connector.OnMenu(item); });
   pump.WatchInput(
       kStandardInput, [&](const std::string& line) { terminal.OnLine(line); },
       [&] { terminal.OnEndOfInput(); });
   pump.OnTerminate([&] { loop.RequestEnd({.unload = true}); });
 
-  const InstanceLock lock(folder);
+  const InstanceLock lock(paths.AppPath);
   connector.Run(!lock.Acquired());
   return 0;
 }
@@ -65,10 +65,10 @@ int main(int argc, char** argv) {
         "this system has no link control, so no register can be reached; use --simulate for a simulated one");
   }
   try {
-    const fs::path here = fs::read_symlink("/proc/self/exe").parent_path();
-    const fs::path folder = options.folder.empty() ? here : fs::canonical(options.folder);
+    const fs::path program = fs::read_symlink("/proc/self/exe");
+    const fs::path folder = options.folder.empty() ? program.parent_path() : fs::canonical(options.folder);
     if (!fs::is_directory(folder)) return Refuse(folder.string() + " is not a folder");
-    return RunConnector(folder.string(),
+    return RunConnector({folder.string(), program.filename().string()},
                         options.script ? ReadFaultScript(PosixFiles(), *options.script) : FaultScript{});
   } catch (const std::exception& failure) {
     return Refuse(failure.what());

@@ -28,7 +28,7 @@ int Refuse(const ParentConsole& console, const std::string& reason) {
   return 2;
 }
 
-int RunConnector(const std::string& folder, const std::optional<FaultScript>& script,
+int RunConnector(const ProgramPaths& paths, const std::optional<FaultScript>& script,
                  const ParentConsole& console) {
   WindowsFiles files;
   WindowsFolders folders;
@@ -36,21 +36,21 @@ int RunConnector(const std::string& folder, const std::optional<FaultScript>& sc
   WindowsEventPump pump;
   WindowsProfileFile profile;
   EventLoop loop(clock, pump);
-  WindowsOperator person(loop, pump, folder);
+  WindowsOperator person(loop, pump, paths.AppPath);
   std::optional<Simulation> simulation;
   std::optional<EcrLinkAdapter> control;
   if (script) {
-    simulation.emplace(files, clock, pump, *script, folder,
+    simulation.emplace(files, clock, pump, *script, paths.AppPath,
                        [&](const std::string& line) { console.Write(line + "\n"); });
   } else {
     control.emplace();
   }
   Connector connector({files, folders, profile, clock, loop, person, person,
                        simulation ? simulation->Control() : static_cast<EcrLink&>(*control)},
-                      {folder, "Orvenza"});
+                      paths);
   person.SetMenuHandler([&](MenuItem item) { connector.OnMenu(item); });
 
-  const InstanceLock lock(folder);
+  const InstanceLock lock(paths.AppPath);
   connector.Run(!lock.Acquired());
   return 0;
 }
@@ -70,7 +70,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     std::optional<FaultScript> script;
     if (options.simulate)
       script = options.script ? ReadFaultScript(WindowsFiles(), *options.script) : FaultScript{};
-    return RunConnector(folder, script, console);
+    return RunConnector({folder, ProgramName()}, script, console);
   } catch (const std::exception& failure) {
     return Refuse(console, failure.what());
   }

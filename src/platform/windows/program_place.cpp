@@ -13,6 +13,12 @@ namespace {
 
 constexpr std::size_t kLongestPath = 32768;
 
+std::wstring ProgramPath() {
+  std::wstring path(kLongestPath, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  return path;
+}
+
 }  // namespace
 
 std::vector<std::string> CommandWords() {
@@ -25,9 +31,14 @@ std::vector<std::string> CommandWords() {
 }
 
 std::string HomeFolder() {
-  std::wstring path(kLongestPath, L'\0');
-  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  const std::wstring path = ProgramPath();
   return ToUtf8(path.substr(0, path.rfind(L'\\')));
+}
+
+std::string ProgramName() {
+  const std::wstring path = ProgramPath();
+  const std::wstring name = path.substr(path.rfind(L'\\') + 1);
+  return ToUtf8(name.substr(0, name.rfind(L'.')));
 }
 
 std::string FullFolder(const std::string& folder) {

@@ -11,6 +11,9 @@ std::vector<std::string> CommandWords();
 /// The folder of the executable, without a "\" at its end.
 std::string HomeFolder();
 
+/// The name of the executable, without its extension.
+std::string ProgramName();
+
 /// `folder` from the root of its drive on, without a "\" at its end.
 std::string FullFolder(const std::string& folder);
 
