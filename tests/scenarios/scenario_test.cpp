@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -61,6 +62,43 @@ class ScenarioTest : public ::testing::Test {
 
   std::string name_;
 };
+
+/// The blocks of verbatim text in a Markdown file.
+Lines BlocksOf(const std::string& manual) {
+  const std::string fence = "```";
+  Lines blocks;
+  for (std::size_t at = manual.find(fence); at != std::string::npos; at = manual.find(fence, at)) {
+    const std::size_t begin = manual.find('\n', at) + 1;
+    const std::size_t end = manual.find("\n" + fence, begin);
+    blocks.push_back(manual.substr(begin, end + 1 - begin));
+    at = end + 1 + fence.size();
+  }
+  return blocks;
+}
+
+/// Whether `text` stands in a file of the extension.
+bool IsInAny(const std::string& text, const std::string& extension) {
+  const auto holds = [&](const char* name) {
+    return Read(PathOf(name, extension)).find(text) != std::string::npos;
+  };
+  return std::any_of(std::begin(kNames), std::end(kNames), holds);
+}
+
+TEST(RehearsalManual, ShowsScenariosAndTranscriptsAsTheyAre) {
+  int scenarios = 0;
+  int transcripts = 0;
+  for (const std::string& block : BlocksOf(Read(ORVENZA_MANUAL))) {
+    if (block.starts_with("# ")) {
+      ++scenarios;
+      EXPECT_TRUE(IsInAny(block, ".scenario")) << block;
+    } else if (block.starts_with("   ")) {
+      ++transcripts;
+      EXPECT_TRUE(IsInAny(WithoutVersion(block), ".expected")) << block;
+    }
+  }
+  EXPECT_EQ(scenarios, 10);
+  EXPECT_EQ(transcripts, 10);
+}
 
 TEST(Scenarios, HaveAScenarioForEachTranscript) {
   for (const auto& entry : std::filesystem::directory_iterator(ORVENZA_SCENARIOS)) {
