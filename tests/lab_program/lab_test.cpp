@@ -22,5 +22,19 @@ TEST(LabProgram, RefusesACommandItDoesNotHave) {
   EXPECT_EQ(lab.Shown(), "orvenza-lab: unknown command 'prnt'\nSee 'orvenza-lab --help'.\n");
 }
 
+TEST(LabProgram, RehearsesAScenarioFromTheStandardInput) {
+  RunningProgram lab({ORVENZA_LAB, "rehearse", "-"});
+  lab.Enter("second instance");
+  lab.Enter("answer Ok");
+  lab.CloseInput();
+  EXPECT_EQ(lab.ExitStatus(), 0);
+  EXPECT_EQ(lab.Shown(),
+            "        0  start     16/11/2026 09:00:00\n"
+            "        0  dialog    Orvenza (stop): Programma già in esecuzione ! [Ok]\n"
+            "        0  answer    Ok\n"
+            "        0  error     Programma già in esecuzione !\n"
+            "        0  end\n");
+}
+
 }  // namespace
 }  // namespace orvenza::test
