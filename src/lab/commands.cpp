@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "core/version.h"
+#include "lab/bundle_command.h"
 #include "lab/check_command.h"
 #include "lab/doctor_command.h"
 #include "lab/rehearse_command.h"
@@ -104,6 +105,7 @@ int RunCommand(const Command& command, const std::vector<std::string>& words, La
 
 std::vector<Command> Commands() {
   return {
+      BundleCommand(),
       CheckCommand(),
       DoctorCommand(),
       RehearseCommand(),

@@ -1,0 +1,218 @@
+#include "lab/support_bundle.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "core/catalogue.h"
+#include "core/text.h"
+#include "core/version.h"
+#include "lab/diagnosis.h"
+#include "lab/folder_listing.h"
+#include "lab/wording.h"
+#include "platform/system_error.h"
+#include "tickets/text_mask.h"
+
+namespace orvenza {
+namespace {
+
+/// The end of a log, and the beginning of a ticket, are what support reads.
+constexpr std::size_t kLongestLog = 2'000'000;
+constexpr std::size_t kLongestTicket = 1'000'000;
+constexpr std::size_t kMostTickets = 10;
+constexpr const char* kMasked = "texts masked";
+
+std::string ReadEnd(const Files& files, const std::string& path) {
+  std::string end;
+  std::string piece(65536, '\0');
+  const auto reader = files.OpenForReading(path);
+  while (const std::size_t count = reader->Read(piece.data(), piece.size())) {
+    end.append(piece, 0, count);
+    if (end.size() > 2 * kLongestLog) end.erase(0, end.size() - kLongestLog);
+  }
+  if (end.size() > kLongestLog) end.erase(0, end.size() - kLongestLog);
+  return end;
+}
+
+BundleEntry Missing(const std::string& name, const std::string& reason) {
+  return {name, {}, {}, reason, true};
+}
+
+std::string CutRemark(const char* which, std::size_t kept, std::uintmax_t size) {
+  return size <= kept ? std::string()
+                      : std::string("the ") + which + " " + SizeText(kept) + " of " + SizeText(size);
+}
+
+/// A remark and another one.
+std::string Both(const std::string& first, const std::string& second) {
+  return first + (first.empty() || second.empty() ? "" : "; ") + second;
+}
+
+/// Collects the entries; each method adds those of one kind.
+class Collector {
+ public:
+  Collector(const Installation& shop, bool withDescriptions)
+      : shop_(shop), withDescriptions_(withDescriptions) {}
+
+  void AddText(const std::string& name, std::string text) {
+    entries_.push_back({name, std::move(text), shop_.now, {}});
+  }
+
+  void AddFindings(const Findings& findings) {
+    std::ostringstream text;
+    WriteDiagnosis(text, shop_, findings, false);
+    AddText("doctor.txt", text.str());
+    std::ostringstream json;
+    WriteDiagnosisAsJson(json, shop_, findings);
+    AddText("doctor.json", json.str());
+  }
+
+  void AddSettings() {
+    for (const std::string& path : {shop_.paths.Ini(), shop_.paths.ErrDesc()}) {
+      const std::string name = "settings/" + NameOf(path);
+      if (!shop_.files.Exists(path)) {
+        entries_.push_back(Missing(name, "does not exist"));
+        continue;
+      }
+      Add(name, [&](BundleEntry& entry) { entry.bytes = ReadWhole(shop_.files, path); });
+    }
+  }
+
+  void AddLogs() {
+    for (const char* expected : {"Log.txt", "Log.Bak", "Err.txt", "Err.Bak", "error.txt", "error.Bak"}) {
+      AddLog(expected, expected);
+    }
+    // Where letter case counts, lines that a log did not take are in a file of their own.
+    if (IsListed("Log.txt") && IsListed("log.txt")) AddLog("log.txt", "fallback-log.txt");
+  }
+
+  void AddTickets() {
+    for (const FoundTicket& ticket : LatestTickets(shop_, kMostTickets)) {
+      Add("tickets/" + ticket.place + "/" + ticket.entry.name, [&](BundleEntry& entry) {
+        entry.bytes = ReadWhole(shop_.files, ticket.path, kLongestTicket);
+        entry.modified = ticket.entry.modified;
+        entry.remark = CutRemark("first", kLongestTicket, ticket.entry.size);
+        if (withDescriptions_) return;
+        entry.bytes = MaskTicketTexts(entry.bytes, shop_.Settings().SeparatorChar);
+        entry.remark = Both(kMasked, entry.remark);
+      });
+    }
+  }
+
+  std::vector<BundleEntry> Take() { return std::move(entries_); }
+
+ private:
+  static std::string NameOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
+
+  /// Adds what `fill` makes of an entry, or why it could not.
+  template <typename Fill>
+  void Add(const std::string& name, Fill fill) {
+    BundleEntry entry{name, {}, shop_.now, {}};
+    try {
+      fill(entry);
+      entries_.push_back(std::move(entry));
+    } catch (const SystemError& failure) {
+      entries_.push_back(Missing(name, failure.Description()));
+    }
+  }
+
+  bool IsListed(const std::string& name) const {
+    try {
+      const FolderListing listing = shop_.folders.ListFolder(shop_.paths.AppPath + "\\" + name);
+      return std::any_of(listing.begin(), listing.end(),
+                         [&](const auto& entry) { return entry.name == name; });
+    } catch (const SystemError&) {
+      return false;
+    }
+  }
+
+  void AddLog(const std::string& file, const std::string& name) {
+    const std::string path = shop_.paths.AppPath + "\\" + file;
+    if (!shop_.files.Exists(path)) {
+      entries_.push_back(Missing("logs/" + name, "does not exist"));
+      return;
+    }
+    Add("logs/" + name, [&](BundleEntry& entry) {
+      entry.bytes = ReadEnd(shop_.files, path);
+      entry.remark = CutRemark("last", kLongestLog, shop_.files.Size(path));
+      bool masked = false;
+      if (!withDescriptions_) entry.bytes = MaskLog(entry.bytes, shop_.Settings().SeparatorChar, masked);
+      if (masked) entry.remark = Both("texts of quoted ticket lines masked", entry.remark);
+    });
+  }
+
+  const Installation& shop_;
+  bool withDescriptions_;
+  std::vector<BundleEntry> entries_;
+};
+
+std::string Versions(const Installation& shop) {
+  const ControlRegistration control = shop.machine.FindControl();
+  std::string text = "orvenza-lab " + std::string(kVersionText) + "\n";
+  text += "system      " + shop.machine.SystemName() + "\n";
+  text += "time        " + IsoText(shop.now) + "\n";
+  text += "folder      " + shop.paths.AppPath + "\n";
+  text += "connector   " + std::string(shop.isServed ? "running" : "not running") + "\n";
+  text += "settings    " + (shop.review.version.empty() ? "without version" : shop.review.version) + "\n";
+  text += "control     " + (control.server.empty() ? "none" : control.server) + "\n";
+  text += "ports      ";
+  if (const auto ports = shop.machine.SerialPorts()) {
+    for (const int port : *ports) text += " COM" + std::to_string(port);
+  }
+  return text + "\n";
+}
+
+/// A line an entry.
+std::string ListOfContents(const std::vector<BundleEntry>& entries) {
+  std::size_t width = 0;
+  for (const BundleEntry& entry : entries) width = std::max(width, CountCharacters(entry.name));
+  std::string list;
+  // The list itself comes first, and cannot know its own size.
+  for (auto entry = entries.begin() + 1; entry != entries.end(); ++entry) {
+    const std::string size = entry->missing ? "missing" : SizeText(entry->bytes.size());
+    list += entry->name + std::string(width - CountCharacters(entry->name) + 2, ' ') + size;
+    if (!entry->remark.empty())
+      list += std::string(12 - std::min<std::size_t>(size.size(), 11), ' ') + entry->remark;
+    list += "\n";
+  }
+  return list;
+}
+
+}  // namespace
+
+std::vector<BundleEntry> CollectBundle(const Installation& shop, const Findings& findings,
+                                       bool withDescriptions) {
+  Collector collector(shop, withDescriptions);
+  collector.AddText("contents.txt", {});
+  collector.AddFindings(findings);
+  collector.AddText("versions.txt", Versions(shop));
+  collector.AddText("folders.txt", ListFolders(shop));
+  collector.AddSettings();
+  collector.AddLogs();
+  collector.AddTickets();
+  std::vector<BundleEntry> entries = collector.Take();
+  entries.front().bytes =
+      "Orvenza in " + shop.paths.AppPath + ", " + MinuteText(shop.now) + ", by orvenza-lab " + kVersionText +
+      "\n" +
+      (withDescriptions ? "Texts of tickets are in it as they are.\n"
+                        : "Texts of tickets are masked; amounts, quantities and numbers are not.\n") +
+      "\n" + ListOfContents(entries);
+  return entries;
+}
+
+std::string MaskLog(const std::string& log, char separator, bool& masked) {
+  const std::string mark = LoadMessage(124) + " ";
+  std::string result;
+  for (std::size_t at = 0; at < log.size();) {
+    const std::size_t quote = log.find(mark, at);
+    if (quote == std::string::npos) return result + log.substr(at);
+    const std::size_t start = quote + mark.size();
+    const std::size_t end = std::min(log.find_first_of("\r\n", start), log.size());
+    result +=
+        log.substr(at, start - at) + MaskTexts(std::string_view(log).substr(start, end - start), separator);
+    masked = masked || end > start;
+    at = end;
+  }
+  return result;
+}
+
+}  // namespace orvenza
