@@ -25,7 +25,7 @@ std::set<std::string> Everything(const TempFolder& folder) {
     all.insert(path.string() + " " + std::to_string(time) + " " +
                (isFile ? std::string(std::istreambuf_iterator<char>(in), {}) : "folder"));
   };
-  add(folder.Native(""));
+  add(folder.Path());
   for (const auto& entry : fs::recursive_directory_iterator(folder.Native(""))) add(entry.path());
   return all;
 }

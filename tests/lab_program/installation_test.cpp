@@ -1,0 +1,73 @@
+// The finished orvenza-lab before an installation, driven as a person at a terminal drives it.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "lab/zip_reader.h"
+#include "program/running_program.h"
+#include "support/temp_folder.h"
+
+namespace orvenza::test {
+namespace {
+
+TEST(LabProgram, ExaminesAnInstallation) {
+  const TempFolder shop;
+  RunningProgram lab({ORVENZA_LAB, "doctor", "--folder", shop.Path()});
+  EXPECT_EQ(lab.ExitStatus(), 0);
+  EXPECT_EQ(lab.Shown().substr(0, lab.Shown().find(", 20")), "Orvenza in " + shop.Path());
+  EXPECT_NE(lab.Shown().find("\nnote     settings.new  "), std::string::npos);
+  EXPECT_TRUE(lab.Shown().ends_with(" in order. Ready.\n"));
+  EXPECT_EQ(lab.Shown().find('\x1b'), std::string::npos);
+  EXPECT_TRUE(std::filesystem::is_empty(shop.Native("")));
+}
+
+TEST(LabProgram, EndsWithTheStatusOfItsWorstFinding) {
+  const TempFolder shop;
+  shop.Write("Orvenza.ini", "[Version]\nVersion=7\n");
+  RunningProgram lab({ORVENZA_LAB, "doctor", "--json", "--folder=" + shop.Path()});
+  EXPECT_EQ(lab.ExitStatus(), 2);
+  EXPECT_NE(lab.Shown().find("{\"severity\": \"error\", \"code\": \"settings.version\", "),
+            std::string::npos);
+}
+
+TEST(LabProgram, SeesARunningConnector) {
+  const TempFolder shop;
+  RunningProgram connector({ORVENZA_PROGRAM, "--folder", shop.Path(), "--simulate"});
+  ASSERT_TRUE(connector.Shows("Porta COM"));
+  RunningProgram lab({ORVENZA_LAB, "doctor", "--folder", shop.Path()});
+  EXPECT_EQ(lab.ExitStatus(), 0);
+  EXPECT_NE(lab.Shown().find("\nnote     instance.running  "), std::string::npos);
+}
+
+TEST(LabProgram, WritesABundle) {
+  const TempFolder shop;
+  shop.Write("storico/1.txt",
+             "23\x7f"
+             "Anna\x7f"
+             "1\x7f\r\n");
+  shop.Write("out/here", "");
+  RunningProgram lab(
+      {ORVENZA_LAB, "bundle", "--folder", shop.Path(), "--output", shop.Path() + "/out/b.zip"});
+  EXPECT_EQ(lab.ExitStatus(), 0);
+  EXPECT_TRUE(lab.Shown().ends_with(" kB\n")) << lab.Shown();
+  ZipReader archive(shop.Read("out/b.zip"));
+  EXPECT_EQ(archive.entries["tickets/historic/1.txt"].bytes,
+            "23\x7fXxxx\x7f"
+            "1\x7f\r\n");
+  RunningProgram again(
+      {ORVENZA_LAB, "bundle", "--folder", shop.Path(), "--output", shop.Path() + "/out/b.zip"});
+  EXPECT_EQ(again.ExitStatus(), 2);
+  EXPECT_EQ(again.Shown(), "orvenza-lab bundle: " + shop.Path() + "/out/b.zip exists already\n");
+}
+
+TEST(LabProgram, WritesNoBundleWhereItCannot) {
+  const TempFolder shop;
+  RunningProgram lab(
+      {ORVENZA_LAB, "bundle", "--folder", shop.Path(), "--output", shop.Path() + "/none/b.zip"});
+  EXPECT_EQ(lab.ExitStatus(), 2);
+  EXPECT_EQ(lab.Shown(), "orvenza-lab bundle: Path not found ( " + shop.Path() + "/none/b.zip )\n");
+}
+
+}  // namespace
+}  // namespace orvenza::test
