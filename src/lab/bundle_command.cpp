@@ -25,9 +25,9 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
   if (!arguments.words.empty()) {
     return RefuseUsage(lab.console, "bundle", "unexpected word '" + arguments.words.front() + "'");
   }
-  const auto folder = ProgramFolder(arguments, lab);
-  if (!folder) return kWrongUsage;
-  const Installation shop = LookAt(lab, *folder);
+  const auto paths = ChosenInstallation(arguments, lab);
+  if (!paths) return kWrongUsage;
+  const Installation shop = LookAt(lab, *paths);
   const std::string output =
       arguments.Value("--output")
           .value_or("orvenza-support-" + DateDigits(shop.now) + "-" + TimeDigits(shop.now) + ".zip");
@@ -46,25 +46,26 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
 }  // namespace
 
 Command BundleCommand() {
-  return {"bundle",
-          "gather what support needs into one file",
-          "[--folder DIR] [--output FILE] [--with-descriptions]",
-          "Writes a ZIP archive with the settings, the logs and their older copies, folder\n"
-          "listings, versions, what the doctor says, and the last ten tickets, and prints\n"
-          "what is in it. A file that cannot be read is listed as missing.\n"
-          "\n"
-          "Texts that tickets print are masked, in the tickets and where a log quotes\n"
-          "them: letters become x, digits 9. Record types, separators, amounts and\n"
-          "quantities stay. docs/bundle.md says more.",
-          {{"--folder", "DIR", "the program folder (default: where orvenza-lab lies)"},
-           {"--output", "FILE",
+  return {
+      "bundle",
+      "gather what support needs into one file",
+      "[--folder DIR] [--name NAME] [--output FILE] [--with-descriptions]",
+      "Writes a ZIP archive with the settings, the logs and their older copies, folder\n"
+      "listings, versions, what the doctor says, and the last ten tickets, and prints\n"
+      "what is in it. A file that cannot be read is listed as missing.\n"
+      "\n"
+      "Texts that tickets print are masked, in the tickets and where a log quotes\n"
+      "them: letters become x, digits 9. Record types, separators, amounts and\n"
+      "quantities stay. docs/bundle.md says more.",
+      InstallationOptions(
+          {{"--output", "FILE",
             "the archive to write, which must not exist yet\n(default: orvenza-support-DATE-TIME.zip here)"},
-           {kWithDescriptions, {}, "leave the texts of tickets as they are"}},
-          "0  written\n"
-          "2  not written",
-          "orvenza-lab bundle --folder C:\\Orvenza\n"
-          "orvenza-lab bundle --output D:\\for-support.zip",
-          Run};
+           {kWithDescriptions, {}, "leave the texts of tickets as they are"}}),
+      "0  written\n"
+      "2  not written",
+      "orvenza-lab bundle --folder C:\\Orvenza\n"
+      "orvenza-lab bundle --output D:\\for-support.zip",
+      Run};
 }
 
 }  // namespace orvenza

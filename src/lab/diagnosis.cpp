@@ -93,15 +93,14 @@ void WriteSummary(std::ostream& out, const Findings& findings) {
 
 }  // namespace
 
-Installation LookAt(const LabSurroundings& lab, const std::string& folder) {
-  const ProgramPaths paths{folder, "Orvenza"};
+Installation LookAt(const LabSurroundings& lab, const ProgramPaths& paths) {
   return {lab.files,
           lab.folders,
           lab.machine,
           lab.clock,
           paths,
           lab.clock.Now(),
-          lab.machine.IsServed(folder),
+          lab.machine.IsServed(paths.AppPath),
           ReviewSettings(lab.profile, lab.files, lab.clock, paths)};
 }
 

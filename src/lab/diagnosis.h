@@ -9,9 +9,8 @@
 
 namespace orvenza {
 
-/// Looks at the installation in a program folder (from the root on, without a "\" at its end). Changes
-/// nothing.
-Installation LookAt(const LabSurroundings& lab, const std::string& folder);
+/// Looks at the installation in a program folder. Changes nothing.
+Installation LookAt(const LabSurroundings& lab, const ProgramPaths& paths);
 
 /// All that is to be said about an installation, in the order of its parts.
 Findings Diagnose(const Installation& shop);

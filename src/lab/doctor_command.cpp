@@ -9,9 +9,9 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
   if (!arguments.words.empty()) {
     return RefuseUsage(lab.console, "doctor", "unexpected word '" + arguments.words.front() + "'");
   }
-  const auto folder = ProgramFolder(arguments, lab);
-  if (!folder) return kWrongUsage;
-  const Installation shop = LookAt(lab, *folder);
+  const auto paths = ChosenInstallation(arguments, lab);
+  if (!paths) return kWrongUsage;
+  const Installation shop = LookAt(lab, *paths);
   const Findings findings = Diagnose(shop);
   if (arguments.Has("--json")) {
     WriteDiagnosisAsJson(lab.console.out, shop, findings);
@@ -26,7 +26,7 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
 Command DoctorCommand() {
   return {"doctor",
           "look at an installation before opening time",
-          "[--folder DIR] [--json]",
+          "[--folder DIR] [--name NAME] [--json]",
           "Looks at the settings as the connector would read them, the folders and the\n"
           "tickets in them, the logs, the command file, the link control and the serial\n"
           "port. Each finding has a severity, a code that never changes its meaning, the\n"
@@ -34,8 +34,7 @@ Command DoctorCommand() {
           "\n"
           "Nothing is changed: no file is written, and what the next start would repair\n"
           "is only told.",
-          {{"--folder", "DIR", "the program folder (default: where orvenza-lab lies)"},
-           {"--json", {}, "write one JSON object"}},
+          InstallationOptions({{"--json", {}, "write one JSON object"}}),
           "0  nothing but notes\n"
           "1  warnings: receipts are printed, but something is not as it should be\n"
           "2  errors: receipts are not printed, or get lost; or wrong usage",
@@ -44,10 +43,20 @@ Command DoctorCommand() {
           Run};
 }
 
-std::optional<std::string> ProgramFolder(const Arguments& arguments, const LabSurroundings& lab) {
+std::vector<Option> InstallationOptions(const std::vector<Option>& own) {
+  std::vector<Option> options{{"--folder", "DIR", "the program folder (default: where orvenza-lab lies)"},
+                              {"--name", "NAME",
+                               "the connector's executable without extension, after which\nits settings are "
+                               "named (default: Orvenza)"}};
+  options.insert(options.end(), own.begin(), own.end());
+  return options;
+}
+
+std::optional<ProgramPaths> ChosenInstallation(const Arguments& arguments, const LabSurroundings& lab) {
   const std::string named = arguments.Value("--folder").value_or(lab.homeFolder);
-  std::string folder = lab.machine.FullFolder(named);
-  if (lab.folders.Exists(folder + "\\")) return folder;
+  const std::string folder = lab.machine.FullFolder(named);
+  if (lab.folders.Exists(folder + "\\"))
+    return ProgramPaths{folder, arguments.Value("--name").value_or("Orvenza")};
   lab.console.err << "orvenza-lab: " << named << " is not a folder\n";
   return std::nullopt;
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
+#include "core/settings.h"
 #include "lab/commands.h"
 
 namespace orvenza {
@@ -9,8 +11,10 @@ namespace orvenza {
 /// "doctor": looks at an installation before opening time.
 Command DoctorCommand();
 
-/// The program folder that the option "--folder" names, else the one where the executable lies; from the root
-/// on, without a "\" at its end. Nothing, and a word on the error output, where it is no folder.
-std::optional<std::string> ProgramFolder(const Arguments& arguments, const LabSurroundings& lab);
+/// The options of a command that is about an installation, and those of its own behind them.
+std::vector<Option> InstallationOptions(const std::vector<Option>& own);
+
+/// The installation that they choose. Nothing, and a word on the error output, where the folder is none.
+std::optional<ProgramPaths> ChosenInstallation(const Arguments& arguments, const LabSurroundings& lab);
 
 }  // namespace orvenza

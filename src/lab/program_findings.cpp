@@ -125,6 +125,21 @@ void AddTexts(Findings& findings, const Installation& shop) {
   findings.push_back({Severity::kNote, "texts.missing", "ErrDesc.ini is missing; the next start writes it."});
 }
 
+/// A connector that was renamed has settings of another name.
+void AddOtherSettings(Findings& findings, const Installation& shop) {
+  if (shop.review.state != SettingsReview::State::kNew) return;
+  try {
+    for (const FolderEntry& entry : shop.folders.ListFolder(shop.paths.AppPath + "\\*.ini")) {
+      if (entry.isFolder || IsSameIniName(entry.name, NameOf(shop.paths.ErrDesc()))) continue;
+      findings.push_back({Severity::kNote, "settings.other",
+                          "There is " + entry.name + ", which a connector of that name reads (--name " +
+                              entry.name.substr(0, entry.name.rfind('.')) + ")."});
+    }
+  } catch (const SystemError&) {
+    // Of the folder, others speak.
+  }
+}
+
 void AddIniRights(Findings& findings, const Installation& shop) {
   if (!shop.files.Exists(shop.paths.Ini()) || shop.machine.MayWrite(shop.paths.Ini())) return;
   findings.push_back(
@@ -139,6 +154,7 @@ Findings FindInProgram(const Installation& shop) {
   Findings findings;
   AddInstance(findings, shop);
   AddCommandFile(findings, shop);
+  AddOtherSettings(findings, shop);
   AddIniRights(findings, shop);
   AddTexts(findings, shop);
   AddLogs(findings, shop);

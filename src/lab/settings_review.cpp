@@ -51,7 +51,10 @@ constexpr UsedValue kUsedValues[] = {
     {"TimeWaitForAck", [](const AppSettings& s) { return std::to_string(s.TimeWaitForAck); }},
     {"TimeWaitForEtx", [](const AppSettings& s) { return std::to_string(s.TimeWaitForEtx); }},
     {"TxMessageRetry", [](const AppSettings& s) { return std::to_string(s.TxMessageRetry); }},
-    {"Ident", [](const AppSettings& s) { return std::string(1, s.Ident); }},
+    {"Ident",
+     [](const AppSettings& s) {
+       return FromWindows1252({&s.Ident, 1});
+     }},
     {"TimeWaitForLONGEtx", [](const AppSettings& s) { return std::to_string(s.TimeWaitForLONGEtx); }},
     {"Pc Time Correction", [](const AppSettings& s) { return NumberText(s.PcTimeCorrection); }},
     {"Time Shift", [](const AppSettings& s) { return NumberText(s.TimeShift); }},

@@ -60,7 +60,7 @@ TEST_F(Diagnosis, HasAnExitStatusForItsWorstFinding) {
 
 TEST_F(Diagnosis, IsOneJsonObjectOnRequest) {
   LabSurroundings lab = Lab();
-  const Installation shop = LookAt(lab, "C:\\Orvenza");
+  const Installation shop = LookAt(lab, {"C:\\Orvenza", "Orvenza"});
   WriteDiagnosisAsJson(out, shop, {{Severity::kWarning, "some.code", "A \"fact\".", "Do."}, {}});
   EXPECT_EQ(out.str(),
             "{\n"
@@ -89,6 +89,12 @@ TEST_F(Diagnosis, ShowsColoursOnATerminalOnly) {
   console.colours = true;
   Run({});
   EXPECT_NE(out.str().find("\x1b[32mok\x1b[0m       settings.ok  "), std::string::npos);
+}
+
+TEST_F(Diagnosis, ReadsTheSettingsOfARenamedConnector) {
+  disk.Put(At("Cassa.ini"), *disk.Content(At("Orvenza.ini")));
+  EXPECT_EQ(Run({"--name", "Cassa"}), 0);
+  EXPECT_NE(out.str().find("ok       settings.ok           Cassa.ini is of version"), std::string::npos);
 }
 
 TEST_F(Diagnosis, RefusesWhatIsNoFolder) {

@@ -51,6 +51,17 @@ TEST_F(ProgramFindings, TellOfReadOnlyFiles) {
             "warning log.readonly: Log.txt cannot be written to.\n");
 }
 
+TEST_F(ProgramFindings, TellOfSettingsOfAnotherName) {
+  disk.Put(At("Cassa.ini"), *disk.Content(At("Orvenza.ini")));
+  EXPECT_EQ(Said(), "");
+  disk.Delete(At("Orvenza.ini"));
+  EXPECT_EQ(
+      Said(),
+      "note settings.new: Orvenza.ini is missing; the next start writes it with the defaults and asks for "
+      "the port.\n"
+      "note settings.other: There is Cassa.ini, which a connector of that name reads (--name Cassa).\n");
+}
+
 TEST_F(ProgramFindings, TellOfMissingTexts) {
   disk.Delete(At("ErrDesc.ini"));
   EXPECT_EQ(Said(), "note texts.missing: ErrDesc.ini is missing; the next start writes it.\n");

@@ -57,6 +57,7 @@ TEST_F(SettingsFindings, TellOfEachValueThatIsNotUsedAsItStands) {
        "warning settings.reads-as: [General] File Parser is \"yes\", which is read as \"0\".\n"},
       {"Ident=V", "Ident=VX",
        "warning settings.reads-as: [Com Settings] Ident is \"VX\", which is read as \"V\".\n"},
+      {"Ident=V", "Ident=\xC3\xA8", ""},
       {"Ident=V", "", "note settings.default: [Com Settings] Ident is missing; \"V\" is used.\n"},
       {"Pc Time", "", "note settings.default: [General] Pc Time Correction is missing; \"0\" is used.\n"},
       {"TimeWaitForEtx", "",

@@ -50,7 +50,7 @@ class ShopBench : public ::testing::Test {
 
   Findings Find() {
     const LabSurroundings lab = Lab();
-    return Diagnose(LookAt(lab, kApp));
+    return Diagnose(LookAt(lab, {kApp, "Orvenza"}));
   }
 
   /// What is not in order: "severity code: fact", a line each.
