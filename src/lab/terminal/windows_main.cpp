@@ -29,10 +29,15 @@ int main() {
   WindowsFolders folders;
   WindowsProfileFile profile;
   WindowsClock clock;
-  mode.ErrorIsConsole(), mode.OutputIsConsole()
-};
-LabSurroundings surroundings{files, folders, profile, clock, machine, console, HomeFolder()};
-const int status = RunLab(CommandWords(), Commands(), surroundings);
-std::cout.flush();  // before the console is put back as it was
-return status;
+  WindowsMachine machine;
+  Console console{std::cin,
+                  std::cout,
+                  std::cerr,
+                  mode.ShowsColours() && WantsColours(),
+                  mode.ErrorIsConsole(),
+                  mode.OutputIsConsole()};
+  LabSurroundings surroundings{files, folders, profile, clock, machine, console, HomeFolder()};
+  const int status = RunLab(CommandWords(), Commands(), surroundings);
+  std::cout.flush();  // before the console is put back as it was
+  return status;
 }
