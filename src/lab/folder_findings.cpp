@@ -67,7 +67,7 @@ Finding OfFolder(const Installation& shop, const NamedFolder& folder) {
                                    : is + " is missing and cannot be made in " + nearest + ".",
             "Give the user of the till the right to write there."};
   }
-  if (nearest == folder.path) return {Severity::kOk, "folder.ok", is + " can be written to."};
+  if (nearest == folder.path) return {Severity::kOk, "folder.ok", folder.name};
   return {Severity::kNote, "folder.missing", is + " is missing; the connector makes it."};
 }
 
@@ -93,7 +93,7 @@ void AddVolumes(Findings& findings, const Installation& shop, const std::vector<
 }
 
 Finding OfSpace(const std::string& names, std::uintmax_t free) {
-  const std::string fact = "There is " + SizeText(free) + " free for the " + names + ".";
+  const std::string fact = "There is " + SizeText(free) + " free for " + names + ".";
   const std::string remedy = "Make room on that drive; old tickets of the historic folder can be moved away.";
   if (free < kTooLittleSpace) return {Severity::kError, "space.low", fact, remedy};
   if (free < kLittleSpace) return {Severity::kWarning, "space.low", fact, remedy};
@@ -120,6 +120,7 @@ void AddSpace(Findings& findings, const Installation& shop, const std::vector<Na
       known->names += ", " + folder.name;
     }
   }
+  if (volumes.size() == 1) volumes.front().names = "all folders";
   for (const Volume& volume : volumes) findings.push_back(OfSpace(volume.names, volume.free));
 }
 
@@ -128,7 +129,16 @@ void AddSpace(Findings& findings, const Installation& shop, const std::vector<Na
 Findings FindInFolders(const Installation& shop) {
   Findings findings;
   const std::vector<NamedFolder> folders = FoldersOf(shop);
-  for (const NamedFolder& folder : folders) findings.push_back(OfFolder(shop, folder));
+  std::string usable;
+  for (const NamedFolder& folder : folders) {
+    Finding finding = OfFolder(shop, folder);
+    if (finding.severity == Severity::kOk) {
+      usable += (usable.empty() ? "" : ", ") + folder.name;
+    } else {
+      findings.push_back(std::move(finding));
+    }
+  }
+  if (!usable.empty()) findings.push_back({Severity::kOk, "folder.ok", "Can be written to: " + usable + "."});
   AddVolumes(findings, shop, folders);
   AddSpace(findings, shop, folders);
   return findings;

@@ -10,13 +10,9 @@ class FolderFindings : public ShopBench {};
 TEST_F(FolderFindings, NameEachFolderThatCanBeUsed) {
   const std::string inOrder = InOrder();
   EXPECT_NE(
-      inOrder.find("ok folder.ok: The program folder C:\\Orvenza\\ can be written to.\n"
-                   "ok folder.ok: The ticket folder C:\\Orvenza\\data\\ can be written to.\n"
-                   "ok folder.ok: The in-process folder C:\\Orvenza\\data\\inproces\\ can be written to.\n"
-                   "ok folder.ok: The abort folder C:\\Orvenza\\data\\abort\\ can be written to.\n"
-                   "ok folder.ok: The historic folder C:\\Orvenza\\storico\\ can be written to.\n"
-                   "ok space.ok: There is 80.0 GB free for the program folder, ticket folder, in-process "
-                   "folder, abort folder, historic folder.\n"),
+      inOrder.find("ok folder.ok: Can be written to: program folder, ticket folder, in-process folder, abort "
+                   "folder, historic folder.\n"
+                   "ok space.ok: There is 80.0 GB free for all folders.\n"),
       std::string::npos)
       << inOrder;
 }
@@ -76,10 +72,10 @@ TEST_F(FolderFindings, TellHowMuchRoomIsLeft) {
             "note folder.volume: The historic folder is on another volume than the ticket folder; printed "
             "tickets are "
             "copied there instead of moved.\n"
-            "error space.low: There is 20.0 MB free for the program folder, ticket folder, in-process "
+            "error space.low: There is 20.0 MB free for program folder, ticket folder, in-process "
             "folder, abort "
             "folder.\n"
-            "warning space.low: There is 200.0 MB free for the historic folder.\n");
+            "warning space.low: There is 200.0 MB free for historic folder.\n");
 }
 
 }  // namespace
