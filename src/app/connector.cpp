@@ -156,7 +156,7 @@ void Connector::IdentifyRegister() {
 void Connector::RunMainLoop() {
   for (;;) {
     loop_.Wait(timer1_.Enabled() ? timer1_.TimeLeft() : kIdleWait);
-    link_.ApplyChangedSettings();
+    journals_.Attempt(kMainLabel, [&] { link_.ApplyChangedSettings(); });
     if (!timer1_.Enabled() || timer1_.TimeLeft() > 0s) continue;
     if (tickObserver_) tickObserver_();
     polling_.Tick();
@@ -182,10 +182,16 @@ void Connector::OnMenu(MenuItem item) {
   });
 }
 
+/// The question whether to end is a message like others.
+void Connector::CloseMessage() {
+  person_.CloseMessage();
+  exitAsked_ = false;
+}
+
 void Connector::Pm1() {
   if (exitAsked_) return;
+  CloseMessage();
   const OpenMark mark(exitAsked_);
-  person_.CloseMessage();
   const PollingPause pause(timer1_);
   if (!ConfirmEnd(messages_, message_style::kExclamation)) return;
   journals_.WrLog(LoadMessage(156));
@@ -193,13 +199,13 @@ void Connector::Pm1() {
 }
 
 void Connector::Pm2() {
-  person_.CloseMessage();
+  CloseMessage();
   const PollingPause pause(timer1_);
   orvUti_.Show();
 }
 
 void Connector::Pm4() {
-  person_.CloseMessage();
+  CloseMessage();
   const PollingPause pause(timer1_);
   orvConf_.Show();
   link_.ReapplySettings();

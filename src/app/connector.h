@@ -53,7 +53,8 @@ class Connector {
   void Run(bool anotherInstanceRuns);
 
   /// An item of the icon's menu was chosen. To be called as an event, whatever the program waits for; without
-  /// effect while there is no icon.
+  /// effect while there is no icon. A failure is written to the error log, and the wait goes on. ProgramEnd
+  /// passes.
   void OnMenu(MenuItem item);
 
   const AppSettings& Settings() const { return settings_; }
@@ -72,6 +73,7 @@ class Connector {
   void RunMainLoop();
   void Unload(const ProgramEnd& end);
 
+  void CloseMessage();
   void Pm1();
   void Pm2();
   void Pm4();

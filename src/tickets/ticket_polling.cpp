@@ -66,7 +66,7 @@ void TicketPolling::Tick() {
   bool quit = false;
   journals_.Attempt(kLabel, [&] { quit = QuitAsked(); });
   if (quit) Quit();
-  if (listed) ProcessOneTicket();
+  if (listed) journals_.Attempt(kLabel, [&] { ProcessOneTicket(); });
   journals_.Attempt(kLabel, [&] { CorrectClock(); });
   timer_.SetEnabled(true);
 }

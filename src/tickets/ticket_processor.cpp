@@ -183,7 +183,7 @@ TicketProcessor::Next TicketProcessor::SendLongRunning(const std::string& comman
 void TicketProcessor::RestoreNormalWait() {
   if (!longWait_) return;
   longWait_ = false;
-  link_.Reopen(settings_.TimeWaitForEtx);
+  journals_.Attempt(kLabel, [&] { link_.Reopen(settings_.TimeWaitForEtx); });
 }
 
 TicketProcessor::Next TicketProcessor::HandleReply(const Line& line) {

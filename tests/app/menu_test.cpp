@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "support/shop.h"
 
 namespace orvenza::test {
@@ -121,6 +123,28 @@ INSTANTIATE_TEST_SUITE_P(Menu, MenuAction,
                                          MenuUse{"menu Utilita'", "Esci", DialogKind::kUtilities},
                                          MenuUse{"menu Configura", "&Ok", DialogKind::kPortSettings}),
                          [](const auto& test) { return "Item" + std::to_string(test.index); });
+
+TEST(Menu, ExitIsAskedAboutAgainWhereAnotherItemHasClosedItsQuestion) {
+  Shop shop;
+  for (const char* answer : {"menu Utilita'", "menu Esci", "Sì"}) shop.Answer(answer);
+  shop.After(2s, [&] { shop.UseMenu(MenuItem::kExit); });
+  shop.Run(60s);
+  ASSERT_EQ(shop.person.Shown().size(), 3U);
+  EXPECT_EQ(shop.person.Shown()[2].text, shop.person.Shown()[0].text);
+  EXPECT_EQ(shop.Log().at(2), "Applicazione terminata dall'Operatore");
+}
+
+TEST(Menu, LinkThatCannotBeOpenedAnewIsLoggedThoughNobodyCanBeTold) {
+  Shop shop("after 1000 port-fails 1000\n");
+  shop.Answer("COM4");
+  shop.person.SetObserver([](const ShownDialog& dialog, std::string_view) {
+    if (dialog.kind == DialogKind::kMessage) throw std::runtime_error("no screen");
+  });
+  shop.After(2s, [&] { shop.UseMenu(MenuItem::kConfigure); });
+  shop.Run(10s);
+  EXPECT_EQ(shop.Err(), (Lines{"Apertura Porta non Riuscita ! ( COM4 )", "Main - 51 - no screen"}));
+  EXPECT_EQ(shop.Log().back(), "End");
+}
 
 TEST(Menu, DialogInTheMiddleOfATickDoesNotStartASecondTick) {
   Shop shop("on 1003 reply ERR08\n");

@@ -140,6 +140,19 @@ TEST(HistoricFolderAboveTheTickets, IsSwitchedOffBeforeItCarriesThemAway) {
                   SettingsPath(shop.folder.Path()) + "\\"});
 }
 
+TEST(HistoricFolderAboveTheProgram, IsSwitchedOffThoughTheTicketsLieElsewhere) {
+  Shop shop;
+  const TempFolder tickets;
+  tickets.Write("a.txt", "40;1;\r\n");
+  shop.Configure("Database", "TicketFiles", tickets.Path("*.txt"));
+  shop.Configure("Database", "HistoricTickets", shop.folder.Path());
+  shop.Run(5s);
+  EXPECT_EQ(shop.SentForTickets(), Lines{"104901"});
+  EXPECT_EQ(shop.Err(),
+            Lines{"Archivio storico disattivato, la cartella contiene gli scontrini da stampare : " +
+                  SettingsPath(shop.folder.Path()) + "\\"});
+}
+
 TEST(AlarmOfAnAbsentRegister, EndsWhenTheOperatorConfiguresItsPort) {
   Shop shop("on 1003 absent 1000\n");
   shop.Drop("a.txt", {kItem, kPayment});

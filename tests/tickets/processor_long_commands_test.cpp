@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 
 #include "support/shop.h"
@@ -175,6 +176,16 @@ TEST(LongCommand, ARegisterThatIsNotReadyAbortsTheTicket) {
     EXPECT_EQ(shop.link.Property(LinkProperty::kEndOfTextWait), 10000) << absentReads;
     EXPECT_EQ(shop.LogForTickets(), Lines{"Start Scontrino"}) << absentReads;
   }
+}
+
+TEST(LongCommand, ALinkThatCannotBeRestoredDoesNotKeepTheTicketFromTheArchive) {
+  Shop shop("on 3001 port-fails 1000");
+  shop.Drop("ticket.txt", {"21;"});
+  shop.person.SetObserver(
+      [](const ShownDialog&, std::string_view) { throw std::runtime_error("no screen"); });
+  shop.Run(10s);
+  EXPECT_EQ(shop.Err(), (Lines{"Apertura Porta non Riuscita ! ( COM1 )", "Trasmissione 51 - no screen"}));
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
 }
 
 TEST(LongCommand, TheLinkIsRestoredBeforeTheTicketIsPrintedAgain) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 
 #include "core/journals.h"
@@ -407,6 +408,21 @@ TEST(Archiving, TheProgramRunsOnWithoutTheHistoricDrive) {
   shop.Run();
   EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
   EXPECT_EQ(shop.Names("data\\abort"), (Lines{"a.txt.abort.txt", "b.txt.abort.txt"}));
+}
+
+TEST(Archiving, AMessageThatCannotBeShownIsLoggedAndPollingGoesOn) {
+  Shop shop;
+  shop.Configure("Database", "HistoricTickets", "Q:\\storico\\");
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.Drop("young.txt", {"0;2;"});
+  shop.person.SetObserver(
+      [](const ShownDialog&, std::string_view) { throw std::runtime_error("no screen"); });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
+  const std::string young = "Scontrino stampato ma non archiviato : young.txt";
+  const std::string drive = "Drive non disponibile : Q:";
+  const std::string failure = "Timer1 - 51 - no screen";
+  EXPECT_EQ(shop.Err(), (Lines{kNotArchived, drive, failure, young, drive, failure}));
 }
 
 TEST(Archiving, AHistoricFolderThatCannotBeMadeEndsTheProgramInOrder) {
