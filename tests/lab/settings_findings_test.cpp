@@ -1,5 +1,7 @@
 #include "lab/settings_findings.h"
 
+#include <algorithm>
+
 #include "lab/shop_bench.h"
 
 namespace orvenza::test {
@@ -202,6 +204,17 @@ TEST_F(SettingsFindings, TellOfAFileThatCannotBeRead) {
             "error settings.unreadable: Orvenza.ini cannot be read, or is too large for a settings file, "
             "which ends "
             "the start.\n");
+}
+
+TEST_F(SettingsFindings, AreAboutEveryKeyThatIsRead) {
+  const SettingsReview review = ReviewSettings(profile, disk.FileSeam(), clock, {"C:\\Orvenza", "Orvenza"});
+  std::string unreviewed;
+  for (const auto& standard : review.defaults) {
+    const bool known = std::any_of(review.keys.begin(), review.keys.end(),
+                                   [&](const ReviewedKey& key) { return key.key == standard.key; });
+    if (!known) unreviewed += standard.section + "/" + standard.key + " ";
+  }
+  EXPECT_EQ(unreviewed, "Version/Version Database/ ");
 }
 
 TEST_F(SettingsFindings, LeaveTheFileAsItIs) {
