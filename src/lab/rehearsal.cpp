@@ -6,6 +6,8 @@
 #include "core/event_loop.h"
 #include "core/journals.h"
 #include "core/text.h"
+#include "lab/bounded_pump.h"
+#include "lab/deed_text.h"
 #include "lab/dialog_text.h"
 #include "lab/disk_watch.h"
 #include "lab/expectations.h"
@@ -24,37 +26,6 @@ using std::chrono::milliseconds;
 
 const std::string kFolder = kRehearsalFolder;
 const ProgramPaths kPaths{kFolder, "Orvenza"};
-
-/// Thrown when a run goes on for too long. Not a std::exception on purpose: no trap may hold it up.
-struct RunTooLong {};
-
-/// The virtual clock's events, up to a limit of time, and of events that take no time.
-class BoundedPump : public EventPump {
- public:
-  BoundedPump(VirtualClock& clock, milliseconds limit) : clock_(clock), limit_(limit) {}
-
-  void Dispatch() override {
-    Count();
-    clock_.Dispatch();
-  }
-  void WaitForEvent(std::chrono::nanoseconds limit) override {
-    Count();
-    clock_.WaitForEvent(limit);
-  }
-
- private:
-  static constexpr int kMostAtOnce = 1'000'000;
-
-  void Count() {
-    if (std::exchange(last_, clock_.Uptime()) != clock_.Uptime()) standing_ = 0;
-    if (clock_.Uptime() > limit_ || ++standing_ > kMostAtOnce) throw RunTooLong{};
-  }
-
-  VirtualClock& clock_;
-  milliseconds limit_;
-  std::chrono::nanoseconds last_{};
-  int standing_ = 0;
-};
 
 class TranscriptIcon : public NotificationIcon {
  public:
@@ -92,34 +63,6 @@ const FirstFiles& FilesOfAFirstStart() {
 /// Deeds that are events even before any time has passed.
 bool IsEvent(const Deed& deed) {
   return deed.kind == DeedKind::kMenu || deed.kind == DeedKind::kQuit || deed.kind == DeedKind::kSessionEnds;
-}
-
-/// Who does it, as the transcript names it.
-std::string_view KindOf(const Deed& deed) { return deed.kind == DeedKind::kMenu ? "menu" : "world"; }
-
-std::string HoldText(const Deed& deed) {
-  if (deed.hold == FileHold::kNone) return "another program closes " + ShownPath(deed.path);
-  return std::string("another program opens ") + ShownPath(deed.path) +
-         (deed.hold == FileHold::kReading ? " for reading" : " for writing");
-}
-
-std::string Described(const Deed& deed) {
-  switch (deed.kind) {
-    case DeedKind::kPut: return ShownPath(deed.path) + " comes";
-    case DeedKind::kMakeFolder: return "the folder " + ShownPath(deed.path) + " comes";
-    case DeedKind::kDelete: return ShownPath(deed.path) + " goes";
-    case DeedKind::kReadOnly: return ShownPath(deed.path) + " becomes read-only";
-    case DeedKind::kHold: return HoldText(deed);
-    case DeedKind::kDriveAway: return "drive " + deed.path + " goes away";
-    case DeedKind::kDriveBack: return "drive " + deed.path + " comes back";
-    case DeedKind::kDiskFull: return "disk " + deed.path + " is full";
-    case DeedKind::kDiskFree: return "disk " + deed.path + " has room again";
-    case DeedKind::kRefuseClock: return "the PC's clock may not be set any more";
-    case DeedKind::kMenu: return MenuCaptions()[static_cast<std::size_t>(deed.item)];
-    case DeedKind::kQuit: return "the host writes command.txt: QUIT";
-    case DeedKind::kSessionEnds: return "the session ends";
-  }
-  return {};
 }
 
 /// The connector and its world. The members are in the order in which they need each other.
@@ -242,7 +185,7 @@ std::string Stage::PortText() const {
 
 /// A deed of its moment. It is an event like others, so nothing of it may reach the connector's traps.
 void Stage::Do(const Deed& deed) {
-  transcript_.Add(KindOf(deed), Described(deed));
+  transcript_.Add(DeedKindText(deed), DeedText(deed));
   if (deed.kind == DeedKind::kMenu) return connector_->OnMenu(deed.item);
   if (deed.kind == DeedKind::kSessionEnds) return loop_.RequestEnd({.unload = true});
   DoToDisk(deed);
@@ -266,7 +209,7 @@ void Stage::DoToDisk(const Deed& deed) {
       case DeedKind::kSessionEnds: break;
     }
   } catch (const SystemError& failure) {
-    Miss("cannot be done at " + std::to_string(deed.at.count()) + " ms: " + Described(deed) + ": " +
+    Miss("cannot be done at " + std::to_string(deed.at.count()) + " ms: " + DeedText(deed) + ": " +
          failure.Description());
   }
 }

@@ -100,6 +100,13 @@ class VirtualDisk {
     LocalTime modified;
   };
 
+  static bool HasDrive(std::string_view path);
+  static bool IsWellFormed(std::string_view path);
+  static std::string ParentOf(const std::string& key);
+
+  std::unique_ptr<Files> MakeFileSeam();
+  std::unique_ptr<Folders> MakeFolderSeam();
+
   std::string KeyOf(const std::string& path) const;
   std::string Spelled(const std::string& path) const;
   bool IsAway(const std::string& key) const { return away_.contains(key.substr(0, 2)); }

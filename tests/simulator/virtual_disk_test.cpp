@@ -53,8 +53,8 @@ TEST_F(VirtualDiskTest, KeepsWhatIsWrittenAndAppended) {
 
 TEST_F(VirtualDiskTest, FindsNamesInAnyLetterCaseAndSpelling) {
   files.Write("C:\\shop\\Log.txt", "");
-  for (const std::string path :
-       {"c:\\SHOP\\log.TXT", "C:/shop/Log.txt", "C:\\shop\\\\Log.txt", "Log.txt", "\\shop\\log.txt"}) {
+  for (const std::string path : {"c:\\SHOP\\log.TXT", "C:shop\\Log.txt", "C:/shop/Log.txt",
+                                 "C:\\shop\\\\Log.txt", "Log.txt", "\\shop\\log.txt"}) {
     EXPECT_TRUE(files.Exists(path)) << path;
   }
   files.Append("C:\\SHOP\\LOG.TXT", "line");

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <chrono>
+#include <utility>
+
+#include "platform/event_pump.h"
+#include "simulator/virtual_clock.h"
+
+namespace orvenza {
+
+/// Thrown when a run goes on for too long. Not a std::exception on purpose: no trap may hold it up.
+struct RunTooLong {};
+
+/// The virtual clock's events, up to a limit of time, and of events that take no time.
+class BoundedPump : public EventPump {
+ public:
+  BoundedPump(VirtualClock& clock, std::chrono::milliseconds limit) : clock_(clock), limit_(limit) {}
+
+  void Dispatch() override {
+    Count();
+    clock_.Dispatch();
+  }
+  void WaitForEvent(std::chrono::nanoseconds limit) override {
+    Count();
+    clock_.WaitForEvent(limit);
+  }
+
+ private:
+  static constexpr int kMostAtOnce = 1'000'000;
+
+  void Count() {
+    if (std::exchange(last_, clock_.Uptime()) != clock_.Uptime()) standing_ = 0;
+    if (clock_.Uptime() > limit_ || ++standing_ > kMostAtOnce) throw RunTooLong{};
+  }
+
+  VirtualClock& clock_;
+  std::chrono::milliseconds limit_;
+  std::chrono::nanoseconds last_{};
+  int standing_ = 0;
+};
+
+}  // namespace orvenza

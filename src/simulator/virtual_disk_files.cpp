@@ -1,0 +1,109 @@
+#include <utility>
+
+#include "platform/system_error.h"
+#include "simulator/virtual_disk.h"
+
+namespace orvenza {
+namespace {
+
+class TextReader : public ByteReader {
+ public:
+  explicit TextReader(std::string text) : text_(std::move(text)) {}
+  std::size_t Read(char* buffer, std::size_t capacity) override {
+    const std::size_t count = text_.copy(buffer, capacity, read_);
+    read_ += count;
+    return count;
+  }
+
+ private:
+  std::string text_;
+  std::size_t read_ = 0;
+};
+
+}  // namespace
+
+class VirtualDisk::FilesOfDisk : public Files {
+ public:
+  explicit FilesOfDisk(VirtualDisk& disk) : disk_(disk) {}
+
+  bool Exists(const std::string& path) const override {
+    const Node* const node = disk_.Find(path);
+    return node != nullptr && !node->isFolder;
+  }
+
+  std::uintmax_t Size(const std::string& path) const override { return disk_.FileAt(path).content.size(); }
+
+  std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const override {
+    return std::make_unique<TextReader>(disk_.Readable(path).content);
+  }
+
+  void Append(const std::string& path, std::string_view text) override {
+    if (const Node* const node = disk_.Find(path)) {
+      if (node->hold != FileHold::kNone) throw SystemError(error_number::kPermissionDenied, path);
+    }
+    if (disk_.IsFull(disk_.KeyOf(path))) throw SystemError(error_number::kDiskFull, path);
+    Node& node = disk_.Place(path, path);
+    node.content.append(text);
+    node.modified = disk_.clock_.Now();
+    disk_.Tell({DiskAct::kAppended, path, {}, text});
+  }
+
+  void Write(const std::string& path, std::string_view content) override {
+    Store(path, std::string(content), disk_.clock_.Now());
+    disk_.Tell({DiskAct::kWritten, path});
+  }
+
+  void Copy(const std::string& from, const std::string& to) override {
+    const Node& source = disk_.Readable(from);
+    Store(to, source.content, source.modified);
+    disk_.Tell({DiskAct::kCopied, from, to});
+  }
+
+  void Move(const std::string& from, const std::string& to) override {
+    Node moved = disk_.FileAt(from);
+    const std::string key = disk_.KeyOf(from);
+    if (moved.hold != FileHold::kNone) throw SystemError(error_number::kPermissionDenied, from);
+    if (disk_.KeyOf(to).substr(0, 2) != key.substr(0, 2)) {
+      throw SystemError(error_number::kPathFileAccess, from);
+    }
+    Node& target = disk_.Place(to, from);
+    moved.name = disk_.Spelled(to).substr(disk_.Spelled(to).rfind('\\') + 1);
+    target = std::move(moved);
+    if (disk_.KeyOf(to) != key) disk_.nodes_.erase(key);
+    disk_.Tell({DiskAct::kMoved, from, to});
+  }
+
+  void Remove(const std::string& path) override {
+    const Node& node = disk_.FileAt(path);
+    if (node.hold != FileHold::kNone) throw SystemError(error_number::kPermissionDenied, path);
+    if (node.readOnly) throw SystemError(error_number::kPathFileAccess, path);
+    disk_.nodes_.erase(disk_.KeyOf(path));
+    disk_.Tell({DiskAct::kRemoved, path});
+  }
+
+  void ClearAttributes(const std::string& path) override {
+    Node& node = disk_.FileAt(path);
+    if (!std::exchange(node.readOnly, false)) return;
+    disk_.Tell({DiskAct::kAttributesCleared, path});
+  }
+
+ private:
+  /// A file that takes the place of an older one, whole or not at all.
+  void Store(const std::string& path, std::string content, const LocalTime& modified) {
+    if (disk_.IsFull(disk_.KeyOf(path))) throw SystemError(error_number::kDiskFull, path);
+    const Node* const older = disk_.Find(path);
+    if (older != nullptr && older->hold != FileHold::kNone) {
+      throw SystemError(error_number::kPathFileAccess, path);
+    }
+    Node& node = disk_.Place(path, path);
+    node.content = std::move(content);
+    node.created = disk_.clock_.Now();
+    node.modified = modified;
+  }
+
+  VirtualDisk& disk_;
+};
+
+std::unique_ptr<Files> VirtualDisk::MakeFileSeam() { return std::make_unique<FilesOfDisk>(*this); }
+
+}  // namespace orvenza
