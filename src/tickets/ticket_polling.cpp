@@ -22,6 +22,15 @@ constexpr std::size_t kLongestCommand = 64 * 1024;
 
 std::string NameOf(const std::string& entry) { return entry.substr(kStampLength); }
 
+/// What the lists are sorted by. In small letters, because the name of a closure request consists of "z" and
+/// is to come after a "_" too.
+std::string SortKey(std::string entry) {
+  for (char& c : entry) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return entry;
+}
+
 /// A file that cannot be taken in, read or split is tried on each tick first, and then rarely, so that it
 /// does not hold up the others. `tries` holds its tries and the ticks it was passed over.
 bool IsDue(std::map<std::string, int>& tries, const std::string& file) {
@@ -89,11 +98,11 @@ void TicketPolling::RefreshInProcessList() {
 }
 
 TicketPolling::SortedList TicketPolling::ReadList(const std::string& folder) const {
-  std::vector<std::pair<std::string, std::string>> keyed;  // an entry in capitals, and the entry
+  std::vector<std::pair<std::string, std::string>> keyed;  // the key of an entry, and the entry
   for (const FolderEntry& file : folders_.ListFolder(folder + settings_.TicketMask)) {
     if (file.isFolder) continue;
     std::string entry = DateDigits(file.modified) + TimeDigits(file.modified) + file.name;
-    keyed.emplace_back(ToUpperAscii(entry), std::move(entry));
+    keyed.emplace_back(SortKey(entry), std::move(entry));
   }
   std::sort(keyed.begin(), keyed.end());
   SortedList list;

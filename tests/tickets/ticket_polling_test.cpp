@@ -56,6 +56,19 @@ TEST(Polling, TakesTicketsOfOneSecondByNameWithoutLetterCase) {
   EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102", "105103", "105104"}));
 }
 
+TEST(Polling, TakesAFiscalClosureAfterTheTicketsOfItsSecond) {
+  Shop shop;
+  for (const char* answer : {"Chiusura Fiscale", "Sì", "Sì"}) shop.Answer(answer);
+  shop.After(700ms, [&] {
+    int number = 0;
+    for (const char* name : {"_.txt", "a.txt", "Z9.txt", "zebra.txt"}) DropAt(shop, name, ++number, 1000);
+    shop.UseMenu(MenuItem::kUtilities);
+    shop.folder.SetModified("data\\zzzzzzzzzzzzzzzz.txt", 1000);
+  });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102", "105103", "105104", "300101"}));
+}
+
 #ifndef _WIN32  // Where letter case does not count, these are one file.
 TEST(Polling, TakesCapitalsFirstWhereNamesDifferInLetterCaseOnly) {
   Shop shop;
