@@ -38,15 +38,16 @@ class MemoryFiles : public Files {
  private:
   class Reader : public ByteReader {
    public:
-    explicit Reader(std::string rest) : rest_(std::move(rest)) {}
+    explicit Reader(std::string text) : text_(std::move(text)) {}
     std::size_t Read(char* buffer, std::size_t capacity) override {
-      const std::size_t count = rest_.copy(buffer, capacity);
-      rest_.erase(0, count);
+      const std::size_t count = text_.copy(buffer, capacity, at_);
+      at_ += count;
       return count;
     }
 
    private:
-    std::string rest_;
+    std::string text_;
+    std::size_t at_ = 0;
   };
 
   const std::string& Find(const std::string& path) const {
