@@ -212,6 +212,26 @@ TEST_F(LogoDownloadTest, APictureThatIsGoneIsNotSent) {
   EXPECT_EQ(Shown(), Lines{kAlarm});
 }
 
+TEST_F(LogoDownloadTest, APictureThatCannotBeOpenedAnyMoreIsNotSent) {
+  Bitmap(2);
+  // The file is opened for its header, and then for its rows.
+  for (const bool headersStillRead : {false, true}) {
+    files.content["C:\\shop\\Err.txt"].clear();
+    FaultyFiles locked(files);
+    if (headersStillRead) {
+      locked.FailNth("OpenForReading", 2, error_number::kPermissionDenied);
+    } else {
+      locked.FailAlways("OpenForReading", kPath, error_number::kPermissionDenied);
+    }
+    Answer("Ok");
+    LogoDownload downloadOfLocked(link, recovery, locked, journals, messages);
+    EXPECT_FALSE(downloadOfLocked.Download(5, kPath, "", [] {}));
+    EXPECT_EQ(Errors(), Lines{"Trasmissione 70 - Permission denied ( C:\\logo.bmp )"});
+    EXPECT_EQ(Last(Shown()), kAlarm);
+  }
+  EXPECT_EQ(Sent(), Lines{});
+}
+
 TEST_F(LogoDownloadTest, APictureOfAnotherShapeIsNotSent) {
   files.content[kPath] = LogoBitmap(255) + std::string(255 * 56, '\0');
   Answer("Ok");

@@ -171,6 +171,19 @@ TEST_F(AttendedQueryTest, AnAbsentRegisterCanBeGivenUpAfterThreeAlarms) {
                              "Dispositivo Spento o Non Collegato !", kSilent, kGaveUp}));
 }
 
+TEST_F(AttendedQueryTest, NothingIsSentWhileAnAbsentRegisterIsTriedAgain) {
+  control.presence = {false, false, false, false, false, true};
+  control.Reply("3217");
+  Answer("Ok", "Ok", "Ok", "Riprova", "Ok");
+  int looks = 0;
+  faulty.Before("Send", [&](const std::string&) { looks = control.presenceReads; });
+  EXPECT_EQ(queries.StatusQuery(""), "3217");
+  EXPECT_EQ(looks, 8)
+      << "three, one before the question, two, one without a question, and the one that found it";
+  EXPECT_EQ(Sent(), Lines{"321700"});
+  EXPECT_EQ(person.AnswersLeft(), 0U);
+}
+
 TEST_F(AttendedQueryTest, ARegisterSwitchedOnAfterAnAlarmIsAskedWithoutAQuestion) {
   control.presence = {false, true};
   control.Reply("3217");

@@ -184,6 +184,33 @@ TEST(LogoLine, ADownloadGivenUpStaysSoWhereTheProgramEndsThen) {
   EXPECT_EQ(shop.Names("data\\abort"), Lines{"ticket.txt.abort.txt"});
 }
 
+TEST(LogoLine, AFileThatIsLockedAfterItsCheckAbortsTheTicket) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;", WriteLogo(shop), "0;2;"});
+  int opened = 0;
+  shop.files.Before("OpenForReading", [&](const std::string& path) {
+    if (path.ends_with("logo.bmp") && ++opened == 2)
+      shop.files.FailAlways("OpenForReading", "logo.bmp", error_number::kPermissionDenied);
+  });
+  shop.Answer("Ok");
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Controllare alimentazione Cash !"});
+  EXPECT_EQ(shop.Err(), Lines{"Trasmissione 70 - Permission denied ( " + shop.Spelled("logo.bmp )")});
+  EXPECT_EQ(shop.Names("data\\abort"), Lines{"ticket.txt.abort.txt"});
+}
+
+TEST(LogoLine, AFolderInPlaceOfAFileMakesTheLineInvalid) {
+  Shop shop;
+  const std::string record = "33;7;" + shop.folder.Path("data") + ";";
+  shop.Drop("ticket.txt", {record, "0;1;"});
+  shop.Answer(kClosed);
+  shop.Run();
+  EXPECT_EQ(shop.Err(), (Lines{"File BMP non valido ! ( " + shop.folder.Path("data )"), kInvalid + record,
+                               kInvalid + record}));
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+}
+
 TEST(LogoLine, AFileThatIsNoLogoMakesTheLineInvalid) {
   Shop shop;
   shop.folder.Write("logo.bmp", LogoBitmap(255));

@@ -225,6 +225,16 @@ TEST(DeviceError, ASequenceErrorVoidsTheReceiptAndTheNextLineFollows) {
   EXPECT_TRUE(shop.Archived());
 }
 
+TEST(DeviceError, ALineThatTheRegisterCallsInvalidIsNamed) {
+  const PrintedShop shop("on 105102 reply ERR**", {kGiveUp});
+  EXPECT_EQ(SentAfterStartUp(shop), kSentToTheTrouble);
+  EXPECT_EQ(shop.Err(), (Lines{"Riga non valida : 0;2;", kAnswered + kGiveUp}));
+  ASSERT_EQ(shop.person.Shown().size(), 1U);
+  EXPECT_EQ(shop.person.Shown()[0].heading, "Riga non valida : 0;2;");
+  EXPECT_EQ(shop.person.Shown()[0].text, "Riga scontrino non valida !");
+  EXPECT_EQ(shop.person.Shown()[0].options, (Lines{kPrinted, kReprint, kGiveUp}));
+}
+
 TEST(DeviceError, ACodeOutsideTheTableAsksTheOperatorToo) {
   const PrintedShop shop("on 105102 reply ERR77", {kGiveUp});
   EXPECT_EQ(shop.Err(), (Lines{"DecodeDeviceError - 9 - Subscript out of range ( EcrErrorText 77 )",

@@ -321,6 +321,18 @@ TEST_F(ArchiveTest, AnOlderAbandonedTicketOfTheNameIsKeptUnderANumber) {
   EXPECT_EQ(shop.folder.Read("data\\abort\\ticket.txt.abort.txt"), "third");
 }
 
+TEST_F(ArchiveTest, AnOlderAbandonedTicketThatCannotBeRenamedIsNotReplaced) {
+  shop.folder.Write("data\\abort\\ticket.txt.abort.txt", "older");
+  shop.files.FailAlways("Move", "ticket.txt.abort.1.txt", error_number::kPermissionDenied);
+  archive.Abort(workFile);
+  EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
+  EXPECT_EQ(shop.folder.Read("data\\abort\\ticket.txt.abort.txt"), "older");
+  EXPECT_EQ(InProcess(), Lines{"ticket.txt"});
+  EXPECT_TRUE(archive.IsSettled(workFile));
+  EXPECT_EQ(shop.Err(), Lines{"Trasmissione 70 - Permission denied ( " + settings.AbortFolder +
+                              "ticket.txt.abort.txt )"});
+}
+
 TEST_F(ArchiveTest, AMissingAbortFolderIsMade) {
   archive.Abort(workFile);
   EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});

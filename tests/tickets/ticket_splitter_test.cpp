@@ -120,6 +120,37 @@ TEST_F(SplitterTest, DropsEmptyLinesAndKeepsTheOthersAsTheyAre) {
             (Contents{{"t1.txt", "1;\xe0 \x01; tail\r\n2;1;\r\n"}, {"t2.txt", " 1;b;\r\n"}}));
 }
 
+TEST_F(SplitterTest, KeepsEveryByteOfALine) {
+  std::string bytes;
+  for (int byte = 0; byte < 256; ++byte) {
+    if (byte != '\r' && byte != '\n') bytes += static_cast<char>(byte);
+  }
+  EXPECT_EQ(PartsOf("1;" + bytes + "\n2;1;" + bytes + "\n" + bytes + ";\n"),
+            (Contents{{"t1.txt", "1;" + bytes + "\r\n2;1;" + bytes + "\r\n"}, {"t2.txt", bytes + ";\r\n"}}));
+}
+
+TEST_F(SplitterTest, TakesALineOfNulsAsEmpty) {
+  const std::string nuls(3, '\0');
+  EXPECT_EQ(PartsOf(nuls + "\n1;a;\n2;1;\n" + nuls + "\n" + nuls + "2;1;\n"),
+            (Contents{{"t1.txt", "1;a;\r\n2;1;\r\n"}, {"t2.txt", nuls + "2;1;\r\n"}}));
+}
+
+TEST_F(SplitterTest, SplitsALineOf100Megabytes) {
+  const std::string line = "1;" + std::string(100'000'000, 'x') + ";\r\n";
+  EXPECT_TRUE(Split("t.txt", kFirst + line));
+  EXPECT_EQ(memory.content.size(), 2U);
+  EXPECT_EQ(memory.content["t1.txt"], kFirst);
+  EXPECT_TRUE(memory.content["t2.txt"] == line) << "not shown: it is too long";
+}
+
+TEST_F(SplitterTest, SplitsTicketsOfTenThousandLines) {
+  std::string ticket;
+  for (int line = 1; line < 10000; ++line) ticket += "1;" + std::to_string(line) + ";\r\n";
+  ticket += "2;1;\r\n";
+  const Contents parts = PartsOf(ticket + ticket + kThird);
+  EXPECT_EQ(parts, (Contents{{"t1.txt", ticket}, {"t2.txt", ticket}, {"t3.txt", kThird}}));
+}
+
 TEST_F(SplitterTest, UsesTheConfiguredSeparator) {
   settings.SeparatorChar = 127;
   EXPECT_FALSE(Split("t.txt", kThreeTickets));
