@@ -178,7 +178,7 @@ bool DeviceLink::WaitReply(double replyWait, std::string_view code) {
     if (ReplyArrived && !DropLateReply(code)) return true;
     if (!endless && clock_.Uptime() >= deadline) break;
     if (clock_.Uptime() >= held) loop_.CheckEnd();
-    if (!ReplyArrived) loop_.Slice();
+    loop_.Slice();
   }
   ++unanswered_;
   return false;

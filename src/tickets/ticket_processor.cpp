@@ -86,7 +86,6 @@ TicketProcessor::Next TicketProcessor::Print(const std::string& workFile) {
     if (!files_.Exists(workFile)) return Next::kLeave;
     const Next end = SendLines(workFile);
     if (end != Next::kRestart) return end;
-    RestoreNormalWait();
   }
 }
 
