@@ -32,9 +32,10 @@ std::uint32_t RowsInHeader(const std::string& header) {
   if (header.compare(0, 2, "BM") != 0) return 0;
   if (value(10, 4) != kLogoDataOffset) return 0;
   if (value(18, 4) != kLogoWidth) return 0;
-  // A height of 0 is no picture. A negative one (a picture stored top row first) reads as a huge number.
+  // A height of 0 is no picture and stays 0. A negative one (a picture stored top row first) reads as a huge
+  // number.
   const std::uint32_t height = value(22, 4);
-  if (height == 0 || height > kLogoMostRows) return 0;
+  if (height > kLogoMostRows) return 0;
   return value(28, 2) == 1 ? height : 0;
 }
 
