@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -93,6 +95,27 @@ TEST_F(ClockCorrectionTest, IsNotMadeNearMidnight) {
   EXPECT_FALSE(Corrects(0, 2, 59, "1200", 999ms));
   EXPECT_FALSE(Corrects(23, 57, 0, "1200", 1ms));
   EXPECT_FALSE(Corrects(23, 59, 59, "1200"));
+}
+
+/// A clock that midnight passes between two readings, the next of which is noon.
+class MidnightPasses : public VirtualClock {
+ public:
+  double SecondsSinceMidnight() const override {
+    constexpr double kReadings[] = {86399, 300, 12 * 3600};
+    return kReadings[std::min<std::size_t>(readings_++, 2)];
+  }
+
+ private:
+  mutable std::size_t readings_ = 0;
+};
+
+TEST_F(ClockCorrectionTest, IsNotMadeWhereMidnightPassesMeanwhile) {
+  MidnightPasses midnight;
+  ClockCorrection atMidnight(midnight, settings, journals);
+  atMidnight.Correct("42011611261400");
+  EXPECT_EQ(midnight.TimesSet(), std::vector<LocalTime>{});
+  atMidnight.Correct("42011611261400");
+  EXPECT_EQ(midnight.TimesSet().size(), 1U) << "at noon";
 }
 
 TEST_F(ClockCorrectionTest, IsMadeOutsideTheGuard) {

@@ -253,6 +253,14 @@ TEST_F(ExchangeTest, AReplyToSomethingElseIsKeptWhereNoneIsOutstanding) {
   EXPECT_EQ(Elapsed(), 0);
 }
 
+TEST_F(ExchangeTest, AnEventThatNoCommandAskedForLeavesNoneOutstanding) {
+  control.Raise("200100");
+  control.Reply("110900");
+  link.Transmit("321701");
+  EXPECT_EQ(link.ReplyText, "110900");
+  EXPECT_EQ(Elapsed(), 0);
+}
+
 TEST_F(ExchangeTest, AReplyThatCameBetweenTwoCommandsIsNoLongerOutstanding) {
   control.Reply("200100", 15200ms);
   link.Transmit("200100");

@@ -63,6 +63,7 @@ TEST(ClockTick, ShowsNoDialogWhateverTheRegisterDoes) {
       {"on 4201 silence", "Nessuna risposta dal Dispositivo !"},
       {"on 4201 reply ERR01", "ECR Error : ERR01"},
       {"on 4201 reply 999900", "Errore di risposta dal Dispositivo !"},
+      {"on 4201 reply 42021611260800", "Errore di risposta dal Dispositivo !"},
       {"on 4201 reply 99991611260800", "Errore di risposta dal Dispositivo !"},
   };
   for (const auto& [script, line] : troubles) {

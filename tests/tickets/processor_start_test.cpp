@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 
 #include "support/shop.h"
@@ -138,6 +139,18 @@ TEST(StartOfATicket, TheClosingPaymentWaitsForTheRegister) {
   const std::string absent = "Dispositivo Spento o Non Collegato !";
   EXPECT_EQ(shop.DialogTexts(), (Lines{kQuestion, absent, absent, absent, absent}));
   EXPECT_EQ(dialogsBefore, 5U) << "the payment is sent after them all";
+  EXPECT_EQ(shop.Names("storico"), (Lines{"1.txt", "2.txt"}));
+}
+
+TEST(StartOfATicket, AQuestionThatCannotBeShownLeavesTheTicketForTheNextTick) {
+  Shop shop("on 1028 x12 reply ERR08");
+  DropAfterAnOpenReceipt(shop);
+  shop.person.SetObserver(
+      [](const ShownDialog&, std::string_view) { throw std::runtime_error("no screen"); });
+  shop.Run();
+  EXPECT_EQ(shop.Err(), (Lines{kVoiding, kVoidFailed, kVoiding, kVoidFailed, kVoiding, kVoidFailed,
+                               "Trasmissione 51 - no screen", kVoiding}));
+  EXPECT_EQ(shop.SentForTickets().back(), "105101");
   EXPECT_EQ(shop.Names("storico"), (Lines{"1.txt", "2.txt"}));
 }
 

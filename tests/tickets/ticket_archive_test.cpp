@@ -71,6 +71,7 @@ TEST_F(ArchiveTest, NumbersOneAboveTheLargest) {
                         {{"2147483647.txt"}, "2147483648.txt"},
                         {{"999999999999999.txt"}, "1000000000000000.txt"},
                         {{"999999999999999.txt", "1000000000000000.txt"}, "1000000000000001.txt"},
+                        {{"5000000000000000.txt", "5.txt"}, "6.txt"},
                         {{"99999999999999999999999999.txt", "5.txt"}, "6.txt"}};
   for (const Case& row : cases) {
     std::filesystem::remove_all(shop.folder.Native("storico"));

@@ -253,6 +253,22 @@ TEST(TakingIn, ANewTicketOfTheSameNameAndTimeIsPrintedOnceTheOlderOneHasGone) {
   EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
 }
 
+TEST(TakingIn, ANewTicketOfTheSameNameAndTimeIsPrintedHoweverTheOlderOneWent) {
+  for (const bool removedByUs : {false, true}) {
+    Shop shop;
+    DropAt(shop, "ticket.txt", 1, 1000);
+    shop.Hold("data\\ticket.txt");
+    shop.After(5200ms, [&] {
+      shop.files.Heal();
+      if (!removedByUs) std::filesystem::remove(shop.folder.Native("data\\ticket.txt"));
+    });
+    // After the tick of 5.5 seconds, and before the next one where that has removed the older ticket.
+    shop.After(removedByUs ? 5700ms : 6200ms, [&] { DropAt(shop, "ticket.txt", 2, 1000); });
+    shop.Run();
+    EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"})) << removedByUs;
+  }
+}
+
 TEST(TakingIn, APrintedSourceThatCouldNotBeRemovedDoesNotCountAsWaiting) {
   Shop shop;
   shop.Drop("ticket.txt", {"0;1;"});
@@ -343,6 +359,20 @@ TEST(LeftFile, OneThatWasPrintedAtLastStartsAnewWithItsTries) {
   shop.After(14700ms, [&] { shop.files.Heal(); });
   shop.Run();
   EXPECT_EQ(shop.SentAt("1051"), (Times{5000, 15000}));
+}
+
+TEST(LeftFile, OneOfAPrintedTicketsNameHasAllItsTries) {
+  Shop shop;
+  LeaveInProcess(shop, "a.txt", 1, 1000);
+  shop.Hold("inproces");
+  shop.After(5200ms, [&] { shop.files.Heal(); });
+  shop.After(5700ms, [&] {
+    LeaveInProcess(shop, "a.txt", 2, 2000);
+    shop.files.FailAlways("OpenForReading", "inproces\\a.txt", error_number::kPermissionDenied);
+  });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(shop.Err().size(), 1U + 10U) << "the file held, and the tries of the one that cannot be read";
 }
 
 TEST(LeftFile, OneThatVanishesAfterItWasListedIsPassedOver) {
