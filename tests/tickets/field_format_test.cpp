@@ -114,8 +114,15 @@ TEST(FieldFormat, FmtAmount9PadsAndNeverCuts) {
 TEST(FieldFormat, FmtNum2WithinRejectsValuesOutsideAndCutsNothing) {
   const auto upTo30 = [](std::string_view text) { return FmtNum2Within(text, 30); };
   ExpectAll(upTo30, {{"1", "01"}, {" 9 ", "09"}, {"10", "10"}, {"30", "30"}, {"05", "05"}, {"005", "05"}});
-  ExpectAll(upTo30,
-            {{"0", ""}, {"00", ""}, {"31", ""}, {"105", ""}, {"", ""}, {"1a", ""}, {"-1", ""}, {"1.", ""}});
+  ExpectAll(upTo30, {{"0", ""},
+                     {"00", ""},
+                     {"31", ""},
+                     {"105", ""},
+                     {"4294967297", ""},
+                     {"", ""},
+                     {"1a", ""},
+                     {"-1", ""},
+                     {"1.", ""}});
   EXPECT_EQ(FmtNum2Within("5", 5), "05");
   EXPECT_EQ(FmtNum2Within("6", 5), "");
 }
