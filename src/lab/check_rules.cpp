@@ -13,12 +13,12 @@ namespace {
 
 constexpr std::size_t kLabelWidth = 10;
 
-AppSettings SettingsIn(const std::string& folder, LabSurroundings& surroundings) {
-  const ProgramPaths paths{surroundings.machine.FullFolder(folder), "Orvenza"};
+AppSettings SettingsIn(const std::string& folder, const std::string& name, LabSurroundings& surroundings) {
+  const ProgramPaths paths{surroundings.machine.FullFolder(folder), name};
   const SettingsReview review =
       ReviewSettings(surroundings.profile, surroundings.files, surroundings.clock, paths);
   if (review.state == SettingsReview::State::kNew || review.state == SettingsReview::State::kUnreadable) {
-    throw std::runtime_error("there is no Orvenza.ini that can be read in the folder '" + folder + "'");
+    throw std::runtime_error("there is no " + name + ".ini that can be read in the folder '" + folder + "'");
   }
   return review.settings;
 }
@@ -59,7 +59,11 @@ std::vector<std::string_view> KnownModels() {
 std::vector<Option> CheckRuleOptions() {
   return {
       {"--folder", "DIR",
-       "take separator, \"Single Quantity\" and \"File Parser\" from the\nOrvenza.ini in DIR"},
+       "take separator, \"Single Quantity\" and \"File Parser\" from the\nsettings of the installation in "
+       "DIR"},
+      {"--name", "NAME",
+       "the connector's executable in DIR without extension, after\nwhich its settings are named (default: "
+       "Orvenza)"},
       {"--separator", "N",
        "character code of the field separator, or the character\nitself; 127 where nothing else is said"},
       {"--single-quantity", "", "as with the setting \"Single Quantity\" on"},
@@ -83,7 +87,7 @@ RegisterIdentity IdentityOf(const std::string& model, const std::string& release
 CheckRules CheckRulesOf(const Arguments& arguments, LabSurroundings& surroundings) {
   CheckRules rules;
   if (const auto folder = arguments.Value("--folder")) {
-    rules.settings = SettingsIn(*folder, surroundings);
+    rules.settings = SettingsIn(*folder, arguments.Value("--name").value_or("Orvenza"), surroundings);
   }
   if (const auto separator = arguments.Value("--separator")) {
     const int code = SeparatorOf(*separator);

@@ -65,6 +65,13 @@ TEST_F(CheckRulesTest, ComeFromTheSettingsOfAFolder) {
   EXPECT_TRUE(rules.settings.FileParser);
 }
 
+TEST_F(CheckRulesTest, ComeFromTheSettingsOfARenamedConnector) {
+  lab.files.content["shop\\Cassa.ini"] = "[General]\r\nSeparator (ascii,max 127)=59\r\n";
+  EXPECT_EQ(Rules({"--folder", "shop", "--name", "Cassa"}).settings.SeparatorChar, ';');
+  EXPECT_EQ(Refusal({"--folder", "shop", "--name", "Banco"}),
+            "there is no Banco.ini that can be read in the folder 'shop'");
+}
+
 TEST_F(CheckRulesTest, LetOptionsWinOverTheSettings) {
   Settings("Separator (ascii,max 127)=59");
   const CheckRules rules = Rules({"--folder", "shop", "--separator", "124", "--single-quantity"});
