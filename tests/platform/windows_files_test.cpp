@@ -139,6 +139,14 @@ TEST_F(WindowsFilesTest, MovesOverAnOlderFile) {
   EXPECT_EQ(folder.Read("sub\\b.txt"), "new");
 }
 
+TEST_F(WindowsFilesTest, AMoveIntoAMissingFolderNamesThatFolder) {
+  folder.Write("a.txt", "x");
+  const std::string nowhere = folder.Path("none\\b.txt");
+  EXPECT_EQ(FailureOf([&] { files.Move(folder.Path("a.txt"), nowhere); }),
+            "76 Path not found ( " + nowhere + " )");
+  EXPECT_EQ(folder.Read("a.txt"), "x");
+}
+
 TEST_F(WindowsFilesTest, RemovesAFile) {
   folder.Write("a.txt", "x");
   files.Remove(folder.Path("a.txt"));

@@ -98,9 +98,10 @@ void WindowsFiles::Copy(const std::string& from, const std::string& to) {
 
 void WindowsFiles::Move(const std::string& from, const std::string& to) {
   constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-  if (!::MoveFileExW(NativePath(from).c_str(), NativePath(to).c_str(), kHow)) {
-    ThrowFileError(::GetLastError(), from);
-  }
+  if (::MoveFileExW(NativePath(from).c_str(), NativePath(to).c_str(), kHow)) return;
+  const DWORD code = ::GetLastError();
+  // Of a source that is there, it is the target's folder that is missing.
+  ThrowFileError(code, code == ERROR_PATH_NOT_FOUND && Exists(from) ? to : from);
 }
 
 void WindowsFiles::Remove(const std::string& path) {
