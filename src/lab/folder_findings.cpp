@@ -44,7 +44,6 @@ std::string NearestExisting(const Folders& folders, std::string path) {
 
 /// The file that stands in the way of a folder to be made below `nearest`; "" for none.
 std::string FileInTheWay(const Installation& shop, const std::string& nearest, const std::string& path) {
-  if (nearest == path) return {};
   const std::string next = path.substr(0, path.find('\\', nearest.size()));
   return shop.files.Exists(next) ? next : std::string();
 }

@@ -151,6 +151,19 @@ TEST_F(Bundle, ReplacesNothing) {
   EXPECT_EQ(disk.Content("C:\\out.zip"), "precious");
 }
 
+TEST_F(Bundle, IsNoFolder) {
+  disk.MakeFolder("C:\\out.zip");
+  EXPECT_EQ(Run(), 2);
+  EXPECT_EQ(err.str(), "orvenza-lab bundle: C:\\out.zip exists already\n");
+}
+
+TEST_F(Bundle, ListsNoFolderWithoutAName) {
+  Edit("C:\\Orvenza\\storico\\", " ");
+  EXPECT_EQ(Run(), 0);
+  EXPECT_TRUE(InArchive("folders.txt").ends_with("\n\nC:\\Orvenza\\data\\abort\\\n"))
+      << InArchive("folders.txt");
+}
+
 TEST_F(Bundle, IsWrittenWholeOrNotAtAll) {
   disk.SetFull("C:", true);
   const auto before = disk.Paths();

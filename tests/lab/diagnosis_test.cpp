@@ -93,6 +93,17 @@ TEST_F(Diagnosis, ReadsTheSettingsOfARenamedConnector) {
   EXPECT_NE(out.str().find("ok       settings.ok           Cassa.ini is of version"), std::string::npos);
 }
 
+TEST_F(Diagnosis, BreaksNoWord) {
+  LabSurroundings lab = Lab();
+  const std::string path(80, 'x');
+  WriteDiagnosis(out, LookAt(lab, {"C:\\Orvenza", "Orvenza"}),
+                 {{Severity::kNote, "a", "See " + path + " there."}}, false);
+  const std::string column(31, ' ');
+  EXPECT_NE(out.str().find("a" + std::string(21, ' ') + "See\n" + column + path + "\n" + column + "there.\n"),
+            std::string::npos)
+      << out.str();
+}
+
 TEST_F(Diagnosis, RefusesWhatIsNoFolder) {
   EXPECT_EQ(Run({"--folder", "C:\\none"}), 2);
   EXPECT_EQ(err.str(), "orvenza-lab: C:\\none is not a folder\n");

@@ -124,8 +124,11 @@ TEST_F(SettingsFindings, TellOfAPathThatBeginsAtNoDrive) {
 }
 
 TEST_F(SettingsFindings, TellOfAValueTooLongToBeSeenWhole) {
-  Edit("19200,O,7,1", "19200,O,7,1" + std::string(89, ' ') + "x");
-  EXPECT_EQ(Said().substr(0, 20), "warning settings.cut");
+  Edit("19200,O,7,1", "19200,O,7,1" + std::string(88, 'x'));
+  EXPECT_EQ(Said(), "");
+  Edit("19200,O,7,1", "19200,O,7,1x");
+  EXPECT_EQ(Said(), "warning settings.cut: [Com Settings] Settings is \"19200,O,7,1" + std::string(89, 'x') +
+                        "\", of which only 99 characters are seen.\n");
 }
 
 TEST_F(SettingsFindings, NameTheKeyThatWasMeant) {

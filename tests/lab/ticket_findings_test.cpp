@@ -41,6 +41,13 @@ TEST_F(TicketFindings, KnowAReceiptThatIsBeingPrinted) {
             "being printed.\n");
 }
 
+TEST_F(TicketFindings, KnowThatOnlyOneReceiptIsPrintedAtATime) {
+  machine.served = true;
+  disk.Put(At("data\\inproces\\1.txt"), "4;5;");
+  disk.Put(At("data\\inproces\\2.txt"), "4;5;");
+  EXPECT_NE(Said().find("warning inprocess.leftover: 2 tickets"), std::string::npos);
+}
+
 TEST_F(TicketFindings, TellOfReceiptsGivenUp) {
   disk.Put(At("data\\abort\\1.txt.abort.txt"), "4;5;", kYesterday);
   EXPECT_EQ(Said(),

@@ -1,0 +1,59 @@
+#include "lab/recording_profile.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/ini_profile_file.h"
+#include "support/memory_files.h"
+
+namespace orvenza::test {
+namespace {
+
+class RecordingProfileTest : public ::testing::Test {
+ protected:
+  RecordingProfileTest() { files.content["a.ini"] = "[S]\r\nkey=1\r\nempty=\r\n"; }
+
+  std::string Read(const std::string& key) { return profile.Read("a.ini", "S", key, "fallback"); }
+
+  /// Every key that was asked for, with its answer.
+  std::string Asked() const {
+    std::string text;
+    for (const auto& [value, missing] : profile.AllAsked()) {
+      text += value.section + "/" + value.key + "=" + value.text + (missing ? " missing" : "") + "\n";
+    }
+    return text;
+  }
+
+  MemoryFiles files;
+  IniProfileFile behind{files};
+  RecordingProfile profile{&behind};
+};
+
+TEST_F(RecordingProfileTest, NotesWhatWasFoundAndWhatWasMissing) {
+  EXPECT_EQ(Read("key"), "1");
+  EXPECT_EQ(Read("empty"), "");
+  EXPECT_EQ(Read("none"), "fallback");
+  EXPECT_EQ(Asked(), "S/key=1\nS/empty=\nS/none=fallback missing\n");
+}
+
+TEST_F(RecordingProfileTest, ReadsBackWhatWasWrittenToIt) {
+  EXPECT_EQ(Read("key"), "1");
+  profile.Write("a.ini", "s", "KEY", "2");
+  profile.Write("a.ini", "S", "key", "3");
+  EXPECT_EQ(Read("key"), "3");
+  EXPECT_EQ(Asked(), "s/KEY=3\n");
+  ASSERT_EQ(profile.AllWritten().size(), 1u);
+  EXPECT_EQ(profile.AllWritten().front().text, "3");
+}
+
+TEST_F(RecordingProfileTest, LeavesTheFileAsItIs) {
+  const auto before = files.content;
+  profile.Write("a.ini", "S", "key", "2");
+  EXPECT_EQ(files.content, before);
+}
+
+TEST_F(RecordingProfileTest, MayStandForAFileWithNothingInIt) {
+  EXPECT_EQ(RecordingProfile(nullptr).Read("a.ini", "S", "key", "fallback"), "fallback");
+}
+
+}  // namespace
+}  // namespace orvenza::test
