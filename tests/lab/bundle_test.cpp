@@ -133,7 +133,8 @@ TEST_F(Bundle, CutsWhatIsTooLong) {
   disk.Put(At("Log.txt"), "first" + std::string(4'500'000, 'x') + "last");
   disk.Put(At("storico\\1.txt"), "23;" + std::string(1'000'000, 'x'));
   EXPECT_EQ(Run(), 0);
-  EXPECT_EQ(InArchive("logs/Log.txt"), std::string(1'999'996, 'x') + "last");
+  // Compared by hand: the difference of two such texts would take too long to show.
+  EXPECT_TRUE(InArchive("logs/Log.txt") == std::string(1'999'996, 'x') + "last");
   EXPECT_EQ(InArchive("tickets/historic/1.txt").size(), 1'000'000u);
   EXPECT_NE(out.str().find("2.0 MB      the last 2.0 MB of 4.5 MB\n"), std::string::npos);
   EXPECT_NE(out.str().find("1.0 MB      texts masked; the first 1.0 MB of 1.0 MB\n"), std::string::npos);

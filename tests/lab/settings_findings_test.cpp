@@ -50,6 +50,8 @@ TEST_F(SettingsFindings, TellOfEachValueThatIsNotUsedAsItStands) {
        "uses that.\n"},
       {"FrameRetry=3", "FrameRetry=3x",
        "warning settings.reads-as: [Com Settings] FrameRetry is \"3x\", which is read as \"3\".\n"},
+      {"FrameRetry=3", "FrameRetry=3.7",
+       "warning settings.reads-as: [Com Settings] FrameRetry is \"3.7\", which is read as \"3\".\n"},
       {"Time Shift=60", "Time Shift=60.0", ""},
       {"Time Shift=60", "Time Shift=60,5",
        "warning settings.reads-as: [General] Time Shift is \"60,5\", which is read as \"60\".\n"},
