@@ -107,6 +107,9 @@ bool WindowsFolders::DriveAvailable(const std::string& path) const {
   return drive.empty() || Exists(drive + "\\");
 }
 
-std::string SettingsPath(std::string text) { return text; }
+std::string SettingsPath(std::string text) {
+  std::replace(text.begin(), text.end(), '/', '\\');
+  return text;
+}
 
 }  // namespace orvenza
