@@ -1,5 +1,7 @@
 #include "platform/windows/windows_paths.h"
 
+#include <windows.h>
+
 #include "platform/system_error.h"
 #include "platform/windows/wide.h"
 
@@ -9,6 +11,23 @@ namespace {
 bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
 bool IsSeparator(char c) { return c == '\\' || c == '/'; }
+
+/// From this length on, in UTF-16 units, a folder's path is refused in its plain form; a file's a little
+/// later.
+constexpr std::size_t kPlainLimit = 248;
+constexpr std::size_t kLongestPath = 32768;
+
+/// The unlimited form is taken to the letter, so all that the system would tidy up is tidied first.
+std::wstring Unlimited(const std::wstring& path) {
+  std::wstring full(kLongestPath, L'\0');
+  const DWORD size = static_cast<DWORD>(full.size());
+  const DWORD length = ::GetFullPathNameW(path.c_str(), size, full.data(), nullptr);
+  if (length == 0 || length >= size) return path;
+  full.resize(length);
+  const bool isSystemForm = full.starts_with(L"\\\\?\\") || full.starts_with(L"\\\\.\\");
+  if (isSystemForm) return full;
+  return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
+}
 
 }  // namespace
 
@@ -22,11 +41,16 @@ std::string DriveIn(std::string_view path) {
   return std::string(path.substr(0, path.find_first_of("\\/", share + 1)));
 }
 
-std::wstring NativePath(const std::string& path) {
+std::wstring PlainPath(const std::string& path) {
   if (path.empty() || path.find('\0') != std::string::npos) {
     throw SystemError(error_number::kBadFileName, path.c_str());
   }
   return ToWide(path);
+}
+
+std::wstring NativePath(const std::string& path) {
+  const std::wstring plain = PlainPath(path);
+  return plain.size() < kPlainLimit ? plain : Unlimited(plain);
 }
 
 std::wstring NativeFolderPath(const std::string& path) {

@@ -12,7 +12,12 @@ inline constexpr std::string_view kUnfinishedSuffix = ".orv~";
 /// path without either.
 std::string DriveIn(std::string_view path);
 
-/// `path` as the system takes it. Throws SystemError 52 for an empty path and one with a NUL.
+/// `path` in the system's letters, as long as it is. Throws SystemError 52 for an empty path and one with a
+/// NUL.
+std::wstring PlainPath(const std::string& path);
+
+/// `path` as the system's file functions take it: a long one in the form that they do not limit. Throws
+/// SystemError 52 for an empty path and one with a NUL.
 std::wstring NativePath(const std::string& path);
 
 /// The same for the path of a folder, without trailing separators but for that of a drive ("C:\").

@@ -43,7 +43,8 @@ std::wstring ShortSpelling(const std::wstring& folder) {
 
 /// The path in the code page; where that lacks a character, with the folder in its short spelling.
 std::string ProfilePath(const std::string& path) {
-  const std::wstring native = NativePath(path);
+  // The profile functions take no other form of a long path.
+  const std::wstring native = PlainPath(path);
   if (const auto plain = ToCodePage(native)) return *plain;
   const std::size_t nameAt = native.find_last_of(L"\\/") + 1;  // npos + 1 is 0.
   const std::wstring folder = ShortSpelling(native.substr(0, nameAt));
