@@ -42,6 +42,18 @@ TEST(InstanceLock, IsOneForAllSpellingsOfAFolder) {
   }
 }
 
+TEST(InstanceLock, OfADrivesRootIsNotThatOfItsCurrentFolder) {
+  const std::filesystem::path before = std::filesystem::current_path();
+  const TempFolder folder;
+  std::filesystem::current_path(folder.Native(""));
+  const std::string drive = folder.Path().substr(0, 2);
+  {
+    const InstanceLock lock(folder.Path());
+    EXPECT_TRUE(IsFree(drive)) << drive;
+  }
+  std::filesystem::current_path(before);
+}
+
 TEST(InstanceLock, IsOneForEachFolder) {
   const TempFolder folder;
   const TempFolder other;

@@ -25,9 +25,10 @@ std::wstring FinalPath(const std::wstring& folder) {
   return path;
 }
 
-/// A mutex's name must not be long and holds no "\" of its own, so the path is hashed (FNV-1a).
+/// Without the "\" the root of a drive would be that drive's current folder. A mutex's name must not be long
+/// and holds no "\" of its own, so the path is hashed (FNV-1a).
 std::wstring MutexName(const std::string& programFolder) {
-  std::wstring path = FinalPath(NativeFolderPath(programFolder));
+  std::wstring path = FinalPath(NativeFolderPath(programFolder + "\\"));
   ::CharLowerBuffW(path.data(), static_cast<DWORD>(path.size()));
   std::uint64_t hash = 14695981039346656037u;
   for (const wchar_t unit : path) hash = (hash ^ static_cast<std::uint64_t>(unit)) * 1099511628211u;
