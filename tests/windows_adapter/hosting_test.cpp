@@ -66,9 +66,17 @@ TEST_F(HostingTest, LetsGoOfTheControlInOrder) {
   EXPECT_EQ(Done(), (Lines{"disconnected", "deactivated", "closed", "no site", "released"}));
 }
 
+TEST_F(HostingTest, KeepsItsWindowWhenAnotherProgramClosesAllWindows) {
+  Open();
+  const HWND site = ::FindWindowW(L"EcrLinkX1", L"Orvenza EcrLinkX1");
+  ::SendMessageW(site, WM_CLOSE, 0, 0);
+  EXPECT_TRUE(::IsWindow(site));
+  EXPECT_TRUE(adapter->PortOpen());
+}
+
 TEST_F(HostingTest, LeavesNoWindowBehind) {
   Open();
-  const HWND site = ::FindWindowW(L"STATIC", L"Orvenza EcrLinkX1");
+  const HWND site = ::FindWindowW(L"EcrLinkX1", L"Orvenza EcrLinkX1");
   ASSERT_NE(site, nullptr);
   EXPECT_FALSE(::IsWindowVisible(site));
   adapter.reset();

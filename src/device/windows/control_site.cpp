@@ -21,10 +21,24 @@ Variant AmbientProperty(DISPID member) {
   }
 }
 
+/// Programs that close every window they find would take the control away with it.
+LRESULT CALLBACK StayOpen(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+  return message == WM_CLOSE ? 0 : ::DefWindowProcW(window, message, wParam, lParam);
+}
+
+const wchar_t* WindowClass() {
+  WNDCLASSW place{};
+  place.lpfnWndProc = &StayOpen;
+  place.hInstance = ::GetModuleHandleW(nullptr);
+  place.lpszClassName = L"EcrLinkX1";
+  ::RegisterClassW(&place);  // refused from the second time on
+  return place.lpszClassName;
+}
+
 }  // namespace
 
 HiddenWindow::HiddenWindow()
-    : handle_(::CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"Orvenza EcrLinkX1", WS_POPUP, 0, 0,
+    : handle_(::CreateWindowExW(WS_EX_TOOLWINDOW, WindowClass(), L"Orvenza EcrLinkX1", WS_POPUP, 0, 0,
                                 Place().right, Place().bottom, nullptr, nullptr, ::GetModuleHandleW(nullptr),
                                 nullptr)) {
   if (handle_ == nullptr) CheckCreation(HRESULT_FROM_WIN32(::GetLastError()), "window");

@@ -4,7 +4,7 @@
 
 namespace orvenza {
 
-/// A window that is never shown, for the control to sit in.
+/// A window that is never shown, for the control to sit in. Nobody can close it from outside.
 class HiddenWindow {
  public:
   /// Throws SystemError 429 when there is no window to be had.
