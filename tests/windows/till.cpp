@@ -30,7 +30,9 @@ PROCESS_INFORMATION Start(const std::wstring& options, HANDLE output) {
   std::wstring line = L"\"" + ProgramPath() + L"\" " + options;
   STARTUPINFOW start{};
   start.cb = sizeof start;
-  start.dwFlags = STARTF_USESTDHANDLES;
+  // As by a shortcut that starts it minimised, which must make no difference.
+  start.dwFlags = STARTF_USESTDHANDLES | STARTF_USESHOWWINDOW;
+  start.wShowWindow = SW_SHOWMINNOACTIVE;
   start.hStdOutput = output;
   PROCESS_INFORMATION process{};
   if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process)) {

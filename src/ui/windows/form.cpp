@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/windows/wide.h"
+#include "ui/windows/contrast.h"
 #include "ui/windows/dpi.h"
 #include "ui/windows/names.h"
 
@@ -63,7 +64,8 @@ void Form::Show(int focused, bool flashing) {
   ArrangeAt(0, 0, true);
   EnableInnermost(desk_);
   focus_ = Control(focused);
-  ShowWindow(Handle(), SW_SHOWNORMAL);
+  // Not as whoever started the program wished its first window to be: minimised, nobody would see it.
+  ShowWindow(Handle(), SW_RESTORE);
   SetWindowPos(Handle(), HWND_TOPMOST, 0, 0, 0, 0, kTopmostFlags);
   SetForegroundWindow(Handle());
   SetFocus(focus_);
@@ -76,6 +78,7 @@ HWND Form::AddControl(const wchar_t* className, const std::string& caption, DWOR
   const HWND control = CreateWindowExW(0, className, ToWide(caption).c_str(), WS_CHILD | WS_VISIBLE | style,
                                        0, 0, 0, 0, Handle(), number, GetModuleHandleW(nullptr), nullptr);
   SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.Of(kind)), FALSE);
+  KeepReadable(control);
   controls_.push_back({control, kind});
   return control;
 }
@@ -125,7 +128,9 @@ void Form::ArrangeAt(int left, int top, bool centred) {
     left = (screen.width - size.width) / 2;
     top = (screen.height - size.height) / 2;
   }
+  placing_ = true;
   SetWindowPos(Handle(), nullptr, left, top, size.width, size.height, SWP_NOZORDER | SWP_NOACTIVATE);
+  placing_ = false;
   InvalidateRect(Handle(), nullptr, TRUE);
 }
 
@@ -144,9 +149,12 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case DM_GETDEFID: return MAKELRESULT(DefaultButton(), DC_HASDEFID);
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
+      SetTextColor(reinterpret_cast<HDC>(wParam), kTextColour);
       SetBkColor(reinterpret_cast<HDC>(wParam), kFormColour);
       return reinterpret_cast<LRESULT>(FormBrush());
     case WM_DPICHANGED: {
+      // Its own size of there may bring a form back to the screen it came from, and so on for ever.
+      if (placing_) return 0;
       const auto* const suggested = reinterpret_cast<const RECT*>(lParam);
       SetFonts(LOWORD(wParam));
       ArrangeAt(suggested->left, suggested->top, false);

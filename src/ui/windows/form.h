@@ -84,6 +84,7 @@ class Form : public Window {
   std::vector<int> buttons_;
   HWND focus_ = nullptr;  ///< Gets the focus when the form is activated.
   int pressed_ = 0;
+  bool placing_ = false;  ///< Being moved by its own doing.
 };
 
 }  // namespace orvenza

@@ -76,4 +76,7 @@ inline constexpr COLORREF kFormColour = RGB(150, 187, 213);
 /// Its brush, shared by all forms for as long as the program runs.
 HBRUSH FormBrush();
 
+/// Of every text on that background, whatever the system's own is: that of a high contrast may be unreadable.
+inline constexpr COLORREF kTextColour = RGB(0, 0, 0);
+
 }  // namespace orvenza
