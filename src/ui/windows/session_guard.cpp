@@ -3,6 +3,13 @@
 #include "ui/windows/names.h"
 
 namespace orvenza {
+namespace {
+
+/// What Windows shows whoever waits for the session to end. Without it a program that shows no window is
+/// ended after a few seconds.
+constexpr const wchar_t* kReason = L"Orvenza completa lo scontrino in corso.";
+
+}  // namespace
 
 SessionGuard::SessionGuard(HWND form)
     : form_(form),
@@ -40,12 +47,18 @@ DWORD WINAPI SessionGuard::Run(void* self) {
 
 LRESULT CALLBACK SessionGuard::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
   const auto* const self = reinterpret_cast<const SessionGuard*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (self == nullptr || message != WM_ENDSESSION) return DefWindowProcW(window, message, wParam, lParam);
-  if (wParam != FALSE) {
-    PostMessageW(self->form_, WM_CLOSE, 0, 0);
-    WaitForSingleObject(self->ended_.Get(), INFINITE);
+  if (self == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+  switch (message) {
+    case WM_QUERYENDSESSION: ShutdownBlockReasonCreate(window, kReason); return TRUE;
+    case WM_ENDSESSION:
+      if (wParam != FALSE) {
+        PostMessageW(self->form_, WM_CLOSE, 0, 0);
+        WaitForSingleObject(self->ended_.Get(), INFINITE);
+      }
+      ShutdownBlockReasonDestroy(window);
+      return 0;
+    default: return DefWindowProcW(window, message, wParam, lParam);
   }
-  return 0;
 }
 
 }  // namespace orvenza
