@@ -25,7 +25,7 @@ CommandLine ParseCommandLine(const std::vector<std::string>& words) {
   return line;
 }
 
-std::string Usage() {
+std::string Usage(const std::string& menu) {
   return "Usage: Orvenza [--folder DIR] [--simulate [SCRIPT]]\n"
          "\n"
          "Prints the ticket files of a point-of-sale program on a fiscal cash register.\n"
@@ -36,9 +36,11 @@ std::string Usage() {
          "                       what it prints is shown here\n"
          "  --version            show the version and end\n"
          "  --help               show this page and end\n"
+         "\n" +
+         menu +
          "\n"
-         "While it runs, m and Enter open the menu. It ends through the menu, or when the host\n"
-         "writes QUIT into command.txt in the program folder.\n"
+         "It ends through the menu, or when the host writes QUIT into command.txt in the program\n"
+         "folder.\n"
          "\n"
          "Exit status: 0 ended, 2 could not start.\n";
 }

@@ -19,7 +19,7 @@ struct CommandLine {
 /// Reads the words after the program's name.
 CommandLine ParseCommandLine(const std::vector<std::string>& words);
 
-/// The help page.
-std::string Usage();
+/// The help page. `menu` is the sentence that says how this program's menu is opened.
+std::string Usage(const std::string& menu);
 
 }  // namespace orvenza

@@ -38,9 +38,14 @@ TEST(CommandLine, RefusesWhatItDoesNotKnow) {
   EXPECT_EQ(ParseCommandLine({"--folder", "--simulate"}).error, "--folder needs the name of a folder");
 }
 
+TEST(CommandLine, UsageTellsHowTheMenuIsOpened) {
+  EXPECT_NE(Usage("The icon opens it.").find("\n\nThe icon opens it.\nIt ends through the menu"),
+            std::string::npos);
+}
+
 TEST(CommandLine, UsageNamesEveryOption) {
   for (const char* option : {"--folder DIR", "--simulate [SCRIPT]", "--version", "--help"}) {
-    EXPECT_NE(Usage().find(option), std::string::npos) << option;
+    EXPECT_NE(Usage("").find(option), std::string::npos) << option;
   }
 }
 

@@ -30,7 +30,7 @@ class FormBench : public testing::Test {
   WindowsEventPump pump;
   EventLoop loop{clock, pump};
   TempFolder folder;
-  WindowsOperator person{loop, pump, folder.Path()};
+  WindowsOperator person{loop, pump, folder.Path(), "Orvenza"};
 
  private:
   void Look(int number);

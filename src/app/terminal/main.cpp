@@ -57,7 +57,7 @@ int RunConnector(const ProgramPaths& paths, const FaultScript& script) {
 int main(int argc, char** argv) {
   const CommandLine options = ParseCommandLine({argv + 1, argv + argc});
   if (!options.error.empty()) return Refuse(options.error + "; see --help");
-  if (options.help) std::cout << Usage();
+  if (options.help) std::cout << Usage("While it runs, m and Enter open the menu.");
   if (options.version) std::cout << "Orvenza " << kVersionText << "\n";
   if (options.help || options.version) return 0;
   if (!options.simulate) {

@@ -23,25 +23,28 @@ namespace {
 
 using namespace orvenza;
 
-int Refuse(const ParentConsole& console, const std::string& reason) {
-  ShowNotice(console, "Orvenza: " + reason + "\n", true);
+constexpr const char* kMenu = "While it runs, its icon in the notification area opens the menu.";
+
+int Refuse(const std::string& reason) {
+  ShowNotice(ParentConsole(), "Orvenza: " + reason + "\n", true);
   return 2;
 }
 
-int RunConnector(const ProgramPaths& paths, const std::optional<FaultScript>& script,
-                 const ParentConsole& console) {
+int RunConnector(const ProgramPaths& paths, const std::optional<FaultScript>& script) {
+  std::optional<ParentConsole> console;
+  if (script) console.emplace();
   WindowsFiles files;
   WindowsFolders folders;
   WindowsClock clock;
   WindowsEventPump pump;
   WindowsProfileFile profile;
   EventLoop loop(clock, pump);
-  WindowsOperator person(loop, pump, paths.AppPath);
+  WindowsOperator person(loop, pump, paths.AppPath, paths.ExecutableName + " - " + kVersionText);
   std::optional<Simulation> simulation;
   std::optional<EcrLinkAdapter> control;
   if (script) {
     simulation.emplace(files, clock, pump, *script, paths.AppPath,
-                       [&](const std::string& line) { console.Write(line + "\n"); });
+                       [&](const std::string& line) { console->Write(line + "\n"); });
   } else {
     control.emplace();
   }
@@ -49,6 +52,8 @@ int RunConnector(const ProgramPaths& paths, const std::optional<FaultScript>& sc
                        simulation ? simulation->Control() : static_cast<EcrLink&>(*control)},
                       paths);
   person.SetMenuHandler([&](MenuItem item) { connector.OnMenu(item); });
+
+  pump.OnTerminate([&] { loop.RequestEnd({.unload = true}); });
 
   const InstanceLock lock(paths.AppPath);
   connector.Run(!lock.Acquired());
@@ -58,20 +63,19 @@ int RunConnector(const ProgramPaths& paths, const std::optional<FaultScript>& sc
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
-  const ParentConsole console;
   const CommandLine options = ParseCommandLine(CommandWords());
-  if (!options.error.empty()) return Refuse(console, options.error + "; see --help");
-  if (options.help) ShowNotice(console, Usage(), false);
-  if (options.version) ShowNotice(console, std::string("Orvenza ") + kVersionText + "\n", false);
+  if (!options.error.empty()) return Refuse(options.error + "; see --help");
+  if (options.help) ShowNotice(ParentConsole(), Usage(kMenu), false);
+  if (options.version) ShowNotice(ParentConsole(), std::string("Orvenza ") + kVersionText + "\n", false);
   if (options.help || options.version) return 0;
   try {
     const std::string folder = options.folder.empty() ? HomeFolder() : FullFolder(options.folder);
-    if (!WindowsFolders().Exists(folder)) return Refuse(console, folder + " is not a folder");
+    if (!WindowsFolders().Exists(folder)) return Refuse(folder + " is not a folder");
     std::optional<FaultScript> script;
     if (options.simulate)
       script = options.script ? ReadFaultScript(WindowsFiles(), *options.script) : FaultScript{};
-    return RunConnector({folder, ProgramName()}, script, console);
+    return RunConnector({folder, ProgramName()}, script);
   } catch (const std::exception& failure) {
-    return Refuse(console, failure.what());
+    return Refuse(failure.what());
   }
 }

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/windows/wide.h"
+#include "ui/windows/dpi.h"
 #include "ui/windows/gdi_objects.h"
 #include "ui/windows/names.h"
 #include "ui/windows/system_functions.h"
@@ -15,6 +16,13 @@ namespace orvenza {
 namespace {
 
 constexpr UINT kIconNumber = 1;
+
+/// In milliseconds. Nothing else of the program goes on while the menu is open.
+constexpr UINT kLongestMenu = 30000;
+
+/// The part of WM_SYSCOMMAND's first parameter that is not the system's own.
+constexpr WPARAM kSystemCommand = 0xFFF0;
+
 constexpr UINT kIconFields = NIF_MESSAGE | NIF_ICON | NIF_TIP;
 static_assert(kIconFields == 7 && kIconMessage == WM_MOUSEMOVE);
 static_assert(NOTIFYICONDATAA_V1_SIZE == 88, "the record of the icon is the one of the first shells");
@@ -68,9 +76,12 @@ LRESULT Picture::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   return Window::OnMessage(message, wParam, lParam);
 }
 
-MainForm::MainForm(MainFormEvents events)
+MainForm::MainForm(const std::string& caption, MainFormEvents events)
     : events_(std::move(events)), taskbarCreated_(RegisterWindowMessageW(L"TaskbarCreated")) {
-  Create(window_class::kOrvMain, {}, WS_OVERLAPPEDWINDOW | WS_MINIMIZE, 0, nullptr);
+  Create(window_class::kOrvMain, caption, WS_OVERLAPPEDWINDOW | WS_MINIMIZE, 0, nullptr);
+  Centre();
+  // The shell may not send it to a program that runs with more rights than its own, unless that allows it.
+  ChangeWindowMessageFilterEx(Handle(), taskbarCreated_, MSGFLT_ALLOW, nullptr);
   picture1_.emplace(Handle(), [this] { PopUp(); });
 }
 
@@ -104,9 +115,25 @@ LRESULT MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ENDSESSION:
       if (wParam != FALSE) End();
       return 0;
+    case WM_SYSCOMMAND:
+      // Alt+F4 while the hidden form has the keyboard is no wish to end.
+      if ((wParam & kSystemCommand) == SC_CLOSE) return 0;
+      return Window::OnMessage(message, wParam, lParam);
     case WM_CLOSE: End(); return 0;
+    case WM_TIMER: EndMenu(); return 0;
     default: return Window::OnMessage(message, wParam, lParam);
   }
+}
+
+/// Where a form that could be seen would be.
+void MainForm::Centre() const {
+  const Extent screen = ScreenSize();
+  WINDOWPLACEMENT place{};
+  place.length = sizeof place;
+  place.showCmd = SW_HIDE;
+  place.rcNormalPosition = {screen.width / 4, screen.height / 4, screen.width - screen.width / 4,
+                            screen.height - screen.height / 4};
+  SetWindowPlacement(Handle(), &place);
 }
 
 /// Whatever is done to the form from outside, it is minimised and hidden again, with its icon in place.
@@ -132,9 +159,12 @@ void MainForm::PopUp() {
   // Without the foreground, and the message behind, the menu would not close when the operator clicks
   // elsewhere.
   SetForegroundWindow(Handle());
+  SetTimer(Handle(), kTmrMenu, kLongestMenu, nullptr);
   const int item = TrackPopupMenu(menu.Get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, pointer.x,
                                   pointer.y, 0, Handle(), nullptr);
+  KillTimer(Handle(), kTmrMenu);
   PostMessageW(Handle(), WM_NULL, 0, 0);
+  if (GetForegroundWindow() == Handle()) events_.menuClosed();
   if (item > 0) events_.chosen(static_cast<MenuItem>(item - 1));
 }
 

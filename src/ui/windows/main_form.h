@@ -13,6 +13,7 @@ namespace orvenza {
 struct MainFormEvents {
   std::function<void(MenuItem)> chosen;  ///< An item of the menu.
   std::function<void()> end;             ///< The session ends, or another program closed the form.
+  std::function<void()> menuClosed;  ///< The menu has gone and has left the foreground to the hidden form.
 };
 
 /// The picture box that the icon belongs to and sends its messages to.
@@ -39,7 +40,7 @@ class Picture final : public Window {
 class MainForm final : public Window {
  public:
   /// `events` are called from inside the window's procedure and must not throw.
-  explicit MainForm(MainFormEvents events);
+  MainForm(const std::string& caption, MainFormEvents events);
   ~MainForm() override;
   MainForm(const MainForm&) = delete;
   MainForm& operator=(const MainForm&) = delete;
@@ -50,6 +51,7 @@ class MainForm final : public Window {
  private:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   void OnSize(WPARAM state);
+  void Centre() const;
   void PopUp();
   void End();
 

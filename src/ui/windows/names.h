@@ -44,6 +44,9 @@ inline constexpr int kCommand = 90;
 /// The timer that flashes the title bars of Orv_Msg and Orv_Info.
 inline constexpr int kTmrFlash = 1;
 
+/// The timer of Orv_Main that closes a menu left open.
+inline constexpr int kTmrMenu = 2;
+
 /// What the icon sends to Picture1; the message of the mouse stands in its last parameter.
 inline constexpr unsigned kIconMessage = 512;
 

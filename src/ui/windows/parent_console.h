@@ -5,7 +5,8 @@
 namespace orvenza {
 
 /// Where a program without a console of its own may write: its standard output where that leads somewhere,
-/// else the console it was started from. Without either nothing is shown.
+/// else the console it was started from, which it then belongs to: closing that console ends the program. So
+/// made only where there is something to show. Without either nothing is shown.
 class ParentConsole {
  public:
   ParentConsole();

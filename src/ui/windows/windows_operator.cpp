@@ -25,12 +25,16 @@ class WaitingMark {
 
 }  // namespace
 
-WindowsOperator::WindowsOperator(EventLoop& loop, WindowsEventPump& pump, std::string programFolder)
+WindowsOperator::WindowsOperator(EventLoop& loop, WindowsEventPump& pump, std::string programFolder,
+                                 const std::string& caption)
     : programFolder_(std::move(programFolder)),
       desk_{loop, pump},
-      orvMain_({.chosen = [this](MenuItem item) { desk_.pump.Post([this, item] { RunMenuItem(item); }); },
-                .end = [this] { desk_.loop.RequestEnd({.unload = true}); }}),
-      sessionGuard_(orvMain_.Handle()) {}
+      orvMain_(caption,
+               {.chosen = [this](MenuItem item) { desk_.pump.Post([this, item] { RunMenuItem(item); }); },
+                .end = [this] { desk_.loop.RequestEnd({.unload = true}); },
+                .menuClosed = [this] { ReturnToInnermostForm(); }}),
+      sessionGuard_(orvMain_.Handle()),
+      consoleGuard_(orvMain_.Handle()) {}
 
 int WindowsOperator::ShowMessage(const MessageContent& content) {
   MessageForm form(desk_, content, programFolder_);
@@ -61,6 +65,11 @@ void WindowsOperator::ShowUtilities(const UtilitiesContent& content,
   while (const int button = form.NextPress()) {
     if (pressed(button - control_id::kCommand)) return;
   }
+}
+
+/// Only in front does a dialog that waits hear its keys.
+void WindowsOperator::ReturnToInnermostForm() const {
+  if (!desk_.forms.empty()) SetForegroundWindow(desk_.forms.back()->Handle());
 }
 
 void WindowsOperator::RunMenuItem(MenuItem item) {

@@ -8,6 +8,7 @@
 #include "ui/menu.h"
 #include "ui/notification_icon.h"
 #include "ui/operator.h"
+#include "ui/windows/console_guard.h"
 #include "ui/windows/form.h"
 #include "ui/windows/main_form.h"
 #include "ui/windows/session_guard.h"
@@ -18,8 +19,9 @@ namespace orvenza {
 /// with them, live as long as the object.
 class WindowsOperator final : public Operator, public NotificationIcon {
  public:
-  /// `programFolder` may hold the sound of messages. Throws SystemError.
-  WindowsOperator(EventLoop& loop, WindowsEventPump& pump, std::string programFolder);
+  /// `programFolder` may hold the sound of messages; `caption` is the main form's. Throws SystemError.
+  WindowsOperator(EventLoop& loop, WindowsEventPump& pump, std::string programFolder,
+                  const std::string& caption);
 
   /// Who carries out the menu's items; until there is one, they do nothing. An item is carried out as an
   /// event of the pump, dialogs included; a ProgramEnd of it is noted in the event loop.
@@ -36,6 +38,7 @@ class WindowsOperator final : public Operator, public NotificationIcon {
 
  private:
   void RunMenuItem(MenuItem item);
+  void ReturnToInnermostForm() const;
 
   std::string programFolder_;
   std::function<void(MenuItem)> menuHandler_;
@@ -43,6 +46,7 @@ class WindowsOperator final : public Operator, public NotificationIcon {
   std::vector<Form*> messages_;  ///< The message dialogs that wait, the innermost last.
   MainForm orvMain_;
   SessionGuard sessionGuard_;
+  ConsoleGuard consoleGuard_;
 };
 
 }  // namespace orvenza
