@@ -233,6 +233,31 @@ TEST(PaperOut, HasNoOptions) {
   till.Gone(form);
 }
 
+TEST(PaperOut, IsOverHoweverTheDialogIsAnswered) {
+  const std::function<void(HWND)> kWays[] = {[](HWND form) { Click(form, kCommand + 1); },
+                                             [](HWND) { Press(VK_RETURN); }, [](HWND) { PressWithAlt('O'); },
+                                             [](HWND) { Press(VK_ESCAPE); }, CloseByCross};
+  for (const auto& answer : kWays) {
+    const Shop shop("on 1004 paper-out receipt\n");
+    shop.Drop("0001.txt", kTicket);
+    const Till till(shop);
+    const HWND form = till.Form(window_class::kOrvInfo);
+    answer(form);
+    till.Gone(form);
+    EXPECT_EQ(shop.Journal("Err.txt").front(), LoadMessage(116));
+  }
+}
+
+TEST(PaperOut, OfTheJournalIsSettledWithTheTicketPrintedAgain) {
+  const Shop shop("on 1004 paper-out journal\n");
+  shop.Drop("0001.txt", kTicket);
+  const Till till(shop);
+  EXPECT_EQ(TextOf(till.Form(window_class::kOrvInfo), kLabel1), LoadMessage(110));
+  Press(VK_RETURN);
+  till.Await("the ticket", [&] { return shop.folder.Read("storico\\1.txt") == kTicket; });
+  EXPECT_EQ(shop.Journal("Err.txt"), (Lines{LoadMessage(115), LoadMessage(122)}));
+}
+
 /// The port dialog, opened by the menu.
 struct PortTest : testing::Test {
   PortTest() {
@@ -292,13 +317,33 @@ TEST_F(PortTest, EnterInAnOpenListOnlyClosesTheList) {
   till.Await("the settings", [&] { return Saved("ComPort=2"); });
 }
 
+TEST_F(PortTest, IsConfirmedByItsButtonItsLetterAndEnter) {
+  const std::function<void()> kWays[] = {[&] { Click(form, kCommand + 1); }, [] { PressWithAlt('O'); },
+                                         [] { Press(VK_RETURN); }};
+  int port = 1;
+  for (const auto& confirm : kWays) {
+    Press(VK_DOWN);
+    const std::string next = "COM" + std::to_string(++port);
+    till.Await(next.c_str(), [&] { return Entry(1) == next; });
+    confirm();
+    till.Gone(form);
+    till.Await("the settings", [&] { return Saved("ComPort=" + std::to_string(port)); });
+    till.Menu(kConfigure);
+    form = till.Form(window_class::kOrvConf);
+    EXPECT_EQ(Entry(1), next);
+  }
+}
+
 TEST_F(PortTest, ClosedOtherwiseItSavesNothing) {
-  Press(VK_DOWN);
-  till.Await("COM2", [&] { return Entry(1) == "COM2"; });
-  CloseByCross(form);
-  till.Gone(form);
-  shop.Quit();
-  EXPECT_EQ(till.ExitCode(), 0U);
+  for (const auto& leave : {std::function<void()>([&] { CloseByCross(form); }), {[] { Press(VK_ESCAPE); }}}) {
+    Press(VK_DOWN);
+    till.Await("COM2", [&] { return Entry(1) == "COM2"; });
+    leave();
+    till.Gone(form);
+    till.Menu(kConfigure);
+    form = till.Form(window_class::kOrvConf);
+    EXPECT_EQ(Entry(1), "COM1");
+  }
   EXPECT_TRUE(Saved("ComPort=1"));
 }
 
@@ -311,6 +356,10 @@ struct UtilitiesTest : testing::Test {
   }
 
   HWND Question() const { return till.Form(window_class::kOrvMsg, "Orvenza - " + LoadMessage(164)); }
+  std::string AwaitFile(const std::string& name) const {
+    till.Await(name.c_str(), [&] { return !shop.folder.Read(name).empty(); });
+    return shop.folder.Read(name);
+  }
   void AwaitClosure(const std::string& record) const {
     till.Await("the closure", [&] { return shop.folder.Read("storico\\1.txt") == record + ";;;;;;;;;\r\n"; });
   }
@@ -370,17 +419,39 @@ TEST_F(UtilitiesTest, StaysWhenTheClosureIsNotConfirmed) {
 }
 
 TEST_F(UtilitiesTest, AsksTwiceWhileTicketsWaitAndTakesNone) {
+  int archived = 0;
+  for (const auto& [letter, record] : {std::pair<WORD, std::string>('C', "21"), {'F', "22"}}) {
+    shop.Drop("0001.txt", kTicket);
+    PressWithAlt(letter);
+    const HWND first = Question();
+    Press(VK_RETURN);
+    till.Gone(first);
+    EXPECT_EQ(TextOf(Question(), kText1), LoadMessage(166) + "\r\n" + LoadMessage(165));
+    Press(VK_RETURN);
+    till.Gone(form);
+    const auto archive = [&] { return "storico\\" + std::to_string(++archived) + ".txt"; };
+    EXPECT_EQ(AwaitFile(archive()), kTicket);
+    EXPECT_EQ(AwaitFile(archive()), record + ";;;;;;;;;\r\n");
+    till.Menu(kUtilities);
+    form = till.Form(window_class::kOrvUti);
+  }
+}
+
+TEST_F(UtilitiesTest, WritesNothingWhenTheSecondQuestionIsNotConfirmed) {
   shop.Drop("0001.txt", kTicket);
-  PressWithAlt('C');
-  const HWND first = Question();
-  Press(VK_RETURN);
-  till.Gone(first);
-  EXPECT_EQ(TextOf(Question(), kText1), LoadMessage(166) + "\r\n" + LoadMessage(165));
-  Press(VK_RETURN);
-  till.Gone(form);
-  till.Await("the closure behind the ticket",
-             [&] { return shop.folder.Read("storico\\2.txt") == "21;;;;;;;;;\r\n"; });
-  EXPECT_EQ(shop.folder.Read("storico\\1.txt"), kTicket);
+  const std::function<void()> kWays[] = {[&] { Click(Question(), kCommand0 + 2); }, [] { Press(VK_ESCAPE); },
+                                         [&] { CloseByCross(Question()); }};
+  for (const auto& refuse : kWays) {
+    PressWithAlt('F');
+    const HWND first = Question();
+    Press(VK_RETURN);
+    till.Gone(first);
+    const HWND second = Question();
+    refuse();
+    till.Gone(second);
+    EXPECT_EQ(till.Form(window_class::kOrvUti), form);
+  }
+  EXPECT_FALSE(shop.folder.Has("data\\zzzzzzzzzzzzzzzz.txt"));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The icon in the notification area, its menu, and the ways the program ends.
+// The icon in the notification area and its menu.
 
 #include <gtest/gtest.h>
 
@@ -6,6 +6,7 @@
 #include "core/version.h"
 #include "ui/windows/names.h"
 #include "windows/person.h"
+#include "windows/picture.h"
 #include "windows/till.h"
 
 namespace orvenza::test {
@@ -31,17 +32,7 @@ TEST(Icon, IsTheOnlyThingToSee) {
   till.AwaitStart();
   EXPECT_EQ(TextOf(till.Main()), std::string("Orvenza - ") + kVersionText);
   EXPECT_TRUE(till.Visible().empty());
-}
-
-TEST(Icon, ComesAfterThePortDialogOfTheFirstStart) {
-  const Shop shop("", false);
-  const Till till(shop);
-  const HWND form = till.Form(window_class::kOrvConf);
-  EXPECT_FALSE(till.HasIcon());
-  Press(VK_RETURN);
-  till.Gone(form);
-  till.AwaitIcon();
-  EXPECT_TRUE(shop.folder.Has("data\\inproces") && shop.folder.Has("data\\abort"));
+  TakePicture(FindWindowW(L"Shell_TrayWnd", nullptr));
 }
 
 TEST(Start, TheFirstWritesTheWholeSettingsFile) {
@@ -200,73 +191,6 @@ TEST(Menu, EndsTheProgramFromBelowOtherDialogs) {
   Press(VK_RETURN);
   EXPECT_EQ(till.ExitCode(), 0U);
   EXPECT_EQ(shop.Journal("Log.txt").back(), "End");
-}
-
-TEST(End, ComesByTheHostsCommand) {
-  const Shop shop;
-  const Till till(shop);
-  till.AwaitStart();
-  const HWND picture = till.Picture1();
-  shop.Quit();
-  EXPECT_EQ(till.ExitCode(), 0U);
-  EXPECT_FALSE(IsWindow(picture));
-}
-
-TEST(End, ComesWithTheSession) {
-  const Shop shop;
-  const Till till(shop);
-  till.AwaitStart();
-  EXPECT_EQ(SendMessageW(till.Main(), WM_QUERYENDSESSION, 0, 0), TRUE);
-  SendMessageW(till.Main(), WM_ENDSESSION, TRUE, 0);
-  EXPECT_EQ(till.ExitCode(), 0U);
-  EXPECT_EQ(shop.Journal("Log.txt"), StartedThen({"End"}));
-}
-
-TEST(End, HoldsUpTheEndOfTheSession) {
-  const Shop shop;
-  const Till till(shop);
-  till.AwaitStart();
-  till.Menu(kConfigure);
-  till.Form(window_class::kOrvConf);
-  till.TellIcon(WM_RBUTTONDOWN);
-  till.AwaitMenu();
-  SendMessageW(till.SessionWindow(), WM_ENDSESSION, TRUE, 0);
-  EXPECT_EQ(shop.Journal("Log.txt"), StartedThen({"End"}));
-  EXPECT_EQ(till.ExitCode(), 0U);
-}
-
-TEST(End, DoesNotComeWithASessionThatGoesOn) {
-  const Shop shop;
-  const Till till(shop);
-  till.AwaitStart();
-  SendMessageW(till.Main(), WM_ENDSESSION, FALSE, 0);
-  SendMessageW(till.SessionWindow(), WM_ENDSESSION, FALSE, 0);
-  shop.Quit();
-  EXPECT_EQ(till.ExitCode(), 0U);
-  EXPECT_EQ(shop.Journal("Log.txt"), StartedThen({"Quit Command !", "End"}));
-}
-
-TEST(End, ComesWhenAnotherProgramClosesTheMainForm) {
-  const Shop shop("on 3217 link-error 1\n");
-  const Till till(shop);
-  till.Form(window_class::kOrvMsg);  // whatever waits
-  PostMessageW(till.Main(), WM_CLOSE, 0, 0);
-  EXPECT_EQ(till.ExitCode(), 0U);
-  EXPECT_EQ(shop.Journal("Log.txt").back(), "End");
-}
-
-TEST(Start, RefusesASecondCopyAndLeavesTheFirstAlone) {
-  const Shop shop;
-  const Till first(shop);
-  first.AwaitStart();
-  const Till second(shop);
-  const HWND message = second.Form(window_class::kOrvMsg, "Orvenza");
-  EXPECT_EQ(TextOf(message, control_id::kText1), "\r\n" + LoadMessage(108));
-  Press(VK_RETURN);
-  EXPECT_EQ(second.ExitCode(), 0U);
-  EXPECT_EQ(shop.Journal("error.txt"), (Lines{LoadMessage(108)}));
-  EXPECT_TRUE(first.HasIcon());
-  EXPECT_EQ(shop.Journal("Log.txt"), kStarted);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 // After windows.h, on which it builds.
+#include <gtest/gtest.h>
 #include <shellapi.h>
 
 #include <algorithm>
@@ -65,6 +66,8 @@ BOOL CALLBACK LookAt(HWND window, LPARAM parameter) {
   return FALSE;
 }
 
+void CALLBACK Kill(void* process, BOOLEAN) { TerminateProcess(process, 98); }
+
 }  // namespace
 
 Shop::Shop(const std::string& script, bool withSettings) {
@@ -98,18 +101,22 @@ Lines Shop::Journal(const std::string& name) const {
   return messages;
 }
 
-Till::Till(const Shop& shop) : shop_(shop) {
+Till::Till(const Shop& shop, Link link, std::chrono::seconds lifetime) : shop_(shop) {
   const std::wstring path = ToWide(shop.folder.Path());
   // What the register prints is not to be mixed with the report of the tests.
   SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
   const FileHandle nowhere(CreateFileW(L"NUL", GENERIC_WRITE, 0, &inherited, OPEN_EXISTING, 0, nullptr));
-  const PROCESS_INFORMATION process =
-      Start(L"--folder \"" + path + L"\" --simulate \"" + path + L"\\register.script\"", nowhere.Get());
+  std::wstring options = L"--folder \"" + path + L"\"";
+  if (link == Link::kSimulated) options += L" --simulate \"" + path + L"\\register.script\"";
+  const PROCESS_INFORMATION process = Start(options, nowhere.Get());
   process_ = ObjectHandle(process.hProcess);
   id_ = process.dwProcessId;
+  const auto limit = static_cast<DWORD>(std::chrono::milliseconds(lifetime).count());
+  CreateTimerQueueTimer(&killer_, nullptr, Kill, process_.Get(), limit, 0, 0);
 }
 
 Till::~Till() {
+  DeleteTimerQueueTimer(nullptr, killer_, INVALID_HANDLE_VALUE);
   TerminateProcess(process_.Get(), 99);
   WaitForSingleObject(process_.Get(), INFINITE);
 }
@@ -184,7 +191,10 @@ HWND Till::SessionWindow() const {
   return Find([](HWND window) { return ClassOf(window) == window_class::kOrvSession; });
 }
 
-HWND Till::Picture1() const { return GetDlgItem(Main(), control_id::kPicture1); }
+HWND Till::Picture1() const {
+  if (picture1_ == nullptr) picture1_ = GetDlgItem(Main(), control_id::kPicture1);
+  return picture1_;
+}
 
 /// Only an icon that is there can be changed; without flags nothing changes.
 bool Till::HasIcon() const {
@@ -240,6 +250,13 @@ DWORD Till::ExitCode() const {
   DWORD code = 0;
   GetExitCodeProcess(process_.Get(), &code);
   return code;
+}
+
+void Till::ExpectEnd() const {
+  Picture1();  // still known when the program has ended
+  EXPECT_EQ(ExitCode(), 0U);
+  EXPECT_EQ(shop_.Journal("Log.txt").back(), "End");
+  EXPECT_FALSE(HasIcon());
 }
 
 bool Till::Runs() const { return WaitForSingleObject(process_.Get(), 0) == WAIT_TIMEOUT; }

@@ -32,13 +32,18 @@ class Shop {
 };
 
 /// The running program, with its windows. What is waited for must come within kPatience; what does not come
-/// fails the test by an exception.
+/// fails the test by an exception. A program that outlives its lifetime is killed, so that nothing hangs with
+/// it.
 class Till {
  public:
   static constexpr std::chrono::seconds kPatience{30};
+  static constexpr std::chrono::seconds kLifetime{120};
 
-  /// `shop` outlives the till.
-  explicit Till(const Shop& shop);
+  enum class Link { kSimulated, kControl };
+
+  /// `shop` outlives the till. The register is simulated by the program, or stands behind the registered
+  /// control.
+  explicit Till(const Shop& shop, Link link = Link::kSimulated, std::chrono::seconds lifetime = kLifetime);
   ~Till();
   Till(const Till&) = delete;
   Till& operator=(const Till&) = delete;
@@ -75,7 +80,10 @@ class Till {
 
   /// Waits for the end of the program and returns its exit code.
   DWORD ExitCode() const;
+  /// Waits for its end in order: exit code 0, "End" in the journal, and the icon taken away.
+  void ExpectEnd() const;
   bool Runs() const;
+  HANDLE Process() const { return process_.Get(); }
 
   void Await(const char* what, const std::function<bool()>& condition) const;
 
@@ -84,8 +92,10 @@ class Till {
   HWND Find(const std::function<bool(HWND)>& fits) const;
 
   const Shop& shop_;
+  mutable HWND picture1_ = nullptr;
   ObjectHandle process_;
   DWORD id_ = 0;
+  HANDLE killer_ = nullptr;  ///< The timer of its lifetime.
 };
 
 struct ProgramRun {

@@ -1,0 +1,124 @@
+// What the program holds stays the same however long it runs. ORVENZA_TEST_TICKETS sets how many ticket files
+// the test of the whole program prints, at two a second, instead of kFiles.
+
+#include <windows.h>
+// After <windows.h>.
+#include <gtest/gtest.h>
+#include <psapi.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+#include <vector>
+
+#include "core/catalogue.h"
+#include "ui/operator_message.h"
+#include "ui/windows/system_functions.h"
+#include "windows/form_bench.h"
+#include "windows/person.h"
+#include "windows/till.h"
+
+namespace orvenza::test {
+namespace {
+
+constexpr int kFiles = 50;
+constexpr int kWarmUp = 10;
+constexpr int kDialogs = 60;
+
+/// What a process holds of the system.
+struct Holdings {
+  DWORD handles = 0;
+  DWORD gdiObjects = 0;   ///< Always 0 under Wine 8, which does not count them.
+  DWORD userObjects = 0;  ///< The same.
+  SIZE_T memory = 0;      ///< Committed, in bytes.
+};
+
+/// Handles of a process, out of the list of all: Wine 8 does not count those of one.
+DWORD CountHandles(DWORD process) {
+  struct Entry {
+    USHORT process;
+    USHORT rest[7];
+  };
+  using QueryType = LONG(WINAPI*)(int, void*, ULONG, ULONG*);
+  const auto query = FindFunction<QueryType>(L"ntdll.dll", "NtQuerySystemInformation");
+  std::vector<Entry> list(500000);
+  constexpr int kHandles = 16;
+  if (query(kHandles, list.data(), static_cast<ULONG>(list.size() * sizeof(Entry)), nullptr) < 0) return 0;
+  ULONG count = 0;
+  std::memcpy(&count, list.data(), sizeof count);
+  const auto* const entries =
+      reinterpret_cast<const Entry*>(reinterpret_cast<const char*>(list.data()) + sizeof count);
+  return static_cast<DWORD>(
+      std::count_if(entries, entries + count, [&](const Entry& entry) { return entry.process == process; }));
+}
+
+Holdings HoldingsOf(HANDLE process) {
+  Holdings result;
+  GetProcessHandleCount(process, &result.handles);
+  if (result.handles == 0) result.handles = CountHandles(GetProcessId(process));
+  result.gdiObjects = GetGuiResources(process, GR_GDIOBJECTS);
+  result.userObjects = GetGuiResources(process, GR_USEROBJECTS);
+  PROCESS_MEMORY_COUNTERS counters{};
+  GetProcessMemoryInfo(process, &counters, sizeof counters);
+  result.memory = counters.PagefileUsage;
+  return result;
+}
+
+/// One object for every fourth round is too many; so are 10 kB for each, of which the simulated register
+/// takes some: it remembers what it printed.
+void ExpectFlat(const Holdings& before, const Holdings& after, int rounds) {
+  const auto slack = static_cast<DWORD>(rounds / 4);
+  EXPECT_LE(after.handles, before.handles + slack);
+  EXPECT_LE(after.gdiObjects, before.gdiObjects + slack);
+  EXPECT_LE(after.userObjects, before.userObjects + slack);
+  EXPECT_LE(after.memory, before.memory + static_cast<SIZE_T>(rounds) * 10 * 1024);
+  std::cout << "handles " << before.handles << " -> " << after.handles << ", GDI objects "
+            << before.gdiObjects << " -> " << after.gdiObjects << ", committed kB " << before.memory / 1024
+            << " -> " << after.memory / 1024 << "\n";
+}
+
+int Files() {
+  const char* const wanted = std::getenv("ORVENZA_TEST_TICKETS");
+  return wanted != nullptr ? std::atoi(wanted) : kFiles;
+}
+
+TEST(Endurance, ATicketLeavesNothingBehind) {
+  const int files = Files();
+  const char* const receipt = "1;Pane;1,000;250;1;;;1;;\r\n1;Latte;2,000;120;1;;;1;;\r\n2;1;500;\r\n";
+  const Shop shop;
+  for (int i = 1; i <= kWarmUp + files; ++i) shop.Drop(std::to_string(10000 + i) + ".txt", receipt);
+  const Till till(shop, Till::Link::kSimulated, std::chrono::seconds(120 + files));
+  const auto await = [&](int number) {
+    const std::string name = "storico\\" + std::to_string(number) + ".txt";
+    till.Await(name.c_str(), [&] { return shop.folder.Has(name); });
+  };
+  for (int i = 1; i <= kWarmUp; ++i) await(i);
+  const Holdings before = HoldingsOf(till.Process());
+  for (int i = kWarmUp + 1; i <= kWarmUp + files; ++i) await(i);
+  ExpectFlat(before, HoldingsOf(till.Process()), files);
+  EXPECT_EQ(shop.folder.Read("Err.txt"), "");
+}
+
+using DialogEndurance = FormBench;
+
+TEST_F(DialogEndurance, DialogsLeaveNothingBehind) {
+  OperatorMessages messages(person, "Orvenza");
+  const ChoiceContent choice{"Orvenza", LoadMessage(118), LoadMessage(508), true, {LoadMessage(145)}, 1,
+                             "&Ok"};
+  const auto show = [&](int rounds) {
+    for (int i = 0; i < rounds; ++i) {
+      WhenShown(CloseByCross);
+      messages.ShowOperatorMessage(LoadMessage(150), 6 + 64, LoadMessage(142));
+      WhenShown(CloseByCross);
+      person.ShowChoice(choice);
+    }
+  };
+  show(10);
+  const Holdings before = HoldingsOf(GetCurrentProcess());
+  show(kDialogs);
+  ExpectFlat(before, HoldingsOf(GetCurrentProcess()), kDialogs);
+}
+
+}  // namespace
+}  // namespace orvenza::test
