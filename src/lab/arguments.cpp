@@ -24,6 +24,7 @@ std::size_t Distance(std::string_view from, std::string_view to) {
 
 std::vector<std::string> NamesOf(const std::vector<Option>& options) {
   std::vector<std::string> names;
+  names.reserve(options.size());
   for (const Option& option : options) names.push_back(option.name);
   return names;
 }

@@ -54,6 +54,9 @@ int Run(const Arguments& arguments, LabSurroundings& surroundings) {
   Console& console = surroundings.console;
   if (arguments.words.empty()) return RefuseUsage(console, "check", "which files? '-' is standard input");
   const CheckRules rules = CheckRulesOf(arguments, surroundings);
+  if (const std::string note = UnknownModelNote(arguments.Value("--model").value_or("")); !note.empty()) {
+    console.err << "orvenza-lab check: " << note << "\n" << std::flush;
+  }
   const bool quiet = arguments.Has("--quiet");
   const bool json = arguments.Has("--json");
   const auto report =

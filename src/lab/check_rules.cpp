@@ -50,7 +50,7 @@ std::string Squeezed(std::string_view label) {
 
 std::vector<std::string_view> KnownModels() {
   std::vector<std::string_view> known = ModelsWithRules();
-  known.push_back(" 40 ZAFRON");
+  known.emplace_back(" 40 ZAFRON");
   return known;
 }
 
@@ -84,6 +84,17 @@ RegisterIdentity IdentityOf(const std::string& model, const std::string& release
   return identity;
 }
 
+std::string UnknownModelNote(const std::string& model) {
+  std::vector<std::string> names;
+  for (const std::string_view known : KnownModels()) names.push_back(Squeezed(known));
+  const std::string name = Squeezed(model);
+  if (name.empty() || std::find(names.begin(), names.end(), name) != names.end()) return {};
+  std::string note =
+      "no model '" + model + "' is known, so the rules for any other count" + Hint(name, names);
+  for (std::size_t i = 0; i < names.size(); ++i) note += (i == 0 ? "\nKnown: " : ", ") + names[i];
+  return note;
+}
+
 CheckRules CheckRulesOf(const Arguments& arguments, LabSurroundings& surroundings) {
   CheckRules rules;
   if (const auto folder = arguments.Value("--folder")) {
@@ -94,7 +105,7 @@ CheckRules CheckRulesOf(const Arguments& arguments, LabSurroundings& surrounding
     RequireUsable(code, "'" + *separator + "'");
     rules.settings.SeparatorChar = static_cast<char>(code);
   }
-  const int separator = rules.settings.SeparatorChar;
+  const int separator = static_cast<unsigned char>(rules.settings.SeparatorChar);
   RequireUsable(separator, "of the settings, " + std::to_string(separator) + ",");
   if (arguments.Has("--single-quantity")) rules.settings.SingleQuantity = true;
   const std::string model = arguments.Value("--model").value_or("");

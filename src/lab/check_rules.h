@@ -18,4 +18,8 @@ CheckRules CheckRulesOf(const Arguments& arguments, LabSurroundings& surrounding
 /// A register of this model and release. The label's blanks need not be those of the register.
 RegisterIdentity IdentityOf(const std::string& model, const std::string& release);
 
+/// What is to be said of a model without rules of its own, which may be a slip of the pen; "" for others and
+/// for none.
+std::string UnknownModelNote(const std::string& model);
+
 }  // namespace orvenza

@@ -39,6 +39,7 @@ std::string Grouped(std::uint64_t number) {
 void CheckProgress::Show(std::uint64_t lines) {
   if (!shown_ || lines % kLook != 0 || clock_.Uptime() - start_ < 1s) return;
   const std::string text = Grouped(lines) + " lines checked";
+  console_.out.flush();  // not behind this line, where both are one terminal
   console_.err << '\r' << text << std::flush;
   width_ = text.size();
 }

@@ -216,6 +216,14 @@ TEST_F(CheckCommandTest, NamesAMaskWithoutFiles) {
   EXPECT_EQ(lab.out.str().substr(0, folder.Path("*.txt").size()), folder.Path("*.txt"));
 }
 
+TEST_F(CheckCommandTest, DoubtsAModelThatItDoesNotKnow) {
+  lab.files.content["a.txt"] = "4;5;";
+  EXPECT_EQ(Check({"--model", "MELDANE", "a.txt"}), 0);
+  EXPECT_EQ(lab.err.str().substr(0, 91),
+            "orvenza-lab check: no model 'MELDANE' is known, so the rules for any other count; did you m");
+  EXPECT_EQ(lab.out.str(), "a.txt\n    1  102805\n1 line, 0 errors, 0 warnings\n");
+}
+
 TEST_F(CheckCommandTest, RefusesACommandLineThatMakesNoSense) {
   EXPECT_EQ(lab.Run({"check"}), 2);
   EXPECT_EQ(lab.err.str(),

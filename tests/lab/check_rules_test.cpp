@@ -116,6 +116,15 @@ TEST_F(CheckRulesTest, LetTheReleaseDecide) {
   EXPECT_EQ(RulesFor(Rules({"--model", "QUARNIS A"}).identity).code17, "1068");
 }
 
+TEST_F(CheckRulesTest, TellOfAModelWithoutRulesOfItsOwn) {
+  EXPECT_EQ(UnknownModelNote("TOVEST ETG"),
+            "no model 'TOVEST ETG' is known, so the rules for any other count; did you mean 'TOVEST ETH'?\n"
+            "Known: TOVEST 8, TOVEST ETH, 315 KV, QUARNIS A, MELDANO, 40 ZAFRON");
+  EXPECT_EQ(UnknownModelNote("quarnis  a"), "");
+  EXPECT_EQ(UnknownModelNote("40 ZAFRON"), "");
+  EXPECT_EQ(UnknownModelNote(""), "");
+}
+
 TEST_F(CheckRulesTest, RefuseALabelThatNoRegisterHas) {
   EXPECT_EQ(Refusal({"--model", "TOVEST EIGHT"}), "the model 'TOVEST EIGHT' has more than ten characters");
 }
