@@ -68,6 +68,24 @@ TEST_F(CheckCommandTest, CallsWarningsAlonesClean) {
       "a.txt:1:1: warning: '25' is sent as '20': outside 0 to 20 [clamped]\n1 line, 0 errors, 1 warning\n");
 }
 
+constexpr const char* kItem = "1;Pane;1,0;1000;1;;;1;;\n";
+
+TEST_F(CheckCommandTest, LooksAtEachFileByItself) {
+  lab.files.content["open.txt"] = std::string(kItem) + "\n\n";
+  lab.files.content["paid.txt"] = std::string(kItem) + "2;1;1000;\n";
+  EXPECT_EQ(Check({"--quiet", "paid.txt", "open.txt", "paid.txt"}), 0);
+  EXPECT_EQ(
+      lab.out.str(),
+      "open.txt:1: warning: the file ends, but its receipt is not closed by a payment (type 2, 5, 14 or 15) "
+      "[receipt-open]\n3 files, 7 lines, 0 errors, 1 warning\n");
+}
+
+TEST_F(CheckCommandTest, ShowsACommandsOnlyControlCharacterAsAQuestionMark) {
+  lab.files.content["a.txt"] = "24;a\x7F;1;";
+  Check({"a.txt"});
+  EXPECT_EQ(lab.out.str().substr(0, 22), "a.txt\n    1  106601a?\xC2");
+}
+
 TEST_F(CheckCommandTest, PutsTheFindingsOfALineInTheOrderOfItsFields) {
   lab.files.content["a.txt"] = "14;x;25;0;A;";
   Check({"--json", "a.txt"});
@@ -176,11 +194,13 @@ TEST_F(CheckCommandTest, TakesBinaryFilesAsLinesToo) {
 }
 
 TEST_F(CheckCommandTest, DoesNotLookAtALineWithoutEnd) {
-  lab.files.content["a.txt"] = "24;" + std::string(FileCheck::kLongestLine, 'x') + ";1;\n4;5;\n";
-  EXPECT_EQ(Check({"a.txt"}), 1);
+  // Nor does it say that the receipt is not closed: that line may have done it.
+  const std::string endless = "24;" + std::string(FileCheck::kLongestLine, 'x') + ";1;\n";
+  lab.files.content["a.txt"] = kItem + endless + "20;1;\n";
+  EXPECT_EQ(Check({"--quiet", "a.txt"}), 1);
   EXPECT_EQ(lab.out.str(),
-            "a.txt\na.txt:1: error: the line is longer than 65536 bytes and not looked at [line-too-long]\n"
-            "    2  102805\n2 lines, 1 error, 0 warnings\n");
+            "a.txt:2: error: the line is longer than 65536 bytes and not looked at [line-too-long]\n"
+            "3 lines, 1 error, 0 warnings\n");
 }
 
 TEST_F(CheckCommandTest, ColoursWhatATerminalShows) {

@@ -59,6 +59,7 @@ TEST(ReceiptWatch, FindsNothingInReceiptsThatArePaid) {
       {kItem10, "4;1;"},                                      // given up
       {"23;Benvenuti;1;", "21;"},                             // no receipt at all
       {"29;1;", "30;1;1;Testo;", "31;1;"},                    // a document
+      {"29;1;", "4;1;"},                                      // one given up
       {kItem10, kPay10, "23;Arrivederci;1;", "20;1;"},        // nothing sold after it
   };
   for (const Lines& lines : kReceipts) EXPECT_EQ(FindingsOf(lines), "") << lines.size();
@@ -74,6 +75,7 @@ TEST(ReceiptWatch, MissesTheEndOfAReceipt) {
 TEST(ReceiptWatch, MissesMoney) {
   EXPECT_EQ(FindingsOf({kItem10, "2;1;999;"}), "not-paid@2");
   EXPECT_EQ(FindingsOf({kItem10, "2;1;400;", "5;2;1;;;599;"}), "not-paid@3");
+  EXPECT_EQ(FindingsOf({kItem10, "2;1;400;", "4;1;"}), "not-paid@3") << "too late to be given up";
   EXPECT_EQ(FindingsOf({kItem10, "2;1;999;", kItem10, kPay10}, true), "not-paid@3");
 }
 
@@ -101,6 +103,8 @@ TEST(ReceiptWatch, KnowsNoSumsBehindAnInvalidLine) {
   EXPECT_EQ(FindingsOf({kItem10, "1;Pane;1;1000;1;;;1;;", "2;1;2000;"}), "quantity-short@2");
   EXPECT_EQ(FindingsOf({kItem10, "1;Pane;1;1000;1;;;1;;", "2;1;500;"}), "quantity-short@2");
   EXPECT_EQ(FindingsOf({kItem10, "2;1;x;"}), "not-digits@2");
+  EXPECT_EQ(FindingsOf({kItem10, "14;x;1;3;;0;"}), "not-digits@2");
+  EXPECT_EQ(FindingsOf({"29;1;", "31;x;"}), "not-digits@2");
   EXPECT_EQ(FindingsOf({kItem10, "2"}), "no-separator@2");
   EXPECT_EQ(FindingsOf({kItem10, "02;1;1000;"}), "unknown-type@2");
   EXPECT_EQ(FindingsOf({kItem10, "23;;1;"}), "empty@2 receipt-open@2");
@@ -109,6 +113,8 @@ TEST(ReceiptWatch, KnowsNoSumsBehindAnInvalidLine) {
 TEST(ReceiptWatch, LeavesToTheRegisterWhatItRefuses) {
   // Taken back more than was sold: what is due then is the register's to say.
   EXPECT_EQ(FindingsOf({kItem10, "9;Pane;5000;1;;1;;;1,0;", "2;1;10;"}), "");
+  // So is a discount on an item behind its subtotal.
+  EXPECT_EQ(FindingsOf({kItem10, "20;1;", "1;1;1;;100;;;;-1;", "2;1;800;"}), "");
 }
 
 }  // namespace
