@@ -142,6 +142,12 @@ TEST(RecordFields, TellsWhatStandsBehindTheLastField) {
   EXPECT_EQ(Split("  ").Rest(), "");
 }
 
+TEST(RecordFields, ForgetsTheRestOfTheLineBefore) {
+  RecordFields fields = Split("4;5");
+  SplitRecord(" ", ';', fields);
+  EXPECT_EQ(fields.Rest(), "");
+}
+
 TEST(RecordFields, TellsWhereAFieldBeganInTheLine) {
   const RecordFields fields = Split("\xEF\xBB\xBF 4;56;7;");
   EXPECT_EQ(fields.Start(0), 4U);
