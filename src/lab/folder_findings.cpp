@@ -1,7 +1,6 @@
 #include "lab/folder_findings.h"
 
 #include <algorithm>
-#include <map>
 #include <vector>
 
 #include "lab/wording.h"
@@ -42,7 +41,7 @@ std::string NearestExisting(const Folders& folders, std::string path) {
   return path;
 }
 
-/// The file that stands in the way of a folder to be made below `nearest`; "" for none.
+/// The file that stands in the way of a folder to be made below `nearest`; "" for none, also where it exists.
 std::string FileInTheWay(const Installation& shop, const std::string& nearest, const std::string& path) {
   const std::string next = path.substr(0, path.find('\\', nearest.size()));
   return shop.files.Exists(next) ? next : std::string();
@@ -55,8 +54,7 @@ Finding OfFolder(const Installation& shop, const NamedFolder& folder) {
     return {Severity::kError, "folder.drive", is + " is on a drive that cannot be reached.",
             "Connect the drive, or correct the path in the settings."};
   }
-  if (const std::string file = FileInTheWay(shop, nearest, folder.path);
-      nearest != folder.path && !file.empty()) {
+  if (const std::string file = FileInTheWay(shop, nearest, folder.path); !file.empty()) {
     return {Severity::kError, "folder.file", is + " cannot be made: " + file + " is a file.",
             "Move that file away, or correct the path in the settings."};
   }
