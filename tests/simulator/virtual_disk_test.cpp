@@ -216,8 +216,8 @@ TEST_F(VirtualDiskTest, TellsWhatTheProgramDoesAndNothingElse) {
   files.Copy("a.txt", "c.txt");
   files.Move("b.txt", "d.txt");
   files.ClearAttributes("a.txt");
-  files.ClearAttributes("a.txt");
   files.Write("a.txt", "y");
+  files.ClearAttributes("a.txt");
   files.Remove("a.txt");
   EXPECT_EQ(Failure([&] { files.Remove("a.txt"); }), 53);
   folders.Create("sub");
