@@ -31,10 +31,10 @@ std::string ReadScenarioText(const std::string& name, LabSurroundings& around) {
 }
 
 void MakeFolders(Folders& folders, const std::string& path) {
-  for (std::size_t end = 0; end != std::string::npos;) {
+  for (std::size_t end = folders.DriveOf(path).size(); end != std::string::npos;) {
     end = path.find_first_of("\\/", end + 1);
     const std::string level = path.substr(0, end);
-    if (!folders.Exists(level)) folders.Create(level);
+    if (!folders.Exists(level + "\\")) folders.Create(level);
   }
 }
 

@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -34,8 +33,12 @@ std::string Read(const std::filesystem::path& path) {
 }
 
 /// A new version of the program is no new behaviour.
-std::string WithoutVersion(const std::string& text) {
-  return std::regex_replace(text, std::regex("Start Rel\\. [0-9.]+"), "Start Rel. VERSION");
+std::string WithoutVersion(std::string text) {
+  const std::string mark = "Start Rel. ";
+  const std::size_t at = text.find(mark);
+  if (at == std::string::npos) return text;
+  const std::size_t end = std::min(text.find('\n', at), text.size());
+  return text.replace(at + mark.size(), end - at - mark.size(), "VERSION");
 }
 
 class ScenarioTest : public ::testing::Test {
