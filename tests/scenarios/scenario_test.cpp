@@ -27,9 +27,12 @@ std::filesystem::path PathOf(const std::string& name, const std::string& extensi
   return std::filesystem::path(ORVENZA_SCENARIOS) / (name + extension);
 }
 
+/// The text of a file with the line ends of this program, whatever a checkout made of them.
 std::string Read(const std::filesystem::path& path) {
   std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
+  std::string text(std::istreambuf_iterator<char>(in), {});
+  std::erase(text, '\r');
+  return text;
 }
 
 /// A new version of the program is no new behaviour.
