@@ -18,6 +18,7 @@ class ZipReader {
   };
 
   explicit ZipReader(std::string archive) : archive_(std::move(archive)) {
+    Expect(archive_.size() >= 22, "size");
     const std::size_t end = archive_.size() - 22;
     Expect(Number(end, 4) == 0x06054B50 && Number(end + 8, 2) == Number(end + 10, 2), "end");
     std::size_t at = Number(end + 16, 4);
