@@ -30,6 +30,7 @@ std::string DeedText(const Deed& deed) {
     case DeedKind::kMenu: return MenuCaptions()[static_cast<std::size_t>(deed.item)];
     case DeedKind::kQuit: return "the host writes command.txt: QUIT";
     case DeedKind::kSessionEnds: return "the session ends";
+    case DeedKind::kPowerFails: return "the power fails";
   }
   return {};
 }

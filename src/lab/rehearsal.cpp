@@ -1,5 +1,6 @@
 #include "lab/rehearsal.h"
 
+#include <optional>
 #include <utility>
 
 #include "app/connector.h"
@@ -26,6 +27,9 @@ using std::chrono::milliseconds;
 
 const std::string kFolder = kRehearsalFolder;
 const ProgramPaths kPaths{kFolder, "Orvenza"};
+
+/// Thrown when the PC loses its power. Not a std::exception on purpose: no trap may hold it up.
+struct PowerFailure {};
 
 class TranscriptIcon : public NotificationIcon {
  public:
@@ -62,7 +66,8 @@ const FirstFiles& FilesOfAFirstStart() {
 
 /// Deeds that are events even before any time has passed.
 bool IsEvent(const Deed& deed) {
-  return deed.kind == DeedKind::kMenu || deed.kind == DeedKind::kQuit || deed.kind == DeedKind::kSessionEnds;
+  return deed.kind == DeedKind::kMenu || deed.kind == DeedKind::kQuit ||
+         deed.kind == DeedKind::kSessionEnds || deed.kind == DeedKind::kPowerFails;
 }
 
 /// The connector and its world. The members are in the order in which they need each other.
@@ -75,8 +80,8 @@ class Stage {
         disk_(clock_, kFolder),
         profile_(disk_.FileSeam()),
         pump_(clock_, scenario.limit),
-        loop_(clock_, pump_),
-        person_(loop_),
+        loop_(std::in_place, clock_, pump_),
+        person_(*loop_),
         icon_(transcript_),
         device_(clock_, paper_, scenario.device.profile),
         link_(device_, clock_, scenario.device),
@@ -84,6 +89,7 @@ class Stage {
     SetUpFiles();
     SetUpEvents();
     for (const ScenarioAnswer& answer : scenario.answers) person_.Answer(answer.text, answer.reaction);
+    person_.SetJudgement(scenario.judgement);
     SetUpObservers();
   }
 
@@ -94,6 +100,9 @@ class Stage {
   void SetUpEvents();
   void SetUpObservers();
   void RunConnector();
+  void RunOnce();
+  bool TicketsWait();
+  void OnTick();
   void Do(const Deed& deed);
   void DoToDisk(const Deed& deed);
   void OnLine(LineEvent event, const std::string& text);
@@ -109,7 +118,7 @@ class Stage {
   VirtualDisk disk_;
   IniProfileFile profile_;
   BoundedPump pump_;
-  EventLoop loop_;
+  std::optional<EventLoop> loop_;  ///< Made anew in its place for each start of the connector.
   ScriptedOperator person_;
   TranscriptIcon icon_;
   PaperRoll paper_;
@@ -187,7 +196,8 @@ std::string Stage::PortText() const {
 void Stage::Do(const Deed& deed) {
   transcript_.Add(DeedKindText(deed), DeedText(deed));
   if (deed.kind == DeedKind::kMenu) return connector_->OnMenu(deed.item);
-  if (deed.kind == DeedKind::kSessionEnds) return loop_.RequestEnd({.unload = true});
+  if (deed.kind == DeedKind::kSessionEnds) return loop_->RequestEnd({.unload = true});
+  if (deed.kind == DeedKind::kPowerFails) throw PowerFailure{};
   DoToDisk(deed);
 }
 
@@ -206,7 +216,8 @@ void Stage::DoToDisk(const Deed& deed) {
       case DeedKind::kRefuseClock: clock_.RefuseSetTime(true); break;
       case DeedKind::kQuit: disk_.Put(kFolder + "\\command.txt", "QUIT\r\n"); break;
       case DeedKind::kMenu:
-      case DeedKind::kSessionEnds: break;
+      case DeedKind::kSessionEnds:
+      case DeedKind::kPowerFails: break;
     }
   } catch (const SystemError& failure) {
     Miss("cannot be done at " + std::to_string(deed.at.count()) + " ms: " + DeedText(deed) + ": " +
@@ -234,13 +245,41 @@ RehearsalOutcome Stage::Play() {
 }
 
 void Stage::RunConnector() {
-  Connector connector({disk_.FileSeam(), disk_.FolderSeam(), profile_, clock_, loop_, person_, icon_, link_},
+  RunOnce();
+  while (scenario_.untilPrinted && TicketsWait()) {
+    link_.SetPortOpen(false);
+    loop_.emplace(clock_, pump_);
+    transcript_.Add("start", "again");
+    RunOnce();
+  }
+}
+
+void Stage::RunOnce() {
+  Connector connector({disk_.FileSeam(), disk_.FolderSeam(), profile_, clock_, *loop_, person_, icon_, link_},
                       kPaths);
   connector_ = &connector;
   watch_.SetSettings(connector.Settings());
-  connector.SetTickObserver([this] { transcript_.Tick(); });
+  connector.SetTickObserver([this] { OnTick(); });
   person_.SetMenuHandler([&connector](MenuItem item) { connector.OnMenu(item); });
-  connector.Run(scenario_.secondInstance);
+  try {
+    connector.Run(scenario_.secondInstance);
+  } catch (const PowerFailure&) {
+    // Nothing of the connector is left but what is on the disk.
+  }
+}
+
+void Stage::OnTick() {
+  transcript_.Tick();
+  if (scenario_.untilPrinted && !TicketsWait()) disk_.Put(kFolder + "\\command.txt", "QUIT\r\n");
+}
+
+/// In the folders of a first start.
+bool Stage::TicketsWait() {
+  const Folders& folders = disk_.FolderSeam();
+  const auto holdTickets = [&](const char* folder) {
+    return !folders.ListFolder(kFolder + folder + "\\*.txt").empty();
+  };
+  return holdTickets("\\data") || holdTickets("\\data\\inproces");
 }
 
 void Stage::BreakOff(const std::string& why) {

@@ -9,6 +9,7 @@
 
 #include "platform/clock.h"
 #include "simulator/fault_script.h"
+#include "simulator/scripted_operator.h"
 #include "simulator/virtual_disk.h"
 #include "ui/menu.h"
 
@@ -32,6 +33,7 @@ enum class DeedKind {
   kMenu,         ///< The operator chooses `item` of the icon's menu.
   kQuit,         ///< The host writes its command file.
   kSessionEnds,  ///< The operator logs off, or the PC is shut down.
+  kPowerFails,   ///< The PC loses its power: the connector is gone at once.
 };
 
 struct Deed {
@@ -84,7 +86,11 @@ struct Scenario {
   FaultScript device;
   std::vector<Deed> deeds;
   std::vector<ScenarioAnswer> answers;
-  bool secondInstance = false;                 ///< Another connector serves the folder already.
+  ScriptedOperator::Judgement judgement;  ///< Who answers after them; null: nobody.
+  bool secondInstance = false;            ///< Another connector serves the folder already.
+  /// The host asks the connector to end once no ticket is left, and whoever ended it before starts it again,
+  /// on the disk and in front of the register that were left.
+  bool untilPrinted = false;
   std::chrono::milliseconds limit{3'600'000};  ///< A run that takes longer is broken off.
   std::vector<Expectation> expectations;
 };

@@ -207,6 +207,9 @@ std::optional<std::string> ScriptedOperator::NextAnswer(ShownDialog& dialog, con
     loop_.Dispatch();
     loop_.CheckEnd();
     if (closed) return std::nullopt;
+    if (answers_.empty() && judgement_) {
+      if (std::string answer = judgement_(dialog); !answer.empty()) Answer(std::move(answer));
+    }
     if (answers_.empty()) throw UnansweredDialog{"no answer is left for " + Described(dialog)};
     if (!React(closed)) continue;
     const std::string answer = Take(dialog);

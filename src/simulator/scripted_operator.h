@@ -66,6 +66,10 @@ class ScriptedOperator : public Operator {
   /// appears meanwhile on top of the waiting one gets it instead.
   void Answer(std::string answer, std::chrono::milliseconds reaction = {});
 
+  /// Who answers, at once, when the list is empty; "" stands for no answer.
+  using Judgement = std::function<std::string(const ShownDialog&)>;
+  void SetJudgement(Judgement judgement) { judgement_ = std::move(judgement); }
+
   /// What a "menu" answer calls.
   void SetMenuHandler(std::function<void(MenuItem)> handler) { menuHandler_ = std::move(handler); }
 
@@ -102,6 +106,7 @@ class ScriptedOperator : public Operator {
   EventLoop& loop_;
   std::function<void(MenuItem)> menuHandler_;
   Observer observer_;
+  Judgement judgement_;
   std::deque<PlannedAnswer> answers_;
   std::size_t answersTaken_ = 0;
   std::deque<ShownDialog> shown_;    ///< A deque: a dialog inside a dialog must not move the outer one.

@@ -115,5 +115,61 @@ TEST(Rehearsal, WritesTheSettingsOfTheScenarioIntoTheFile) {
   EXPECT_EQ(outcome.problems, Lines{});
 }
 
+/// A scenario in which the connector is started again until the ticket is printed.
+Scenario UntilPrinted(const std::string& faults, DeedKind kind) {
+  Scenario scenario = ParseScenario("day", kReceipt + faults);
+  scenario.untilPrinted = true;
+  Deed deed;
+  deed.kind = kind;
+  deed.at = std::chrono::seconds(5);
+  scenario.deeds.push_back(deed);
+  return scenario;
+}
+
+TEST(Rehearsal, EndsTheConnectorOnceEverythingIsPrinted) {
+  const RehearsalOutcome outcome = Rehearse(UntilPrinted("", DeedKind::kSessionEnds));
+  EXPECT_TRUE(outcome.ended);
+  EXPECT_EQ(outcome.problems, Lines{});
+  EXPECT_EQ(outcome.receipts.size(), 1u);
+  EXPECT_LT(outcome.events.back().at, std::chrono::seconds(5));
+}
+
+TEST(Rehearsal, StartsAgainInFrontOfTheRegisterThatWasLeft) {
+  for (const DeedKind kind : {DeedKind::kPowerFails, DeedKind::kSessionEnds}) {
+    const RehearsalOutcome outcome = Rehearse(UntilPrinted("register on 1003 lose-reply\nanswer Ok\n", kind));
+    EXPECT_TRUE(outcome.ended);
+    EXPECT_EQ(outcome.problems, Lines{});
+    ASSERT_EQ(outcome.receipts.size(), 2u);
+    EXPECT_TRUE(outcome.receipts[0].voided);
+    EXPECT_FALSE(outcome.receipts[1].voided);
+    EXPECT_EQ(outcome.files.count("C:\\Orvenza\\storico\\1.txt"), 1u);
+  }
+}
+
+TEST(Rehearsal, LeavesNothingOfTheConnectorBehindWhenThePowerFails) {
+  Scenario scenario = UntilPrinted("register on 1036 silence\n", DeedKind::kPowerFails);
+  scenario.untilPrinted = false;
+  const RehearsalOutcome outcome = Rehearse(scenario);
+  EXPECT_TRUE(outcome.ended);
+  EXPECT_TRUE(outcome.receiptOpen);
+  EXPECT_EQ(outcome.events.back().at, std::chrono::seconds(5));
+  EXPECT_EQ(outcome.files.count("C:\\Orvenza\\data\\inproces\\1.txt"), 1u);
+  const std::string log = outcome.files.at("C:\\Orvenza\\Log.txt");
+  EXPECT_EQ(log.substr(log.rfind(" - ")), " - Start Scontrino\r\n");
+}
+
+TEST(Rehearsal, AsksTheScenariosJudgementAfterItsAnswers) {
+  Scenario scenario = ParseScenario("day", "register absent 3\nanswer Ok\nat 5s quit\n");
+  Lines asked;
+  scenario.judgement = [&](const ShownDialog& dialog) {
+    asked.push_back(dialog.text);
+    return asked.size() < 2 ? dialog.buttons.front() : std::string();
+  };
+  const RehearsalOutcome outcome = Rehearse(scenario);
+  EXPECT_EQ(asked, Lines(2, "\r\nDispositivo Spento o Non Collegato !"));
+  EXPECT_FALSE(outcome.ended);
+  EXPECT_TRUE(outcome.problems[0].starts_with("no answer is left for message"));
+}
+
 }  // namespace
 }  // namespace orvenza::test

@@ -54,6 +54,15 @@ TEST_F(ScriptedOperatorTest, AnswersAreTakenInTheirOrder) {
   EXPECT_EQ(person.AnswersLeft(), 0u);
 }
 
+TEST_F(ScriptedOperatorTest, AsksAJudgementOnceTheListIsEmpty) {
+  person.SetJudgement([](const ShownDialog& dialog) { return dialog.buttons.back(); });
+  person.Answer("Sì");
+  EXPECT_EQ(person.ShowMessage(question), 1);
+  EXPECT_EQ(person.ShowMessage(question), 2);
+  person.SetJudgement([](const ShownDialog&) { return std::string(); });
+  EXPECT_THROW(person.ShowMessage(question), UnansweredDialog);
+}
+
 TEST_F(ScriptedOperatorTest, ADialogWithoutAnswerEndsTheRun) {
   try {
     person.ShowMessage(question);
