@@ -1,0 +1,47 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "lab/scenario.h"
+
+namespace orvenza {
+
+/// A command of a ticket, or another moment of it, at which something goes wrong.
+struct SettlementStep {
+  std::string name;
+  /// A scenario (docs/rehearsal.md) without anything that goes wrong at the step itself. Its last file is the
+  /// ticket; one before it is an earlier ticket that leaves its receipt open.
+  std::string scenario;
+  /// What the command begins with, and which one in the scenario it is; empty where the ticket itself goes
+  /// wrong.
+  std::string command;
+  std::size_t occurrence = 1;
+};
+
+/// Something that goes wrong with a command.
+struct SettlementFault {
+  std::string name;
+  /// What the simulated register does, a fault a line, without the words that say with which command.
+  std::vector<std::string> effects;
+  bool eachTime = false;  ///< It strikes this command whenever it is sent from then on.
+  /// What happens while the connector waits for the reply.
+  std::optional<DeedKind> meanwhile;
+  std::chrono::milliseconds delay{};  ///< How long after the command was sent.
+};
+
+/// Which faults are tried.
+enum class SettlementExtent {
+  kWhole,
+  kThinned,  ///< Of the error codes that the connector treats alike, one.
+};
+
+std::vector<SettlementStep> SettlementSteps();
+
+/// For a step without a command: that nothing else goes wrong.
+std::vector<SettlementFault> SettlementFaults(const SettlementStep& step, SettlementExtent extent);
+
+}  // namespace orvenza

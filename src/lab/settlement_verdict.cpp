@@ -1,0 +1,127 @@
+#include "lab/settlement_verdict.h"
+
+#include <algorithm>
+#include <sstream>
+#include <string_view>
+
+#include "core/text.h"
+
+namespace orvenza {
+namespace {
+
+constexpr const char* kPaperOut = "Esaurita !";
+constexpr std::size_t kStamp = std::string_view("dd/mm/yyyy hh:mm:ss - ").size();
+
+bool Answered(const SettlementEnd& end, Answer answer) {
+  return std::find(end.answers.begin(), end.answers.end(), answer) != end.answers.end();
+}
+
+bool Logged(const SettlementEnd& end, std::string_view text) {
+  return std::any_of(end.log.begin(), end.log.end(),
+                     [&](const std::string& line) { return line.find(text) != std::string::npos; });
+}
+
+bool Strikes(const SettlementFault& fault, std::string_view effect) {
+  return fault.effects.front() == effect;
+}
+
+/// A line of the log without its time, and without what differs from one error or line to the next.
+std::string Alike(std::string_view line) {
+  line.remove_prefix(std::min(kStamp, line.size()));
+  const std::string text(Trim(line.substr(0, line.find('\r'))));
+  for (const char* const beginning : {"ECR Error :", "Riga non valida :", "Abort stampa scontrino."}) {
+    if (text.starts_with(beginning)) return beginning + std::string(" ...");
+  }
+  if (text.starts_with("Carta ") && text.ends_with(kPaperOut)) return "Carta ... " + std::string(kPaperOut);
+  return text;
+}
+
+/// A program that was ended gives up a ticket of which it cannot know whether it is printed; any other is
+/// printed when it starts again.
+bool LessWasChosen(const SettlementEnd& end) {
+  return Answered(end, Answer::kGiveUp) || Answered(end, Answer::kPrinted) ||
+         Answered(end, Answer::kNoChoice) || Answered(end, Answer::kCloseReceipt) ||
+         (Answered(end, Answer::kEndProgram) && end.file == FileEnd::kAbort);
+}
+
+bool MoreWasChosen(const SettlementEnd& end) {
+  return Answered(end, Answer::kReprint) || Answered(end, Answer::kCloseReceipt);
+}
+
+}  // namespace
+
+bool IsForbidden(Verdict verdict) {
+  return verdict == Verdict::kLost || verdict == Verdict::kTwice || verdict == Verdict::kHang;
+}
+
+std::vector<std::string> ErrorLines(const RehearsalOutcome& outcome) {
+  std::vector<std::string> lines;
+  const auto found = outcome.files.find(std::string(kRehearsalFolder) + "\\Err.txt");
+  std::istringstream text(found == outcome.files.end() ? std::string() : found->second);
+  for (std::string line; std::getline(text, line);) {
+    std::string alike = Alike(line);
+    if (std::find(lines.begin(), lines.end(), alike) == lines.end()) lines.push_back(std::move(alike));
+  }
+  return lines;
+}
+
+Verdict VerdictOf(const SettlementEnd& end) {
+  if (end.paper.whole == 0) return LessWasChosen(end) ? Verdict::kLostByChoice : Verdict::kLost;
+  if (end.paper.whole > 1 || end.paper.other > 0 || end.paper.mixed > 0) {
+    return MoreWasChosen(end) ? Verdict::kTwiceByChoice : Verdict::kTwice;
+  }
+  return end.file == FileEnd::kHistoric ? Verdict::kFine : Verdict::kInDoubt;
+}
+
+const std::vector<Prescription>& Prescriptions() {
+  using Step = const SettlementStep&;
+  using Struck = const SettlementFault&;
+  using End = const SettlementEnd&;
+  static const std::vector<Prescription> all{
+      {"A restart that the register accepts is followed by status queries until one is answered without an "
+       "error, however long that takes. The program can be ended from the menu meanwhile.",
+       [](Step, Struck, End end) { return end.verdict == Verdict::kHang; }},
+      {"A ticket found in the in-process folder at the start is printed from its first line: nothing on the "
+       "disk tells how far it had come.",
+       [](Step, Struck fault, End end) {
+         return fault.meanwhile == DeedKind::kPowerFails && end.verdict == Verdict::kTwice;
+       }},
+      {"The reply to a closure or a report is not examined: a failure stands in the error log alone.",
+       [](Step step, Struck, End) {
+         return step.command.starts_with("20") || step.command.starts_with("30");
+       }},
+      {"A status that cannot be read in ten tries counts as \"no receipt open\".",
+       [](Step, Struck, End end) { return Logged(end, "Impossibile leggere stato Cash !"); }},
+      {"Link error 2 counts as success.",
+       [](Step, Struck fault, End) { return Strikes(fault, "link-error 2"); }},
+      {"A reply that does not begin with \"ERR\" counts as success, whatever it says.",
+       [](Step, Struck fault, End) { return Strikes(fault, "reply ##"); }},
+      {"After paper-out with a receipt open the whole file is printed again, also when a receipt that was "
+       "divided is closed in part already.",
+       [](Step, Struck, End end) {
+         return end.verdict == Verdict::kTwice && Logged(end, "Ripresa da Fine Carta, annullo Totale");
+       }},
+      {"After paper-out without a receipt open the next line follows: the one that was refused is not sent "
+       "again.",
+       [](Step, Struck, End end) { return Logged(end, kPaperOut); }},
+      {"A logo row that is refused as out of sequence is sent again without asking, and after four times the "
+       "ticket is given up, with a message.",
+       [](Step step, Struck, End end) {
+         return step.command.starts_with("4052") && Logged(end, "11-Sequenza Errata");
+       }},
+      {"A command that is refused as out of sequence voids the receipt at once, without asking, and the next "
+       "line follows.",
+       [](Step, Struck, End end) { return Logged(end, "11-Sequenza Errata"); }},
+  };
+  return all;
+}
+
+std::string PrescribedBy(const SettlementStep& step, const SettlementFault& fault, const SettlementEnd& end) {
+  if (!IsForbidden(end.verdict)) return {};
+  for (const Prescription& prescription : Prescriptions()) {
+    if (prescription.explains(step, fault, end)) return prescription.reason;
+  }
+  return {};
+}
+
+}  // namespace orvenza

@@ -1,0 +1,112 @@
+#include "lab/settlement_table.h"
+
+#include <gtest/gtest.h>
+
+#include "lab/settlement_rows.h"
+
+namespace orvenza::test {
+namespace {
+
+using Log = std::vector<std::string>;
+
+SettlementFault Fault(const std::string& name, bool eachTime = false) { return {name, {}, eachTime, {}, {}}; }
+
+SettlementEnd End(std::vector<Answer> answers, CustomerPaper paper, Verdict verdict, Log log = {}) {
+  return {std::move(answers), paper, FileEnd::kHistoric, verdict, {}, std::move(log)};
+}
+
+const CustomerPaper kOnce{1, 0, 0, 0, 0, false};
+const CustomerPaper kTwo{2, 0, 0, 0, 0, false};
+const SettlementEnd kGood = End({}, kOnce, Verdict::kFine);
+
+Settlement At(const std::string& step, SettlementFault fault, std::vector<SettlementEnd> ends) {
+  return {{step, {}, {}, 1}, std::move(fault), std::move(ends)};
+}
+
+/// The rows of the table, without those above the first section.
+std::string Sections(const std::vector<Settlement>& settlements) {
+  const std::string table = SettlementTable(settlements);
+  return table.substr(table.find("### "));
+}
+
+const std::string kHead =
+    "\n\n| What goes wrong | Answers | The customer gets | File | End | Log |\n|---|---|---|---|---|---|\n";
+
+TEST(SettlementTable, JoinsFaultsThatEndAlike) {
+  EXPECT_EQ(
+      Sections({At("item", Fault("lost"), {kGood}), At("item", Fault("ERR03"), {kGood}),
+                At("item", Fault("ERR04"), {kGood}), At("item", Fault("ERR05"), {kGood}),
+                At("item", Fault("ERR08"), {kGood}), At("item", Fault("ERR09"), {kGood})}),
+      "### Item" + kHead + "| lost, ERR03 to 05, ERR08, ERR09 | none | 1 whole | historic | fine |  |\n");
+}
+
+TEST(SettlementTable, SaysWhetherAFaultStrikesOnceOrEachTime) {
+  EXPECT_EQ(Sections({At("item", Fault("a"), {kGood}), At("item", Fault("b"), {kGood}),
+                      At("item", Fault("a", true), {kGood}), At("item", Fault("c", true), {kGood})}),
+            "### Item" + kHead +
+                "| once or each time: a; b; each time: c | none | 1 whole | historic | fine |  |\n");
+}
+
+TEST(SettlementTable, JoinsStepsAtWhichEverythingEndsAlike) {
+  const SettlementEnd lost = End({Answer::kPrinted}, {}, Verdict::kLostByChoice);
+  EXPECT_EQ(Sections({At("text", Fault("a"), {kGood}), At("item", Fault("a"), {lost}),
+                      At("total", Fault("a"), {kGood})}),
+            "### Text; total" + kHead + "| a | none | 1 whole | historic | fine |  |\n\n### Item" + kHead +
+                "| a | Stampato | nothing | historic | lost by choice |  |\n");
+}
+
+TEST(SettlementTable, TakesALineForEachEnd) {
+  EXPECT_EQ(Sections({At("item", Fault("a"),
+                         {End({Answer::kReprint}, kTwo, Verdict::kTwiceByChoice, {"A", "C"}),
+                          End({Answer::kPrinted}, kOnce, Verdict::kFine, {"A"}),
+                          End({Answer::kNoChoice, Answer::kPrinted}, kOnce, Verdict::kFine, {"A", "B"})})}),
+            "### Item" + kHead +
+                "| a | Stampato; closed → Stampato | 1 whole | historic | fine | a (b) |\n"
+                "|  | Ristampare | 2 whole | historic | printed twice by choice | a c |\n");
+}
+
+TEST(SettlementTable, SaysAnyWhereTheAnswerDoesNotMatter) {
+  EXPECT_EQ(Sections({At("item", Fault("a"), {kGood, End({Answer::kEndProgram}, kOnce, Verdict::kFine)})}),
+            "### Item" + kHead + "| a | any | 1 whole | historic | fine |  |\n");
+}
+
+TEST(SettlementTable, WritesTheSameAnswerOutThreeTimes) {
+  const SettlementEnd three = End(std::vector(3, Answer::kLeaveReceipt), kTwo, Verdict::kTwice);
+  const SettlementEnd many =
+      End(std::vector(9, Answer::kCloseReceipt), {0, 1, 1, 1, 9, true}, Verdict::kAsksOn);
+  EXPECT_EQ(Sections({At("item", Fault("a"), {many, three})}),
+            "### Item" + kHead +
+                "| a | Sì again and again | 1 in part, 1 with an earlier ticket's lines, 1 of the earlier "
+                "ticket, voided ones, one after the other, 1 left open | historic | asks on |  |\n"
+                "|  | No → No → No | 2 whole | historic | **printed twice**, no rule |  |\n");
+}
+
+TEST(SettlementTable, BeginsWithTheNumberOfEachEnd) {
+  const std::string table = SettlementTable({At("item", Fault("a"), {kGood, kGood})});
+  EXPECT_TRUE(table.starts_with("| End | Ways |\n|---|---|\n| fine | 2 |\n| printed, but given up | 0 |\n"));
+  EXPECT_NE(table.find("| all | 2 |\n\nRules:\n\n1. "), std::string::npos);
+}
+
+TEST(SettlementRows, LeaveOutWhatIsSaidAboutThePort) {
+  const SettlementEnd end =
+      End({Answer::kTryPort, Answer::kLeavePort, Answer::kStay, Answer::kReprint}, kOnce, Verdict::kFine);
+  const auto sections = SectionsOf({At("item", Fault("a"), {end})});
+  ASSERT_EQ(sections.size(), 1u);
+  EXPECT_EQ(sections[0].rows[0].outcomes.begin()->second.answers,
+            (std::vector<std::vector<Answer>>{{Answer::kReprint}}));
+}
+
+constexpr const char* kBegin = "<!-- The table begins. orvenza-lab table writes it. -->\n";
+constexpr const char* kEnd = "<!-- The table ends. -->\n";
+
+TEST(SettlementTable, TakesThePlaceOfAnOlderOne) {
+  const std::string before = std::string("text\n") + kBegin;
+  const std::string after = std::string(kEnd) + "more\n";
+  EXPECT_EQ(PlaceTable(before + "old\n" + after, "new\n"), before + "new\n" + after);
+  EXPECT_EQ(PlaceTable("", "new\n"), std::string(kBegin) + "new\n" + kEnd);
+  EXPECT_EQ(PlaceTable("text\n", "new\n"), std::nullopt);
+  EXPECT_EQ(PlaceTable(std::string(kEnd) + kBegin, "new\n"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace orvenza::test

@@ -1,0 +1,126 @@
+#include "lab/settlement.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace orvenza::test {
+namespace {
+
+using namespace std::chrono_literals;
+using Log = std::vector<std::string>;
+
+const SettlementStep kItem{"item",
+                           "ticket ticket.txt\n"
+                           "| 1;PANE;1,000;150;1;;;1;;\n"
+                           "| 1;LATTE;2,000;129;1;;;1;;\n"
+                           "| 2;1;1000;\n",
+                           "1004", 1};
+const SettlementStep kPayment{"payment", kItem.scenario, "1036", 1};
+
+SettlementFault Fault(const std::string& effect) { return {effect, {effect}, false, {}, {}}; }
+
+SettlementFault FaultWhile(const std::string& effect, DeedKind meanwhile) {
+  return {effect, {effect}, false, meanwhile, 500ms};
+}
+
+/// Paper: whole, other, mixed, earlier, voided, one left open.
+SettlementEnd End(std::vector<Answer> answers, CustomerPaper paper, FileEnd file, Verdict verdict, Log log) {
+  return {std::move(answers), paper, file, verdict, {}, std::move(log)};
+}
+
+constexpr const char* kNoReply = "Nessuna riposta dal Dispositivo !";
+constexpr const char* kPrintedLog = "Risposta Operatore : Scontrino stampato, continuare";
+constexpr const char* kReprintLog =
+    "Risposta Operatore : Ristampare lo scontrino ( annullare automaticamente )";
+constexpr const char* kGiveUpLog = "Risposta Operatore : Abortire la stampa dello scontrino";
+
+TEST(Settlement, TriesEveryAnswer) {
+  const Settlement settled = Settle(kPayment, Fault("lose-reply"), 1);
+  const CustomerPaper once{1, 0, 0, 0, 0, false};
+  EXPECT_EQ(settled.ends,
+            (std::vector<SettlementEnd>{
+                End({Answer::kGiveUp}, once, FileEnd::kAbort, Verdict::kInDoubt, {kNoReply, kGiveUpLog}),
+                End({Answer::kReprint}, {2, 0, 0, 0, 0, false}, FileEnd::kHistoric, Verdict::kTwiceByChoice,
+                    {kNoReply, kReprintLog}),
+                End({Answer::kPrinted}, once, FileEnd::kHistoric, Verdict::kFine, {kNoReply, kPrintedLog}),
+                End({Answer::kNoChoice, Answer::kGiveUp}, once, FileEnd::kAbort, Verdict::kInDoubt,
+                    {kNoReply, kGiveUpLog}),
+                End({Answer::kEndProgram}, once, FileEnd::kAbort, Verdict::kInDoubt,
+                    {kNoReply, "Abort stampa scontrino. ..."}),
+            }));
+}
+
+TEST(Settlement, GoesForwardBelowItsDepth) {
+  const Settlement settled = Settle(kPayment, Fault("silence"), 0);
+  EXPECT_EQ(settled.ends,
+            (std::vector<SettlementEnd>{End({Answer::kGiveUp}, {0, 0, 0, 0, 0, true}, FileEnd::kAbort,
+                                            Verdict::kLostByChoice, {kNoReply, kGiveUpLog})}));
+}
+
+TEST(Settlement, LooksFurtherWhereADialogFollowsAnother) {
+  const Settlement settled = Settle(kPayment, Fault("lose-reply"), 2);
+  const auto ends = [&](std::vector<Answer> answers) {
+    return std::count_if(settled.ends.begin(), settled.ends.end(),
+                         [&](const SettlementEnd& end) { return end.answers == answers; });
+  };
+  for (const Answer second :
+       {Answer::kPrinted, Answer::kReprint, Answer::kGiveUp, Answer::kNoChoice, Answer::kEndProgram}) {
+    EXPECT_EQ(ends({Answer::kNoChoice, second}), 1);
+  }
+  EXPECT_EQ(settled.ends.size(), 9u);
+}
+
+TEST(Settlement, StartsTheProgramAgainAfterItsEnd) {
+  const Settlement settled = Settle(kItem, FaultWhile("lose-reply", DeedKind::kMenu), 1);
+  const auto left = std::find_if(settled.ends.begin(), settled.ends.end(), [](const SettlementEnd& end) {
+    return end.answers == std::vector<Answer>{Answer::kEndProgram};
+  });
+  ASSERT_NE(left, settled.ends.end());
+  EXPECT_EQ(left->paper, (CustomerPaper{1, 0, 0, 0, 1, false}));
+  EXPECT_EQ(left->verdict, Verdict::kFine);
+}
+
+TEST(Settlement, StartsTheProgramAgainAfterAPowerCut) {
+  const Settlement before = Settle(kPayment, FaultWhile("silence", DeedKind::kPowerFails), 0);
+  ASSERT_EQ(before.ends.size(), 1u);
+  EXPECT_EQ(before.ends[0].paper, (CustomerPaper{1, 0, 0, 0, 1, false}));
+  EXPECT_EQ(before.ends[0].verdict, Verdict::kFine);
+  const Settlement after = Settle(kPayment, FaultWhile("lose-reply", DeedKind::kPowerFails), 0);
+  ASSERT_EQ(after.ends.size(), 1u);
+  EXPECT_EQ(after.ends[0].paper, (CustomerPaper{2, 0, 0, 0, 0, false}));
+  EXPECT_EQ(after.ends[0].verdict, Verdict::kTwice);
+  EXPECT_TRUE(after.ends[0].reason.starts_with("A ticket found in the in-process folder"));
+}
+
+TEST(Settlement, CountsEndlessQuestionsAsAskingOn) {
+  SettlementFault fault = Fault("reply ERR02");
+  fault.eachTime = true;
+  const Settlement settled = Settle(kItem, fault, 0);
+  ASSERT_EQ(settled.ends.size(), 1u);
+  EXPECT_EQ(settled.ends[0].verdict, Verdict::kAsksOn);
+  EXPECT_EQ(settled.ends[0].paper, (CustomerPaper{0, 0, 0, 0, 30, true}));
+  EXPECT_EQ(settled.ends[0].file, FileEnd::kWaiting);
+}
+
+TEST(Settlement, CountsEndlessWaitingAsHanging) {
+  const SettlementStep restart{"restart", "register on 1004 paper-out receipt\n" + kItem.scenario, "1149", 1};
+  const Settlement settled = Settle(restart, Fault("silence"), 0);
+  ASSERT_EQ(settled.ends.size(), 1u);
+  EXPECT_EQ(settled.ends[0].verdict, Verdict::kHang);
+  EXPECT_EQ(settled.ends[0].file, FileEnd::kWaiting);
+}
+
+TEST(Settlement, RefusesAStepThatIsNeverReached) {
+  const SettlementStep never{"never", kItem.scenario, "1036", 2};
+  try {
+    Settle(never, Fault("silence"));
+    FAIL() << "it was settled";
+  } catch (const std::invalid_argument& error) {
+    EXPECT_STREQ(error.what(), "the scenario of \"never\" never sends 1036 #2");
+  }
+}
+
+}  // namespace
+}  // namespace orvenza::test

@@ -1,0 +1,104 @@
+#include "lab/settlement_verdict.h"
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+
+namespace orvenza::test {
+namespace {
+
+SettlementEnd End(std::vector<Answer> answers, int whole, int other, FileEnd file) {
+  SettlementEnd end;
+  end.answers = std::move(answers);
+  end.paper.whole = whole;
+  end.paper.other = other;
+  end.file = file;
+  return end;
+}
+
+TEST(SettlementVerdict, IsFineWhenEverythingCameOutOnce) {
+  EXPECT_EQ(VerdictOf(End({}, 1, 0, FileEnd::kHistoric)), Verdict::kFine);
+  EXPECT_EQ(VerdictOf(End({Answer::kReprint}, 1, 0, FileEnd::kHistoric)), Verdict::kFine);
+  EXPECT_EQ(VerdictOf(End({Answer::kGiveUp}, 1, 0, FileEnd::kAbort)), Verdict::kInDoubt);
+}
+
+TEST(SettlementVerdict, KnowsWhoseChoiceALossIs) {
+  for (const Answer answer : {Answer::kGiveUp, Answer::kPrinted, Answer::kNoChoice, Answer::kCloseReceipt}) {
+    EXPECT_EQ(VerdictOf(End({answer}, 0, 0, FileEnd::kHistoric)), Verdict::kLostByChoice);
+  }
+  for (const Answer answer : {Answer::kReprint, Answer::kLeaveReceipt, Answer::kTryPort, Answer::kLeavePort,
+                              Answer::kStay, Answer::kEndProgram}) {
+    EXPECT_EQ(VerdictOf(End({answer}, 0, 1, FileEnd::kHistoric)), Verdict::kLost);
+  }
+  EXPECT_EQ(VerdictOf(End({}, 0, 0, FileEnd::kAbort)), Verdict::kLost);
+}
+
+TEST(SettlementVerdict, BlamesTheEndOfTheProgramForATicketThatItGaveUp) {
+  EXPECT_EQ(VerdictOf(End({Answer::kEndProgram}, 0, 0, FileEnd::kAbort)), Verdict::kLostByChoice);
+  EXPECT_EQ(VerdictOf(End({Answer::kEndProgram}, 0, 0, FileEnd::kHistoric)), Verdict::kLost);
+}
+
+TEST(SettlementVerdict, KnowsWhoseChoiceASecondReceiptIs) {
+  for (const Answer answer : {Answer::kReprint, Answer::kCloseReceipt}) {
+    EXPECT_EQ(VerdictOf(End({answer}, 2, 0, FileEnd::kHistoric)), Verdict::kTwiceByChoice);
+  }
+  for (const Answer answer : {Answer::kGiveUp, Answer::kPrinted, Answer::kNoChoice, Answer::kEndProgram}) {
+    EXPECT_EQ(VerdictOf(End({answer}, 2, 0, FileEnd::kHistoric)), Verdict::kTwice);
+  }
+  EXPECT_EQ(VerdictOf(End({}, 1, 1, FileEnd::kHistoric)), Verdict::kTwice);
+}
+
+TEST(SettlementVerdict, AReceiptWithAnEarlierTicketsLinesIsOneTooMany) {
+  SettlementEnd end = End({}, 1, 0, FileEnd::kHistoric);
+  end.paper.mixed = 1;
+  EXPECT_EQ(VerdictOf(end), Verdict::kTwice);
+}
+
+TEST(SettlementVerdict, ForbidsWhatNobodyChose) {
+  for (const Verdict verdict : {Verdict::kLost, Verdict::kTwice, Verdict::kHang}) {
+    EXPECT_TRUE(IsForbidden(verdict));
+  }
+  for (const Verdict verdict : {Verdict::kFine, Verdict::kInDoubt, Verdict::kTwiceByChoice,
+                                Verdict::kLostByChoice, Verdict::kAsksOn}) {
+    EXPECT_FALSE(IsForbidden(verdict));
+  }
+}
+
+TEST(SettlementVerdict, TakesEachLineOfTheErrorLogOnceAndWithoutWhatVaries) {
+  RehearsalOutcome outcome;
+  outcome.files["C:\\Orvenza\\Err.txt"] =
+      "16/11/2026 09:00:00 - ECR Error : 08-Tasto Errato\r\n"
+      "16/11/2026 09:00:01 - 11-Sequenza Errata\r\n"
+      "16/11/2026 09:00:02 - ECR Error : \r\n"
+      "16/11/2026 09:00:03 - Carta Giornale Esaurita !\r\n"
+      "16/11/2026 09:00:04 - Riga non valida : 1;PANE\r\n"
+      "16/11/2026 09:00:05 - Abort stampa scontrino. C:\\Orvenza\\data\\inproces\\1.txt\r\n";
+  EXPECT_EQ(ErrorLines(outcome),
+            (std::vector<std::string>{"ECR Error : ...", "11-Sequenza Errata", "Carta ... Esaurita !",
+                                      "Riga non valida : ...", "Abort stampa scontrino. ..."}));
+  EXPECT_EQ(ErrorLines({}), std::vector<std::string>{});
+}
+
+TEST(SettlementVerdict, PutsOnlyForbiddenEndsDownToARule) {
+  const SettlementStep step{"item", "", "1003", 1};
+  const SettlementFault fault{"link error 2", {"link-error 2"}, false, {}, {}};
+  SettlementEnd end = End({}, 0, 1, FileEnd::kHistoric);
+  end.verdict = Verdict::kLost;
+  EXPECT_EQ(PrescribedBy(step, fault, end), "Link error 2 counts as success.");
+  end.verdict = Verdict::kLostByChoice;
+  EXPECT_EQ(PrescribedBy(step, fault, end), "");
+}
+
+TEST(SettlementVerdict, HasNoRuleForALostReply) {
+  const SettlementStep step{"item", "", "1003", 1};
+  const SettlementFault fault{"reply lost", {"lose-reply"}, false, {}, {}};
+  SettlementEnd end = End({Answer::kReprint}, 0, 0, FileEnd::kHistoric);
+  end.log = {"Nessuna riposta dal Dispositivo !"};
+  for (const Verdict verdict : {Verdict::kLost, Verdict::kTwice}) {
+    end.verdict = verdict;
+    EXPECT_EQ(PrescribedBy(step, fault, end), "");
+  }
+}
+
+}  // namespace
+}  // namespace orvenza::test
