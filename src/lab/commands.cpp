@@ -9,6 +9,7 @@
 #include "lab/check_command.h"
 #include "lab/doctor_command.h"
 #include "lab/rehearse_command.h"
+#include "lab/table_command.h"
 
 namespace orvenza {
 namespace {
@@ -105,10 +106,7 @@ int RunCommand(const Command& command, const std::vector<std::string>& words, La
 
 std::vector<Command> Commands() {
   return {
-      BundleCommand(),
-      CheckCommand(),
-      DoctorCommand(),
-      RehearseCommand(),
+      BundleCommand(), CheckCommand(), DoctorCommand(), RehearseCommand(), TableCommand(),
   };
 }
 
