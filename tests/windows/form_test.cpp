@@ -203,17 +203,6 @@ TEST_F(FormTest, ShowsAllOfEveryDialogAtEveryResolution) {
   });
 }
 
-TEST_F(FormTest, TabDoesNotChangeWhatIsSelected) {
-  WhenShown([&](HWND form) {
-    Press(VK_TAB);
-    Await("the button", [&] { return FocusedId(form) == kCommand + 1; });
-    Press(VK_TAB);
-    Await("an option", [&] { return FocusedId(form) != kCommand + 1; });
-    Press(VK_RETURN);
-  });
-  EXPECT_EQ(person.ShowChoice(kChoice), 2);
-}
-
 TEST_F(FormTest, TabLeadsThroughEveryDialogAndBack) {
   std::vector<std::vector<int>> expected{
       {kCommand + 1},

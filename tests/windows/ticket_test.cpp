@@ -154,20 +154,27 @@ TEST(Quit, ComesInManyForms) {
   }
 }
 
+/// Whether the host's command could be replaced: not while the program reads it.
+bool Replaced(const Shop& shop, const std::string& command) {
+  std::error_code failed;
+  shop.folder.Write("command.tmp", command);
+  std::filesystem::rename(shop.folder.Native("command.tmp"), shop.folder.Native("command.txt"), failed);
+  return !failed;
+}
+
 TEST(Quit, IsNothingElse) {
   const Shop shop;
   const Till till(shop);
   till.AwaitStart();
   int number = 0;
   for (const std::string command : {"QUIT NOW\r\n", "QUI\r\nQUIT\r\n", "x", "\"QUIT\"", "QUIT;"}) {
-    shop.folder.Write("command.tmp", command);
-    std::filesystem::rename(shop.folder.Native("command.tmp"), shop.folder.Native("command.txt"));
+    till.Await("the command", [&] { return Replaced(shop, command); });
     // The command is read before the ticket is taken.
     shop.Drop(std::to_string(++number) + ".txt", kCoffee);
     AwaitArchived(till, shop, std::to_string(number) + ".txt", kCoffee);
     EXPECT_EQ(shop.folder.Read("command.txt"), command);
   }
-  shop.Quit();
+  till.Await("the command", [&] { return Replaced(shop, "QUIT"); });
   till.ExpectEnd();
 }
 

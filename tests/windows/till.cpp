@@ -117,6 +117,8 @@ Till::Till(const Shop& shop, Link link, std::chrono::seconds lifetime) : shop_(s
 
 Till::~Till() {
   DeleteTimerQueueTimer(nullptr, killer_, INVALID_HANDLE_VALUE);
+  // A killed program leaves its icon behind, and a later one's window may be given the number of its owner.
+  if (Find([](HWND window) { return ClassOf(window) == window_class::kOrvMain; }) != nullptr) LoseIcon();
   TerminateProcess(process_.Get(), 99);
   WaitForSingleObject(process_.Get(), INFINITE);
 }
