@@ -32,8 +32,9 @@ std::vector<std::string> FilesMeant(const std::string& word, const LabSurroundin
   if (word.find_first_of("*?", nameAt) == std::string::npos || surroundings.files.Exists(word)) return {word};
   std::vector<std::string> found;
   const std::string folder = word.substr(0, nameAt);
-  for (const FolderEntry& entry : surroundings.folders.ListFolder(
-           (folder.empty() ? ".\\" : SettingsPath(folder)) + word.substr(nameAt))) {
+  const std::string listed = folder.empty() ? ".\\" : SettingsPath(folder);
+  if (!surroundings.folders.Exists(listed)) return {word};
+  for (const FolderEntry& entry : surroundings.folders.ListFolder(listed + word.substr(nameAt))) {
     if (!entry.isFolder) found.push_back(folder + entry.name);
   }
   std::sort(found.begin(), found.end());
@@ -54,6 +55,7 @@ int Run(const Arguments& arguments, LabSurroundings& surroundings) {
   Console& console = surroundings.console;
   if (arguments.words.empty()) return RefuseUsage(console, "check", "which files? '-' is standard input");
   const CheckRules rules = CheckRulesOf(arguments, surroundings);
+  const std::vector<std::string> files = FilesMeant(arguments.words, surroundings);
   if (const std::string note = UnknownModelNote(arguments.Value("--model").value_or("")); !note.empty()) {
     console.err << "orvenza-lab check: " << note << "\n" << std::flush;
   }
@@ -65,7 +67,7 @@ int Run(const Arguments& arguments, LabSurroundings& surroundings) {
   CheckProgress progress(console, surroundings.clock, console.progress && (quiet || !console.terminal));
   TicketCheck check(rules, surroundings.files, surroundings.clock);
   FileCheck fileCheck(check, *report, progress);
-  for (const std::string& file : FilesMeant(arguments.words, surroundings)) {
+  for (const std::string& file : files) {
     fileCheck.CheckFile(file, [&]() -> std::unique_ptr<ByteReader> {
       if (file == "-") return std::make_unique<StreamBytes>(console.in);
       return surroundings.files.OpenForReading(file);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 #include <sstream>
+#include <stdexcept>
 
 #include "core/version.h"
 #include "lab/bundle_command.h"
@@ -94,7 +95,9 @@ int RunCommand(const Command& command, const std::vector<std::string>& words, La
   }
   if (!arguments.error.empty()) return RefuseUsage(console, command.name, arguments.error);
   try {
-    return command.run(arguments, surroundings);
+    const int status = command.run(arguments, surroundings);
+    if (console.out.flush()) return status;
+    throw std::runtime_error("the output cannot be written");
   } catch (const std::exception& failure) {
     console.out.flush();
     console.err << kProgram << " " << command.name << ": " << failure.what() << "\n";

@@ -232,7 +232,8 @@ TEST_F(CheckCommandTest, ReadsAllFilesOfAMaskInTheOrderOfTheirNames) {
 
 TEST_F(CheckCommandTest, NamesAMaskWithoutFiles) {
   const TempFolder folder;
-  EXPECT_EQ(Check({folder.Path("*.txt")}), 2);
+  EXPECT_EQ(Check({folder.Path("*.txt"), folder.Path("none\\*.txt")}), 2);
+  EXPECT_NE(lab.out.str().find("; 2 files could not be read"), std::string::npos);
   EXPECT_EQ(lab.out.str().substr(0, folder.Path("*.txt").size()), folder.Path("*.txt"));
 }
 

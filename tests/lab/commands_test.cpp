@@ -120,6 +120,13 @@ TEST(Lab, RefusesWhatItDoesNotUnderstand) {
   }
 }
 
+TEST(Lab, ReportsOutputThatCannotBeWritten) {
+  GreetingLab lab;
+  lab.out.setstate(std::ios::badbit);
+  EXPECT_EQ(lab.Run({"greet", "Anna"}), 2);
+  EXPECT_EQ(lab.err.str(), "orvenza-lab greet: the output cannot be written\n");
+}
+
 TEST(Lab, ReportsACommandThatFails) {
   GreetingLab lab;
   EXPECT_EQ(lab.Run({"greet", "nobody"}), 2);
