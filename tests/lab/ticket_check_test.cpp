@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "device/logo_files.h"
 #include "simulator/virtual_clock.h"
 
@@ -216,6 +218,19 @@ TEST_F(TicketCheckTest, ReportsEveryFindingOfALine) {
       "sent as 20\n"
       "2 error empty: a value is missing; accepted: digits, an amount in cents without any separator\n"
       "2 warning lost-text: 'y' has no separator behind it and is lost");
+}
+
+TEST_F(TicketCheckTest, HasForEveryRecordEitherACommandOrAnError) {
+  const std::vector<std::string> values = {"",   "1",       "0",        "25",         "x",   "1,5",
+                                           "12", "1.000,5", "Caff\xE8", "9999999999", "   ", "-1"};
+  std::mt19937 random(7);
+  for (int i = 0; i < 2000; ++i) {
+    std::string line = std::to_string(random() % 46) + ";";
+    for (auto fields = random() % 10; fields > 0; --fields) line += values[random() % values.size()] + ";";
+    const bool isValid = !CommandOf(line).empty();
+    const bool hasError = FindingsOf(line).find(" error ") != std::string::npos;
+    ASSERT_NE(isValid, hasError) << line;
+  }
 }
 
 TEST_F(TicketCheckTest, GoesByTheRegistersModel) {
