@@ -101,6 +101,13 @@ Lines Shop::Journal(const std::string& name) const {
   return messages;
 }
 
+Lifetime::Lifetime(HANDLE process, std::chrono::seconds limit) {
+  const auto milliseconds = static_cast<DWORD>(std::chrono::milliseconds(limit).count());
+  CreateTimerQueueTimer(&timer_, nullptr, Kill, process, milliseconds, 0, 0);
+}
+
+Lifetime::~Lifetime() { DeleteTimerQueueTimer(nullptr, timer_, INVALID_HANDLE_VALUE); }
+
 Till::Till(const Shop& shop, Link link, std::chrono::seconds lifetime) : shop_(shop) {
   const std::wstring path = ToWide(shop.folder.Path());
   // What the register prints is not to be mixed with the report of the tests.
@@ -111,12 +118,11 @@ Till::Till(const Shop& shop, Link link, std::chrono::seconds lifetime) : shop_(s
   const PROCESS_INFORMATION process = Start(options, nowhere.Get());
   process_ = ObjectHandle(process.hProcess);
   id_ = process.dwProcessId;
-  const auto limit = static_cast<DWORD>(std::chrono::milliseconds(lifetime).count());
-  CreateTimerQueueTimer(&killer_, nullptr, Kill, process_.Get(), limit, 0, 0);
+  lifetime_.emplace(process_.Get(), lifetime);
 }
 
 Till::~Till() {
-  DeleteTimerQueueTimer(nullptr, killer_, INVALID_HANDLE_VALUE);
+  lifetime_.reset();
   // A killed program leaves its icon behind, and a later one's window may be given the number of its owner.
   if (Find([](HWND window) { return ClassOf(window) == window_class::kOrvMain; }) != nullptr) LoseIcon();
   TerminateProcess(process_.Get(), 99);
@@ -272,6 +278,7 @@ ProgramRun RunProgram(const std::string& options) {
   const PROCESS_INFORMATION started = Start(ToWide(options), writeEnd);
   CloseHandle(writeEnd);
   const ObjectHandle process(started.hProcess);
+  const Lifetime lifetime(process.Get(), Till::kPatience);
   ProgramRun run;
   char buffer[4096];
   for (DWORD count = 0; ReadFile(readEnd, buffer, sizeof buffer, &count, nullptr) && count > 0;) {

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,19 @@ class Shop {
   Lines Journal(const std::string& name) const;
 
   TempFolder folder;
+};
+
+/// Kills a process that outlives its time, so that nothing hangs with it.
+class Lifetime {
+ public:
+  /// `process` outlives the object.
+  Lifetime(HANDLE process, std::chrono::seconds limit);
+  ~Lifetime();
+  Lifetime(const Lifetime&) = delete;
+  Lifetime& operator=(const Lifetime&) = delete;
+
+ private:
+  HANDLE timer_ = nullptr;
 };
 
 /// The running program, with its windows. What is waited for must come within kPatience; what does not come
@@ -95,7 +109,7 @@ class Till {
   mutable HWND picture1_ = nullptr;
   ObjectHandle process_;
   DWORD id_ = 0;
-  HANDLE killer_ = nullptr;  ///< The timer of its lifetime.
+  std::optional<Lifetime> lifetime_;
 };
 
 struct ProgramRun {
