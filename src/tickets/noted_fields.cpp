@@ -2,11 +2,6 @@
 
 namespace orvenza {
 
-std::string NotedFields::Format(std::size_t field, const ValueForm& form) const {
-  Note({FieldNote::Kind::kFormatted, field, form});
-  return form(fields_[field]);
-}
-
 std::string NotedFields::FormatOr(std::size_t field, const ValueForm& form,
                                   std::string_view substitute) const {
   std::string value = form(fields_[field]);

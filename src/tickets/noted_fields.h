@@ -40,7 +40,10 @@ class NotedFields {
   std::string_view operator[](std::size_t field) const { return fields_[field]; }
 
   /// The field in a form; "" when the form rejects it.
-  std::string Format(std::size_t field, const ValueForm& form) const;
+  std::string Format(std::size_t field, const ValueForm& form) const {
+    Note({FieldNote::Kind::kFormatted, field, form});
+    return form(fields_[field]);
+  }
 
   /// The same with something to send in place of a rejected value.
   std::string FormatOr(std::size_t field, const ValueForm& form, std::string_view substitute) const;
