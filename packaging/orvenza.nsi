@@ -182,6 +182,7 @@ Section "-Program" SectionProgram
 
   SetOutPath "$INSTDIR"
   File "${STAGE}\Orvenza.exe"
+  File "${STAGE}\orvenza-lab.exe"
   File "${STAGE}\LICENSE.txt"
   SetOverwrite off  ; a shop may have put a sound of its own there
   File "${STAGE}\ding.wav"
@@ -299,6 +300,7 @@ Section "un.$(TEXT_PROGRAM)" SectionRemoveProgram
   SectionIn RO
   Call un.EndProgram
   Delete "$INSTDIR\Orvenza.exe"
+  Delete "$INSTDIR\orvenza-lab.exe"
   Delete "$INSTDIR\LICENSE.txt"
   Delete "$INSTDIR\ding.wav"
   RMDir /r "$INSTDIR\docs"

@@ -114,6 +114,8 @@ check "starts" eventually started_times 1
 hand_over examples/01-bar.txt 01
 check "prints a ticket and keeps it" eventually test -f "$shop/storico/1.txt"
 
+check "is known to orvenza-lab" holds <(plain wine "$target\\orvenza-lab.exe" doctor --json) '"instance.running"'
+
 title "an upgrade while it runs"
 run_setup
 same "succeeds" $code 0

@@ -21,14 +21,17 @@ title "the zip"
 rm -rf $unpacked
 mkdir -p $unpacked
 unzip -q "$zip" -d $unpacked
-same "holds the program, its sound and its papers" \
-  "$(cd $unpacked && find . -type f ! -path '*/images/*' | LC_ALL=C sort | tr '\n' ' ')" \
-  "./Orvenza/LICENSE.txt ./Orvenza/Orvenza.exe ./Orvenza/ding.wav ./Orvenza/docs/installation.md \
-./Orvenza/docs/manuale-operatore.md ./Orvenza/docs/settings.md ./Orvenza/docs/ticket-format.md "
+same "holds the programs, the sound and the papers" \
+  "$(cd $unpacked/Orvenza && find . -type f ! -path '*/images/*' | LC_ALL=C sort | tr '\n' ' ')" \
+  "./LICENSE.txt ./Orvenza.exe ./ding.wav ./docs/bundle.md ./docs/doctor.md ./docs/failure-scenarios.md \
+./docs/installation.md ./docs/manuale-operatore.md ./docs/rehearsal.md ./docs/settings.md ./docs/simulator.md \
+./docs/ticket-check.md ./docs/ticket-format.md ./orvenza-lab.exe "
 same "holds the pictures that the papers show" "$(pictures_missing $unpacked/Orvenza/docs)" ""
-check "the program needs Windows" holds <(imported $unpacked/Orvenza/Orvenza.exe) KERNEL32.dll
-same "and no library of the compiler's" \
-  "$(imported $unpacked/Orvenza/Orvenza.exe | grep -iE 'gcc|stdc|pthread')" ""
+for program in Orvenza orvenza-lab; do
+  check "$program needs Windows" holds <(imported $unpacked/Orvenza/$program.exe) KERNEL32.dll
+  same "and no library of the compiler's" \
+    "$(imported $unpacked/Orvenza/$program.exe | grep -iE 'gcc|stdc|pthread')" ""
+done
 
 tools/wine.sh --in-root bash tests/package/installed_test.sh "$setup" "$PWD/$unpacked/Orvenza" || failures=$((failures + 1))
 finish
