@@ -25,7 +25,7 @@ function(orvenza_discover_tests target)
   if(CMAKE_CROSSCOMPILING)
     add_test(NAME ${target} COMMAND ${target})
     # Not universal time, so that confusing it with local time shows.
-    set_tests_properties(${target} PROPERTIES TIMEOUT 600 RESOURCE_LOCK wine ENVIRONMENT TZ=Europe/Rome)
+    set_tests_properties(${target} PROPERTIES TIMEOUT 1800 RESOURCE_LOCK wine ENVIRONMENT TZ=Europe/Rome)
   else()
     gtest_discover_tests(${target} NO_PRETTY_VALUES PROPERTIES TIMEOUT 120 DISCOVERY_TIMEOUT 60)
   endif()
