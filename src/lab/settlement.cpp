@@ -1,13 +1,10 @@
 #include "lab/settlement.h"
 
 #include <algorithm>
-#include <optional>
 #include <stdexcept>
-#include <string_view>
 #include <utility>
 
-#include "core/catalogue.h"
-#include "core/text.h"
+#include "lab/settlement_run.h"
 #include "lab/settlement_verdict.h"
 
 namespace orvenza {
@@ -15,94 +12,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr const char* kClose = "close";
-constexpr const char* kMenuExit = "menu Esci";
+const std::string kTickets = std::string(kRehearsalFolder) + "\\data\\";
 /// A run that takes longer goes on for ever: the longest series of waits takes minutes.
 constexpr auto kForever = 30min;
-/// Dialogs after which the operator gives up.
-constexpr std::size_t kPatience = 30;
-/// Dialogs from which the operator may end the program.
-constexpr std::size_t kMenuDialogs = 6;
-
-/// An answer as the scripted operator takes it, and what it means.
-struct Reply {
-  std::string text;
-  std::optional<Answer> meaning;  ///< Nothing where the dialog leaves no choice.
-};
-
-/// What the operator can answer to a dialog, first the answer that goes forward. To close a message with one
-/// button is the same as to press it, and to close the question whether to end is a no.
-std::vector<Reply> RepliesTo(const ShownDialog& dialog) {
-  const auto& buttons = dialog.buttons;
-  if (!dialog.options.empty()) {
-    return {{dialog.options[2], Answer::kGiveUp},
-            {dialog.options[1], Answer::kReprint},
-            {dialog.options[0], Answer::kPrinted},
-            {kClose, Answer::kNoChoice}};
-  }
-  if (buttons.size() == 1) return {{buttons[0], {}}};
-  if (buttons.size() == 3) {
-    return {{buttons[0], Answer::kTryPort},
-            {buttons[1], Answer::kLeavePort},
-            {buttons[2], Answer::kTryPort},
-            {kClose, Answer::kTryPort}};
-  }
-  if (dialog.caption.find(LoadMessage(152)) != std::string::npos) {
-    return {{buttons[1], Answer::kStay}, {buttons[0], Answer::kEndProgram}};
-  }
-  return {{buttons[0], Answer::kCloseReceipt},
-          {buttons[1], Answer::kLeaveReceipt},
-          {kClose, Answer::kLeaveReceipt}};
-}
-
-/// One dialog of a run.
-struct Asked {
-  Reply reply;
-  std::vector<Reply> others;  ///< That are to be tried too.
-};
-
-/// One run of the connector, answered by `plan` first and then in the way that goes forward.
-class Run {
- public:
-  Run(const Scenario& scenario, std::vector<Reply> plan, std::size_t depth)
-      : scenario_(scenario), plan_(std::move(plan)), depth_(depth) {
-    scenario_.judgement = [this](const ShownDialog& dialog) { return Decide(dialog); };
-    outcome_ = Rehearse(scenario_);
-    scenario_.judgement = nullptr;
-  }
-
-  const RehearsalOutcome& Outcome() const { return outcome_; }
-  const std::vector<Asked>& Dialogs() const { return asked_; }
-  bool GaveUp() const { return asked_.size() == kPatience && !outcome_.ended; }
-
- private:
-  std::string Decide(const ShownDialog& dialog) {
-    if (asked_.size() == kPatience) return {};
-    std::vector<Reply> replies = RepliesTo(dialog);
-    const bool leaving = !asked_.empty() && asked_.back().reply.text == kMenuExit;
-    if (leaving) replies = {replies.back()};
-    Asked asked{replies.front(), {}};
-    if (asked_.size() < plan_.size()) {
-      asked.reply = plan_[asked_.size()];
-    } else if (choices_ < depth_) {
-      asked.others.assign(replies.begin() + 1, replies.end());
-      const bool mayLeave = !leaving && !left_ && asked_.size() < kMenuDialogs;
-      if (mayLeave) asked.others.push_back({kMenuExit, {}});
-    }
-    if (replies.size() > 1) ++choices_;
-    left_ = left_ || asked.reply.text == kMenuExit;
-    asked_.push_back(std::move(asked));
-    return asked_.back().reply.text;
-  }
-
-  Scenario scenario_;
-  std::vector<Reply> plan_;
-  std::size_t depth_;
-  RehearsalOutcome outcome_;
-  std::vector<Asked> asked_;
-  std::size_t choices_ = 0;
-  bool left_ = false;
-};
 
 /// The fault script's line for each effect.
 std::string FaultLines(const SettlementStep& step, const SettlementFault& fault) {
@@ -117,7 +29,7 @@ std::string FaultLines(const SettlementStep& step, const SettlementFault& fault)
 /// When the step's command is first sent, in a run without the fault.
 std::chrono::milliseconds MomentOf(const SettlementStep& step, const Scenario& scenario) {
   std::size_t count = 0;
-  const Run run(scenario, {}, 0);
+  const SettlementRun run(scenario, {}, 0);
   for (const RehearsalEvent& event : run.Outcome().events) {
     if (event.kind == "sent" && event.text.starts_with(step.command) && ++count == step.occurrence) {
       return event.at;
@@ -139,18 +51,16 @@ Scenario ScenarioOf(const SettlementStep& step) {
 std::vector<Slip> SlipsExpected(const Scenario& scenario) {
   Scenario quiet = scenario;
   quiet.device.faults.clear();
-  std::erase_if(quiet.deeds, [&](const Deed& deed) {
-    return deed.path.find("\\data\\") != std::string::npos && &deed != &quiet.deeds.back();
-  });
-  return SlipsOn(Run(quiet, {}, 0).Outcome().paper);
+  std::erase_if(quiet.deeds, [](const Deed& deed) { return deed.path.starts_with(kTickets); });
+  quiet.deeds.push_back(scenario.deeds.back());
+  return SlipsOn(SettlementRun(quiet, {}, 0).Outcome().paper);
 }
 
 FileEnd EndOf(const std::string& content, const RehearsalOutcome& outcome) {
-  const std::string data = std::string(kRehearsalFolder) + "\\data\\";
   for (const auto& [path, text] : outcome.files) {
     if (text != content) continue;
-    if (path.starts_with(data + "abort\\")) return FileEnd::kAbort;
-    return path.starts_with(data) ? FileEnd::kWaiting : FileEnd::kHistoric;
+    if (path.starts_with(kTickets + "abort\\")) return FileEnd::kAbort;
+    return path.starts_with(kTickets) ? FileEnd::kWaiting : FileEnd::kHistoric;
   }
   return FileEnd::kGone;
 }
@@ -190,13 +100,13 @@ class Exploration {
   }
 
  private:
-  void Follow(const std::vector<Reply>& plan) {
-    const Run run(scenario_, plan, depth_);
+  void Follow(const std::vector<SettlementReply>& plan) {
+    const SettlementRun run(scenario_, plan, depth_);
     SettlementEnd end = Judged(run);
     if (std::find(ends_.begin(), ends_.end(), end) == ends_.end()) ends_.push_back(std::move(end));
-    std::vector<Reply> before = plan;
+    std::vector<SettlementReply> before = plan;
     for (std::size_t i = plan.size(); i < run.Dialogs().size(); ++i) {
-      for (const Reply& other : run.Dialogs()[i].others) {
+      for (const SettlementReply& other : run.Dialogs()[i].others) {
         before.push_back(other);
         Follow(before);
         before.pop_back();
@@ -205,14 +115,14 @@ class Exploration {
     }
   }
 
-  SettlementEnd Judged(const Run& run) const {
+  SettlementEnd Judged(const SettlementRun& run) const {
     const RehearsalOutcome& outcome = run.Outcome();
     const bool hangs = !outcome.ended && !run.GaveUp();
     if (hangs && !outcome.problems.front().starts_with("the connector has not ended")) {
       throw std::logic_error(ground_.step.name + ", " + fault_.name + ": " + outcome.problems.front());
     }
     SettlementEnd end;
-    for (const Asked& asked : run.Dialogs()) {
+    for (const AskedDialog& asked : run.Dialogs()) {
       if (asked.reply.meaning) end.answers.push_back(*asked.reply.meaning);
     }
     end.paper = Compare(outcome.paper, ground_.expected, "ALTRO");
