@@ -73,5 +73,11 @@ TEST(SettlementSlips, OfOneTicketCountAsWholeTogether) {
             (CustomerPaper{1, 1, 0, 0, 0, false}));
 }
 
+TEST(SettlementSlips, MayBeExpectedMoreThanOnce) {
+  const std::vector<Slip> twice{kReceipt, kReceipt};
+  EXPECT_EQ(Compare(ReceiptNumber(1), twice, {}), (CustomerPaper{0, 1, 0, 0, 0, false}));
+  EXPECT_EQ(Compare(ReceiptNumber(1) + ReceiptNumber(2), twice, {}), (CustomerPaper{1, 0, 0, 0, 0, false}));
+}
+
 }  // namespace
 }  // namespace orvenza::test
