@@ -15,7 +15,7 @@ namespace {
 constexpr std::string_view kFirstWords =
     "\"file\", \"ticket\", \"logo\", \"folder\", \"remove\", \"read-only\", \"hold\", \"lock\", \"release\", "
     "\"drive\", \"disk\", \"clock\", \"at\", \"start\", \"settings\", \"setting\", \"register\", \"answer\", "
-    "\"second\", \"limit\" or \"expect\"";
+    "\"second\", \"until\", \"limit\" or \"expect\"";
 constexpr std::string_view kEventKinds[] = {
     "start", "tick",     "sent",    "reply",   "port",   "absent", "dialog", "answer",  "menu",
     "world", "log",      "error",   "file",    "folder", "taken",  "split",  "written", "copied",
@@ -168,6 +168,9 @@ class ScenarioReader {
     } else if (word == "second") {
       if (!line.Skip("instance")) line.Refuse("\"instance\"");
       scenario_.secondInstance = true;
+    } else if (word == "until") {
+      if (!line.Skip("printed")) line.Refuse("\"printed\"");
+      scenario_.untilPrinted = true;
     } else if (word == "limit") {
       scenario_.limit = ReadTime(line);
     } else {

@@ -13,7 +13,7 @@ using std::chrono::milliseconds;
 
 constexpr std::string_view kDeedsInTime =
     "\"file\", \"ticket\", \"logo\", \"folder\", \"remove\", \"read-only\", \"hold\", \"lock\", \"release\", "
-    "\"drive\", \"disk\", \"clock\", \"menu\", \"quit\" or \"session\"";
+    "\"drive\", \"disk\", \"clock\", \"menu\", \"quit\", \"session\" or \"power\"";
 constexpr const char* kPathExpected = "a path, below the program folder or with its drive";
 constexpr const char* kTimeExpected = "a time with its unit, such as 500ms, 2s, 10min or 1h";
 constexpr const char* kDateExpected = "a date and time such as 16/11/2026 09:00:00";
@@ -188,6 +188,10 @@ Deed ReadDeedInTime(ScriptLine& line) {
     deed.kind = DeedKind::kQuit;
   } else if (word == "session" && line.Skip("ends")) {
     deed.kind = DeedKind::kSessionEnds;
+  } else if (word == "power" && line.Skip("fails")) {
+    deed.kind = DeedKind::kPowerFails;
+  } else if (word == "power") {
+    line.Refuse("\"fails\"");
   } else {
     line.Refuse(word == "session" ? "\"ends\"" : std::string(kDeedsInTime));
   }

@@ -79,6 +79,7 @@ TEST(Scenario, KnowsWhatMayHappen) {
       {"at 1ms menu Utilita'", DeedKind::kMenu, ""},
       {"at 1ms quit", DeedKind::kQuit, ""},
       {"at 1ms session ends", DeedKind::kSessionEnds, ""},
+      {"at 1ms power fails", DeedKind::kPowerFails, ""},
   };
   for (const Row& row : rows) {
     const Deed deed = OnlyDeed(row.line);
@@ -100,6 +101,8 @@ TEST(Scenario, ReadsTimesWithTheirUnits) {
   EXPECT_EQ(OnlyDeed("at 1500ms quit").at, milliseconds(1500));
   EXPECT_EQ(OnlyDeed("at 3s quit").at, milliseconds(3000));
   EXPECT_EQ(OnlyDeed("at 2min quit").at, milliseconds(120'000));
+  EXPECT_FALSE(Parse("").untilPrinted);
+  EXPECT_TRUE(Parse("until printed").untilPrinted);
   EXPECT_EQ(Parse("limit 2h").limit, milliseconds(7'200'000));
 }
 
@@ -197,11 +200,13 @@ TEST(Scenario, RefusesALineThatItCannotRead) {
       {"second program", "day:1: expected \"instance\""},
       {"settings lost", "day:1: expected \"none\""},
       {"at 1s session", "day:1: expected \"ends\""},
+      {"at 1s power comes", "day:1: expected \"fails\""},
+      {"until noon", "day:1: expected \"printed\""},
   };
   for (const Row& row : rows) EXPECT_EQ(Refused(row.text), row.message) << row.text;
   EXPECT_TRUE(Refused("menu Esci").starts_with("day:1: expected \"file\", \"ticket\","))
       << Refused("menu Esci");
-  EXPECT_TRUE(Refused("at 1s wait").ends_with("\"menu\", \"quit\" or \"session\"")) << Refused("at 1s wait");
+  EXPECT_TRUE(Refused("at 1s wait").ends_with("\"session\" or \"power\"")) << Refused("at 1s wait");
 }
 
 }  // namespace
