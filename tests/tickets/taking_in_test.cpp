@@ -1,0 +1,219 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/shop.h"
+
+namespace orvenza::test {
+namespace {
+
+using namespace std::chrono_literals;
+using Lines = Shop::Lines;
+using Times = std::vector<std::int64_t>;
+
+/// A new ticket of one command, "1051" and `number`, modified at second `stamp`.
+void DropAt(Shop& shop, const std::string& name, int number, std::int64_t stamp) {
+  shop.Drop(name, {"0;" + std::to_string(number) + ";"});
+  shop.folder.SetModified("data\\" + name, stamp);
+}
+
+/// What is in the folders of tickets, new ones first.
+Lines Waiting(const Shop& shop) {
+  Lines names = shop.Names("data");
+  for (const std::string& name : shop.Names("data\\inproces")) names.push_back("inproces\\" + name);
+  return names;
+}
+
+TEST(TakingIn, MovesTheTicketThroughTheInProcessFolder) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  Lines whilePrinting;
+  shop.link.SetObserver([&](LineEvent, const std::string& text) {
+    if (text == "105101") whilePrinting = Waiting(shop);
+  });
+  shop.Run();
+  EXPECT_EQ(whilePrinting, Lines{"inproces\\ticket.txt"});
+  EXPECT_EQ(Waiting(shop), Lines{});
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+}
+
+TEST(TakingIn, MakesAReadOnlyTicketWritableBeforeItIsDeleted) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  const std::string source = shop.Spelled("data\\ticket.txt");
+  shop.Hold(source);
+  shop.files.Before("ClearAttributes", [&](const std::string& path) {
+    if (path == source) shop.files.Heal();
+  });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(Waiting(shop), Lines{});
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST(TakingIn, ATicketThatVanishesBeforeItIsTakenIsPassedOver) {
+  Shop shop;
+  shop.Drop("a.txt", {"0;1;"});
+  shop.Drop("b.txt", {"0;2;"});
+  shop.files.Before("Move", [&](const std::string& path) {
+    if (path.ends_with("a.txt")) std::filesystem::remove(shop.folder.Native("data\\a.txt"));
+  });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105102"});
+  EXPECT_EQ(shop.Err(), Lines{"Timer1 - 53 - File not found ( " + shop.Spelled("data\\a.txt )")});
+}
+
+TEST(TakingIn, ATicketThatVanishesAfterItsCopyIsPrinted) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.files.FailAlways("Move", "data\\ticket.txt", error_number::kPermissionDenied);
+  bool vanished = false;
+  shop.files.Before("Exists", [&](const std::string& path) {
+    if (path != shop.Spelled("data\\ticket.txt")) return;
+    vanished = std::filesystem::remove(shop.folder.Native("data\\ticket.txt"));
+  });
+  shop.Run();
+  EXPECT_TRUE(vanished);
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST(TakingIn, CopiesATicketThatCannotBeMoved) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.files.FailAlways("Move", "ticket.txt", error_number::kPathFileAccess);
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(Waiting(shop), Lines{});
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST(TakingIn, AFullDiskLeavesTheTicketUntilThereIsRoom) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.Fill("inproces");
+  Lines waiting;
+  shop.After(1200ms, [&] {
+    waiting = Waiting(shop);
+    shop.files.Heal();
+  });
+  shop.Run();
+  const std::string line = "Timer1 - 61 - Disk full ( " + shop.Spelled("data\\ticket.txt )");
+  EXPECT_EQ(shop.Err(), (Lines{line, line}));
+  EXPECT_EQ(waiting, Lines{"ticket.txt"});
+  EXPECT_EQ(shop.SentAt("1051"), Times{1500});
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
+}
+
+TEST(TakingIn, ASourceThatCannotBeRemovedIsPrintedOnlyOnce) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.Hold("data\\ticket.txt");
+  shop.After(10s, [&] { shop.Drop("other.txt", {"0;2;"}); });
+  shop.Run(60s);
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
+  EXPECT_EQ(Waiting(shop), Lines{"ticket.txt"});
+  EXPECT_EQ(shop.Err(), Lines{"Timer1 - 70 - Permission denied ( " + shop.Spelled("data\\ticket.txt )")});
+}
+
+TEST(TakingIn, ASourceThatCannotBeRemovedGoesWhenItCan) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.Hold("data\\ticket.txt");
+  shop.After(10s, [&] { shop.files.Heal(); });
+  shop.Run();
+  EXPECT_EQ(Waiting(shop), Lines{});
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(shop.Err().size(), 1U);
+}
+
+TEST(TakingIn, ANewTicketOverASourceThatCouldNotBeRemovedIsPrinted) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.Hold("data\\ticket.txt");
+  shop.After(10s, [&] { shop.Drop("ticket.txt", {"0;2;"}); });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
+}
+
+TEST(TakingIn, ANewTicketOfTheSameNameAndTimeIsPrintedOnceTheOlderOneHasGone) {
+  Shop shop;
+  DropAt(shop, "ticket.txt", 1, 1000);
+  shop.Hold("data\\ticket.txt");
+  shop.After(5s, [&] { shop.files.Heal(); });
+  shop.After(10s, [&] { DropAt(shop, "ticket.txt", 2, 1000); });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
+}
+
+TEST(TakingIn, ANewTicketOfTheSameNameAndTimeIsPrintedHoweverTheOlderOneWent) {
+  for (const bool removedByUs : {false, true}) {
+    Shop shop;
+    DropAt(shop, "ticket.txt", 1, 1000);
+    shop.Hold("data\\ticket.txt");
+    shop.After(5200ms, [&] {
+      shop.files.Heal();
+      if (!removedByUs) std::filesystem::remove(shop.folder.Native("data\\ticket.txt"));
+    });
+    // After the tick of 5.5 seconds, and before the next one where that has removed the older ticket.
+    shop.After(removedByUs ? 5700ms : 6200ms, [&] { DropAt(shop, "ticket.txt", 2, 1000); });
+    shop.Run();
+    EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"})) << removedByUs;
+  }
+}
+
+TEST(TakingIn, APrintedSourceThatCouldNotBeRemovedDoesNotCountAsWaiting) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.Hold("data\\ticket.txt");
+  shop.Answer("Chiusura Fiscale");
+  shop.Answer("Sì");
+  shop.After(10s, [&] { shop.UseMenu(MenuItem::kUtilities); });
+  shop.Run();
+  EXPECT_EQ(shop.DialogTexts(), (Lines{"", "Confermi la Richiesta di Chiusura Fiscale ?"}));
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "300101"}));
+}
+
+TEST(TakingIn, ATicketThatCannotBeTakenInHoldsUpNoOther) {
+  Shop shop;
+  shop.Drop("held.txt", {"0;1;"});
+  shop.Drop("b.txt", {"0;2;"});
+  shop.files.FailAlways("Move", "data\\held.txt", error_number::kPermissionDenied);
+  shop.files.FailAlways("Copy", "data\\held.txt", error_number::kPermissionDenied);
+  shop.After(2200ms, [&] { shop.files.Heal(); });
+  shop.Run();
+  EXPECT_EQ(shop.SentAt("105102"), Times{500});
+  EXPECT_EQ(shop.SentAt("105101"), Times{2500});
+  const std::string line = "Timer1 - 70 - Permission denied ( " + shop.Spelled("data\\held.txt )");
+  EXPECT_EQ(shop.Err(), Lines(4, line));
+}
+
+TEST(TakingIn, ATicketThatCannotBeTakenInIsTriedTenTimesAndThenRarely) {
+  Shop shop;
+  shop.Drop("held.txt", {"0;1;"});
+  shop.files.FailAlways("Move", "data\\held.txt", error_number::kPermissionDenied);
+  shop.files.FailAlways("Copy", "data\\held.txt", error_number::kPermissionDenied);
+  shop.After(30s, [&] { shop.files.Heal(); });
+  shop.Run(5min);
+  EXPECT_EQ(shop.Err().size(), 10U);
+  EXPECT_EQ(shop.SentAt("105101"), Times{60000});
+}
+
+TEST(TakingIn, ANewTicketIsNotTakenForAnEarlierOneThatCouldNotBeTakenIn) {
+  Shop shop;
+  DropAt(shop, "a.txt", 1, 1000);
+  shop.files.FailAlways("Move", "data\\a.txt", error_number::kPermissionDenied);
+  shop.files.FailAlways("Copy", "data\\a.txt", error_number::kPermissionDenied);
+  shop.After(8s, [&] {
+    shop.files.Heal();
+    std::filesystem::remove(shop.folder.Native("data\\a.txt"));
+  });
+  shop.After(10200ms, [&] { DropAt(shop, "a.txt", 2, 1000); });
+  shop.Run();
+  EXPECT_EQ(shop.SentAt("1051"), Times{10500});
+}
+
+}  // namespace
+}  // namespace orvenza::test
