@@ -66,8 +66,9 @@ int main(int argc, char** argv) {
   }
   try {
     const fs::path program = fs::read_symlink("/proc/self/exe");
-    const fs::path folder = options.folder.empty() ? program.parent_path() : fs::canonical(options.folder);
-    if (!fs::is_directory(folder)) return Refuse(folder.string() + " is not a folder");
+    const fs::path wanted = options.folder.empty() ? program.parent_path() : fs::path(options.folder);
+    if (!fs::is_directory(wanted)) return Refuse(wanted.string() + " is not a folder");
+    const fs::path folder = fs::canonical(wanted);
     return RunConnector({folder.string(), program.filename().string()},
                         options.script ? ReadFaultScript(PosixFiles(), *options.script) : FaultScript{});
   } catch (const std::exception& failure) {
