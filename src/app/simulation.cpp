@@ -19,13 +19,16 @@ Simulation::Simulation(Files& files, const Clock& clock, Scheduler& scheduler, c
     : register_(clock, paper_, script.profile), link_(register_, scheduler, script) {
   const bool below = !script.paperFile.empty() && !IsAbsolute(script.paperFile);
   const std::string copy = below ? folder + "\\" + script.paperFile : script.paperFile;
-  paper_.SetSink([&files, copy, show = std::move(show)](const std::string& line) {
+  paper_.SetSink([&files, copy, name = script.paperFile, show = std::move(show),
+                  lossTold = false](const std::string& line) mutable {
     show(line);
     if (copy.empty()) return;
     try {
       files.Append(copy, line + "\n");
-    } catch (const SystemError&) {
+    } catch (const SystemError& failure) {
       // The paper itself has been shown.
+      if (!lossTold) show("(" + name + ": " + std::string(StandardDescription(failure.Number())) + ")");
+      lossTold = true;
     }
   });
 }

@@ -17,7 +17,8 @@ namespace orvenza {
 class Simulation {
  public:
   /// `show` is handed each line of paper. What the script's "paper" names is added to as well, below `folder`
-  /// unless it is an absolute path; a failure to do so is passed over.
+  /// unless it is an absolute path. The first line that cannot be added is followed by one in brackets that
+  /// names the file and the failure; later ones are passed over.
   Simulation(Files& files, const Clock& clock, Scheduler& scheduler, const FaultScript& script,
              const std::string& folder, std::function<void(const std::string&)> show);
 
