@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "device/logo_files.h"
 #include "support/shop.h"
 
 namespace orvenza::test {
@@ -357,7 +358,7 @@ TEST(BadFolder, TicketChangedByTheHostWhileItCouldNotBeRemovedIsATicketOfItsOwn)
 /// A full disk at one kind of write, for the first five seconds of a life with one ticket.
 struct FullDisk {
   const char* operation;
-  const char* path;
+  std::vector<const char*> paths;
   const char* archivedIn;  ///< Folder in which the ticket ends.
 };
 
@@ -366,7 +367,7 @@ class FullDiskAt : public testing::TestWithParam<FullDisk> {};
 TEST_P(FullDiskAt, PrintsTheTicketOnceAndKeepsIt) {
   Shop shop;
   shop.files.FailAlways("Move", "", 75);  // folders on volumes of their own
-  shop.files.FailAlways(GetParam().operation, GetParam().path, 61);
+  for (const char* path : GetParam().paths) shop.files.FailAlways(GetParam().operation, path, 61);
   shop.After(5s, [&] { shop.files.Heal(); });
   shop.Drop("a.txt", {kItem, kPayment});
   shop.Run(20s);
@@ -376,13 +377,44 @@ TEST_P(FullDiskAt, PrintsTheTicketOnceAndKeepsIt) {
   EXPECT_EQ(shop.Names("data\\inproces"), Lines{});
 }
 INSTANTIATE_TEST_SUITE_P(BadInput, FullDiskAt,
-                         testing::Values(FullDisk{"Append", "Log.txt", "storico"},    // activity log
-                                         FullDisk{"Append", "Err.txt", "storico"},    // error log
-                                         FullDisk{"Append", "", "storico"},           // every journal
-                                         FullDisk{"Copy", "inproces", "storico"},     // taking the ticket in
-                                         FullDisk{"Copy", "storico", "data\\abort"},  // archiving it
-                                         FullDisk{"Write", "ErrDesc", "storico"}),    // error texts
+                         testing::Values(FullDisk{"Append", {"Log.txt"}, "storico"},
+                                         FullDisk{"Append", {"Err.txt"}, "storico"},
+                                         FullDisk{"Append", {""}, "storico"},           // every journal
+                                         FullDisk{"Copy", {"inproces"}, "storico"},     // taking it in
+                                         FullDisk{"Copy", {"storico"}, "data\\abort"},  // archiving it
+                                         FullDisk{"Copy", {"storico", "abort"}, "data\\abort"},
+                                         FullDisk{"Write", {"ErrDesc"}, "storico"}),  // error texts
                          [](const auto& test) { return "Case" + std::to_string(test.index); });
+
+TEST(FullDiskAtTheAbortCopy, AsksTheOperatorOnceAndKeepsTheTicket) {
+  Shop shop;
+  shop.files.FailAlways("Move", "", 75);
+  shop.files.FailAlways("Copy", "abort", 61);
+  shop.After(5s, [&] {
+    EXPECT_EQ(shop.Names("data\\inproces"), Lines{"a.txt"});
+    shop.files.Heal();
+  });
+  shop.Drop("a.txt", {"99;x;"});
+  shop.Answer(kAbort);
+  shop.Run(20s);
+  EXPECT_EQ(shop.Err().back(), "Trasmissione 61 - Disk full ( " + shop.Spelled("data\\inproces\\a.txt )"));
+  EXPECT_EQ(shop.folder.Read("data\\abort\\a.txt.abort.txt"), "99;x;\r\n");
+  EXPECT_EQ(shop.Names("data\\inproces"), Lines{});
+}
+
+TEST(FullDiskAtThePortDialog, TheChoiceHoldsForThisRun) {
+  Shop shop;
+  const std::string before = shop.folder.Read("Orvenza.ini");
+  shop.files.FailAlways("Write", "Orvenza.ini", 61);
+  shop.Answer("COM4 38400 Even 8 2");
+  shop.After(2s, [&] { shop.UseMenu(MenuItem::kConfigure); });
+  shop.After(3s, [&] { shop.Drop("a.txt", {kItem, kPayment}); });
+  shop.Run(20s);
+  EXPECT_EQ(shop.link.Property(LinkProperty::kPortNumber), 4);
+  EXPECT_EQ(shop.link.Property(LinkProperty::kBaudRate), 38400);
+  EXPECT_EQ(shop.folder.Read("Orvenza.ini"), before);
+  EXPECT_EQ(shop.device.Receipts().size(), 1U);
+}
 
 TEST(FullDiskEverywhere, AfterPrintingKeepsTheTicketInPlaceAndPrintsItNoMore) {
   Shop shop;
@@ -405,13 +437,40 @@ TEST(FullDiskEverywhere, ClosureRequestThatCannotBeWrittenIsLogged) {
                               "\\data\\zzzzzzzzzzzzzzzz.txt )"});
 }
 
-TEST(BadBitmap, IsLoggedAndTheLineRefused) {
+/// A file that is no logo the register could take.
+struct RefusedBitmap {
+  const char* what;
+  std::string content;
+};
+
+class BadBitmap : public testing::TestWithParam<RefusedBitmap> {};
+
+TEST_P(BadBitmap, IsLoggedAndTheLineRefused) {
   Shop shop;
-  shop.folder.Write("logo.bmp", "BM this is no picture");
+  shop.folder.Write("logo.bmp", GetParam().content);
   shop.Drop("a.txt", {"33;1;" + shop.folder.Path("logo.bmp") + ";"});
   shop.Answer(kAbort);
   shop.Run(5s);
   EXPECT_EQ(shop.Err()[0], "File BMP non valido ! ( " + shop.folder.Path("logo.bmp") + " )");
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Riga scontrino non valida !"});
+  EXPECT_EQ(shop.SentForTickets(), Lines{});
+  EXPECT_EQ(shop.Names("data\\abort"), Lines{"a.txt.abort.txt"});
+}
+INSTANTIATE_TEST_SUITE_P(BadInput, BadBitmap,
+                         testing::Values(RefusedBitmap{"Truncated", LogoBitmap(1).substr(0, 29)},
+                                         RefusedBitmap{"Huge", LogoBitmap(0x7FFFFFFF)},
+                                         RefusedBitmap{"NegativeHeight", LogoBitmap(0xFFFFFFFF)},
+                                         RefusedBitmap{"NotABitmap", LogoBitmap(1, 448, 62, 1, "GI")}),
+                         [](const auto& test) { return std::string(test.param.what); });
+
+TEST(BitmapWithoutAllItsRows, IsNotSentAndItsTicketAborted) {
+  Shop shop;
+  shop.folder.Write("logo.bmp", LogoBitmap(2) + std::string(2 * 56 - 1, '\0'));
+  shop.Drop("a.txt", {"33;1;" + shop.folder.Path("logo.bmp") + ";"});
+  shop.Answer("Ok");
+  shop.Run(5s);
+  EXPECT_EQ(shop.Err(), Lines{"Trasmissione 57 - Device I/O error ( " + shop.Spelled("logo.bmp )")});
+  EXPECT_EQ(shop.DialogTexts(), Lines{"Controllare alimentazione Cash !"});
   EXPECT_EQ(shop.SentForTickets(), Lines{});
   EXPECT_EQ(shop.Names("data\\abort"), Lines{"a.txt.abort.txt"});
 }

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "simulator/virtual_clock.h"
 #include "support/faulty_files.h"
 #include "support/memory_files.h"
