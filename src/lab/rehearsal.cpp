@@ -1,6 +1,7 @@
 #include "lab/rehearsal.h"
 
 #include <optional>
+#include <set>
 #include <utility>
 
 #include "app/connector.h"
@@ -64,6 +65,8 @@ const FirstFiles& FilesOfAFirstStart() {
   return written;
 }
 
+std::string TimeText(milliseconds time) { return std::to_string(time.count()) + " ms"; }
+
 /// Deeds that are events even before any time has passed.
 bool IsEvent(const Deed& deed) {
   return deed.kind == DeedKind::kMenu || deed.kind == DeedKind::kQuit ||
@@ -113,6 +116,7 @@ class Stage {
 
   const Scenario& scenario_;
   RehearsalOutcome outcome_;
+  std::set<const Deed*> due_;  ///< Deeds whose moment has not come yet.
   VirtualClock clock_;
   Transcript transcript_;
   VirtualDisk disk_;
@@ -150,7 +154,9 @@ void Stage::SetUpFiles() {
 
 void Stage::SetUpEvents() {
   for (const Deed& deed : scenario_.deeds) {
-    if (deed.at.count() > 0 || IsEvent(deed)) clock_.After(deed.at, [this, &deed] { Do(deed); });
+    if (deed.at.count() == 0 && !IsEvent(deed)) continue;
+    due_.insert(&deed);
+    clock_.After(deed.at, [this, &deed] { Do(deed); });
   }
 }
 
@@ -194,6 +200,7 @@ std::string Stage::PortText() const {
 
 /// A deed of its moment. It is an event like others, so nothing of it may reach the connector's traps.
 void Stage::Do(const Deed& deed) {
+  due_.erase(&deed);
   transcript_.Add(DeedKindText(deed), DeedText(deed));
   if (deed.kind == DeedKind::kMenu) return connector_->OnMenu(deed.item);
   if (deed.kind == DeedKind::kSessionEnds) return loop_->RequestEnd({.unload = true});
@@ -220,8 +227,7 @@ void Stage::DoToDisk(const Deed& deed) {
       case DeedKind::kPowerFails: break;
     }
   } catch (const SystemError& failure) {
-    Miss("cannot be done at " + std::to_string(deed.at.count()) + " ms: " + DeedText(deed) + ": " +
-         failure.Description());
+    Miss("cannot be done at " + TimeText(deed.at) + ": " + DeedText(deed) + ": " + failure.Description());
   }
 }
 
@@ -236,8 +242,8 @@ RehearsalOutcome Stage::Play() {
   } catch (const BadAnswer& answer) {
     BreakOff(answer.text);
   } catch (const RunTooLong&) {
-    BreakOff("the connector has not ended after " + std::to_string(scenario_.limit.count()) +
-             " ms: nothing stops it, or it waits for ever");
+    BreakOff("the connector has not ended after " + TimeText(scenario_.limit) +
+             ": nothing stops it, or it waits for ever");
   }
   transcript_.Close();
   TakeStock();
@@ -292,6 +298,10 @@ void Stage::TakeStock() {
   for (std::size_t i = given; outcome_.ended && i < scenario_.answers.size(); ++i) {
     if (scenario_.answers[i].reaction >= ScenarioAnswer::kNever) continue;
     Miss("the answer \"" + scenario_.answers[i].text + "\" was never asked for");
+  }
+  for (const Deed& deed : scenario_.deeds) {
+    if (!outcome_.ended || !due_.contains(&deed)) continue;
+    Miss("the connector has ended before " + TimeText(deed.at) + ": " + DeedText(deed));
   }
   outcome_.events = transcript_.Events();
   outcome_.receipts = device_.Receipts();

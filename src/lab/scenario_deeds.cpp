@@ -152,6 +152,7 @@ std::string ReadPath(ScriptLine& line, const std::string& folder) {
   std::string path = line.Text(kPathExpected);
   std::replace(path.begin(), path.end(), '/', '\\');
   if (path.empty() || path.find_first_of("<>\"|?*") != std::string::npos) line.Refuse(kPathExpected);
+  if ((path + "\\").find("..\\") != std::string::npos) line.Refuse("a path without \"..\"");
   const bool whole = path.size() > 1 && path[1] == ':';
   return whole ? path : folder + "\\" + path;
 }

@@ -51,6 +51,7 @@ void VirtualDisk::MakeFolder(const std::string& path) {
 }
 
 void VirtualDisk::Delete(const std::string& path) {
+  NodeAt(path);
   const std::string key = KeyOf(path);
   std::erase_if(nodes_,
                 [&](const auto& entry) { return entry.first == key || entry.first.starts_with(key + "\\"); });
@@ -94,22 +95,22 @@ std::vector<std::string> VirtualDisk::Paths() const {
   return paths;
 }
 
-/// The whole path, "\" between its levels and none at its end.
+/// The whole path, "\" between its levels and none at its end. As on a real disk, nothing is above a drive.
 std::string VirtualDisk::Spelled(const std::string& path) const {
   if (!IsWellFormed(path)) throw SystemError(error_number::kBadFileName, path.c_str());
-  std::string whole;
-  const auto add = [&whole](char c) {
-    const char separator = c == '/' ? '\\' : c;
-    if (separator != '\\' || !whole.ends_with('\\')) whole += separator;
-  };
-  if (HasDrive(path)) {
-    whole = path.substr(0, 2) + "\\";  // Also where the root's "\" was left out.
-  } else {
-    const bool fromRoot = path[0] == '\\' || path[0] == '/';
-    for (const char c : fromRoot ? currentFolder_.substr(0, 2) : currentFolder_ + "\\") add(c);
+  const bool fromRoot = path[0] == '\\' || path[0] == '/';
+  std::string asked = path;
+  if (!HasDrive(path)) asked.insert(0, fromRoot ? currentFolder_.substr(0, 2) : currentFolder_ + "\\");
+  std::string whole = asked.substr(0, 2);
+  for (std::size_t at = 2; at < asked.size();) {
+    const std::size_t end = std::min(asked.find_first_of("\\/", at), asked.size());
+    const std::string level = asked.substr(at, end - at);
+    at = end + 1;
+    if (level == "..")
+      whole = ParentOf(whole);
+    else if (!level.empty() && level != ".")
+      whole += "\\" + level;
   }
-  for (const char c : path == "." ? std::string() : path.substr(HasDrive(path) ? 2 : 0)) add(c);
-  if (whole.ends_with('\\')) whole.pop_back();
   return whole;
 }
 
@@ -128,15 +129,16 @@ bool VirtualDisk::FolderExists(const std::string& key) const {
   return found != nodes_.end() && found->second.isFolder && !IsAway(key);
 }
 
+VirtualDisk::Node& VirtualDisk::NodeAt(const std::string& path) {
+  if (Node* const node = Find(path)) return *node;
+  const bool inFolder = FolderExists(ParentOf(KeyOf(path)));
+  throw SystemError(inFolder ? error_number::kFileNotFound : error_number::kPathNotFound, path);
+}
+
 VirtualDisk::Node& VirtualDisk::FileAt(const std::string& path) {
-  const std::string key = KeyOf(path);
-  Node* const node = Find(path);
-  if (node == nullptr) {
-    throw SystemError(FolderExists(ParentOf(key)) ? error_number::kFileNotFound : error_number::kPathNotFound,
-                      path);
-  }
-  if (node->isFolder) throw SystemError(error_number::kPathFileAccess, path);
-  return *node;
+  Node& node = NodeAt(path);
+  if (node.isFolder) throw SystemError(error_number::kPathFileAccess, path);
+  return node;
 }
 
 VirtualDisk::Node& VirtualDisk::Readable(const std::string& path) {

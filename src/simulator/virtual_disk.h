@@ -45,8 +45,9 @@ struct DiskEvent {
 /// A PC's disk in memory, on the time of a clock. It behaves as the operating system's would: letter case in
 /// names (a to z) does not count, and what cannot be done fails with the number that the real disk gives.
 ///
-/// Paths begin with a drive letter; one without is below the current folder. The seams are for the program;
-/// all other operations are what somebody else does, so they meet no obstacle, and no observer is told.
+/// Paths begin with a drive letter; one without is below the current folder, and ".." goes up a level. The
+/// seams are for the program; all other operations are what somebody else does, so they meet no obstacle, and
+/// no observer is told.
 class VirtualDisk {
  public:
   /// There is a drive "C:". `clock` gives new files their times and must outlive the disk.
@@ -68,10 +69,10 @@ class VirtualDisk {
   /// Makes a folder with the drive and the folders it lies in.
   void MakeFolder(const std::string& path);
 
-  /// Removes a file, or a folder with everything in it. Nothing happens when there is none.
+  /// Removes a file, or a folder with everything in it. Throws SystemError 53 or 76 when there is none, as
+  /// the next two do for a file.
   void Delete(const std::string& path);
 
-  /// Throws SystemError 53 or 76 when there is no such file, as the next one does.
   void SetReadOnly(const std::string& path, bool readOnly = true);
   void Hold(const std::string& path, FileHold hold);
 
@@ -114,6 +115,7 @@ class VirtualDisk {
   Node* Find(const std::string& path);
   bool FolderExists(const std::string& key) const;
 
+  Node& NodeAt(const std::string& path);
   Node& FileAt(const std::string& path);
   Node& Readable(const std::string& path);
   Node& Place(const std::string& path, const std::string& blame);

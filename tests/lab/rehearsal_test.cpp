@@ -79,6 +79,22 @@ TEST(Rehearsal, NamesADeedThatCannotBeDone) {
                                     "File not found ( C:\\Orvenza\\none.txt )"});
 }
 
+TEST(Rehearsal, CannotRemoveWhatIsNotThere) {
+  EXPECT_EQ(Play("remove nofile\nat 2s quit\n").problems,
+            Lines{"cannot be done at 0 ms: nofile goes: File not found ( C:\\Orvenza\\nofile )"});
+  EXPECT_EQ(
+      Play("at 1s remove none\\a.txt\nat 2s quit\n").problems,
+      Lines{"cannot be done at 1000 ms: none\\a.txt goes: Path not found ( C:\\Orvenza\\none\\a.txt )"});
+}
+
+TEST(Rehearsal, NamesDeedsThatTheEndCameBefore) {
+  const RehearsalOutcome outcome =
+      Play("at 90s ticket b.txt\nat 2s quit\nat 3s session ends\nat 1s folder x\n");
+  EXPECT_TRUE(outcome.ended);
+  EXPECT_EQ(outcome.problems, (Lines{"the connector has ended before 90000 ms: data\\b.txt comes",
+                                     "the connector has ended before 3000 ms: the session ends"}));
+}
+
 TEST(Rehearsal, NamesWhatDidNotComeTrue) {
   const RehearsalOutcome outcome = Play(std::string(kReceipt) +
                                         "at 5s quit\n"
@@ -129,7 +145,7 @@ Scenario UntilPrinted(const std::string& faults, DeedKind kind) {
 TEST(Rehearsal, EndsTheConnectorOnceEverythingIsPrinted) {
   const RehearsalOutcome outcome = Rehearse(UntilPrinted("", DeedKind::kSessionEnds));
   EXPECT_TRUE(outcome.ended);
-  EXPECT_EQ(outcome.problems, Lines{});
+  EXPECT_EQ(outcome.problems, Lines{"the connector has ended before 5000 ms: the session ends"});
   EXPECT_EQ(outcome.receipts.size(), 1u);
   EXPECT_LT(outcome.events.back().at, std::chrono::seconds(5));
 }

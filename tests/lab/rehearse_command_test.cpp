@@ -94,6 +94,16 @@ TEST_F(RehearseCommandTest, KeepsTheShopInANewFolderHere) {
   EXPECT_EQ(disk.Content("C:\\work\\rehearsal-2\\drive-D\\cassa\\nota.txt"), "x\r\n");
 }
 
+TEST_F(RehearseCommandTest, KeepsNothingOutsideTheFolder) {
+  disk.Put("C:\\work\\day.scenario",
+           std::string("setting [Database] HistoricTickets = C:\\Orvenza\\..\\..\\..\\storico\n") + kDay);
+  EXPECT_EQ(Run({"day.scenario", "--folder", "shop"}), 0) << err.str();
+  EXPECT_TRUE(disk.Content("C:\\work\\shop\\drive-C\\storico\\1.txt"));
+  for (const std::string& path : disk.Paths()) {
+    EXPECT_TRUE(path.starts_with("C:\\work\\shop\\") || path == "C:\\work\\day.scenario") << path;
+  }
+}
+
 TEST_F(RehearseCommandTest, KeepsTheShopInAFolderOfTheUser) {
   disk.MakeFolder("C:\\work\\shop");
   EXPECT_EQ(Run({"day.scenario", "--folder", "shop"}), 0);

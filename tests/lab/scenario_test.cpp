@@ -177,6 +177,8 @@ TEST(Scenario, RefusesALineThatItCannotRead) {
       {"file", "day:1: expected a path, below the program folder or with its drive"},
       {"file \"\"", "day:1: expected a path, below the program folder or with its drive"},
       {"file what?.txt", "day:1: expected a path, below the program folder or with its drive"},
+      {"ticket ../../x.txt", "day:1: expected a path without \"..\""},
+      {"expect file D:\\..", "day:1: expected a path without \"..\""},
       {"| text", "day:1: expected \"file\" or \"ticket\" before its lines"},
       {"ticket a.txt\nlimit 1s\n| text", "day:3: expected \"file\" or \"ticket\" before its lines"},
       {"ticket a.txt\n| \xE4\xB8\xAD",

@@ -226,11 +226,24 @@ TEST_F(VirtualDiskTest, TellsWhatTheProgramDoesAndNothingElse) {
                          "6 sub ", "7 sub bus"}));
 }
 
+TEST_F(VirtualDiskTest, CannotDeleteWhatIsNotThere) {
+  EXPECT_EQ(Failure([&] { disk.Delete("C:\\shop\\none"); }), 53);
+  EXPECT_EQ(Failure([&] { disk.Delete("C:\\none\\a.txt"); }), 76);
+}
+
+TEST_F(VirtualDiskTest, GoesUpALevelButNeverAboveTheDrive) {
+  disk.Put("C:\\shop\\.\\in\\..\\..\\..\\..\\a.txt", "1");
+  EXPECT_EQ(disk.Content("C:\\a.txt"), "1");
+  EXPECT_EQ(disk.Content("C:\\..\\shop/../a.txt"), "1");
+  disk.Put("C:\\..b\\c.txt", "2");
+  EXPECT_EQ(disk.Content("C:\\..b\\c.txt"), "2");
+  EXPECT_EQ(disk.Content("C:\\c.txt"), std::nullopt);
+}
+
 TEST_F(VirtualDiskTest, DeletesAFolderWithAllThatIsInIt) {
   disk.Put("C:\\shop\\in\\a.txt", "");
   disk.Put("C:\\shop\\inn.txt", "");
   disk.Delete("C:\\shop\\in");
-  disk.Delete("C:\\shop\\none");
   EXPECT_EQ(disk.Paths(), Lines{"C:\\shop\\inn.txt"});
   EXPECT_FALSE(folders.Exists("C:\\shop\\in"));
 }
