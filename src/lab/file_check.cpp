@@ -86,7 +86,7 @@ void FileCheck::CheckLines(LineReader& reader) {
 
 void FileCheck::CheckLine(const std::string& line, std::uint64_t number, bool wasCut) {
   if (wasCut) {
-    check_.Skip();
+    check_.Skip(line, findings_);
     findings_.push_back(
         {true, "line-too-long", TicketFinding::kWholeLine,
          "the line is longer than " + std::to_string(kLongestLine) + " bytes and not looked at"});

@@ -51,6 +51,18 @@ Effect EffectOf(std::string_view code) {
   return row != std::end(kRows) && row->code == code ? row->effect : Effect::kNone;
 }
 
+/// What of an effect needs a receipt to act on; "" for the others.
+std::string_view NameOf(Effect effect) {
+  switch (effect) {
+    case Effect::kTakeBack: return "an item is taken back";
+    case Effect::kChangeItem:
+    case Effect::kChangeTotal: return "a discount or surcharge";
+    case Effect::kPay: return "a payment";
+    case Effect::kVoid: return "a total void";
+    default: return {};
+  }
+}
+
 }  // namespace
 
 void ReceiptWatch::Follow(const std::string& command, TicketFindings& findings) {
@@ -59,6 +71,8 @@ void ReceiptWatch::Follow(const std::string& command, TicketFindings& findings) 
   const Effect effect = EffectOf(fields.Code());
   if (effect == Effect::kSell) BeginSale(findings);
   if (effect == Effect::kOpenDocument) documentOpen_ = true;
+  // A void at the beginning may be meant for a receipt that another ticket left open.
+  if (effect != Effect::kVoid || anyEnded_) FindNoReceipt(NameOf(effect), findings);
   if (effect == Effect::kVoid) Void();
   if (effect == Effect::kCloseDocument && documentOpen_) EndReceipt();
   if (!receipt_) return;
@@ -81,41 +95,52 @@ void ReceiptWatch::Follow(const std::string& command, TicketFindings& findings) 
     return;
   }
   // What the register refuses is told by the register. From here on the sums say nothing.
-  if (!fields.Complete() || !refused.empty()) sumKnown_ = false;
+  if (!fields.Complete() || !refused.empty()) sumKnown_ = allKnown_ = false;
   if (receipt_->Paid()) EndReceipt();
 }
 
 void ReceiptWatch::Miss(std::string_view type) {
+  allKnown_ = false;
   if (!receipt_ && !documentOpen_) return;
   sumKnown_ = false;
   if (type.empty() || IsClosingType(type) || type == "14" || type == "31") endKnown_ = false;
 }
 
-void ReceiptWatch::End(TicketFindings& findings) {
+void ReceiptWatch::End(std::string_view where, TicketFindings& findings) {
   if (!endKnown_) return;
   if (documentOpen_) {
-    findings.push_back({false, "receipt-open", TicketFinding::kWholeLine,
-                        "the file ends, but the document that type 29 opened is not closed by type 31"});
+    findings.push_back(
+        {false, "receipt-open", TicketFinding::kWholeLine,
+         std::string(where) + ", but the document that type 29 opened is not closed by type 31"});
   } else if (receipt_ && receipt_->Paying()) {
-    FindUnpaid(findings);
+    FindUnpaid(where, findings);
   } else if (receipt_) {
-    findings.push_back({false, "receipt-open", TicketFinding::kWholeLine,
-                        "the file ends, but its receipt is not closed by a payment (type 2, 5, 14 or 15)"});
+    findings.push_back(
+        {false, "receipt-open", TicketFinding::kWholeLine,
+         std::string(where) + ", but its receipt is not closed by a payment (type 2, 5, 14 or 15)"});
   }
 }
 
 void ReceiptWatch::BeginSale(TicketFindings& findings) {
   if (receipt_ && receipt_->Paying()) {
-    FindUnpaid(findings);
+    FindUnpaid("another begins here", findings);
     EndReceipt();
   }
   if (receipt_) return;
   receipt_.emplace();
-  if (!anyEnded_ || severalReceipts_) return;
+  if (!anyEnded_) return;
   findings.push_back(
       {false, "second-receipt", TicketFinding::kWholeLine,
-       "a second receipt begins here, but \"File Parser\" is off: if one of the file's lines fails, "
-       "receipts already printed may be printed again"});
+       "a second receipt begins here, but \"File Parser\" does not split the file before it: if one of the "
+       "file's lines fails, receipts already printed may be printed again"});
+}
+
+void ReceiptWatch::FindNoReceipt(std::string_view what, TicketFindings& findings) const {
+  if (what.empty() || receipt_ || documentOpen_ || !allKnown_) return;
+  findings.push_back(
+      {false, "no-receipt", TicketFinding::kWholeLine,
+       std::string(what) + ", but " +
+           (anyEnded_ ? "the receipt before it is complete" : "nothing was sold before it in its ticket")});
 }
 
 void ReceiptWatch::Void() {
@@ -131,12 +156,12 @@ void ReceiptWatch::EndReceipt() {
   endKnown_ = true;
 }
 
-void ReceiptWatch::FindUnpaid(TicketFindings& findings) const {
+void ReceiptWatch::FindUnpaid(std::string_view where, TicketFindings& findings) const {
   if (!sumKnown_) return;
   const std::int64_t due = receipt_->Due();
   findings.push_back({false, "not-paid", TicketFinding::kWholeLine,
-                      "the payments do not cover the receipt: of " + FormatCents(receipt_->Total()) +
-                          " still " + FormatCents(due) + " is due"});
+                      std::string(where) + ", but the payments do not cover the receipt: of " +
+                          FormatCents(receipt_->Total()) + " still " + FormatCents(due) + " is due"});
 }
 
 }  // namespace orvenza

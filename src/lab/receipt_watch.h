@@ -2,19 +2,17 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "lab/line_findings.h"
 #include "simulator/receipt.h"
 
 namespace orvenza {
 
-/// Follows the commands of one ticket file and tells where its receipts do not end as they should. It counts
-/// as the simulated register does.
+/// Follows the commands of one ticket, a file or a part of one, and tells where its receipts do not begin or
+/// end as they should. It counts as the simulated register does.
 class ReceiptWatch {
  public:
-  /// `severalReceipts`: the file is split before it is printed, so it may hold more than one.
-  explicit ReceiptWatch(bool severalReceipts) : severalReceipts_(severalReceipts) {}
-
   /// A valid line and its command.
   void Follow(const std::string& command, TicketFindings& findings);
 
@@ -22,20 +20,21 @@ class ReceiptWatch {
   /// may have been its end, nor is whether it is closed.
   void Miss(std::string_view type);
 
-  /// The end of the file.
-  void End(TicketFindings& findings);
+  /// The end of the ticket, which `where` names: "the file ends".
+  void End(std::string_view where, TicketFindings& findings);
 
  private:
+  void FindNoReceipt(std::string_view what, TicketFindings& findings) const;
   void BeginSale(TicketFindings& findings);
   void Void();
   void EndReceipt();
-  void FindUnpaid(TicketFindings& findings) const;
+  void FindUnpaid(std::string_view where, TicketFindings& findings) const;
 
-  bool severalReceipts_;
   std::optional<Receipt> receipt_;
   bool documentOpen_ = false;
   bool anyEnded_ = false;
   bool sumKnown_ = true;
+  bool allKnown_ = true;  // of every receipt so far
   bool endKnown_ = true;
 };
 

@@ -24,14 +24,23 @@ TicketCheck::TicketCheck(CheckRules rules, const Files& files, Clock& clock)
       silence_(noFiles_, clock, rules_.settings, {}),
       translator_(rules_.identity, rules_.settings, files, silence_),
       knownTypes_(KnownTypes()),
-      watch_(rules_.settings.FileParser) {}
+      boundary_(rules_.settings.SeparatorChar) {}
 
-void TicketCheck::BeginFile() { watch_ = ReceiptWatch(rules_.settings.FileParser); }
+void TicketCheck::BeginFile() {
+  boundary_ = TicketBoundary(rules_.settings.SeparatorChar);
+  watch_ = ReceiptWatch();
+}
+
+void TicketCheck::Skip(std::string_view beginning, TicketFindings& findings) {
+  FollowParser(beginning, findings);
+  watch_.Miss({});
+}
 
 const std::string& TicketCheck::Check(std::string_view line, TicketFindings& findings) {
   command_.clear();
   SplitRecord(line, rules_.settings.SeparatorChar, fields_);
   if (fields_.IsEmpty()) return command_;
+  FollowParser(line, findings);
   if (fields_.Count() == 0) {
     FindNoFields(findings);
     watch_.Miss({});
@@ -39,6 +48,7 @@ const std::string& TicketCheck::Check(std::string_view line, TicketFindings& fin
   }
   notes_.clear();
   command_ = translator_.TranslateRecord(fields_, &notes_);
+  FindHiddenType(line, findings);
   FindInValues(line, fields_, notes_, findings);
   if (IsUnknownType()) {
     const std::string meant = TypeMeant();
@@ -51,6 +61,20 @@ const std::string& TicketCheck::Check(std::string_view line, TicketFindings& fin
     watch_.Follow(command_, findings);
   }
   return command_;
+}
+
+void TicketCheck::FollowParser(std::string_view line, TicketFindings& findings) {
+  if (!rules_.settings.FileParser || !boundary_.Begins(line)) return;
+  watch_.End("\"File Parser\" splits the file before this line", findings);
+  watch_ = ReceiptWatch();
+}
+
+void TicketCheck::FindHiddenType(std::string_view line, TicketFindings& findings) const {
+  if (!rules_.settings.FileParser || !IsClosingType(fields_[0]) || boundary_.TypeOf(line) == fields_[0])
+    return;
+  findings.push_back({false, "hidden-type", 0,
+                      "what stands before the type hides it from \"File Parser\", which does not take this "
+                      "line for the end of a receipt"});
 }
 
 void TicketCheck::FindNoFields(TicketFindings& findings) const {

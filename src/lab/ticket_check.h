@@ -12,6 +12,7 @@
 #include "lab/receipt_watch.h"
 #include "platform/clock.h"
 #include "platform/files.h"
+#include "tickets/ticket_boundary.h"
 #include "tickets/translation.h"
 
 namespace orvenza {
@@ -37,13 +38,15 @@ class TicketCheck {
   /// Takes the next line of the file. Its command, as the connector translates it; "" where it is none.
   const std::string& Check(std::string_view line, TicketFindings& findings);
 
-  /// The next line of the file cannot be looked at.
-  void Skip() { watch_.Miss({}); }
+  /// Takes the next line of the file, of which nothing but the beginning is known.
+  void Skip(std::string_view beginning, TicketFindings& findings);
 
   /// The file is over.
-  void EndFile(TicketFindings& findings) { watch_.End(findings); }
+  void EndFile(TicketFindings& findings) { watch_.End("the file ends", findings); }
 
  private:
+  void FollowParser(std::string_view line, TicketFindings& findings);
+  void FindHiddenType(std::string_view line, TicketFindings& findings) const;
   void FindNoFields(TicketFindings& findings) const;
   std::string KnownTypes() const;
   std::string TypeMeant() const;
@@ -55,6 +58,7 @@ class TicketCheck {
   Journals silence_;
   RecordTranslator translator_;
   std::string knownTypes_;
+  TicketBoundary boundary_;
   ReceiptWatch watch_;
   RecordFields fields_;
   TranslationNotes notes_;

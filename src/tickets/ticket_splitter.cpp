@@ -7,28 +7,10 @@
 #include "platform/system_error.h"
 #include "tickets/line_reader.h"
 #include "tickets/record.h"
+#include "tickets/ticket_boundary.h"
 
 namespace orvenza {
 namespace {
-
-/// Follows the lines of a file and says where the next ticket begins: at the first line after a closing
-/// section that does not belong to it.
-class TicketBoundary {
- public:
-  explicit TicketBoundary(char separator) : separator_(separator) {}
-
-  /// True when `line` is the first of another ticket.
-  bool Begins(std::string_view line) {
-    const std::string_view type = line.substr(0, line.find(separator_));
-    const bool begins = closing_ && !IsClosingType(type) && type != "14";
-    closing_ = begins ? false : closing_ || IsClosingType(type);
-    return begins;
-  }
-
- private:
-  char separator_;
-  bool closing_ = false;
-};
 
 /// Lines without any text, such as the lone character 26 that old programs leave at the end of a file.
 bool IsEmptyLine(std::string_view line) {

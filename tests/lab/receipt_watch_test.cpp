@@ -80,14 +80,15 @@ TEST(ReceiptWatch, MissesMoney) {
 }
 
 TEST(ReceiptWatch, SaysWhatIsMissing) {
-  ReceiptWatch watch(false);
+  ReceiptWatch watch;
   TicketFindings findings;
   const std::string zone(40, ' ');
   watch.Follow("100301" + zone + "Pane            0001000100000150001", findings);
   watch.Follow("103601000001000", findings);
-  watch.End(findings);
+  watch.End("the file ends", findings);
   ASSERT_EQ(findings.size(), 1U);
-  EXPECT_EQ(findings[0].text, "the payments do not cover the receipt: of 15,00 still 5,00 is due");
+  EXPECT_EQ(findings[0].text,
+            "the file ends, but the payments do not cover the receipt: of 15,00 still 5,00 is due");
   EXPECT_FALSE(findings[0].isError);
 }
 
@@ -97,6 +98,63 @@ TEST(ReceiptWatch, FindsASecondReceiptUnlessTheFileIsSplit) {
   EXPECT_EQ(FindingsOf(two, true), "");
   EXPECT_EQ(FindingsOf({kItem10, "4;1;", kItem10, kPay10}), "second-receipt@3");
   EXPECT_EQ(FindingsOf({"29;1;", "31;1;", kItem10, kPay10}), "second-receipt@3");
+}
+
+TEST(ReceiptWatch, FindsAnUnfinishedReceiptThatFileParserCutsInTwo) {
+  EXPECT_EQ(FindingsOf({kItem10, "2;1;500;", "23;Grazie;1;", "2;1;500;"}, true), "not-paid@3 no-receipt@4");
+  EXPECT_EQ(FindingsOf({kItem10, "2;1;500;", "23;Grazie;1;", "2;1;500;"}), "");
+  EXPECT_EQ(FindingsOf({"29;1;", "2;1;500;", "30;1;1;Testo;"}, true), "receipt-open@3");
+  EXPECT_EQ(FindingsOf({kItem10, "2;1;500;", "2;1;500;"}, true), "") << "closing lines stay together";
+  EXPECT_EQ(FindingsOf({kItem10, "2;1;500;", "", "14;500;1;3;;0;"}, true), "");
+}
+
+TEST(ReceiptWatch, FindsASecondReceiptThatFileParserDoesNotSplit) {
+  const std::string_view paidBy14 = "14;1000;1;3;;0;";
+  EXPECT_EQ(FindingsOf({kItem10, paidBy14, kItem10, paidBy14}, true), "second-receipt@3");
+  EXPECT_EQ(FindingsOf({"29;1;", "31;1;", kItem10, kPay10}, true), "second-receipt@3");
+}
+
+TEST(ReceiptWatch, FindsAClosingTypeThatFileParserDoesNotSee) {
+  EXPECT_EQ(FindingsOf({kItem10, " 2;1;1000;", kItem10, kPay10}, true), "hidden-type@2 second-receipt@3");
+  EXPECT_EQ(FindingsOf({"\xEF\xBB\xBF"
+                        "4;1;"},
+                       true),
+            "hidden-type@1");
+  EXPECT_EQ(FindingsOf({kItem10, " 2;1;1000;"}), "") << "nothing looks for it when off";
+  EXPECT_EQ(FindingsOf({" 1;Pane;1,0;1000;1;;;1;;", kPay10}, true), "");
+}
+
+TEST(ReceiptWatch, MissesAReceiptThatALineNeeds) {
+  const Lines kWithout[] = {
+      {kPay10, "20;1;"},  // a payment alone
+      {"5;2;1;;;700;"},
+      {"3;Mele;199;3;;;1;;0,750;"},
+      {"9;Pane;1000;1;;1;;;1,0;"},
+      {"1;1;1;;100;;;;-1;"},
+      {"6;3;1;1000;"},
+      {"7;1;1;100;"},
+  };
+  for (const Lines& lines : kWithout) EXPECT_EQ(FindingsOf(lines), "no-receipt@1") << lines[0];
+  EXPECT_EQ(FindingsOf({kItem10, "14;1000;1;1;x;1;", "14;1000;1;1;x;1;", "2;1;0;"}),
+            "no-receipt@3 no-receipt@4");
+  EXPECT_EQ(FindingsOf({kItem10, kPay10, "4;1;"}), "no-receipt@3");
+  EXPECT_EQ(FindingsOf({kItem10, kPay10, "7;1;1;100;sconto;1;"}), "no-receipt@3");
+}
+
+TEST(ReceiptWatch, DoesNotMissAReceiptThatMayBeThere) {
+  EXPECT_EQ(FindingsOf({"4;1;"}), "") << "it may end what another file began";
+  EXPECT_EQ(FindingsOf({"1;Pane;x;1000;1;;;1;;", kPay10}), "not-digits@1");
+  EXPECT_EQ(FindingsOf({kItem10, "1;Pane;x;1000;1;;;1;;", kPay10, kPay10}), "not-digits@2");
+  EXPECT_EQ(FindingsOf({kItem10, "9;Pane;5000;1;;1;;;1,0;", kPay10, kPay10}), "");
+  EXPECT_EQ(FindingsOf({"29;1;", kPay10, "31;1;"}), "");
+}
+
+TEST(ReceiptWatch, SaysWhatNeedsAReceipt) {
+  ReceiptWatch watch;
+  TicketFindings findings;
+  watch.Follow("103601000001000", findings);
+  ASSERT_EQ(findings.size(), 1U);
+  EXPECT_EQ(findings[0].text, "a payment, but nothing was sold before it in its ticket");
 }
 
 TEST(ReceiptWatch, KnowsNoSumsBehindAnInvalidLine) {

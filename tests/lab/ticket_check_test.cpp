@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "device/logo_files.h"
@@ -10,7 +11,8 @@
 namespace orvenza::test {
 namespace {
 
-/// A check of lines with ";" as separator and an unknown register, where nothing else is said.
+/// A check of lines within a receipt, with ";" as separator and an unknown register, where nothing else is
+/// said.
 class TicketCheckTest : public ::testing::Test {
  protected:
   TicketCheckTest() { rules.settings.SeparatorChar = ';'; }
@@ -33,11 +35,19 @@ class TicketCheckTest : public ::testing::Test {
   LogoFiles files;
 
  private:
+  std::string Item() const {
+    std::string item = "1;Pane;1,0;1000;1;;;1;;.";  // closed by more than a separator that may be a blank
+    std::replace(item.begin(), item.end(), ';', rules.settings.SeparatorChar);
+    return item;
+  }
+
   std::string Check(std::string_view line, TicketFindings* findings) {
     VirtualClock clock;
     TicketFindings ignored;
     TicketCheck check(rules, files, clock);
     check.BeginFile();
+    check.Check(Item(), ignored);
+    ignored.clear();
     return check.Check(line, findings == nullptr ? ignored : *findings);
   }
 };

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string_view>
+
+#include "tickets/record.h"
+
+namespace orvenza {
+
+/// Follows the lines of a file as they stand in it, empty ones left out, and says where "File Parser" begins
+/// another ticket: at the first line after a closing section that does not belong to it.
+class TicketBoundary {
+ public:
+  explicit TicketBoundary(char separator) : separator_(separator) {}
+
+  /// The type of a line as a boundary reads it: a blank before it, which the translation drops, counts here.
+  std::string_view TypeOf(std::string_view line) const { return line.substr(0, line.find(separator_)); }
+
+  /// Takes the next line; true when it is the first of another ticket.
+  bool Begins(std::string_view line) {
+    const std::string_view type = TypeOf(line);
+    const bool begins = closing_ && !IsClosingType(type) && type != "14";
+    closing_ = begins ? false : closing_ || IsClosingType(type);
+    return begins;
+  }
+
+ private:
+  char separator_;
+  bool closing_ = false;
+};
+
+}  // namespace orvenza
