@@ -224,6 +224,10 @@ void Till::AwaitStart() const {
   Await("the identity of the register", [&] { return shop_.Journal("Log.txt").size() == 2; });
 }
 
+void Till::AwaitArchived(const std::string& name, const std::string& content) const {
+  Await(name.c_str(), [&] { return shop_.folder.Read("storico\\" + name) == content; });
+}
+
 void Till::TellIcon(LPARAM mouseMessage) const { PostMessageW(Picture1(), kIconMessage, 1, mouseMessage); }
 
 HWND Till::MenuNow() const {

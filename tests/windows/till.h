@@ -83,6 +83,8 @@ class Till {
   void AwaitIcon() const;
   /// Waits until tickets are taken: an undisturbed start has its two lines in the journal.
   void AwaitStart() const;
+  /// Waits until a ticket of this content lies in the historic folder as `name`.
+  void AwaitArchived(const std::string& name, const std::string& content) const;
 
   /// The shell tells of the mouse on the icon, and does not wait for what comes of it.
   void TellIcon(LPARAM mouseMessage) const;
