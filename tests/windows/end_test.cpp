@@ -65,6 +65,34 @@ TEST(End, ComesWhileAnyDialogWaits) {
   }
 }
 
+void EndSession(const Till& till) { SendMessageW(till.SessionWindow(), WM_ENDSESSION, TRUE, 0); }
+
+struct EarlyDialog {
+  const char* script;
+  bool withSettings;
+  const wchar_t* form;
+};
+
+/// The menu is the icon's, so there is none yet.
+const EarlyDialog kEarlyDialogs[] = {
+    {"", false, window_class::kOrvConf},
+    {"port-fails 9\n", true, window_class::kOrvMsg},
+};
+
+TEST(End, ComesWhileADialogWaitsBeforeThereIsAnIcon) {
+  for (const auto& end : {CloseMainForm, EndSession}) {
+    for (const auto& [script, withSettings, form] : kEarlyDialogs) {
+      const Shop shop(script, withSettings);
+      const Till till(shop);
+      till.Form(form);
+      EXPECT_FALSE(till.HasIcon());
+      end(till);
+      till.ExpectEnd();
+      EXPECT_TRUE(shop.folder.Read("Orvenza.ini").starts_with("[Version]\r\nVersion=1.06\r\n"));
+    }
+  }
+}
+
 TEST(End, ComesWhileACommandIsOutAndKeepsTheTicket) {
   const Shop shop;
   const Control control(shop.folder, "on 1004 silence\n");
@@ -82,10 +110,9 @@ TEST(End, LeavesNoIconBehind) {
   const Shop shop;
   const Till till(shop);
   till.AwaitStart();
-  const HWND picture = till.Picture1();
+  EXPECT_TRUE(till.HasIcon());
   ExitByMenu(till);
   till.ExpectEnd();
-  EXPECT_FALSE(IsWindow(picture));
 }
 
 TEST(End, ComesWithTheSession) {
