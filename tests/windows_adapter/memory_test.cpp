@@ -1,0 +1,42 @@
+// Texts that go to the control and come from it are freed.
+
+#include "windows_adapter/standin_bench.h"
+// After <windows.h>.
+#include <psapi.h>
+
+namespace orvenza::test {
+namespace {
+
+/// Texts of 2 kB each: those of a single call for each round would come to 20 MB.
+constexpr int kRounds = 10000;
+constexpr std::size_t kLength = 1000;
+constexpr SIZE_T kMemorySlack = 4 * 1024 * 1024;
+
+SIZE_T CommittedBytes() {
+  PROCESS_MEMORY_COUNTERS counters{};
+  GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+  return counters.PagefileUsage;
+}
+
+using AdapterMemory = StandInBench;
+
+TEST_F(AdapterMemory, DoesNotGrowWithTheCommands) {
+  const std::string text(kLength, 'x');
+  adapter->SetMessage(text);
+  const SIZE_T before = CommittedBytes();
+  for (int i = 0; i < kRounds; ++i) adapter->SetMessage(text);
+  EXPECT_LE(CommittedBytes(), before + kMemorySlack);
+}
+
+TEST_F(AdapterMemory, DoesNotGrowWithTheReplies) {
+  Script("on 2001 reply " + std::string(kLength, 'y'));
+  Open();
+  Exchange("200101");
+  ASSERT_EQ(adapter->RxMessage(), std::string(kLength, 'y'));
+  const SIZE_T before = CommittedBytes();
+  for (int i = 0; i < kRounds; ++i) adapter->RxMessage();
+  EXPECT_LE(CommittedBytes(), before + kMemorySlack);
+}
+
+}  // namespace
+}  // namespace orvenza::test
