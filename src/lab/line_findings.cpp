@@ -8,6 +8,8 @@ namespace orvenza {
 namespace {
 
 constexpr std::size_t kShownCharacters = 40;
+/// Not printable, but no blank takes its place either: it separates
+constexpr char kUsualSeparator = 127;
 
 bool OnlyDigits(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -16,6 +18,9 @@ bool OnlyDigits(std::string_view text) {
 std::string_view WithoutLeadingZeros(std::string_view digits) {
   return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
 }
+
+/// Whether `digits` are none but zeros.
+bool IsZero(std::string_view digits) { return WithoutLeadingZeros(digits).empty(); }
 
 std::string Range(const ValueForm& form) {
   return std::to_string(form.lowest) + " to " + std::to_string(form.highest);
@@ -45,10 +50,11 @@ TicketFinding Rejected(std::string_view field, const ValueForm& form) {
   if (text.empty()) return {true, "empty", 0, "a value is missing; " + Accepted(form)};
   if (form.kind == ValueKind::kQuantity) {
     if (OnlyDigits(text)) {
+      const std::string proposal =
+          IsZero(text) ? "" : "; write " + std::string(text) + ",000 for " + std::string(text);
       return {true, "quantity-short", 0,
-              quoted +
-                  " has neither comma nor point, so it counts thousandths and needs three digits; write " +
-                  std::string(text) + ",000 for " + std::string(text)};
+              quoted + " has neither comma nor point, so it counts thousandths and needs three digits" +
+                  proposal};
     }
     if (text.find_first_not_of("0123456789,.") == std::string_view::npos) {
       return {true, "quantity-separators", 0, quoted + " has more than one separator; " + Accepted(form)};
@@ -66,13 +72,23 @@ bool LosesDecimals(std::string_view quantity) {
          quantity.find_first_not_of('0', point + 4) != std::string_view::npos;
 }
 
-/// Whether digits that count are cut from the front of `text`.
-bool LosesDigits(std::string_view text, const ValueForm& form) {
-  return WithoutLeadingZeros(text).size() > static_cast<std::size_t>(form.width);
-}
-
 std::string SentAs(std::string_view text, std::string_view sent) {
   return QuotedBytes(text) + " is sent as " + QuotedBytes(sent);
+}
+
+/// What an accepted value of ValueKind::kDigits, sent as `sent`, loses or changes on its way.
+void FindInDigits(std::string_view text, const ValueForm& form, std::string_view sent, int number,
+                  TicketFindings& findings) {
+  const auto width = static_cast<std::size_t>(form.width);
+  if (WithoutLeadingZeros(text).size() > width) {
+    const std::string_view last = Right(text, width);
+    findings.push_back(
+        {false, "digits-lost", number,
+         SentAs(text, sent) + ": only the last " + std::to_string(width) + " digits count" +
+             (last == sent ? "" : ", and " + QuotedBytes(last) + " is outside " + Range(form))});
+  } else if (WithoutLeadingZeros(text) != WithoutLeadingZeros(sent)) {
+    findings.push_back({false, "clamped", number, SentAs(text, sent) + ": outside " + Range(form)});
+  }
 }
 
 /// What an accepted number loses or changes on its way; nothing for most.
@@ -90,13 +106,10 @@ void FindInNumber(std::string_view field, const ValueForm& form, const std::stri
   if (form.kind == ValueKind::kQuantity && LosesDecimals(text)) {
     warn("decimals-lost", SentAs(text, sent) + ", in thousandths: only three decimals count");
   }
-  if (form.kind != ValueKind::kDigits) return;
-  if (LosesDigits(text, form)) {
-    warn("digits-lost",
-         SentAs(text, sent) + ": only the last " + std::to_string(form.width) + " digits count");
-  } else if (WithoutLeadingZeros(text) != WithoutLeadingZeros(sent)) {
-    warn("clamped", SentAs(text, sent) + ": outside " + Range(form));
+  if (form.kind == ValueKind::kQuantity && IsZero(sent)) {
+    warn("quantity-zero", QuotedBytes(text) + " is a quantity of 0");
   }
+  if (form.kind == ValueKind::kDigits) FindInDigits(text, form, sent, number, findings);
 }
 
 std::size_t CountBlanked(std::string_view bytes) {
@@ -116,6 +129,13 @@ void FindInText(std::string_view raw, std::string_view field, const ValueForm& f
                             std::to_string(blanked) +
                             (blanked == 1 ? " byte that is no printable ASCII becomes a blank"
                                           : " bytes that are no printable ASCII become blanks")});
+  }
+  if (raw.substr(0, width).find(kUsualSeparator) != std::string_view::npos) {
+    findings.push_back(
+        {false, "character-127", number,
+         QuotedBytes(raw) +
+             " holds the character 127, which is sent as it is and cannot be printed; it is the "
+             "separator of a new installation"});
   }
   if (field.size() > width && !Trim(field.substr(width)).empty()) {
     findings.push_back({false, "text-cut", number,
@@ -155,7 +175,22 @@ void FindInReplaced(std::string_view field, const FieldNote& note, TicketFinding
   const std::string_view text = Trim(field);
   if (text.empty() || (OnlyDigits(text) && LeadingInteger(text) == LeadingInteger(note.text))) return;
   findings.push_back({false, "replaced", static_cast<int>(note.field),
-                      SentAs(text, note.text) + (note.form.width > 0 ? "; " + Accepted(note.form) : "")});
+                      SentAs(text, note.text) + "; " + Accepted(note.form)});
+}
+
+TicketFinding NoLogo(std::string_view field, int number) {
+  if (Trim(field).empty()) {
+    return {true, "empty", number, "a value is missing; accepted: the full path of a bitmap file"};
+  }
+  return {true, "no-logo", number,
+          QuotedBytes(field) + " is, as seen from here, no bitmap that the register can store as its logo"};
+}
+
+/// Whether the notes tell which fields the record's command has a place for.
+bool CommandIsChosen(const TranslationNotes& notes) {
+  return std::none_of(notes.begin(), notes.end(), [](const FieldNote& note) {
+    return note.kind == FieldNote::Kind::kUnknownType || note.kind == FieldNote::Kind::kNoSuchChoice;
+  });
 }
 
 }  // namespace
@@ -181,6 +216,7 @@ void FindInValues(std::string_view line, const RecordFields& fields, const Trans
     switch (note.kind) {
       case FieldNote::Kind::kFormatted: FindInValue(line, fields, note, findings); break;
       case FieldNote::Kind::kReplaced: FindInReplaced(field, note, findings); break;
+      case FieldNote::Kind::kRead: break;
       case FieldNote::Kind::kUnknownType:
         findings.push_back({true, "unknown-type", number, "there is no record type " + QuotedBytes(field)});
         break;
@@ -188,12 +224,21 @@ void FindInValues(std::string_view line, const RecordFields& fields, const Trans
         findings.push_back({true, "no-choice", number,
                             QuotedBytes(field) + " is no alternative; accepted: " + std::string(note.text)});
         break;
-      case FieldNote::Kind::kNoLogo:
-        findings.push_back({true, "no-logo", number,
-                            QuotedBytes(field) +
-                                " is, as seen from here, no bitmap that the register can store as its logo"});
-        break;
+      case FieldNote::Kind::kNoLogo: findings.push_back(NoLogo(field, number)); break;
     }
+  }
+}
+
+void FindInUnusedFields(const RecordFields& fields, const TranslationNotes& notes, TicketFindings& findings) {
+  if (!CommandIsChosen(notes)) return;
+  for (std::size_t field = 1; field < fields.Count(); ++field) {
+    // Numbers may choose the command, or fill a field that others of the type need.
+    const bool holdsText = fields[field].find_first_not_of(" 0123456789+-,.") != std::string_view::npos;
+    const bool isUsed = std::any_of(notes.begin(), notes.end(),
+                                    [field](const FieldNote& note) { return note.field == field; });
+    if (!holdsText || isUsed) continue;
+    findings.push_back({false, "unused-text", static_cast<int>(field),
+                        QuotedBytes(fields[field]) + " is lost: the command has no place for this field"});
   }
 }
 

@@ -31,6 +31,9 @@ std::string QuotedBytes(std::string_view bytes);
 void FindInValues(std::string_view line, const RecordFields& fields, const TranslationNotes& notes,
                   TicketFindings& findings);
 
+/// Adds what is to be said about text in fields that the record's command has no place for.
+void FindInUnusedFields(const RecordFields& fields, const TranslationNotes& notes, TicketFindings& findings);
+
 /// Adds what is to be said about text that is in no field.
 void FindBehindFields(const RecordFields& fields, char separator, TicketFindings& findings);
 

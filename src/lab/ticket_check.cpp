@@ -50,6 +50,7 @@ const std::string& TicketCheck::Check(std::string_view line, TicketFindings& fin
   command_ = translator_.TranslateRecord(fields_, &notes_);
   FindHiddenType(line, findings);
   FindInValues(line, fields_, notes_, findings);
+  FindInUnusedFields(fields_, notes_, findings);
   if (IsUnknownType()) {
     const std::string meant = TypeMeant();
     findings.back().text += meant.empty() ? "; known are " + knownTypes_ : "; write '" + meant + "'";

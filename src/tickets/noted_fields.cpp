@@ -18,8 +18,8 @@ std::string NotedFields::Text(std::size_t field, int width, int sent) const {
   return FmtText(fields_[field], width);
 }
 
-std::string_view NotedFields::Replace(std::size_t field, std::string_view sent) const {
-  Note({FieldNote::Kind::kReplaced, field, {}, sent});
+std::string_view NotedFields::Replace(std::size_t field, const ValueForm& form, std::string_view sent) const {
+  Note({FieldNote::Kind::kReplaced, field, form, sent});
   return sent;
 }
 

@@ -13,9 +13,10 @@ namespace orvenza {
 /// What the translation asked of one field of a record.
 struct FieldNote {
   enum class Kind {
-    kFormatted,    ///< It became a value of the command by `form`, which rejects it or not.
-    kReplaced,     ///< `text` is sent in place of what it holds, which `form`, where it has a width, rejects.
-    kUnknownType,  ///< Field 0: there is no such record type.
+    kFormatted,     ///< It became a value of the command by `form`, which rejects it or not.
+    kReplaced,      ///< `text` is sent in place of what it holds, which `form` rejects.
+    kRead,          ///< It was read, to choose a command or otherwise, but is no value of the command.
+    kUnknownType,   ///< Field 0: there is no such record type.
     kNoSuchChoice,  ///< It is none of the alternatives in `text`.
     kNoLogo,        ///< It names no bitmap that can be a logo.
   };
@@ -52,8 +53,14 @@ class NotedFields {
   std::string Text(std::size_t field, int width, int sent) const;
   std::string Text(std::size_t field, int width) const { return Text(field, width, width); }
 
-  /// `sent`, which stands in the command in place of the field's own value.
-  std::string_view Replace(std::size_t field, std::string_view sent) const;
+  /// `sent`, which stands in the command in place of the field's own value, which is none of `form`.
+  std::string_view Replace(std::size_t field, const ValueForm& form, std::string_view sent) const;
+
+  /// The field as it stands, where the command depends on it but does not hold it.
+  std::string_view Read(std::size_t field) const {
+    Note({FieldNote::Kind::kRead, field});
+    return fields_[field];
+  }
 
   /// Makes the record invalid: returns "". `accepted` is a literal.
   std::string Refuse(FieldNote::Kind kind, std::size_t field, std::string_view accepted = {}) const;

@@ -66,7 +66,7 @@ std::string Payment(Record f, With) {
 
 std::string Type5(Record f, With) {
   if (LeadingNumber(f[1]) == 0) {
-    return Join({"1045", f.Format(2, FmtNum2Max20), f.Replace(1, "00"), AmountOrZero(f, 5)});
+    return Join({"1045", f.Format(2, FmtNum2Max20), f.Replace(1, FmtNum2Upto10, "00"), AmountOrZero(f, 5)});
   }
   if (f[4] != "1")
     return Join({"1045", f.Format(2, FmtNum2Max20), f.Format(1, FmtNum2Upto10), AmountOrZero(f, 5)});
@@ -95,7 +95,7 @@ std::string Type8(Record f, With) {
 }
 
 std::string Type14(Record f, With) {
-  if (f[5] == "0")
+  if (f.Read(5) == "0")
     return Join({"1046", f.Format(2, FmtNum2Max20), f.Format(3, FmtNum2Range10), f.Format(1, FmtAmount9)});
   return Join({"1071", f.Format(2, FmtNum2Max20), f.Format(3, FmtNum2Range10), f.Text(4, 16),
                f.Format(1, FmtAmount9)});
@@ -121,7 +121,8 @@ std::string Type28(Record f, With) { return Join({"1058", f.Format(1, FmtNum2Max
 
 std::string Type30(Record f, With with) {
   const std::string digit = f.Format(2, FmtDigit0to5);
-  const std::string_view sent = LeadingNumber(digit) > 3 ? f.Replace(2, "3") : std::string_view(digit);
+  const std::string_view sent =
+      LeadingNumber(digit) > 3 ? f.Replace(2, FmtDigit0to3, "3") : std::string_view(digit);
   return Join({"1064", f.Format(1, FmtNum2Max20), sent, f.Text(3, RulesFor(with.identity).width30)});
 }
 
@@ -151,6 +152,8 @@ std::string Type32(Record f, With) {
 
 std::string Logo(Record f, With with) {
   const LogoRequest logo = LogoRequestOf(f.Record());
+  f.Read(1);
+  f.Read(2);
   const bool numbered = logo.number >= 1 && logo.number <= 99;
   if (!numbered) NoSuchChoice(f, 1, "1 to 99");
   if (!IsValidLogoBitmap(with.files, logo.path)) {
@@ -212,8 +215,8 @@ constexpr RecordType kRecordTypes[] = {
     {"31", [](Record f, With) { return Number("1065", f); }},
     {"32", Type32},
     {"33", Logo},
-    {"34", [](Record f, With) { return NumberOr01AndAmount(f[1] == "0" ? "1031" : "1032", f); }},
-    {"35", [](Record f, With) { return NumberOr01AndAmount(f[1] == "0" ? "1039" : "1040", f); }},
+    {"34", [](Record f, With) { return NumberOr01AndAmount(f.Read(1) == "0" ? "1031" : "1032", f); }},
+    {"35", [](Record f, With) { return NumberOr01AndAmount(f.Read(1) == "0" ? "1039" : "1040", f); }},
     {"36", [](Record f, With) { return NumberAndAmount("1075", f); }},
     {"37", [](Record f, With) { return Number("1076", f); }},
     {"38", [](Record f, With) { return Types38And39("1077", f); }},

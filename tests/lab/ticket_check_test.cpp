@@ -145,6 +145,10 @@ TEST_F(TicketCheckTest, SaysWhyALineIsInvalid) {
       {"1;Pane;1.000,5;450;3;;;1;",
        "2 error quantity-separators: '1.000,5' has more than one separator; accepted: digits with one comma "
        "or point before the decimals, such as 1,000 or 0,75"},
+      {"1;Pane;0;450;3;;;1;",
+       "2 error quantity-short: '0' has neither comma nor point, so it counts thousandths and needs three "
+       "digits"},
+      {"33;1;;", "2 error empty: a value is missing; accepted: the full path of a bitmap file"},
       {"6;2;1;0;", "3 error out-of-range: '0' is out of range; accepted: digits, 1 to 9999"},
       {"25;;6;Ciao;1;", "2 error out-of-range: '6' is out of range; accepted: a number, 1 to 5"},
       {"38;1;10;TESTO;15;", "2 error out-of-range: '10' is out of range; accepted: one digit, 0 to 9"},
@@ -163,7 +167,20 @@ TEST_F(TicketCheckTest, SaysWhatAValidLineLoses) {
       {"4;25;", "1 warning clamped: '25' is sent as '20': outside 0 to 20"},
       {"1;Pane;1000;450;0;;;1;", "4 warning clamped: '0' is sent as '40': outside 1 to 40"},
       {"4;105;", "1 warning digits-lost: '105' is sent as '05': only the last 2 digits count"},
-      {"4;130;", "1 warning digits-lost: '130' is sent as '20': only the last 2 digits count"},
+      {"4;130;",
+       "1 warning digits-lost: '130' is sent as '20': only the last 2 digits count, and '30' is outside 0 to "
+       "20"},
+      {"32;1;10;99999;",
+       "3 warning digits-lost: '99999' is sent as '1260': only the last 4 digits count, and '9999' is "
+       "outside 0 to 1260"},
+      {"1;Pane;0,000;450;3;;;1;", "2 warning quantity-zero: '0,000' is a quantity of 0"},
+      {"1;Pane;,;450;3;;;1;", "2 warning quantity-zero: ',' is a quantity of 0"},
+      {"1;Pane;000;450;3;;;1;", "2 warning quantity-zero: '000' is a quantity of 0"},
+      {"24;Cassa\x7F"
+       "3;1;",
+       "1 warning character-127: 'Cassa 3' holds the character 127, which is sent as it is and cannot be "
+       "printed; "
+       "it is the separator of a new installation"},
       {"1;Pane;1,2345;450;3;;;1;",
        "2 warning decimals-lost: '1,2345' is sent as '0001234', in thousandths: only three decimals count"},
       {"15;1;1234567890;",
@@ -178,8 +195,8 @@ TEST_F(TicketCheckTest, SaysWhatAValidLineLoses) {
       {"23;Grazie;uno;",
        "2 warning replaced: 'uno' is sent as '01'; accepted: digits, 0 to 20; others are sent as 20"},
       {"2;1;5000;7;CONTANTI;", "3 warning replaced: '7' is sent as '0'; accepted: one digit, 0 to 5"},
-      {"5;x;1;;;700;", "1 warning replaced: 'x' is sent as '00'"},
-      {"30;1;4;Ciao;", "2 warning replaced: '4' is sent as '3'"},
+      {"5;x;1;;;700;", "1 warning replaced: 'x' is sent as '00'; accepted: digits, 0 to 10"},
+      {"30;1;4;Ciao;", "2 warning replaced: '4' is sent as '3'; accepted: one digit, 0 to 3"},
       {"1;Pane casereccio al kg;1000;450;3;;;1;",
        "1 warning text-cut: of 'Pane casereccio al kg' only the first 20 characters are printed: 'Pane "
        "casereccio al k'"},
@@ -198,6 +215,36 @@ TEST_F(TicketCheckTest, SaysWhatAValidLineLoses) {
     EXPECT_EQ(FindingsOf(line), finding);
     EXPECT_NE(CommandOf(line), "") << line;
   }
+}
+
+TEST_F(TicketCheckTest, FindsTextInFieldsThatAreNotPrinted) {
+  const struct {
+    const char* line;
+    const char* found;
+  } kUnused[] = {
+      {"2;1;0;testo libero;", "3 warning unused-text: 'testo libero'"},  // F4 is empty
+      {"5;0;1;x;1;100;", "3 warning unused-text: 'x'"},                  // F1 is 0
+      {"5;2;1;x;0;100;", "3 warning unused-text: 'x'"},                  // F4 is not 1
+      {"7;1;1;100;sconto;", "4 warning unused-text: 'sconto'"},          // F5 is not 1
+      {"14;100;1;1;carta;0;", "4 warning unused-text: 'carta'"},
+      {"1;1;1;;100;sconto;;;-1;", "5 warning unused-text: 'sconto'"},  // F6 is not 1
+      {"1;Pane;1,0;450;3;reparto;;1;", "5 warning unused-text: 'reparto'"},
+      {"4;1;ciao;", "2 warning unused-text: 'ciao'"},
+      {"21;ciao;", "1 warning unused-text: 'ciao'"},
+  };
+  for (const auto& [line, found] : kUnused) {
+    EXPECT_EQ(FindingsOf(line), std::string(found) + " is lost: the command has no place for this field");
+  }
+}
+
+TEST_F(TicketCheckTest, KeepsQuietAboutFieldsThatOnlyChoose) {
+  files.content["C:\\logo.bmp"] = LogoBitmap(100);
+  for (const char* line : {"14;700;1;3;TESTO;x;", "34;x;700;1;", "35;x;700;1;", "33;1;C:\\logo.bmp;",
+                           "8;1;-1;", "1;1;1;;100;TESTO;1;;-1;", "5;0;1;;1;700;", "2;1;700;3;"}) {
+    EXPECT_EQ(FindingsOf(line), "") << line;
+  }
+  EXPECT_EQ(FindingsOf("8;1;2;x;"), "2 error no-choice: '2' is no alternative; accepted: -1, 0")
+      << "which fields count is not known";
 }
 
 TEST_F(TicketCheckTest, KeepsQuietAboutWhatDoesNoHarm) {

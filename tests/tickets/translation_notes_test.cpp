@@ -26,6 +26,7 @@ class TranslationNotesTest : public TranslationTest {
     switch (note.kind) {
       case FieldNote::Kind::kFormatted: return field + " width " + std::to_string(note.form.width);
       case FieldNote::Kind::kReplaced: return field + " sent as " + std::string(note.text);
+      case FieldNote::Kind::kRead: return field + " read";
       case FieldNote::Kind::kUnknownType: return field + " unknown type";
       case FieldNote::Kind::kNoSuchChoice: return field + " not of " + std::string(note.text);
       case FieldNote::Kind::kNoLogo: return field + " no logo";
@@ -39,6 +40,12 @@ TEST_F(TranslationNotesTest, NameEveryValueInTheCommandsOrder) {
   EXPECT_EQ(NotesOf("43;1;0;100;250;3;TESTO;"),
             "1 width 2, 2 width 1, 3 width 4, 4 width 4, 5 width 2, 6 width 40");
   EXPECT_EQ(NotesOf("21;"), "");
+}
+
+TEST_F(TranslationNotesTest, NameWhatIsReadAsAnyTextButNotSent) {
+  EXPECT_EQ(NotesOf("14;700;1;3;TESTO;x;"), "5 read, 2 width 2, 3 width 2, 4 width 16, 1 width 9");
+  EXPECT_EQ(NotesOf("34;x;700;1;"), "1 read, 3 width 2, 2 width 9");
+  EXPECT_EQ(NotesOf("35;x;700;1;"), "1 read, 3 width 2, 2 width 9");
 }
 
 TEST_F(TranslationNotesTest, CountAllOfAnItemsDescription) {
@@ -62,7 +69,7 @@ TEST_F(TranslationNotesTest, TellWhyARecordIsNone) {
   EXPECT_EQ(NotesOf("7;2;1;5;"), "1 not of 1");
   EXPECT_EQ(NotesOf("8;1;1;"), "2 not of -1, 0");
   EXPECT_EQ(NotesOf("32;1;13;"), "2 not of 1 to 12");
-  EXPECT_EQ(NotesOf("33;0;C:\\none.bmp;"), "1 not of 1 to 99, 2 no logo");
+  EXPECT_EQ(NotesOf("33;0;C:\\none.bmp;"), "1 read, 2 read, 1 not of 1 to 99, 2 no logo");
 }
 
 }  // namespace
