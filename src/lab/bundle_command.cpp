@@ -25,9 +25,8 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
   if (!arguments.words.empty()) {
     return RefuseUsage(lab.console, "bundle", "unexpected word '" + arguments.words.front() + "'");
   }
-  const auto paths = ChosenInstallation(arguments, lab);
-  if (!paths) return kWrongUsage;
-  const Installation shop = LookAt(lab, *paths);
+  const ProgramPaths paths = ChosenInstallation(arguments, lab);
+  const Installation shop = LookAt(lab, paths);
   const std::string output =
       arguments.Value("--output")
           .value_or("orvenza-support-" + DateDigits(shop.now) + "-" + TimeDigits(shop.now) + ".zip");
@@ -49,7 +48,7 @@ Command BundleCommand() {
   return {
       "bundle",
       "gather what support needs into one file",
-      "[--folder DIR] [--name NAME] [--output FILE] [--with-descriptions]",
+      "[--folder DIR] [--name NAME] [--output FILE]\n                   [--with-descriptions]",
       "Writes a ZIP archive with the settings, the logs and their older copies, folder\n"
       "listings, versions, what the doctor says, and the last ten tickets, and prints\n"
       "what is in it. A file that cannot be read is listed as missing.\n"

@@ -54,10 +54,16 @@ std::vector<std::string> FilesMeant(const std::vector<std::string>& words,
 int Run(const Arguments& arguments, LabSurroundings& surroundings) {
   Console& console = surroundings.console;
   if (arguments.words.empty()) return RefuseUsage(console, "check", "which files? '-' is standard input");
+  if (std::count(arguments.words.begin(), arguments.words.end(), "-") > 1) {
+    return RefuseUsage(console, "check", "'-' is named twice, but the standard input can be read only once");
+  }
   const CheckRules rules = CheckRulesOf(arguments, surroundings);
   const std::vector<std::string> files = FilesMeant(arguments.words, surroundings);
   if (const std::string note = UnknownModelNote(arguments.Value("--model").value_or("")); !note.empty()) {
     console.err << "orvenza-lab check: " << note << "\n" << std::flush;
+  }
+  if (arguments.Has("--release") && !arguments.Has("--model")) {
+    console.err << "orvenza-lab check: --release has no effect without --model\n" << std::flush;
   }
   const bool quiet = arguments.Has("--quiet");
   const bool json = arguments.Has("--json");
@@ -86,7 +92,7 @@ Command CheckCommand() {
   options.push_back({"--quiet", "", "show the findings only, not the commands"});
   options.push_back({"--json", "", "write JSON, for programs"});
   return {"check",
-          "show what becomes of each line of ticket files, and what is wrong with it",
+          "show what becomes of ticket files, and what is wrong",
           "FILE... [OPTION...]",
           "Reads ticket files as the connector does and shows, line by line, the command\n"
           "text that is sent to the register, or every reason why none is:\n"
@@ -103,7 +109,7 @@ Command CheckCommand() {
           "2  a file could not be read, or the command line makes no sense",
           "orvenza-lab check ticket.txt\n"
           "orvenza-lab check --folder C:\\Orvenza --quiet C:\\Orvenza\\data\\abort\\*.txt\n"
-          "orvenza-lab check --separator 59 --model \"QUARNIS A\" --release 2.02.00 ticket.txt\n"
+          "orvenza-lab check --model \"QUARNIS A\" --release 2.02.00 ticket.txt\n"
           "orvenza-lab check --json - < ticket.txt",
           Run};
 }

@@ -18,25 +18,29 @@ AppSettings SettingsIn(const std::string& folder, const std::string& name, LabSu
   const SettingsReview review =
       ReviewSettings(surroundings.profile, surroundings.files, surroundings.clock, paths);
   if (review.state == SettingsReview::State::kNew || review.state == SettingsReview::State::kUnreadable) {
+    if (!surroundings.folders.Exists(paths.AppPath + "\\")) {
+      throw std::runtime_error("'" + folder + "' is not a folder");
+    }
     throw std::runtime_error("there is no " + name + ".ini that can be read in the folder '" + folder + "'");
   }
   return review.settings;
 }
 
-/// A character code, or the character itself where that is no digit.
+/// A character code, or the character itself where that is no digit. Throws UsageError for what is neither.
 int SeparatorOf(const std::string& text) {
   if (text.size() == 1 && (text[0] < '0' || text[0] > '9')) return static_cast<unsigned char>(text[0]);
   int code = -1;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), code);
-  return error == std::errc() && end == text.data() + text.size() ? code : -1;
+  if (error == std::errc() && end == text.data() + text.size() && code >= 0 && code <= 255) return code;
+  throw UsageError("--separator '" + text + "': expected a code from 32 to 127 or one character");
 }
 
-void RequireUsable(int separator, const std::string& shown) {
-  if (separator >= ' ' && separator <= 127) return;
-  throw std::runtime_error(
-      "the separator " + shown +
-      " is never found in a line: it must be a character code from 32 to 127, for only these stay "
-      "as they are");
+bool IsUsable(int separator) { return separator >= ' ' && separator <= 127; }
+
+std::string NeverFound(const std::string& shown) {
+  return "the separator " + shown +
+         " is never found in a line: it must be a character code from 32 to 127, for only these stay as they "
+         "are";
 }
 
 /// `label` in capitals, its runs of blanks made one, none at its ends.
@@ -59,15 +63,15 @@ std::vector<std::string_view> KnownModels() {
 std::vector<Option> CheckRuleOptions() {
   return {
       {"--folder", "DIR",
-       "take separator, \"Single Quantity\" and \"File Parser\" from the\nsettings of the installation in "
+       "take separator, \"Single Quantity\" and \"File Parser\"\nfrom the settings of the installation in "
        "DIR"},
       {"--name", "NAME",
-       "the connector's executable in DIR without extension, after\nwhich its settings are named (default: "
+       "the connector's executable in DIR without extension,\nafter which its settings are named (default: "
        "Orvenza)"},
       {"--separator", "N",
-       "character code of the field separator, or the character\nitself; 127 where nothing else is said"},
+       "character code of the field separator, or the\ncharacter itself; 127 where nothing else is said"},
       {"--single-quantity", "", "as with the setting \"Single Quantity\" on"},
-      {"--model", "LABEL", "the register's model; \"TOVEST ETH\" or \"QUARNIS A\" for example"},
+      {"--model", "LABEL", "the register's model; \"TOVEST ETH\" for example"},
       {"--release", "TEXT", "its release; \"2.02.00\" for example"},
   };
 }
@@ -102,15 +106,16 @@ CheckRules CheckRulesOf(const Arguments& arguments, LabSurroundings& surrounding
   }
   if (const auto separator = arguments.Value("--separator")) {
     const int code = SeparatorOf(*separator);
-    RequireUsable(code, "'" + *separator + "'");
+    if (!IsUsable(code)) throw UsageError(NeverFound("'" + *separator + "'"));
     rules.settings.SeparatorChar = static_cast<char>(code);
   }
   const int separator = static_cast<unsigned char>(rules.settings.SeparatorChar);
-  RequireUsable(separator, "of the settings, " + std::to_string(separator) + ",");
+  if (!IsUsable(separator)) {
+    throw std::runtime_error(NeverFound("of the settings, " + std::to_string(separator) + ","));
+  }
   if (arguments.Has("--single-quantity")) rules.settings.SingleQuantity = true;
   const std::string model = arguments.Value("--model").value_or("");
-  if (model.size() > kLabelWidth)
-    throw std::runtime_error("the model '" + model + "' has more than ten characters");
+  if (model.size() > kLabelWidth) throw UsageError("the model '" + model + "' has more than ten characters");
   rules.identity = IdentityOf(model, arguments.Value("--release").value_or(""));
   return rules;
 }

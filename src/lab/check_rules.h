@@ -12,7 +12,8 @@ namespace orvenza {
 std::vector<Option> CheckRuleOptions();
 
 /// What those options ask for; what they leave open is as the settings in --folder say, or else as in a new
-/// installation. Nothing is written. Throws std::runtime_error with the reason for values that make no sense.
+/// installation. Nothing is written. Throws UsageError with the reason for values that make no sense,
+/// std::runtime_error where the settings do not.
 CheckRules CheckRulesOf(const Arguments& arguments, LabSurroundings& surroundings);
 
 /// A register of this model and release. The label's blanks need not be those of the register.

@@ -95,14 +95,29 @@ int RunCommand(const Command& command, const std::vector<std::string>& words, La
   }
   if (!arguments.error.empty()) return RefuseUsage(console, command.name, arguments.error);
   try {
-    const int status = command.run(arguments, surroundings);
-    if (console.out.flush()) return status;
-    throw std::runtime_error("the output cannot be written");
+    return command.run(arguments, surroundings);
+  } catch (const UsageError& refused) {
+    return RefuseUsage(console, command.name, refused.what());
   } catch (const std::exception& failure) {
     console.out.flush();
     console.err << kProgram << " " << command.name << ": " << failure.what() << "\n";
     return kWrongUsage;
   }
+}
+
+int Run(const std::vector<std::string>& words, const std::vector<Command>& commands,
+        LabSurroundings& surroundings) {
+  Console& console = surroundings.console;
+  const std::string& name = words.front();
+  const std::vector<std::string> rest(words.begin() + 1, words.end());
+  if (name == "--help" || name == "-h" || name == "help") return ShowHelp(rest, commands, console);
+  if (name == "--version") {
+    console.out << kProgram << " " << kVersionText << "\n";
+    return 0;
+  }
+  const Command* command = Find(commands, name);
+  return command == nullptr ? RefuseCommand(console, name, commands)
+                            : RunCommand(*command, rest, surroundings);
 }
 
 }  // namespace
@@ -134,16 +149,10 @@ int RunLab(const std::vector<std::string>& words, const std::vector<Command>& co
     console.err << Overview(commands);
     return kWrongUsage;
   }
-  const std::string& name = words.front();
-  const std::vector<std::string> rest(words.begin() + 1, words.end());
-  if (name == "--help" || name == "-h" || name == "help") return ShowHelp(rest, commands, console);
-  if (name == "--version") {
-    console.out << kProgram << " " << kVersionText << "\n";
-    return 0;
-  }
-  const Command* command = Find(commands, name);
-  return command == nullptr ? RefuseCommand(console, name, commands)
-                            : RunCommand(*command, rest, surroundings);
+  const int status = Run(words, commands, surroundings);
+  if (console.out.flush()) return status;
+  console.err << kProgram << ": the output cannot be written\n";
+  return kWrongUsage;
 }
 
 }  // namespace orvenza

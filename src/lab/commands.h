@@ -1,5 +1,6 @@
 #pragma once
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,12 @@ struct Command {
   std::string examples;         ///< Command lines, one a line.
   /// Carries it out and returns the exit status.
   int (*run)(const Arguments& arguments, LabSurroundings& surroundings);
+};
+
+/// Thrown by a command whose command line makes no sense, with the reason.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
 };
 
 /// Exit status of a command line that cannot be understood.

@@ -1,5 +1,7 @@
 #include "lab/doctor_command.h"
 
+#include <stdexcept>
+
 #include "lab/diagnosis.h"
 
 namespace orvenza {
@@ -9,9 +11,8 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
   if (!arguments.words.empty()) {
     return RefuseUsage(lab.console, "doctor", "unexpected word '" + arguments.words.front() + "'");
   }
-  const auto paths = ChosenInstallation(arguments, lab);
-  if (!paths) return kWrongUsage;
-  const Installation shop = LookAt(lab, *paths);
+  const ProgramPaths paths = ChosenInstallation(arguments, lab);
+  const Installation shop = LookAt(lab, paths);
   const Findings findings = Diagnose(shop);
   if (arguments.Has("--json")) {
     WriteDiagnosisAsJson(lab.console.out, shop, findings);
@@ -46,19 +47,17 @@ Command DoctorCommand() {
 std::vector<Option> InstallationOptions(const std::vector<Option>& own) {
   std::vector<Option> options{{"--folder", "DIR", "the program folder (default: where orvenza-lab lies)"},
                               {"--name", "NAME",
-                               "the connector's executable without extension, after which\nits settings are "
+                               "the connector's executable without extension, after\nwhich its settings are "
                                "named (default: Orvenza)"}};
   options.insert(options.end(), own.begin(), own.end());
   return options;
 }
 
-std::optional<ProgramPaths> ChosenInstallation(const Arguments& arguments, const LabSurroundings& lab) {
+ProgramPaths ChosenInstallation(const Arguments& arguments, const LabSurroundings& lab) {
   const std::string named = arguments.Value("--folder").value_or(lab.homeFolder);
   const std::string folder = lab.machine.FullFolder(named);
-  if (lab.folders.Exists(folder + "\\"))
-    return ProgramPaths{folder, arguments.Value("--name").value_or("Orvenza")};
-  lab.console.err << "orvenza-lab: " << named << " is not a folder\n";
-  return std::nullopt;
+  if (!lab.folders.Exists(folder + "\\")) throw std::runtime_error("'" + named + "' is not a folder");
+  return {folder, arguments.Value("--name").value_or("Orvenza")};
 }
 
 }  // namespace orvenza

@@ -237,6 +237,15 @@ TEST_F(CheckCommandTest, NamesAMaskWithoutFiles) {
   EXPECT_EQ(lab.out.str().substr(0, folder.Path("*.txt").size()), folder.Path("*.txt"));
 }
 
+TEST_F(CheckCommandTest, TellsThatAReleaseAloneHasNoEffect) {
+  lab.files.content["a.txt"] = "4;5;";
+  EXPECT_EQ(Check({"--release", "2.02.00", "a.txt"}), 0);
+  EXPECT_EQ(lab.err.str(), "orvenza-lab check: --release has no effect without --model\n");
+  lab.err.str("");
+  EXPECT_EQ(Check({"--release", "2.02.00", "--model", "QUARNIS A", "a.txt"}), 0);
+  EXPECT_EQ(lab.err.str(), "");
+}
+
 TEST_F(CheckCommandTest, DoubtsAModelThatItDoesNotKnow) {
   lab.files.content["a.txt"] = "4;5;";
   EXPECT_EQ(Check({"--model", "MELDANE", "a.txt"}), 0);
@@ -249,6 +258,16 @@ TEST_F(CheckCommandTest, RefusesACommandLineThatMakesNoSense) {
   EXPECT_EQ(lab.Run({"check"}), 2);
   EXPECT_EQ(lab.err.str(),
             "orvenza-lab check: which files? '-' is standard input\nSee 'orvenza-lab check --help'.\n");
+  lab.err.str("");
+  EXPECT_EQ(Check({"-", "a.txt", "-"}), 2);
+  EXPECT_EQ(lab.err.str(),
+            "orvenza-lab check: '-' is named twice, but the standard input can be read only once\n"
+            "See 'orvenza-lab check --help'.\n");
+  lab.err.str("");
+  EXPECT_EQ(lab.Run({"check", "--separator", "300", "a.txt"}), 2);
+  EXPECT_EQ(lab.err.str(),
+            "orvenza-lab check: --separator '300': expected a code from 32 to 127 or one character\n"
+            "See 'orvenza-lab check --help'.\n");
   lab.err.str("");
   EXPECT_EQ(lab.Run({"check", "--separator", "9", "a.txt"}), 2);
   EXPECT_EQ(lab.err.str().substr(0, 50), "orvenza-lab check: the separator '9' is never foun");

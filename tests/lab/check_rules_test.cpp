@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "lab/lab_bench.h"
+#include "support/temp_folder.h"
 #include "tickets/model_rules.h"
 
 namespace orvenza::test {
@@ -48,12 +49,20 @@ TEST_F(CheckRulesTest, TakeASeparatorAsCodeOrCharacter) {
 }
 
 TEST_F(CheckRulesTest, RefuseASeparatorThatIsNeverFound) {
-  for (const char* separator : {"9", "31", "128", "0", "-1", "5", "59x", ";;", "\t", "\xE8"}) {
+  for (const char* separator : {"9", "31", "128", "255", "0", "5", "\t", "\xE8"}) {
     EXPECT_EQ(
         Refusal({std::string("--separator=") + separator}),
         "the separator '" + std::string(separator) +
             "' is never found in a line: it must be a character code from 32 to 127, for only these stay "
             "as they are");
+  }
+}
+
+TEST_F(CheckRulesTest, RefuseWhatIsNoSeparatorAtAll) {
+  for (const char* separator : {"300", "-1", "59x", ";;"}) {
+    EXPECT_EQ(
+        Refusal({std::string("--separator=") + separator}),
+        "--separator '" + std::string(separator) + "': expected a code from 32 to 127 or one character");
   }
 }
 
@@ -68,8 +77,9 @@ TEST_F(CheckRulesTest, ComeFromTheSettingsOfAFolder) {
 TEST_F(CheckRulesTest, ComeFromTheSettingsOfARenamedConnector) {
   lab.files.content["shop\\Cassa.ini"] = "[General]\r\nSeparator (ascii,max 127)=59\r\n";
   EXPECT_EQ(Rules({"--folder", "shop", "--name", "Cassa"}).settings.SeparatorChar, ';');
-  EXPECT_EQ(Refusal({"--folder", "shop", "--name", "Banco"}),
-            "there is no Banco.ini that can be read in the folder 'shop'");
+  const TempFolder other;
+  EXPECT_EQ(Refusal({"--folder", other.Path(), "--name", "Banco"}),
+            "there is no Banco.ini that can be read in the folder '" + other.Path() + "'");
 }
 
 TEST_F(CheckRulesTest, LetOptionsWinOverTheSettings) {
@@ -88,7 +98,7 @@ TEST_F(CheckRulesTest, LeaveTheSettingsFileAsItIs) {
 }
 
 TEST_F(CheckRulesTest, RefuseSettingsThatCannotCount) {
-  EXPECT_EQ(Refusal({"--folder", "shop"}), "there is no Orvenza.ini that can be read in the folder 'shop'");
+  EXPECT_EQ(Refusal({"--folder", "shop"}), "'shop' is not a folder");
   Settings("Separator (ascii,max 127)=9");
   EXPECT_EQ(
       Refusal({"--folder", "shop"}),

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <stdexcept>
 
 #include "core/version.h"
@@ -121,10 +122,20 @@ TEST(Lab, RefusesWhatItDoesNotUnderstand) {
 }
 
 TEST(Lab, ReportsOutputThatCannotBeWritten) {
-  GreetingLab lab;
-  lab.out.setstate(std::ios::badbit);
-  EXPECT_EQ(lab.Run({"greet", "Anna"}), 2);
-  EXPECT_EQ(lab.err.str(), "orvenza-lab greet: the output cannot be written\n");
+  for (const auto& words :
+       {std::vector<std::string>{"greet", "Anna"}, {"greet", "--help"}, {"--help"}, {"--version"}}) {
+    GreetingLab lab;
+    lab.out.setstate(std::ios::badbit);
+    EXPECT_EQ(lab.Run(words), 2);
+    EXPECT_EQ(lab.err.str(), "orvenza-lab: the output cannot be written\n");
+  }
+}
+
+TEST(Lab, KeepsItsHelpPagesWithinEightyColumns) {
+  for (const Command& command : Commands()) {
+    std::istringstream page(HelpPage(command));
+    for (std::string line; std::getline(page, line);) EXPECT_LE(line.size(), 80U) << line;
+  }
 }
 
 TEST(Lab, ReportsACommandThatFails) {

@@ -106,7 +106,7 @@ TEST_F(Diagnosis, BreaksNoWord) {
 
 TEST_F(Diagnosis, RefusesWhatIsNoFolder) {
   EXPECT_EQ(Run({"--folder", "C:\\none"}), 2);
-  EXPECT_EQ(err.str(), "orvenza-lab: C:\\none is not a folder\n");
+  EXPECT_EQ(err.str(), "orvenza-lab doctor: 'C:\\none' is not a folder\n");
   EXPECT_EQ(Run({"C:\\Orvenza"}), 2);
   EXPECT_EQ(out.str(), "");
 }
