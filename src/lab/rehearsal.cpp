@@ -237,10 +237,10 @@ RehearsalOutcome Stage::Play() {
     RunConnector();
     outcome_.ended = true;
     transcript_.Add("end");
-  } catch (const UnansweredDialog& dialog) {
-    BreakOff(dialog.text);
-  } catch (const BadAnswer& answer) {
-    BreakOff(answer.text);
+  } catch (const UnansweredDialog& unanswered) {
+    BreakOff("no answer is left for the dialog " + DialogText(unanswered.dialog));
+  } catch (const BadAnswer& bad) {
+    BreakOff("the answer \"" + bad.answer + "\" does not fit the dialog " + DialogText(bad.dialog));
   } catch (const RunTooLong&) {
     BreakOff("the connector has not ended after " + TimeText(scenario_.limit) +
              ": nothing stops it, or it waits for ever");

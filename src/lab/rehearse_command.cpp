@@ -1,10 +1,12 @@
 #include "lab/rehearse_command.h"
 
 #include <iterator>
+#include <stdexcept>
 
 #include "lab/disk_watch.h"
 #include "lab/rehearsal.h"
 #include "lab/scenario.h"
+#include "platform/system_error.h"
 
 namespace orvenza {
 namespace {
@@ -26,8 +28,12 @@ constexpr const char* kDescription =
     "when to stop, and what to expect. docs/rehearsal.md describes it.";
 
 std::string ReadScenarioText(const std::string& name, LabSurroundings& around) {
-  if (name != "-") return ReadWhole(around.files, name);
-  return {std::istreambuf_iterator<char>(around.console.in), {}};
+  if (name == "-") return {std::istreambuf_iterator<char>(around.console.in), {}};
+  try {
+    return ReadWhole(around.files, name);
+  } catch (const SystemError& failure) {
+    throw std::runtime_error("the scenario cannot be read: " + failure.Description());
+  }
 }
 
 void MakeFolders(Folders& folders, const std::string& path) {
@@ -44,8 +50,15 @@ std::string KeptPath(const std::string& path) {
   return shown == path ? "drive-" + path.substr(0, 1) + path.substr(2) : shown;
 }
 
-void WriteOut(const RehearsalOutcome& outcome, const std::string& folder, LabSurroundings& around) {
+/// Makes the folder, and fails when nothing can be written to it.
+void MakeFolderToKeep(const std::string& folder, LabSurroundings& around) {
   MakeFolders(around.folders, folder);
+  const std::string trial = folder + "\\trial";
+  around.files.Write(trial, {});
+  around.files.Remove(trial);
+}
+
+void WriteOut(const RehearsalOutcome& outcome, const std::string& folder, LabSurroundings& around) {
   for (const auto& [path, content] : outcome.files) {
     const std::string target = folder + "\\" + KeptPath(path);
     MakeFolders(around.folders, target.substr(0, target.rfind('\\')));
@@ -80,6 +93,7 @@ int Run(const Arguments& arguments, LabSurroundings& around) {
   const std::string name = arguments.words.front();
   const std::string shownName = name == "-" ? "standard input" : name;
   const Scenario scenario = ParseScenario(shownName, ReadScenarioText(name, around));
+  if (!folder.empty()) MakeFolderToKeep(folder, around);
   const RehearsalOutcome outcome =
       Rehearse(scenario, [&console](const std::string& line) { console.out << line << "\n"; });
   if (!folder.empty()) {

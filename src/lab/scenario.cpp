@@ -3,19 +3,18 @@
 #include <algorithm>
 #include <charconv>
 #include <iterator>
+#include <set>
 #include <utility>
 
 #include "core/text.h"
+#include "lab/arguments.h"
+#include "lab/known_settings.h"
 #include "lab/scenario_deeds.h"
 #include "simulator/script_line.h"
 
 namespace orvenza {
 namespace {
 
-constexpr std::string_view kFirstWords =
-    "\"file\", \"ticket\", \"logo\", \"folder\", \"remove\", \"read-only\", \"hold\", \"lock\", \"release\", "
-    "\"drive\", \"disk\", \"clock\", \"at\", \"start\", \"settings\", \"setting\", \"register\", \"answer\", "
-    "\"second\", \"until\", \"limit\" or \"expect\"";
 constexpr std::string_view kEventKinds[] = {
     "start", "tick",     "sent",    "reply",   "port",   "absent", "dialog", "answer",  "menu",
     "world", "log",      "error",   "file",    "folder", "taken",  "split",  "written", "copied",
@@ -23,15 +22,32 @@ constexpr std::string_view kEventKinds[] = {
 constexpr std::string_view kEventExpected =
     "an event of the transcript and a part of its text, such as sent 1036";
 
+/// Refuses what the connector never reads: the scenario would try the default.
+void CheckSetting(const ScriptLine& line, const ScenarioSetting& setting) {
+  static const KnownSettings known;
+  if (!known.HasSection(setting.section)) {
+    line.Refuse("a section of the settings file, not [" + setting.section + "]" +
+                Hint(setting.section, known.Sections()));
+  }
+  if (known.HasKey(setting.section, setting.key)) return;
+  const std::string place = known.SectionOf(setting.key);
+  line.Refuse(
+      "a key of [" + setting.section + "], not \"" + setting.key + "\"" +
+      (place.empty() ? Hint(setting.key, known.Keys(setting.section)) : "; it belongs in [" + place + "]"));
+}
+
 ScenarioSetting ReadSetting(ScriptLine& line) {
   const std::string expected = "[Section] Key = value";
   const std::string_view rest = line.Rest();
   const std::size_t close = rest.find(']');
   const std::size_t equals = close == std::string_view::npos ? close : rest.find('=', close);
   if (!rest.starts_with('[') || equals == std::string_view::npos) line.Refuse(expected);
-  return {std::string(rest.substr(1, close - 1)),
-          std::string(Trim(rest.substr(close + 1, equals - close - 1))),
-          std::string(Trim(rest.substr(equals + 1)))};
+  const ScenarioSetting setting{std::string(rest.substr(1, close - 1)),
+                                std::string(Trim(rest.substr(close + 1, equals - close - 1))),
+                                std::string(Trim(rest.substr(equals + 1)))};
+  if (setting.key.empty()) line.Refuse(expected);
+  CheckSetting(line, setting);
+  return setting;
 }
 
 bool IsEventKind(const std::string& word) {
@@ -88,13 +104,21 @@ Expectation ReadExpectation(ScriptLine& line) {
   return expected;
 }
 
+/// How many hexadecimal digits `text` begins with.
+std::size_t HexDigits(std::string_view text) {
+  return std::min(text.find_first_not_of("0123456789ABCDEFabcdef"), text.size());
+}
+
 /// The bytes of a line of content: the characters in Windows-1252, "<7F>" for the byte 7F.
 std::string ContentBytes(const ScriptLine& line, std::string_view text) {
   std::string bytes;
   while (!text.empty()) {
     unsigned byte = 0;
-    if (text.size() >= 4 && text[0] == '<' && text[3] == '>' &&
-        std::from_chars(text.data() + 1, text.data() + 3, byte, 16).ptr == text.data() + 3) {
+    if (const std::size_t digits = HexDigits(text.substr(1)); text[0] == '<' && digits > 0) {
+      if (digits != 2 || text.substr(3, 1) != ">") {
+        line.Refuse("\">\" behind \"<\" and two hexadecimal digits; \"<\" itself is <3C>");
+      }
+      std::from_chars(text.data() + 1, text.data() + 3, byte, 16);
       bytes += static_cast<char>(byte);
       text.remove_prefix(4);
       continue;
@@ -130,14 +154,14 @@ class ScenarioReader {
     ScriptLine line(name_, number, text);
     if (line.Next() == '|') return ReadContent(line, text);
     if (line.AtEnd() || line.Next() == '#') return;
-    fileOpen_ = false;
+    const bool behindFile = std::exchange(fileOpen_, false);
     const std::string_view word = line.Word();
     if (word == "at")
       Add(ReadDeedInTime(line));
     else if (Deed deed; ReadDeed(word, line, deed))
       Add(std::move(deed));
     else
-      ReadOther(word, line);
+      ReadOther(word, line, behindFile);
   }
 
   void ReadContent(const ScriptLine& line, std::string_view text) {
@@ -153,12 +177,13 @@ class ScenarioReader {
     scenario_.deeds.push_back(std::move(deed));
   }
 
-  void ReadOther(std::string_view word, ScriptLine& line) {
+  void ReadOther(std::string_view word, ScriptLine& line, bool behindFile) {
     if (word == "register") return ReadRegister(line);
     if (word == "setting") return scenario_.settings.push_back(ReadSetting(line));
     if (word == "answer") return scenario_.answers.push_back(ReadAnswer(line));
     if (word == "expect") return scenario_.expectations.push_back(ReadExpectation(line));
     if (word == "start") {
+      WantOnce(line, word);
       scenario_.start = ReadDate(line, line.Rest());
       return;
     }
@@ -172,11 +197,26 @@ class ScenarioReader {
       if (!line.Skip("printed")) line.Refuse("\"printed\"");
       scenario_.untilPrinted = true;
     } else if (word == "limit") {
+      WantOnce(line, word);
       scenario_.limit = ReadTime(line);
+      if (scenario_.limit.count() == 0) line.Refuse("a time longer than 0");
     } else {
-      line.Refuse(std::string(kFirstWords));
+      RefuseFirstWord(word, line, behindFile);
     }
     line.End();
+  }
+
+  [[noreturn]] static void RefuseFirstWord(std::string_view word, const ScriptLine& line, bool behindFile) {
+    std::vector<std::string> words = DeedWords();
+    words.insert(words.end(), {"at", "start", "settings", "setting", "register", "answer", "second", "until",
+                               "limit", "expect"});
+    if (behindFile && ClosestTo(word, words).empty()) line.Refuse("\"|\" before each line of a file");
+    RefuseWord(line, word, words);
+  }
+
+  /// What is said twice would be so only as it was said last.
+  void WantOnce(const ScriptLine& line, std::string_view word) {
+    if (!saidOnce_.insert(std::string(word)).second) line.Refuse("\"" + std::string(word) + "\" only once");
   }
 
   /// Its line of the simulator's script keeps its number.
@@ -189,6 +229,7 @@ class ScenarioReader {
   const std::string& name_;
   Scenario scenario_;
   std::string device_;
+  std::set<std::string> saidOnce_;
   bool fileOpen_ = false;  ///< Lines that follow are those of the last file.
 };
 

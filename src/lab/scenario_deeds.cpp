@@ -6,14 +6,13 @@
 #include <optional>
 #include <utility>
 
+#include "lab/arguments.h"
+
 namespace orvenza {
 namespace {
 
 using std::chrono::milliseconds;
 
-constexpr std::string_view kDeedsInTime =
-    "\"file\", \"ticket\", \"logo\", \"folder\", \"remove\", \"read-only\", \"hold\", \"lock\", \"release\", "
-    "\"drive\", \"disk\", \"clock\", \"menu\", \"quit\", \"session\" or \"power\"";
 constexpr const char* kPathExpected = "a path, below the program folder or with its drive";
 constexpr const char* kTimeExpected = "a time with its unit, such as 500ms, 2s, 10min or 1h";
 constexpr const char* kDateExpected = "a date and time such as 16/11/2026 09:00:00";
@@ -175,6 +174,24 @@ bool ReadDeed(std::string_view word, ScriptLine& line, Deed& deed) {
   return true;
 }
 
+void RefuseWord(const ScriptLine& line, std::string_view word, const std::vector<std::string>& words) {
+  if (const std::string hint = Hint(word, words); !hint.empty()) {
+    line.Refuse("another word than '" + std::string(word) + "'" + hint);
+  }
+  std::string all;
+  for (const std::string& known : words) {
+    const bool last = known == words.back();
+    all += (all.empty() ? "\"" : last ? " or \"" : ", \"") + known + "\"";
+  }
+  line.Refuse(all);
+}
+
+const std::vector<std::string>& DeedWords() {
+  static const std::vector<std::string> words{"file", "ticket", "logo",    "folder", "remove", "read-only",
+                                              "hold", "lock",   "release", "drive",  "disk",   "clock"};
+  return words;
+}
+
 Deed ReadDeedInTime(ScriptLine& line) {
   Deed deed;
   deed.at = ReadTime(line);
@@ -193,8 +210,12 @@ Deed ReadDeedInTime(ScriptLine& line) {
     deed.kind = DeedKind::kPowerFails;
   } else if (word == "power") {
     line.Refuse("\"fails\"");
+  } else if (word == "session") {
+    line.Refuse("\"ends\"");
   } else {
-    line.Refuse(word == "session" ? "\"ends\"" : std::string(kDeedsInTime));
+    std::vector<std::string> words = DeedWords();
+    words.insert(words.end(), {"menu", "quit", "session", "power"});
+    RefuseWord(line, word, words);
   }
   line.End();
   return deed;

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "lab/scenario.h"
 #include "simulator/script_line.h"
@@ -23,6 +24,13 @@ std::string ReadPath(ScriptLine& line, const std::string& folder = kRehearsalFol
 /// Reads what may be so from the start as well as happen later, behind its first word. False, with nothing
 /// read, when `word` is none of that.
 bool ReadDeed(std::string_view word, ScriptLine& line, Deed& deed);
+
+/// Refuses a line for `word`, which is none of `words`: names the one that was probably meant, or all.
+[[noreturn]] void RefuseWord(const ScriptLine& line, std::string_view word,
+                             const std::vector<std::string>& words);
+
+/// The words that ReadDeed knows.
+const std::vector<std::string>& DeedWords();
 
 /// What stands behind "at".
 Deed ReadDeedInTime(ScriptLine& line);

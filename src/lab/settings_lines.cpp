@@ -6,47 +6,13 @@
 
 #include "core/text.h"
 #include "lab/arguments.h"
+#include "lab/known_settings.h"
 #include "lab/wording.h"
 
 namespace orvenza {
 namespace {
 
 constexpr std::size_t kMostNumbers = 5;
-
-/// The names that a settings file may hold.
-class KnownNames {
- public:
-  explicit KnownNames(const std::vector<RecordingProfile::Value>& defaults) : defaults_(defaults) {}
-
-  /// All sections, or the keys of one.
-  std::vector<std::string> Sections() const {
-    std::vector<std::string> names;
-    for (const auto& value : defaults_) {
-      if (names.empty() || names.back() != value.section) names.push_back(value.section);
-    }
-    return names;
-  }
-  std::vector<std::string> Keys(const std::string& section) const {
-    std::vector<std::string> names;
-    for (const auto& value : defaults_) {
-      if (IsSameIniName(value.section, section)) names.push_back(value.key);
-    }
-    return names;
-  }
-  /// The section that `key` belongs in; "" for none.
-  std::string SectionOf(const std::string& key) const {
-    const auto found = std::find_if(defaults_.begin(), defaults_.end(),
-                                    [&](const auto& value) { return IsSameIniName(value.key, key); });
-    return found == defaults_.end() ? std::string() : found->section;
-  }
-
- private:
-  const std::vector<RecordingProfile::Value>& defaults_;
-};
-
-bool Holds(const std::vector<std::string>& names, const std::string& name) {
-  return std::any_of(names.begin(), names.end(), [&](const auto& n) { return IsSameIniName(n, name); });
-}
 
 std::string At(const IniLine& line, const char* what) {
   return "Line " + std::to_string(line.number) + ": " + what + Quoted(ToUtf8(line.name));
@@ -60,7 +26,7 @@ std::string Sentence(const std::string& text, const std::string& hint) {
 /// Goes through the lines in their order, as the connector looks for its keys.
 class LineWalk {
  public:
-  LineWalk(const KnownNames& known, Findings& findings) : known_(known), findings_(findings) {}
+  LineWalk(const KnownSettings& known, Findings& findings) : known_(known), findings_(findings) {}
 
   void Take(const IniLine& line) {
     if (line.kind == IniLine::Kind::kSection) {
@@ -92,7 +58,7 @@ class LineWalk {
     section_ = line.name;
     const std::string is = At(line, "section ");
     isRead_ = false;
-    if (!Holds(known_.Sections(), line.name)) {
+    if (!known_.HasSection(line.name)) {
       Add("settings.unknown", Sentence(is + " is never read", Hint(line.name, known_.Sections())),
           "Correct its name, or remove it.");
     } else if (!sections_.insert(ToUpperAscii(line.name)).second) {
@@ -105,7 +71,7 @@ class LineWalk {
 
   void TakeEntry(const IniLine& line) {
     const std::string is = At(line, "");
-    if (!Holds(known_.Keys(*section_), line.name)) {
+    if (!known_.HasKey(*section_, line.name)) {
       const std::string fact = is + " is no key of [" + *section_ + "]";
       const std::string place = known_.SectionOf(line.name);
       Add("settings.unknown",
@@ -121,7 +87,7 @@ class LineWalk {
     findings_.push_back({Severity::kWarning, code, std::move(fact), std::move(remedy)});
   }
 
-  const KnownNames& known_;
+  const KnownSettings& known_;
   Findings& findings_;
   std::optional<std::string> section_;
   bool isRead_ = false;  // the section that the walk is in
@@ -156,7 +122,7 @@ Findings FindInLines(const SettingsReview& review) {
   if (auto finding = OfCharacters(review.content)) findings.push_back(std::move(*finding));
   // Line by line, a file in two-byte characters is nothing but noise.
   if (review.content.starts_with("\xFF\xFE") || review.content.starts_with("\xFE\xFF")) return findings;
-  const KnownNames known(review.defaults);
+  const KnownSettings known(review.defaults);
   LineWalk walk(known, findings);
   for (const IniLine& line : review.lines) walk.Take(line);
   walk.End();

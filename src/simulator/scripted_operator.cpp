@@ -85,16 +85,6 @@ std::string SelectedEntries(const PortContent& content) {
   return text;
 }
 
-std::string Described(const ShownDialog& dialog) {
-  std::ostringstream text;
-  text << dialog;
-  return text.str();
-}
-
-[[noreturn]] void RefuseAnswer(const ShownDialog& dialog, const std::string& answer) {
-  throw BadAnswer{"the answer \"" + answer + "\" does not fit " + Described(dialog)};
-}
-
 }  // namespace
 
 std::ostream& operator<<(std::ostream& out, const ShownDialog& dialog) {
@@ -137,7 +127,7 @@ int ScriptedOperator::ShowMessage(const MessageContent& content) {
   const auto answer = NextAnswer(dialog, message.Closed());
   if (!answer) return 0;
   const int button = Find(content.buttons, *answer);
-  if (button == 0) RefuseAnswer(dialog, *answer);
+  if (button == 0) throw BadAnswer{*answer, dialog};
   return button;
 }
 
@@ -155,7 +145,7 @@ std::optional<int> ScriptedOperator::ShowChoice(const ChoiceContent& content) {
   if (!answer) return std::nullopt;
   if (Plain(content.button) == Plain(*answer)) return content.selected;
   const int option = Find(dialog.options, *answer);
-  if (option == 0) RefuseAnswer(dialog, *answer);
+  if (option == 0) throw BadAnswer{*answer, dialog};
   return option;
 }
 
@@ -172,7 +162,7 @@ std::optional<std::array<int, 5>> ScriptedOperator::ShowPortSettings(const PortC
   if (!answer) return std::nullopt;
   auto selected = content.selected;
   if (Plain(content.button) != Plain(*answer) && !SelectEntries(content, *answer, selected)) {
-    RefuseAnswer(dialog, *answer);
+    throw BadAnswer{*answer, dialog};
   }
   return selected;
 }
@@ -189,7 +179,7 @@ void ScriptedOperator::ShowUtilities(const UtilitiesContent& content,
                                 ""});
   while (const auto answer = NextAnswer(dialog, false)) {
     const int button = Find(content.buttons, *answer);
-    if (button == 0) RefuseAnswer(dialog, *answer);
+    if (button == 0) throw BadAnswer{*answer, dialog};
     const bool closes = pressed(button);
     loop_.CheckEnd();
     if (closes) return;
@@ -210,7 +200,7 @@ std::optional<std::string> ScriptedOperator::NextAnswer(ShownDialog& dialog, con
     if (answers_.empty() && judgement_) {
       if (std::string answer = judgement_(dialog); !answer.empty()) Answer(std::move(answer));
     }
-    if (answers_.empty()) throw UnansweredDialog{"no answer is left for " + Described(dialog)};
+    if (answers_.empty()) throw UnansweredDialog{dialog};
     if (!React(closed)) continue;
     const std::string answer = Take(dialog);
     if (answer == kClose) return std::nullopt;
@@ -243,7 +233,7 @@ std::string ScriptedOperator::Take(ShownDialog& dialog) {
 
 void ScriptedOperator::UseMenu(const ShownDialog& dialog, const std::string& answer) {
   const int item = Find(MenuCaptions(), answer.substr(kMenu.size()));
-  if (item == 0 || !menuHandler_) RefuseAnswer(dialog, answer);
+  if (item == 0 || !menuHandler_) throw BadAnswer{answer, dialog};
   menuHandler_(static_cast<MenuItem>(item - 1));
 }
 

@@ -18,17 +18,6 @@
 
 namespace orvenza {
 
-/// Thrown by a dialog that finds no answer left. Not a std::exception on purpose: the traps that log a
-/// failure and carry on must let it pass, or the run would never end.
-struct UnansweredDialog {
-  std::string text;  ///< What happened, with the dialog as operator<< shows it.
-};
-
-/// Thrown when the next answer fits nothing in the dialog. Not a std::exception, for the same reason.
-struct BadAnswer {
-  std::string text;  ///< What happened, with the answer and the dialog.
-};
-
 enum class DialogKind { kMessage, kChoice, kPortSettings, kUtilities };
 
 /// One dialog as the operator saw it.
@@ -42,6 +31,18 @@ struct ShownDialog {
   std::vector<std::string> buttons;
   std::string answer;  ///< What it was answered, several answers joined by ", "; empty when none was taken.
   int selected = 0;    ///< Of `options`, the one selected at first, from 1; 0 none.
+};
+
+/// Thrown by a dialog that finds no answer left. Not a std::exception on purpose: the traps that log a
+/// failure and carry on must let it pass, or the run would never end.
+struct UnansweredDialog {
+  ShownDialog dialog;
+};
+
+/// Thrown when the next answer fits nothing in the dialog. Not a std::exception, for the same reason.
+struct BadAnswer {
+  std::string answer;
+  ShownDialog dialog;
 };
 
 /// One line such as: message "Orvenza - Attenzione !" "\r\nSei sicuro ?" [Sì|No] <- No

@@ -75,7 +75,31 @@ TEST_F(RehearseCommandTest, SaysWhatDidNotComeTrue) {
 
 TEST_F(RehearseCommandTest, RefusesWhatCannotBeRead) {
   EXPECT_EQ(Run({"none.scenario"}), 2);
-  EXPECT_EQ(err.str(), "orvenza-lab rehearse: File not found ( none.scenario )\n");
+  EXPECT_EQ(Run({"."}), 2);
+  EXPECT_EQ(err.str(),
+            "orvenza-lab rehearse: the scenario cannot be read: File not found ( none.scenario )\n"
+            "orvenza-lab rehearse: the scenario cannot be read: Path/File access error ( . )\n");
+}
+
+TEST_F(RehearseCommandTest, PlaysNothingThatCannotBeKept) {
+  disk.MakeFolder("D:\\shop");
+  disk.SetFull("D:", true);
+  EXPECT_EQ(Run({"day.scenario", "--folder", "D:\\shop"}), 2);
+  EXPECT_EQ(Run({"day.scenario", "--folder", "day.scenario\\shop"}), 2);
+  EXPECT_EQ(out.str(), "");
+  EXPECT_EQ(err.str(),
+            "orvenza-lab rehearse: Disk full ( D:\\shop\\trial )\n"
+            "orvenza-lab rehearse: File already exists ( day.scenario )\n");
+}
+
+TEST_F(RehearseCommandTest, MakesNoFolderForAScenarioThatCannotBeRead) {
+  EXPECT_EQ(Run({"none.scenario", "--folder", "shop"}), 2);
+  EXPECT_FALSE(disk.FolderSeam().Exists("C:\\work\\shop"));
+}
+
+TEST_F(RehearseCommandTest, HasAHelpPageForATerminal) {
+  std::istringstream page(HelpPage(RehearseCommand()));
+  for (std::string line; std::getline(page, line);) EXPECT_LE(line.size(), 80u) << line;
 }
 
 TEST_F(RehearseCommandTest, WantsExactlyOneScenario) {

@@ -50,6 +50,16 @@ TEST(Scenario, TakesATicketWithItsLinesAndItsTime) {
   EXPECT_EQ(deed.content, "1;Caff\xE8 \x80\x7F;\r\n\r\n <x7> end\r\n");
 }
 
+TEST(Scenario, TakesAByteByItsTwoDigitsOnly) {
+  const auto line = [](const std::string& text) { return "file a.txt\n| " + text; };
+  EXPECT_EQ(OnlyDeed(line("<7f><0D> < a, <ZZ>, <")).content, "\x7F\r < a, <ZZ>, <\r\n");
+  for (const char* text : {"<7F", "a <5 kg", "<7>", "<7FA>", "<7F1", "<a"}) {
+    EXPECT_EQ(Refused(line(text)),
+              "day:2: expected \">\" behind \"<\" and two hexadecimal digits; \"<\" itself is <3C>")
+        << text;
+  }
+}
+
 TEST(Scenario, MakesALogoOfTheShapeThatIsTaken) {
   const Deed deed = OnlyDeed("logo 3 logo.bmp");
   EXPECT_EQ(deed.path, "C:\\Orvenza\\logo.bmp");
@@ -190,6 +200,20 @@ TEST(Scenario, RefusesALineThatItCannotRead) {
       {"at 1s menu Help", "day:1: expected an item of the menu: Esci, Utilita', Info or Configura"},
       {"setting General Time Shift 5", "day:1: expected [Section] Key = value"},
       {"setting [General] Time Shift", "day:1: expected [Section] Key = value"},
+      {"setting [Database] = x", "day:1: expected [Section] Key = value"},
+      {"setting [General] Foo = 1", "day:1: expected a key of [General], not \"Foo\""},
+      {"setting [general] time shifts = 1",
+       "day:1: expected a key of [general], not \"time shifts\"; did you mean 'Time Shift'?"},
+      {"setting [General] ComPort = 1",
+       "day:1: expected a key of [General], not \"ComPort\"; it belongs in [Com Settings]"},
+      {"setting [Generale] Time Shift = 1",
+       "day:1: expected a section of the settings file, not [Generale]; did you mean 'General'?"},
+      {"limit 0s", "day:1: expected a time longer than 0"},
+      {"limit 2s\nlimit 3s", "day:2: expected \"limit\" only once"},
+      {"start 16/11/2026 09:00:00\nstart 16/11/2026 09:00:00", "day:2: expected \"start\" only once"},
+      {"ticket a.txt\n1;PANE;", "day:2: expected \"|\" before each line of a file"},
+      {"ticket a.txt\n\naswer Ok", "day:3: expected another word than 'aswer'; did you mean 'answer'?"},
+      {"at 1s sesion ends", "day:1: expected another word than 'sesion'; did you mean 'session'?"},
       {"answer", "day:1: expected a button, an option, \"close\", \"nothing\", or \"menu\" and an item"},
       {"expect paper", "day:1: expected a text on the paper"},
       {"expect sent 1 time",

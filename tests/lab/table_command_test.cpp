@@ -75,6 +75,13 @@ TEST(TableCommand, LeavesAFileAloneThatHasNoPlaceForATable) {
   EXPECT_EQ(ReadWhole(lab.files, "C:\\notes.md"), "My notes.\n");
 }
 
+TEST(TableCommand, HasAHelpPageForATerminal) {
+  TableLab lab;
+  EXPECT_EQ(lab.Run({"table", "--help"}), 0);
+  std::istringstream page(lab.out.str());
+  for (std::string line; std::getline(page, line);) EXPECT_LE(line.size(), 80u) << line;
+}
+
 TEST(TableCommand, TakesNoOtherWords) {
   TableLab lab;
   EXPECT_EQ(lab.Run({"table", "more"}), 2);

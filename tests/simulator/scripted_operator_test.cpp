@@ -68,8 +68,8 @@ TEST_F(ScriptedOperatorTest, ADialogWithoutAnswerEndsTheRun) {
     person.ShowMessage(question);
     FAIL() << "the dialog returned";
   } catch (const UnansweredDialog& error) {
-    EXPECT_EQ(error.text,
-              "no answer is left for message \"Orvenza - Attenzione !\" \"\\r\\nSei sicuro ?\" [Sì|No]");
+    EXPECT_EQ(error.dialog.text, "\r\nSei sicuro ?");
+    EXPECT_EQ(error.dialog.answer, "");
   }
 }
 
@@ -79,9 +79,8 @@ TEST_F(ScriptedOperatorTest, AnAnswerThatFitsNothingEndsTheRun) {
     person.ShowMessage(question);
     FAIL() << "the dialog returned";
   } catch (const BadAnswer& error) {
-    EXPECT_EQ(error.text,
-              "the answer \"Forse\" does not fit message \"Orvenza - Attenzione !\" \"\\r\\nSei sicuro ?\" "
-              "[Sì|No] <- Forse");
+    EXPECT_EQ(error.answer, "Forse");
+    EXPECT_EQ(error.dialog.text, "\r\nSei sicuro ?");
   }
 }
 

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "lab/recording_profile.h"
+
+namespace orvenza {
+
+/// The sections and keys that a settings file may hold. Letter case in names does not count.
+class KnownSettings {
+ public:
+  /// Those of a new file.
+  KnownSettings();
+
+  explicit KnownSettings(std::vector<RecordingProfile::Value> values) : values_(std::move(values)) {}
+
+  /// In their order.
+  std::vector<std::string> Sections() const;
+  std::vector<std::string> Keys(const std::string& section) const;
+
+  bool HasSection(const std::string& section) const;
+  bool HasKey(const std::string& section, const std::string& key) const;
+
+  /// The section that `key` belongs in; "" for none.
+  std::string SectionOf(const std::string& key) const;
+
+ private:
+  std::vector<RecordingProfile::Value> values_;
+};
+
+}  // namespace orvenza
