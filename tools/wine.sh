@@ -21,7 +21,8 @@ each other.
 Needs root, debootstrap and unshare. The project, the program's folder and the current folder are seen under their
 own names.
 
-  ORVENZA_WINE_ROOT    folder of that system (default: /opt/orvenza-wine)
+  ORVENZA_WINE_ROOT    folder of that system (default: /opt/orvenza-wine-N, N being a number that changes with
+                       what is put into it, so that none that was made otherwise is used)
   ORVENZA_WINE_PREFIX  folder of Wine's own files within it (default: /var/lib/orvenza-wine)
   ORVENZA_TEST_...     handed on to the program
 TEXT
@@ -33,11 +34,8 @@ fail() {
 }
 
 project=$(cd "$(dirname "$0")/.." && pwd -P)
-root=${ORVENZA_WINE_ROOT:-/opt/orvenza-wine}
 prefix=${ORVENZA_WINE_PREFIX:-/var/lib/orvenza-wine}
 packages=wine32,wine,xvfb,xauth,xdotool,imagemagick,fonts-liberation,fonts-wine
-# Only a system with this file in it is used: it was made here, to its end.
-mark=$root/etc/orvenza-wine
 
 check() {
   [ "$(id -u)" -eq 0 ] || fail "only root may enter the system in $root"
@@ -96,8 +94,8 @@ within() {
   if [ ! -e "$WINEPREFIX/orvenza-ready" ]; then
     mkdir -p "$(dirname "$WINEPREFIX")"
     wineboot --init </dev/null >/dev/null 2>&1
-    # Tahoma and the signs of the title bar. A system made before it had these fonts does with others.
-    cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null || true
+    # Tahoma and the signs of the title bar.
+    cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
     # Every program is on a desktop of this name, which has a taskbar with a notification area.
     wine reg add "HKCU\\Software\\Wine\\Explorer" /v Desktop /d shell /f >/dev/null
     wine reg add "HKCU\\Software\\Wine\\Explorer\\Desktops" /v shell /d 1024x768 /f >/dev/null
@@ -111,6 +109,11 @@ within() {
   wineserver -w || true
   exit "$result"
 }
+
+recipe=$({ declare -f make_root within; echo "$packages"; } | cksum | cut -d ' ' -f 1)
+root=${ORVENZA_WINE_ROOT:-/opt/orvenza-wine-$recipe}
+# Only a system with this file in it is used: it was made here, to its end.
+mark=$root/etc/orvenza-wine
 
 # Folders outside the project that a run may show. Those of the system itself are another one's within.
 may_be_shown() {

@@ -126,7 +126,8 @@ testing::AssertionResult ShowsEverything(HWND form, int dpi) {
   GetWindowRect(form, &place);
   if (place.left < 0 || place.top < 0 || place.right > GetSystemMetrics(SM_CXSCREEN) ||
       place.bottom > GetSystemMetrics(SM_CYSCREEN))
-    return Lacks(form, "does not fit the screen");
+    return Lacks(form, "does not fit the screen")
+           << ": " << place.left << "," << place.top << " to " << place.right << "," << place.bottom;
   RECT client{};
   GetClientRect(form, &client);
   for (HWND control = GetWindow(form, GW_CHILD); control != nullptr;
