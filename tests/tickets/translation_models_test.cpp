@@ -1,4 +1,5 @@
 #include <string>
+#include <utility>
 
 #include "tickets/translation_world.h"
 
@@ -105,6 +106,8 @@ TEST_F(ModelTest, QuarnisGoesByItsReleaseNumber) {
 TEST_F(ModelTest, QuarnisHasWideType30FromAnyRelease) {
   Register("QUARNIS  A", "   2.01.99");
   EXPECT_EQ(Translate(kType30), Type30(37));
+  Register("QUARNIS  A", "   2.02.00");
+  EXPECT_EQ(Translate(kType30), Type30(37));
 }
 
 TEST_F(ModelTest, MeldanoIsWideFromRelease20400) {
@@ -127,6 +130,31 @@ TEST_F(ModelTest, LongTextsAreCutToTheModelsWidth) {
   EXPECT_EQ(Translate("17;;7;" + text + ";2;"), "10820207" + text.substr(0, 32));
   EXPECT_EQ(Translate("24;" + text + ";2;"), "108102" + text.substr(0, 27));
   EXPECT_EQ(Translate("30;1;2;" + text + ";"), "1064012" + text.substr(0, 32));
+}
+
+TEST_F(ModelTest, OtherRecordsWithTextAreTheSameOnEveryModel) {
+  const std::string text = "1234567890123456789012345678901234567890123456789";
+  const std::pair<std::string, std::string> rows[] = {
+      {"1;" + text + ";1000;150;3;;;2;", "100302" + Blanks(40) + "123456789012345600010001000000150037890"},
+      {"1;1;2;;500;" + text + ";1;;-1;", "1069021234567890123456000000500"},
+      {"2;1;1250;5;" + text + ";", "10730151234567890123456000001250"},
+      {"3;" + text + ";150;3;;;2;;1000;", "101502" + Blanks(40) + "123456789012345600010001000000150037890"},
+      {"5;2;3;" + text + ";1;700;", "107203021234567890123456000000700"},
+      {"7;1;2;500;" + text + ";1;", "1070021234567890123456000000500"},
+      {"9;" + text + ";150;3;;2;;;1000;", "100902" + Blanks(40) + "123456789012345600010001000000150037890"},
+      {"14;700;1;3;" + text + ";1;", "107101031234567890123456000000700"},
+      {"23;" + text + ";2;", "10620201234567890123456789012345678901200"},
+      {"25;;3;" + text + ";2;", "10670203" + text.substr(0, 27)},
+      {"28;1;" + text + ";", "105801" + text.substr(0, 27)},
+      {"38;1;9;" + text + ";15;", "107701912345678901234560015"},
+      {"39;1;9;" + text + ";15;", "107801912345678901234560015"},
+      {"43;1;3;200;9999;12;" + text + ";", "10840130200999912" + text.substr(0, 40)},
+  };
+  for (const char* label :
+       {"          ", "  TOVEST 8", "TOVEST ETH", "  315 KV  ", "QUARNIS  A", "  MELDANO "}) {
+    Register(label, "   9.99.99");
+    for (const auto& [line, command] : rows) EXPECT_EQ(Translate(line), command) << label << line;
+  }
 }
 
 TEST_F(ModelTest, Type17TakesF2From1To30OnEveryModel) {

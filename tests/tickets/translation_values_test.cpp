@@ -233,6 +233,31 @@ TEST_F(ValuesTest, ItemClassesAre1To40) {
   }
 }
 
+TEST_F(ValuesTest, ChoicesAreComparedAsTexts) {
+  const struct {
+    const char* line;
+    const char* command;  ///< What the line is when none of the alternatives is chosen.
+  } rows[] = {
+      {"1;#;2;;500;;;;-1;", ""},
+      {"1;1;2;;500;SCONTO;#;;-1;", "102102000000500"},
+      {"5;2;3;RESO;#;700;", "10450302000000700"},
+      {"6;#;1;1500;", ""},
+      {"7;#;2;500;", ""},
+      {"7;1;2;500;SCONTO;#;", "102402000000500"},
+      {"8;1;#;", ""},
+      {"14;700;1;3;RESO;#;", "10710103RESO            000000700"},
+      {"32;1;#;1;", ""},
+      {"34;#;700;2;", "103202000000700"},
+      {"35;#;700;2;", "104002000000700"},
+  };
+  for (const auto& row : rows) {
+    for (const char* alike :
+         {"01", "00", " 1", "1 ", "1.0", " 0", "0 ", "02", " 2", "3 ", "-01", "-1 ", " "}) {
+      EXPECT_EQ(TranslateWith(row.line, alike), row.command) << row.line << alike;
+    }
+  }
+}
+
 TEST_F(ValuesTest, Type39SendsOneDigit) {
   EXPECT_EQ(Translate("39;1;9;Sconto socio;15;"), "1078019Sconto socio    0015");
   EXPECT_EQ(Translate("39;1;0;Sconto socio;9999;"), "1078010Sconto socio    9999");
