@@ -1,12 +1,11 @@
 #include "platform/windows/windows_folders.h"
 
 #include <algorithm>
-#include <iterator>
 #include <string_view>
 
 #include "platform/name_mask.h"
 #include "platform/system_error.h"
-#include "platform/windows/local_times.h"
+#include "platform/windows/folder_entry.h"
 #include "platform/windows/unique_handle.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_error.h"
@@ -21,29 +20,6 @@ bool IsListed(std::string_view name, const wchar_t* nativeName, std::string_view
   if (name == "." || name == ".." || name.ends_with(kUnfinishedSuffix)) return false;
   // A name that is not well-formed would lead nowhere when it came back as a path.
   return MatchesMask(name, mask) && IsWellFormed(nativeName);
-}
-
-std::string AttributeLetters(DWORD attributes) {
-  constexpr DWORD kFlags[] = {FILE_ATTRIBUTE_ARCHIVE, FILE_ATTRIBUTE_READONLY,   FILE_ATTRIBUTE_HIDDEN,
-                              FILE_ATTRIBUTE_SYSTEM,  FILE_ATTRIBUTE_COMPRESSED, FILE_ATTRIBUTE_TEMPORARY};
-  constexpr std::string_view kLetters = "ARHSCT";
-  std::string letters(kLetters.size(), ' ');
-  for (std::size_t i = 0; i < kLetters.size(); ++i) {
-    if ((attributes & kFlags[i]) != 0) letters[i] = kLetters[i];
-  }
-  return letters;
-}
-
-FolderEntry EntryOf(const WIN32_FIND_DATAW& data, std::string name) {
-  FolderEntry entry;
-  entry.name = std::move(name);
-  entry.isFolder = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  if (!entry.isFolder) entry.size = (std::uintmax_t{data.nFileSizeHigh} << 32) | data.nFileSizeLow;
-  entry.created = FromFileTime(data.ftCreationTime);
-  entry.accessed = FromFileTime(data.ftLastAccessTime);
-  entry.modified = FromFileTime(data.ftLastWriteTime);
-  entry.attributes = AttributeLetters(data.dwFileAttributes);
-  return entry;
 }
 
 }  // namespace
