@@ -6,6 +6,7 @@
 
 #include "platform/as_nobody.h"
 #include "platform/failure_of.h"
+#include "platform/posix/local_times.h"
 #include "platform/time_zone.h"
 
 namespace orvenza::test {
@@ -58,6 +59,30 @@ TEST(PosixClock, UptimeNeverGoesBack) {
   const auto first = clock.Uptime();
   EXPECT_GT(first.count(), 0);
   EXPECT_GE(clock.Uptime(), first);
+}
+
+/// The calendar time of a moment in seconds since 1970.
+std::tm CalendarAt(std::time_t seconds) {
+  std::tm calendar{};
+  ::localtime_r(&seconds, &calendar);
+  return calendar;
+}
+
+TEST(TimeOfDay, IsPutOnTheDateItIsGiven) {
+  const TimeZone zone("AAA-5:30");
+  const timespec time = AtTimeOfDay(CalendarAt(1795245330), 23, 59, 58);  // 21 November 2026, 12:45:30.
+  EXPECT_EQ(FromCalendar(CalendarAt(time.tv_sec)), (LocalTime{2026, 11, 21, 23, 59, 58}));
+  EXPECT_EQ(time.tv_sec, 1795285798);
+  EXPECT_EQ(time.tv_nsec, 0);
+}
+
+TEST(TimeOfDay, HasItsOwnSideOfAChangeOfTheOffset) {
+  const TimeZone zone("CET-1CEST,M3.5.0,M10.5.0/3");
+  const std::time_t night = 1774742400;  // 29 March 2026, 01:00, an hour before daylight saving time.
+  const std::time_t noon = night + 10 * 3600;
+  ASSERT_EQ(FromCalendar(CalendarAt(night)), (LocalTime{2026, 3, 29, 1, 0, 0}));
+  EXPECT_EQ(AtTimeOfDay(CalendarAt(night), 12, 0, 0).tv_sec, noon);
+  EXPECT_EQ(AtTimeOfDay(CalendarAt(noon), 1, 0, 0).tv_sec, night);
 }
 
 TEST(PosixClock, RefusesATimeOfDayThatDoesNotExist) {

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "platform/failure_of.h"
+#include "platform/windows/local_times.h"
 #include "platform/windows/wide.h"
 
 namespace orvenza::test {
@@ -75,6 +76,14 @@ TEST(WindowsClock, UptimeNeverGoesBack) {
   const auto first = clock.Uptime();
   EXPECT_GT(first.count(), 0);
   EXPECT_GE(clock.Uptime(), first);
+}
+
+TEST(TimeOfDay, IsPutOnTheDateItIsGiven) {
+  const SYSTEMTIME date{2026, 11, 6, 21, 12, 45, 30, 999};  // A Saturday.
+  const SYSTEMTIME time = AtTimeOfDay(date, 23, 59, 58);
+  EXPECT_EQ(FromSystemTime(time), (LocalTime{2026, 11, 21, 23, 59, 58}));
+  EXPECT_EQ(time.wDayOfWeek, 6);
+  EXPECT_EQ(time.wMilliseconds, 0);
 }
 
 TEST(WindowsClock, RefusesATimeOfDayThatDoesNotExist) {

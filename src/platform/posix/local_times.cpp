@@ -32,6 +32,14 @@ LocalTime FromCalendar(const std::tm& calendar) {
           calendar.tm_hour,        calendar.tm_min,     calendar.tm_sec};
 }
 
+timespec AtTimeOfDay(std::tm date, int hour, int minute, int second) {
+  date.tm_hour = hour;
+  date.tm_min = minute;
+  date.tm_sec = second;
+  date.tm_isdst = -1;
+  return {.tv_sec = std::mktime(&date), .tv_nsec = 0};
+}
+
 LocalTime LocalTimes::Of(std::int64_t seconds) {
   seconds = std::clamp(seconds, kEarliest, kLatest);
   const std::int64_t local = seconds + OffsetAt(seconds);

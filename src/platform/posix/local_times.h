@@ -11,6 +11,10 @@ namespace orvenza {
 /// A broken-down calendar time of the system.
 LocalTime FromCalendar(const std::tm& calendar);
 
+/// The start of a second of local time on `date`, whose own time of day does not matter: not even whether
+/// daylight saving time held then.
+timespec AtTimeOfDay(std::tm date, int hour, int minute, int second);
+
 /// Turns the many file times of a folder into local time, asking the system for the offset from universal
 /// time once a day of file times instead of once a file. Made anew for each listing, so that a change of the
 /// time zone is seen.

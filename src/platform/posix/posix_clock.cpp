@@ -42,13 +42,7 @@ std::chrono::nanoseconds PosixClock::Uptime() const {
 void PosixClock::SetTimeOfDay(int hour, int minute, int second) {
   const bool exists = hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
   if (!exists) throw SystemError(error_number::kInternalError);
-  std::tm calendar = CalendarOf(TimeNow(CLOCK_REALTIME).tv_sec);
-  calendar.tm_hour = hour;
-  calendar.tm_min = minute;
-  calendar.tm_sec = second;
-  calendar.tm_isdst = -1;
-  timespec time{};
-  time.tv_sec = std::mktime(&calendar);
+  const timespec time = AtTimeOfDay(CalendarOf(TimeNow(CLOCK_REALTIME).tv_sec), hour, minute, second);
   if (::clock_settime(CLOCK_REALTIME, &time) != 0) throw SystemError(error_number::kPermissionDenied);
 }
 

@@ -13,4 +13,12 @@ LocalTime FromFileTime(const FILETIME& time) {
   return FromSystemTime(calendar);
 }
 
+SYSTEMTIME AtTimeOfDay(SYSTEMTIME date, int hour, int minute, int second) {
+  date.wHour = static_cast<WORD>(hour);
+  date.wMinute = static_cast<WORD>(minute);
+  date.wSecond = static_cast<WORD>(second);
+  date.wMilliseconds = 0;
+  return date;
+}
+
 }  // namespace orvenza

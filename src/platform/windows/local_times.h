@@ -11,4 +11,7 @@ LocalTime FromSystemTime(const SYSTEMTIME& time);
 /// A file time (universal) in local time; the date zero where the system cannot convert it.
 LocalTime FromFileTime(const FILETIME& time);
 
+/// The start of a second on `date`, whose own time of day does not matter.
+SYSTEMTIME AtTimeOfDay(SYSTEMTIME date, int hour, int minute, int second);
+
 }  // namespace orvenza

@@ -42,11 +42,7 @@ std::chrono::nanoseconds WindowsClock::Uptime() const {
 void WindowsClock::SetTimeOfDay(int hour, int minute, int second) {
   const bool exists = hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
   if (!exists) throw SystemError(error_number::kInternalError);
-  SYSTEMTIME time = SystemLocalTime();
-  time.wHour = static_cast<WORD>(hour);
-  time.wMinute = static_cast<WORD>(minute);
-  time.wSecond = static_cast<WORD>(second);
-  time.wMilliseconds = 0;
+  const SYSTEMTIME time = AtTimeOfDay(SystemLocalTime(), hour, minute, second);
   if (!::SetLocalTime(&time)) throw SystemError(error_number::kPermissionDenied);
 }
 
