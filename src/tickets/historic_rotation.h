@@ -11,7 +11,8 @@ namespace orvenza {
 
 /// Whether the historic folder is one in which tickets are looked for, or lies above the ticket folder or the
 /// program folder `appPath` (without a "\" at its end). Printed tickets put there would be taken for new
-/// ones, and its rotation would carry waiting ones away, so it must not be used.
+/// ones, and its rotation would carry waiting ones away, so it must not be used. Told by the texts of the
+/// paths: letter case, doubled separators, "." and ".." do not hide it, a link or another drive letter does.
 bool HistoricHoldsTickets(const AppSettings& settings, const std::string& appPath);
 
 /// Gives the historic folder the date of its newest ticket when that is not today's, and makes it again

@@ -252,7 +252,8 @@ TEST(BadSettings, MissingSectionsTakeTheirDefaults) {
 }
 
 TEST(BadSettings, HistoricFolderThatIsPolledArchivesNothingAndPrintsEachTicketOnce) {
-  for (const char* name : {"data\\inproces\\", "data\\", "DATA\\INPROCES"}) {
+  for (const char* name : {"data\\inproces\\", "data\\", "DATA\\INPROCES", "\\data\\inproces\\",
+                           "data\\..\\data\\", ".\\data\\x\\..\\inproces"}) {
     Shop shop;
     shop.Configure("Database", "HistoricTickets", shop.folder.Path() + "\\" + name);
     shop.Drop("inproces\\leftover.txt", {kItem, kPayment});

@@ -155,6 +155,62 @@ TEST_F(RotationTest, ArchivingIsOffWhereTheFolderCannotBeMadeAgain) {
                                "Errore creazione cartella storico scontrini : " + historic}));
 }
 
+// Whether the folder may be used at all.
+
+bool Holds(const std::string& tickets, const std::string& historic) {
+  AppSettings settings;
+  settings.TicketFolder = tickets;
+  settings.HistoricFolder = historic;
+  return HistoricHoldsTickets(settings, "C:\\Program\\Orvenza");
+}
+
+TEST(HistoricHoldsTickets, IsSoInEverySpellingOfAFolderThatIsPolledOrLiesAboveOne) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"C:\\shop\\data\\", "C:\\shop\\data\\inproces\\"},
+      {"C:\\shop\\data\\", "c:\\SHOP\\data\\"},
+      {"C:\\shop\\data\\", "C:\\shop\\\\data\\inproces\\"},
+      {"C:\\shop\\data\\", "C:\\shop\\data\\inproces\\\\"},
+      {"C:\\shop\\data\\", "C:\\shop\\.\\data\\.\\"},
+      {"C:\\shop\\data\\", "C:\\shop\\data\\..\\data\\"},
+      {"C:\\shop\\data\\", "C:\\shop\\data\\x\\y\\..\\..\\INPROCES\\"},
+      {"C:\\shop\\data\\", "C:\\..\\..\\shop\\"},
+      {"C:\\shop\\\\x\\..\\data\\", "C:\\shop\\data\\"},
+      {"C:/shop//data/", "C:\\shop\\data\\inproces\\"},
+      {"D:\\data\\", "C:\\Program\\x\\..\\"},
+      {"\\shop\\data\\", "\\\\\\shop\\data\\"},
+      {"\\shop\\data\\", "\\..\\shop\\data\\"},
+      {"\\\\till\\c\\data\\", "\\\\TILL\\c\\\\data\\"},
+      {"\\\\till\\c\\data\\", "\\\\till\\c\\..\\..\\data\\"},
+      {"data\\", ".\\data\\"},
+      {"data\\", ".\\"},
+      {"..\\data\\", "x\\..\\..\\data\\"},
+      {"", ".\\inproces\\"},
+  };
+  for (const auto& [tickets, historic] : rows) {
+    EXPECT_TRUE(Holds(tickets, historic)) << tickets << " " << historic;
+  }
+}
+
+TEST(HistoricHoldsTickets, IsNotSoOfAnyOtherFolder) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"C:\\shop\\data\\", ""},
+      {"C:\\shop\\data\\", "C:\\shop\\storico\\"},
+      {"C:\\shop\\data\\", "C:\\shop\\dat\\"},
+      {"C:\\shop\\data\\", "C:\\shop\\data\\..\\storico\\"},
+      {"C:\\shop\\data\\", "C:\\shop\\data\\inproces\\printed\\"},
+      {"C:\\shop\\data\\", "C:\\shop\\data\\...\\"},
+      {"C:\\shop\\data\\", "\\shop\\data\\"},
+      {"C:\\shop\\data\\", ".\\"},
+      {"\\till\\c\\data\\", "\\\\till\\c\\data\\"},
+      {"\\\\till\\c\\data\\", "\\\\till\\d\\..\\c\\data\\"},
+      {"data\\", "..\\data\\"},
+      {"data\\", "..\\..\\data\\"},
+  };
+  for (const auto& [tickets, historic] : rows) {
+    EXPECT_FALSE(Holds(tickets, historic)) << tickets << " " << historic;
+  }
+}
+
 // The rotation at start-up.
 
 /// Seconds of the connector's life at which the historic folder was to be renamed.
