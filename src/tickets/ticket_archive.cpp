@@ -19,14 +19,12 @@ constexpr double kLargestSequenceNumber = 1e15;
 
 std::string NameOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
 
-/// The extension of archived tickets: the mask's last three characters, or "txt" where those name no
-/// extension.
+}  // namespace
+
 std::string ArchiveExtension(const std::string& mask) {
   const std::string extension(Right(mask, 3));
   return extension.find_first_of("*?") == std::string::npos && !extension.empty() ? extension : "txt";
 }
-
-}  // namespace
 
 TicketArchive::TicketArchive(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
                              OperatorMessages& messages)

@@ -12,6 +12,10 @@
 
 namespace orvenza {
 
+/// The extension of archived tickets, whose names are numbers: the last three characters of the ticket mask,
+/// or "txt" where those name no extension.
+std::string ArchiveExtension(const std::string& mask);
+
 /// Where a work file goes when its processing is over. A file that cannot leave the in-process folder is
 /// remembered as settled, so that its receipt is never printed again while the program runs.
 class TicketArchive {

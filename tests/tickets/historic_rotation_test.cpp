@@ -8,6 +8,7 @@
 
 #include "core/journals.h"
 #include "platform/failure_of.h"
+#include "simulator/virtual_disk.h"
 #include "support/shop.h"
 
 namespace orvenza::test {
@@ -112,6 +113,43 @@ TEST_F(RotationTest, AFolderWithoutAnyFileOfTheMaskHasTheDateZero) {
   Keep("notes.doc", kToday);
   Rotate();
   EXPECT_EQ(FoldersInShop(), (Lines{"storico", "storico_18991230"}));
+}
+
+TEST_F(RotationTest, CountsArchivedTicketsUnderAMaskThatTheirNumbersDoNotFit) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"scontrino.txt", "1.txt"}, {"t*.txt", "12.TXT"}, {"*.html", "3.tml"}, {"t*", "4.txt"}};
+  for (const auto& [mask, archived] : rows) {
+    settings.TicketMask = mask;
+    Keep(archived, kToday);
+    Rotate();
+    EXPECT_EQ(FoldersInShop(), Lines{"storico"}) << mask;
+    std::filesystem::remove(shop.folder.Native("storico\\" + std::string(archived)));
+  }
+}
+
+TEST_F(RotationTest, CountsNoOtherNamesOfTheArchivedTicketsExtension) {
+  settings.TicketMask = "t*.txt";
+  Keep("1.txt", kYesterday);
+  for (const char* name : {"1a.txt", "a1.txt", ".txt", "1.2.txt", "1txt", "2.dat", "-3.txt"})
+    Keep(name, kToday);
+  Rotate();
+  EXPECT_EQ(FoldersInShop(), (Lines{"storico", "storico_20261115"}));
+}
+
+TEST_F(RotationTest, CountsASubfolderOfTheMaskToo) {
+  VirtualDisk disk(shop.clock);  // on which a folder can be of the clock's day
+  settings.HistoricFolder = "C:\\storico\\";
+  disk.Put("C:\\storico\\1.txt", "", LocalTime{2026, 11, 15, 12, 0, 0});
+  disk.MakeFolder("C:\\storico\\kept.txt");
+  RotateHistoricFolder(disk.FolderSeam(), shop.clock, journals, settings);
+  EXPECT_TRUE(disk.FolderSeam().Exists("C:\\storico\\kept.txt"));
+}
+
+TEST_F(RotationTest, AppendsTheTimeOfDayAlsoBesideAFileOfTheDatedName) {
+  Keep("1.txt", kYesterday);
+  shop.folder.Write("storico_20261115.zip", "");
+  Rotate();
+  EXPECT_EQ(FoldersInShop(), (Lines{"storico", "storico_20261115_090000"}));
 }
 
 TEST_F(RotationTest, GivesTheSameNameWithoutATrailingBackslash) {
