@@ -72,7 +72,8 @@ TEST_F(SplitterTest, LeavesAFileOfOneTicketUntouched) {
                                    "1;a;\n\n2;1;\n",
                                    "2;1;\r\n",
                                    "1;a;\r\n2;1;\r\n4;1;\r\n5;1;\r\n15;1;\r\n14;1;\r\n2;1;",
-                                   "14;1;\r\n1;a;\r\n"};
+                                   "14;1;\r\n1;a;\r\n",
+                                   "1;a;\r\n2;1;\r\n\r\n\x1a"};
   for (const char* content : oneTicket) {
     EXPECT_FALSE(Split("t.txt", content)) << content;
     EXPECT_EQ(memory.content, (Contents{{"t.txt", content}}));
