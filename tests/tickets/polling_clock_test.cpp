@@ -54,6 +54,16 @@ TEST(ClockTick, ATickSpentPrintingCountsAsHalfASecond) {
   EXPECT_EQ(shop.SentAt("4201"), (Times{500, 44500})) << "the first follows the ticket's status query";
 }
 
+TEST(ClockTick, PrintsATicketBeforeTheQueryThatIsDueOnTheSameTick) {
+  CorrectingShop shop;
+  shop.After(30300ms, [&] { shop.Drop("ticket.txt", {"0;1;"}); });
+  shop.Run(31s);
+  EXPECT_EQ(shop.SentAt("1051"), Times{30500});
+  EXPECT_EQ(shop.Sent(), (Lines{"321700", "199900",            // start-up
+                                "321701", "420100", "105101",  // the ticket
+                                "321700", "420100"}));
+}
+
 TEST(ClockTick, ShowsNoDialogWhateverTheRegisterDoes) {
   const std::pair<std::string, std::string> troubles[] = {
       {"after 20000 absent 1", "Dispositivo Spento o Non Collegato !"},

@@ -43,6 +43,17 @@ TEST_F(PollingTimerTest, IsOffDuringATickAndOnAfterIt) {
   EXPECT_EQ(timer.TimeLeft(), PollTimer::kInterval);
 }
 
+TEST_F(PollingTimerTest, IsOffWhileTheRegisterIsAskedForItsClock) {
+  settings.PcTimeCorrection = 0.1;
+  control.Always("3217", "321700");
+  std::vector<bool> enabled;
+  faulty.Before("Send", [&](const std::string&) { enabled.push_back(timer.Enabled()); });
+  polling.Tick();
+  EXPECT_EQ(Sent(), (Lines{"321700", "420100"}));
+  EXPECT_EQ(enabled, (std::vector<bool>{false, false}));
+  EXPECT_TRUE(timer.Enabled());
+}
+
 TEST_F(PollingTimerTest, IsOnAgainAfterATickInWhichEverythingFailed) {
   folders.FailAlways("ListFolder", "", error_number::kPathFileAccess);
   polling.Tick();
