@@ -115,6 +115,17 @@ void FormBench::ExpectGone(int number) {
   pump.After(kGlance, [=, this] { ExpectGone(number); });
 }
 
+void DialogBench::ShowAll(const std::function<void(HWND)>& answer) {
+  WhenShown(answer);
+  person.ShowChoice(kPaper);
+  WhenShown(answer);
+  person.ShowChoice(kChoice);
+  WhenShown(answer);
+  person.ShowPortSettings(kPorts);
+  WhenShown(answer);
+  person.ShowUtilities(kUtilities, [](int) { return true; });
+}
+
 void ChangeDpi(HWND form, int dpi) {
   RECT suggested{0, 0, 100, 100};
   SendMessageW(form, WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)),

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <functional>
 
+#include "core/catalogue.h"
 #include "core/event_loop.h"
 #include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_event_pump.h"
@@ -39,6 +40,29 @@ class FormBench : public testing::Test {
   std::function<void(HWND)> answer_;
   int asked_ = 0;
   std::chrono::steady_clock::time_point end_;
+};
+
+/// The bench with all dialogs but messages, as the program shows them.
+class DialogBench : public FormBench {
+ protected:
+  const ChoiceContent kPaper{"Orvenza", LoadMessage(111), LoadMessage(112), false, {}, 0, LoadMessage(113)};
+  const ChoiceContent kChoice{"Orvenza",
+                              LoadMessage(118),
+                              LoadMessage(508),
+                              true,
+                              {LoadMessage(145), LoadMessage(119), LoadMessage(120)},
+                              2,
+                              LoadMessage(113)};
+  const PortContent kPorts{
+      LoadMessage(174),
+      {LoadMessage(175), LoadMessage(176), LoadMessage(177), LoadMessage(178), LoadMessage(179)},
+      {{{"COM1", "COM16"}, {"1200", "57600"}, {"Odd", "Even", "None"}, {"7", "8"}, {"1", "2"}}},
+      {1, 1, 2, 1, 0},
+      LoadMessage(113)};
+  const UtilitiesContent kUtilities{LoadMessage(161), {LoadMessage(162), LoadMessage(163), LoadMessage(167)}};
+
+  /// Shows every dialog but messages, each given to `answer`.
+  void ShowAll(const std::function<void(HWND)>& answer);
 };
 
 /// Tells a form of this process that its screen has `dpi` pixels an inch now.

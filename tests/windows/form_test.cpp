@@ -154,35 +154,7 @@ TEST_F(MessageFormTest, ShowsEveryTextInFull) {
   }
 }
 
-struct FormTest : FormBench {
-  const ChoiceContent kPaper{"Orvenza", LoadMessage(111), LoadMessage(112), false, {}, 0, LoadMessage(113)};
-  const ChoiceContent kChoice{"Orvenza",
-                              LoadMessage(118),
-                              LoadMessage(508),
-                              true,
-                              {LoadMessage(145), LoadMessage(119), LoadMessage(120)},
-                              2,
-                              LoadMessage(113)};
-  const PortContent kPorts{
-      LoadMessage(174),
-      {LoadMessage(175), LoadMessage(176), LoadMessage(177), LoadMessage(178), LoadMessage(179)},
-      {{{"COM1", "COM16"}, {"1200", "57600"}, {"Odd", "Even", "None"}, {"7", "8"}, {"1", "2"}}},
-      {1, 1, 2, 1, 0},
-      LoadMessage(113)};
-  const UtilitiesContent kUtilities{LoadMessage(161), {LoadMessage(162), LoadMessage(163), LoadMessage(167)}};
-
-  /// Every dialog but messages, each given to `answer`.
-  void ShowAll(const std::function<void(HWND)>& answer) {
-    WhenShown(answer);
-    person.ShowChoice(kPaper);
-    WhenShown(answer);
-    person.ShowChoice(kChoice);
-    WhenShown(answer);
-    person.ShowPortSettings(kPorts);
-    WhenShown(answer);
-    person.ShowUtilities(kUtilities, [](int) { return true; });
-  }
-};
+using FormTest = DialogBench;
 
 TEST_F(FormTest, ChoicesShowEveryTextInFull) {
   for (const std::string& text : Texts()) {

@@ -1,0 +1,203 @@
+// What the operator sees of the forms: colours, fonts, icons, the flashing of the title bar; and what the
+// choice dialog returns.
+
+#include <windows.h>
+// After <windows.h>.
+#include <commctrl.h>
+
+#include <optional>
+#include <vector>
+
+#include "platform/windows/wide.h"
+#include "ui/operator_message.h"
+#include "ui/windows/names.h"
+#include "windows/form_bench.h"
+#include "windows/person.h"
+
+namespace orvenza::test {
+namespace {
+
+using namespace control_id;
+
+constexpr COLORREF kBackground = RGB(150, 187, 213);
+
+struct FormLookTest : DialogBench {
+  void ShowMessage(const std::string& text, const std::function<void(HWND)>& answer) {
+    WhenShown(answer);
+    messages.ShowOperatorMessage(text, message_style::kQuestion, "");
+  }
+
+  /// Every form, messages with them.
+  void ShowEveryForm(const std::function<void(HWND)>& answer) {
+    ShowMessage("Sei sicuro ?", answer);
+    ShowAll(answer);
+  }
+
+  OperatorMessages messages{person, "Orvenza"};
+};
+
+std::string NameOf(HWND form) { return ToUtf8(ClassOf(form)); }
+
+/// What is drawn at this pixel of the window.
+COLORREF ColourAt(HWND window, LONG x, LONG y) {
+  RedrawWindow(GetAncestor(window, GA_ROOT), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  const HDC dc = GetDC(window);
+  const COLORREF colour = GetPixel(dc, x, y);
+  ReleaseDC(window, dc);
+  return colour;
+}
+
+COLORREF ColourAt(HWND form, int control, LONG x, LONG y) {
+  return ColourAt(GetDlgItem(form, control), x, y);
+}
+
+TEST_F(FormLookTest, EveryFormHasTheBackground) {
+  ShowEveryForm([](HWND form) {
+    RECT client{};
+    GetClientRect(form, &client);
+    EXPECT_EQ(ColourAt(form, 1, 1), kBackground) << NameOf(form);
+    EXPECT_EQ(ColourAt(form, client.right - 2, client.bottom - 2), kBackground) << NameOf(form);
+    CloseByCross(form);
+  });
+}
+
+TEST_F(FormLookTest, TheTextOfAMessageHasTheBackground) {
+  ShowMessage("Sei sicuro ?", [](HWND form) {
+    EXPECT_EQ(ColourAt(form, kText1, 2, 2), kBackground);
+    CloseByCross(form);
+  });
+}
+
+TEST_F(FormLookTest, TextsAndFrameOfAChoiceHaveTheBackground) {
+  WhenShown([](HWND form) {
+    const RECT frame = PlaceOf(form, kFrame1);
+    EXPECT_EQ(ColourAt(form, kLabel1, 1, 1), kBackground);
+    EXPECT_EQ(ColourAt(form, kLabel2, 1, 1), kBackground);
+    EXPECT_EQ(ColourAt(form, frame.left + 4, frame.bottom - 4), kBackground);
+    for (int i = 1; i <= 3; ++i) EXPECT_EQ(ColourAt(form, kOption1 + i, 1, 1), kBackground) << i;
+    CloseByCross(form);
+  });
+  person.ShowChoice(kChoice);
+}
+
+TEST_F(FormLookTest, LabelsAndFrameOfThePortSettingsHaveTheBackground) {
+  WhenShown([](HWND form) {
+    const RECT frame = PlaceOf(form, kFrame1);
+    EXPECT_EQ(ColourAt(form, frame.left + 4, frame.bottom - 4), kBackground);
+    for (int i = 0; i < 5; ++i) EXPECT_EQ(ColourAt(form, kLabel + i, 1, 1), kBackground) << i;
+    CloseByCross(form);
+  });
+  person.ShowPortSettings(kPorts);
+}
+
+std::wstring FontOf(HWND form, int control) {
+  LOGFONTW font{};
+  const auto handle = reinterpret_cast<HFONT>(SendDlgItemMessageW(form, control, WM_GETFONT, 0, 0));
+  GetObjectW(handle, sizeof font, &font);
+  return font.lfFaceName;
+}
+
+TEST_F(FormLookTest, BothLabelsOfAChoiceAreInTimesNewRoman) {
+  WhenShown([](HWND form) {
+    EXPECT_EQ(FontOf(form, kLabel1), L"Times New Roman");
+    EXPECT_EQ(FontOf(form, kLabel2), L"Times New Roman");
+    CloseByCross(form);
+  });
+  person.ShowChoice(kChoice);
+}
+
+/// The icon with the number 1 in the program that runs, here the tests.
+ULONG_PTR OwnIcon(int metric) {
+  const int size = GetSystemMetrics(metric);
+  return reinterpret_cast<ULONG_PTR>(
+      LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, size, size, LR_SHARED));
+}
+
+TEST_F(FormLookTest, EveryFormHasTheIconOfTheProgram) {
+  ASSERT_NE(OwnIcon(SM_CXICON), 0U);
+  ShowEveryForm([](HWND form) {
+    EXPECT_EQ(GetClassLongPtrW(form, GCLP_HICON), OwnIcon(SM_CXICON)) << NameOf(form);
+    EXPECT_EQ(GetClassLongPtrW(form, GCLP_HICONSM), OwnIcon(SM_CXSMICON)) << NameOf(form);
+    CloseByCross(form);
+  });
+}
+
+/// Notes how the title bar of a form is drawn from now on: true as that of the active form.
+class TitleBar {
+ public:
+  explicit TitleBar(HWND form) : form_(form) {
+    SetWindowSubclass(form, Note, kNumber, reinterpret_cast<DWORD_PTR>(this));
+  }
+  ~TitleBar() { RemoveWindowSubclass(form_, Note, kNumber); }
+  TitleBar(const TitleBar&) = delete;
+  TitleBar& operator=(const TitleBar&) = delete;
+
+  std::vector<bool> drawn;
+
+ private:
+  static constexpr UINT_PTR kNumber = 1;
+
+  static LRESULT CALLBACK Note(HWND form, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                               DWORD_PTR self) {
+    if (message == WM_NCACTIVATE) reinterpret_cast<TitleBar*>(self)->drawn.push_back(wParam != FALSE);
+    return DefSubclassProc(form, message, wParam, lParam);
+  }
+
+  HWND form_;
+};
+
+TEST_F(FormLookTest, TitleBarsOfMessagesAndChoicesFlash) {
+  const auto answer = [this](HWND form) {
+    {
+      const TitleBar title(form);
+      Await("two changes of the title bar", [&] { return title.drawn.size() >= 2; });
+      EXPECT_NE(title.drawn[0], title.drawn[1]) << NameOf(form);
+    }
+    CloseByCross(form);
+  };
+  ShowMessage("Sei sicuro ?", answer);
+  WhenShown(answer);
+  person.ShowChoice(kChoice);
+}
+
+TEST_F(FormLookTest, OnlyMessagesAndChoicesFlash) {
+  ShowEveryForm([](HWND form) {
+    const bool flashes = ClassOf(form) == window_class::kOrvMsg || ClassOf(form) == window_class::kOrvInfo;
+    // Only a timer that is there can be killed.
+    EXPECT_EQ(KillTimer(form, kTmrFlash) != FALSE, flashes) << NameOf(form);
+    CloseByCross(form);
+  });
+}
+
+TEST_F(FormLookTest, OnlyAShortMessageIsCentredAndNoneCanBeEdited) {
+  for (const auto& [length, alignment] : {std::pair(59U, ES_CENTER), {60U, ES_LEFT}}) {
+    ShowMessage(std::string(length, 'n'), [&](HWND form) {
+      const LONG style = GetWindowLongW(GetDlgItem(form, kText1), GWL_STYLE);
+      EXPECT_EQ(style & (ES_CENTER | ES_RIGHT), alignment) << length;
+      EXPECT_NE(style & ES_READONLY, 0) << length;
+      CloseByCross(form);
+    });
+  }
+}
+
+TEST_F(FormLookTest, AChoiceReturnsWhatIsSelected) {
+  struct Case {
+    bool frameVisible;
+    int selected;
+  };
+  for (const auto& [frameVisible, selected] : {Case{true, 0}, {true, 1}, {true, 3}, {false, 0}, {false, 2}}) {
+    ChoiceContent content = kChoice;
+    content.frameVisible = frameVisible;
+    content.selected = selected;
+    WhenShown([](HWND form) { Click(form, kCommand + 1); });
+    EXPECT_EQ(person.ShowChoice(content), std::optional(selected)) << frameVisible;
+  }
+}
+
+TEST_F(FormLookTest, AChoiceThatIsClosedReturnsNothing) {
+  WhenShown(CloseByCross);
+  EXPECT_EQ(person.ShowChoice(kChoice), std::nullopt);
+}
+
+}  // namespace
+}  // namespace orvenza::test
