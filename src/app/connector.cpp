@@ -48,8 +48,7 @@ Connector::Connector(const Surroundings& around, const ProgramPaths& paths)
       processor_(files_, settings_, journals_, loop_, link_, cash_, recovery_, logo_, translator_, archive_),
       polling_(files_, folders_, settings_, journals_, timer1_, link_, queries_, clockCorrection_, splitter_,
                processor_, archive_),
-      orvUti_(person_, messages_, files_, journals_, settings_,
-              [this] { return polling_.CountWaitingTickets(); }) {}
+      orvUti_(person_, messages_, files_, journals_, settings_, polling_) {}
 
 void Connector::Run(bool anotherInstanceRuns) {
   try {

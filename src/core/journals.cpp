@@ -7,6 +7,13 @@
 
 namespace orvenza {
 
+namespace {
+
+/// Exactly three characters are cut, whatever the extension.
+std::string BakOf(const std::string& path) { return path.substr(0, path.size() - 3) + "Bak"; }
+
+}  // namespace
+
 Journals::Journals(Files& files, Clock& clock, AppSettings& settings, std::string programFolder)
     : files_(files), clock_(clock), settings_(settings), programFolder_(std::move(programFolder)) {}
 
@@ -39,6 +46,14 @@ bool Journals::Attempt(std::string_view label, const std::function<void()>& step
   return false;
 }
 
+std::vector<std::string> Journals::Paths() const {
+  std::vector<std::string> paths{programFolder_ + "\\log.txt", programFolder_ + "\\error.txt"};
+  for (const std::string& path : {settings_.LogPath, settings_.ErrPath}) {
+    if (!path.empty()) paths.insert(paths.end(), {path, BakOf(path)});
+  }
+  return paths;
+}
+
 void Journals::Write(const std::string& path, std::string& message, std::string_view routine,
                      const std::string& fallback) {
   try {
@@ -62,8 +77,7 @@ void Journals::Write(const std::string& path, std::string& message, std::string_
 
 void Journals::MoveAsideWhenLarge(const std::string& path) {
   if (!files_.Exists(path) || files_.Size(path) <= kRotationSize) return;
-  // Exactly three characters are cut, whatever the extension.
-  files_.Copy(path, path.substr(0, path.size() - 3) + "Bak");
+  files_.Copy(path, BakOf(path));
   files_.Remove(path);
 }
 

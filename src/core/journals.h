@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/settings.h"
 #include "platform/clock.h"
@@ -35,6 +36,9 @@ class Journals {
   /// Runs one step of a procedure inside its error trap. A failure is written to the error log under `label`,
   /// and the caller goes on with its next step. Returns whether the step ran to its end. ProgramEnd passes.
   bool Attempt(std::string_view label, const std::function<void()>& step);
+
+  /// The files that the journals are written to, and their "Bak" copies. Some may not be there.
+  std::vector<std::string> Paths() const;
 
  private:
   void Write(const std::string& path, std::string& message, std::string_view routine,

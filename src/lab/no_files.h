@@ -18,6 +18,7 @@ class NoFiles : public Files {
   void Move(const std::string&, const std::string&) override {}
   void Remove(const std::string& path) override { Refuse(path); }
   void ClearAttributes(const std::string& path) override { Refuse(path); }
+  void CopyModified(const std::string& from, const std::string&) override { Refuse(from); }
 
  private:
   [[noreturn]] static void Refuse(const std::string& path) {

@@ -52,6 +52,9 @@ class Files {
 
   /// Clears read-only, hidden and the like, so that the file can be removed.
   virtual void ClearAttributes(const std::string& path) = 0;
+
+  /// Gives the file `to` the modification time of the file `from`.
+  virtual void CopyModified(const std::string& from, const std::string& to) = 0;
 };
 
 /// The first `limit` bytes of a file, all of them when it is shorter. Throws SystemError.

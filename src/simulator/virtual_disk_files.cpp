@@ -87,6 +87,10 @@ class VirtualDisk::FilesOfDisk : public Files {
     disk_.Tell({DiskAct::kAttributesCleared, path});
   }
 
+  void CopyModified(const std::string& from, const std::string& to) override {
+    disk_.FileAt(to).modified = disk_.FileAt(from).modified;
+  }
+
  private:
   /// A file that takes the place of an older one, whole or not at all.
   void Store(const std::string& path, std::string content, const LocalTime& modified) {

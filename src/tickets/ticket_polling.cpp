@@ -14,6 +14,8 @@ namespace {
 
 constexpr const char* kLabel = "Timer1 - ";
 constexpr std::size_t kStampLength = 14;
+/// Digits of a number in a name that count by its value.
+constexpr std::size_t kLongestNumber = 20;
 /// Five seconds of ticks, and a minute of them.
 constexpr int kEagerTries = 10;
 constexpr int kTicksBetweenTries = 120;
@@ -23,12 +25,22 @@ constexpr std::size_t kLongestCommand = 64 * 1024;
 std::string NameOf(const std::string& entry) { return entry.substr(kStampLength); }
 
 /// What the lists are sorted by. In small letters, because the name of a closure request consists of "z" and
-/// is to come after a "_" too.
-std::string SortKey(std::string entry) {
-  for (char& c : entry) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+/// is to come after a "_" too; numbers with zeros before them.
+std::string SortKey(std::string_view entry) {
+  constexpr std::string_view kDigits = "0123456789";
+  std::string key(entry.substr(0, kStampLength));
+  for (std::string_view rest = entry.substr(kStampLength); !rest.empty();) {
+    const std::size_t digits = std::min(rest.find_first_not_of(kDigits), rest.size());
+    if (digits > 0 && digits < kLongestNumber) key.append(kLongestNumber - digits, '0');
+    key += rest.substr(0, digits);
+    rest.remove_prefix(digits);
+    const std::size_t others = std::min(rest.find_first_of(kDigits), rest.size());
+    for (const char c : rest.substr(0, others)) {
+      key += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
+    rest.remove_prefix(others);
   }
-  return entry;
+  return key;
 }
 
 /// A file that cannot be taken in, read or split is tried on each tick first, and then rarely, so that it
@@ -97,10 +109,27 @@ void TicketPolling::RefreshInProcessList() {
   list2_ = ReadList(settings_.InProcessFolder);
 }
 
+std::vector<std::string> TicketPolling::OwnNames(const std::string& folder) const {
+  const std::string place = ToUpperAscii(SettingsPath(folder));
+  std::vector<std::string> paths = journals_.Paths();
+  paths.push_back(settings_.CommandFilePath);
+  std::vector<std::string> names;
+  for (const std::string& path : paths) {
+    const std::string own = ToUpperAscii(SettingsPath(path));
+    const std::size_t name = own.rfind('\\') + 1;
+    if (own.substr(0, name) == place) names.push_back(own.substr(name));
+  }
+  return names;
+}
+
 TicketPolling::SortedList TicketPolling::ReadList(const std::string& folder) const {
+  const std::vector<std::string> own = OwnNames(folder);
+  const auto isOwn = [&](const std::string& name) {
+    return !own.empty() && std::find(own.begin(), own.end(), ToUpperAscii(name)) != own.end();
+  };
   std::vector<std::pair<std::string, std::string>> keyed;  // the key of an entry, and the entry
   for (const FolderEntry& file : folders_.ListFolder(folder + settings_.TicketMask)) {
-    if (file.isFolder) continue;
+    if (file.isFolder || isOwn(file.name)) continue;
     std::string entry = DateDigits(file.modified) + TimeDigits(file.modified) + file.name;
     keyed.emplace_back(SortKey(entry), std::move(entry));
   }
@@ -115,6 +144,12 @@ std::size_t TicketPolling::CountWaitingTickets() {
   RefreshNewList();
   const auto waits = [&](const std::string& entry) { return !takenIn_.contains(entry); };
   return static_cast<std::size_t>(std::count_if(list1_.begin(), list1_.end(), waits));
+}
+
+void TicketPolling::PutLast(const std::string& name) {
+  RefreshNewList();
+  if (list1_.empty() || NameOf(list1_.back()) == name) return;
+  files_.CopyModified(settings_.TicketFolder + NameOf(list1_.back()), settings_.TicketFolder + name);
 }
 
 bool TicketPolling::QuitAsked() {

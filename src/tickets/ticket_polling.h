@@ -17,6 +17,7 @@
 #include "tickets/ticket_archive.h"
 #include "tickets/ticket_processor.h"
 #include "tickets/ticket_splitter.h"
+#include "ui/utilities_dialog.h"
 
 namespace orvenza {
 
@@ -26,10 +27,11 @@ bool AsksToQuit(const Files& files, const std::string& commandFile);
 
 /// The polling loop's work on each tick of `Timer1`: the host's command file, then at most one ticket, then
 /// the clock.
-class TicketPolling {
+class TicketPolling : public WaitingTickets {
  public:
-  /// The files of a folder, oldest first and by name within one second, letter case ignored. An entry is the
-  /// 14 digits "yyyymmddhhmmss" of the modification time followed by the name.
+  /// The files of a folder, oldest first and by name within one second: letter case ignored, and numbers in
+  /// names by their value, so that the tenth part of a split file comes behind its ninth. An entry is the 14
+  /// digits "yyyymmddhhmmss" of the modification time followed by the name.
   using SortedList = std::vector<std::string>;
 
   TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
@@ -47,11 +49,15 @@ class TicketPolling {
   /// the list is then empty.
   void RefreshInProcessList();
 
-  /// Reads the new tickets again and counts those still to be printed. Throws SystemError.
-  std::size_t CountWaitingTickets();
+  /// Reads the new tickets again and counts those still to be printed.
+  std::size_t CountWaitingTickets() override;
+  void PutLast(const std::string& name) override;
 
  private:
   SortedList ReadList(const std::string& folder) const;
+  /// The command file and the journals where they lie in `folder`, in capitals: no mask makes tickets of
+  /// them.
+  std::vector<std::string> OwnNames(const std::string& folder) const;
   bool QuitAsked();
   [[noreturn]] void Quit();
   void ProcessOneTicket();

@@ -1,11 +1,11 @@
 #include "ui/utilities_dialog.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "core/catalogue.h"
 #include "core/text.h"
 #include "platform/name_mask.h"
+#include "platform/system_error.h"
 #include "ui/open_mark.h"
 
 namespace orvenza {
@@ -24,23 +24,26 @@ std::string RequestName(const std::string& mask) {
   std::string blanked = mask;
   std::replace(blanked.begin(), blanked.end(), '*', ' ');
   std::string name = std::string(16, 'z').append(Trim(blanked));
-  if (MatchesMask(name, mask)) return name;
-  // A mask with a text before its "*" would never find that name.
-  const std::size_t star = mask.find('*');
-  return star == std::string::npos ? name : std::string(mask).replace(star, 1, 16, 'z');
+  if (mask.empty() || MatchesMask(name, mask)) return name;
+  // A mask with another text before its "*", or without one, would never find that name.
+  name = mask;
+  std::replace(name.begin(), name.end(), '?', 'z');
+  if (const std::size_t star = name.find('*'); star != std::string::npos) {
+    std::erase(name.replace(star, 1, 16, 'z'), '*');
+  }
+  return name;
 }
 
 }  // namespace
 
 UtilitiesDialog::UtilitiesDialog(Operator& person, OperatorMessages& messages, Files& files,
-                                 Journals& journals, const AppSettings& settings,
-                                 std::function<std::size_t()> countWaitingTickets)
+                                 Journals& journals, const AppSettings& settings, WaitingTickets& tickets)
     : person_(person),
       messages_(messages),
       files_(files),
       journals_(journals),
       settings_(settings),
-      countWaitingTickets_(std::move(countWaitingTickets)) {}
+      tickets_(tickets) {}
 
 void UtilitiesDialog::Show() {
   if (open_) return;
@@ -50,11 +53,20 @@ void UtilitiesDialog::Show() {
 }
 
 bool UtilitiesDialog::WriteClosureRequest(int kind) {
-  return journals_.Attempt(kLabel, [&] {
+  const std::string name = RequestName(settings_.TicketMask);
+  const bool written = journals_.Attempt(kLabel, [&] {
+    const std::string path = settings_.TicketFolder + name;
+    // Where all tickets have one name, the one that waits must not be replaced.
+    if (name == settings_.TicketMask && files_.Exists(path)) {
+      throw SystemError(error_number::kFileExists, path);
+    }
     std::string line = kind == kWithFinancialReport ? "22" : "21";
     line.append(kSeparators, settings_.SeparatorChar).append(kLineBreak);
-    files_.Write(settings_.TicketFolder + RequestName(settings_.TicketMask), line);
+    files_.Write(path, line);
   });
+  // A clock that was set back must not bring the closure before the tickets of the day.
+  if (written) journals_.Attempt(kLabel, [&] { tickets_.PutLast(name); });
+  return written;
 }
 
 /// Returns whether the dialog closes.
@@ -77,7 +89,7 @@ bool UtilitiesDialog::Confirmed(const std::string& question) {
 /// A count that fails warns as well: closing the fiscal day too early cannot be undone.
 bool UtilitiesDialog::TicketsWaiting() {
   std::size_t count = 1;
-  journals_.Attempt(kLabel, [&] { count = countWaitingTickets_(); });
+  journals_.Attempt(kLabel, [&] { count = tickets_.CountWaitingTickets(); });
   return count > 0;
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <string>
 
 #include "core/journals.h"
@@ -12,13 +11,25 @@
 
 namespace orvenza {
 
+/// The tickets that wait in the input folder, as the utilities dialog sees them.
+class WaitingTickets {
+ public:
+  virtual ~WaitingTickets() = default;
+
+  /// How many there are now. Throws SystemError.
+  virtual std::size_t CountWaitingTickets() = 0;
+
+  /// Brings the file `name` of the input folder behind all others there, whatever their times. Throws
+  /// SystemError.
+  virtual void PutLast(const std::string& name) = 0;
+};
+
 /// The utilities dialog `Orv_Uti`: asks for the register's fiscal closure by leaving a request among the
 /// tickets.
 class UtilitiesDialog {
  public:
-  /// `countWaitingTickets` tells how many tickets the input folder holds now; it may throw SystemError.
   UtilitiesDialog(Operator& person, OperatorMessages& messages, Files& files, Journals& journals,
-                  const AppSettings& settings, std::function<std::size_t()> countWaitingTickets);
+                  const AppSettings& settings, WaitingTickets& tickets);
 
   /// Shows the dialog until the operator leaves it or has confirmed a closure; returns at once when it is
   /// open already. Throws ProgramEnd when the program is ended meanwhile.
@@ -42,7 +53,7 @@ class UtilitiesDialog {
   Files& files_;
   Journals& journals_;
   const AppSettings& settings_;
-  std::function<std::size_t()> countWaitingTickets_;
+  WaitingTickets& tickets_;
   bool open_ = false;
 };
 

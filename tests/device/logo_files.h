@@ -41,6 +41,7 @@ class LogoFiles : public Files {
   void Copy(const std::string& from, const std::string& to) override { content[to] = content.at(from); }
   void Remove(const std::string& path) override { content.erase(path); }
   void ClearAttributes(const std::string&) override {}
+  void CopyModified(const std::string&, const std::string&) override {}
 
  private:
   class Reader : public ByteReader {

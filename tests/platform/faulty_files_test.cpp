@@ -66,7 +66,7 @@ TEST(FaultyFiles, EveryOperationCanFail) {
   real.content["a"] = "x";
   FaultyFiles files(real);
   for (const char* operation :
-       {"Size", "OpenForReading", "Append", "Write", "Copy", "Remove", "ClearAttributes"}) {
+       {"Size", "OpenForReading", "Append", "Write", "Copy", "Remove", "ClearAttributes", "CopyModified"}) {
     files.FailNext(operation, 70);
   }
   const std::string denied = "70 Permission denied ( a )";
@@ -77,6 +77,7 @@ TEST(FaultyFiles, EveryOperationCanFail) {
   EXPECT_EQ(FailureOf([&] { files.Copy("a", "b"); }), denied);
   EXPECT_EQ(FailureOf([&] { files.Remove("a"); }), denied);
   EXPECT_EQ(FailureOf([&] { files.ClearAttributes("a"); }), denied);
+  EXPECT_EQ(FailureOf([&] { files.CopyModified("a", "b"); }), denied);
 }
 
 class NoFolders : public Folders {

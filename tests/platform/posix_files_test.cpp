@@ -141,6 +141,20 @@ TEST_F(PosixFilesTest, ACopyOfAReadOnlyFileIsWritable) {
   EXPECT_EQ(ModeOf("b.txt"), 0600u);
 }
 
+TEST_F(PosixFilesTest, GivesAFileTheModificationTimeOfAnother) {
+  folder.Write("a.txt", "ticket");
+  folder.SetModified("a.txt", 1'700'000'000);
+  folder.Write("b.txt", "request");
+  files.CopyModified(folder.Path("a.txt"), folder.Path("b.txt"));
+  EXPECT_EQ(std::filesystem::last_write_time(folder.Native("b.txt")),
+            std::filesystem::last_write_time(folder.Native("a.txt")));
+  EXPECT_EQ(folder.Read("b.txt"), "request");
+  const std::string none = folder.Path("none.txt");
+  const std::string notFound = "53 File not found ( " + none + " )";
+  EXPECT_EQ(FailureOf([&] { files.CopyModified(none, folder.Path("b.txt")); }), notFound);
+  EXPECT_EQ(FailureOf([&] { files.CopyModified(folder.Path("a.txt"), none); }), notFound);
+}
+
 TEST_F(PosixFilesTest, MovesAFileWithItsContentAndTime) {
   folder.Write("a.txt", "ticket");
   folder.SetModified("a.txt", 1'700'000'000);

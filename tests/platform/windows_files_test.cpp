@@ -117,6 +117,20 @@ TEST_F(WindowsFilesTest, CopiesWithTheModificationTime) {
   EXPECT_EQ(EntryCount(), 2);
 }
 
+TEST_F(WindowsFilesTest, GivesAFileTheModificationTimeOfAnother) {
+  folder.Write("a.txt", "ticket");
+  folder.SetModified("a.txt", 1'700'000'000);
+  folder.Write("b.txt", "request");
+  files.CopyModified(folder.Path("a.txt"), folder.Path("b.txt"));
+  EXPECT_EQ(std::filesystem::last_write_time(folder.Native("b.txt")),
+            std::filesystem::last_write_time(folder.Native("a.txt")));
+  EXPECT_EQ(folder.Read("b.txt"), "request");
+  const std::string none = folder.Path("none.txt");
+  const std::string notFound = "53 File not found ( " + none + " )";
+  EXPECT_EQ(FailureOf([&] { files.CopyModified(none, folder.Path("b.txt")); }), notFound);
+  EXPECT_EQ(FailureOf([&] { files.CopyModified(folder.Path("a.txt"), none); }), notFound);
+}
+
 TEST_F(WindowsFilesTest, CopiesALargeFileWhole) {
   const std::string content(100'001, 'x');
   folder.Write("a.txt", content);

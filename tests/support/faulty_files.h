@@ -130,6 +130,10 @@ class FaultyFiles : public Files, public Faults {
     Meet("ClearAttributes", path);
     real_.ClearAttributes(path);
   }
+  void CopyModified(const std::string& from, const std::string& to) override {
+    Meet("CopyModified", from, to);
+    real_.CopyModified(from, to);
+  }
 
  private:
   class Reader : public ByteReader {

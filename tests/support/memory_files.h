@@ -34,6 +34,10 @@ class MemoryFiles : public Files {
     content.erase(path);
   }
   void ClearAttributes(const std::string& path) override { Find(path); }
+  void CopyModified(const std::string& from, const std::string& to) override {
+    Find(from);
+    Find(to);
+  }
 
  private:
   class Reader : public ByteReader {

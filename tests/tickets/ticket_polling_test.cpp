@@ -69,6 +69,47 @@ TEST(Polling, TakesAFiscalClosureAfterTheTicketsOfItsSecond) {
   EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102", "105103", "105104", "300101"}));
 }
 
+TEST(Polling, TakesAFiscalClosureAfterTicketsOfALaterTime) {
+  Shop shop;
+  for (const char* answer : {"Chiusura Fiscale", "Sì", "Sì"}) shop.Answer(answer);
+  shop.After(700ms, [&] {
+    DropAt(shop, "a.txt", 1, 5'000'000'000);
+    DropAt(shop, "Zebra.txt", 2, 5'000'000'060);
+    shop.UseMenu(MenuItem::kUtilities);
+  });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102", "300101"}));
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST(Polling, TakesNumbersInNamesByTheirValue) {
+  Shop shop;
+  int number = 0;
+  for (const char* name : {"t.txt", "t2.txt", "T9.txt", "t010.txt", "t10a.txt", "t11.txt", "u1-2.txt",
+                           "u1-10.txt", "u99999999999999999999.txt"}) {
+    DropAt(shop, name, ++number, 1000);
+  }
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102", "105103", "105104", "105105", "105106",
+                                          "105107", "105108", "105109"}));
+}
+
+TEST(Polling, MakesNoTicketsOfTheProgramsOwnFiles) {
+  const std::pair<const char*, Lines> kOwn[] = {
+      {"*.txt", {"command.txt", "Log.txt", "ERR.TXT", "error.txt"}},
+      {"*.bak", {"Log.Bak", "Err.Bak"}},
+  };
+  for (const auto& [mask, names] : kOwn) {
+    Shop shop;
+    shop.Configure("Database", "TicketFiles", shop.folder.Path(mask));
+    for (const std::string& name : names) shop.folder.Write(name, "STOP\r\n");
+    shop.folder.Write(std::string("a") + (mask + 1), "0;1;\r\n");
+    shop.Run();
+    EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+    EXPECT_EQ(shop.Names("abort"), Lines{});
+  }
+}
+
 #ifndef _WIN32  // Where letter case does not count, these are one file.
 TEST(Polling, TakesCapitalsFirstWhereNamesDifferInLetterCaseOnly) {
   Shop shop;

@@ -114,9 +114,10 @@ class FakeFiles : public Files {
  public:
   std::vector<std::pair<std::string, std::string>> written;
   std::string appended;
+  std::string existing;  ///< A path.
   bool writesFail = false;
 
-  bool Exists(const std::string&) const override { return false; }
+  bool Exists(const std::string& path) const override { return path == existing; }
   std::uintmax_t Size(const std::string&) const override { return 0; }
   std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const override {
     throw SystemError(error_number::kFileNotFound, path);
@@ -130,6 +131,7 @@ class FakeFiles : public Files {
   void Copy(const std::string&, const std::string&) override {}
   void Remove(const std::string&) override {}
   void ClearAttributes(const std::string&) override {}
+  void CopyModified(const std::string&, const std::string&) override {}
 };
 
 /// A settings file that remembers what was written to it and can refuse to be written.

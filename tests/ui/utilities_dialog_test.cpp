@@ -13,6 +13,20 @@ namespace {
 
 using Written = std::vector<std::pair<std::string, std::string>>;
 
+/// Tickets that wait, or cannot be counted; what is put behind them fails on demand.
+class FakeTickets : public WaitingTickets {
+ public:
+  std::function<std::size_t()> count = [] { return std::size_t{0}; };
+  std::vector<std::string> putLast;
+  bool putLastFails = false;
+
+  std::size_t CountWaitingTickets() override { return count(); }
+  void PutLast(const std::string& name) override {
+    putLast.push_back(name);
+    if (putLastFails) throw SystemError(error_number::kPermissionDenied);
+  }
+};
+
 class UtilitiesDialogTest : public ::testing::Test {
  protected:
   UtilitiesDialogTest() {
@@ -34,8 +48,9 @@ class UtilitiesDialogTest : public ::testing::Test {
   FakeClock clock;
   AppSettings settings;
   Journals journals{files, clock, settings, "C:\\Orvenza"};
-  std::function<std::size_t()> count = [] { return std::size_t{0}; };
-  UtilitiesDialog dialog{person, messages, files, journals, settings, [this] { return count(); }};
+  FakeTickets tickets;
+  std::function<std::size_t()>& count = tickets.count;
+  UtilitiesDialog dialog{person, messages, files, journals, settings, tickets};
 };
 
 const Written kFiscalClosure = {{"C:\\Orvenza\\data\\zzzzzzzzzzzzzzzz.txt", "21|||||||||\r\n"}};
@@ -127,14 +142,39 @@ TEST_F(UtilitiesDialogTest, CountsTheTicketsAfterTheFirstQuestionOnly) {
 
 TEST_F(UtilitiesDialogTest, NamesTheRequestAfterTheMask) {
   const std::pair<const char*, const char*> cases[] = {
-      {"*.txt", "zzzzzzzzzzzzzzzz.txt"},     {"*.dat", "zzzzzzzzzzzzzzzz.dat"}, {"*.*", "zzzzzzzzzzzzzzzz."},
-      {"sc*.txt", "sczzzzzzzzzzzzzzzz.txt"}, {"", "zzzzzzzzzzzzzzzz"},
+      {"*.txt", "zzzzzzzzzzzzzzzz.txt"}, {"*.dat", "zzzzzzzzzzzzzzzz.dat"},
+      {"*.*", "zzzzzzzzzzzzzzzz."},      {"sc*.txt", "sczzzzzzzzzzzzzzzz.txt"},
+      {"", "zzzzzzzzzzzzzzzz"},          {"sc*_*.txt", "sczzzzzzzzzzzzzzzz_.txt"},
+      {"sc????.txt", "sczzzz.txt"},      {"scontrino.txt", "scontrino.txt"},
   };
   for (const auto& [mask, name] : cases) {
     settings.TicketMask = mask;
     dialog.WriteClosureRequest(0);
     EXPECT_EQ(files.written.back().first, std::string("C:\\Orvenza\\data\\") + name) << mask;
   }
+}
+
+TEST_F(UtilitiesDialogTest, ReplacesNoWaitingTicketWhereAllHaveOneName) {
+  settings.TicketMask = "scontrino.txt";
+  files.existing = "C:\\Orvenza\\data\\scontrino.txt";
+  Press(2, {1});
+  EXPECT_FALSE(person.utilitiesClosedByButton);
+  EXPECT_TRUE(files.written.empty());
+  EXPECT_EQ(files.appended,
+            "01/02/26 10:30 - Orv_Uti - 58 - File already exists ( C:\\Orvenza\\data\\scontrino.txt )\r\n");
+}
+
+TEST_F(UtilitiesDialogTest, PutsTheRequestBehindTheWaitingTickets) {
+  Press(2, {1});
+  EXPECT_EQ(tickets.putLast, std::vector<std::string>{"zzzzzzzzzzzzzzzz.txt"});
+}
+
+TEST_F(UtilitiesDialogTest, ClosesWhenTheRequestStandsThoughItCannotBePutLast) {
+  tickets.putLastFails = true;
+  Press(2, {1});
+  EXPECT_TRUE(person.utilitiesClosedByButton);
+  EXPECT_EQ(files.written, kFiscalClosure);
+  EXPECT_EQ(files.appended, "01/02/26 10:30 - Orv_Uti - 70 - Permission denied\r\n");
 }
 
 TEST_F(UtilitiesDialogTest, WritesTheRecordTypeOfTheKindAndNineSeparators) {

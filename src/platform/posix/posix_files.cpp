@@ -134,4 +134,9 @@ void PosixFiles::ClearAttributes(const std::string& path) {
   if (::chmod(NativePath(path).c_str(), (mode & kPermissionBits) | S_IWUSR) != 0) ThrowFileError(errno, path);
 }
 
+void PosixFiles::CopyModified(const std::string& from, const std::string& to) {
+  const struct timespec times[2] = {{0, UTIME_OMIT}, StatusOf(from).st_mtim};
+  if (::utimensat(AT_FDCWD, NativePath(to).c_str(), times, 0) != 0) ThrowFileError(errno, to);
+}
+
 }  // namespace orvenza

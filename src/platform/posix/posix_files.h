@@ -18,6 +18,7 @@ class PosixFiles : public Files {
   void Remove(const std::string& path) override;
   /// Makes the file writable for its owner.
   void ClearAttributes(const std::string& path) override;
+  void CopyModified(const std::string& from, const std::string& to) override;
 };
 
 }  // namespace orvenza

@@ -26,6 +26,21 @@ FileHandle OpenSource(const std::string& path) {
   return file;
 }
 
+/// Nobody who holds the file is in the way of its times.
+FileHandle OpenForTimes(const std::string& path, DWORD access) {
+  constexpr DWORD kSharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  FileHandle file(::CreateFileW(NativePath(path).c_str(), access, kSharing, nullptr, OPEN_EXISTING,
+                                FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file.Valid()) ThrowFileError(::GetLastError(), path);
+  return file;
+}
+
+FILETIME ModifiedOf(const FileHandle& file, const std::string& path) {
+  FILETIME modified{};
+  if (!::GetFileTime(file.Get(), nullptr, nullptr, &modified)) ThrowFileError(::GetLastError(), path);
+  return modified;
+}
+
 class WindowsByteReader : public ByteReader {
  public:
   WindowsByteReader(FileHandle file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
@@ -37,11 +52,7 @@ class WindowsByteReader : public ByteReader {
     return count;
   }
 
-  FILETIME Modified() const {
-    FILETIME modified{};
-    if (!::GetFileTime(file_.Get(), nullptr, nullptr, &modified)) ThrowFileError(::GetLastError(), path_);
-    return modified;
-  }
+  FILETIME Modified() const { return ModifiedOf(file_, path_); }
 
  private:
   FileHandle file_;
@@ -112,6 +123,12 @@ void WindowsFiles::ClearAttributes(const std::string& path) {
   if (!::SetFileAttributesW(NativePath(path).c_str(), FILE_ATTRIBUTE_NORMAL)) {
     ThrowFileError(::GetLastError(), path);
   }
+}
+
+void WindowsFiles::CopyModified(const std::string& from, const std::string& to) {
+  const FILETIME modified = ModifiedOf(OpenForTimes(from, FILE_READ_ATTRIBUTES), from);
+  const FileHandle target = OpenForTimes(to, FILE_WRITE_ATTRIBUTES);
+  if (!::SetFileTime(target.Get(), nullptr, nullptr, &modified)) ThrowFileError(::GetLastError(), to);
 }
 
 }  // namespace orvenza

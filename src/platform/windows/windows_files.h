@@ -18,6 +18,7 @@ class WindowsFiles : public Files {
   void Move(const std::string& from, const std::string& to) override;
   void Remove(const std::string& path) override;
   void ClearAttributes(const std::string& path) override;
+  void CopyModified(const std::string& from, const std::string& to) override;
 };
 
 }  // namespace orvenza
