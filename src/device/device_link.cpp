@@ -116,6 +116,7 @@ void DeviceLink::AskAboutClosedPort() {
 }
 
 void DeviceLink::SetPort(bool open) {
+  if (!open) unanswered_ = 0;  // a closed port delivers no late reply
   journals_.Attempt(kFailureLabel, [&] { control_.SetPortOpen(open); });
 }
 

@@ -207,6 +207,25 @@ TEST_F(VoidTest, TheAutomaticCloseDoesNotLookForTheRegisterAgain) {
   cash.InvioVOID();
   EXPECT_EQ(Last(Sent()), "103611000000000");
   EXPECT_EQ(Shown().size(), 1U);
+  EXPECT_EQ(control.presenceReads, 2);
+}
+
+TEST_F(VoidTest, NothingIsSentToAnAbsentRegister) {
+  control.presence = {false, true};
+  Answer("Ok");
+  Replies({"1028"});
+  cash.InvioVOID();
+  EXPECT_EQ(Shown(), Lines{AbsentAlarm()});
+  EXPECT_EQ(Sent(), Lines{"102800"});
+}
+
+TEST_F(VoidTest, NothingIsSentAgainToARegisterThatHasGone) {
+  control.presence = {true, false, true};
+  Answer("Ok");
+  Replies({"ERR08", "1028"});
+  cash.InvioVOID();
+  EXPECT_EQ(Shown(), Lines{AbsentAlarm()});
+  EXPECT_EQ(Sent(), (Lines{"102800", "102808"}));
 }
 
 TEST_F(VoidTest, AnAutomaticCloseThatFailsIsFollowedByAVoid) {

@@ -270,6 +270,23 @@ TEST_F(ExchangeTest, AReplyThatCameBetweenTwoCommandsIsNoLongerOutstanding) {
   EXPECT_EQ(link.ReplyText, "110900");
 }
 
+TEST_F(ExchangeTest, ALinkErrorThatCameBetweenTwoCommandsEndsTheOutstandingReply) {
+  control.Reply("ERR-1", 15200ms);
+  link.Transmit("200100");
+  loop.Pause(500ms);
+  control.Reply("110900");
+  link.Transmit("321701");
+  EXPECT_EQ(link.ReplyText, "110900");
+}
+
+TEST_F(ExchangeTest, NoReplyIsOutstandingOnceThePortWasClosed) {
+  link.Transmit("200100");
+  link.Bounce();
+  control.Reply("110900");
+  link.Transmit("321701");
+  EXPECT_EQ(link.ReplyText, "110900");
+}
+
 TEST_F(ExchangeTest, AReplyThatCameJustBeforeTheNextCommandIsNoLongerOutstanding) {
   link.Transmit("200100");
   clock.After(0ms, [&] { control.Raise("200100"); });

@@ -46,6 +46,12 @@ TEST(LogoCheck, RefusesOtherDataOffsets) {
   }
 }
 
+TEST(LogoCheck, ReadsTheHeaderByItsHexadecimalDigits) {
+  // 0x1C00 and 0x030E read as 1C0 and 3E, which are 448 and 62.
+  EXPECT_TRUE(IsValid(LogoBitmap(100, 0x1C00)));
+  EXPECT_TRUE(IsValid(LogoBitmap(100, 448, 0x030E)));
+}
+
 TEST(LogoCheck, RefusesOtherDepths) {
   for (const std::uint32_t bits : {0U, 2U, 4U, 8U, 24U, 32U, 0x0101U}) {
     EXPECT_FALSE(IsValid(LogoBitmap(100, 448, 62, bits))) << bits;
