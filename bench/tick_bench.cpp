@@ -72,7 +72,7 @@ struct PollingShop {
   LogoDownload logo{link, recovery, files, journals, messages};
   RecordTranslator translator{identity, settings, files, journals};
   TicketArchive archive{files, folders, settings, journals, messages};
-  TicketSplitter splitter{files, settings, archive};
+  TicketSplitter splitter{files, settings, journals, archive};
   TicketProcessor processor{files, settings, journals, loop, link, cash, recovery, logo, translator, archive};
   TicketPolling polling{files,   folders,    settings, journals,  timer,  link,
                         queries, correction, splitter, processor, archive};

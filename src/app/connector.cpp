@@ -44,7 +44,7 @@ Connector::Connector(const Surroundings& around, const ProgramPaths& paths)
       logo_(link_, recovery_, files_, journals_, messages_),
       translator_(identity_, settings_, files_, journals_),
       archive_(files_, folders_, settings_, journals_, messages_),
-      splitter_(files_, settings_, archive_),
+      splitter_(files_, settings_, journals_, archive_),
       processor_(files_, settings_, journals_, loop_, link_, cash_, recovery_, logo_, translator_, archive_),
       polling_(files_, folders_, settings_, journals_, timer1_, link_, queries_, clockCorrection_, splitter_,
                processor_, archive_),

@@ -7,6 +7,7 @@
 #include "device/serial_settings.h"
 #include "lab/settings_lines.h"
 #include "lab/wording.h"
+#include "tickets/ticket_splitter.h"
 
 namespace orvenza {
 namespace {
@@ -106,6 +107,23 @@ void AddTicketFiles(Findings& findings, const AppSettings& settings) {
                       "Write the whole path with a mask, such as C:\\Orvenza\\data\\*.txt."});
 }
 
+/// A name that a mask fits.
+std::string ExampleOf(std::string mask) {
+  std::replace_if(
+      mask.begin(), mask.end(), [](char c) { return c == '*' || c == '?'; }, 'x');
+  return mask;
+}
+
+void AddParser(Findings& findings, const AppSettings& settings) {
+  const std::string& mask = settings.TicketMask;
+  if (!settings.FileParser || mask.empty() || CanNameParts(ExampleOf(mask), mask)) return;
+  findings.push_back({Severity::kWarning, "settings.parser",
+                      "[General] File Parser is on, but the mask " + Quoted(mask) +
+                          " has no room for the numbers of parts: a file of several receipts is printed as "
+                          "one.",
+                      "Write a mask such as *.txt in [Database] TicketFiles, or switch File Parser off."});
+}
+
 bool IsWholePath(const std::string& path) {
   return path.empty() || path.front() == '\\' || (path.size() > 2 && path[1] == ':' && path[2] == '\\');
 }
@@ -166,6 +184,7 @@ Findings FindInSettings(const SettingsReview& review, const std::string& name) {
     if (auto finding = OfKey(review, key)) findings.push_back(std::move(*finding));
   }
   AddTicketFiles(findings, review.settings);
+  AddParser(findings, review.settings);
   AddRelative(findings, "TicketFiles", review.settings.TicketFolder);
   AddRelative(findings, "HistoricTickets", review.settings.HistoricFolder);
   AddSerial(findings, review.settings);

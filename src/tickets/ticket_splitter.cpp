@@ -1,9 +1,11 @@
 #include "tickets/ticket_splitter.h"
 
+#include <algorithm>
 #include <string_view>
 #include <vector>
 
 #include "core/text.h"
+#include "platform/name_mask.h"
 #include "platform/system_error.h"
 #include "tickets/line_reader.h"
 #include "tickets/record.h"
@@ -11,6 +13,33 @@
 
 namespace orvenza {
 namespace {
+
+/// The journal's label of all that a tick does with a file before it is printed.
+constexpr const char* kLabel = "Timer1 - ";
+
+/// The name of a part, from the name of its source.
+using PartNaming = std::string (*)(const std::string& name, int number);
+
+std::string NumberedBehind(const std::string& name, int number) {
+  const std::size_t point = std::min(name.rfind('.'), name.size());
+  return name.substr(0, point) + std::to_string(number) + name.substr(point);
+}
+
+std::string NumberedBefore(const std::string& name, int number) { return std::to_string(number) + name; }
+
+/// The naming under which every part is seen as a ticket, null when there is none. It is one for all parts,
+/// whose names decide which is printed first.
+PartNaming NamingOf(const std::string& name, const std::string& mask) {
+  for (const PartNaming naming : {NumberedBehind, NumberedBefore}) {
+    int number = 1;
+    while (number <= TicketSplitter::kMostParts && MatchesMask(naming(name, number), mask)) ++number;
+    if (number > TicketSplitter::kMostParts) return naming;
+  }
+  return nullptr;
+}
+
+/// Where the name begins in a path; 0 for a name alone.
+std::size_t NameStart(const std::string& path) { return path.rfind('\\') + 1; }
 
 /// Lines without any text, such as the lone character 26 that old programs leave at the end of a file.
 bool IsEmptyLine(std::string_view line) {
@@ -29,14 +58,12 @@ bool NextLine(LineReader& reader, std::string& line) {
 /// Writes the parts, and removes those it wrote when they are not kept.
 class PartFiles {
  public:
-  PartFiles(Files& files, const TicketArchive& archive, const std::string& source)
-      : files_(files), archive_(archive) {
-    const std::size_t nameAt = source.rfind('\\') + 1;  // npos + 1 is 0: a name alone
-    const std::size_t point = source.rfind('.');
-    const bool extended = point != std::string::npos && point >= nameAt;
-    stem_ = source.substr(0, extended ? point : source.size());
-    extension_ = extended ? source.substr(point) : std::string();
-  }
+  PartFiles(Files& files, const TicketArchive& archive, const std::string& source, PartNaming naming)
+      : files_(files),
+        archive_(archive),
+        folder_(source.substr(0, NameStart(source))),
+        name_(source.substr(NameStart(source))),
+        naming_(naming) {}
   ~PartFiles() {
     for (const std::string& path : written_) Discard(path);
   }
@@ -54,7 +81,7 @@ class PartFiles {
   /// A file of that name is another ticket and must not be lost, unless an interrupted split left it.
   std::string NextFreePath(const std::string& content) {
     for (;;) {
-      const std::string path = stem_ + std::to_string(++number_) + extension_;
+      const std::string path = folder_ + naming_(name_, ++number_);
       if (!files_.Exists(path)) return path;
       if (!archive_.IsSettled(path) && ReadWhole(files_, path) == content) return path;
     }
@@ -70,17 +97,27 @@ class PartFiles {
 
   Files& files_;
   const TicketArchive& archive_;
-  std::string stem_;
-  std::string extension_;
+  std::string folder_;
+  std::string name_;
+  PartNaming naming_;
   int number_ = 0;
   std::vector<std::string> written_;
 };
 
 }  // namespace
 
+bool CanNameParts(const std::string& name, const std::string& mask) {
+  return NamingOf(name, mask) != nullptr;
+}
+
 bool TicketSplitter::SplitTicketFile(const std::string& path) {
   if (!settings_.FileParser || !HoldsSecondTicket(path)) return false;
-  PartFiles parts(files_, archive_, path);
+  const PartNaming naming = NamingOf(path.substr(NameStart(path)), settings_.TicketMask);
+  if (naming == nullptr) {
+    LogUnnameable(path);
+    return false;
+  }
+  PartFiles parts(files_, archive_, path, naming);
   int count = 1;
   {
     LineReader reader(files_.OpenForReading(path));
@@ -108,6 +145,13 @@ bool TicketSplitter::HoldsSecondTicket(const std::string& path) const {
     if (boundary.Begins(line)) return true;
   }
   return false;
+}
+
+void TicketSplitter::LogUnnameable(const std::string& path) {
+  const std::size_t nameAt = NameStart(path);
+  const SystemError failure(error_number::kBadFileName,
+                            path.substr(0, nameAt) + NumberedBehind(path.substr(nameAt), 1));
+  journals_.WrFailure(kLabel, failure.Number(), failure.Description());
 }
 
 }  // namespace orvenza

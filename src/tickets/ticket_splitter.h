@@ -2,11 +2,16 @@
 
 #include <string>
 
+#include "core/journals.h"
 #include "core/settings.h"
 #include "platform/files.h"
 #include "tickets/ticket_archive.h"
 
 namespace orvenza {
+
+/// Whether the parts of a file of this name can have names that fit the ticket mask: their number behind the
+/// stem, or before the whole name.
+bool CanNameParts(const std::string& name, const std::string& mask);
 
 /// The "File Parser" step: replaces a file that holds several tickets by one file a ticket.
 class TicketSplitter {
@@ -15,19 +20,23 @@ class TicketSplitter {
   /// turn.
   static constexpr int kMostParts = 100;
 
-  TicketSplitter(Files& files, const AppSettings& settings, const TicketArchive& archive)
-      : files_(files), settings_(settings), archive_(archive) {}
+  TicketSplitter(Files& files, const AppSettings& settings, Journals& journals, const TicketArchive& archive)
+      : files_(files), settings_(settings), journals_(journals), archive_(archive) {}
 
-  /// Splits the file where it holds a second ticket. The parts lie beside it, numbered from 1 behind its
-  /// name; empty lines are dropped. Returns whether the file was replaced; false also when "File Parser" is
-  /// off. Throws SystemError, and then the file is as it was and no part is left.
+  /// Splits the file where it holds a second ticket. The parts lie beside it, numbered from 1: "a.txt"
+  /// becomes "a1.txt", or "1a.txt" where the mask fits only that. Empty lines are dropped. Returns whether
+  /// the file was replaced; false also when "File Parser" is off, and, with a line in the error log, when the
+  /// mask fits neither name: nobody would see such parts. Throws SystemError, and then the file is as it was
+  /// and no part is left.
   bool SplitTicketFile(const std::string& path);
 
  private:
   bool HoldsSecondTicket(const std::string& path) const;
+  void LogUnnameable(const std::string& path);
 
   Files& files_;
   const AppSettings& settings_;
+  Journals& journals_;
   const TicketArchive& archive_;
 };
 

@@ -118,6 +118,27 @@ TEST_F(SettingsFindings, TellOfTicketFilesWithoutFolderOrMask) {
   EXPECT_EQ(Said(), "error settings.tickets: [Database] TicketFiles is \"*.txt\", which lacks the folder.\n");
 }
 
+TEST_F(SettingsFindings, TellOfAMaskWithoutRoomForTheNumbersOfParts) {
+  Edit("File Parser=0", "File Parser=1");
+  Edit("*.txt", "t*_fin.txt");
+  EXPECT_EQ(
+      Said(),
+      "warning settings.parser: [General] File Parser is on, but the mask \"t*_fin.txt\" has no room for "
+      "the numbers of parts: a file of several receipts is printed as one.\n");
+}
+
+TEST_F(SettingsFindings, FindRoomInOtherMasksAndNeedNoneWithoutTheParser) {
+  Edit("*.txt", "t?.txt");
+  EXPECT_EQ(Said(), "");
+  Edit("File Parser=0", "File Parser=1");
+  std::string before = "t?.txt";
+  for (const char* mask : {"*.txt", "t*.txt", "*_fin.txt", "?*.t?t", "*.*", "t*"}) {
+    Edit("data\\" + before, std::string("data\\") + mask);
+    EXPECT_EQ(Said(), "") << mask;
+    before = mask;
+  }
+}
+
 TEST_F(SettingsFindings, TellOfAPathThatBeginsAtNoDrive) {
   Edit("C:\\Orvenza\\storico\\", "storico");
   EXPECT_EQ(

@@ -26,6 +26,8 @@ class SplitterTest : public ::testing::Test {
   SplitterTest() {
     settings.SeparatorChar = ';';
     settings.FileParser = true;
+    settings.TicketMask = "*";
+    settings.ErrPath = "C:\\shop\\Err.txt";
   }
 
   bool Split(const std::string& path, const std::string& content) {
@@ -55,7 +57,7 @@ class SplitterTest : public ::testing::Test {
 
  protected:
   TicketArchive archive{files, shop.folders, settings, journals, messages};
-  TicketSplitter splitter{files, settings, archive};
+  TicketSplitter splitter{files, settings, journals, archive};
 };
 
 TEST_F(SplitterTest, ReplacesAFileOfThreeTicketsByThreeNumberedFiles) {
@@ -172,6 +174,44 @@ TEST_F(SplitterTest, PutsTheNumberBeforeTheExtension) {
   }
 }
 
+TEST_F(SplitterTest, PutsTheNumberBeforeTheNameWhereTheMaskFitsOnlyThat) {
+  settings.TicketMask = "*_fin.txt";
+  EXPECT_TRUE(Split("C:\\in\\0001_fin.txt", kThreeTickets));
+  EXPECT_EQ(memory.content, (Contents{{"C:\\in\\10001_fin.txt", kFirst},
+                                      {"C:\\in\\20001_fin.txt", kSecond},
+                                      {"C:\\in\\30001_fin.txt", kThird}}));
+}
+
+TEST_F(SplitterTest, NamesAllPartsInOneWay) {
+  settings.TicketMask = "*1.txt";  // fits the first part with its number behind the name, but not the second
+  EXPECT_TRUE(Split("a1.txt", kFirst + kSecond));
+  EXPECT_EQ(memory.content, (Contents{{"1a1.txt", kFirst}, {"2a1.txt", kSecond}}));
+}
+
+TEST_F(SplitterTest, LeavesAFileWhosePartsTheMaskWouldNotFit) {
+  settings.TicketMask = "????.txt";
+  const std::string path = "C:\\in\\0001.txt";
+  EXPECT_FALSE(Split(path, kThreeTickets));
+  EXPECT_EQ(memory.content[path], kThreeTickets);
+  EXPECT_EQ(memory.content.size(), 2U) << "the file and the error log";
+  EXPECT_EQ(memory.content[settings.ErrPath],
+            "16/11/2026 09:00:00 - Timer1 - 52 - Bad file name or number ( C:\\in\\00011.txt )\r\n");
+}
+
+TEST_F(SplitterTest, SaysNothingOfAFileOfOneTicketUnderSuchAMask) {
+  settings.TicketMask = "????.txt";
+  EXPECT_FALSE(Split("0001.txt", kFirst));
+  EXPECT_EQ(memory.content, (Contents{{"0001.txt", kFirst}}));
+}
+
+TEST_F(SplitterTest, PassesOverForeignFilesAlsoWithTheNumberBeforeTheName) {
+  settings.TicketMask = "*_fin.txt";
+  memory.content = {{"1a_fin.txt", kThird}};
+  EXPECT_TRUE(Split("a_fin.txt", kFirst + kSecond));
+  EXPECT_EQ(memory.content,
+            (Contents{{"1a_fin.txt", kThird}, {"2a_fin.txt", kFirst}, {"3a_fin.txt", kSecond}}));
+}
+
 std::string Tickets(int count) {
   std::string content;
   for (int ticket = 1; ticket <= count; ++ticket) content += "1;" + std::to_string(ticket) + ";\r\n2;1;\r\n";
@@ -278,6 +318,22 @@ TEST_F(SplitterTest, PassesOverAPrintedTicketOfTheSameContent) {
   EXPECT_TRUE(Split("t.txt", kFirst + kSecond));
   EXPECT_EQ(memory.content["t2.txt"], kFirst);
   EXPECT_EQ(memory.content["t3.txt"], kSecond);
+}
+
+TEST(PartNames, FitTheMaskWhereANumberFindsRoom) {
+  const std::pair<const char*, const char*> rows[] = {{"a.txt", "*.txt"},   {"A.TXT", "*.txt"},
+                                                      {"ticket", "t*"},     {"a", "*.*"},
+                                                      {"x.txt", "?*.txt"},  {"0001_fin.txt", "*_fin.txt"},
+                                                      {"a.html", "*.html"}, {"t.txt", "t*.*"}};
+  for (const auto& [name, mask] : rows) EXPECT_TRUE(CanNameParts(name, mask)) << name << " " << mask;
+}
+
+TEST(PartNames, DoNotFitAMaskWithoutRoom) {
+  const std::pair<const char*, const char*> rows[] = {{"scontrino.txt", "scontrino.txt"},
+                                                      {"0001.txt", "????.txt"},
+                                                      {"t1_fin.txt", "t*_fin.txt"},
+                                                      {"a.txt", ""}};
+  for (const auto& [name, mask] : rows) EXPECT_FALSE(CanNameParts(name, mask)) << name << " " << mask;
 }
 
 TEST_F(SplitterTest, PassesOnThatTheFileIsMissing) {
