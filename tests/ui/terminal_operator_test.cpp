@@ -28,6 +28,15 @@ Risposta: No
 )");
 }
 
+TEST_F(TerminalOperatorTest, SoundsTheBellForMessagesWhereThereIsOne) {
+  TerminalOperator audible(out, loop, clock, true);
+  audible.OnEndOfInput();
+  audible.ShowMessage(BuildMessage("Domanda ?", 4, "", "Orvenza"));
+  EXPECT_EQ(Count("\a"), 1);
+  audible.ShowChoice(PaperOut());
+  EXPECT_EQ(Count("\a"), 1);
+}
+
 TEST_F(TerminalOperatorTest, ShowsALongMessageAtTheLeftBelowAnEmptyRow) {
   Type("");
   const std::string text =

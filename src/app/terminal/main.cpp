@@ -1,5 +1,7 @@
 // The connector in a terminal: builds the objects, wires them, runs.
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <iostream>
 #include <optional>
@@ -22,6 +24,7 @@ using namespace orvenza;
 namespace fs = std::filesystem;
 
 constexpr int kStandardInput = 0;
+constexpr int kStandardOutput = 1;
 
 int Refuse(const std::string& reason) {
   std::cerr << "Orvenza: " << reason << "\n";
@@ -35,7 +38,7 @@ int RunConnector(const ProgramPaths& paths, const FaultScript& script) {
   PosixEventPump pump;
   IniProfileFile profile(files);
   EventLoop loop(clock, pump);
-  TerminalOperator terminal(std::cout, loop, clock);
+  TerminalOperator terminal(std::cout, loop, clock, ::isatty(kStandardOutput) != 0);
   Simulation simulation(files, clock, pump, script, paths.AppPath, [](const std::string& line) {
     std::cout << "    |" << line << "\n" << std::flush;
   });

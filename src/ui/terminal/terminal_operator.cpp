@@ -106,8 +106,8 @@ class TerminalOperator::Dialog {
   std::optional<std::string> line_;
 };
 
-TerminalOperator::TerminalOperator(std::ostream& out, EventLoop& loop, const Clock& clock)
-    : out_(out), loop_(loop), clock_(clock) {}
+TerminalOperator::TerminalOperator(std::ostream& out, EventLoop& loop, const Clock& clock, bool bell)
+    : out_(out), loop_(loop), clock_(clock), bell_(bell) {}
 
 void TerminalOperator::OnLine(const std::string& line) {
   std::string_view text = line;
@@ -130,6 +130,7 @@ void TerminalOperator::OnEndOfInput() { inputEnded_ = true; }
 
 int TerminalOperator::ShowMessage(const MessageContent& content) {
   Dialog dialog(*this, true);
+  if (bell_) out_ << '\a';
   dialog.Open(DrawMessage(content));
   return dialog.NextButton(content.buttons).value_or(0);
 }

@@ -28,7 +28,8 @@ class TerminalOperator final : public Operator, public NotificationIcon {
   /// spin.
   static constexpr std::chrono::seconds kClosingDelay{1};
 
-  TerminalOperator(std::ostream& out, EventLoop& loop, const Clock& clock);
+  /// With `bell`, messages sound the terminal's bell, for an operator who looks elsewhere.
+  TerminalOperator(std::ostream& out, EventLoop& loop, const Clock& clock, bool bell = false);
 
   /// Who carries out the menu's items; until there is one, they do nothing.
   void SetMenuHandler(std::function<void(MenuItem)> handler) { menuHandler_ = std::move(handler); }
@@ -62,6 +63,7 @@ class TerminalOperator final : public Operator, public NotificationIcon {
   std::ostream& out_;
   EventLoop& loop_;
   const Clock& clock_;
+  const bool bell_;
   std::function<void(MenuItem)> menuHandler_;
   std::vector<Dialog*> dialogs_;  ///< Those that wait, the innermost last.
   std::size_t linesTaken_ = 0;
