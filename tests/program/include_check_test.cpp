@@ -30,6 +30,8 @@ TEST(IncludeCheck, AcceptsWhatThePlanAllows) {
       {"platform\\windows\\a.cpp", "#include <windows.h>\r\n#include \"platform/windows/handle.h\"\r\n"},
       {"app\\connector.cpp",
        "#include \"simulator/a.h\"\n#include \"tickets/a.h\"\n#include \"core/version.h\"\n"},
+      {"platform\\posix\\a.cpp", "const auto now = std::chrono::steady_clock::now();\n"},
+      {"platform\\windows\\a.h", "/// In the place of std::chrono::steady_clock.\n"},
       {"core\\a.cpp", "// #include <windows.h> is for others\n#if defined(NDEBUG)\n#endif\n"},
   };
   for (const auto& [file, content] : kAccepted) EXPECT_EQ(Check(file, content), "status 0") << file;
@@ -59,6 +61,8 @@ TEST(IncludeCheck, NamesEveryViolation) {
        "app/a.cpp:1: \"platform/posix/a.h\" belongs to one system"},
       {"device\\a.cpp", "#ifdef _WIN32\n#endif\n", "device/a.cpp:1: asks which system it is"},
       {"app\\a.cpp", "#if !defined(_WIN32)\n#endif\n", "app/a.cpp:1: asks which system it is"},
+      {"platform\\windows\\a.cpp", "auto a = std::chrono::steady_clock::now();\n",
+       "platform/windows/a.cpp:1: the steady clock may be the PC clock"},
       {"attic\\a.cpp", "", "attic/a.cpp:0: lies in no room of the house"},
   };
   for (const auto& [file, content, finding] : kRefused) {

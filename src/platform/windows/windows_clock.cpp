@@ -7,6 +7,7 @@
 
 #include "platform/system_error.h"
 #include "platform/windows/local_times.h"
+#include "platform/windows/steady_time.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_error.h"
 
@@ -35,9 +36,7 @@ double WindowsClock::SecondsSinceMidnight() const {
   return (now.wHour * 60 + now.wMinute) * 60 + now.wSecond + now.wMilliseconds / 1000.0;
 }
 
-std::chrono::nanoseconds WindowsClock::Uptime() const {
-  return std::chrono::steady_clock::now().time_since_epoch();
-}
+std::chrono::nanoseconds WindowsClock::Uptime() const { return SteadyTime(); }
 
 void WindowsClock::SetTimeOfDay(int hour, int minute, int second) {
   const bool exists = hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;

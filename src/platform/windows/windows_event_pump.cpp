@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/windows/steady_time.h"
+
 namespace orvenza {
 namespace {
 
@@ -21,8 +23,6 @@ constexpr int kMostMessages = 1000;
 
 /// Of the system's timer, in milliseconds.
 constexpr UINT kResolution = 1;
-
-nanoseconds Now() { return std::chrono::steady_clock::now().time_since_epoch(); }
 
 nanoseconds Bounded(nanoseconds wait) { return std::clamp(wait, nanoseconds::zero(), kLongestWait); }
 
@@ -42,14 +42,14 @@ WindowsEventPump::~WindowsEventPump() { ::timeEndPeriod(kResolution); }
 void WindowsEventPump::Dispatch() { Deliver(); }
 
 void WindowsEventPump::WaitForEvent(nanoseconds limit) {
-  const Moment end = Now() + Bounded(limit);
+  const Moment end = SteadyTime() + Bounded(limit);
   bool woken = false;
   do woken = Sleep(end);
-  while (!Deliver() && !woken && Now() < end);
+  while (!Deliver() && !woken && SteadyTime() < end);
 }
 
 void WindowsEventPump::After(nanoseconds delay, std::function<void()> action) {
-  timers_.emplace(Now() + Bounded(delay), Timer{nextNumber_++, std::move(action)});
+  timers_.emplace(SteadyTime() + Bounded(delay), Timer{nextNumber_++, std::move(action)});
 }
 
 void WindowsEventPump::AddDialog(void* window) { dialogs_.push_back(window); }
@@ -60,7 +60,7 @@ void WindowsEventPump::RemoveDialog(void* window) { std::erase(dialogs_, window)
 /// that the system hands to its window by itself.
 bool WindowsEventPump::Sleep(Moment end) const {
   if (!timers_.empty()) end = std::min(end, timers_.begin()->first);
-  const DWORD limit = Milliseconds(Bounded(end - Now()));
+  const DWORD limit = Milliseconds(Bounded(end - SteadyTime()));
   return ::MsgWaitForMultipleObjectsEx(0, nullptr, limit, QS_ALLINPUT, MWMO_INPUTAVAILABLE) == WAIT_OBJECT_0;
 }
 
@@ -91,7 +91,7 @@ bool WindowsEventPump::DeliverMessages() {
 bool WindowsEventPump::DeliverTimers() {
   // What falls due while these actions run waits for the next delivery, so that this one ends. The clock
   // alone does not tell: it may show the same moment twice.
-  const Moment now = Now();
+  const Moment now = SteadyTime();
   const std::uint64_t end = nextNumber_;
   bool delivered = false;
   for (auto first = timers_.begin(); first != timers_.end(); first = timers_.begin()) {

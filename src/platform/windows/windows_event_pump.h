@@ -40,7 +40,7 @@ class WindowsEventPump : public EventPump, public Scheduler {
   void OnTerminate(std::function<void()> handler) { onTerminate_ = std::move(handler); }
 
  private:
-  using Moment = std::chrono::nanoseconds;  ///< On the steady clock.
+  using Moment = std::chrono::nanoseconds;  ///< On SteadyTime.
 
   struct Timer {
     std::uint64_t number = 0;
