@@ -10,6 +10,8 @@ setup=$(realpath "$1")
 zip=$(realpath "$2")
 unpacked=build/package/unpacked
 imported() { i686-w64-mingw32-objdump -p "$1" | sed -n 's/.*DLL Name: //p'; }
+# Resource 24 is a manifest, 1 that of a program.
+has_manifest() { i686-w64-mingw32-windres -J coff -O rc "$1" | grep "^1 24 "; }
 pictures_missing() {
   local picture
   for picture in $(sed -n 's/.*](\(images\/[^)]*\)).*/\1/p' "$1"/*.md); do
@@ -31,6 +33,9 @@ for program in Orvenza orvenza-lab; do
   check "$program needs Windows" holds <(imported $unpacked/Orvenza/$program.exe) KERNEL32.dll
   same "and no library of the compiler's" \
     "$(imported $unpacked/Orvenza/$program.exe | grep -iE 'gcc|stdc|pthread')" ""
+  check "has a manifest" has_manifest $unpacked/Orvenza/$program.exe
+  check "that wants the user's own rights" holds $unpacked/Orvenza/$program.exe \
+    '<requestedExecutionLevel level="asInvoker" uiAccess="false"/>'
 done
 
 tools/wine.sh --in-root bash tests/package/installed_test.sh "$setup" "$PWD/$unpacked/Orvenza" || failures=$((failures + 1))
