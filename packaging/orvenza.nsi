@@ -1,7 +1,7 @@
 ; The setup program. ./package compiles it, with
 ;   VERSION  the program's version
 ;   STAGE    the folder of the files to install
-;   PAPERS   the list of those below docs
+;   PAPERS   the list of those below docs: macros to install and to remove them
 ;   OUTPUT   the setup program to write
 
 Unicode true
@@ -9,12 +9,15 @@ ManifestDPIAware true
 ManifestSupportedOS all
 ManifestLongPathAware true
 SetCompressor /SOLID lzma
+; A file that cannot be replaced fails the setup: new and old programs do not go together.
+AllowSkipFiles off
 
 !include MUI2.nsh
 !include FileFunc.nsh
 !include LogicLib.nsh
 !include Sections.nsh
 !include texts.nsh
+!include "${PAPERS}"
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Orvenza"
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
@@ -23,6 +26,7 @@ SetCompressor /SOLID lzma
 ; Beside 0, and NSIS's own 1 (cancelled) and 2 (failed).
 !define EXIT_RUNNING 3
 !define EXIT_NOT_WRITABLE 4
+!define EXIT_FILE_HELD 5
 
 ; How long a running program is waited for, in seconds, unless /WAIT= says otherwise. It may be in the middle of
 ; a receipt, and ends only after it.
@@ -181,15 +185,20 @@ Section "-Program" SectionProgram
   Call EndProgram
 
   SetOutPath "$INSTDIR"
+  File "${STAGE}\orvenza-lab.exe"  ; the only one that may be held: before anything is replaced
   File "${STAGE}\Orvenza.exe"
-  File "${STAGE}\orvenza-lab.exe"
   File "${STAGE}\LICENSE.txt"
   SetOverwrite off  ; a shop may have put a sound of its own there
   File "${STAGE}\ding.wav"
   SetOverwrite on
-  RMDir /r "$INSTDIR\docs"  ; an earlier version may have had others
-  !include "${PAPERS}"
+  !insertmacro RemovePapers  ; an earlier version may have had others
+  !insertmacro InstallPapers
+  SetOutPath "$INSTDIR"  ; where the entry in the Start menu starts the program
+  ClearErrors
   WriteUninstaller "$INSTDIR\uninstall.exe"
+  ${If} ${Errors}
+    Abort
+  ${EndIf}
 
   WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "Orvenza"
   WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
@@ -260,6 +269,11 @@ Function .onInit
   !insertmacro SectionOption "/RUN=" ${SectionRun}
 FunctionEnd
 
+; A file could not be replaced.
+Function .onInstFailed
+  SetErrorLevel ${EXIT_FILE_HELD}
+FunctionEnd
+
 ; Pushes 1 when the folder can be made and written to.
 Function IsWritable
   Push $0
@@ -303,7 +317,7 @@ Section "un.$(TEXT_PROGRAM)" SectionRemoveProgram
   Delete "$INSTDIR\orvenza-lab.exe"
   Delete "$INSTDIR\LICENSE.txt"
   Delete "$INSTDIR\ding.wav"
-  RMDir /r "$INSTDIR\docs"
+  !insertmacro RemovePapers
   Delete "$INSTDIR\uninstall.exe"
   Call un.RemoveAutostart
   ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"

@@ -61,9 +61,9 @@ quit_program() {
   eventually fails runs Orvenza.exe
 }
 
-# What a shop has of its own: the settings say port 3, and the bell is another one.
+# What a shop has of its own: the settings say port 3, the bell is another one, and a text lies among the papers.
 write_shop() {
-  mkdir -p "$shop/data/abort" "$shop/storico_20261101"
+  mkdir -p "$shop/data/abort" "$shop/storico_20261101" "$shop/docs"
   cat >"$shop/Orvenza.ini" <<INI
 [Version]
 Version=1.06
@@ -77,11 +77,14 @@ Settings=19200,O,7,1
 Separator (ascii,max 127)=59
 INI
   echo una nota >"$shop/nota.txt"
+  echo un appunto >"$shop/docs/x.txt"
   echo vecchio >"$shop/storico_20261101/1.txt"
   echo rinunciato >"$shop/data/abort/7.txt.abort.txt"
   echo un altro suono >"$shop/ding.wav"
 }
-own_sums() { (cd "$shop" && sha256sum Orvenza.ini nota.txt storico_20261101/1.txt data/abort/7.txt.abort.txt); }
+own_sums() {
+  (cd "$shop" && sha256sum Orvenza.ini nota.txt docs/x.txt storico_20261101/1.txt data/abort/7.txt.abort.txt)
+}
 
 hand_over() {
   cp "$1" "$shop/data/$2.tmp"
@@ -102,6 +105,8 @@ same "succeeds" $code 0
 same "puts there what the zip holds" "$(sums_of "$shop")" "$(sums_of "$unpacked")"
 test -f "$shop/uninstall.exe" || finish "without an uninstaller nothing more can be tried"
 check "makes an entry in the Start menu" test -f "$menu_entry"
+check "that works in the program's folder" holds <(tr -d '\0' <"$menu_entry") "$target"
+check "and in none below" fails holds <(tr -d '\0' <"$menu_entry") "$target\\docs"
 same "starts the program with Windows" "$(value "$run_key" Orvenza)" "\"$target\\Orvenza.exe\""
 same "is listed with its folder" "$(value "$uninstall_key" InstallLocation)" "$target"
 check "starts nothing by itself" fails runs Orvenza.exe
@@ -140,16 +145,32 @@ check "leaves no command file behind" gone "$shop/command.txt"
 check "leaves the program running" runs Orvenza.exe
 kill_program
 
+title "an upgrade while a tool is used"
+coproc tool { wine "$target\\orvenza-lab.exe" check -; } 2>/dev/null
+check "finds it running" eventually runs orvenza-lab.exe
+printf older >>"$shop/Orvenza.exe"
+before_upgrade=$(sums_of "$shop")
+run_setup
+same "fails" $code 5
+same "replaces nothing" "$(sums_of "$shop")" "$before_upgrade"
+exec {tool[1]}>&-
+check "waits for nothing else" eventually fails runs orvenza-lab.exe
+run_setup
+same "succeeds after that" $code 0
+check "replaces the program" cmp "$shop/Orvenza.exe" "$unpacked/Orvenza.exe"
+
 title "removing"
 logs=$(cd "$shop" && sha256sum Log.txt Err.txt)
 check "succeeds" run_uninstaller
 same "leaves the shop's own files" "$(files_in "$shop")" "./Err.txt ./ErrDesc.ini ./Log.txt ./Orvenza.ini ./nota.txt "
 same "leaves the logs alone" "$(cd "$shop" && sha256sum Log.txt Err.txt)" "$logs"
 same "leaves settings and tickets alone" "$(own_sums)" "$before"
+same "leaves of the papers only the shop's own" "$(cd "$shop" && find docs | sort | tr '\n' ' ')" "docs docs/x.txt "
 check "takes the entry out of the Start menu" gone "$menu_entry"
 same "starts nothing with Windows any more" "$(value "$run_key" Orvenza)" ""
 
 title "removing with everything"
+rm "$shop/docs/x.txt"
 run_setup /STARTMENU=0 /D=$target
 same "installs over what was left" $code 0
 check "makes no entry in the Start menu, as asked" gone "$menu_entry"
