@@ -1,5 +1,6 @@
 #include "lab/rehearsal.h"
 
+#include <exception>
 #include <optional>
 #include <set>
 #include <utility>
@@ -104,6 +105,7 @@ class Stage {
   void SetUpObservers();
   void RunConnector();
   void RunOnce();
+  void AskToQuit();
   bool TicketsWait();
   void OnTick();
   void Do(const Deed& deed);
@@ -235,8 +237,8 @@ RehearsalOutcome Stage::Play() {
   transcript_.Add("start", clock_.Stamp(scenario_.start));
   try {
     RunConnector();
-    outcome_.ended = true;
     transcript_.Add("end");
+    outcome_.ended = true;
   } catch (const UnansweredDialog& unanswered) {
     BreakOff("no answer is left for the dialog " + DialogText(unanswered.dialog));
   } catch (const BadAnswer& bad) {
@@ -244,6 +246,8 @@ RehearsalOutcome Stage::Play() {
   } catch (const RunTooLong&) {
     BreakOff("the connector has not ended after " + TimeText(scenario_.limit) +
              ": nothing stops it, or it waits for ever");
+  } catch (const std::exception& failure) {
+    BreakOff(std::string("the rehearsal cannot go on: ") + failure.what());
   }
   transcript_.Close();
   TakeStock();
@@ -276,14 +280,23 @@ void Stage::RunOnce() {
 
 void Stage::OnTick() {
   transcript_.Tick();
-  if (scenario_.untilPrinted && !TicketsWait()) disk_.Put(kFolder + "\\command.txt", "QUIT\r\n");
+  if (scenario_.untilPrinted && !TicketsWait()) AskToQuit();
 }
 
-/// In the folders of a first start.
+void Stage::AskToQuit() {
+  try {
+    disk_.Put(kFolder + "\\command.txt", "QUIT\r\n");
+  } catch (const SystemError&) {
+    // Somebody holds the file; the host tries again at the next tick.
+  }
+}
+
+/// In the folders of a first start. What is on a drive that is away still waits.
 bool Stage::TicketsWait() {
   const Folders& folders = disk_.FolderSeam();
+  if (!folders.DriveAvailable(kFolder)) return true;
   const auto holdTickets = [&](const char* folder) {
-    return !folders.ListFolder(kFolder + folder + "\\*.txt").empty();
+    return folders.Exists(kFolder + folder) && !folders.ListFolder(kFolder + folder + "\\*.txt").empty();
   };
   return holdTickets("\\data") || holdTickets("\\data\\inproces");
 }

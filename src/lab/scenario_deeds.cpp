@@ -17,6 +17,8 @@ constexpr const char* kPathExpected = "a path, below the program folder or with 
 constexpr const char* kTimeExpected = "a time with its unit, such as 500ms, 2s, 10min or 1h";
 constexpr const char* kDateExpected = "a date and time such as 16/11/2026 09:00:00";
 constexpr milliseconds kLongestTime = std::chrono::hours(1000);
+/// Characters of a drive, with which every path of a deed begins.
+constexpr std::size_t kDrive = 2;
 /// Bytes of a logo row, and what comes before the first one.
 constexpr std::size_t kLogoRow = 56;
 constexpr std::size_t kLogoHead = 62;
@@ -121,6 +123,7 @@ bool ReadNewFile(std::string_view word, ScriptLine& line, Deed& deed) {
   } else {
     return false;
   }
+  if (deed.path.find_first_not_of("\\.", kDrive) == std::string::npos) line.Refuse(kPathExpected);
   deed.kind = DeedKind::kPut;
   return true;
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -162,6 +163,48 @@ TEST(Rehearsal, StartsAgainInFrontOfTheRegisterThatWasLeft) {
     EXPECT_FALSE(outcome.receipts[1].voided);
     EXPECT_EQ(outcome.files.count("C:\\Orvenza\\storico\\1.txt"), 1u);
   }
+}
+
+TEST(Rehearsal, FindsNoTicketsWaitingWhereTheirFolderIsMissing) {
+  for (const char* end : {"at 500ms power fails\n", "at 500ms session ends\n"}) {
+    const RehearsalOutcome outcome =
+        Play("settings none\nanswer nothing\nuntil printed\n" + std::string(end));
+    EXPECT_TRUE(outcome.ended) << end;
+    EXPECT_EQ(outcome.problems, Lines{}) << end;
+  }
+}
+
+TEST(Rehearsal, FindsTicketsWaitingOnADriveThatIsAway) {
+  const RehearsalOutcome lost = Play(
+      std::string(kReceipt) + "until printed\nlimit 10s\nat 600ms drive C: away\nexpect paper ANNULLO\n");
+  EXPECT_FALSE(lost.ended);
+  EXPECT_EQ(lost.problems,
+            (Lines{"the connector has not ended after 10000 ms: nothing stops it, or it waits for ever",
+                   "expected \"ANNULLO\" on the paper"}));
+  const RehearsalOutcome found =
+      Play(std::string(kReceipt) + "until printed\nat 600ms drive C: away\nat 5s drive C: back\n");
+  EXPECT_EQ(found.problems, Lines{});
+}
+
+TEST(Rehearsal, StartsAgainWhileTheDriveOfTheProgramIsAway) {
+  const RehearsalOutcome outcome = Play("drive C: away\nanswer Ok\nuntil printed\n");
+  EXPECT_FALSE(outcome.ended);
+  ASSERT_EQ(outcome.problems.size(), 1u);
+  EXPECT_TRUE(outcome.problems[0].starts_with("no answer is left for the dialog ")) << outcome.problems[0];
+}
+
+TEST(Rehearsal, BreaksOffWhereItCannotGoOn) {
+  Lines lines;
+  const RehearsalOutcome outcome =
+      Rehearse(ParseScenario("day", "at 1s quit\nexpect paper PANE\n"), [&lines](const std::string& line) {
+        lines.push_back(line);
+        const std::string end = "log       End";
+        if (line.ends_with(end) && lines.end()[-2] != line) throw std::runtime_error("no room");
+      });
+  EXPECT_FALSE(outcome.ended);
+  EXPECT_EQ(outcome.problems,
+            (Lines{"the rehearsal cannot go on: no room", "expected \"PANE\" on the paper"}));
+  EXPECT_EQ(lines.back(), "     1022  broken    the rehearsal cannot go on: no room");
 }
 
 TEST(Rehearsal, LeavesNothingOfTheConnectorBehindWhenThePowerFails) {
