@@ -21,6 +21,7 @@ constexpr std::size_t kLongestTicket = 1'000'000;
 constexpr std::size_t kMostTickets = 10;
 constexpr const char* kMasked = "texts masked";
 
+/// A longer log from the beginning of a line on: a quotation that begins before it could not be masked.
 std::string ReadEnd(const Files& files, const std::string& path) {
   std::string end;
   std::string piece(65536, '\0');
@@ -29,8 +30,9 @@ std::string ReadEnd(const Files& files, const std::string& path) {
     end.append(piece, 0, count);
     if (end.size() > 2 * kLongestLog) end.erase(0, end.size() - kLongestLog);
   }
-  if (end.size() > kLongestLog) end.erase(0, end.size() - kLongestLog);
-  return end;
+  if (end.size() <= kLongestLog) return end;
+  const std::size_t lineEnd = end.find('\n', end.size() - kLongestLog);
+  return end.substr(std::min(lineEnd, end.size() - 1) + 1);
 }
 
 BundleEntry Missing(const std::string& name, const std::string& reason) {
@@ -133,7 +135,7 @@ class Collector {
     }
     Add("logs/" + name, [&](BundleEntry& entry) {
       entry.bytes = ReadEnd(shop_.files, path);
-      entry.remark = CutRemark("last", kLongestLog, shop_.files.Size(path));
+      entry.remark = CutRemark("last", entry.bytes.size(), shop_.files.Size(path));
       bool masked = false;
       if (!withDescriptions_) entry.bytes = MaskLog(entry.bytes, shop_.Settings().SeparatorChar, masked);
       if (masked) entry.remark = Both("texts of quoted ticket lines masked", entry.remark);
