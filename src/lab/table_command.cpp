@@ -1,7 +1,10 @@
 #include "lab/table_command.h"
 
 #include <chrono>
+#include <set>
+#include <sstream>
 
+#include "core/text.h"
 #include "lab/settlement_table.h"
 
 namespace orvenza {
@@ -38,13 +41,43 @@ class Progress {
   std::size_t shown_ = 0;
 };
 
-/// The steps whose names contain the text that the user gives; all where there is none.
+/// Refuses a part of a name that no step has: names the step that was probably meant, or all.
+[[noreturn]] void RefuseStep(const std::string& part) {
+  std::vector<std::string> names;
+  std::string all = "; there are";
+  for (const SettlementStep& step : SettlementSteps()) {
+    names.push_back(step.name);
+    all += "\n  " + step.name;
+  }
+  const std::string hint = Hint(part, names);
+  throw UsageError("no step is called '" + part + "'" + (hint.empty() ? all : hint));
+}
+
+/// Marks the steps whose names contain `part`, in any letter case.
+void Choose(const std::string& part, const std::vector<SettlementStep>& steps,
+            std::set<std::string>& chosen) {
+  bool known = false;
+  for (const SettlementStep& step : steps) {
+    if (ToUpperAscii(step.name).find(ToUpperAscii(part)) == std::string::npos) continue;
+    chosen.insert(step.name);
+    known = true;
+  }
+  if (!known) RefuseStep(part);
+}
+
+/// The steps that the user asks for, by parts of their names with ";" between them, as in the titles of the
+/// table; all where the user does not say.
 std::vector<SettlementStep> ChosenSteps(const Arguments& arguments) {
   std::vector<SettlementStep> steps = SettlementSteps();
-  if (const auto text = arguments.Value(kStep)) {
-    std::erase_if(steps,
-                  [&](const SettlementStep& step) { return step.name.find(*text) == std::string::npos; });
+  const auto text = arguments.Value(kStep);
+  if (!text) return steps;
+  std::set<std::string> chosen;
+  std::istringstream parts(*text);
+  for (std::string part; std::getline(parts, part, ';');) {
+    if (!Trim(part).empty()) Choose(std::string(Trim(part)), steps, chosen);
   }
+  if (chosen.empty()) RefuseStep(*text);
+  std::erase_if(steps, [&](const SettlementStep& step) { return !chosen.contains(step.name); });
   return steps;
 }
 
@@ -53,7 +86,6 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
     return RefuseUsage(lab.console, "table", "unexpected word '" + arguments.words.front() + "'");
   }
   const std::vector<SettlementStep> steps = ChosenSteps(arguments);
-  if (steps.empty()) return RefuseUsage(lab.console, "table", "no step is called so");
   Progress progress(lab.console, lab.clock);
   const SettlementExtent extent =
       arguments.Has(kThinned) ? SettlementExtent::kThinned : SettlementExtent::kWhole;
@@ -88,7 +120,9 @@ Command TableCommand() {
           "The table is in Markdown; docs/failure-scenarios.md holds it and explains it.",
           {{kOutput, "FILE",
             "write to FILE, which is new or empty, or has a line that\nbegins and one that ends the table"},
-           {kStep, "TEXT", "only the commands whose name in the table contains TEXT"},
+           {kStep, "TEXT",
+            "only the commands whose names in the table contain TEXT,\nor one of several texts with \";\" "
+            "between them"},
            {kThinned, "", "of the error codes that are treated alike, try one"}},
           "0  written\n"
           "2  not written",

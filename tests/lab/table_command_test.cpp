@@ -61,10 +61,34 @@ TEST(TableCommand, TellsNothingWithinASecond) {
   EXPECT_EQ(lab.err.str(), "");
 }
 
-TEST(TableCommand, KnowsItsStepsByTheirNames) {
+TEST(TableCommand, TakesItsStepsAsTheyStandInTheTable) {
   TableLab lab;
-  EXPECT_EQ(lab.Run({"table", "--step", "coffee"}), 2);
-  EXPECT_EQ(lab.err.str(), "orvenza-lab table: no step is called so\nSee 'orvenza-lab table --help'.\n");
+  EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "Line without a separator; CASH MOVEMENT"}), 0);
+  const std::string table = lab.out.str();
+  EXPECT_NE(table.find("\n### Cash movement\n"), std::string::npos);
+  EXPECT_NE(table.find("\n### Line without a separator\n"), std::string::npos);
+  EXPECT_EQ(table.find("payment"), std::string::npos);
+}
+
+TEST(TableCommand, NamesTheStepThatWasProbablyMeant) {
+  TableLab lab;
+  EXPECT_EQ(lab.Run({"table", "--step", "logo row; part paymnt"}), 2);
+  EXPECT_EQ(lab.err.str(),
+            "orvenza-lab table: no step is called 'part paymnt'; did you mean 'part payment'?\n"
+            "See 'orvenza-lab table --help'.\n");
+}
+
+TEST(TableCommand, NamesAllStepsWhereItKnowsNone) {
+  TableLab lab;
+  for (const char* text : {"coffee", ";"}) {
+    lab.err.str({});
+    EXPECT_EQ(lab.Run({"table", "--step", text}), 2);
+    const std::string said = lab.err.str();
+    EXPECT_TRUE(said.starts_with("orvenza-lab table: no step is called '" + std::string(text) +
+                                 "'; there are\n  opening status query\n"))
+        << said;
+    EXPECT_NE(said.find("\n  logo row\n"), std::string::npos) << said;
+  }
 }
 
 TEST(TableCommand, LeavesAFileAloneThatHasNoPlaceForATable) {
