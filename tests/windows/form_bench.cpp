@@ -101,8 +101,9 @@ void FormBench::Look(int number) {
 }
 
 void FormBench::Await(const char* what, const std::function<bool()>& condition) {
+  const auto end = std::chrono::steady_clock::now() + kPatience;
   while (!condition()) {
-    if (std::chrono::steady_clock::now() > end_)
+    if (std::chrono::steady_clock::now() > end)
       throw std::runtime_error(std::string("waited in vain for ") + what);
     pump.WaitForEvent(kGlance);
   }
@@ -115,6 +116,11 @@ void FormBench::ExpectGone(int number) {
   pump.After(kGlance, [=, this] { ExpectGone(number); });
 }
 
+void DialogBench::ShowMessage(const std::string& text, const std::function<void(HWND)>& answer) {
+  WhenShown(answer);
+  messages.ShowOperatorMessage(text, message_style::kQuestion, "");
+}
+
 void DialogBench::ShowAll(const std::function<void(HWND)>& answer) {
   WhenShown(answer);
   person.ShowChoice(kPaper);
@@ -124,6 +130,12 @@ void DialogBench::ShowAll(const std::function<void(HWND)>& answer) {
   person.ShowPortSettings(kPorts);
   WhenShown(answer);
   person.ShowUtilities(kUtilities, [](int) { return true; });
+}
+
+HICON OwnIcon(int metric) {
+  const int size = GetSystemMetrics(metric);
+  return static_cast<HICON>(
+      LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, size, size, LR_SHARED));
 }
 
 void ChangeDpi(HWND form, int dpi) {

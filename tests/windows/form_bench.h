@@ -6,12 +6,16 @@
 
 #include <chrono>
 #include <functional>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "core/catalogue.h"
 #include "core/event_loop.h"
 #include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_event_pump.h"
 #include "support/temp_folder.h"
+#include "ui/operator_message.h"
 #include "ui/windows/windows_operator.h"
 
 namespace orvenza::test {
@@ -31,7 +35,11 @@ class FormBench : public testing::Test {
   WindowsEventPump pump;
   EventLoop loop{clock, pump};
   TempFolder folder;
-  WindowsOperator person{loop, pump, folder.Path(), "Orvenza"};
+  std::vector<std::pair<std::string, UINT>> sounds;  ///< Path and flags of each that the operator would hear.
+  WindowsOperator person{loop, pump, folder.Path(), "Orvenza", [this](const char* path, UINT flags) {
+                           sounds.emplace_back(path, flags);
+                           return TRUE;
+                         }};
 
  private:
   void Look(int number);
@@ -42,7 +50,7 @@ class FormBench : public testing::Test {
   std::chrono::steady_clock::time_point end_;
 };
 
-/// The bench with all dialogs but messages, as the program shows them.
+/// The bench with all dialogs as the program shows them.
 class DialogBench : public FormBench {
  protected:
   const ChoiceContent kPaper{"Orvenza", LoadMessage(111), LoadMessage(112), false, {}, 0, LoadMessage(113)};
@@ -61,9 +69,18 @@ class DialogBench : public FormBench {
       LoadMessage(113)};
   const UtilitiesContent kUtilities{LoadMessage(161), {LoadMessage(162), LoadMessage(163), LoadMessage(167)}};
 
+  /// Shows a question, given to `answer`.
+  void ShowMessage(const std::string& text, const std::function<void(HWND)>& answer);
+
   /// Shows every dialog but messages, each given to `answer`.
   void ShowAll(const std::function<void(HWND)>& answer);
+
+  OperatorMessages messages{person, "Orvenza"};
 };
+
+/// The icon with the number 1 in the program that runs, which the tests share with the connector. Its width
+/// is that of the system's `metric`.
+HICON OwnIcon(int metric);
 
 /// Tells a form of this process that its screen has `dpi` pixels an inch now.
 void ChangeDpi(HWND form, int dpi);

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "platform/windows/wide.h"
-#include "ui/operator_message.h"
 #include "ui/windows/names.h"
 #include "windows/form_bench.h"
 #include "windows/person.h"
@@ -22,18 +21,11 @@ using namespace control_id;
 constexpr COLORREF kBackground = RGB(150, 187, 213);
 
 struct FormLookTest : DialogBench {
-  void ShowMessage(const std::string& text, const std::function<void(HWND)>& answer) {
-    WhenShown(answer);
-    messages.ShowOperatorMessage(text, message_style::kQuestion, "");
-  }
-
   /// Every form, messages with them.
   void ShowEveryForm(const std::function<void(HWND)>& answer) {
     ShowMessage("Sei sicuro ?", answer);
     ShowAll(answer);
   }
-
-  OperatorMessages messages{person, "Orvenza"};
 };
 
 std::string NameOf(HWND form) { return ToUtf8(ClassOf(form)); }
@@ -106,18 +98,13 @@ TEST_F(FormLookTest, BothLabelsOfAChoiceAreInTimesNewRoman) {
   person.ShowChoice(kChoice);
 }
 
-/// The icon with the number 1 in the program that runs, here the tests.
-ULONG_PTR OwnIcon(int metric) {
-  const int size = GetSystemMetrics(metric);
-  return reinterpret_cast<ULONG_PTR>(
-      LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, size, size, LR_SHARED));
-}
+HICON IconOf(HWND form, int which) { return reinterpret_cast<HICON>(GetClassLongPtrW(form, which)); }
 
 TEST_F(FormLookTest, EveryFormHasTheIconOfTheProgram) {
-  ASSERT_NE(OwnIcon(SM_CXICON), 0U);
+  ASSERT_NE(OwnIcon(SM_CXICON), nullptr);
   ShowEveryForm([](HWND form) {
-    EXPECT_EQ(GetClassLongPtrW(form, GCLP_HICON), OwnIcon(SM_CXICON)) << NameOf(form);
-    EXPECT_EQ(GetClassLongPtrW(form, GCLP_HICONSM), OwnIcon(SM_CXSMICON)) << NameOf(form);
+    EXPECT_EQ(IconOf(form, GCLP_HICON), OwnIcon(SM_CXICON)) << NameOf(form);
+    EXPECT_EQ(IconOf(form, GCLP_HICONSM), OwnIcon(SM_CXSMICON)) << NameOf(form);
     CloseByCross(form);
   });
 }

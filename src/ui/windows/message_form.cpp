@@ -12,11 +12,11 @@
 namespace orvenza {
 namespace {
 
-void PlayDing(const std::string& programFolder) {
+void PlayDing(const std::string& programFolder, const SoundPlayer& play) {
   const std::string path = programFolder + "\\ding.wav";
   // Without the file the system would play a sound of its own.
   if (GetFileAttributesW(ToWide(path).c_str()) == INVALID_FILE_ATTRIBUTES) return;
-  sndPlaySoundA(ToAnsi(path).c_str(), SND_ASYNC);
+  play(ToAnsi(path).c_str(), SND_ASYNC);
 }
 
 /// The image's place in the row of four: stop, question, exclamation, information.
@@ -46,7 +46,8 @@ Icon LoadSystemIcon(PCWSTR name, int size) {
 
 }  // namespace
 
-MessageForm::MessageForm(Desk& desk, const MessageContent& content, const std::string& programFolder)
+MessageForm::MessageForm(Desk& desk, const MessageContent& content, const std::string& programFolder,
+                         const SoundPlayer& play)
     : Form(desk, window_class::kOrvMsg, content.caption),
       centred_(content.centred),
       image_(content.icon),
@@ -61,7 +62,7 @@ MessageForm::MessageForm(Desk& desk, const MessageContent& content, const std::s
                TextKind::kMessage);
   }
   Show(control_id::kCommand0 + 1, true);
-  PlayDing(programFolder);
+  PlayDing(programFolder, play);
 }
 
 Extent MessageForm::Arrange(int dpi) {

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "ui/windows/choice_form.h"
-#include "ui/windows/message_form.h"
 #include "ui/windows/names.h"
 #include "ui/windows/port_form.h"
 #include "ui/windows/utilities_form.h"
@@ -26,8 +25,9 @@ class WaitingMark {
 }  // namespace
 
 WindowsOperator::WindowsOperator(EventLoop& loop, WindowsEventPump& pump, std::string programFolder,
-                                 const std::string& caption)
+                                 const std::string& caption, SoundPlayer play)
     : programFolder_(std::move(programFolder)),
+      play_(std::move(play)),
       desk_{loop, pump},
       orvMain_(caption,
                {.chosen = [this](MenuItem item) { desk_.pump.Post([this, item] { RunMenuItem(item); }); },
@@ -37,7 +37,7 @@ WindowsOperator::WindowsOperator(EventLoop& loop, WindowsEventPump& pump, std::s
       consoleGuard_(orvMain_.Handle()) {}
 
 int WindowsOperator::ShowMessage(const MessageContent& content) {
-  MessageForm form(desk_, content, programFolder_);
+  MessageForm form(desk_, content, programFolder_, play_);
   const WaitingMark mark(messages_, form);
   const int pressed = form.NextPress();
   return pressed != 0 ? pressed - control_id::kCommand0 : 0;

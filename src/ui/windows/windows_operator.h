@@ -1,5 +1,9 @@
 #pragma once
 
+#include <windows.h>
+// After windows.h, on which it builds.
+#include <mmsystem.h>
+
 #include <functional>
 #include <string>
 
@@ -11,6 +15,7 @@
 #include "ui/windows/console_guard.h"
 #include "ui/windows/form.h"
 #include "ui/windows/main_form.h"
+#include "ui/windows/message_form.h"
 #include "ui/windows/session_guard.h"
 
 namespace orvenza {
@@ -19,9 +24,10 @@ namespace orvenza {
 /// with them, live as long as the object.
 class WindowsOperator final : public Operator, public NotificationIcon {
  public:
-  /// `programFolder` may hold the sound of messages; `caption` is the main form's. Throws SystemError.
+  /// `programFolder` may hold the sound of messages, given to `play`; `caption` is the main form's. Throws
+  /// SystemError.
   WindowsOperator(EventLoop& loop, WindowsEventPump& pump, std::string programFolder,
-                  const std::string& caption);
+                  const std::string& caption, SoundPlayer play = sndPlaySoundA);
 
   /// Who carries out the menu's items; until there is one, they do nothing. An item is carried out as an
   /// event of the pump, dialogs included; a ProgramEnd of it is noted in the event loop.
@@ -41,6 +47,7 @@ class WindowsOperator final : public Operator, public NotificationIcon {
   void ReturnToInnermostForm() const;
 
   std::string programFolder_;
+  SoundPlayer play_;
   std::function<void(MenuItem)> menuHandler_;
   Desk desk_;
   std::vector<Form*> messages_;  ///< The message dialogs that wait, the innermost last.
