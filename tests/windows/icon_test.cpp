@@ -35,6 +35,13 @@ TEST(Icon, IsTheOnlyThingToSee) {
   TakePicture(FindWindowW(L"Shell_TrayWnd", nullptr));
 }
 
+TEST(Program, CarriesTheIconByTheNumberThatItsFormsLookFor) {
+  const HMODULE program = LoadLibraryExW(ProgramPath().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  ASSERT_NE(program, nullptr);
+  EXPECT_NE(LoadImageW(program, MAKEINTRESOURCEW(1), IMAGE_ICON, 32, 32, LR_SHARED), nullptr);
+  FreeLibrary(program);
+}
+
 TEST(Start, TheFirstWritesTheWholeSettingsFile) {
   const Shop shop("", false);
   const Till till(shop);

@@ -21,12 +21,6 @@ using Clock = std::chrono::steady_clock;
 
 constexpr DWORD kGlance = 5;  ///< Milliseconds between two looks.
 
-std::wstring ProgramPath() {
-  std::wstring path(MAX_PATH, L'\0');
-  path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
-  return path.substr(0, path.rfind(L'\\') + 1) + L"Orvenza.exe";
-}
-
 PROCESS_INFORMATION Start(const std::wstring& options, HANDLE output) {
   std::wstring line = L"\"" + ProgramPath() + L"\" " + options;
   STARTUPINFOW start{};
@@ -69,6 +63,12 @@ BOOL CALLBACK LookAt(HWND window, LPARAM parameter) {
 void CALLBACK Kill(void* process, BOOLEAN) { TerminateProcess(process, 98); }
 
 }  // namespace
+
+std::wstring ProgramPath() {
+  std::wstring path(MAX_PATH, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
+  return path.substr(0, path.rfind(L'\\') + 1) + L"Orvenza.exe";
+}
 
 Shop::Shop(const std::string& script, bool withSettings) {
   folder.Write("register.script", "speed instant\n" + script);

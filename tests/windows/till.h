@@ -45,6 +45,9 @@ class Lifetime {
   HANDLE timer_ = nullptr;
 };
 
+/// Of the program, beside the tests.
+std::wstring ProgramPath();
+
 /// The running program, with its windows. What is waited for must come within kPatience; what does not come
 /// fails the test by an exception. A program that outlives its lifetime is killed, so that nothing hangs with
 /// it.

@@ -1,39 +1,21 @@
 #include "ui/windows/main_form.h"
 
-#include <windows.h>
-// After windows.h, on which it builds.
-#include <shellapi.h>
-
 #include <utility>
 
 #include "platform/windows/wide.h"
 #include "ui/windows/dpi.h"
 #include "ui/windows/gdi_objects.h"
+#include "ui/windows/icon_record.h"
 #include "ui/windows/names.h"
-#include "ui/windows/system_functions.h"
 
 namespace orvenza {
 namespace {
-
-constexpr UINT kIconNumber = 1;
 
 /// In milliseconds. Nothing else of the program goes on while the menu is open.
 constexpr UINT kLongestMenu = 30000;
 
 /// The part of WM_SYSCOMMAND's first parameter that is not the system's own.
 constexpr WPARAM kSystemCommand = 0xFFF0;
-
-constexpr UINT kIconFields = NIF_MESSAGE | NIF_ICON | NIF_TIP;
-static_assert(kIconFields == 7 && kIconMessage == WM_MOUSEMOVE);
-static_assert(NOTIFYICONDATAA_V1_SIZE == 88, "the record of the icon is the one of the first shells");
-
-NOTIFYICONDATAA IconRecord(HWND owner) {
-  NOTIFYICONDATAA record{};
-  record.cbSize = NOTIFYICONDATAA_V1_SIZE;
-  record.hWnd = owner;
-  record.uID = kIconNumber;
-  return record;
-}
 
 Menu MakePopUp() {
   Menu menu(CreatePopupMenu());
@@ -54,12 +36,7 @@ Picture::Picture(HWND form, std::function<void()> pressed) : pressed_(std::move(
 Picture::~Picture() { Destroy(); }
 
 void Picture::AddIcon(const std::string& tip) const {
-  constexpr std::size_t kTipField = 64;
-  NOTIFYICONDATAA record = IconRecord(Handle());
-  record.uFlags = kIconFields;
-  record.uCallbackMessage = kIconMessage;
-  record.hIcon = ProgramIcon(GetSystemMetrics(SM_CXSMICON));
-  ToAnsi(tip).copy(record.szTip, kTipField - 1);
+  NOTIFYICONDATAA record = IconRecord(Handle(), tip);
   Shell_NotifyIconA(NIM_ADD, &record);
 }
 
