@@ -1,0 +1,57 @@
+// What stands in the icon's menu.
+
+#include "platform/windows/wide.h"
+#include "ui/windows/names.h"
+#include "windows/form_bench.h"
+#include "windows/person.h"
+
+namespace orvenza::test {
+namespace {
+
+using Entries = std::vector<std::string>;
+
+/// The captions, "-" for a separator.
+Entries EntriesOf(HMENU menu) {
+  Entries entries;
+  for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+    wchar_t caption[64] = L"";
+    MENUITEMINFOW info{};
+    info.cbSize = sizeof info;
+    info.fMask = MIIM_FTYPE | MIIM_STRING;
+    info.dwTypeData = caption;
+    info.cch = 64;
+    GetMenuItemInfoW(menu, static_cast<UINT>(i), TRUE, &info);
+    entries.push_back((info.fType & MFT_SEPARATOR) != 0 ? "-" : ToUtf8(caption));
+  }
+  return entries;
+}
+
+BOOL CALLBACK ReadAndCloseMenu(HWND window, LPARAM entries) {
+  if (!IsWindowVisible(window) || ClassOf(window) != L"#32768") return TRUE;
+  const LRESULT menu = SendMessageW(window, MN_GETHMENU, 0, 0);
+  *reinterpret_cast<Entries*>(entries) = EntriesOf(reinterpret_cast<HMENU>(menu));
+  EndMenu();
+  return FALSE;
+}
+
+struct PopupTest : FormBench {
+  /// An open menu keeps the pump's timers waiting, but not those of the system.
+  static void CALLBACK Look(HWND, UINT, UINT_PTR, DWORD) {
+    EnumThreadWindows(GetCurrentThreadId(), ReadAndCloseMenu, reinterpret_cast<LPARAM>(&seen));
+  }
+
+  static inline Entries seen;
+};
+
+TEST_F(PopupTest, HasFourItemsAndASeparatorBetweenAnyTwo) {
+  const HWND main = FindWindowW(window_class::kOrvMain, L"Orvenza");
+  seen.clear();
+  const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Look);
+  PostMessageW(GetDlgItem(main, control_id::kPicture1), kIconMessage, 1, WM_RBUTTONDOWN);
+  Await("the menu", [] { return !seen.empty(); });
+  KillTimer(nullptr, timer);
+  EXPECT_EQ(seen, (Entries{"Esci", "-", "Utilita'", "-", "Info", "-", "Configura"}));
+}
+
+}  // namespace
+}  // namespace orvenza::test
