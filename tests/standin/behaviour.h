@@ -29,7 +29,8 @@ namespace orvenza::test {
 ///                        (none), and then its events have the numbers 1 to 4
 ///     dies-with=PREFIX   is gone when it is to send such a command; its successor is well-behaved
 ///     fails=N:HOW        member N fails with the number HOW (0x80004005), with exception or deferred (which
-///                        carry a description), or gives a text that it should not
+///                        carry a description), with unfailing (an exception whose number is no failure's),
+///                        or gives a text that it should not
 class Behaviour {
  public:
   static constexpr const char* kVariable = "ORVENZA_STANDIN_BEHAVIOUR";

@@ -110,6 +110,13 @@ TEST_F(FailuresTest, TheDescriptionOfAMemberIsPassedOn) {
             "57 Device I/O error ( member 6: 0x800A0044 La carta \u00E8 finita )");
 }
 
+TEST_F(FailuresTest, AnExceptionIsAFailureWhateverItsNumber) {
+  Open();
+  Behave("fails=2:unfailing");
+  const auto failure = Failure([&] { Send("321701"); });
+  EXPECT_TRUE(failure.starts_with("57 Device I/O error ( member 2: 0x80020009")) << failure;
+}
+
 TEST_F(FailuresTest, AValueOfAWrongKindIsAFailureOfItsMember) {
   Open();
   Behave("fails=5:text");

@@ -24,8 +24,9 @@ struct Exception {
     if (info.pfnDeferredFillIn != nullptr) info.pfnDeferredFillIn(&info);
   }
 
+  /// A failure always, also where the member gives a number that says otherwise.
   HRESULT Number() const {
-    if (info.scode != 0) return info.scode;
+    if (FAILED(info.scode)) return info.scode;
     return info.wCode != 0 ? MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, info.wCode) : DISP_E_EXCEPTION;
   }
 
