@@ -9,8 +9,10 @@
 
 namespace orvenza {
 
-/// Follows the commands of one ticket, a file or a part of one, and tells where its receipts do not begin or
-/// end as they should. It counts as the simulated register does.
+class CommandFields;
+
+/// Follows the commands of one ticket, a file or a part of one, and tells where its receipts and documents
+/// do not begin or end as they should. It counts as the simulated register does.
 class ReceiptWatch {
  public:
   /// A valid line and its command.
@@ -24,15 +26,29 @@ class ReceiptWatch {
   void End(std::string_view where, TicketFindings& findings);
 
  private:
-  void FindNoReceipt(std::string_view what, TicketFindings& findings) const;
+  enum class Effect;
+  enum class Place;
+  struct Demand;
+  static Effect EffectOf(std::string_view code);
+  static Demand DemandOf(Effect effect);
+
+  bool FindRefused(Effect effect, TicketFindings& findings) const;
+  bool Fits(Place place) const;
+  std::string_view WhyNot(Place place) const;
+  void FindPrinted(std::string_view what, TicketFindings& findings) const;
   void BeginSale(TicketFindings& findings);
+  void FollowSums(Effect effect, CommandFields& fields);
   void Void();
   void EndReceipt();
+  void Forget();
   void FindUnpaid(std::string_view where, TicketFindings& findings) const;
 
+  // At most one of the two is open.
   std::optional<Receipt> receipt_;
   bool documentOpen_ = false;
   bool anyEnded_ = false;
+  bool anyPrinted_ = false;       // and would be printed again with the ticket: nothing voided
+  std::string_view lastReceipt_;  // what became of it; "" where nothing was sold yet
   bool sumKnown_ = true;
   bool allKnown_ = true;  // of every receipt so far
   bool endKnown_ = true;

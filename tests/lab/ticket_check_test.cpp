@@ -25,6 +25,8 @@ class TicketCheckTest : public ::testing::Test {
     Check(line, &findings);
     std::string said;
     for (const TicketFinding& finding : findings) {
+      // These are about the item before.
+      if (finding.code == "still-open" || finding.code == "no-receipt") continue;
       said += (said.empty() ? "" : "\n") + (finding.field < 0 ? "-" : std::to_string(finding.field)) +
               (finding.isError ? " error " : " warning ") + std::string(finding.code) + ": " + finding.text;
     }
