@@ -24,20 +24,25 @@ TicketCheck::TicketCheck(CheckRules rules, const Files& files, Clock& clock)
       silence_(noFiles_, clock, rules_.settings, {}),
       translator_(rules_.identity, rules_.settings, files, silence_),
       knownTypes_(KnownTypes()),
-      boundary_(rules_.settings.SeparatorChar) {}
+      boundary_(rules_.settings.SeparatorChar),
+      meant_(boundary_) {}
 
 void TicketCheck::BeginFile() {
-  boundary_ = TicketBoundary(rules_.settings.SeparatorChar);
+  boundary_ = meant_ = TicketBoundary(rules_.settings.SeparatorChar);
+  lines_ = 0;
   watch_ = ReceiptWatch();
 }
 
 void TicketCheck::Skip(std::string_view beginning, TicketFindings& findings) {
+  ++lines_;
+  fields_ = RecordFields();
   FollowParser(beginning, findings);
   watch_.Miss({});
 }
 
 const std::string& TicketCheck::Check(std::string_view line, TicketFindings& findings) {
   command_.clear();
+  ++lines_;
   SplitRecord(line, rules_.settings.SeparatorChar, fields_);
   if (fields_.IsEmpty()) return command_;
   FollowParser(line, findings);
@@ -48,7 +53,6 @@ const std::string& TicketCheck::Check(std::string_view line, TicketFindings& fin
   }
   notes_.clear();
   command_ = translator_.TranslateRecord(fields_, &notes_);
-  FindHiddenType(line, findings);
   FindInValues(line, fields_, notes_, findings);
   FindInUnusedFields(fields_, notes_, findings);
   if (IsUnknownType()) {
@@ -65,17 +69,29 @@ const std::string& TicketCheck::Check(std::string_view line, TicketFindings& fin
 }
 
 void TicketCheck::FollowParser(std::string_view line, TicketFindings& findings) {
-  if (!rules_.settings.FileParser || !boundary_.Begins(line)) return;
+  if (!rules_.settings.FileParser) return;
+  const bool begins = boundary_.Begins(line);
+  FindHiddenType(line, begins, findings);
+  if (!begins) return;
   watch_.End("\"File Parser\" splits the file before this line", findings);
   watch_ = ReceiptWatch();
 }
 
-void TicketCheck::FindHiddenType(std::string_view line, TicketFindings& findings) const {
-  if (!rules_.settings.FileParser || !IsClosingType(fields_[0]) || boundary_.TypeOf(line) == fields_[0])
-    return;
-  findings.push_back({false, "hidden-type", 0,
-                      "what stands before the type hides it from \"File Parser\", which does not take this "
-                      "line for the end of a receipt"});
+void TicketCheck::FindHiddenType(std::string_view line, bool begins, TicketFindings& findings) {
+  const bool hidden = fields_.Count() > 0 && boundary_.TypeOf(line) != fields_[0];
+  const bool meantToBegin = meant_.Begins(hidden ? line.substr(fields_.Start(0)) : line);
+  if (begins && !meantToBegin) {
+    findings.push_back({false, "hidden-type", 0,
+                        "what stands before the type hides it from \"File Parser\", which splits the file "
+                        "before this line as if it did not close the receipt"});
+  } else if (meantToBegin && !begins) {
+    findings.push_back({false, "hidden-type", TicketFinding::kWholeLine,
+                        "\"File Parser\" does not split the file before this line: what stands before the "
+                        "type in line " +
+                            std::to_string(lastHidden_) + " hides that it closes the receipt"});
+  }
+  if (begins != meantToBegin) meant_ = boundary_;
+  if (hidden && IsClosingType(fields_[0])) lastHidden_ = lines_;
 }
 
 void TicketCheck::FindNoFields(TicketFindings& findings) const {

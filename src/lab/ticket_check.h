@@ -46,7 +46,7 @@ class TicketCheck {
 
  private:
   void FollowParser(std::string_view line, TicketFindings& findings);
-  void FindHiddenType(std::string_view line, TicketFindings& findings) const;
+  void FindHiddenType(std::string_view line, bool begins, TicketFindings& findings);
   void FindNoFields(TicketFindings& findings) const;
   std::string KnownTypes() const;
   std::string TypeMeant() const;
@@ -59,6 +59,9 @@ class TicketCheck {
   RecordTranslator translator_;
   std::string knownTypes_;
   TicketBoundary boundary_;
+  TicketBoundary meant_;          // by the types that the translation reads
+  std::uint64_t lines_ = 0;       // of the file, so far
+  std::uint64_t lastHidden_ = 0;  // the last of them with a closing type that is not seen as one
   ReceiptWatch watch_;
   RecordFields fields_;
   TranslationNotes notes_;

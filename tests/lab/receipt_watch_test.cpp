@@ -230,13 +230,41 @@ TEST(ReceiptWatch, FindsASecondReceiptThatFileParserDoesNotSplit) {
 }
 
 TEST(ReceiptWatch, FindsAClosingTypeThatFileParserDoesNotSee) {
-  EXPECT_EQ(FindingsOf({kItem10, " 2;1;1000;", kItem10, kPay10}, true), "hidden-type@2 second-receipt@3");
+  EXPECT_EQ(FindingsOf({kItem10, " 2;1;1000;", kItem10, kPay10}, true), "hidden-type@3 second-receipt@3");
   EXPECT_EQ(FindingsOf({"\xEF\xBB\xBF"
-                        "4;1;"},
+                        "4;1;",
+                        "23;Grazie;1;"},
                        true),
-            "hidden-type@1");
-  EXPECT_EQ(FindingsOf({kItem10, " 2;1;1000;"}), "") << "nothing looks for it when off";
+            "hidden-type@2");
+  EXPECT_EQ(FindingsOf({kItem10, " 2;1;400;", "\t2;1;600;", "", kItem10, kPay10}, true),
+            "hidden-type@5 second-receipt@5");
+}
+
+TEST(ReceiptWatch, FindsAClosingTypeThatFileParserTakesForABeginning) {
+  const std::string_view paidBy14 = " 14;600;1;3;;0;";
+  EXPECT_EQ(FindingsOf({kItem10, "2;1;400;", paidBy14}, true), "hidden-type@3 not-paid@3 no-receipt@3");
+  EXPECT_EQ(FindingsOf({kItem10, "2;1;400;", " 2;1;600;"}, true), "hidden-type@3 not-paid@3 no-receipt@3");
+  EXPECT_EQ(FindingsOf({kItem10, kPay10, " 4;1;", "23;Grazie;1;"}, true), "hidden-type@3")
+      << "told once for one blank";
+}
+
+TEST(ReceiptWatch, KeepsQuietAboutAHiddenTypeThatSplitsNothing) {
+  EXPECT_EQ(FindingsOf({kItem10, " 2;1;1000;"}, true), "");
+  EXPECT_EQ(FindingsOf({kItem10, " 2;1;0;", "  ", "2;1;1000;"}, true), "no-receipt@4");
+  EXPECT_EQ(FindingsOf({kItem10, " 2;1;400;", "2;1;600;", kItem10, kPay10}, true), "");
+  EXPECT_EQ(FindingsOf({kItem10, " 14;1000;1;3;;0;", "23;Grazie;1;"}, true), "") << "14 alone closes nothing";
+  EXPECT_EQ(FindingsOf({kItem10, " 2;1;1000;", kItem10, kPay10}), "second-receipt@3")
+      << "nothing looks for it";
   EXPECT_EQ(FindingsOf({" 1;Pane;1,0;1000;1;;;1;;", kPay10}, true), "");
+}
+
+TEST(ReceiptWatch, SaysWhichLineHidesItsType) {
+  Bench bench(true);
+  const auto found = CheckLines(bench.check, {kItem10, "", " 2;1;1000;", kItem10, kPay10});
+  ASSERT_EQ(Codes(found), "hidden-type@4 second-receipt@4");
+  EXPECT_EQ(found[0].finding.text,
+            "\"File Parser\" does not split the file before this line: what stands before the type in line 3 "
+            "hides that it closes the receipt");
 }
 
 TEST(ReceiptWatch, MissesAReceiptThatALineNeeds) {
