@@ -51,6 +51,21 @@ std::vector<std::string> FilesMeant(const std::vector<std::string>& words,
   return files;
 }
 
+/// What is to be said of a command line that can be carried out.
+std::vector<std::string> NotesOf(const Arguments& arguments, const CheckRules& rules) {
+  std::vector<std::string> notes;
+  if (arguments.Has("--name") && !arguments.Has("--folder")) {
+    notes.emplace_back("--name has no effect without --folder");
+  }
+  if (!rules.settingsNote.empty()) notes.push_back(rules.settingsNote);
+  const std::string model = UnknownModelNote(arguments.Value("--model").value_or(""));
+  if (!model.empty()) notes.push_back(model);
+  if (arguments.Has("--release") && !arguments.Has("--model")) {
+    notes.emplace_back("--release has no effect without --model");
+  }
+  return notes;
+}
+
 int Run(const Arguments& arguments, LabSurroundings& surroundings) {
   Console& console = surroundings.console;
   if (arguments.words.empty()) return RefuseUsage(console, "check", "which files? '-' is standard input");
@@ -59,11 +74,8 @@ int Run(const Arguments& arguments, LabSurroundings& surroundings) {
   }
   const CheckRules rules = CheckRulesOf(arguments, surroundings);
   const std::vector<std::string> files = FilesMeant(arguments.words, surroundings);
-  if (const std::string note = UnknownModelNote(arguments.Value("--model").value_or("")); !note.empty()) {
+  for (const std::string& note : NotesOf(arguments, rules)) {
     console.err << "orvenza-lab check: " << note << "\n" << std::flush;
-  }
-  if (arguments.Has("--release") && !arguments.Has("--model")) {
-    console.err << "orvenza-lab check: --release has no effect without --model\n" << std::flush;
   }
   const bool quiet = arguments.Has("--quiet");
   const bool json = arguments.Has("--json");

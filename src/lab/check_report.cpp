@@ -22,8 +22,8 @@ class TextReport : public CheckReport {
   TextReport(std::ostream& out, bool colours, bool quiet) : out_(out), colours_(colours), quiet_(quiet) {}
 
   void BeginFile(const std::string& name) override {
-    name_ = name;
-    if (!quiet_) out_ << Coloured(kBold, name) << '\n';
+    name_ = ShownBytes(name);
+    if (!quiet_) out_ << Coloured(kBold, name_) << '\n';
   }
 
   void AddCommand(std::uint64_t line, const std::string& command) override {
@@ -54,7 +54,7 @@ class TextReport : public CheckReport {
   }
 
   void AddUnreadable(const std::string& reason) override {
-    out_ << name_ << ": " << Coloured(kRed, "error:") << ' ' << reason << " [unreadable]\n";
+    out_ << name_ << ": " << Coloured(kRed, "error:") << ' ' << ShownBytes(reason) << " [unreadable]\n";
   }
 
   void End(const CheckTotals& totals) override {

@@ -6,6 +6,7 @@
 
 #include "core/text.h"
 #include "lab/settings_review.h"
+#include "lab/wording.h"
 #include "tickets/model_rules.h"
 
 namespace orvenza {
@@ -13,7 +14,8 @@ namespace {
 
 constexpr std::size_t kLabelWidth = 10;
 
-AppSettings SettingsIn(const std::string& folder, const std::string& name, LabSurroundings& surroundings) {
+void TakeSettings(const std::string& folder, const std::string& name, LabSurroundings& surroundings,
+                  CheckRules& rules) {
   const ProgramPaths paths{surroundings.machine.FullFolder(folder), name};
   const SettingsReview review =
       ReviewSettings(surroundings.profile, surroundings.files, surroundings.clock, paths);
@@ -23,7 +25,11 @@ AppSettings SettingsIn(const std::string& folder, const std::string& name, LabSu
     }
     throw std::runtime_error("there is no " + name + ".ini that can be read in the folder '" + folder + "'");
   }
-  return review.settings;
+  if (review.state == SettingsReview::State::kWrongVersion) {
+    rules.settingsNote = "the connector refuses " + name + ".ini in '" + folder + "', for its version is " +
+                         Quoted(review.version) + ": it would not start";
+  }
+  rules.settings = review.settings;
 }
 
 /// A character code, or the character itself where that is no digit. Throws UsageError for what is neither.
@@ -102,7 +108,7 @@ std::string UnknownModelNote(const std::string& model) {
 CheckRules CheckRulesOf(const Arguments& arguments, LabSurroundings& surroundings) {
   CheckRules rules;
   if (const auto folder = arguments.Value("--folder")) {
-    rules.settings = SettingsIn(*folder, arguments.Value("--name").value_or("Orvenza"), surroundings);
+    TakeSettings(*folder, arguments.Value("--name").value_or("Orvenza"), surroundings, rules);
   }
   if (const auto separator = arguments.Value("--separator")) {
     const int code = SeparatorOf(*separator);

@@ -80,6 +80,7 @@ int ShowHelp(const std::vector<std::string>& words, const std::vector<Command>& 
   }
   const Command* command = Find(commands, words.front());
   if (command == nullptr) return RefuseCommand(console, words.front(), commands);
+  if (words.size() > 1) return RefuseUsage(console, {}, "unexpected word '" + words[1] + "'");
   console.out << HelpPage(*command);
   return 0;
 }
@@ -87,9 +88,10 @@ int ShowHelp(const std::vector<std::string>& words, const std::vector<Command>& 
 int RunCommand(const Command& command, const std::vector<std::string>& words, LabSurroundings& surroundings) {
   std::vector<Option> options = command.options;
   options.push_back({"--help", {}, {}});
+  options.push_back({"-h", {}, {}});
   const Arguments arguments = ReadArguments(words, options);
   Console& console = surroundings.console;
-  if (arguments.Has("--help")) {
+  if (arguments.Has("--help") || arguments.Has("-h")) {
     console.out << HelpPage(command);
     return 0;
   }
@@ -151,7 +153,7 @@ int RunLab(const std::vector<std::string>& words, const std::vector<Command>& co
   }
   const int status = Run(words, commands, surroundings);
   if (console.out.flush()) return status;
-  console.err << kProgram << ": the output cannot be written\n";
+  console.err << kProgram << ": the standard output cannot be written\n";
   return kWrongUsage;
 }
 

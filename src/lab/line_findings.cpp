@@ -8,7 +8,7 @@ namespace orvenza {
 namespace {
 
 constexpr std::size_t kShownCharacters = 40;
-/// Not printable, but no blank takes its place either: it separates
+/// The separator of a new installation. Not printable, but no blank takes its place either.
 constexpr char kUsualSeparator = 127;
 
 bool OnlyDigits(std::string_view text) {
@@ -195,14 +195,19 @@ bool CommandIsChosen(const TranslationNotes& notes) {
 
 }  // namespace
 
-std::string QuotedBytes(std::string_view bytes) {
-  std::string shown = ToUtf8(Beginning(bytes));
+std::string ShownBytes(std::string_view bytes) {
+  std::string shown = ToUtf8(bytes);
   for (std::size_t i = 0; i < shown.size(); ++i) {
     const auto code = static_cast<unsigned char>(shown[i]);
     if (code < ' ' || code == 127) shown[i] = ' ';
     // The control characters 128 to 159, which some terminals obey, are two bytes.
     if (code == 0xC2 && static_cast<unsigned char>(shown[i + 1]) < 0xA0) shown.replace(i, 2, " ");
   }
+  return shown;
+}
+
+std::string QuotedBytes(std::string_view bytes) {
+  const std::string shown = ShownBytes(Beginning(bytes));
   std::string cut = FirstCharacters(shown, kShownCharacters);
   if (cut.size() < shown.size()) cut += "...";
   return "'" + cut + "'";

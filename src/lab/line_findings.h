@@ -22,8 +22,10 @@ struct TicketFinding {
 
 using TicketFindings = std::vector<TicketFinding>;
 
-/// The bytes of a ticket in quotes, as a terminal can show them: UTF-8 or else Windows-1252, control
-/// characters as blanks, cut when long.
+/// Bytes as a terminal can show them: UTF-8 or else Windows-1252, control characters as blanks.
+std::string ShownBytes(std::string_view bytes);
+
+/// The same of a ticket's bytes in quotes, cut when long.
 std::string QuotedBytes(std::string_view bytes);
 
 /// Adds what is to be said about the values of a record: `line` as it stood in the file, `fields` cut from

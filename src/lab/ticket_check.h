@@ -22,6 +22,7 @@ namespace orvenza {
 struct CheckRules {
   AppSettings settings;
   RegisterIdentity identity;
+  std::string settingsNote = {};  ///< What is to be said of where the settings come from; mostly "".
 };
 
 /// Reads the lines of ticket files as the connector does, and says what becomes of each.

@@ -246,6 +246,32 @@ TEST_F(CheckCommandTest, TellsThatAReleaseAloneHasNoEffect) {
   EXPECT_EQ(lab.err.str(), "");
 }
 
+TEST_F(CheckCommandTest, TellsThatANameAloneHasNoEffect) {
+  lab.files.content["a.txt"] = "4;5;";
+  EXPECT_EQ(Check({"--name", "Cassa", "a.txt"}), 0);
+  EXPECT_EQ(lab.err.str(), "orvenza-lab check: --name has no effect without --folder\n");
+}
+
+TEST_F(CheckCommandTest, TellsOfSettingsThatTheConnectorRefuses) {
+  lab.files.content["a.txt"] = "4;5;";
+  lab.files.content["shop\\Orvenza.ini"] = "[Version]\r\nVersion=9.99\r\n";
+  EXPECT_EQ(Check({"--folder", "shop", "a.txt"}), 0);
+  EXPECT_EQ(lab.err.str(),
+            "orvenza-lab check: the connector refuses Orvenza.ini in 'shop', for its version is \"9.99\": it "
+            "would not start\n");
+}
+
+TEST_F(CheckCommandTest, ShowsNoControlCharacterOfAName) {
+  const std::string name = "a\x1B[2J\nb\x7F\xE8.txt";
+  const std::string shown = "a [2J b \xC3\xA8.txt";
+  lab.files.content[name] = "4;25;";
+  EXPECT_EQ(Check({name, name + "x"}), 2);
+  EXPECT_EQ(lab.out.str(), shown + "\n    1  102820\n" + shown +
+                               ":1:1: warning: '25' is sent as '20': outside 0 to 20 [clamped]\n" + shown +
+                               "x\n" + shown + "x: error: File not found ( " + shown +
+                               "x ) [unreadable]\n1 line, 0 errors, 1 warning; 1 file could not be read\n");
+}
+
 TEST_F(CheckCommandTest, DoubtsAModelThatItDoesNotKnow) {
   lab.files.content["a.txt"] = "4;5;";
   EXPECT_EQ(Check({"--model", "MELDANE", "a.txt"}), 0);

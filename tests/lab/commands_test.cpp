@@ -63,8 +63,10 @@ constexpr const char* kGreetPage =
     "  orvenza-lab greet Anna\n";
 
 TEST(Lab, ShowsTheHelpPageOfACommandInBothWays) {
-  for (const auto& words :
-       {std::vector<std::string>{"help", "greet"}, {"greet", "--help"}, {"--help", "greet"}}) {
+  for (const auto& words : {std::vector<std::string>{"help", "greet"},
+                            {"greet", "--help"},
+                            {"greet", "Anna", "-h"},
+                            {"--help", "greet"}}) {
     GreetingLab lab;
     EXPECT_EQ(lab.Run(words), 0);
     EXPECT_EQ(lab.out.str(), kGreetPage);
@@ -107,6 +109,7 @@ TEST(Lab, RefusesWhatItDoesNotUnderstand) {
   } kRefused[] = {
       {{"gret"}, "orvenza-lab: unknown command 'gret'; did you mean 'greet'?\nSee 'orvenza-lab --help'.\n"},
       {{"help", "bye"}, "orvenza-lab: unknown command 'bye'\nSee 'orvenza-lab --help'.\n"},
+      {{"help", "greet", "Anna"}, "orvenza-lab: unexpected word 'Anna'\nSee 'orvenza-lab --help'.\n"},
       {{"--versoin"},
        "orvenza-lab: unknown option '--versoin'; did you mean '--version'?\nSee 'orvenza-lab --help'.\n"},
       {{"greet", "--lound"},
@@ -127,7 +130,7 @@ TEST(Lab, ReportsOutputThatCannotBeWritten) {
     GreetingLab lab;
     lab.out.setstate(std::ios::badbit);
     EXPECT_EQ(lab.Run(words), 2);
-    EXPECT_EQ(lab.err.str(), "orvenza-lab: the output cannot be written\n");
+    EXPECT_EQ(lab.err.str(), "orvenza-lab: the standard output cannot be written\n");
   }
 }
 
