@@ -26,8 +26,8 @@ void TakeSettings(const std::string& folder, const std::string& name, LabSurroun
     throw std::runtime_error("there is no " + name + ".ini that can be read in the folder '" + folder + "'");
   }
   if (review.state == SettingsReview::State::kWrongVersion) {
-    rules.settingsNote = "the connector refuses " + name + ".ini in '" + folder + "', for its version is " +
-                         Quoted(review.version) + ": it would not start";
+    rules.settingsNote = name + ".ini in '" + folder + "' is of version " + Quoted(review.version) +
+                         ", which ends the connector's start";
   }
   rules.settings = review.settings;
 }

@@ -257,8 +257,12 @@ TEST_F(CheckCommandTest, TellsOfSettingsThatTheConnectorRefuses) {
   lab.files.content["shop\\Orvenza.ini"] = "[Version]\r\nVersion=9.99\r\n";
   EXPECT_EQ(Check({"--folder", "shop", "a.txt"}), 0);
   EXPECT_EQ(lab.err.str(),
-            "orvenza-lab check: the connector refuses Orvenza.ini in 'shop', for its version is \"9.99\": it "
-            "would not start\n");
+            "orvenza-lab check: Orvenza.ini in 'shop' is of version \"9.99\", which ends the connector's "
+            "start\n");
+  lab.err.str("");
+  lab.files.content["shop\\Orvenza.ini"] = "[Version]\r\nVersion=1.05\r\n";
+  EXPECT_EQ(Check({"--folder", "shop", "a.txt"}), 0);
+  EXPECT_EQ(lab.err.str(), "") << "the start brings it up to date";
 }
 
 TEST_F(CheckCommandTest, ShowsNoControlCharacterOfAName) {

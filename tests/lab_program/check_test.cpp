@@ -21,15 +21,17 @@ std::string Check(std::vector<std::string> words) {
 
 TEST(CheckProgram, ReadsFilesByTheSettingsOfAFolder) {
   const TempFolder shop;
-  shop.Write("Orvenza.ini", "[Com Settings]\r\nComPort=99\r\n[General]\r\nSeparator (ascii,max 127)=59\r\n");
+  const std::string settings =
+      "[Version]\r\nVersion=1.06\r\n[Com Settings]\r\nComPort=99\r\n[General]\r\nSeparator (ascii,max "
+      "127)=59\r\n";
+  shop.Write("Orvenza.ini", settings);
   shop.Write("a.txt", "4;5;\r\n4;25;\r\n");
   const std::string file = shop.Native("a.txt").string();
   EXPECT_EQ(Check({"--folder", shop.Path(), file}),
             file + "\n    1  102805\n    2  102820\n" + file +
                 ":2:1: warning: '25' is sent as '20': outside 0 to 20 [clamped]\n"
                 "2 lines, 0 errors, 1 warning\nstatus 0");
-  EXPECT_EQ(shop.Read("Orvenza.ini"),
-            "[Com Settings]\r\nComPort=99\r\n[General]\r\nSeparator (ascii,max 127)=59\r\n");
+  EXPECT_EQ(shop.Read("Orvenza.ini"), settings);
   EXPECT_FALSE(shop.Has("Err.txt"));
   EXPECT_FALSE(shop.Has("error.txt"));
 }
