@@ -61,7 +61,7 @@ Command BundleCommand() {
             "the archive to write, which must not exist yet\n(default: orvenza-support-DATE-TIME.zip here)"},
            {kWithDescriptions, {}, "leave the texts of tickets as they are"}}),
       "0  written\n"
-      "2  not written",
+      "2  not written, or written but not shown what is in it",
       "orvenza-lab bundle --folder C:\\Orvenza\n"
       "orvenza-lab bundle --output D:\\for-support.zip",
       Run};
