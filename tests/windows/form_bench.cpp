@@ -132,12 +132,6 @@ void DialogBench::ShowAll(const std::function<void(HWND)>& answer) {
   person.ShowUtilities(kUtilities, [](int) { return true; });
 }
 
-HICON OwnIcon(int metric) {
-  const int size = GetSystemMetrics(metric);
-  return static_cast<HICON>(
-      LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, size, size, LR_SHARED));
-}
-
 void ChangeDpi(HWND form, int dpi) {
   RECT suggested{0, 0, 100, 100};
   SendMessageW(form, WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)),

@@ -78,10 +78,6 @@ class DialogBench : public FormBench {
   OperatorMessages messages{person, "Orvenza"};
 };
 
-/// The icon with the number 1 in the program that runs, which the tests share with the connector. Its width
-/// is that of the system's `metric`.
-HICON OwnIcon(int metric);
-
 /// Tells a form of this process that its screen has `dpi` pixels an inch now.
 void ChangeDpi(HWND form, int dpi);
 

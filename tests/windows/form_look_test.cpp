@@ -10,6 +10,7 @@
 
 #include "platform/windows/wide.h"
 #include "ui/windows/names.h"
+#include "ui/windows/window.h"
 #include "windows/form_bench.h"
 #include "windows/person.h"
 
@@ -101,10 +102,9 @@ TEST_F(FormLookTest, BothLabelsOfAChoiceAreInTimesNewRoman) {
 HICON IconOf(HWND form, int which) { return reinterpret_cast<HICON>(GetClassLongPtrW(form, which)); }
 
 TEST_F(FormLookTest, EveryFormHasTheIconOfTheProgram) {
-  ASSERT_NE(OwnIcon(SM_CXICON), nullptr);
   ShowEveryForm([](HWND form) {
-    EXPECT_EQ(IconOf(form, GCLP_HICON), OwnIcon(SM_CXICON)) << NameOf(form);
-    EXPECT_EQ(IconOf(form, GCLP_HICONSM), OwnIcon(SM_CXSMICON)) << NameOf(form);
+    EXPECT_EQ(IconOf(form, GCLP_HICON), ProgramIcon(GetSystemMetrics(SM_CXICON))) << NameOf(form);
+    EXPECT_EQ(IconOf(form, GCLP_HICONSM), ProgramIcon(GetSystemMetrics(SM_CXSMICON))) << NameOf(form);
     CloseByCross(form);
   });
 }

@@ -2,7 +2,9 @@
 
 #include "ui/windows/icon_record.h"
 
-#include "windows/form_bench.h"
+#include <gtest/gtest.h>
+
+#include "ui/windows/window.h"
 
 namespace orvenza::test {
 namespace {
@@ -17,7 +19,7 @@ TEST(IconRecord, HoldsAllOfAnIconToBeShown) {
   EXPECT_EQ(record.uFlags, 7U);
   EXPECT_EQ(record.uCallbackMessage, 512U);
   ASSERT_NE(record.hIcon, nullptr);
-  EXPECT_EQ(record.hIcon, OwnIcon(SM_CXSMICON));
+  EXPECT_EQ(record.hIcon, ProgramIcon(GetSystemMetrics(SM_CXSMICON)));
   EXPECT_STREQ(record.szTip, "Orvenza - 1.0");
 }
 

@@ -1,5 +1,7 @@
 #include "ui/windows/window.h"
 
+#include <map>
+
 #include "platform/system_error.h"
 #include "platform/windows/wide.h"
 #include "ui/windows/gdi_objects.h"
@@ -66,9 +68,14 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
 }
 
 HICON ProgramIcon(int size) {
-  const HANDLE own = LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kProgramIcon), IMAGE_ICON, size,
-                                size, LR_SHARED);
-  return own != nullptr ? static_cast<HICON>(own) : LoadIcon(nullptr, IDI_APPLICATION);
+  // Not LR_SHARED, which gives the size that was loaded first, whichever is asked for.
+  static std::map<int, HICON> loaded;
+  const auto [entry, isNew] = loaded.try_emplace(size);
+  HICON& icon = entry->second;
+  if (isNew)
+    icon = static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kProgramIcon),
+                                         IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
+  return icon != nullptr ? icon : LoadIcon(nullptr, IDI_APPLICATION);
 }
 
 }  // namespace orvenza

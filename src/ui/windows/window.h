@@ -34,8 +34,8 @@ class Window {
   HWND handle_ = nullptr;
 };
 
-/// The program's own icon in the size nearest to `size` pixels; the system's for a program without one.
-/// Shared: never to be destroyed.
+/// The program's own icon in `size` pixels; the system's for a program without one. Kept for the program's
+/// life: never to be destroyed.
 HICON ProgramIcon(int size);
 
 }  // namespace orvenza
