@@ -53,5 +53,33 @@ TEST_F(PopupTest, HasFourItemsAndASeparatorBetweenAnyTwo) {
   EXPECT_EQ(seen, (Entries{"Esci", "-", "Utilita'", "-", "Info", "-", "Configura"}));
 }
 
+struct PopupPressedAgainTest : FormBench {
+  static HWND Main() { return FindWindowW(window_class::kOrvMain, L"Orvenza"); }
+
+  /// While the menu is open: presses the icon once more, looks whether the menu's time still runs, and closes
+  /// it.
+  static void CALLBACK PressAgain(HWND, UINT, UINT_PTR, DWORD) {
+    if ((StateOf(Main()).flags & GUI_INMENUMODE) == 0) return;
+    if (!pressedAgain) {
+      pressedAgain = true;
+      SendMessageW(GetDlgItem(Main(), control_id::kPicture1), kIconMessage, 1, WM_LBUTTONDOWN);
+      isTimed = KillTimer(Main(), kTmrMenu) != FALSE;
+    }
+    EndMenu();
+  }
+
+  static inline bool pressedAgain;
+  static inline bool isTimed;
+};
+
+TEST_F(PopupPressedAgainTest, StillClosesAfterItsTime) {
+  pressedAgain = isTimed = false;
+  const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, PressAgain);
+  PostMessageW(GetDlgItem(Main(), control_id::kPicture1), kIconMessage, 1, WM_LBUTTONDOWN);
+  Await("the menu", [] { return pressedAgain; });
+  KillTimer(nullptr, timer);
+  EXPECT_TRUE(isTimed);
+}
+
 }  // namespace
 }  // namespace orvenza::test

@@ -130,6 +130,9 @@ void MainForm::End() {
 }
 
 void MainForm::PopUp() {
+  // A second menu would take the timer of the first one with it.
+  if (menuIsOpen_) return;
+  menuIsOpen_ = true;
   const Menu menu = MakePopUp();
   POINT pointer{};
   GetCursorPos(&pointer);
@@ -140,6 +143,7 @@ void MainForm::PopUp() {
   const int item = TrackPopupMenu(menu.Get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, pointer.x,
                                   pointer.y, 0, Handle(), nullptr);
   KillTimer(Handle(), kTmrMenu);
+  menuIsOpen_ = false;
   PostMessageW(Handle(), WM_NULL, 0, 0);
   if (GetForegroundWindow() == Handle()) events_.menuClosed();
   if (item > 0) events_.chosen(static_cast<MenuItem>(item - 1));

@@ -59,6 +59,7 @@ class MainForm final : public Window {
   const UINT taskbarCreated_;
   std::optional<Picture> picture1_;
   std::optional<std::string> tip_;  ///< Of the icon while there is one.
+  bool menuIsOpen_ = false;
 };
 
 }  // namespace orvenza
