@@ -3,6 +3,8 @@
 add_library(orvenza_options INTERFACE)
 if(MSVC)
   target_compile_options(orvenza_options INTERFACE /W4 /WX /utf-8 /permissive-)
+  # Functions of the standard, such as std::getenv, are not to be warned of.
+  target_compile_definitions(orvenza_options INTERFACE _CRT_SECURE_NO_WARNINGS)
 else()
   target_compile_options(orvenza_options INTERFACE -Wall -Wextra -Wconversion -Wsign-conversion -Wshadow -Werror)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
