@@ -1,5 +1,5 @@
 // Registers the stand-in beside this program as the link control of the current user, or takes that back:
-//   orvenza_standin_setup register | unregister
+//   orvenza_standin_registrar register | unregister
 
 #include <cstdio>
 #include <exception>
@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
     } else if (wish == "unregister") {
       UnregisterStandIn();
     } else {
-      std::fputs("usage: orvenza_standin_setup register|unregister\n", stderr);
+      std::fputs("usage: orvenza_standin_registrar register|unregister\n", stderr);
       return 2;
     }
     return 0;
