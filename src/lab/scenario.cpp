@@ -8,6 +8,7 @@
 
 #include "core/text.h"
 #include "lab/arguments.h"
+#include "lab/disk_watch.h"
 #include "lab/known_settings.h"
 #include "lab/scenario_deeds.h"
 #include "simulator/script_line.h"
@@ -18,9 +19,11 @@ namespace {
 constexpr std::string_view kEventKinds[] = {
     "start", "tick",     "sent",    "reply",   "port",   "absent", "dialog", "answer",  "menu",
     "world", "log",      "error",   "file",    "folder", "taken",  "split",  "written", "copied",
-    "moved", "archived", "aborted", "deleted", "paper",  "icon",   "clock",  "end"};
+    "moved", "archived", "aborted", "deleted", "paper",  "icon",   "clock",  "end",     "broken"};
 constexpr std::string_view kEventExpected =
     "an event of the transcript and a part of its text, such as sent 1036";
+
+constexpr const char* kEitherSettings = "either \"settings none\" or \"setting\" lines";
 
 /// Refuses what the connector never reads: the scenario would try the default.
 void CheckSetting(const ScriptLine& line, const ScenarioSetting& setting) {
@@ -58,6 +61,7 @@ ScenarioAnswer ReadAnswer(ScriptLine& line) {
   ScenarioAnswer answer;
   if (line.Rest() == "nothing") return {"close", ScenarioAnswer::kNever};
   if (line.Skip("after")) answer.reaction = ReadTime(line);
+  if (line.Rest() == "nothing") line.Refuse("\"answer nothing\" without a time");
   answer.text = line.Text("a button, an option, \"close\", \"nothing\", or \"menu\" and an item");
   return answer;
 }
@@ -90,14 +94,16 @@ Expectation ReadExpectation(ScriptLine& line) {
   if (!expected.none && line.Skip("sent")) return ReadSentCommand(line);
   if (line.Skip("event")) {
     expected.event = line.Word();
-    expected.text = line.Rest();
     if (!IsEventKind(expected.event)) line.Refuse(std::string(kEventExpected));
+    if (!line.AtEnd()) expected.text = line.Text(std::string(kEventExpected));
   } else if (line.Skip("paper")) {
     expected.kind = Expectation::Kind::kPaper;
     expected.text = line.Text("a text on the paper");
   } else if (line.Skip("file")) {
     expected.kind = Expectation::Kind::kFile;
     expected.text = ReadPath(line);
+  } else if (expected.none) {
+    line.Refuse("\"event\", \"paper\" or \"file\"; of commands, \"expect sent\" and \"0 times\"");
   } else {
     line.Refuse("\"event\", \"paper\", \"file\" or \"sent\"");
   }
@@ -133,6 +139,23 @@ std::string ContentBytes(const ScriptLine& line, std::string_view text) {
   return bytes;
 }
 
+/// Takes the first line off `text`.
+std::string_view TakeLine(std::string_view& text) {
+  const std::string_view line = text.substr(0, text.find('\n'));
+  text.remove_prefix(std::min(line.size() + 1, text.size()));
+  return line;
+}
+
+/// Bytes in another encoding would be taken for other characters, which nothing ever fits.
+void CheckEncoding(const std::string& name, std::string_view text) {
+  const bool wide = text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
+  for (std::size_t number = 1; !text.empty(); ++number) {
+    const std::string_view line = TakeLine(text);
+    if (wide) throw ScriptError(name, number, "UTF-8 text, not UTF-16");
+    if (ToUtf8(line) != line) throw ScriptError(name, number, "UTF-8 text");
+  }
+}
+
 /// Reads a scenario line by line.
 class ScenarioReader {
  public:
@@ -140,10 +163,8 @@ class ScenarioReader {
 
   Scenario Read(std::string_view text) {
     for (std::size_t number = 1; !text.empty(); ++number) {
-      const auto end = text.find('\n');
-      ReadLine(number, text.substr(0, end));
+      ReadLine(number, TakeLine(text));
       device_ += '\n';
-      text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
     }
     scenario_.device = ParseFaultScript(name_, device_);
     return std::move(scenario_);
@@ -157,9 +178,9 @@ class ScenarioReader {
     const bool behindFile = std::exchange(fileOpen_, false);
     const std::string_view word = line.Word();
     if (word == "at")
-      Add(ReadDeedInTime(line));
+      Add(line, ReadDeedInTime(line));
     else if (Deed deed; ReadDeed(word, line, deed))
-      Add(std::move(deed));
+      Add(line, std::move(deed));
     else
       ReadOther(word, line, behindFile);
   }
@@ -172,14 +193,15 @@ class ScenarioReader {
     scenario_.deeds.back().content += ContentBytes(line, text) + std::string(kLineBreak);
   }
 
-  void Add(Deed deed) {
+  void Add(const ScriptLine& line, Deed deed) {
+    if (deed.kind == DeedKind::kPut && deed.at.count() == 0) WantOnce(line, ShownPath(deed.path));
     fileOpen_ = deed.kind == DeedKind::kPut && deed.content.empty();
     scenario_.deeds.push_back(std::move(deed));
   }
 
   void ReadOther(std::string_view word, ScriptLine& line, bool behindFile) {
     if (word == "register") return ReadRegister(line);
-    if (word == "setting") return scenario_.settings.push_back(ReadSetting(line));
+    if (word == "setting") return AddSetting(line);
     if (word == "answer") return scenario_.answers.push_back(ReadAnswer(line));
     if (word == "expect") return scenario_.expectations.push_back(ReadExpectation(line));
     if (word == "start") {
@@ -189,6 +211,7 @@ class ScenarioReader {
     }
     if (word == "settings") {
       if (!line.Skip("none")) line.Refuse("\"none\"");
+      if (!scenario_.settings.empty()) line.Refuse(kEitherSettings);
       scenario_.settingsFile = false;
     } else if (word == "second") {
       if (!line.Skip("instance")) line.Refuse("\"instance\"");
@@ -214,9 +237,16 @@ class ScenarioReader {
     RefuseWord(line, word, words);
   }
 
+  void AddSetting(ScriptLine& line) {
+    ScenarioSetting setting = ReadSetting(line);
+    if (!scenario_.settingsFile) line.Refuse(kEitherSettings);
+    WantOnce(line, "[" + setting.section + "] " + setting.key);
+    scenario_.settings.push_back(std::move(setting));
+  }
+
   /// What is said twice would be so only as it was said last.
   void WantOnce(const ScriptLine& line, std::string_view word) {
-    if (!saidOnce_.insert(std::string(word)).second) line.Refuse("\"" + std::string(word) + "\" only once");
+    if (!saidOnce_.insert(ToUpperAscii(word)).second) line.Refuse("\"" + std::string(word) + "\" only once");
   }
 
   /// Its line of the simulator's script keeps its number.
@@ -238,6 +268,7 @@ class ScenarioReader {
 Scenario ParseScenario(const std::string& name, std::string_view text) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  CheckEncoding(name, text);
   return ScenarioReader(name).Read(text);
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/text.h"
 #include "lab/arguments.h"
 
 namespace orvenza {
@@ -45,15 +46,28 @@ std::optional<LocalTime> DateIn(std::string_view text) {
   return exists ? std::optional(time) : std::nullopt;
 }
 
+std::string WholePath(const ScriptLine& line, std::string path, const std::string& folder) {
+  std::replace(path.begin(), path.end(), '/', '\\');
+  if (path.empty() || path.find_first_of("<>\"|?*") != std::string::npos) line.Refuse(kPathExpected);
+  const bool whole = path.size() > 1 && path[1] == ':';
+  const std::string levels = "\\" + path.substr(whole ? kDrive : 0) + "\\";
+  if (levels.find("\\..\\") != std::string::npos) line.Refuse("a path without \"..\"");
+  return whole ? path : folder + "\\" + path;
+}
+
 /// A path that may be followed by the time of the file: PATH of 16/11/2026 09:00:00.
-void ReadDatedPath(ScriptLine& line, const std::string& folder, Deed& deed) {
+void ReadDatedPath(const ScriptLine& line, const std::string& folder, Deed& deed) {
   const std::string_view rest = line.Rest();
-  const std::size_t of = rest.rfind(" of ");
-  if (of != std::string_view::npos) {
-    deed.modified = ReadDate(line, rest.substr(of + 4));
-  }
-  deed.path = ReadPath(line, folder);
-  if (of != std::string_view::npos) deed.path.resize(deed.path.size() - (rest.size() - of));
+  const bool quoted = rest.starts_with('"');
+  const std::size_t quote = quoted ? rest.find('"', 1) : 0;
+  if (quote == std::string_view::npos) line.Refuse("a closing double quote");
+  const std::size_t end = quoted ? quote + 1 : std::min(rest.rfind(" of "), rest.size());
+  const std::string_view path = quoted ? rest.substr(1, quote - 1) : Trim(rest.substr(0, end));
+  deed.path = WholePath(line, std::string(path), folder);
+  const std::string_view time = Trim(rest.substr(end));
+  if (time.empty()) return;
+  if (!time.starts_with("of ")) line.Refuse("\"of\" and a date, or the end of the line");
+  deed.modified = ReadDate(line, Trim(time.substr(3)));
 }
 
 /// A bitmap of the shape that a logo has; the bytes of each row are its number from the bottom, from 1.
@@ -144,19 +158,14 @@ milliseconds ReadTime(ScriptLine& line) {
   return time;
 }
 
-LocalTime ReadDate(ScriptLine& line, std::string_view text) {
+LocalTime ReadDate(const ScriptLine& line, std::string_view text) {
   const auto date = DateIn(text);
   if (!date) line.Refuse(kDateExpected);
   return *date;
 }
 
 std::string ReadPath(ScriptLine& line, const std::string& folder) {
-  std::string path = line.Text(kPathExpected);
-  std::replace(path.begin(), path.end(), '/', '\\');
-  if (path.empty() || path.find_first_of("<>\"|?*") != std::string::npos) line.Refuse(kPathExpected);
-  if ((path + "\\").find("..\\") != std::string::npos) line.Refuse("a path without \"..\"");
-  const bool whole = path.size() > 1 && path[1] == ':';
-  return whole ? path : folder + "\\" + path;
+  return WholePath(line, line.Text(kPathExpected), folder);
 }
 
 bool ReadDeed(std::string_view word, ScriptLine& line, Deed& deed) {

@@ -16,7 +16,7 @@ namespace orvenza {
 std::chrono::milliseconds ReadTime(ScriptLine& line);
 
 /// All of `text` as a date and time, "16/11/2026 09:00:00".
-LocalTime ReadDate(ScriptLine& line, std::string_view text);
+LocalTime ReadDate(const ScriptLine& line, std::string_view text);
 
 /// The rest of the line as a path, below `folder` unless it begins with a drive.
 std::string ReadPath(ScriptLine& line, const std::string& folder = kRehearsalFolder);

@@ -50,6 +50,26 @@ TEST(Scenario, TakesATicketWithItsLinesAndItsTime) {
   EXPECT_EQ(deed.content, "1;Caff\xE8 \x80\x7F;\r\n\r\n <x7> end\r\n");
 }
 
+TEST(Scenario, TakesPathsWithDotsQuotesAndAnOf) {
+  EXPECT_EQ(OnlyDeed("file a..\\..b").path, "C:\\Orvenza\\a..\\..b");
+  EXPECT_EQ(OnlyDeed("ticket \"end of day.txt\"").path, "C:\\Orvenza\\data\\end of day.txt");
+  EXPECT_EQ(OnlyDeed("ticket \"end of day.txt\"").modified, std::nullopt);
+  const Deed dated = OnlyDeed("ticket \"end of day.txt\" of 31/12/2025 23:59:58");
+  EXPECT_EQ(dated.path, "C:\\Orvenza\\data\\end of day.txt");
+  EXPECT_EQ(dated.modified, (LocalTime{2025, 12, 31, 23, 59, 58}));
+}
+
+TEST(Scenario, LetsAFileComeTwiceAtDifferentMoments) {
+  EXPECT_EQ(Parse("ticket a.txt\nat 1s ticket a.txt\nat 1s ticket a.txt\n").deeds.size(), 3u);
+}
+
+TEST(Scenario, TakesATextInQuotesEverywhereWithoutThem) {
+  const Scenario scenario = Parse("expect event log \"End \"\nexpect paper \"PANE \"\nexpect event broken\n");
+  EXPECT_EQ(scenario.expectations[0].text, "End ");
+  EXPECT_EQ(scenario.expectations[1].text, "PANE ");
+  EXPECT_EQ(scenario.expectations[2].text, "");
+}
+
 TEST(Scenario, TakesAByteByItsTwoDigitsOnly) {
   const auto line = [](const std::string& text) { return "file a.txt\n| " + text; };
   EXPECT_EQ(OnlyDeed(line("<7f><0D> < a, <ZZ>, <")).content, "\x7F\r < a, <ZZ>, <\r\n");
@@ -226,7 +246,25 @@ TEST(Scenario, RefusesALineThatItCannotRead) {
        "day:1: expected an event of the transcript and a part of its text, such as sent 1036"},
       {"expect sent 1036 often",
        "day:1: expected the beginning of a command and how often, such as 1036 2 times"},
-      {"expect no sent 1036 1 time", "day:1: expected \"event\", \"paper\", \"file\" or \"sent\""},
+      {"expect no sent 1036 1 time",
+       "day:1: expected \"event\", \"paper\" or \"file\"; of commands, \"expect sent\" and \"0 times\""},
+      {"expect fire", "day:1: expected \"event\", \"paper\", \"file\" or \"sent\""},
+      {"expect event log \"End", "day:1: expected a closing double quote"},
+      {"answer after 2s nothing", "day:1: expected \"answer nothing\" without a time"},
+      {"ticket \"a.txt of 16/11/2026 09:00:00", "day:1: expected a closing double quote"},
+      {"ticket \"a.txt\" soon", "day:1: expected \"of\" and a date, or the end of the line"},
+      {"ticket end of day.txt", date},
+      {"file C:..\\a.txt", "day:1: expected a path without \"..\""},
+      {"settings none\nsetting [General] Time Shift = 1",
+       "day:2: expected either \"settings none\" or \"setting\" lines"},
+      {"setting [General] Time Shift = 1\nsettings none",
+       "day:2: expected either \"settings none\" or \"setting\" lines"},
+      {"setting [General] Time Shift = 1\nsetting [general] time shift = 2",
+       "day:2: expected \"[general] time shift\" only once"},
+      {"ticket 1.txt\n| 2;1;0;\nfile DATA/1.txt", "day:3: expected \"DATA\\1.txt\" only once"},
+      {"# one\n# perch\xE8", "day:2: expected UTF-8 text"},
+      {"\xFF\xFE#", "day:1: expected UTF-8 text, not UTF-16"},
+      {"\xFE\xFF#", "day:1: expected UTF-8 text, not UTF-16"},
       {"second program", "day:1: expected \"instance\""},
       {"settings lost", "day:1: expected \"none\""},
       {"at 1s session", "day:1: expected \"ends\""},
