@@ -1,5 +1,6 @@
 #include "lab/rehearsal.h"
 
+#include <algorithm>
 #include <exception>
 #include <optional>
 #include <set>
@@ -74,6 +75,11 @@ bool IsEvent(const Deed& deed) {
          deed.kind == DeedKind::kSessionEnds || deed.kind == DeedKind::kPowerFails;
 }
 
+/// Whether a deed is about what there is on the disk, not about what may be done to it.
+bool ComesOrGoes(const Deed& deed) {
+  return deed.kind == DeedKind::kPut || deed.kind == DeedKind::kMakeFolder || deed.kind == DeedKind::kDelete;
+}
+
 /// The connector and its world. The members are in the order in which they need each other.
 class Stage {
  public:
@@ -114,6 +120,7 @@ class Stage {
   std::string PortText() const;
   void BreakOff(const std::string& why);
   void TakeStock();
+  void MissFaults();
   void Miss(std::string what) { outcome_.problems.push_back(std::move(what)); }
 
   const Scenario& scenario_;
@@ -142,13 +149,14 @@ void Stage::SetUpFiles() {
     disk_.MakeFolder(kFolder + "\\data\\inproces");
     disk_.MakeFolder(kFolder + "\\data\\abort");
   }
-  const auto prepare = [this](bool files) {
+  const auto prepare = [this](bool comesOrGoes) {
     for (const Deed& deed : scenario_.deeds) {
-      if (deed.at.count() == 0 && !IsEvent(deed) && (deed.kind == DeedKind::kPut) == files) DoToDisk(deed);
+      if (deed.at.count() == 0 && !IsEvent(deed) && ComesOrGoes(deed) == comesOrGoes) DoToDisk(deed);
     }
   };
   prepare(true);
   for (const ScenarioSetting& setting : scenario_.settings) {
+    if (!disk_.FileSeam().Exists(kPaths.Ini())) break;  // It was removed.
     profile_.Write(kPaths.Ini(), setting.section, setting.key, setting.value);
   }
   prepare(false);  // Only now the settings file may be held or read-only.
@@ -316,11 +324,25 @@ void Stage::TakeStock() {
     if (!outcome_.ended || !due_.contains(&deed)) continue;
     Miss("the connector has ended before " + TimeText(deed.at) + ": " + DeedText(deed));
   }
+  if (outcome_.ended) MissFaults();
   outcome_.events = transcript_.Events();
   outcome_.receipts = device_.Receipts();
   outcome_.receiptOpen = device_.ReceiptOpen();
   for (const std::string& path : disk_.Paths()) outcome_.files[path] = disk_.Content(path).value_or("");
   for (std::string& problem : Unfulfilled(scenario_.expectations, outcome_)) Miss(std::move(problem));
+}
+
+/// Faults whose command was not sent as often as they wait for.
+void Stage::MissFaults() {
+  for (const Fault& fault : scenario_.device.faults) {
+    if (fault.prefix.empty()) continue;
+    const auto sent = static_cast<std::size_t>(
+        std::count_if(outcome_.sent.begin(), outcome_.sent.end(),
+                      [&](const std::string& command) { return command.starts_with(fault.prefix); }));
+    if (sent >= fault.first) continue;
+    Miss("the fault on " + fault.prefix + " #" + std::to_string(fault.first) +
+         " never struck: the command was sent " + std::to_string(sent) + " times");
+  }
 }
 
 }  // namespace

@@ -118,7 +118,7 @@ Command RehearseCommand() {
       "0  the connector ran to its end, and all came true\n"
       "1  a dialog found no answer that fits, an answer was never asked for, the run\n"
       "   did not end, or ended before something that was to happen, something could\n"
-      "   not be done, or an expectation did not come true\n"
+      "   not be done, a fault never struck, or an expectation did not come true\n"
       "2  the scenario cannot be read, or the command line cannot be understood",
       "orvenza-lab rehearse carta-finita.scenario\n"
       "orvenza-lab rehearse carta-finita.scenario --folder shop\n"

@@ -36,7 +36,14 @@ VirtualDisk::VirtualDisk(const Clock& clock, std::string currentFolder)
 VirtualDisk::~VirtualDisk() = default;
 
 void VirtualDisk::Put(const std::string& path, std::string content, std::optional<LocalTime> modified) {
-  MakeFolder(ParentOf(Spelled(path)));
+  const std::string parent = ParentOf(Spelled(path));
+  WantFolders(parent);
+  const Node* const older = Find(path);
+  if (older != nullptr && older->isFolder) throw SystemError(error_number::kPathFileAccess, path);
+  if (older != nullptr && older->hold != FileHold::kNone) {
+    throw SystemError(error_number::kPermissionDenied, path);
+  }
+  MakeFolder(parent);
   Node& node = Make(path, false);
   node = {node.name, false, false, FileHold::kNone, std::move(content), clock_.Now(), {}};
   node.modified = modified.value_or(node.created);
@@ -44,6 +51,7 @@ void VirtualDisk::Put(const std::string& path, std::string content, std::optiona
 
 void VirtualDisk::MakeFolder(const std::string& path) {
   const std::string whole = Spelled(path);
+  WantFolders(whole);
   for (std::size_t end = 0; end != std::string::npos;) {
     end = whole.find('\\', end + 1);
     if (!FolderExists(ToUpperAscii(whole.substr(0, end)))) Make(whole.substr(0, end), true);
@@ -53,8 +61,15 @@ void VirtualDisk::MakeFolder(const std::string& path) {
 void VirtualDisk::Delete(const std::string& path) {
   NodeAt(path);
   const std::string key = KeyOf(path);
-  std::erase_if(nodes_,
-                [&](const auto& entry) { return entry.first == key || entry.first.starts_with(key + "\\"); });
+  const auto goes = [&](const auto& entry) {
+    return entry.first == key || entry.first.starts_with(key + "\\");
+  };
+  for (const auto& entry : nodes_) {
+    if (goes(entry) && entry.second.hold != FileHold::kNone) {
+      throw SystemError(error_number::kPermissionDenied, path);
+    }
+  }
+  std::erase_if(nodes_, goes);
 }
 
 void VirtualDisk::SetReadOnly(const std::string& path, bool readOnly) { FileAt(path).readOnly = readOnly; }
@@ -145,6 +160,19 @@ VirtualDisk::Node& VirtualDisk::Readable(const std::string& path) {
   Node& node = FileAt(path);
   if (node.hold == FileHold::kWriting) throw SystemError(error_number::kPermissionDenied, path);
   return node;
+}
+
+/// Fails where a folder cannot be made: on a drive that is away, at or below a file.
+void VirtualDisk::WantFolders(const std::string& whole) const {
+  const std::string key = ToUpperAscii(whole);
+  if (IsAway(key)) throw SystemError(error_number::kPathNotFound, whole);
+  for (std::size_t end = 0; end != std::string::npos;) {
+    end = key.find('\\', end + 1);
+    const auto found = nodes_.find(key.substr(0, end));
+    if (found != nodes_.end() && !found->second.isFolder) {
+      throw SystemError(error_number::kPathFileAccess, whole);
+    }
+  }
 }
 
 /// A file to be written or replaced, made when it is missing. One that may not be is blamed on `blame`.

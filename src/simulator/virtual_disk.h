@@ -46,8 +46,8 @@ struct DiskEvent {
 /// names (a to z) does not count, and what cannot be done fails with the number that the real disk gives.
 ///
 /// Paths begin with a drive letter; one without is below the current folder, and ".." goes up a level. The
-/// seams are for the program; all other operations are what somebody else does, so they meet no obstacle, and
-/// no observer is told.
+/// seams are for the program; all other operations are what somebody else does: no observer is told, and
+/// neither the read-only mark nor a full disk is in their way.
 class VirtualDisk {
  public:
   /// There is a drive "C:". `clock` gives new files their times and must outlive the disk.
@@ -63,14 +63,15 @@ class VirtualDisk {
   void SetObserver(Observer observer) { observer_ = std::move(observer); }
 
   /// Makes a file, replacing an older one, with the drive and the folders it lies in. Without `modified` it
-  /// is of this moment.
+  /// is of this moment. Throws SystemError 70 when a program holds the older one, 75 when a folder is there
+  /// or a file where a folder is to be, 76 when the drive is away.
   void Put(const std::string& path, std::string content, std::optional<LocalTime> modified = {});
 
-  /// Makes a folder with the drive and the folders it lies in.
+  /// Makes a folder with the drive and the folders it lies in. Throws SystemError 75 or 76 as Put does.
   void MakeFolder(const std::string& path);
 
   /// Removes a file, or a folder with everything in it. Throws SystemError 53 or 76 when there is none, as
-  /// the next two do for a file.
+  /// the next two do for a file, and 70 when a program holds a file that is to go.
   void Delete(const std::string& path);
 
   void SetReadOnly(const std::string& path, bool readOnly = true);
@@ -118,6 +119,7 @@ class VirtualDisk {
   Node& NodeAt(const std::string& path);
   Node& FileAt(const std::string& path);
   Node& Readable(const std::string& path);
+  void WantFolders(const std::string& whole) const;
   Node& Place(const std::string& path, const std::string& blame);
   Node& Make(const std::string& path, bool isFolder);
   void Tell(const DiskEvent& event) const;

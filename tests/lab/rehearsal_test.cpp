@@ -90,6 +90,45 @@ TEST(Rehearsal, CannotRemoveWhatIsNotThere) {
       Lines{"cannot be done at 1000 ms: none\\a.txt goes: Path not found ( C:\\Orvenza\\none\\a.txt )"});
 }
 
+TEST(Rehearsal, NamesFaultsThatNeverStruck) {
+  const std::string day = std::string(kReceipt) + "at 9s quit\n";
+  EXPECT_EQ(Play(day + "register on 1003 late 10\n").problems, Lines{});
+  EXPECT_EQ(Play(day + "register on 1062 silence\nregister on 1036 #2 silence\n").problems,
+            (Lines{"the fault on 1062 #1 never struck: the command was sent 0 times",
+                   "the fault on 1036 #2 never struck: the command was sent 1 times"}));
+}
+
+TEST(Rehearsal, LetsThingsComeAndGoInTheOrderOfTheirLines) {
+  const RehearsalOutcome outcome = Play(
+      "remove storico.txt\nfile storico.txt\nremove data\\abort\nfile data\\abort\nsetting [General] Time "
+      "Shift = 5\n"
+      "remove Orvenza.ini\nanswer Ok\nat 2s quit\n");
+  EXPECT_EQ(outcome.problems, Lines{"cannot be done at 0 ms: storico.txt goes: File not found ( "
+                                    "C:\\Orvenza\\storico.txt )"});
+  EXPECT_EQ(outcome.files.count("C:\\Orvenza\\storico.txt"), 1u);
+  EXPECT_EQ(outcome.files.count("C:\\Orvenza\\data\\abort"), 1u);
+  EXPECT_EQ(outcome.events[1].text.substr(0, 11), "Orvenza.ini");
+}
+
+TEST(Rehearsal, NamesWhatCannotComeToTheDisk) {
+  const struct {
+    const char* deeds;
+    const char* problem;
+  } kCases[] = {
+      {"ticket 1.txt\nfolder data\\1.txt\n",
+       "cannot be done at 0 ms: the folder data\\1.txt comes: Path/File access error ( "
+       "C:\\Orvenza\\data\\1.txt )"},
+      {"drive D: away\nat 1s file D:\\a.txt\n",
+       "cannot be done at 1000 ms: D:\\a.txt comes: Path not found ( D: )"},
+      {"file a.txt\nlock a.txt\nat 1s remove a.txt\n",
+       "cannot be done at 1000 ms: a.txt goes: Permission denied ( C:\\Orvenza\\a.txt )"},
+  };
+  for (const auto& [deeds, problem] : kCases) {
+    const std::string settings = "setting [General] Separator (ascii,max 127) = 59\n";
+    EXPECT_EQ(Play(settings + deeds + "at 2s quit\n").problems, Lines{problem}) << deeds;
+  }
+}
+
 TEST(Rehearsal, NamesDeedsThatTheEndCameBefore) {
   const RehearsalOutcome outcome =
       Play("at 90s ticket b.txt\nat 2s quit\nat 3s session ends\nat 1s folder x\n");

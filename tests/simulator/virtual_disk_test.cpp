@@ -231,6 +231,39 @@ TEST_F(VirtualDiskTest, CannotDeleteWhatIsNotThere) {
   EXPECT_EQ(Failure([&] { disk.Delete("C:\\none\\a.txt"); }), 76);
 }
 
+TEST_F(VirtualDiskTest, PutsNoFileAndNoFolderInTheOthersPlace) {
+  disk.Put("C:\\shop\\a.txt", "1");
+  disk.MakeFolder("C:\\shop\\sub");
+  EXPECT_EQ(Failure([&] { disk.Put("C:\\shop\\SUB", "2"); }), 75);
+  EXPECT_EQ(Failure([&] { disk.Put("C:\\shop\\a.txt\\in\\b.txt", "2"); }), 75);
+  EXPECT_EQ(Failure([&] { disk.MakeFolder("C:\\shop\\A.txt"); }), 75);
+  EXPECT_EQ(Failure([&] { disk.MakeFolder("C:\\shop\\a.txt\\in"); }), 75);
+  disk.MakeFolder("C:\\shop\\sub");
+  disk.Put("C:\\shop\\a.txt", "3");
+  EXPECT_EQ(disk.Content("C:\\shop\\a.txt"), "3");
+  EXPECT_EQ(disk.Paths(), Lines{"C:\\shop\\a.txt"});
+  EXPECT_TRUE(folders.Exists("C:\\shop\\sub"));
+}
+
+TEST_F(VirtualDiskTest, LeavesAFileThatAProgramHolds) {
+  disk.Put("C:\\shop\\a.txt", "1");
+  for (const FileHold hold : {FileHold::kReading, FileHold::kWriting}) {
+    disk.Hold("C:\\shop\\a.txt", hold);
+    EXPECT_EQ(Failure([&] { disk.Put("C:\\shop\\a.txt", "2"); }), 70);
+    EXPECT_EQ(Failure([&] { disk.Delete("C:\\shop\\a.txt"); }), 70);
+    EXPECT_EQ(Failure([&] { disk.Delete("C:\\shop"); }), 70);
+  }
+  EXPECT_EQ(disk.Content("C:\\shop\\a.txt"), "1");
+}
+
+TEST_F(VirtualDiskTest, PutsNothingOnADriveThatIsAway) {
+  disk.SetAway("D:", true);
+  EXPECT_EQ(Failure([&] { disk.Put("D:\\in\\a.txt", ""); }), 76);
+  EXPECT_EQ(Failure([&] { disk.MakeFolder("D:\\in"); }), 76);
+  disk.SetAway("D:", false);
+  EXPECT_FALSE(folders.Exists("D:\\in"));
+}
+
 TEST_F(VirtualDiskTest, GoesUpALevelButNeverAboveTheDrive) {
   disk.Put("C:\\shop\\.\\in\\..\\..\\..\\..\\a.txt", "1");
   EXPECT_EQ(disk.Content("C:\\a.txt"), "1");
