@@ -1,9 +1,12 @@
 #include "lab/folder_findings.h"
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
+#include "core/text.h"
 #include "lab/wording.h"
+#include "platform/system_error.h"
 
 namespace orvenza {
 namespace {
@@ -89,6 +92,36 @@ void AddVolumes(Findings& findings, const Installation& shop, const std::vector<
   }
 }
 
+/// Whether a file is of a kind that the program is installed with, or writes; logs and the command file,
+/// which no mask makes tickets of, aside.
+bool IsOfProgram(const std::string& name) {
+  constexpr std::string_view kEndings[] = {".EXE", ".DLL", ".OCX", ".INI", ".WAV", ".BMP", ".ICO", ".MD"};
+  const std::string upper = ToUpperAscii(name);
+  return std::any_of(std::begin(kEndings), std::end(kEndings),
+                     [&](std::string_view ending) { return upper.ends_with(ending); });
+}
+
+/// Tickets may lie in the program folder, as long as their mask is not that of the program's own files.
+void AddSharedFolder(Findings& findings, const Installation& shop, const std::vector<NamedFolder>& folders) {
+  if (folders.size() < 2) return;
+  const std::string tickets = SettingsPath(folders[1].path);
+  if (ToUpperAscii(tickets) != ToUpperAscii(folders[0].path)) return;
+  std::vector<std::string> taken;
+  try {
+    for (const FolderEntry& entry : shop.folders.ListFolder(tickets + shop.Settings().TicketMask)) {
+      if (!entry.isFolder && IsOfProgram(entry.name)) taken.push_back(entry.name);
+    }
+  } catch (const SystemError&) {
+    return;  // Of a folder that cannot be read, others speak.
+  }
+  if (taken.empty()) return;
+  findings.push_back({Severity::kWarning, "folder.program",
+                      "The ticket folder is the program folder, and the mask " + shop.Settings().TicketMask +
+                          " takes " + CountOf(taken.size(), "file") +
+                          " of the program for tickets, such as " + taken.front() + ".",
+                      "Give the tickets a folder of their own, or a mask that fits nothing else."});
+}
+
 Finding OfSpace(const std::string& names, std::uintmax_t free) {
   const std::string fact = "There is " + SizeText(free) + " free for " + names + ".";
   const std::string remedy = "Make room on that drive; old tickets of the historic folder can be moved away.";
@@ -136,6 +169,7 @@ Findings FindInFolders(const Installation& shop) {
     }
   }
   if (!usable.empty()) findings.push_back({Severity::kOk, "folder.ok", "Can be written to: " + usable + "."});
+  AddSharedFolder(findings, shop, folders);
   AddVolumes(findings, shop, folders);
   AddSpace(findings, shop, folders);
   return findings;

@@ -6,6 +6,7 @@
 #include "core/journals.h"
 #include "core/text.h"
 #include "lab/wording.h"
+#include "platform/ini_profile_file.h"
 #include "platform/system_error.h"
 #include "tickets/line_reader.h"
 #include "tickets/ticket_polling.h"
@@ -13,6 +14,7 @@
 namespace orvenza {
 namespace {
 
+constexpr std::size_t kLargestSettings = IniProfileFile::kLargestFile;
 constexpr std::uintmax_t kNearRotation = Journals::kRotationSize / 10 * 9;
 
 std::string NameOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
@@ -42,7 +44,12 @@ std::size_t CountLinesOfToday(const Installation& shop, const std::string& path)
 }
 
 void AddLog(Findings& findings, const Installation& shop, const std::string& path) {
-  if (!shop.files.Exists(path)) return;
+  if (!shop.files.Exists(path)) {
+    if (shop.machine.MayWrite(SettingsPath(shop.paths.AppPath) + "\\")) return;
+    findings.push_back({Severity::kWarning, "log.readonly", NameOf(path) + " is missing and cannot be made.",
+                        "Give the user of the till the right to write to the program folder."});
+    return;
+  }
   if (!shop.machine.MayWrite(path)) {
     findings.push_back({Severity::kWarning, "log.readonly", NameOf(path) + " cannot be written to.",
                         "Give the user of the till the right to write it; clear its read-only mark."});
@@ -125,12 +132,26 @@ void AddTexts(Findings& findings, const Installation& shop) {
   findings.push_back({Severity::kNote, "texts.missing", "ErrDesc.ini is missing; the next start writes it."});
 }
 
+/// Folders hold files of this kind that are about something else, as desktop.ini is.
+bool IsSettingsFile(const Installation& shop, const std::string& path) {
+  try {
+    const std::vector<IniLine> lines = ListIniLines(ReadWhole(shop.files, path, kLargestSettings));
+    return std::any_of(lines.begin(), lines.end(), [](const IniLine& line) {
+      return line.kind == IniLine::Kind::kSection &&
+             (IsSameIniName(line.name, "Version") || IsSameIniName(line.name, "Com Settings"));
+    });
+  } catch (const SystemError&) {
+    return false;
+  }
+}
+
 /// A connector that was renamed has settings of another name.
 void AddOtherSettings(Findings& findings, const Installation& shop) {
   if (shop.review.state != SettingsReview::State::kNew) return;
   try {
     for (const FolderEntry& entry : shop.folders.ListFolder(shop.paths.AppPath + "\\*.ini")) {
       if (entry.isFolder || IsSameIniName(entry.name, NameOf(shop.paths.ErrDesc()))) continue;
+      if (!IsSettingsFile(shop, shop.paths.AppPath + "\\" + entry.name)) continue;
       findings.push_back({Severity::kNote, "settings.other",
                           "There is " + entry.name + ", which a connector of that name reads (--name " +
                               entry.name.substr(0, entry.name.rfind('.')) + ")."});

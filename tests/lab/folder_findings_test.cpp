@@ -54,6 +54,22 @@ TEST_F(FolderFindings, TellOfAFileWhereAFolderIsToBe) {
             "file.\n");
 }
 
+TEST_F(FolderFindings, TellOfAMaskThatTakesFilesOfTheProgram) {
+  Edit("C:\\Orvenza\\data\\*.txt", "c:\\orvenza\\*.txt");
+  disk.Put(At("inproces\\x"), "");
+  disk.Delete(At("inproces\\x"));
+  disk.MakeFolder(At("abort"));
+  disk.Put(At("ding.wav"), "");
+  disk.Put(At("Log.txt"), "");
+  EXPECT_EQ(Said().find("folder.program"), std::string::npos) << Said();
+  Edit("c:\\orvenza\\*.txt", "c:\\orvenza\\*.*");
+  EXPECT_NE(
+      Said().find("warning folder.program: The ticket folder is the program folder, and the mask *.* takes 3 "
+                  "files of the program for tickets, such as ding.wav.\n"),
+      std::string::npos)
+      << Said();
+}
+
 TEST_F(FolderFindings, TellOfFoldersOnOtherVolumes) {
   machine.volumes = {{At("data\\abort\\"), "2"}, {At("storico\\"), "3"}};
   EXPECT_EQ(Said(),

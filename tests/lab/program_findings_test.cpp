@@ -51,6 +51,25 @@ TEST_F(ProgramFindings, TellOfReadOnlyFiles) {
             "warning log.readonly: Log.txt cannot be written to.\n");
 }
 
+TEST_F(ProgramFindings, TellOfLogsThatCannotBeMade) {
+  disk.Put(At("Log.txt"), "");
+  machine.readOnly = {At("")};
+  EXPECT_EQ(Said(),
+            "warning log.readonly: Err.txt is missing and cannot be made.\n"
+            "error folder.readonly: The program folder C:\\Orvenza\\ cannot be written to.\n");
+  EXPECT_EQ(InOrder().find("log.ok"), std::string::npos);
+}
+
+TEST_F(ProgramFindings, TakeNoOtherIniFileForSettings) {
+  disk.Delete(At("Orvenza.ini"));
+  disk.Put(At("desktop.ini"), "[.ShellClassInfo]\r\nVersion=1\r\n");
+  disk.Put(At("Held.ini"), "[Version]\r\n");
+  disk.Hold(At("Held.ini"), FileHold::kWriting);
+  EXPECT_EQ(Said().find("settings.other"), std::string::npos) << Said();
+  disk.Put(At("Old.ini"), "[com settings]\r\nComPort=2\r\n");
+  EXPECT_NE(Said().find("note settings.other: There is Old.ini, "), std::string::npos) << Said();
+}
+
 TEST_F(ProgramFindings, TellOfSettingsOfAnotherName) {
   disk.Put(At("Cassa.ini"), *disk.Content(At("Orvenza.ini")));
   EXPECT_EQ(Said(), "");
