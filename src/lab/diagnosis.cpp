@@ -69,9 +69,9 @@ void WriteFinding(std::ostream& out, const Finding& finding, bool colours) {
   out << (colours ? grade.colour : "") << name << (colours ? "\x1b[0m" : "")
       << Blanks(kCodeColumn - name.size()) << finding.code
       << Blanks(std::max(kTextColumn - kCodeColumn, finding.code.size() + 1) - finding.code.size());
-  const std::vector<std::string> fact = Wrapped(finding.fact);
+  const std::vector<std::string> fact = Wrapped(ShownBytes(finding.fact));
   for (std::size_t i = 0; i < fact.size(); ++i) out << (i == 0 ? "" : Blanks(kTextColumn)) << fact[i] << "\n";
-  const std::vector<std::string> remedy = Wrapped(finding.remedy);
+  const std::vector<std::string> remedy = Wrapped(ShownBytes(finding.remedy));
   for (std::size_t i = 0; i < remedy.size(); ++i) {
     out << Blanks(kTextColumn - 3) << (i == 0 ? "-> " : "   ") << remedy[i] << "\n";
   }
@@ -119,7 +119,7 @@ int StatusOf(const Findings& findings) {
 }
 
 void WriteDiagnosis(std::ostream& out, const Installation& shop, const Findings& findings, bool colours) {
-  out << "Orvenza in " << shop.paths.AppPath << ", " << MinuteText(shop.now) << "\n\n";
+  out << "Orvenza in " << ShownBytes(shop.paths.AppPath) << ", " << MinuteText(shop.now) << "\n\n";
   for (const Finding& finding : findings) WriteFinding(out, finding, colours);
   WriteSummary(out, findings);
 }

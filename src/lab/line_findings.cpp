@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/text.h"
+#include "lab/wording.h"
 
 namespace orvenza {
 namespace {
@@ -194,17 +195,6 @@ bool CommandIsChosen(const TranslationNotes& notes) {
 }
 
 }  // namespace
-
-std::string ShownBytes(std::string_view bytes) {
-  std::string shown = ToUtf8(bytes);
-  for (std::size_t i = 0; i < shown.size(); ++i) {
-    const auto code = static_cast<unsigned char>(shown[i]);
-    if (code < ' ' || code == 127) shown[i] = ' ';
-    // The control characters 128 to 159, which some terminals obey, are two bytes.
-    if (code == 0xC2 && static_cast<unsigned char>(shown[i + 1]) < 0xA0) shown.replace(i, 2, " ");
-  }
-  return shown;
-}
 
 std::string QuotedBytes(std::string_view bytes) {
   const std::string shown = ShownBytes(Beginning(bytes));

@@ -22,10 +22,7 @@ struct TicketFinding {
 
 using TicketFindings = std::vector<TicketFinding>;
 
-/// Bytes as a terminal can show them: UTF-8 or else Windows-1252, control characters as blanks.
-std::string ShownBytes(std::string_view bytes);
-
-/// The same of a ticket's bytes in quotes, cut when long.
+/// A ticket's bytes in quotes, as ShownBytes shows them, cut when long.
 std::string QuotedBytes(std::string_view bytes);
 
 /// Adds what is to be said about the values of a record: `line` as it stood in the file, `fields` cut from

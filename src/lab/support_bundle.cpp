@@ -166,14 +166,15 @@ std::string Versions(const Installation& shop) {
 /// A line an entry.
 std::string ListOfContents(const std::vector<BundleEntry>& entries) {
   std::size_t width = 0;
-  for (const BundleEntry& entry : entries) width = std::max(width, CountCharacters(entry.name));
+  for (const BundleEntry& entry : entries) width = std::max(width, CountCharacters(ShownBytes(entry.name)));
   std::string list;
   // The list itself comes first, and cannot know its own size.
   for (auto entry = entries.begin() + 1; entry != entries.end(); ++entry) {
     const std::string size = entry->missing ? "missing" : SizeText(entry->bytes.size());
-    list += entry->name + std::string(width - CountCharacters(entry->name) + 2, ' ') + size;
+    const std::string name = ShownBytes(entry->name);
+    list += name + std::string(width - CountCharacters(name) + 2, ' ') + size;
     if (!entry->remark.empty())
-      list += std::string(12 - std::min<std::size_t>(size.size(), 11), ' ') + entry->remark;
+      list += std::string(12 - std::min<std::size_t>(size.size(), 11), ' ') + ShownBytes(entry->remark);
     list += "\n";
   }
   return list;
@@ -193,8 +194,8 @@ std::vector<BundleEntry> CollectBundle(const Installation& shop, const Findings&
   collector.AddTickets();
   std::vector<BundleEntry> entries = collector.Take();
   entries.front().bytes =
-      "Orvenza in " + shop.paths.AppPath + ", " + MinuteText(shop.now) + ", by orvenza-lab " + kVersionText +
-      "\n" +
+      "Orvenza in " + ShownBytes(shop.paths.AppPath) + ", " + MinuteText(shop.now) + ", by orvenza-lab " +
+      kVersionText + "\n" +
       (withDescriptions ? "Texts of tickets are in it as they are.\n"
                         : "Texts of tickets are masked; amounts, quantities and numbers are not.\n") +
       "\n" + ListOfContents(entries);

@@ -53,13 +53,20 @@ std::string IsoText(const LocalTime& time) {
   return text;
 }
 
-std::string Quoted(std::string_view utf8) {
-  std::string shown = FirstCharacters(utf8, kLongestQuote);
-  const bool isCut = shown.size() < utf8.size();
-  for (char& c : shown) {
-    if (static_cast<unsigned char>(c) < ' ' || c == 127) c = ' ';
+std::string ShownBytes(std::string_view bytes) {
+  std::string shown = ToUtf8(bytes);
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    const auto code = static_cast<unsigned char>(shown[i]);
+    if (code < ' ' || code == 127) shown[i] = ' ';
+    // The control characters 128 to 159, which some terminals obey, are two bytes.
+    if (code == 0xC2 && static_cast<unsigned char>(shown[i + 1]) < 0xA0) shown.replace(i, 2, " ");
   }
-  return "\"" + shown + (isCut ? "...\"" : "\"");
+  return shown;
+}
+
+std::string Quoted(std::string_view utf8) {
+  const std::string beginning = FirstCharacters(utf8, kLongestQuote);
+  return "\"" + ShownBytes(beginning) + (beginning.size() < utf8.size() ? "...\"" : "\"");
 }
 
 }  // namespace orvenza

@@ -24,6 +24,9 @@ std::string MinuteText(const LocalTime& time);
 /// "2026-11-21T06:55:00".
 std::string IsoText(const LocalTime& time);
 
+/// Bytes as a terminal can show them: UTF-8 or else Windows-1252, control characters as blanks.
+std::string ShownBytes(std::string_view bytes);
+
 /// A text of the settings in quotes, as a line can show it: control characters as blanks, and cut when long.
 std::string Quoted(std::string_view utf8);
 

@@ -49,6 +49,13 @@ TEST_F(Bundle, SaysWhatIsInIt) {
   EXPECT_TRUE(shown.starts_with(InArchive("contents.txt") + "\nWritten: C:\\out.zip, "));
 }
 
+TEST_F(Bundle, ShowsNoControlCharacterOfAName) {
+  disk.Put(At("data\\a\x1B[2J\nb.txt"), "4;5;");
+  EXPECT_EQ(Run(), 0);
+  EXPECT_NE(out.str().find("\ntickets/waiting/a [2J b.txt  4 bytes     texts masked\n"), std::string::npos)
+      << out.str();
+}
+
 TEST_F(Bundle, ListsTheFolders) {
   disk.Put(At("storico\\2.txt"), "4;5;", kYesterday);
   disk.Delete(At("data"));

@@ -104,6 +104,16 @@ TEST_F(Diagnosis, BreaksNoWord) {
       << out.str();
 }
 
+TEST_F(Diagnosis, ShowsNoControlCharacter) {
+  LabSurroundings lab = Lab();
+  Installation shop = LookAt(lab, {"C:\\Orvenza", "Orvenza"});
+  shop.paths.AppPath = "C:\\a\x1B[2Jb";
+  WriteDiagnosis(out, shop, {{Severity::kNote, "a", "See c\nd.txt.", "Move \x1B[1me.txt."}}, false);
+  EXPECT_TRUE(out.str().starts_with("Orvenza in C:\\a [2Jb, ")) << out.str();
+  EXPECT_NE(out.str().find("See c d.txt.\n"), std::string::npos) << out.str();
+  EXPECT_NE(out.str().find("-> Move  [1me.txt.\n"), std::string::npos) << out.str();
+}
+
 TEST_F(Diagnosis, RefusesWhatIsNoFolder) {
   EXPECT_EQ(Run({"--folder", "C:\\none"}), 2);
   EXPECT_EQ(err.str(), "orvenza-lab doctor: 'C:\\none' is not a folder\n");

@@ -57,6 +57,7 @@ TEST(Wording, WritesTimesThatSortAsTexts) {
 
 TEST(Wording, QuotesWhatALineCanShow) {
   EXPECT_EQ(Quoted("a\tb\x7f"), "\"a b \"");
+  EXPECT_EQ(Quoted("a\xC2\x9Bz"), "\"a z\"");
   EXPECT_EQ(Quoted(std::string(101, 'x')), "\"" + std::string(100, 'x') + "...\"");
 }
 
