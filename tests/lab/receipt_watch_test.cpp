@@ -258,10 +258,23 @@ TEST(ReceiptWatch, KeepsQuietAboutAHiddenTypeThatSplitsNothing) {
   EXPECT_EQ(FindingsOf({" 1;Pane;1,0;1000;1;;;1;;", kPay10}, true), "");
 }
 
+TEST(ReceiptWatch, SeesTheTypeOfALineThatIsNotLookedAt) {
+  Bench bench(true);
+  TicketFindings findings;
+  bench.check.BeginFile();
+  for (const std::string_view line : {kItem10, std::string_view("  2;1;400;")})
+    bench.check.Check(line, findings);
+  bench.check.Skip("14;600", findings);
+  EXPECT_TRUE(findings.empty()) << "it goes with the closing line";
+  bench.check.Skip("23;Ciao", findings);
+  ASSERT_EQ(findings.size(), 1U);
+  EXPECT_EQ(findings[0].code, "hidden-type");
+}
+
 TEST(ReceiptWatch, SaysWhichLineHidesItsType) {
   Bench bench(true);
-  const auto found = CheckLines(bench.check, {kItem10, "", " 2;1;1000;", kItem10, kPay10});
-  ASSERT_EQ(Codes(found), "hidden-type@4 second-receipt@4");
+  const auto found = CheckLines(bench.check, {kItem10, "", " 2;1;400;", " 14;600;1;3;;0;", kItem10, kPay10});
+  ASSERT_EQ(Codes(found), "hidden-type@5 second-receipt@5");
   EXPECT_EQ(found[0].finding.text,
             "\"File Parser\" does not split the file before this line: what stands before the type in line 3 "
             "hides that it closes the receipt");
