@@ -1,11 +1,14 @@
 // The integrator's tool at the Windows console: builds the objects, wires them, runs.
 
+#include <windows.h>
+
 #include <cstdlib>
 #include <iostream>
 
 #include "lab/commands.h"
 #include "lab/windows/console_mode.h"
 #include "lab/windows/windows_machine.h"
+#include "platform/windows/console_buffer.h"
 #include "platform/windows/program_place.h"
 #include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_files.h"
@@ -25,19 +28,27 @@ int main() {
   using namespace orvenza;
   const ConsoleMode mode;
   std::ios::sync_with_stdio(false);
+  ConsoleBuffer outputBuffer(GetStdHandle(STD_OUTPUT_HANDLE));
+  ConsoleBuffer errorBuffer(GetStdHandle(STD_ERROR_HANDLE));
+  std::ostream output(mode.OutputIsConsole() ? &outputBuffer : std::cout.rdbuf());
+  std::ostream error(mode.ErrorIsConsole() ? &errorBuffer : std::cerr.rdbuf());
+  error << std::unitbuf;
+  // As the standard streams are.
+  error.tie(&output);
+  std::cin.tie(&output);
   WindowsFiles files;
   WindowsFolders folders;
   WindowsProfileFile profile;
   WindowsClock clock;
   WindowsMachine machine;
   Console console{std::cin,
-                  std::cout,
-                  std::cerr,
+                  output,
+                  error,
                   mode.ShowsColours() && WantsColours(),
                   mode.ErrorIsConsole(),
                   mode.OutputIsConsole()};
   LabSurroundings surroundings{files, folders, profile, clock, machine, console, HomeFolder()};
   const int status = RunLab(CommandWords(), Commands(), surroundings);
-  std::cout.flush();  // before the console is put back as it was
+  output.flush();  // before the console is put back as it was
   return status;
 }
