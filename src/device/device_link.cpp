@@ -116,7 +116,6 @@ void DeviceLink::AskAboutClosedPort() {
 }
 
 void DeviceLink::SetPort(bool open) {
-  if (!open) unanswered_ = 0;  // a closed port delivers no late reply
   journals_.Attempt(kFailureLabel, [&] { control_.SetPortOpen(open); });
 }
 
@@ -181,13 +180,12 @@ bool DeviceLink::WaitReply(double replyWait, std::string_view code) {
     if (clock_.Uptime() >= held) loop_.CheckEnd();
     loop_.Slice();
   }
-  ++unanswered_;
+  unanswered_.emplace(code);
   return false;
 }
 
 bool DeviceLink::DropLateReply(std::string_view code) {
-  if (unanswered_ == 0 || IsErrorReply(ReplyText) || ReplyText.starts_with(code)) return false;
-  --unanswered_;
+  if (ReplyText.starts_with(code) || unanswered_.erase(ReplyText.substr(0, kCodeLength)) == 0) return false;
   ReplyArrived = false;
   return true;
 }
@@ -199,7 +197,7 @@ void DeviceLink::ReplyReceived() {
 }
 
 void DeviceLink::Arrived(std::string reply) {
-  if (!waiting_ && unanswered_ > 0) --unanswered_;  // the late reply to a command given up
+  if (!waiting_) unanswered_.erase(reply.substr(0, kCodeLength));  // the late reply to a command given up
   ReplyText = std::move(reply);
   ReplyArrived = true;
 }

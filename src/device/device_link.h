@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <set>
 #include <string>
 
 #include "core/event_loop.h"
@@ -96,7 +98,8 @@ class DeviceLink : private EcrLinkEvents {
   int endOfTextWait_ = 0;
   bool reapply_ = false;
   bool waiting_ = false;  ///< A command is under way.
-  int unanswered_ = 0;    ///< Commands given up whose replies may still come.
+  std::set<std::string, std::less<>>
+      unanswered_;  ///< Codes of commands given up whose replies may still come.
 };
 
 }  // namespace orvenza

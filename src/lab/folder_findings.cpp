@@ -4,6 +4,7 @@
 #include <iterator>
 #include <vector>
 
+#include "core/folder_path.h"
 #include "core/text.h"
 #include "lab/wording.h"
 #include "platform/system_error.h"
@@ -105,7 +106,7 @@ bool IsOfProgram(const std::string& name) {
 void AddSharedFolder(Findings& findings, const Installation& shop, const std::vector<NamedFolder>& folders) {
   if (folders.size() < 2) return;
   const std::string tickets = SettingsPath(folders[1].path);
-  if (ToUpperAscii(tickets) != ToUpperAscii(folders[0].path)) return;
+  if (NormalisedFolder(tickets) != NormalisedFolder(folders[0].path)) return;
   std::vector<std::string> taken;
   try {
     for (const FolderEntry& entry : shop.folders.ListFolder(tickets + shop.Settings().TicketMask)) {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/catalogue.h"
+#include "core/folder_path.h"
 #include "core/text.h"
 #include "platform/program_end.h"
 #include "platform/system_error.h"
@@ -14,8 +15,6 @@ namespace {
 
 constexpr const char* kLabel = "Timer1 - ";
 constexpr std::size_t kStampLength = 14;
-/// Digits of a number in a name that count by its value.
-constexpr std::size_t kLongestNumber = 20;
 /// Five seconds of ticks, and a minute of them.
 constexpr int kEagerTries = 10;
 constexpr int kTicksBetweenTries = 120;
@@ -25,20 +24,25 @@ constexpr std::size_t kLongestCommand = 64 * 1024;
 std::string NameOf(const std::string& entry) { return entry.substr(kStampLength); }
 
 /// What the lists are sorted by. In small letters, because the name of a closure request consists of "z" and
-/// is to come after a "_" too; numbers with zeros before them.
+/// is to come after a "_" too, and with all other characters before that letter; a number by how many digits
+/// count in it, and then by these.
 std::string SortKey(std::string_view entry) {
   constexpr std::string_view kDigits = "0123456789";
   std::string key(entry.substr(0, kStampLength));
   for (std::string_view rest = entry.substr(kStampLength); !rest.empty();) {
-    const std::size_t digits = std::min(rest.find_first_not_of(kDigits), rest.size());
-    if (digits > 0 && digits < kLongestNumber) key.append(kLongestNumber - digits, '0');
-    key += rest.substr(0, digits);
-    rest.remove_prefix(digits);
-    const std::size_t others = std::min(rest.find_first_of(kDigits), rest.size());
-    for (const char c : rest.substr(0, others)) {
-      key += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    if (const std::size_t digits = std::min(rest.find_first_not_of(kDigits), rest.size()); digits > 0) {
+      std::string_view number = rest.substr(0, digits);
+      number.remove_prefix(std::min(number.find_first_not_of('0'), digits));
+      key += '0';
+      key += static_cast<char>(number.size());
+      key += number;
+      rest.remove_prefix(digits);
+      continue;
     }
-    rest.remove_prefix(others);
+    const char c = rest.front();
+    if (static_cast<unsigned char>(c) > 'z') key += "y\x7F";
+    key += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    rest.remove_prefix(1);
   }
   return key;
 }
@@ -110,14 +114,13 @@ void TicketPolling::RefreshInProcessList() {
 }
 
 std::vector<std::string> TicketPolling::OwnNames(const std::string& folder) const {
-  const std::string place = ToUpperAscii(SettingsPath(folder));
+  const std::string place = NormalisedFolder(folder);
   std::vector<std::string> paths = journals_.Paths();
   paths.push_back(settings_.CommandFilePath);
   std::vector<std::string> names;
   for (const std::string& path : paths) {
-    const std::string own = ToUpperAscii(SettingsPath(path));
-    const std::size_t name = own.rfind('\\') + 1;
-    if (own.substr(0, name) == place) names.push_back(own.substr(name));
+    const std::size_t name = path.rfind('\\') + 1;
+    if (NormalisedFolder(path.substr(0, name)) == place) names.push_back(ToUpperAscii(path.substr(name)));
   }
   return names;
 }
@@ -187,12 +190,17 @@ void TicketPolling::ChooseFile(std::string& file) {
   }
 }
 
+/// A file that is yet to be split goes first: its parts, where an interrupted split has left some, are known
+/// as such only as long as it has not been split again.
 std::string TicketPolling::FirstInProcess() {
+  std::string first;
   for (const std::string& entry : list2_) {
     std::string file = settings_.InProcessFolder + NameOf(entry);
-    if (files_.Exists(file) && !archive_.IsSettled(file) && IsDue(left_, file)) return file;
+    if (!files_.Exists(file) || archive_.IsSettled(file) || !IsDue(left_, file)) continue;
+    if (!settings_.FileParser || splitter_.WouldSplit(file)) return file;
+    if (first.empty()) first = std::move(file);
   }
-  return {};
+  return first;
 }
 
 std::string TicketPolling::TakeInNext() {

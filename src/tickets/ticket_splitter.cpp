@@ -138,6 +138,16 @@ bool TicketSplitter::SplitTicketFile(const std::string& path) {
   return true;
 }
 
+bool TicketSplitter::WouldSplit(const std::string& path) const {
+  if (!settings_.FileParser || !CanNameParts(path.substr(NameStart(path)), settings_.TicketMask))
+    return false;
+  try {
+    return HoldsSecondTicket(path);
+  } catch (const SystemError&) {
+    return false;
+  }
+}
+
 bool TicketSplitter::HoldsSecondTicket(const std::string& path) const {
   LineReader reader(files_.OpenForReading(path));
   TicketBoundary boundary(settings_.SeparatorChar);

@@ -30,6 +30,9 @@ class TicketSplitter {
   /// and no part is left.
   bool SplitTicketFile(const std::string& path);
 
+  /// Whether SplitTicketFile would replace the file; false also for one that cannot be read.
+  bool WouldSplit(const std::string& path) const;
+
  private:
   bool HoldsSecondTicket(const std::string& path) const;
   void LogUnnameable(const std::string& path);

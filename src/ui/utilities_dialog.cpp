@@ -24,7 +24,8 @@ std::string RequestName(const std::string& mask) {
   std::string blanked = mask;
   std::replace(blanked.begin(), blanked.end(), '*', ' ');
   std::string name = std::string(16, 'z').append(Trim(blanked));
-  if (mask.empty() || MatchesMask(name, mask)) return name;
+  const bool canBeNamed = name.find('?') == std::string::npos;
+  if (mask.empty() || (canBeNamed && MatchesMask(name, mask))) return name;
   // A mask with another text before its "*", or without one, would never find that name.
   name = mask;
   std::replace(name.begin(), name.end(), '?', 'z');

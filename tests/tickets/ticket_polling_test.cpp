@@ -61,12 +61,14 @@ TEST(Polling, TakesAFiscalClosureAfterTheTicketsOfItsSecond) {
   for (const char* answer : {"Chiusura Fiscale", "Sì", "Sì"}) shop.Answer(answer);
   shop.After(700ms, [&] {
     int number = 0;
-    for (const char* name : {"_.txt", "a.txt", "Z9.txt", "zebra.txt"}) DropAt(shop, name, ++number, 1000);
+    for (const char* name : {"_.txt", "a.txt", "~.txt", "\u00E8.txt", "Z9.txt", "zebra.txt"})
+      DropAt(shop, name, ++number, 1000);
     shop.UseMenu(MenuItem::kUtilities);
     shop.folder.SetModified("data\\zzzzzzzzzzzzzzzz.txt", 1000);
   });
   shop.Run();
-  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102", "105103", "105104", "300101"}));
+  EXPECT_EQ(shop.SentForTickets(),
+            (Lines{"105101", "105102", "105103", "105104", "105105", "105106", "300101"}));
 }
 
 TEST(Polling, TakesAFiscalClosureAfterTicketsOfALaterTime) {
@@ -85,13 +87,14 @@ TEST(Polling, TakesAFiscalClosureAfterTicketsOfALaterTime) {
 TEST(Polling, TakesNumbersInNamesByTheirValue) {
   Shop shop;
   int number = 0;
-  for (const char* name : {"t.txt", "t2.txt", "T9.txt", "t010.txt", "t10a.txt", "t11.txt", "u1-2.txt",
-                           "u1-10.txt", "u99999999999999999999.txt"}) {
+  for (const char* name :
+       {"t.txt", "t2.txt", "T9.txt", "t010.txt", "t10a.txt", "t11.txt", "u1-2.txt", "u1-10.txt",
+        "u20261121071559123456_9.txt", "u202611210715591234569.txt", "u2026112107155912345610.txt"}) {
     DropAt(shop, name, ++number, 1000);
   }
   shop.Run();
   EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102", "105103", "105104", "105105", "105106",
-                                          "105107", "105108", "105109"}));
+                                          "105107", "105108", "105109", "105110", "105111"}));
 }
 
 TEST(Polling, MakesNoTicketsOfTheProgramsOwnFiles) {

@@ -142,10 +142,16 @@ TEST_F(UtilitiesDialogTest, CountsTheTicketsAfterTheFirstQuestionOnly) {
 
 TEST_F(UtilitiesDialogTest, NamesTheRequestAfterTheMask) {
   const std::pair<const char*, const char*> cases[] = {
-      {"*.txt", "zzzzzzzzzzzzzzzz.txt"}, {"*.dat", "zzzzzzzzzzzzzzzz.dat"},
-      {"*.*", "zzzzzzzzzzzzzzzz."},      {"sc*.txt", "sczzzzzzzzzzzzzzzz.txt"},
-      {"", "zzzzzzzzzzzzzzzz"},          {"sc*_*.txt", "sczzzzzzzzzzzzzzzz_.txt"},
-      {"sc????.txt", "sczzzz.txt"},      {"scontrino.txt", "scontrino.txt"},
+      {"*.txt", "zzzzzzzzzzzzzzzz.txt"},
+      {"*.dat", "zzzzzzzzzzzzzzzz.dat"},
+      {"*.*", "zzzzzzzzzzzzzzzz."},
+      {"sc*.txt", "sczzzzzzzzzzzzzzzz.txt"},
+      {"", "zzzzzzzzzzzzzzzz"},
+      {"sc*_*.txt", "sczzzzzzzzzzzzzzzz_.txt"},
+      {"sc????.txt", "sczzzz.txt"},
+      {"scontrino.txt", "scontrino.txt"},
+      {"*?.txt", "zzzzzzzzzzzzzzzzz.txt"},
+      {"*_??.txt", "zzzzzzzzzzzzzzzz_zz.txt"},
   };
   for (const auto& [mask, name] : cases) {
     settings.TicketMask = mask;

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace orvenza {
+
+/// One spelling of a folder's path, to compare it with others: capitals, a "\" behind each level, no empty
+/// level, no "." and no ".." behind a name. It begins with ".\" where it counts from the folder that the
+/// program is started in. A link, and another drive letter for the same place, stay other texts.
+std::string NormalisedFolder(const std::string& folder);
+
+}  // namespace orvenza
