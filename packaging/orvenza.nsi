@@ -187,12 +187,13 @@ Section "-Program" SectionProgram
   SetOutPath "$INSTDIR"
   File "${STAGE}\orvenza-lab.exe"  ; the only one that may be held: before anything is replaced
   File "${STAGE}\Orvenza.exe"
-  File "${STAGE}\LICENSE.txt"
   SetOverwrite off  ; a shop may have put a sound of its own there
   File "${STAGE}\ding.wav"
-  SetOverwrite on
+  SetOverwrite try  ; a paper that somebody is reading stays as it was
+  File "${STAGE}\LICENSE.txt"
   !insertmacro RemovePapers  ; an earlier version may have had others
   !insertmacro InstallPapers
+  SetOverwrite on
   SetOutPath "$INSTDIR"  ; where the entry in the Start menu starts the program
   ClearErrors
   WriteUninstaller "$INSTDIR\uninstall.exe"

@@ -98,7 +98,8 @@ void AddVolumes(Findings& findings, const Installation& shop, const std::vector<
 bool IsOfProgram(const std::string& name) {
   constexpr std::string_view kEndings[] = {".EXE", ".DLL", ".OCX", ".INI", ".WAV", ".BMP", ".ICO", ".MD"};
   const std::string upper = ToUpperAscii(name);
-  return std::any_of(std::begin(kEndings), std::end(kEndings),
+  return upper == "LICENSE.TXT" ||
+         std::any_of(std::begin(kEndings), std::end(kEndings),
                      [&](std::string_view ending) { return upper.ends_with(ending); });
 }
 

@@ -162,7 +162,7 @@ void ReceiptWatch::End(std::string_view where, TicketFindings& findings) {
 void ReceiptWatch::BeginSale(TicketFindings& findings) {
   if (receipt_ && receipt_->Paying()) {
     FindUnpaid("another begins here", findings);
-    EndReceipt();
+    Forget();
   }
   if (receipt_) return;
   FindPrinted("a receipt begins", findings);

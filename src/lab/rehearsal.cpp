@@ -156,7 +156,10 @@ void Stage::SetUpFiles() {
   };
   prepare(true);
   for (const ScenarioSetting& setting : scenario_.settings) {
-    if (!disk_.FileSeam().Exists(kPaths.Ini())) break;  // It was removed.
+    if (!disk_.FileSeam().Exists(kPaths.Ini())) {
+      Miss("cannot be set, for Orvenza.ini was removed: [" + setting.section + "] " + setting.key);
+      continue;
+    }
     profile_.Write(kPaths.Ini(), setting.section, setting.key, setting.value);
   }
   prepare(false);  // Only now the settings file may be held or read-only.

@@ -194,7 +194,7 @@ class ScenarioReader {
   }
 
   void Add(const ScriptLine& line, Deed deed) {
-    if (deed.kind == DeedKind::kPut && deed.at.count() == 0) WantOnce(line, ShownPath(deed.path));
+    if (deed.kind == DeedKind::kPut && deed.at.count() == 0) WantOnce(line, ShownPath(deed.path), filesSaid_);
     fileOpen_ = deed.kind == DeedKind::kPut && deed.content.empty();
     scenario_.deeds.push_back(std::move(deed));
   }
@@ -205,7 +205,7 @@ class ScenarioReader {
     if (word == "answer") return scenario_.answers.push_back(ReadAnswer(line));
     if (word == "expect") return scenario_.expectations.push_back(ReadExpectation(line));
     if (word == "start") {
-      WantOnce(line, word);
+      WantOnce(line, word, wordsSaid_);
       scenario_.start = ReadDate(line, line.Rest());
       return;
     }
@@ -220,7 +220,7 @@ class ScenarioReader {
       if (!line.Skip("printed")) line.Refuse("\"printed\"");
       scenario_.untilPrinted = true;
     } else if (word == "limit") {
-      WantOnce(line, word);
+      WantOnce(line, word, wordsSaid_);
       scenario_.limit = ReadTime(line);
       if (scenario_.limit.count() == 0) line.Refuse("a time longer than 0");
     } else {
@@ -240,13 +240,13 @@ class ScenarioReader {
   void AddSetting(ScriptLine& line) {
     ScenarioSetting setting = ReadSetting(line);
     if (!scenario_.settingsFile) line.Refuse(kEitherSettings);
-    WantOnce(line, "[" + setting.section + "] " + setting.key);
+    WantOnce(line, "[" + setting.section + "] " + setting.key, wordsSaid_);
     scenario_.settings.push_back(std::move(setting));
   }
 
   /// What is said twice would be so only as it was said last.
-  void WantOnce(const ScriptLine& line, std::string_view word) {
-    if (!saidOnce_.insert(ToUpperAscii(word)).second) line.Refuse("\"" + std::string(word) + "\" only once");
+  static void WantOnce(const ScriptLine& line, std::string_view word, std::set<std::string>& said) {
+    if (!said.insert(ToUpperAscii(word)).second) line.Refuse("\"" + std::string(word) + "\" only once");
   }
 
   /// Its line of the simulator's script keeps its number.
@@ -259,7 +259,8 @@ class ScenarioReader {
   const std::string& name_;
   Scenario scenario_;
   std::string device_;
-  std::set<std::string> saidOnce_;
+  std::set<std::string> wordsSaid_;
+  std::set<std::string> filesSaid_;
   bool fileOpen_ = false;  ///< Lines that follow are those of the last file.
 };
 

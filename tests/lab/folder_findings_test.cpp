@@ -62,6 +62,10 @@ TEST_F(FolderFindings, TellOfAMaskThatTakesFilesOfTheProgram) {
   disk.Put(At("ding.wav"), "");
   disk.Put(At("Log.txt"), "");
   EXPECT_EQ(Said().find("folder.program"), std::string::npos) << Said();
+  disk.Put(At("License.txt"), "");
+  EXPECT_NE(Said().find("takes 1 file of the program for tickets, such as License.txt.\n"), std::string::npos)
+      << Said();
+  disk.Delete(At("License.txt"));
   Edit("c:\\orvenza\\*.txt", "c:\\orvenza\\*.*");
   EXPECT_NE(
       Said().find("warning folder.program: The ticket folder is the program folder, and the mask *.* takes 3 "

@@ -103,8 +103,9 @@ TEST(Rehearsal, LetsThingsComeAndGoInTheOrderOfTheirLines) {
       "remove storico.txt\nfile storico.txt\nremove data\\abort\nfile data\\abort\nsetting [General] Time "
       "Shift = 5\n"
       "remove Orvenza.ini\nanswer Ok\nat 2s quit\n");
-  EXPECT_EQ(outcome.problems, Lines{"cannot be done at 0 ms: storico.txt goes: File not found ( "
-                                    "C:\\Orvenza\\storico.txt )"});
+  EXPECT_EQ(outcome.problems, (Lines{"cannot be done at 0 ms: storico.txt goes: File not found ( "
+                                     "C:\\Orvenza\\storico.txt )",
+                                     "cannot be set, for Orvenza.ini was removed: [General] Time Shift"}));
   EXPECT_EQ(outcome.files.count("C:\\Orvenza\\storico.txt"), 1u);
   EXPECT_EQ(outcome.files.count("C:\\Orvenza\\data\\abort"), 1u);
   EXPECT_EQ(outcome.events[1].text.substr(0, 11), "Orvenza.ini");

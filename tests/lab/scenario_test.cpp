@@ -59,6 +59,10 @@ TEST(Scenario, TakesPathsWithDotsQuotesAndAnOf) {
   EXPECT_EQ(dated.modified, (LocalTime{2025, 12, 31, 23, 59, 58}));
 }
 
+TEST(Scenario, TakesAFileOfTheNameOfAWord) {
+  EXPECT_EQ(Parse("file start\nstart 16/11/2026 10:00:00\nfile limit\nlimit 5s").deeds.size(), 2u);
+}
+
 TEST(Scenario, LetsAFileComeTwiceAtDifferentMoments) {
   EXPECT_EQ(Parse("ticket a.txt\nat 1s ticket a.txt\nat 1s ticket a.txt\n").deeds.size(), 3u);
 }

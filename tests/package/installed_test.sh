@@ -155,9 +155,16 @@ same "fails" $code 5
 same "replaces nothing" "$(sums_of "$shop")" "$before_upgrade"
 exec {tool[1]}>&-
 check "waits for nothing else" eventually fails runs orvenza-lab.exe
+
+title "an upgrade over a paper that cannot be replaced"
+rm "$shop/docs/settings.md"
+mkdir "$shop/docs/settings.md"
 run_setup
-same "succeeds after that" $code 0
+same "succeeds" $code 0
 check "replaces the program" cmp "$shop/Orvenza.exe" "$unpacked/Orvenza.exe"
+rmdir "$shop/docs/settings.md"
+run_setup
+check "puts the paper there the next time" cmp "$shop/docs/settings.md" "$unpacked/docs/settings.md"
 
 title "removing"
 logs=$(cd "$shop" && sha256sum Log.txt Err.txt)
