@@ -152,7 +152,7 @@ void AddSerial(Findings& findings, const AppSettings& settings) {
 }
 
 void AddSeparator(Findings& findings, const AppSettings& settings) {
-  const int code = settings.SeparatorChar;
+  const int code = static_cast<unsigned char>(settings.SeparatorChar);
   const std::string is = "[General] Separator (ascii,max 127) is " + std::to_string(code);
   const std::string remedy =
       "Write 127, or the code of a character that no ticket holds, such as 59 for \";\".";

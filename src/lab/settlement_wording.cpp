@@ -63,6 +63,7 @@ std::string FaultList(const Texts& names) {
 
 std::vector<Verdict> AllVerdicts() {
   std::vector<Verdict> all;
+  all.reserve(std::size(kVerdicts));
   for (const auto& [verdict, name] : kVerdicts) all.push_back(verdict);
   return all;
 }

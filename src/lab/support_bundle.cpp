@@ -172,7 +172,7 @@ std::string ListOfContents(const std::vector<BundleEntry>& entries) {
   for (auto entry = entries.begin() + 1; entry != entries.end(); ++entry) {
     const std::string size = entry->missing ? "missing" : SizeText(entry->bytes.size());
     const std::string name = ShownBytes(entry->name);
-    list += name + std::string(width - CountCharacters(name) + 2, ' ') + size;
+    list.append(name).append(width - CountCharacters(name) + 2, ' ').append(size);
     if (!entry->remark.empty())
       list += std::string(12 - std::min<std::size_t>(size.size(), 11), ' ') + ShownBytes(entry->remark);
     list += "\n";

@@ -25,7 +25,8 @@ LocalTime NewestTicket(const Folders& folders, const std::string& base, const Ap
   }
   // The mask need not fit the numbers that archived tickets have for names.
   const std::string extension = "." + ArchiveExtension(settings.TicketMask);
-  for (const FolderEntry& entry : folders.ListFolder(base + "\\?*" + extension)) {
+  const std::string numbered = base + "\\?*" + extension;
+  for (const FolderEntry& entry : folders.ListFolder(numbered)) {
     const std::size_t numberEnd = entry.name.size() - extension.size();
     const bool isNumber = entry.name.find_first_not_of("0123456789") == numberEnd;
     if (isNumber) newest = std::max(newest, entry.modified);
