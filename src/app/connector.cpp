@@ -60,7 +60,11 @@ void Connector::Run(bool anotherInstanceRuns) {
 
 void Connector::Main(bool anotherInstanceRuns) {
   if (anotherInstanceRuns) {
-    messages_.ShowOperatorMessage(LoadMessage(108), message_style::kStop, {});
+    try {
+      messages_.ShowOperatorMessage(LoadMessage(108), message_style::kStop, {});
+    } catch (const ProgramEnd&) {
+      // It ends in any case.
+    }
     journals_.WrErr(LoadMessage(108));
     return;
   }
@@ -93,6 +97,7 @@ void Connector::PrepareSettings() {
 }
 
 void Connector::LoadMainForm() {
+  mainFormLoaded_ = true;
   const auto step = [&](const std::function<void()>& run) { journals_.Attempt(kLoadLabel, run); };
   if (settings_.IniCreated) step([&] { orvConf_.Show(); });
   step([&] { RotateHistoric(); });
@@ -165,7 +170,7 @@ void Connector::RunMainLoop() {
 void Connector::Unload(const ProgramEnd& end) {
   if (iconShown_) icon_.DeleteIcon();
   iconShown_ = false;
-  if (end.unload) journals_.WrLog(LoadMessage(103));
+  if (end.unload && mainFormLoaded_) journals_.WrLog(LoadMessage(103));
 }
 
 void Connector::OnMenu(MenuItem item) {
@@ -188,7 +193,7 @@ void Connector::CloseMessage() {
 }
 
 void Connector::Pm1() {
-  if (exitAsked_) return;
+  if (exitAsked_) return;  // Closed and asked anew, the questions would nest without end.
   CloseMessage();
   const OpenMark mark(exitAsked_);
   const PollingPause pause(timer1_);

@@ -110,6 +110,7 @@ class Connector {
   UtilitiesDialog orvUti_;
 
   std::function<void()> tickObserver_;
+  bool mainFormLoaded_ = false;
   bool iconShown_ = false;
   bool exitAsked_ = false;  // the question whether to end is on the screen
 };

@@ -160,6 +160,23 @@ TEST(Startup, SecondInstanceIsToldOnTheScreenFirst) {
   EXPECT_FALSE(loggedBefore);
 }
 
+TEST(Startup, SecondInstanceThatIsEndedBeforeItsBoxIsAnsweredLogsTheSame) {
+  Shop shop;
+  shop.person.SetObserver([](const ShownDialog&, std::string_view) { throw ProgramEnd{.unload = true}; });
+  shop.RunToItsEnd(true);
+  EXPECT_EQ(shop.Messages("error.txt"), Lines{"Programma già in esecuzione !"});
+  EXPECT_EQ(shop.Names("."), (Lines{"Orvenza.ini", "error.txt"}));
+}
+
+TEST(Startup, EndedBeforeTheMainFormIsLoadedLogsNoEnd) {
+  Shop shop;
+  shop.Configure("Version", "Version", "1.00");
+  shop.person.SetObserver([](const ShownDialog&, std::string_view) { throw ProgramEnd{.unload = true}; });
+  shop.RunToItsEnd();
+  EXPECT_FALSE(shop.folder.Has("log.txt"));
+  EXPECT_FALSE(shop.folder.Has("Log.txt"));
+}
+
 TEST(Startup, UnknownSettingsVersionEndsTheProgram) {
   Shop shop;
   shop.Configure("Version", "Version", "2.00");
