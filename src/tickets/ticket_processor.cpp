@@ -71,8 +71,8 @@ void TicketProcessor::ProcessTicketFile(const std::string& workFile) {
   if (end == Next::kFinish) {
     journals_.WrLog(LoadMessage(106));
     archive_.Archive(workFile);
-  } else if (end == Next::kAbort) {
-    if (ended) journals_.WrErr(LoadMessage(127) + " " + workFile);
+  } else if (end == Next::kAbort || end == Next::kGiveUp) {
+    if (ended || end == Next::kGiveUp) journals_.WrErr(LoadMessage(127) + " " + workFile);
     archive_.Abort(workFile);
   }
   if (ended) throw *ended;
@@ -172,7 +172,7 @@ TicketProcessor::Next TicketProcessor::HandleInvalidLine(const std::string& line
 TicketProcessor::Next TicketProcessor::SendLongRunning(const std::string& command) {
   longWait_ = true;
   link_.Reopen(settings_.TimeWaitForLONGEtx);
-  if (!link_.DeviceReady()) return Next::kAbort;
+  if (!link_.DeviceReady()) return Next::kGiveUp;
   ifEnded_ = Next::kAbort;
   link_.Transmit(command, std::max(DeviceLink::kReplyWait, settings_.TimeWaitForLONGEtx / 1000.0));
   if (IsFailure(link_.ReplyText)) journals_.WrErr(LoadMessage(117) + " " + FromWindows1252(link_.ReplyText));
