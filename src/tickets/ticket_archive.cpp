@@ -103,7 +103,12 @@ std::string TicketArchive::AbortPath(const std::string& workFile) {
     // Hosts use names again: the older ticket keeps a copy under a number.
     int number = 1;
     while (files_.Exists(stem + ".abort." + std::to_string(number) + ".txt")) ++number;
-    files_.Move(path, stem + ".abort." + std::to_string(number) + ".txt");
+    const std::string numbered = stem + ".abort." + std::to_string(number) + ".txt";
+    try {
+      files_.Move(path, numbered);
+    } catch (const SystemError&) {
+      return numbered;  // The older one is held: the newer gets the number.
+    }
   }
   return path;
 }

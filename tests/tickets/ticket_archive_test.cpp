@@ -322,16 +322,16 @@ TEST_F(ArchiveTest, AnOlderAbandonedTicketOfTheNameIsKeptUnderANumber) {
   EXPECT_EQ(shop.folder.Read("data\\abort\\ticket.txt.abort.txt"), "third");
 }
 
-TEST_F(ArchiveTest, AnOlderAbandonedTicketThatCannotBeRenamedIsNotReplaced) {
+TEST_F(ArchiveTest, WhereAnOlderAbandonedTicketCannotBeRenamedTheNewerGetsTheNumber) {
   shop.folder.Write("data\\abort\\ticket.txt.abort.txt", "older");
-  shop.files.FailAlways("Move", "ticket.txt.abort.1.txt", error_number::kPermissionDenied);
+  shop.files.FailAlways("Move", "abort\\ticket.txt.abort.txt", error_number::kPermissionDenied);
   archive.Abort(workFile);
-  EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
+  EXPECT_EQ(Aborted(), (Lines{"ticket.txt.abort.1.txt", "ticket.txt.abort.txt"}));
+  EXPECT_EQ(shop.folder.Read("data\\abort\\ticket.txt.abort.1.txt"), "1;a;\r\n");
   EXPECT_EQ(shop.folder.Read("data\\abort\\ticket.txt.abort.txt"), "older");
-  EXPECT_EQ(InProcess(), Lines{"ticket.txt"});
-  EXPECT_TRUE(archive.IsSettled(workFile));
-  EXPECT_EQ(shop.Err(), Lines{"Trasmissione 70 - Permission denied ( " + settings.AbortFolder +
-                              "ticket.txt.abort.txt )"});
+  EXPECT_EQ(InProcess(), Lines{});
+  EXPECT_FALSE(archive.IsSettled(workFile));
+  EXPECT_EQ(shop.Err(), Lines{});
 }
 
 TEST_F(ArchiveTest, AMissingAbortFolderIsMade) {
