@@ -47,8 +47,9 @@ std::string SortKey(std::string_view entry) {
   return key;
 }
 
-/// A file that cannot be taken in, read or split is tried on each tick first, and then rarely, so that it
-/// does not hold up the others. `tries` holds its tries and the ticks it was passed over.
+/// A file that cannot be taken in, read or split is tried on each tick first, before all others, and then
+/// rarely, so that it does not hold up the others for ever. `tries` holds its tries and the ticks it was
+/// passed over.
 bool IsDue(std::map<std::string, int>& tries, const std::string& file) {
   const auto found = tries.find(file);
   if (found == tries.end() || found->second < kEagerTries) return true;
@@ -103,7 +104,7 @@ void TicketPolling::RefreshNewList() {
   const auto hasGone = [&](const std::string& entry) {
     return std::find(list1_.begin(), list1_.end(), entry) == list1_.end();
   };
-  std::erase_if(takenIn_, hasGone);
+  std::erase_if(takenIn_, [&](const auto& copied) { return hasGone(copied.first); });
   std::erase_if(refused_, [&](const auto& tried) { return hasGone(tried.first); });
 }
 
@@ -170,7 +171,7 @@ void TicketPolling::ProcessOneTicket() {
   std::string file;
   const bool chosen = journals_.Attempt(kLabel, [&] { ChooseFile(file); });
   if (file.empty()) return;
-  if (chosen) processor_.ProcessTicketFile(file);
+  if (chosen && files_.Exists(file)) processor_.ProcessTicketFile(file);
   if (files_.Exists(file) && !archive_.IsSettled(file)) {
     ++left_[file];
   } else {
@@ -209,27 +210,33 @@ std::string TicketPolling::TakeInNext() {
     // Where a file of that name still lies, settled or unreadable, the new one waits until it has gone.
     if (IsTakenIn(entry) || files_.Exists(file) || !IsDue(refused_, entry)) continue;
     if (journals_.Attempt(kLabel, [&] { TakeIn(entry, file); })) return file;
-    ++refused_[entry];
+    // Held for a moment: what is newer, a closure of the day perhaps, must not overtake it.
+    if (++refused_[entry] < kEagerTries) return {};
   }
   return {};
 }
 
 void TicketPolling::TakeIn(const std::string& entry, const std::string& file) {
   const bool moved = MoveOrCopy(files_, settings_.TicketFolder + NameOf(entry), file);
-  if (!moved && !journals_.Attempt(kLabel, [&] { RemoveSource(entry); })) takenIn_.insert(entry);
+  if (moved || journals_.Attempt(kLabel, [&] { RemoveSource(entry); })) return;
+  takenIn_[entry];
+  journals_.Attempt(kLabel, [&] { takenIn_[entry] = ReadWhole(files_, file); });
 }
 
 /// A ticket that was copied but could not be removed comes again on every tick: only its removal is tried
-/// again, for its copy has been processed.
+/// again, for its copy has been processed. Another text under its name and time is a new ticket.
 bool TicketPolling::IsTakenIn(const std::string& entry) {
-  if (!takenIn_.contains(entry)) return false;
+  const auto copied = takenIn_.find(entry);
+  if (copied == takenIn_.end()) return false;
   try {
-    RemoveSource(entry);
-    takenIn_.erase(entry);
+    const std::string source = settings_.TicketFolder + NameOf(entry);
+    const bool isNew = copied->second && ReadWhole(files_, source) != *copied->second;
+    if (!isNew) RemoveSource(entry);
+    takenIn_.erase(copied);
+    return !isNew;
   } catch (const SystemError&) {
-    // logged when it happened first
+    return true;  // logged when it happened first
   }
-  return true;
 }
 
 void TicketPolling::RemoveSource(const std::string& entry) {

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <map>
-#include <set>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -86,7 +86,9 @@ class TicketPolling : public WaitingTickets {
   std::map<std::string, int>
       left_;  // files that could not be read, with their tries and the ticks passed over
   std::map<std::string, int> refused_;  // the same for entries of new tickets that could not be taken in
-  std::set<std::string> takenIn_;  // entries of new tickets whose file could not be removed after the copy
+  /// Entries of new tickets whose file could not be removed after the copy, and their text where it could be
+  /// read.
+  std::map<std::string, std::optional<std::string>> takenIn_;
 };
 
 }  // namespace orvenza

@@ -144,7 +144,7 @@ bool TicketSplitter::WouldSplit(const std::string& path) const {
   try {
     return HoldsSecondTicket(path);
   } catch (const SystemError&) {
-    return false;
+    return true;
   }
 }
 

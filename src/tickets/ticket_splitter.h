@@ -30,7 +30,7 @@ class TicketSplitter {
   /// and no part is left.
   bool SplitTicketFile(const std::string& path);
 
-  /// Whether SplitTicketFile would replace the file; false also for one that cannot be read.
+  /// Whether SplitTicketFile would replace the file; true also for one that cannot be read and may be such.
   bool WouldSplit(const std::string& path) const;
 
  private:

@@ -164,6 +164,41 @@ TEST(TakingIn, ANewTicketOfTheSameNameAndTimeIsPrintedHoweverTheOlderOneWent) {
   }
 }
 
+TEST(TakingIn, ANewTicketOfTheSameNameAndTimeIsPrintedThoughNoTickSawTheOlderOneGo) {
+  Shop shop;
+  DropAt(shop, "ticket.txt", 1, 1000);
+  shop.Hold("data\\ticket.txt");
+  shop.After(5200ms, [&] {
+    shop.files.Heal();
+    DropAt(shop, "ticket.txt", 2, 1000);
+  });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
+  EXPECT_EQ(Waiting(shop), Lines{});
+}
+
+TEST(TakingIn, ASourceThatCouldNotBeRemovedGoesThoughItsCopyCouldNotBeReadAtOnce) {
+  Shop shop;
+  DropAt(shop, "ticket.txt", 1, 1000);
+  shop.Hold("data\\ticket.txt");
+  shop.files.FailAlways("OpenForReading", "inproces\\ticket.txt", error_number::kPermissionDenied);
+  shop.After(2200ms, [&] { shop.files.Heal(); });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(Waiting(shop), Lines{});
+}
+
+TEST(TakingIn, ATicketThatVanishesOnceItIsTakenInSendsNothing) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.files.Before("Exists", [&](const std::string&) {
+    std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
+  });
+  shop.Run();
+  EXPECT_EQ(shop.LogForTickets(), Lines{});
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
 TEST(TakingIn, APrintedSourceThatCouldNotBeRemovedDoesNotCountAsWaiting) {
   Shop shop;
   shop.Drop("ticket.txt", {"0;1;"});
@@ -176,18 +211,42 @@ TEST(TakingIn, APrintedSourceThatCouldNotBeRemovedDoesNotCountAsWaiting) {
   EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "300101"}));
 }
 
-TEST(TakingIn, ATicketThatCannotBeTakenInHoldsUpNoOther) {
+TEST(TakingIn, ANewerTicketDoesNotOvertakeOneThatIsHeldForAMoment) {
   Shop shop;
-  shop.Drop("held.txt", {"0;1;"});
-  shop.Drop("b.txt", {"0;2;"});
+  DropAt(shop, "held.txt", 1, 1000);
+  DropAt(shop, "b.txt", 2, 2000);
   shop.files.FailAlways("Move", "data\\held.txt", error_number::kPermissionDenied);
   shop.files.FailAlways("Copy", "data\\held.txt", error_number::kPermissionDenied);
   shop.After(2200ms, [&] { shop.files.Heal(); });
   shop.Run();
-  EXPECT_EQ(shop.SentAt("105102"), Times{500});
   EXPECT_EQ(shop.SentAt("105101"), Times{2500});
+  EXPECT_EQ(shop.SentAt("105102"), Times{3000});
   const std::string line = "Timer1 - 70 - Permission denied ( " + shop.Spelled("data\\held.txt )");
   EXPECT_EQ(shop.Err(), Lines(4, line));
+}
+
+TEST(TakingIn, AFiscalClosureDoesNotOvertakeATicketThatIsHeldForAMoment) {
+  Shop shop;
+  shop.Drop("held.txt", {"0;1;"});
+  shop.files.FailAlways("Move", "data\\held.txt", error_number::kPermissionDenied);
+  shop.files.FailAlways("Copy", "data\\held.txt", error_number::kPermissionDenied);
+  for (const char* answer : {"Chiusura Fiscale", "Sì", "Sì"}) shop.Answer(answer);
+  shop.After(600ms, [&] { shop.UseMenu(MenuItem::kUtilities); });
+  shop.After(3200ms, [&] { shop.files.Heal(); });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "300101"}));
+}
+
+TEST(TakingIn, ATicketThatCannotBeTakenInDoesNotHoldUpTheOthersForEver) {
+  Shop shop;
+  DropAt(shop, "held.txt", 1, 1000);
+  DropAt(shop, "b.txt", 2, 2000);
+  shop.files.FailAlways("Move", "data\\held.txt", error_number::kPermissionDenied);
+  shop.files.FailAlways("Copy", "data\\held.txt", error_number::kPermissionDenied);
+  shop.Run(30s);
+  EXPECT_EQ(shop.SentAt("1051"), Times{5000});
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105102"});
+  EXPECT_EQ(Waiting(shop), Lines{"held.txt"});
 }
 
 TEST(TakingIn, ATicketThatCannotBeTakenInIsTriedTenTimesAndThenRarely) {

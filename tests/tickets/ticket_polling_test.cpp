@@ -358,6 +358,20 @@ TEST(FileParser, ProcessesAFileOfThreeTicketsAsOneWhenItIsOff) {
   EXPECT_EQ(shop.folder.Read("storico\\1.txt"), Shop::Joined(kThreeTickets));
 }
 
+TEST(FileParser, AFileThatCannotBeReadAtOnceIsSplitAgainBeforeItsPartsArePrinted) {
+  Shop shop(kVoidsAccepted);
+  shop.Configure("General", "File Parser", "1");
+  shop.folder.Write("data\\inproces\\ticket1.txt", "0;1;\r\n4;1;\r\n");
+  shop.folder.SetModified("data\\inproces\\ticket1.txt", 1000);
+  shop.folder.Write("data\\inproces\\ticket.txt", Shop::Joined(kThreeTickets));
+  shop.folder.SetModified("data\\inproces\\ticket.txt", 2000);
+  shop.files.FailAlways("OpenForReading", "inproces\\ticket.txt", error_number::kPermissionDenied);
+  shop.After(2200ms, [&] { shop.files.Heal(); });
+  shop.Run();
+  EXPECT_EQ(shop.SentAt("1051"), (Times{2500, 3000, 3500}));
+  EXPECT_EQ(shop.Names("storico"), (Lines{"1.txt", "2.txt", "3.txt"}));
+}
+
 TEST(FileParser, AFileThatCannotBeSplitIsNotPrintedUntilItCan) {
   Shop shop(kVoidsAccepted);
   shop.Configure("General", "File Parser", "1");
