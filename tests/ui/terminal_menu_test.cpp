@@ -11,7 +11,26 @@ namespace orvenza::test {
 namespace {
 
 using namespace std::chrono_literals;
-using TerminalMenuTest = TerminalOperatorTest;
+class TerminalMenuTest : public TerminalOperatorTest {
+ protected:
+  TerminalMenuTest() {
+    terminal.CreateIcon("Orvenza - 1.0.0");
+    out.str("");
+  }
+};
+
+using TerminalMenuBeforeTheIconTest = TerminalOperatorTest;
+
+TEST_F(TerminalMenuBeforeTheIconTest, DoesNotOpenAndLeavesTheDialogWaiting) {
+  Type("m");
+  Type("2");
+  EXPECT_EQ(Show(4), 2);
+  EXPECT_EQ(Count("Domanda ?"), 2);
+  EXPECT_EQ(Count("Il menu si apre quando il programma è in funzione.\n"), 1);
+  EXPECT_EQ(picked, std::vector<MenuItem>{});
+  terminal.OnLine("m");
+  EXPECT_TRUE(out.str().ends_with("Il menu si apre quando il programma è in funzione.\n"));
+}
 
 TEST_F(TerminalMenuTest, PointsToTheMenuWhenNothingIsAsked) {
   terminal.OnLine("ciao");

@@ -118,7 +118,7 @@ void TerminalOperator::OnLine(const std::string& line) {
   if (menuOpen_) {
     PickFromMenu(answer);
   } else if (AsksForMenu(answer) && (asking || dialogs_.empty())) {
-    OpenMenu();
+    tip_ ? OpenMenu() : RefuseMenu();
   } else if (asking) {
     dialogs_.back()->Answer(answer);
   } else {
@@ -204,6 +204,12 @@ void TerminalOperator::OpenMenu() {
   menuOpen_ = true;
   const Block menu = DrawMenu();
   Say("\n" + menu.box + menu.prompt);
+}
+
+/// The menu is the icon's.
+void TerminalOperator::RefuseMenu() {
+  Say("Il menu si apre quando il programma è in funzione.\n");
+  if (!dialogs_.empty()) dialogs_.back()->Show();
 }
 
 void TerminalOperator::PickFromMenu(const std::string& answer) {

@@ -55,6 +55,7 @@ class TerminalOperator final : public Operator, public NotificationIcon {
   class Dialog;
 
   void OpenMenu();
+  void RefuseMenu();
   void PickFromMenu(const std::string& answer);
   void RunMenuItem(MenuItem item);
   void DropWaitingLines();
