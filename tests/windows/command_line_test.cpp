@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "core/version.h"
+#include "ui/windows/names.h"
+#include "windows/person.h"
 #include "windows/till.h"
 
 namespace orvenza::test {
@@ -39,6 +41,45 @@ TEST(CommandLine, RefusesWhatItCannotStartWith) {
     EXPECT_EQ(run.exitCode, 2U) << reason;
     EXPECT_EQ(run.output, "Orvenza: " + reason + "\n");
   }
+}
+
+/// As for a program that a shortcut starts: there is no console to write to.
+class NoConsole {
+ public:
+  NoConsole() { FreeConsole(); }
+  ~NoConsole() { AttachConsole(ATTACH_PARENT_PROCESS); }
+  NoConsole(const NoConsole&) = delete;
+  NoConsole& operator=(const NoConsole&) = delete;
+};
+
+TEST(CommandLine, IsAnsweredByAMessageWhereNobodySeesAConsole) {
+  const NoConsole noConsole;
+  const Shop shop;
+  const struct {
+    std::string options;
+    std::string text;
+    DWORD exitCode;
+  } kAnswers[] = {{"--nope", "\r\nOrvenza: unknown option '--nope'; see --help", 2},
+                  {"--version", std::string("\r\nOrvenza ") + kVersionText, 0}};
+  for (const auto& [options, text, exitCode] : kAnswers) {
+    const Till till(shop, options);
+    const HWND message = till.Form(window_class::kOrvMsg, "Orvenza");
+    EXPECT_EQ(TextOf(message, control_id::kText1), text);
+    Press(VK_RETURN);
+    EXPECT_EQ(till.ExitCode(), exitCode);
+  }
+}
+
+TEST(CommandLine, ShowsTheWholeHelpInAMessageWhereNobodySeesAConsole) {
+  const NoConsole noConsole;
+  const Shop shop;
+  const Till till(shop, "--help");
+  const HWND message = till.Form(window_class::kOrvMsg, "Orvenza");
+  const std::string text = TextOf(message, control_id::kText1);
+  EXPECT_TRUE(text.starts_with("Usage: Orvenza [--folder DIR] [--simulate [SCRIPT]]\r\n\r\nPrints")) << text;
+  EXPECT_TRUE(text.ends_with("could not start.")) << text;
+  CloseByCross(message);
+  EXPECT_EQ(till.ExitCode(), 0U);
 }
 
 }  // namespace

@@ -115,7 +115,15 @@ Till::Till(const Shop& shop, Link link, std::chrono::seconds lifetime) : shop_(s
   const FileHandle nowhere(CreateFileW(L"NUL", GENERIC_WRITE, 0, &inherited, OPEN_EXISTING, 0, nullptr));
   std::wstring options = L"--folder \"" + path + L"\"";
   if (link == Link::kSimulated) options += L" --simulate \"" + path + L"\\register.script\"";
-  const PROCESS_INFORMATION process = Start(options, nowhere.Get());
+  Begin(options, nowhere.Get(), lifetime);
+}
+
+Till::Till(const Shop& shop, const std::string& options) : shop_(shop) {
+  Begin(ToWide(options), nullptr, kLifetime);
+}
+
+void Till::Begin(const std::wstring& options, HANDLE output, std::chrono::seconds lifetime) {
+  const PROCESS_INFORMATION process = Start(options, output);
   process_ = ObjectHandle(process.hProcess);
   id_ = process.dwProcessId;
   lifetime_.emplace(process_.Get(), lifetime);

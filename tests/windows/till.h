@@ -61,6 +61,8 @@ class Till {
   /// `shop` outlives the till. The register is simulated by the program, or stands behind the registered
   /// control.
   explicit Till(const Shop& shop, Link link = Link::kSimulated, std::chrono::seconds lifetime = kLifetime);
+  /// The program with `options` alone, and no place to write to.
+  Till(const Shop& shop, const std::string& options);
   ~Till();
   Till(const Till&) = delete;
   Till& operator=(const Till&) = delete;
@@ -107,6 +109,7 @@ class Till {
   void Await(const char* what, const std::function<bool()>& condition) const;
 
  private:
+  void Begin(const std::wstring& options, HANDLE output, std::chrono::seconds lifetime);
   std::string Situation() const;
   HWND Find(const std::function<bool(HWND)>& fits) const;
 

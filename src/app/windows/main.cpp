@@ -10,12 +10,14 @@
 #include "core/version.h"
 #include "device/windows/ecr_link_adapter.h"
 #include "platform/instance_lock.h"
+#include "platform/program_end.h"
 #include "platform/windows/program_place.h"
 #include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_event_pump.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_folders.h"
 #include "platform/windows/windows_profile_file.h"
+#include "ui/operator_message.h"
 #include "ui/windows/parent_console.h"
 #include "ui/windows/windows_operator.h"
 
@@ -25,8 +27,31 @@ using namespace orvenza;
 
 constexpr const char* kMenu = "While it runs, its icon in the notification area opens the menu.";
 
+/// For whoever started the program: at the console, or where nobody would see that, as a message of the
+/// connector.
+void Tell(const std::string& text, int style) {
+  const ParentConsole console;
+  if (console.IsThere()) return console.Write(text);
+  std::string message;
+  for (const char c : text.substr(0, text.find_last_not_of('\n') + 1)) {
+    if (c == '\n') message += '\r';
+    message += c;
+  }
+  try {
+    WindowsClock clock;
+    WindowsEventPump pump;
+    EventLoop loop(clock, pump);
+    WindowsOperator person(loop, pump, HomeFolder(), ProgramName());
+    OperatorMessages(person, ProgramName()).ShowOperatorMessage(message, style, {});
+  } catch (const std::exception&) {
+    // There is nobody to tell it to.
+  } catch (const ProgramEnd&) {
+    // The user's session ends, and it is not read any more.
+  }
+}
+
 int Refuse(const std::string& reason) {
-  ShowNotice(ParentConsole(), "Orvenza: " + reason + "\n", true);
+  Tell("Orvenza: " + reason + "\n", message_style::kStop);
   return 2;
 }
 
@@ -65,8 +90,8 @@ int RunConnector(const ProgramPaths& paths, const std::optional<FaultScript>& sc
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
   const CommandLine options = ParseCommandLine(CommandWords());
   if (!options.error.empty()) return Refuse(options.error + "; see --help");
-  if (options.help) ShowNotice(ParentConsole(), Usage(kMenu), false);
-  if (options.version) ShowNotice(ParentConsole(), std::string("Orvenza ") + kVersionText + "\n", false);
+  if (options.help) Tell(Usage(kMenu), message_style::kInformation);
+  if (options.version) Tell(std::string("Orvenza ") + kVersionText + "\n", message_style::kInformation);
   if (options.help || options.version) return 0;
   try {
     const std::string folder = options.folder.empty() ? HomeFolder() : FullFolder(options.folder);

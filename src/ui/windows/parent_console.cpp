@@ -32,9 +32,4 @@ void ParentConsole::Write(const std::string& text) const {
   }
 }
 
-void ShowNotice(const ParentConsole& console, const std::string& text, bool isError) {
-  if (console.IsThere()) return console.Write(text);
-  MessageBoxW(nullptr, ToWide(text).c_str(), L"Orvenza", isError ? MB_ICONERROR : MB_ICONINFORMATION);
-}
-
 }  // namespace orvenza

@@ -21,7 +21,4 @@ class ParentConsole {
   void* output_ = nullptr;
 };
 
-/// Shows `text` at the console, or in a box where there is none.
-void ShowNotice(const ParentConsole& console, const std::string& text, bool isError);
-
 }  // namespace orvenza
