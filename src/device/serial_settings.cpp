@@ -15,9 +15,12 @@ int ParityCode(std::string_view letter) {
 std::optional<SerialSettings> SplitSerialSettings(std::string_view text) {
   const std::size_t comma = text.find(',');
   if (comma == std::string_view::npos) return std::nullopt;
-  const auto after = [&](std::size_t distance) { return Middle(text, comma + 1 + distance, 1); };
-  return SerialSettings{LeadingInteger(text.substr(0, comma)), ParityCode(after(1)), LeadingInteger(after(3)),
-                        LeadingInteger(after(5))};
+  const std::string_view line = text.substr(comma + 1);
+  const auto behind = [&](std::size_t characters) {
+    return FirstCharacters(line.substr(FirstCharacters(line, characters).size()), 1);
+  };
+  return SerialSettings{LeadingInteger(text.substr(0, comma)), ParityCode(behind(0)),
+                        LeadingInteger(behind(2)), LeadingInteger(behind(4))};
 }
 
 }  // namespace orvenza

@@ -15,8 +15,8 @@ struct SerialSettings {
   bool operator==(const SerialSettings&) const = default;
 };
 
-/// Reads a settings text such as "19200,O,7,1". Parity, data bits and stop bits are single characters at
-/// fixed distances from the first comma. Nothing when there is no comma.
+/// Reads a settings text such as "19200,O,7,1", in UTF-8. Parity, data bits and stop bits are single
+/// characters at fixed distances from the first comma. Nothing when there is no comma.
 std::optional<SerialSettings> SplitSerialSettings(std::string_view text);
 
 }  // namespace orvenza
