@@ -81,6 +81,8 @@ void SettingsFile::WriteDefaultIni() {
 
 void SettingsFile::WriteWhole(const std::string& path, const std::vector<Value>& values) {
   const std::string draft = path + ".new";
+  // It would keep the keys and the order of whoever began it.
+  if (files_.Exists(draft)) RemoveReadOnlyToo(files_, draft);
   for (const Value& value : values) profile_.Write(draft, value.section, value.key, value.value);
   files_.Move(draft, path);
 }

@@ -63,7 +63,7 @@ class SettingsFile {
   SettingsFile(ProfileFile& profile, Files& files, Journals& journals, ProgramPaths paths);
 
   /// Writes every key with its default. The file appears with all of them or not at all, so that a later
-  /// start completes what a full disk has cut short. Throws SystemError.
+  /// start begins anew what a full disk has cut short. Throws SystemError.
   void WriteDefaultIni();
 
   /// Brings the file to the current layout, calling `stepDone` after each step, and sets `IniUpgradeDone`.

@@ -64,6 +64,25 @@ TEST_F(SettingsTest, ADefaultFileCutShortIsCompletedByTheNextTry) {
   EXPECT_FALSE(memory.Exists("C:\\shop\\Orvenza.ini.new"));
 }
 
+TEST_F(SettingsTest, AForeignDraftLeavesNothingInTheDefaultFile) {
+  file.WriteDefaultIni();
+  const std::string whole = Ini();
+  memory.content = {
+      {"C:\\shop\\Orvenza.ini.new", "junk\r\n[General]\r\nFile Parser=1\r\n[Other]\r\nKey=x\r\n"}};
+  files.FailAlways("Remove", "Orvenza.ini.new", error_number::kPermissionDenied);  // It is read-only.
+  files.Before("ClearAttributes", [&](const std::string&) { files.Heal(); });
+  file.WriteDefaultIni();
+  EXPECT_EQ(Ini(), whole);
+  EXPECT_FALSE(memory.Exists("C:\\shop\\Orvenza.ini.new"));
+}
+
+TEST_F(SettingsTest, ADraftThatCannotBeRemovedIsLeftAlone) {
+  memory.content["C:\\shop\\Orvenza.ini.new"] = "junk";
+  files.FailAlways("Remove", "", error_number::kPermissionDenied);
+  EXPECT_EQ(FailureOf([&] { file.WriteDefaultIni(); }), "70 Permission denied ( C:\\shop\\Orvenza.ini.new )");
+  EXPECT_EQ(memory.content, (std::map<std::string, std::string>{{"C:\\shop\\Orvenza.ini.new", "junk"}}));
+}
+
 TEST_F(SettingsTest, ErrorDescriptionsCutShortByAFullDiskAreNotUnderTheirName) {
   files.FailNth("Write", 2, error_number::kDiskFull);
   EXPECT_EQ(FailureOf([&] { file.WriteDefaultErrDesc(); }), "61 Disk full ( C:\\shop\\ErrDesc.ini.new )");
