@@ -1,5 +1,8 @@
 #include "tickets/translation.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "core/catalogue.h"
 #include "core/text.h"
 #include "device/logo_check.h"
@@ -16,6 +19,8 @@ namespace {
 constexpr int kWrongBitmap = 197;
 /// Longest part of a wrong file name that the error log shows.
 constexpr std::size_t kShownNameLimit = 260;
+/// A logo is sent under a number of two digits.
+constexpr int kHighestLogo = 99;
 
 /// What translation depends on besides the record.
 struct Surroundings {
@@ -154,7 +159,7 @@ std::string Logo(Record f, With with) {
   const LogoRequest logo = LogoRequestOf(f.Record());
   f.Read(1);
   f.Read(2);
-  const bool numbered = logo.number >= 1 && logo.number <= 99;
+  const bool numbered = logo.number >= 1 && logo.number <= kHighestLogo;
   if (!numbered) NoSuchChoice(f, 1, "1 to 99");
   if (!IsValidLogoBitmap(with.files, logo.path)) {
     with.journals.WrErr(LoadMessage(kWrongBitmap) + " ( " + ShownLine(f[2], kShownNameLimit) + " )");
@@ -236,7 +241,9 @@ bool IsLongRunning(std::string_view translation) {
 }
 
 LogoRequest LogoRequestOf(const RecordFields& fields) {
-  return {LeadingInteger(fields[1]), SettingsPath(std::string(fields[2]))};
+  const double number = LeadingNumber(fields[1]);
+  return {number < 1 ? 0 : static_cast<int>(std::round(std::min(number, kHighestLogo + 1.0))),
+          SettingsPath(std::string(fields[2]))};
 }
 
 RecordTranslator::RecordTranslator(const RegisterIdentity& identity, const AppSettings& settings,

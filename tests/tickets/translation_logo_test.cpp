@@ -39,7 +39,7 @@ TEST_F(LogoRecordTest, AVeryLongFileNameIsCutInTheLog) {
 TEST_F(LogoRecordTest, TheNumberIs1To99) {
   EXPECT_EQ(Translate("33;99;C:\\logo.bmp;"), "BMP");
   EXPECT_EQ(Translate("33;1,5;C:\\logo.bmp;"), "BMP");
-  for (const char* number : {"0", "-1", "", "x", "0.9", "100", "99999999999999999999"}) {
+  for (const char* number : {"0", "-1", "", "x", "0.9", "99.5", "100", "99999999999999999999"}) {
     EXPECT_EQ(Translate(std::string("33;") + number + ";C:\\logo.bmp;"), "") << number;
   }
   EXPECT_EQ(ErrorLog(), "");
@@ -51,6 +51,18 @@ TEST_F(LogoRecordTest, TheRequestCarriesNumberAndPath) {
   const LogoRequest logo = LogoRequestOf(fields);
   EXPECT_EQ(logo.number, 7);
   EXPECT_EQ(logo.path, "C:\\logo.bmp");
+}
+
+TEST_F(LogoRecordTest, AFractionOfTheNumberIsRounded) {
+  struct {
+    const char* text;
+    int number;
+  } const rows[] = {{"1.4", 1}, {"1.5", 2}, {"1.9", 2}, {"2.5", 3}, {"98.9", 99}, {"1,9", 1}, {"0.9", 0}};
+  for (const auto& row : rows) {
+    RecordFields fields;
+    SplitRecord(std::string("33;") + row.text + ";C:\\logo.bmp;", ';', fields);
+    EXPECT_EQ(LogoRequestOf(fields).number, row.number) << row.text;
+  }
 }
 
 }  // namespace
