@@ -30,6 +30,8 @@ using std::chrono::milliseconds;
 
 const std::string kFolder = kRehearsalFolder;
 const ProgramPaths kPaths{kFolder, "Orvenza"};
+const std::string kCommandFile = kFolder + "\\command.txt";
+constexpr const char* kQuit = "QUIT\r\n";
 
 /// Thrown when the PC loses its power. Not a std::exception on purpose: no trap may hold it up.
 struct PowerFailure {};
@@ -234,7 +236,7 @@ void Stage::DoToDisk(const Deed& deed) {
       case DeedKind::kDiskFull: disk_.SetFull(deed.path, true); break;
       case DeedKind::kDiskFree: disk_.SetFull(deed.path, false); break;
       case DeedKind::kRefuseClock: clock_.RefuseSetTime(true); break;
-      case DeedKind::kQuit: disk_.Put(kFolder + "\\command.txt", "QUIT\r\n"); break;
+      case DeedKind::kQuit: disk_.Put(kCommandFile, kQuit); break;
       case DeedKind::kMenu:
       case DeedKind::kSessionEnds:
       case DeedKind::kPowerFails: break;
@@ -290,13 +292,16 @@ void Stage::RunOnce() {
 }
 
 void Stage::OnTick() {
-  transcript_.Tick();
   if (scenario_.untilPrinted && !TicketsWait()) AskToQuit();
+  transcript_.Tick();
 }
 
 void Stage::AskToQuit() {
+  Deed quit;
+  quit.kind = DeedKind::kQuit;
   try {
-    disk_.Put(kFolder + "\\command.txt", "QUIT\r\n");
+    disk_.Put(kCommandFile, kQuit);
+    transcript_.Add(DeedKindText(quit), DeedText(quit));
   } catch (const SystemError&) {
     // Somebody holds the file; the host tries again at the next tick.
   }

@@ -205,6 +205,17 @@ TEST(Rehearsal, StartsAgainInFrontOfTheRegisterThatWasLeft) {
   }
 }
 
+TEST(Rehearsal, SaysOnceThatItHasAskedTheConnectorToEnd) {
+  for (const char* held : {"", "file command.txt\n| later\nlock command.txt\nat 4s release command.txt\n"}) {
+    Lines asked;
+    for (const RehearsalEvent& event : Play(std::string(kReceipt) + "until printed\n" + held).events) {
+      if (event.text.ends_with("QUIT")) asked.push_back(TranscriptLine(event));
+    }
+    const std::string at = *held == '\0' ? "     1085" : "     4085";
+    EXPECT_EQ(asked, Lines{at + "  world     the host writes command.txt: QUIT"}) << held;
+  }
+}
+
 TEST(Rehearsal, FindsNoTicketsWaitingWhereTheirFolderIsMissing) {
   for (const char* end : {"at 500ms power fails\n", "at 500ms session ends\n"}) {
     const RehearsalOutcome outcome =
