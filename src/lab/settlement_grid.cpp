@@ -107,6 +107,7 @@ std::vector<SettlementStep> SettlementSteps() {
       {"discount", Receipt("| 1;1;1;;50;;;;-1;\n"), "1021", 1},
       {"subtotal", Receipt("| 20;1;\n"), "1050", 1},
       {"text", Receipt("| 28;1;GRAZIE;\n"), "1058", 1},
+      {"total void", Receipt("| 4;1;\n"), "1028", 1},
       {"part payment", PartPaid(), "1036", 1},
       {"payment that closes", Receipt(), "1036", 1},
       {"payment that closes after a part payment", PartPaid(), "1036", 2},

@@ -14,7 +14,10 @@ bool Contains(const std::vector<T>& list, const T& value) {
 
 SettlementOutcome OutcomeOf(const SettlementEnd& end) {
   SettlementOutcome outcome{end.verdict, end.paper, end.file, end.reason};
-  if (end.verdict == Verdict::kAsksOn) outcome.paper.voided = std::min(outcome.paper.voided, 1);
+  if (end.verdict == Verdict::kAsksOn) {
+    outcome.paper.voided = std::min(outcome.paper.voided, 1);
+    outcome.paper.other = std::min(outcome.paper.other, 2);
+  }
   return outcome;
 }
 

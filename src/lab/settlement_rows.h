@@ -12,7 +12,7 @@ namespace orvenza {
 /// What a row of the table says of an end.
 struct SettlementOutcome {
   Verdict verdict = Verdict::kFine;
-  CustomerPaper paper;  ///< Of one that asks on, many voided slips count as one.
+  CustomerPaper paper;  ///< Of one that asks on, many voided slips count as one, many in part as two.
   FileEnd file = FileEnd::kWaiting;
   std::string reason;
 

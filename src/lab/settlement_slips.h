@@ -25,8 +25,9 @@ struct CustomerPaper {
   auto operator<=>(const CustomerPaper&) const = default;
 };
 
-/// Compares what is on the paper with what `expected` says a ticket prints. `foreign` is a text that only an
-/// earlier ticket prints.
+/// Compares what is on the paper with what `expected` says a ticket prints. A slip that the ticket itself
+/// voids is not the customer's and does not count as expected. `foreign` is a text that only an earlier
+/// ticket prints.
 CustomerPaper Compare(const std::vector<std::string>& paper, const std::vector<Slip>& expected,
                       const std::string& foreign);
 

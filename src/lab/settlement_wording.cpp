@@ -85,17 +85,22 @@ std::string NameOf(FileEnd file) {
 
 std::string PaperText(const SettlementOutcome& outcome) {
   const CustomerPaper& paper = outcome.paper;
-  const bool often = outcome.verdict == Verdict::kAsksOn && paper.voided > 0;
+  const bool asksOn = outcome.verdict == Verdict::kAsksOn;
   Texts parts;
   const auto add = [&](int count, const std::string& what) {
     if (count > 0) parts.push_back(std::to_string(count) + " " + what);
   };
+  // How many is only a matter of the operator's patience.
+  const auto addSeries = [&](const std::string& what) { parts.push_back(what + ", one after the other"); };
+  const bool manyInPart = asksOn && paper.other > 1;
+  const bool manyVoided = asksOn && paper.voided > 0;
   add(paper.whole, "whole");
-  add(paper.other, "in part");
+  if (manyInPart) addSeries("some in part");
+  if (!manyInPart) add(paper.other, "in part");
   add(paper.mixed, "with an earlier ticket's lines");
   add(paper.earlier, "of the earlier ticket");
-  if (often) parts.push_back("voided ones, one after the other");
-  if (!often) add(paper.voided, "voided");
+  if (manyVoided) addSeries("voided ones");
+  if (!manyVoided) add(paper.voided, "voided");
   if (paper.open) parts.push_back("1 left open");
   return parts.empty() ? "nothing" : Joined(parts, ", ");
 }

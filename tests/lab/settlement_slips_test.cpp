@@ -73,6 +73,13 @@ TEST(SettlementSlips, OfOneTicketCountAsWholeTogether) {
             (CustomerPaper{1, 1, 0, 0, 0, false}));
 }
 
+TEST(SettlementSlips, VoidedByTheTicketItselfAreNotTheCustomers) {
+  const Slip voided{"LATTE  1,29", "SCONTRINO ANNULLATO", kCut};
+  const Lines paper = Printed({"LATTE  1,29"}, "SCONTRINO ANNULLATO");
+  EXPECT_EQ(Compare(paper + ReceiptNumber(1), {voided, kReceipt}, {}), (CustomerPaper{1, 0, 0, 0, 1, false}));
+  EXPECT_EQ(Compare(ReceiptNumber(1), {voided, kReceipt}, {}), (CustomerPaper{1, 0, 0, 0, 0, false}));
+}
+
 TEST(SettlementSlips, MayBeExpectedMoreThanOnce) {
   const std::vector<Slip> twice{kReceipt, kReceipt};
   EXPECT_EQ(Compare(ReceiptNumber(1), twice, {}), (CustomerPaper{0, 1, 0, 0, 0, false}));

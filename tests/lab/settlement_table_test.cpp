@@ -81,6 +81,21 @@ TEST(SettlementTable, WritesTheSameAnswerOutThreeTimes) {
                 "|  | No → No → No | 2 whole | historic | **printed twice**, no rule |  |\n");
 }
 
+TEST(SettlementTable, DoesNotCountSlipsInPartWhereItAsksOn) {
+  const auto asking = [](int inPart, Answer answer) {
+    return End(std::vector(9, answer), {0, inPart, 0, 0, 0, true}, Verdict::kAsksOn);
+  };
+  const SettlementEnd one = asking(1, Answer::kEndProgram);
+  const SettlementEnd many = asking(14, Answer::kLeaveReceipt);
+  const SettlementEnd more = asking(15, Answer::kCloseReceipt);
+  EXPECT_EQ(
+      Sections({At("item", Fault("a"), {one, many, more})}),
+      "### Item" + kHead +
+          "| a | Esci again and again | 1 in part, 1 left open | historic | asks on |  |\n"
+          "|  | Sì again and again; No again and again | some in part, one after the other, 1 left open | "
+          "historic | asks on |  |\n");
+}
+
 TEST(SettlementTable, BeginsWithTheNumberOfEachEnd) {
   const std::string table = SettlementTable({At("item", Fault("a"), {kGood, kGood})});
   EXPECT_TRUE(table.starts_with("| End | Ways |\n|---|---|\n| fine | 2 |\n| printed, but given up | 0 |\n"));
