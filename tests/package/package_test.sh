@@ -12,10 +12,13 @@ unpacked=build/package/unpacked
 imported() { i686-w64-mingw32-objdump -p "$1" | sed -n 's/.*DLL Name: //p'; }
 # Resource 24 is a manifest, 1 that of a program.
 has_manifest() { i686-w64-mingw32-windres -J coff -O rc "$1" | grep "^1 24 "; }
-pictures_missing() {
-  local picture
-  for picture in $(sed -n 's/.*](\(images\/[^)]*\)).*/\1/p' "$1"/*.md); do
-    [ -s "$1/$picture" ] || echo "$picture"
+# Papers and pictures that the papers of a folder link to, but which are not there.
+links_missing() {
+  local paper target
+  for paper in "$1"/*.md; do
+    for target in $(grep -o '](\([^)#]*\)' "$paper" | cut -c 3-); do
+      [ -s "$1/$target" ] || echo "${paper##*/}: $target"
+    done
   done
 }
 
@@ -28,7 +31,7 @@ same "holds the programs, the sound and the papers" \
   "./LICENSE.txt ./Orvenza.exe ./ding.wav ./docs/bundle.md ./docs/doctor.md ./docs/failure-scenarios.md \
 ./docs/installation.md ./docs/manuale-operatore.md ./docs/rehearsal.md ./docs/settings.md ./docs/simulator.md \
 ./docs/ticket-check.md ./docs/ticket-format.md ./orvenza-lab.exe "
-same "holds the pictures that the papers show" "$(pictures_missing $unpacked/Orvenza/docs)" ""
+same "holds the papers and pictures that the papers link to" "$(links_missing $unpacked/Orvenza/docs)" ""
 for program in Orvenza orvenza-lab; do
   check "$program needs Windows" holds <(imported $unpacked/Orvenza/$program.exe) KERNEL32.dll
   same "and no library of the compiler's" \
