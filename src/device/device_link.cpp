@@ -1,11 +1,11 @@
 #include "device/device_link.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "core/catalogue.h"
 #include "device/end_confirmation.h"
-#include "device/serial_settings.h"
 #include "platform/system_error.h"
 
 namespace orvenza {
@@ -62,37 +62,52 @@ void DeviceLink::Reopen(int endOfTextWait) {
 void DeviceLink::Bounce() {
   ClosePort();
   loop_.Pause(1000ms);
-  SetPort(true);
-  bool open = false;
-  journals_.Attempt(kFailureLabel, [&] { open = control_.PortOpen(); });
   // Nobody else would notice a port that stays closed: the register would only look absent for ever.
-  if (!open) OpenDeviceLink(endOfTextWait_);
+  if (!OpenPort()) OpenDeviceLink(endOfTextWait_);
 }
 
 bool DeviceLink::TryOpen() {
-  bool open = false;
+  std::optional<SerialSettings> serial;
   journals_.Attempt(kFailureLabel, [&] {
-    Configure();
-    control_.SetPortOpen(true);
-    open = control_.PortOpen();
+    serial = SplitSerialSettings(settings_.ComSettings);
+    if (!serial) throw SystemError(error_number::kInvalidArgument, "Settings=" + settings_.ComSettings);
   });
-  return open;
+  if (!serial || !Reset()) return false;
+  SetProperties(*serial);
+  return OpenPort();
 }
 
-void DeviceLink::Configure() {
-  const auto serial = SplitSerialSettings(settings_.ComSettings);
-  if (!serial) throw SystemError(error_number::kInvalidArgument, "Settings=" + settings_.ComSettings);
-  control_.SetReset(true);
+bool DeviceLink::Reset() {
+  bool created = true;
+  journals_.Attempt(kFailureLabel, [&] {
+    try {
+      control_.SetReset(true);
+    } catch (const SystemError& error) {
+      created = error.Number() != error_number::kCannotCreateObject;
+      throw;
+    }
+  });
+  return created;
+}
+
+void DeviceLink::SetProperties(const SerialSettings& serial) {
   SetProperty(LinkProperty::kPortNumber, settings_.ComPortNumber);
-  SetProperty(LinkProperty::kBaudRate, serial->speed);
-  SetProperty(LinkProperty::kParity, serial->parity);
-  SetProperty(LinkProperty::kDataBits, serial->dataBits);
-  SetProperty(LinkProperty::kStopBits, serial->stopBits);
+  SetProperty(LinkProperty::kBaudRate, serial.speed);
+  SetProperty(LinkProperty::kParity, serial.parity);
+  SetProperty(LinkProperty::kDataBits, serial.dataBits);
+  SetProperty(LinkProperty::kStopBits, serial.stopBits);
   SetProperty(LinkProperty::kFrameRetries, settings_.FrameRetry);
   SetProperty(LinkProperty::kAcknowledgementWait, settings_.TimeWaitForAck);
   SetProperty(LinkProperty::kEndOfTextWait, endOfTextWait_);
   SetProperty(LinkProperty::kMessageRetries, settings_.TxMessageRetry);
   SetProperty(LinkProperty::kIdentifier, static_cast<unsigned char>(settings_.Ident));
+}
+
+bool DeviceLink::OpenPort() {
+  SetPort(true);
+  bool open = false;
+  journals_.Attempt(kFailureLabel, [&] { open = control_.PortOpen(); });
+  return open;
 }
 
 /// A value that the control does not take leaves it with its own; whether the port then opens is its affair.

@@ -8,6 +8,7 @@
 #include "core/journals.h"
 #include "core/settings.h"
 #include "device/ecr_link.h"
+#include "device/serial_settings.h"
 #include "ui/operator_message.h"
 #include "ui/port_dialog.h"
 
@@ -20,8 +21,10 @@ bool IsErrorReply(std::string_view reply);
 bool IsLinkError(std::string_view reply);
 
 /// The link to the register: opening it, and the single exchange of a command for a reply. A failure of the
-/// control itself is written to the error log and then counts as a port that did not open, an absent register
-/// or a command without reply; a property that it refuses keeps the control's own value.
+/// control itself is written to the error log and then counts as an absent register or a command without
+/// reply; a property that it refuses keeps the control's own value. Whether an opening succeeded is read from
+/// the control alone, also after a step of it that failed; only one that cannot be created is asked no
+/// further.
 class DeviceLink : private EcrLinkEvents {
  public:
   /// Longest wait for the reply to an ordinary command, in seconds.
@@ -81,7 +84,11 @@ class DeviceLink : private EcrLinkEvents {
   void Arrived(std::string reply);
 
   bool TryOpen();
-  void Configure();
+  /// False when there is no control.
+  bool Reset();
+  void SetProperties(const SerialSettings& serial);
+  /// Whether the port then reads open: that alone decides, not whether the control complained.
+  bool OpenPort();
   void SetProperty(LinkProperty property, int value);
   void AskAboutClosedPort();
   void SetPort(bool open);

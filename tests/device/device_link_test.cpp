@@ -165,21 +165,45 @@ TEST_F(OpenLinkTest, APropertyThatTheControlRefusesIsLoggedAndTheOthersAreSet) {
   EXPECT_EQ(Shown(), Lines{});
 }
 
-TEST_F(OpenLinkTest, AControlThatCannotBeResetOrAskedCountsAsAClosedPort) {
-  for (const char* member : {"SetReset", "PortOpen"}) {
-    files.content.clear();
-    faulty.FailNext(member, error_number::kDeviceError);
-    Answer("Riprova");
-    link.OpenDeviceLink(777);
-    EXPECT_EQ(Errors(), (Lines{"EcrLinkX1 - 57 - Device I/O error", kPortClosed})) << member;
-  }
+TEST_F(OpenLinkTest, AResetThatTheControlRefusesIsLoggedAndTheOpeningGoesOn) {
+  faulty.FailNext("SetReset", error_number::kDeviceError);
+  link.OpenDeviceLink(777);
+  EXPECT_EQ(Errors(), Lines{"EcrLinkX1 - 57 - Device I/O error"});
+  EXPECT_EQ(Calls().size(), 11U);
+  EXPECT_EQ(Calls().back(), "open 1");
+  EXPECT_EQ(Shown(), Lines{});
+}
+
+TEST_F(OpenLinkTest, APortThatReadsOpenIsOpenWhateverTheControlComplainedOf) {
+  control.open = true;
+  faulty.FailNext("SetPortOpen", error_number::kDeviceError);
+  link.OpenDeviceLink(777);
+  EXPECT_EQ(Errors(), Lines{"EcrLinkX1 - 57 - Device I/O error ( open )"});
+  EXPECT_EQ(Shown(), Lines{});
 }
 
 TEST_F(OpenLinkTest, AControlThatFailsToOpenCountsAsAClosedPort) {
-  faulty.FailNext("SetPortOpen", error_number::kCannotCreateObject);
+  faulty.FailNext("SetPortOpen", error_number::kDeviceError);
   Answer("Riprova");
   link.OpenDeviceLink(777);
-  EXPECT_EQ(Errors(), (Lines{"EcrLinkX1 - 429 - Component can't create object ( open )", kPortClosed}));
+  EXPECT_EQ(Errors(), (Lines{"EcrLinkX1 - 57 - Device I/O error ( open )", kPortClosed}));
+}
+
+TEST_F(OpenLinkTest, AControlThatCannotBeAskedCountsAsAClosedPort) {
+  faulty.FailNext("PortOpen", error_number::kDeviceError);
+  Answer("Riprova");
+  link.OpenDeviceLink(777);
+  EXPECT_EQ(Errors(), (Lines{"EcrLinkX1 - 57 - Device I/O error", kPortClosed}));
+}
+
+TEST_F(OpenLinkTest, AControlThatCannotBeCreatedIsAskedNoFurther) {
+  faulty.FailNext("SetReset", error_number::kCannotCreateObject);
+  Answer("Riprova");
+  link.OpenDeviceLink(777);
+  EXPECT_EQ(Errors(), (Lines{"EcrLinkX1 - 429 - Component can't create object", kPortClosed}));
+  EXPECT_EQ(Calls().size(), 13U);
+  EXPECT_EQ(Calls().at(0), "open 0");
+  EXPECT_EQ(Calls().at(1), "reset 1");
 }
 
 TEST_F(OpenLinkTest, ReopeningClosesAndWaits100Milliseconds) {
