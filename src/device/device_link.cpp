@@ -135,6 +135,9 @@ void DeviceLink::SetPort(bool open) {
 }
 
 bool DeviceLink::Present() {
+  // Before the look rather than after it: a dialog of the menu may be open for long, and the register must be
+  // there when the command goes out. Besides, a reply that came too late must not pass for the next one.
+  loop_.Dispatch();
   bool present = false;
   // A control that fails here is opened anew, which also replaces one that has died.
   if (!journals_.Attempt(kFailureLabel, [&] { present = control_.DevicePresent(); })) reapply_ = true;
@@ -156,7 +159,8 @@ void DeviceLink::ApplyChangedSettings() {
 
 void DeviceLink::AwaitDevice() {
   ApplyChangedSettings();
-  while (!DeviceReady()) {
+  // The settings may be changed during a look, too.
+  while (!DeviceReady() || reapply_) {
     loop_.CheckEnd();
     ApplyChangedSettings();
   }
@@ -168,7 +172,6 @@ void DeviceLink::Exchange(const std::string& command, double replyWait) {
 }
 
 void DeviceLink::Transmit(const std::string& command, double replyWait) {
-  loop_.Dispatch();  // a reply that came too late must not pass for the reply to this command
   ReplyArrived = false;
   waiting_ = true;
   const bool sent = journals_.Attempt(kFailureLabel, [&] {

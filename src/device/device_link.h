@@ -53,7 +53,7 @@ class DeviceLink : private EcrLinkEvents {
   /// Closes the port for 1000 ms and opens it again as it was.
   void Bounce();
 
-  /// One look whether the register is there, without telling anybody.
+  /// One look whether the register is there, without telling anybody. What waits to be delivered comes first.
   bool Present();
 
   /// Looks up to three times whether the register is there, alarming the operator after each look that finds
@@ -73,7 +73,8 @@ class DeviceLink : private EcrLinkEvents {
   /// Sends a command, once the register is ready, and waits for its reply, which `ReplyText` then holds.
   void Exchange(const std::string& command, double replyWait = kReplyWait);
 
-  /// Exchange without waiting for the register to be ready.
+  /// Exchange without waiting for the register to be ready: to be called right after a look or a wait, so
+  /// that no event, such as a late reply, is left to be delivered.
   void Transmit(const std::string& command, double replyWait = kReplyWait);
 
  private:

@@ -279,6 +279,14 @@ TEST_F(ChangedSettingsTest, AreAppliedWhileTheRegisterIsAbsent) {
   EXPECT_EQ(Sent(), Lines{"200100"});
 }
 
+TEST_F(ChangedSettingsTest, AreAppliedAlsoWhenTheyComeJustBeforeTheCommand) {
+  clock.After(0ms, [&] { link.ReapplySettings(); });
+  faulty.Before("Send", [&](const std::string&) { EXPECT_EQ(Calls().size(), 13U); });
+  link.Exchange("200100");
+  EXPECT_EQ(Calls().at(0), "open 0");
+  EXPECT_EQ(Sent(), Lines{"200100"});
+}
+
 TEST_F(ChangedSettingsTest, StayWaitingWhileACommandIsUnderWay) {
   control.Reply("2001", 5s);
   clock.After(1s, [&] { link.ReapplySettings(); });

@@ -100,6 +100,15 @@ TEST_F(ExchangeTest, ARegisterThatComesBackAsTheProgramIsToEndIsSentNothing) {
   EXPECT_EQ(Sent(), Lines{});
 }
 
+TEST_F(ExchangeTest, ARegisterSwitchedOffBehindADialogOfTheMenuIsSentNothing) {
+  clock.After(0ms, [&] { control.presence = {false, true}; });
+  faulty.Before("Send", [&](const std::string&) { EXPECT_EQ(Shown(), Lines{AbsentAlarm()}); });
+  Answer("Ok");
+  control.Reply("200100");
+  link.Exchange("200100");
+  EXPECT_EQ(Sent(), Lines{"200100"});
+}
+
 TEST_F(ExchangeTest, TransmittingDoesNotLookForTheRegister) {
   control.Reply("200100");
   link.Transmit("200100");
@@ -207,7 +216,7 @@ TEST_F(ExchangeTest, SilenceIsAnAnswerToTheCommandAlsoWhenTheProgramIsToEnd) {
 TEST_F(ExchangeTest, ALateReplyIsNotTakenForTheNextOne) {
   clock.After(0ms, [&] { control.Raise("late"); });
   control.Reply("200100", 50ms);
-  link.Transmit("200100");
+  link.Exchange("200100");
   EXPECT_EQ(link.ReplyText, "200100");
   EXPECT_EQ(Elapsed(), 50);
 }
@@ -274,7 +283,7 @@ TEST_F(ExchangeTest, AReplyThatCameJustBeforeTheNextCommandIsNoLongerOutstanding
   link.Transmit("200100");
   clock.After(0ms, [&] { control.Raise("200100"); });
   control.Reply("200100");
-  link.Transmit("321701");
+  link.Exchange("321701");
   EXPECT_EQ(link.ReplyText, "200100");
 }
 
