@@ -4,8 +4,8 @@
 
 namespace orvenza {
 
-/// The events of the link control, in the order of its event list. They are raised only while the program
-/// pumps events.
+/// The events of the link control, in the order of its event list. They are raised while the program pumps
+/// events, and by some controls from inside Send.
 class EcrLinkEvents {
  public:
   virtual ~EcrLinkEvents() = default;
@@ -46,7 +46,8 @@ class EcrLink {
   /// The text to send next (member 17).
   virtual void SetMessage(const std::string& text) = 0;
 
-  /// Transmits the message (member 2) and returns at once; an event follows, or none when no answer comes.
+  /// Transmits the message (member 2) and returns at once; an event follows, or none when no answer comes. It
+  /// may come before this returns.
   virtual void Send() = 0;
 
   /// True when the register is powered and connected (member 5).

@@ -21,6 +21,9 @@ class StandInLine {
 
   SimulatedLink& Link() { return *link_; }
 
+  /// Does what is due now, without waiting for a message loop.
+  void RunDue() { scheduler_.RunDue(); }
+
  private:
   VirtualClock clock_;
   PaperRoll paper_;

@@ -7,6 +7,7 @@ namespace orvenza::test {
 namespace {
 
 constexpr DISPID kAnswer = 1;
+constexpr DISPID kGo = 2;
 constexpr DISPID kAlive = 5;
 constexpr DISPID kLine = 6;
 constexpr DISPID kQuestion = 17;
@@ -25,7 +26,6 @@ std::string Shown(Variant value) {
   switch (value.Get()->vt) {
     case VT_BOOL: return value.AsBoolean() ? "True" : "False";
     case VT_BSTR: return Spelled(CP_UTF8, value);
-    case VT_I2: return std::to_string(value.Get()->iVal);
     default: return std::to_string(value.Get()->lVal);
   }
 }
@@ -57,6 +57,11 @@ HRESULT Fail(const std::string& how, VARIANT* result, EXCEPINFO* exception) {
   return DISP_E_EXCEPTION;
 }
 
+HRESULT Refuse(DISPID number) {
+  Note("refused: member " + std::to_string(number));
+  return E_UNEXPECTED;
+}
+
 HRESULT CheckCall(const Member* member, REFIID iid, WORD flags, const DISPPARAMS* parameters) {
   if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
   if (parameters == nullptr) return E_POINTER;
@@ -77,10 +82,7 @@ HRESULT StandInControl::Invoke(DISPID number, REFIID iid, LCID, WORD flags, DISP
   const HRESULT called = CheckCall(member, iid, flags, parameters);
   if (FAILED(called)) return called;
   if (dead_) return RPC_E_DISCONNECTED;
-  if (window_ == nullptr && !behaviour_.Is("invisible")) {
-    Note("refused: member " + std::to_string(number));
-    return E_UNEXPECTED;
-  }
+  if (window_ == nullptr && !behaviour_.Is("invisible")) return Refuse(number);
   const std::string how = Behaviour::Now().After("fails=" + std::to_string(number) + ":");
   if (!how.empty() && exception != nullptr) return Fail(how, result, exception);
   if (flags == DISPATCH_METHOD) return Send();
@@ -101,17 +103,20 @@ HRESULT StandInControl::Get(DISPID number, VARIANT& result) {
                                              static_cast<int>(std::size(wide)));
     value = Variant::Text(Bstr({wide, static_cast<std::size_t>(length)}));
   }
+  if (value.Get()->vt == VT_BOOL && behaviour_.Is("flags-as-numbers")) value.ChangeTo(VT_I2);
   ::VariantInit(&result);
   std::swap(result, *value.Get());
   return S_OK;
 }
 
 HRESULT StandInControl::Put(const Member& member, VARIANT& value) {
-  const VARTYPE integers = behaviour_.Is("short") ? VT_I2 : VT_I4;
-  if (value.vt != (member.type == VT_I4 ? integers : member.type)) return DISP_E_TYPEMISMATCH;
+  const bool integer = member.type == VT_I4;
+  if (value.vt != (integer ? IntegerType(behaviour_) : member.type)) return DISP_E_TYPEMISMATCH;
+  SimulatedLink& link = line_.Link();
+  if (integer && link.PortOpen()) return Refuse(member.number);
   Variant copy;
   ::VariantCopy(copy.Get(), &value);
-  SimulatedLink& link = line_.Link();
+  if (integer) copy.ChangeTo(VT_I4);
   if (member.number == kQuestion) {
     message_ = Spelled(1252, copy);
     link.SetMessage(message_);
@@ -119,9 +124,8 @@ HRESULT StandInControl::Put(const Member& member, VARIANT& value) {
   const bool flag = member.type == VT_BOOL && copy.AsBoolean();
   if (member.number == kAfresh) link.SetReset(flag);
   const bool port = member.number == kLine;
-  if (member.type == VT_I4) {
-    link.SetProperty(static_cast<LinkProperty>(member.number),
-                     value.vt == VT_I2 ? value.iVal : static_cast<int>(value.lVal));
+  if (integer) {
+    link.SetProperty(static_cast<LinkProperty>(member.number), static_cast<int>(copy.Get()->lVal));
   }
   Note("set " + std::to_string(member.number) + " " + Shown(std::move(copy)));
   if (port) link.SetPortOpen(flag);
@@ -137,8 +141,10 @@ HRESULT StandInControl::Send() {
     Note("died");
     return RPC_E_DISCONNECTED;
   }
+  if (!line_.Link().PortOpen()) return Refuse(kGo);
   Note("call 2");
   line_.Link().Send();
+  if (behaviour_.Is("at-once")) line_.RunDue();
   return S_OK;
 }
 

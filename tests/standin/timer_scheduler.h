@@ -11,7 +11,7 @@
 
 namespace orvenza::test {
 
-/// Runs actions from the message loop of whoever hosts the stand-in, and from nowhere else.
+/// Runs actions from the message loop of whoever hosts the stand-in.
 class TimerScheduler : public Scheduler {
  public:
   TimerScheduler();
@@ -21,11 +21,13 @@ class TimerScheduler : public Scheduler {
 
   void After(std::chrono::nanoseconds delay, std::function<void()> action) override;
 
+  /// Runs those that are due, without waiting for the message loop.
+  void RunDue();
+
  private:
   using Moment = std::pair<std::chrono::steady_clock::time_point, std::uint64_t>;
 
   static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  void RunDue();
   void Arm();
 
   HWND window_;

@@ -60,7 +60,7 @@ HRESULT AddMembers(ICreateTypeInfo& type, const Behaviour& behaviour) {
   HRESULT result = S_OK;
   for (Member member : kMembers) {
     const bool integer = member.type == VT_I4;
-    if (integer && behaviour.Is("short")) member.type = VT_I2;
+    if (integer) member.type = IntegerType(behaviour);
     if (integer && behaviour.Is("variables")) {
       if (SUCCEEDED(result)) result = AddVariable(type, variables++, member);
       continue;
@@ -138,6 +138,11 @@ const Member* FindMember(DISPID number) {
     if (member.number == number) return &member;
   }
   return nullptr;
+}
+
+VARTYPE IntegerType(const Behaviour& behaviour) {
+  if (behaviour.Is("bytes")) return VT_UI1;
+  return behaviour.Is("short") ? VT_I2 : VT_I4;
 }
 
 TypeLibrary BuildTypeLibrary(const Behaviour& behaviour) {

@@ -31,6 +31,9 @@ std::span<const Member> Events();
 /// Null when there is none of this number.
 const Member* FindMember(DISPID number);
 
+/// The type of the stand-in's integers.
+VARTYPE IntegerType(const Behaviour& behaviour);
+
 /// What describes one class of the stand-in to a container.
 struct TypeLibrary {
   ComPtr<ITypeInfo> classInfo;

@@ -65,6 +65,14 @@ TEST_F(EventsTest, OfAnUnknownNumberAreRefused) {
   EXPECT_EQ(Done().back(), "the handler of event 11 failed: 0x80020003");
 }
 
+TEST_F(EventsTest, MayComeFromInsideTheMethodThatSends) {
+  Behave("at-once");
+  Open();
+  Send("321701");
+  EXPECT_EQ(listener.heard, Lines{"reply"});
+  EXPECT_EQ(adapter->RxMessage(), "321700");
+}
+
 TEST_F(EventsTest, FailuresOfAHandlerStayOnItsOwnSideOfTheControl) {
   struct : Listener {
     void ReplyReceived() override { throw std::runtime_error("handler"); }

@@ -99,6 +99,24 @@ TEST_F(LinkTest, ACommandIsExchangedForItsReply) {
   EXPECT_EQ(Done(), (Lines{"set 17 321701", "call 2", "sent 321701", "received 321700"}));
 }
 
+TEST_F(LinkTest, AReplyFromInsideTheMethodThatSendsIsNotLost) {
+  Behave("at-once");
+  OpenLink();
+  link->Exchange("321701");
+  EXPECT_EQ(link->ReplyText, "321700");
+  EXPECT_EQ(Done(), (Lines{"set 17 321701", "call 2", "sent 321701", "received 321700"}));
+}
+
+TEST_F(LinkTest, OpeningAgainSetsTheControlUpWhileThePortIsClosed) {
+  OpenLink();
+  link->Reopen(50000);
+  const Lines done = Done();
+  EXPECT_EQ(Lines(done.begin(), done.begin() + 4),
+            (Lines{"set 6 False", "port closed", "set 18 True", "set 16 1"}));
+  EXPECT_EQ(done.back(), "port open");
+  EXPECT_EQ(Errors(), Lines{});
+}
+
 TEST_F(LinkTest, LinkErrorsBecomeTheirMarkers) {
   Script("on 2001 link-error 1\non 2002 link-error 2\non 2003 link-error 3\n");
   OpenLink();

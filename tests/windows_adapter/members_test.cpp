@@ -49,6 +49,7 @@ TEST_F(MembersTest, IntegersHaveTheTypeThatTheControlDeclares) {
       {"", 2147483647, "set 13 2147483647"},  {"", -1, "set 13 -1"},
       {"short", 32767, "set 13 32767"},       {"short", -32768, "set 13 -32768"},
       {"short variables", 777, "set 13 777"}, {"types=none", 50000, "set 13 50000"},
+      {"bytes", 255, "set 13 255"},           {"bytes", 0, "set 13 0"},
   };
   for (const auto& row : rows) {
     const auto arrived = SetBy(
@@ -77,6 +78,26 @@ TEST_F(MembersTest, ThePortIsOpenedReadBackAndClosed) {
   adapter->SetPortOpen(false);
   EXPECT_EQ(Done(), (Lines{"set 6 False", "port closed"}));
   EXPECT_FALSE(adapter->PortOpen());
+}
+
+TEST_F(MembersTest, BooleansMayBeReadAsNumbers) {
+  Behave("flags-as-numbers");
+  Script("absent 1");
+  Open();
+  EXPECT_TRUE(adapter->PortOpen());
+  EXPECT_FALSE(adapter->DevicePresent());
+  EXPECT_TRUE(adapter->DevicePresent());
+}
+
+TEST_F(MembersTest, WhatTheControlRefusesForTheStateOfThePortIsAFailure) {
+  const auto failed = [](int member) {
+    return "57 Device I/O error ( member " + std::to_string(member) + ": 0x8000FFFF";
+  };
+  const std::string closed = Failure([&] { Send("321701"); });
+  EXPECT_TRUE(closed.starts_with(failed(2))) << closed;
+  Open();
+  const std::string open = Failure([&] { adapter->SetProperty(LinkProperty::kParity, 1); });
+  EXPECT_TRUE(open.starts_with(failed(8))) << open;
 }
 
 TEST_F(MembersTest, APortThatDoesNotOpenReadsClosed) {
