@@ -37,7 +37,7 @@ void NoteFailure(DISPID event, HRESULT result) {
 
 long Alive::count = 0;
 
-void EventSource::Raise(DISPID event) {
+HRESULT EventSource::Raise(DISPID event) {
   // Held here, since a handler may disconnect itself.
   std::vector<ComPtr<IDispatch>> sinks;
   for (const auto& [cookie, sink] : sinks_) sinks.push_back(ComPtr<IDispatch>::Share(sink.Get()));
@@ -45,8 +45,12 @@ void EventSource::Raise(DISPID event) {
     DISPPARAMS none{};
     const HRESULT result =
         sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr);
-    if (FAILED(result)) NoteFailure(event, result);
+    if (FAILED(result)) {
+      NoteFailure(event, result);
+      return result;
+    }
   }
+  return S_OK;
 }
 
 HRESULT EventSource::GetConnectionInterface(IID* iid) {

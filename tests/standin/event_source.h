@@ -20,8 +20,8 @@ class Alive {
 /// Where a container connects itself to hear the stand-in's events.
 class EventSource : public ComObject<IConnectionPoint> {
  public:
-  /// Raises the event in every connected sink.
-  void Raise(DISPID event);
+  /// Raises the event in every connected sink, up to the first that fails. Returns its failure.
+  HRESULT Raise(DISPID event);
 
   STDMETHODIMP GetConnectionInterface(IID* iid) override;
   STDMETHODIMP GetConnectionPointContainer(IConnectionPointContainer**) override { return E_NOTIMPL; }

@@ -53,6 +53,8 @@ void Register(HKEY root, const std::wstring& library) {
   Write(root, ClassKey(), nullptr, L"Orvenza stand-in control");
   Write(root, ClassKey() + L"\\ProgID", nullptr, kProgId);
   Write(root, ClassKey() + L"\\Control", nullptr, L"");
+  constexpr DWORD kStatus = OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST;
+  Write(root, ClassKey() + L"\\MiscStatus", nullptr, std::to_wstring(kStatus));
   Write(root, ClassKey() + L"\\InprocServer32", nullptr, library);
   Write(root, ClassKey() + L"\\InprocServer32", L"ThreadingModel", L"Apartment");
 }

@@ -1,6 +1,7 @@
 #include "standin/standin_control.h"
 
 #include "standin/journal.h"
+#include "standin/surroundings.h"
 
 namespace orvenza::test {
 namespace {
@@ -14,13 +15,8 @@ HRESULT Refuse(const std::string& what) {
 
 /// A control is told by its surroundings that the program runs, as opposed to being designed.
 bool ProgramRuns(const ComPtr<IOleClientSite>& site) {
-  const auto ambient = site.As<IDispatch>();
-  DISPPARAMS none{};
-  Variant value;
-  return ambient &&
-         SUCCEEDED(ambient->Invoke(DISPID_AMBIENT_USERMODE, IID_NULL, LOCALE_USER_DEFAULT,
-                                   DISPATCH_PROPERTYGET, &none, value.Get(), nullptr, nullptr)) &&
-         value.Get()->vt == VT_BOOL && value.AsBoolean();
+  Variant running = Ambient(site, DISPID_AMBIENT_USERMODE);
+  return running.Get()->vt == VT_BOOL && running.AsBoolean();
 }
 
 }  // namespace
@@ -54,6 +50,7 @@ void* StandInControl::Find(REFIID iid) {
 }
 
 HRESULT StandInControl::GetMiscStatus(DWORD, DWORD* status) {
+  if (behaviour_.Is("registry-status")) return OLE_S_USEREG;
   *status = OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE;
   if (behaviour_.Is("site-first")) *status |= OLEMISC_SETCLIENTSITEFIRST;
   if (behaviour_.Is("invisible")) *status |= OLEMISC_INVISIBLEATRUNTIME;
@@ -66,8 +63,12 @@ HRESULT StandInControl::SetClientSite(IOleClientSite* site) {
   }
   if (site == nullptr && window_ != nullptr) return Refuse("no site while active");
   if (site != nullptr && behaviour_.Is("no-site")) return E_ACCESSDENIED;
+  auto place = ComPtr<IOleClientSite>::Share(site);
+  if (const DISPID wrong = place ? WrongAmbient(place) : 0; wrong != 0) {
+    return Refuse("a site by its ambient property " + std::to_string(wrong));
+  }
   Note(site == nullptr ? "no site" : "site");
-  site_ = ComPtr<IOleClientSite>::Share(site);
+  site_ = std::move(place);
   return S_OK;
 }
 
@@ -177,8 +178,8 @@ HRESULT StandInControl::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
 void StandInControl::Raise(std::size_t event) {
   // Somebody who hears it may let go of the control.
   const auto self = ComPtr<IOleObject>::Share(this);
+  if (event == 0 && behaviour_.Is("noisy") && FAILED(events_->Raise(kUnlistedEvent))) return;
   events_->Raise(behaviour_.Described() ? Events()[event].number : static_cast<DISPID>(event + 1));
-  if (event == 0 && behaviour_.Is("noisy")) events_->Raise(kUnlistedEvent);
 }
 
 }  // namespace orvenza::test

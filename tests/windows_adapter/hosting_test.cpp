@@ -23,6 +23,12 @@ TEST_F(HostingTest, SitesAControlFirstThatAsksForIt) {
   EXPECT_EQ(Done(), (Lines{"created", "site", "initialised", "connected", "activated", "set 18 True"}));
 }
 
+TEST_F(HostingTest, FindsInTheRegistryWhatTheControlAsksForThere) {
+  Behave("registry-status site-first");
+  adapter->SetReset(true);
+  EXPECT_EQ(Done(), (Lines{"created", "site", "initialised", "connected", "activated", "set 18 True"}));
+}
+
 TEST_F(HostingTest, InitialisesEachKindOfPersistence) {
   for (const char* state : {"stream", "storage", "bag"}) {
     Behave(std::string("state=") + state);

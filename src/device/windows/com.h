@@ -127,6 +127,12 @@ class Variant {
     variant.value_.lVal = value;
     return variant;
   }
+  static Variant Short(short value) {
+    Variant variant;
+    variant.value_.vt = VT_I2;
+    variant.value_.iVal = value;
+    return variant;
+  }
   static Variant Boolean(bool value) {
     Variant variant;
     variant.value_.vt = VT_BOOL;
@@ -137,6 +143,12 @@ class Variant {
     Variant variant;
     variant.value_.vt = VT_BSTR;
     variant.value_.bstrVal = text.Release();
+    return variant;
+  }
+  static Variant Object(ComPtr<IDispatch> object) {
+    Variant variant;
+    variant.value_.vt = VT_DISPATCH;
+    variant.value_.pdispVal = object.Release();
     return variant;
   }
 

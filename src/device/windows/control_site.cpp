@@ -5,8 +5,33 @@
 namespace orvenza {
 namespace {
 
+/// A colour of the system's, by its number there, as controls take it.
+Variant SystemColour(int number) {
+  return Variant::Integer(static_cast<int>(0x80000000U | static_cast<unsigned>(number)));
+}
+
+/// Empty when there is none to be had.
+Variant Font() {
+  FONTDESC description{};
+  description.cbSizeofstruct = sizeof description;
+  description.lpstrName = const_cast<LPOLESTR>(L"Tahoma");
+  description.cySize.int64 = 82500;  // points times 10000
+  description.sWeight = FW_NORMAL;
+  description.sCharset = DEFAULT_CHARSET;
+  void* font = nullptr;
+  if (FAILED(::OleCreateFontIndirect(&description, __uuidof(IFontDisp), &font))) return {};
+  return Variant::Object(ComPtr<IDispatch>::Take(static_cast<IFontDisp*>(font)));
+}
+
 Variant AmbientProperty(DISPID member) {
+  constexpr short kThreeDimensional = 1;
   switch (member) {
+    case DISPID_AMBIENT_BACKCOLOR: return SystemColour(COLOR_BTNFACE);
+    case DISPID_AMBIENT_FORECOLOR: return SystemColour(COLOR_BTNTEXT);
+    case DISPID_AMBIENT_FONT: return Font();
+    case DISPID_AMBIENT_SCALEUNITS: return Variant::Text(Bstr(L"Pixel"));
+    case DISPID_AMBIENT_TEXTALIGN: return Variant::Short(0);  // numbers to the right, texts to the left
+    case DISPID_AMBIENT_APPEARANCE: return Variant::Short(kThreeDimensional);
     case DISPID_AMBIENT_USERMODE: return Variant::Boolean(true);
     case DISPID_AMBIENT_UIDEAD:
     case DISPID_AMBIENT_SHOWGRABHANDLES:

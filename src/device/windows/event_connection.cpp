@@ -35,7 +35,8 @@ HRESULT EventSink::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS*, VARIAN
       return E_UNEXPECTED;  // The caller is the control, which knows no exceptions of ours.
     }
   }
-  return DISP_E_MEMBERNOTFOUND;
+  // Events that are none of ours are heard all the same: some controls give up when a listener fails.
+  return S_OK;
 }
 
 EventConnection::~EventConnection() {

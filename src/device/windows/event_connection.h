@@ -5,7 +5,7 @@
 
 namespace orvenza {
 
-/// Receives the control's events and passes them on.
+/// Receives the control's events and passes on those that the program handles.
 class EventSink : public ComObject<IDispatch> {
  public:
   explicit EventSink(const SourceInterface& source) : source_(source) {}

@@ -61,7 +61,7 @@ LinkControl::LinkControl(const wchar_t* progId) : site_(MakeCom<ControlSite>(win
   members_ = control_.As<IDispatch>();
   if (!members_) CheckCreation(E_NOINTERFACE, "members");
   if (FAILED(members_->GetTypeInfo(0, LOCALE_USER_DEFAULT, types_.Put()))) types_.Reset();
-  sited_.Place(control_, site_.Get());
+  sited_.Place(control_, clsid, site_.Get());
   events_.Connect(control_, FindSourceInterface(control_, clsid));
   sited_.Activate(site_.Get(), window_.Handle());
 }

@@ -26,6 +26,14 @@ HRESULT InitialiseFresh(const ComPtr<IOleObject>& object) {
   return S_OK;  // It keeps no state.
 }
 
+/// The control's OLEMISC bits, none when it tells of none.
+DWORD StatusOf(const ComPtr<IOleObject>& object, REFCLSID clsid) {
+  DWORD status = 0;
+  HRESULT result = object->GetMiscStatus(DVASPECT_CONTENT, &status);
+  if (result == OLE_S_USEREG) result = ::OleRegGetMiscStatus(clsid, DVASPECT_CONTENT, &status);
+  return SUCCEEDED(result) ? status : 0;
+}
+
 }  // namespace
 
 SitedObject::~SitedObject() {
@@ -35,10 +43,10 @@ SitedObject::~SitedObject() {
   object_->SetClientSite(nullptr);
 }
 
-void SitedObject::Place(const ComPtr<IUnknown>& control, IOleClientSite* site) {
+void SitedObject::Place(const ComPtr<IUnknown>& control, REFCLSID clsid, IOleClientSite* site) {
   object_ = control.As<IOleObject>();
   if (!object_) return;
-  if (FAILED(object_->GetMiscStatus(DVASPECT_CONTENT, &status_))) status_ = 0;
+  status_ = StatusOf(object_, clsid);
   const bool siteFirst = (status_ & OLEMISC_SETCLIENTSITEFIRST) != 0;
   if (siteFirst) CheckCreation(object_->SetClientSite(site), "site");
   CheckCreation(InitialiseFresh(object_), "initialisation");

@@ -13,8 +13,9 @@ class SitedObject {
   SitedObject& operator=(const SitedObject&) = delete;
 
   /// Sites and initialises `control` in the order it asks for. An object that is not to be embedded is left
-  /// as it is. Throws SystemError 429.
-  void Place(const ComPtr<IUnknown>& control, IOleClientSite* site);
+  /// as it is. `clsid` is its class, under which some have registered what they ask for. Throws SystemError
+  /// 429.
+  void Place(const ComPtr<IUnknown>& control, REFCLSID clsid, IOleClientSite* site);
 
   /// Makes it active in `window`. A control that is invisible at run time may refuse. Throws SystemError 429.
   void Activate(IOleClientSite* site, HWND window);
