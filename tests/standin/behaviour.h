@@ -17,16 +17,20 @@ namespace orvenza::test {
 ///     invisible          neither, but is invisible at run time and works all the same
 ///     shows-only         can be activated by the verb "show" only
 ///     site-first         wants its site before it is initialised
-///     short              declares and takes integers of 16 bits
+///     short, bytes       declares and takes integers of 16 or of 8 bits
+///     flags-as-numbers   gives its booleans as integers of 16 bits
 ///     variables          declares its integers as variables, not as functions
 ///     inherited          its event interface lists a restricted method first
-///     noisy              raises an event that its interface does not list, after every reply
+///     few-events         its event interface lists two events only
+///     custom-events      its event interface is for calls by position, not by number
+///     noisy              raises an event that its interface does not list, before every reply, and gives
+///                        the reply up where a listener fails it
+///     at-once            raises the events that are due from inside the method that sends
+///     registry-status    refers to the registry for what it asks of its container, where site-first stands
 ///     state=KIND         is initialised by a stream (as it is otherwise), storage, bag, by none of them, or
-///     by
-///                        storage because of an unimplemented-stream
+///                        by storage because of an unimplemented-stream
 ///     types=KIND         describes itself by class2 (otherwise), class or library; by guid only, or not at
-///     all
-///                        (none), and then its events have the numbers 1 to 4
+///                        all (none), and then its events have the numbers 1 to 4
 ///     dies-with=PREFIX   is gone when it is to send such a command; its successor is well-behaved
 ///     fails=N:HOW        member N fails with the number HOW (0x80004005), with exception or deferred (which
 ///                        carry a description), with unfailing (an exception whose number is no failure's),

@@ -76,11 +76,13 @@ HRESULT AddMembers(ICreateTypeInfo& type, const Behaviour& behaviour) {
 
 HRESULT AddEvents(ICreateTypeInfo& type, const Behaviour& behaviour) {
   constexpr Member kInherited{0x60000000, L"Inherited", kMethod, VT_VOID};
+  constexpr UINT kFew = 2;
   UINT index = 0;
   HRESULT result = S_OK;
   if (behaviour.Is("inherited"))
     result = AddFunction(type, index++, kInherited, kMethod, FUNCFLAG_FRESTRICTED);
   for (const Member& event : kEvents) {
+    if (behaviour.Is("few-events") && index == kFew) break;
     if (SUCCEEDED(result)) result = AddFunction(type, index++, event, kMethod);
   }
   return result;
@@ -100,15 +102,16 @@ HRESULT Inherit(ICreateTypeInfo& type) {
 
 using Filler = HRESULT (*)(ICreateTypeInfo& type, const Behaviour& behaviour);
 
-ComPtr<ITypeInfo> AddInterface(ICreateTypeLib2& library, const wchar_t* name, REFIID iid, Filler fill,
-                               const Behaviour& behaviour) {
+/// `fill` is not asked for one that is called by position.
+ComPtr<ITypeInfo> AddInterface(ICreateTypeLib2& library, TYPEKIND kind, const wchar_t* name, REFIID iid,
+                               Filler fill, const Behaviour& behaviour) {
   ComPtr<ICreateTypeInfo> type;
-  HRESULT result = library.CreateTypeInfo(Name(name), TKIND_DISPATCH, type.Put());
+  HRESULT result = library.CreateTypeInfo(Name(name), kind, type.Put());
   if (FAILED(result)) return {};
   type->SetGuid(iid);
   type->SetTypeFlags(TYPEFLAG_FDISPATCHABLE);
   result = Inherit(*type.Get());
-  if (SUCCEEDED(result)) result = fill(*type.Get(), behaviour);
+  if (SUCCEEDED(result) && kind == TKIND_DISPATCH) result = fill(*type.Get(), behaviour);
   if (SUCCEEDED(result)) result = type->LayOut();
   return SUCCEEDED(result) ? type.As<ITypeInfo>() : ComPtr<ITypeInfo>();
 }
@@ -153,8 +156,11 @@ TypeLibrary BuildTypeLibrary(const Behaviour& behaviour) {
   library->SetName(Name(L"StandInLibrary"));
   library->SetVersion(1, 0);
   TypeLibrary types;
-  types.members = AddInterface(*library.Get(), L"StandInMembers", kStandInMembers, AddMembers, behaviour);
-  const auto events = AddInterface(*library.Get(), L"StandInEvents", kStandInEvents, AddEvents, behaviour);
+  types.members =
+      AddInterface(*library.Get(), TKIND_DISPATCH, L"StandInMembers", kStandInMembers, AddMembers, behaviour);
+  const auto events =
+      AddInterface(*library.Get(), behaviour.Is("custom-events") ? TKIND_INTERFACE : TKIND_DISPATCH,
+                   L"StandInEvents", kStandInEvents, AddEvents, behaviour);
   if (types.members && events) types.classInfo = AddClass(*library.Get(), types.members.Get(), events.Get());
   return types;
 }

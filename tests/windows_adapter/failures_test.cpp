@@ -68,6 +68,9 @@ TEST_F(FailuresTest, WhatTheControlRefusesWhileItIsMadeIsTheReason) {
       {"no-events", "events: 0x80040200"},
       {"types=none no-events", "events: 0x80040200"},
       {"deaf", "events: 0x80040201"},
+      {"few-events", "events: 2 of 4 )"},
+      {"few-events inherited", "events: 1 of 4 )"},
+      {"custom-events", "events: no dispatch interface, but of kind 3 )"},
       {"asleep", "activation: 0x80004005"},
   };
   for (const auto& row : rows) {

@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 
 #include "device/windows/com_error.h"
+#include "platform/system_error.h"
 
 namespace orvenza {
 namespace {
@@ -64,12 +66,20 @@ ComPtr<ITypeInfo> DefaultSource(const ComPtr<ITypeInfo>& classInfo) {
   return source;
 }
 
+/// Events that nobody could hear would make every command one without reply.
+[[noreturn]] void RefuseEvents(const std::string& found) {
+  throw SystemError(error_number::kCannotCreateObject, "events: " + found);
+}
+
+/// Nothing when the description cannot be read.
 std::optional<SourceInterface> Describe(const ComPtr<ITypeInfo>& source) {
   LentType attributes(source.Get());
   if (FAILED(source->GetTypeAttr(attributes.Put()))) return std::nullopt;
+  if (attributes->typekind != TKIND_DISPATCH) {
+    RefuseEvents("no dispatch interface, but of kind " + std::to_string(attributes->typekind));
+  }
   SourceInterface found;
   found.iid = attributes->guid;
-  found.events.fill(DISPID_UNKNOWN);
   std::size_t known = 0;
   for (UINT i = 0; i < attributes->cFuncs && known < found.events.size(); ++i) {
     LentFunction function(source.Get());
@@ -77,6 +87,9 @@ std::optional<SourceInterface> Describe(const ComPtr<ITypeInfo>& source) {
     // The inherited methods of every such interface are no events.
     if ((function->wFuncFlags & FUNCFLAG_FRESTRICTED) != 0) continue;
     found.events[known++] = function->memid;
+  }
+  if (known < found.events.size()) {
+    RefuseEvents(std::to_string(known) + " of " + std::to_string(found.events.size()));
   }
   return found;
 }

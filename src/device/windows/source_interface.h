@@ -14,7 +14,8 @@ struct SourceInterface {
 };
 
 /// The default source interface of `control`, of class `clsid`. From the control's type information where it
-/// has some; otherwise its numbers are taken to be 1 to 4. Throws SystemError 429 when there is none.
+/// has some; otherwise its numbers are taken to be 1 to 4. Throws SystemError 429 when there is none, or one
+/// that cannot be listened to or has fewer events.
 SourceInterface FindSourceInterface(const ComPtr<IUnknown>& control, REFCLSID clsid);
 
 /// The type that the property `member` is set with, VT_EMPTY when `types` (may be empty) does not tell.
