@@ -78,6 +78,19 @@ TEST_F(WindowsFilesTest, AppendsWhileAnotherProgramLooksAtTheFile) {
   EXPECT_EQ(folder.Read("Log.txt"), "one\r\ntwo\r\n");
 }
 
+TEST_F(WindowsFilesTest, AppendsWhileAnOnlookerReads) {
+  folder.Write("Log.txt", "one\r\n");
+  const auto reader = WindowsFiles(WhileRead::kEverything).OpenForReading(folder.Path("Log.txt"));
+  files.Append(folder.Path("Log.txt"), "two\r\n");
+  EXPECT_EQ(folder.Read("Log.txt"), "one\r\ntwo\r\n");
+}
+
+TEST_F(WindowsFilesTest, AnOnlookerReadsAFileStillBeingWritten) {
+  folder.Write("a.txt", "half");
+  const FileHandle host = Held(folder.Path("a.txt"), GENERIC_WRITE, kShareAll);
+  EXPECT_EQ(ReadWhole(WindowsFiles(WhileRead::kEverything), folder.Path("a.txt")), "half");
+}
+
 TEST_F(WindowsFilesTest, WritesAFileAnew) {
   folder.Write("a.txt", "something longer");
   files.Write(folder.Path("a.txt"), "new");

@@ -20,12 +20,13 @@ constexpr int kUtilities = 2;
 constexpr const char* kCoffee = "1;Caffe' espresso;2,000;120;1;;;1;;\r\n2;1;500;\r\n";
 constexpr const char* kBread = "1;Pane;1,000;250;1;;;1;;\r\n2;1;250;\r\n";
 
-/// A file that another program has open for reading, and lets others do with it as `sharing` says.
+/// A file that another program has open, for reading if nothing else is said, and lets others do with it as
+/// `sharing` says.
 class HeldFile {
  public:
-  HeldFile(const Shop& shop, const std::string& name, DWORD sharing)
-      : handle_(CreateFileW(ToWide(shop.folder.Path(name)).c_str(), GENERIC_READ, sharing, nullptr,
-                            OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {
+  HeldFile(const Shop& shop, const std::string& name, DWORD sharing, DWORD access = GENERIC_READ)
+      : handle_(CreateFileW(ToWide(shop.folder.Path(name)).c_str(), access, sharing, nullptr, OPEN_EXISTING,
+                            FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {
     EXPECT_TRUE(handle_.Valid()) << name;
   }
   void LetGo() { handle_ = FileHandle(); }
@@ -158,6 +159,14 @@ TEST(HeldFile, OfSeveralTicketsIsSplitAndPrintedOnceItIsLetGo) {
   till.AwaitArchived("2.txt", kBread);
   shop.Drop("0002.txt", kCoffee);
   till.AwaitArchived("3.txt", kCoffee);
+}
+
+TEST(HeldJournal, IsReadByTheLabWhileItIsWritten) {
+  const Shop shop;
+  shop.folder.Write("Err.txt", "old line\r\n");
+  const HeldFile held(shop, "Err.txt", FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, GENERIC_WRITE);
+  const std::string findings = RunProgram("doctor --folder \"" + shop.folder.Path() + "\"", kLab).output;
+  EXPECT_NE(findings.find("The logs can be written; no error of today."), std::string::npos) << findings;
 }
 
 TEST(HeldCommand, IsFollowedOnceItIsLetGo) {

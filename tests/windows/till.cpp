@@ -21,8 +21,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr DWORD kGlance = 5;  ///< Milliseconds between two looks.
 
-PROCESS_INFORMATION Start(const std::wstring& options, HANDLE output) {
-  std::wstring line = L"\"" + ProgramPath() + L"\" " + options;
+PROCESS_INFORMATION Start(const std::wstring& program, const std::wstring& options, HANDLE output) {
+  std::wstring line = L"\"" + program + L"\" " + options;
   STARTUPINFOW start{};
   start.cb = sizeof start;
   // As by a shortcut that starts it minimised, which must make no difference.
@@ -64,10 +64,10 @@ void CALLBACK Kill(void* process, BOOLEAN) { TerminateProcess(process, 98); }
 
 }  // namespace
 
-std::wstring ProgramPath() {
+std::wstring ProgramPath(const wchar_t* name) {
   std::wstring path(MAX_PATH, L'\0');
   path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
-  return path.substr(0, path.rfind(L'\\') + 1) + L"Orvenza.exe";
+  return path.substr(0, path.rfind(L'\\') + 1) + name;
 }
 
 Shop::Shop(const std::string& script, bool withSettings) {
@@ -123,7 +123,7 @@ Till::Till(const Shop& shop, const std::string& options) : shop_(shop) {
 }
 
 void Till::Begin(const std::wstring& options, HANDLE output, std::chrono::seconds lifetime) {
-  const PROCESS_INFORMATION process = Start(options, output);
+  const PROCESS_INFORMATION process = Start(ProgramPath(), options, output);
   process_ = ObjectHandle(process.hProcess);
   id_ = process.dwProcessId;
   lifetime_.emplace(process_.Get(), lifetime);
@@ -281,13 +281,13 @@ void Till::ExpectEnd() const {
 
 bool Till::Runs() const { return WaitForSingleObject(process_.Get(), 0) == WAIT_TIMEOUT; }
 
-ProgramRun RunProgram(const std::string& options) {
+ProgramRun RunProgram(const std::string& options, const wchar_t* name) {
   SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
   HANDLE readEnd = nullptr;
   HANDLE writeEnd = nullptr;
   if (!CreatePipe(&readEnd, &writeEnd, &inherited, 0)) throw std::runtime_error("no pipe");
   const ObjectHandle input(readEnd);
-  const PROCESS_INFORMATION started = Start(ToWide(options), writeEnd);
+  const PROCESS_INFORMATION started = Start(ProgramPath(name), ToWide(options), writeEnd);
   CloseHandle(writeEnd);
   const ObjectHandle process(started.hProcess);
   const Lifetime lifetime(process.Get(), Till::kPatience);

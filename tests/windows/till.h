@@ -45,8 +45,11 @@ class Lifetime {
   HANDLE timer_ = nullptr;
 };
 
-/// Of the program, beside the tests.
-std::wstring ProgramPath();
+constexpr const wchar_t* kProgram = L"Orvenza.exe";
+constexpr const wchar_t* kLab = L"orvenza-lab.exe";
+
+/// Of a program beside the tests.
+std::wstring ProgramPath(const wchar_t* name = kProgram);
 
 /// The running program, with its windows. What is waited for must come within kPatience; what does not come
 /// fails the test by an exception. A program that outlives its lifetime is killed, so that nothing hangs with
@@ -124,7 +127,7 @@ struct ProgramRun {
   DWORD exitCode = 0;
   std::string output;
 };
-/// Runs the program with `options` that it ends with by itself.
-ProgramRun RunProgram(const std::string& options);
+/// Runs a program with `options` that it ends with by itself.
+ProgramRun RunProgram(const std::string& options, const wchar_t* name = kProgram);
 
 }  // namespace orvenza::test

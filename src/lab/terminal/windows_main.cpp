@@ -36,7 +36,8 @@ int main() {
   // As the standard streams are.
   error.tie(&output);
   std::cin.tie(&output);
-  WindowsFiles files;
+  // The connector may be at work: it must not find a journal taken.
+  WindowsFiles files(WhileRead::kEverything);
   WindowsFolders folders;
   WindowsProfileFile profile;
   WindowsClock clock;

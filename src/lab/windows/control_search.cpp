@@ -59,7 +59,7 @@ std::string Located(const std::string& server) {
 WORD ProcessorOf(const std::string& path) {
   constexpr std::size_t kPlaceOfHeader = 0x3C;
   try {
-    const std::string bytes = ReadWhole(WindowsFiles(), path, 4096);
+    const std::string bytes = ReadWhole(WindowsFiles(WhileRead::kEverything), path, 4096);
     DWORD header = 0;
     WORD processor = 0;
     if (!bytes.starts_with("MZ") || bytes.size() < kPlaceOfHeader + sizeof header) return 0;

@@ -15,10 +15,10 @@ namespace {
 
 constexpr std::size_t kCopyPiece = 32 * 1024;
 
-FileHandle OpenSource(const std::string& path) {
-  // Whoever writes keeps us out. Whoever wants to rename or remove the file meanwhile may.
-  constexpr DWORD kSharing = FILE_SHARE_READ | FILE_SHARE_DELETE;
-  FileHandle file(::CreateFileW(NativePath(path).c_str(), GENERIC_READ, kSharing, nullptr, OPEN_EXISTING,
+FileHandle OpenSource(const std::string& path, WhileRead others) {
+  const DWORD writing = others == WhileRead::kEverything ? FILE_SHARE_WRITE : 0;
+  const DWORD sharing = FILE_SHARE_READ | FILE_SHARE_DELETE | writing;
+  FileHandle file(::CreateFileW(NativePath(path).c_str(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING,
                                 FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
   if (!file.Valid()) ThrowFileError(::GetLastError(), path);
   // Names like CON and COM1 are devices in every folder, and reading one may never end.
@@ -80,7 +80,7 @@ std::uintmax_t WindowsFiles::Size(const std::string& path) const {
 }
 
 std::unique_ptr<ByteReader> WindowsFiles::OpenForReading(const std::string& path) const {
-  return std::make_unique<WindowsByteReader>(OpenSource(path), path);
+  return std::make_unique<WindowsByteReader>(OpenSource(path, others_), path);
 }
 
 void WindowsFiles::Append(const std::string& path, std::string_view text) {
@@ -97,7 +97,7 @@ void WindowsFiles::Write(const std::string& path, std::string_view content) {
 }
 
 void WindowsFiles::Copy(const std::string& from, const std::string& to) {
-  WindowsByteReader source(OpenSource(from), from);
+  WindowsByteReader source(OpenSource(from, others_), from);
   UnfinishedFile target(to);
   std::vector<char> buffer(kCopyPiece);
   while (const std::size_t count = source.Read(buffer.data(), buffer.size())) {

@@ -4,10 +4,18 @@
 
 namespace orvenza {
 
-/// The files of Windows. A file that another program still has open for writing is neither read nor copied
-/// (error 70), so that a ticket is taken in whole.
+/// What others may do with a file while it is read.
+enum class WhileRead {
+  kNoWriting,   ///< A file that another program still has open for writing is neither read nor copied (error
+                ///< 70), so that a ticket is taken in whole.
+  kEverything,  ///< Nobody is disturbed, and what is read may be half of something.
+};
+
+/// The files of Windows. A file that is read may be renamed and removed meanwhile.
 class WindowsFiles : public Files {
  public:
+  explicit WindowsFiles(WhileRead others = WhileRead::kNoWriting) : others_(others) {}
+
   bool Exists(const std::string& path) const override;
   std::uintmax_t Size(const std::string& path) const override;
   std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const override;
@@ -19,6 +27,9 @@ class WindowsFiles : public Files {
   void Remove(const std::string& path) override;
   void ClearAttributes(const std::string& path) override;
   void CopyModified(const std::string& from, const std::string& to) override;
+
+ private:
+  const WhileRead others_;
 };
 
 }  // namespace orvenza
