@@ -34,6 +34,15 @@ TEST(FolderEntry, HasThreeTimes) {
   EXPECT_EQ(entry.modified, FromFileTime({0, 0x01D20000}));
 }
 
+TEST(FolderEntry, HasNoYearOfFiveDigits) {
+  for (const FILETIME& time : {FILETIME{0, 0x24C85A5F}, FILETIME{0, 0x30000000}, FILETIME{0, 0x7FFFFFFF},
+                               FILETIME{0xFFFFFFFF, 0xFFFFFFFF}}) {
+    WIN32_FIND_DATAW data{};
+    data.ftLastWriteTime = time;
+    EXPECT_EQ(DateDigits(EntryOf(data, "a.txt").modified), "99981231") << time.dwHighDateTime;
+  }
+}
+
 TEST(FolderEntry, HasALetterForEachAttributeInItsPlace) {
   const struct {
     DWORD set;

@@ -141,8 +141,6 @@ TEST(FileTimes, BecomeLocalByTodaysOffset) {
   EXPECT_EQ(FromFileTime(universal), (LocalTime{2020, 7, 1, 13, 0, 0}));
 }
 
-TEST(FileTimes, OutOfTheCalendarAreTheDateZero) { EXPECT_EQ(FromFileTime({0, 0x90000000}), LocalTime{}); }
-
 TEST_F(WindowsFoldersTest, HidesFilesBeingWritten) {
   UnfinishedFile file(folder.Path("a.txt"));
   EXPECT_EQ(Names("*.*"), "");

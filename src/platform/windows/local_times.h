@@ -8,7 +8,8 @@ namespace orvenza {
 
 LocalTime FromSystemTime(const SYSTEMTIME& time);
 
-/// A file time (universal) in local time; the date zero where the system cannot convert it.
+/// A file time (universal) in local time; the date zero where the system cannot convert it. Times after the
+/// year 9998 become its last day: dates are shown with four digits.
 LocalTime FromFileTime(const FILETIME& time);
 
 /// The start of a second on `date`, whose own time of day does not matter.
