@@ -1,8 +1,11 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "platform/instance_lock.h"
+#include "platform/posix/descriptor.h"
 #include "support/temp_folder.h"
 
 namespace orvenza::test {
@@ -51,6 +54,13 @@ TEST(InstanceLock, AFolderThatCannotBeMarkedIsFree) {
   const TempFolder folder;
   EXPECT_TRUE(InstanceLock(folder.Path("none")).Acquired());
   EXPECT_TRUE(InstanceLock("Z:\\shop").Acquired());
+}
+
+TEST(IsFolderServed, TakesNoLockThatAStartingConnectorCouldMeet) {
+  const TempFolder folder;
+  const Descriptor held(::open(folder.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  ASSERT_EQ(::flock(held.Get(), LOCK_EX), 0);
+  EXPECT_FALSE(IsFolderServed(folder.Path()));  // it would be refused what a connector takes
 }
 
 TEST(IsFolderServed, SeesALockWithoutTakingOne) {

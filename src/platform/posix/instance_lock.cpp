@@ -22,13 +22,29 @@ Descriptor OpenFolder(const std::string& programFolder) {
   }
 }
 
-bool IsRefused(const Descriptor& folder, int lock) {
-  return folder.Valid() && ::flock(folder.Get(), lock | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+bool IsRefused(const Descriptor& folder) {
+  return folder.Valid() && ::flock(folder.Get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
+
+/// A lock of the other kind, on all of the folder: the system answers whether it could be had without giving
+/// it.
+struct flock WholeFolder(short type) {
+  struct flock lock {};
+  lock.l_type = type;
+  lock.l_whence = SEEK_SET;
+  return lock;
+}
+
+void ShowToOnlookers(const Descriptor& folder) {
+  struct flock mark = WholeFolder(F_RDLCK);
+  ::fcntl(folder.Get(), F_OFD_SETLK, &mark);
 }
 
 }  // namespace
 
-/// The lock lies on the folder itself: no file is left behind, and the system drops it with the process.
+/// The locks lie on the folder itself: no file is left behind, and the system drops them with the process.
+/// One keeps a second copy out, but whoever would look whether it is held would have to take it for a moment,
+/// in which no connector could start. The other is there to be seen.
 struct InstanceLock::State {
   Descriptor folder;
   bool taken = false;
@@ -36,17 +52,18 @@ struct InstanceLock::State {
 
 InstanceLock::InstanceLock(const std::string& programFolder) : state_(std::make_unique<State>()) {
   state_->folder = OpenFolder(programFolder);
-  state_->taken = IsRefused(state_->folder, LOCK_EX);
+  state_->taken = IsRefused(state_->folder);
+  if (!state_->taken) ShowToOnlookers(state_->folder);
 }
 
 InstanceLock::~InstanceLock() = default;
 
 bool InstanceLock::Acquired() const { return !state_->taken; }
 
-// The system has no question for such a lock. A shared one, given back at once, leaves others that only look
-// alone.
 bool IsFolderServed(const std::string& programFolder) {
-  return IsRefused(OpenFolder(programFolder), LOCK_SH);
+  const Descriptor folder = OpenFolder(programFolder);
+  struct flock wanted = WholeFolder(F_WRLCK);
+  return ::fcntl(folder.Get(), F_OFD_GETLK, &wanted) == 0 && wanted.l_type != F_UNLCK;
 }
 
 }  // namespace orvenza
