@@ -1,5 +1,7 @@
 // What the operator hears.
 
+#include "platform/windows/wide.h"
+#include "platform/windows/windows_files.h"
 #include "windows/form_bench.h"
 #include "windows/person.h"
 
@@ -17,6 +19,20 @@ TEST_F(SoundTest, AMessageStartsTheSoundOfTheProgramsFolder) {
     CloseByCross(form);
   });
   EXPECT_EQ(sounds, ding);
+}
+
+TEST_F(SoundTest, IsReachedInAFolderThatTheCodePageCannotSpell) {
+  const std::string odd = folder.Path("\xE5\xBA\x97");  // A Chinese character.
+  CreateDirectoryW(ToWide(odd).c_str(), nullptr);
+  WindowsFiles().Write(odd + "\\ding.wav", "RIFF");
+  WindowsOperator other{loop, pump, odd, "Orvenza", [this](const char* path, UINT flags) {
+                          sounds.emplace_back(path, flags);
+                          return TRUE;
+                        }};
+  WhenShown(CloseByCross);
+  OperatorMessages(other, "Orvenza").ShowOperatorMessage("Sei sicuro ?", message_style::kQuestion, "");
+  ASSERT_EQ(sounds.size(), 1U);
+  EXPECT_NE(GetFileAttributesA(sounds[0].first.c_str()), INVALID_FILE_ATTRIBUTES) << sounds[0].first;
 }
 
 TEST_F(SoundTest, AMessageIsSilentWithoutTheFile) {

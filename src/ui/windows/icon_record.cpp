@@ -1,7 +1,8 @@
 #include "ui/windows/icon_record.h"
 
+#include "platform/windows/code_page.h"
+#include "platform/windows/wide.h"
 #include "ui/windows/names.h"
-#include "ui/windows/system_functions.h"
 #include "ui/windows/window.h"
 
 namespace orvenza {
@@ -29,7 +30,7 @@ NOTIFYICONDATAA IconRecord(HWND owner, const std::string& tip) {
   record.uFlags = kIconFields;
   record.uCallbackMessage = kIconMessage;
   record.hIcon = ProgramIcon(GetSystemMetrics(SM_CXSMICON));
-  ToAnsi(tip).copy(record.szTip, kTipField - 1);
+  ToCodePage(ToWide(tip)).bytes.copy(record.szTip, kTipField - 1);
   return record;
 }
 

@@ -4,6 +4,8 @@
 // After windows.h, on which it builds.
 #include <mmsystem.h>
 
+#include "platform/system_error.h"
+#include "platform/windows/code_page.h"
 #include "platform/windows/wide.h"
 #include "ui/windows/dpi.h"
 #include "ui/windows/names.h"
@@ -14,9 +16,13 @@ namespace {
 
 void PlayDing(const std::string& programFolder, const SoundPlayer& play) {
   const std::string path = programFolder + "\\ding.wav";
-  // Without the file the system would play a sound of its own.
+  // Instead of a file that it does not find the system would play a sound of its own.
   if (GetFileAttributesW(ToWide(path).c_str()) == INVALID_FILE_ATTRIBUTES) return;
-  play(ToAnsi(path).c_str(), SND_ASYNC);
+  try {
+    play(CodePagePath(path).c_str(), SND_ASYNC);
+  } catch (const SystemError&) {
+    // No spelling of the path would reach the file.
+  }
 }
 
 /// The image's place in the row of four: stop, question, exclamation, information.

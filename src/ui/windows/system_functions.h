@@ -2,9 +2,6 @@
 
 #include <windows.h>
 
-#include <string>
-#include <string_view>
-
 namespace orvenza {
 
 /// A function that not every system has; null where it is missing.
@@ -14,8 +11,5 @@ Function FindFunction(const wchar_t* library, const char* name) {
   if (module == nullptr) return nullptr;
   return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
 }
-
-/// UTF-8 text for functions that take the system's code page; characters it lacks become "?".
-std::string ToAnsi(std::string_view text);
 
 }  // namespace orvenza
