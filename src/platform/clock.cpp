@@ -16,4 +16,11 @@ std::string TimeDigits(const LocalTime& time) {
   return digits;
 }
 
+std::string FixedStamp(const LocalTime& time) {
+  char text[80];
+  std::snprintf(text, sizeof text, "%02d/%02d/%04d %02d:%02d:%02d", time.day, time.month, time.year,
+                time.hour, time.minute, time.second);
+  return text;
+}
+
 }  // namespace orvenza

@@ -23,6 +23,8 @@ struct LocalTime {
 std::string DateDigits(const LocalTime& time);
 /// "hhmmss", 24-hour.
 std::string TimeDigits(const LocalTime& time);
+/// "dd/mm/yyyy hh:mm:ss".
+std::string FixedStamp(const LocalTime& time);
 
 /// What the program knows of time.
 class Clock {

@@ -57,6 +57,9 @@ class Files {
   virtual void CopyModified(const std::string& from, const std::string& to) = 0;
 };
 
+/// Ending of a file that is still being written beside its target. Listings never show such names.
+inline constexpr std::string_view kUnfinishedSuffix = ".orv~";
+
 /// The first `limit` bytes of a file, all of them when it is shorter. Throws SystemError.
 std::string ReadWhole(const Files& files, const std::string& path,
                       std::size_t limit = std::numeric_limits<std::size_t>::max());

@@ -1,7 +1,6 @@
 #include "simulator/virtual_clock.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
 #include "platform/system_error.h"
@@ -40,12 +39,7 @@ void VirtualClock::SetTimeOfDay(int hour, int minute, int second) {
   if (observer_) observer_(time);
 }
 
-std::string VirtualClock::Stamp(const LocalTime& time) const {
-  char text[80];
-  std::snprintf(text, sizeof text, "%02d/%02d/%04d %02d:%02d:%02d", time.day, time.month, time.year,
-                time.hour, time.minute, time.second);
-  return text;
-}
+std::string VirtualClock::Stamp(const LocalTime& time) const { return FixedStamp(time); }
 
 void VirtualClock::Dispatch() {
   const auto end = nextOrder_;

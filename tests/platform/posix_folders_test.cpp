@@ -246,12 +246,6 @@ TEST_F(PosixFoldersTest, KnowsMissingDrives) {
   EXPECT_TRUE(folders.DriveAvailable(folder.Path()));
 }
 
-TEST(SettingsPath, HasBackslashesOnly) {
-  EXPECT_EQ(SettingsPath("/home/x/data/*.txt"), "\\home\\x\\data\\*.txt");
-  EXPECT_EQ(SettingsPath("/home\\x\\"), "\\home\\x\\");
-  EXPECT_EQ(SettingsPath(""), "");
-}
-
 TEST(LocalTimes, AgreeWithTheSystemAroundChangesOfTheOffset) {
   for (const char* name :
        {"CET-1CEST,M3.5.0,M10.5.0/3", "NST3:30NDT,M3.2.0,M11.1.0", "UTC0", "AAA-14", "YYY+12"}) {

@@ -226,11 +226,5 @@ TEST_F(WindowsFoldersTest, KnowsWhichDrivesCanBeUsed) {
   EXPECT_TRUE(folders.DriveAvailable("\\storico\\"));
 }
 
-TEST(SettingsPath, HasBackslashesOnly) {
-  EXPECT_EQ(SettingsPath("C:/shop\\data/*.txt"), "C:\\shop\\data\\*.txt");
-  EXPECT_EQ(SettingsPath("//server/share/"), "\\\\server\\share\\");
-  EXPECT_EQ(SettingsPath(""), "");
-}
-
 }  // namespace
 }  // namespace orvenza::test

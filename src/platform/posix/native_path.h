@@ -5,9 +5,6 @@
 
 namespace orvenza {
 
-/// Ending of a file that is still being written beside its target. Listings never show such names.
-inline constexpr std::string_view kUnfinishedSuffix = ".orv~";
-
 /// The drive ("Z:") or server share ("\\server\share") that `path` begins with, as it is spelled. Such a path
 /// lies on a drive that this system does not have. Empty for every other path.
 std::string MissingDrive(std::string_view path);

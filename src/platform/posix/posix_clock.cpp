@@ -1,7 +1,6 @@
 #include "platform/posix/posix_clock.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <ctime>
 
 #include "platform/posix/local_times.h"
@@ -46,11 +45,6 @@ void PosixClock::SetTimeOfDay(int hour, int minute, int second) {
   if (::clock_settime(CLOCK_REALTIME, &time) != 0) throw SystemError(error_number::kPermissionDenied);
 }
 
-std::string PosixClock::Stamp(const LocalTime& time) const {
-  char text[80];
-  std::snprintf(text, sizeof text, "%02d/%02d/%04d %02d:%02d:%02d", time.day, time.month, time.year,
-                time.hour, time.minute, time.second);
-  return text;
-}
+std::string PosixClock::Stamp(const LocalTime& time) const { return FixedStamp(time); }
 
 }  // namespace orvenza

@@ -4,12 +4,12 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <memory>
 #include <string_view>
 
+#include "platform/files.h"
 #include "platform/name_mask.h"
 #include "platform/posix/descriptor.h"
 #include "platform/posix/local_times.h"
@@ -109,10 +109,5 @@ void PosixFolders::Rename(const std::string& from, const std::string& to) {
 std::string PosixFolders::DriveOf(const std::string& path) const { return MissingDrive(path); }
 
 bool PosixFolders::DriveAvailable(const std::string& path) const { return MissingDrive(path).empty(); }
-
-std::string SettingsPath(std::string text) {
-  std::replace(text.begin(), text.end(), '/', '\\');
-  return text;
-}
 
 }  // namespace orvenza

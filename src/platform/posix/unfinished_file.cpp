@@ -4,6 +4,7 @@
 
 #include <cstdio>
 
+#include "platform/files.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_error.h"
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/files.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/windows_error.h"
 #include "platform/windows/windows_paths.h"

@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <array>
-#include <cstdio>
 
 #include "platform/system_error.h"
 #include "platform/windows/local_times.h"
@@ -18,13 +17,6 @@ SYSTEMTIME SystemLocalTime() {
   SYSTEMTIME now{};
   ::GetLocalTime(&now);
   return now;
-}
-
-std::string FixedStamp(const LocalTime& time) {
-  char text[80];
-  std::snprintf(text, sizeof text, "%02d/%02d/%04d %02d:%02d:%02d", time.day, time.month, time.year,
-                time.hour, time.minute, time.second);
-  return text;
 }
 
 }  // namespace

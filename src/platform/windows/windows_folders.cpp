@@ -1,8 +1,8 @@
 #include "platform/windows/windows_folders.h"
 
-#include <algorithm>
 #include <string_view>
 
+#include "platform/files.h"
 #include "platform/name_mask.h"
 #include "platform/system_error.h"
 #include "platform/windows/folder_entry.h"
@@ -81,11 +81,6 @@ std::string WindowsFolders::DriveOf(const std::string& path) const { return Driv
 bool WindowsFolders::DriveAvailable(const std::string& path) const {
   const std::string drive = DriveIn(path);
   return drive.empty() || Exists(drive + "\\");
-}
-
-std::string SettingsPath(std::string text) {
-  std::replace(text.begin(), text.end(), '/', '\\');
-  return text;
 }
 
 }  // namespace orvenza

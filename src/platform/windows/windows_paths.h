@@ -5,9 +5,6 @@
 
 namespace orvenza {
 
-/// Ending of a file that is still being written beside its target. Listings never show such names.
-inline constexpr std::string_view kUnfinishedSuffix = ".orv~";
-
 /// The drive ("C:") or server share ("\\server\share") that `path` begins with, as it is spelled. Empty for a
 /// path without either.
 std::string DriveIn(std::string_view path);
