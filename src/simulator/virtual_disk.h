@@ -34,7 +34,8 @@ enum class DiskAct {
   kFolderRenamed,  ///< `path` to `target`.
 };
 
-/// One operation of the program that changed something, told once it is done. The views end with the call.
+/// One operation of the program that changed more than a file's time, told once it is done. The views end
+/// with the call.
 struct DiskEvent {
   DiskAct act;
   std::string_view path;  ///< As the program spelled it.
