@@ -131,19 +131,17 @@ TEST(HeldFile, ThatIsGivenUpIsCopiedToTheAbortFolderOnce) {
   EXPECT_FALSE(shop.folder.Has("data\\abort\\0001.txt.abort.1.txt"));
 }
 
-TEST(HeldFile, InTheAbortFolderKeepsTheNextOfItsNameWaiting) {
+TEST(HeldFile, InTheAbortFolderKeepsItsName) {
   const Shop shop("on 1004 reply ERR08\n");
   shop.folder.Write("data\\abort\\0001.txt.abort.txt", kBread);
   HeldFile held(shop, "data\\abort\\0001.txt.abort.txt", 0);
   shop.Drop("0001.txt", kCoffee);
   const Till till(shop);
   GiveUp(till);
-  shop.Drop("0002.txt", kBread);
-  till.AwaitArchived("1.txt", kBread);
-  EXPECT_EQ(shop.folder.Read("data\\inproces\\0001.txt"), kCoffee);
+  till.Await("the copy", [&] { return shop.folder.Read("data\\abort\\0001.txt.abort.1.txt") == kCoffee; });
+  till.Await("the ticket to go", [&] { return !shop.folder.Has("data\\inproces\\0001.txt"); });
   held.LetGo();
-  till.Await("the copy", [&] { return shop.folder.Read("data\\abort\\0001.txt.abort.txt") == kCoffee; });
-  EXPECT_EQ(shop.folder.Read("data\\abort\\0001.txt.abort.1.txt"), kBread);
+  EXPECT_EQ(shop.folder.Read("data\\abort\\0001.txt.abort.txt"), kBread);
 }
 
 TEST(HeldFile, OfSeveralTicketsIsSplitAndPrintedOnceItIsLetGo) {
