@@ -7,23 +7,18 @@
 
 namespace orvenza {
 
-namespace {
+Journals::Journals(Files& files, Clock& clock, AppSettings& settings, const std::string& programFolder)
+    : files_(files),
+      clock_(clock),
+      settings_(settings),
+      logFallback_(programFolder + "\\" + kLogFallback),
+      errFallback_(programFolder + "\\" + kErrFallback) {}
 
-/// Exactly three characters are cut, whatever the extension.
-std::string BakOf(const std::string& path) { return path.substr(0, path.size() - 3) + "Bak"; }
-
-}  // namespace
-
-Journals::Journals(Files& files, Clock& clock, AppSettings& settings, std::string programFolder)
-    : files_(files), clock_(clock), settings_(settings), programFolder_(std::move(programFolder)) {}
-
-void Journals::WrLog(std::string& message) {
-  Write(settings_.LogPath, message, "WrLog", programFolder_ + "\\log.txt");
-}
+void Journals::WrLog(std::string& message) { Write(settings_.LogPath, message, "WrLog", logFallback_); }
 
 void Journals::WrErr(std::string& message) {
-  if (settings_.ErrPath.empty()) settings_.ErrPath = programFolder_ + "\\error.txt";
-  Write(settings_.ErrPath, message, "WrErr", programFolder_ + "\\error.txt");
+  if (settings_.ErrPath.empty()) settings_.ErrPath = errFallback_;
+  Write(settings_.ErrPath, message, "WrErr", errFallback_);
 }
 
 void Journals::WrFailure(std::string_view label, int number, std::string_view description) {
@@ -47,8 +42,8 @@ bool Journals::Attempt(std::string_view label, const std::function<void()>& step
 }
 
 std::vector<std::string> Journals::Paths() const {
-  std::vector<std::string> paths{programFolder_ + "\\log.txt", programFolder_ + "\\error.txt"};
-  for (const std::string& path : {settings_.LogPath, settings_.ErrPath}) {
+  std::vector<std::string> paths;
+  for (const std::string& path : {settings_.LogPath, settings_.ErrPath, logFallback_, errFallback_}) {
     if (!path.empty()) paths.insert(paths.end(), {path, BakOf(path)});
   }
   return paths;

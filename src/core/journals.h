@@ -13,14 +13,21 @@ namespace orvenza {
 
 /// The two journals of the program folder: `Log.txt` (activity) and `Err.txt` (errors). Every line is on its
 /// way to the disk when a call returns; no call ever fails. Their paths are `LogPath` and `ErrPath` of the
-/// settings; before those are read, errors go to "error.txt" and activity to the fallback file "log.txt".
+/// settings; before those are read, lines go to the fallback files.
 class Journals {
  public:
   /// Length in bytes above which a journal is moved to its "Bak" copy before the next line.
   static constexpr std::uintmax_t kRotationSize = 250000;
 
+  /// Files of the program folder for lines that the journals do not take.
+  static constexpr const char* kLogFallback = "log.txt";
+  static constexpr const char* kErrFallback = "error.txt";
+
+  /// The "Bak" copy of the journal `path`, whatever the extension.
+  static std::string BakOf(const std::string& path) { return path.substr(0, path.size() - 3) + "Bak"; }
+
   /// `programFolder` without a trailing "\".
-  Journals(Files& files, Clock& clock, AppSettings& settings, std::string programFolder);
+  Journals(Files& files, Clock& clock, AppSettings& settings, const std::string& programFolder);
 
   /// Appends one line to the activity log. On return `message` holds the stamped line.
   void WrLog(std::string& message);
@@ -37,7 +44,8 @@ class Journals {
   /// and the caller goes on with its next step. Returns whether the step ran to its end. ProgramEnd passes.
   bool Attempt(std::string_view label, const std::function<void()>& step);
 
-  /// The files that the journals are written to, and their "Bak" copies. Some may not be there.
+  /// The files that the journals and their fallbacks are written to, and their "Bak" copies. Some may not
+  /// be there.
   std::vector<std::string> Paths() const;
 
  private:
@@ -48,7 +56,8 @@ class Journals {
   Files& files_;
   Clock& clock_;
   AppSettings& settings_;
-  std::string programFolder_;
+  std::string logFallback_;
+  std::string errFallback_;
 };
 
 }  // namespace orvenza

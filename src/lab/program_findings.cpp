@@ -56,15 +56,14 @@ void AddLog(Findings& findings, const Installation& shop, const std::string& pat
   }
   const std::uintmax_t size = shop.files.Size(path);
   if (size <= kNearRotation) return;
-  const std::string copy = path.substr(0, path.size() - 3) + "Bak";
   findings.push_back({Severity::kNote, "log.rotation",
                       NameOf(path) + " has " + SizeText(size) + "; above " +
-                          SizeText(Journals::kRotationSize) + " it becomes " + NameOf(copy) +
+                          SizeText(Journals::kRotationSize) + " it becomes " + NameOf(Journals::BakOf(path)) +
                           ", and what was there is gone."});
 }
 
 void AddErrorsOfToday(Findings& findings, const Installation& shop) {
-  const std::string path = shop.paths.AppPath + "\\Err.txt";
+  const std::string& path = shop.Settings().ErrPath;
   const std::size_t count = shop.files.Exists(path) ? CountLinesOfToday(shop, path) : 0;
   if (count == 0) return;
   findings.push_back({Severity::kWarning, "log.errors-today",
@@ -73,10 +72,9 @@ void AddErrorsOfToday(Findings& findings, const Installation& shop) {
 }
 
 void AddLogs(Findings& findings, const Installation& shop) {
-  const std::string& app = shop.paths.AppPath;
-  for (const char* name : {"\\Log.txt", "\\Err.txt"}) {
+  for (const std::string& path : {shop.Settings().LogPath, shop.Settings().ErrPath}) {
     try {
-      AddLog(findings, shop, app + name);
+      AddLog(findings, shop, path);
     } catch (const SystemError&) {
       // Gone since it was found.
     }
@@ -87,7 +85,7 @@ void AddLogs(Findings& findings, const Installation& shop) {
     findings.push_back({Severity::kWarning, "log.unreadable", "Err.txt cannot be read.",
                         "Close the program that keeps it open, or give this user the right to read it."});
   }
-  if (shop.files.Exists(app + "\\error.txt")) {
+  if (shop.files.Exists(shop.paths.AppPath + "\\" + Journals::kErrFallback)) {
     findings.push_back(
         {Severity::kNote, "log.fallback",
          "error.txt holds errors from before the settings were read, or that Err.txt did not take."});
@@ -98,7 +96,7 @@ void AddLogs(Findings& findings, const Installation& shop) {
 }
 
 void AddCommandFile(Findings& findings, const Installation& shop) {
-  const std::string path = shop.paths.AppPath + "\\command.txt";
+  const std::string& path = shop.Settings().CommandFilePath;
   if (!shop.files.Exists(path)) return;
   try {
     if (!AsksToQuit(shop.files, path)) {

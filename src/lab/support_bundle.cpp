@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "core/catalogue.h"
+#include "core/journals.h"
 #include "core/text.h"
 #include "core/version.h"
 #include "lab/diagnosis.h"
@@ -80,11 +81,16 @@ class Collector {
   }
 
   void AddLogs() {
-    for (const char* expected : {"Log.txt", "Log.Bak", "Err.txt", "Err.Bak", "error.txt", "error.Bak"}) {
-      AddLog(expected, expected);
+    const std::string folder = shop_.paths.AppPath + "\\";
+    const std::string& log = shop_.Settings().LogPath;
+    for (const std::string& path : {log, shop_.Settings().ErrPath, folder + Journals::kErrFallback}) {
+      const std::string copy = Journals::BakOf(path);
+      AddLog(path, NameOf(path));
+      AddLog(copy, NameOf(copy));
     }
     // Where letter case counts, lines that a log did not take are in a file of their own.
-    if (IsListed("Log.txt") && IsListed("log.txt")) AddLog("log.txt", "fallback-log.txt");
+    const std::string fallback = folder + Journals::kLogFallback;
+    if (IsListed(log) && IsListed(fallback)) AddLog(fallback, "fallback-log.txt");
   }
 
   void AddTickets() {
@@ -117,18 +123,17 @@ class Collector {
     }
   }
 
-  bool IsListed(const std::string& name) const {
+  bool IsListed(const std::string& path) const {
     try {
-      const FolderListing listing = shop_.folders.ListFolder(shop_.paths.AppPath + "\\" + name);
+      const FolderListing listing = shop_.folders.ListFolder(path);
       return std::any_of(listing.begin(), listing.end(),
-                         [&](const auto& entry) { return entry.name == name; });
+                         [&](const auto& entry) { return entry.name == NameOf(path); });
     } catch (const SystemError&) {
       return false;
     }
   }
 
-  void AddLog(const std::string& file, const std::string& name) {
-    const std::string path = shop_.paths.AppPath + "\\" + file;
+  void AddLog(const std::string& path, const std::string& name) {
     if (!shop_.files.Exists(path)) {
       entries_.push_back(Missing("logs/" + name, "does not exist"));
       return;

@@ -100,7 +100,7 @@ TEST(Polling, TakesNumbersInNamesByTheirValue) {
 TEST(Polling, MakesNoTicketsOfTheProgramsOwnFiles) {
   const std::pair<const char*, Lines> kOwn[] = {
       {"*.txt", {"command.txt", "Log.txt", "ERR.TXT", "error.txt"}},
-      {"*.bak", {"Log.Bak", "Err.Bak"}},
+      {"*.bak", {"Log.Bak", "Err.Bak", "error.Bak"}},
   };
   for (const auto& [mask, names] : kOwn) {
     Shop shop;
