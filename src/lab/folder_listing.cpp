@@ -5,6 +5,7 @@
 
 #include "lab/wording.h"
 #include "platform/system_error.h"
+#include "tickets/historic_rotation.h"
 
 namespace orvenza {
 namespace {
@@ -19,18 +20,12 @@ FolderListing Sorted(const Installation& shop, const std::string& pattern) {
 
 /// The historic folder of the latest earlier day, with a "\" at its end; "" for none.
 std::string LatestEarlierDay(const Installation& shop) {
-  const std::string historic = shop.Settings().HistoricFolder;
-  if (historic.empty()) return {};
-  const std::string base = historic.substr(0, historic.size() - 1);
   try {
-    const FolderListing days = Sorted(shop, base + "_*");
-    const auto last =
-        std::find_if(days.rbegin(), days.rend(), [](const FolderEntry& e) { return e.isFolder; });
-    if (last != days.rend()) return base.substr(0, base.rfind('\\') + 1) + last->name + "\\";
+    const std::vector<std::string> days = EarlierDays(shop.folders, shop.Settings().HistoricFolder);
+    return days.empty() ? std::string() : days.back();
   } catch (const SystemError&) {
-    // The folder above is missing too.
+    return {};  // the folder above is missing too
   }
-  return {};
 }
 
 /// Each folder once, though settings may name one of them twice.

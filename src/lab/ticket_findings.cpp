@@ -80,11 +80,9 @@ void AddAborted(Findings& findings, const Installation& shop) {
                       "abort.receipts", fact, "Settle each with the shop: print it anew, or move it away."});
 }
 
-/// Folders that earlier days were renamed to.
-std::size_t EarlierDays(const Installation& shop) {
-  const std::string& historic = shop.Settings().HistoricFolder;
+std::size_t CountEarlierDays(const Installation& shop) {
   try {
-    return shop.folders.ListFolder(historic.substr(0, historic.size() - 1) + "_*").size();
+    return EarlierDays(shop.folders, shop.Settings().HistoricFolder).size();
   } catch (const SystemError&) {
     return 0;
   }
@@ -111,7 +109,7 @@ void AddHistoric(Findings& findings, const Installation& shop) {
   std::string fact =
       "The historic folder holds " + CountOf(kept->count, "file") + " of " + SizeText(kept->bytes);
   if (kept->count > 0) fact += ", the oldest " + Age(shop, kept->oldest) + " old";
-  const std::size_t earlier = EarlierDays(shop);
+  const std::size_t earlier = CountEarlierDays(shop);
   if (earlier > 0) fact += "; " + CountOf(earlier, "folder") + " of earlier days beside it";
   findings.push_back({Severity::kOk, "historic.size", fact + "."});
 }

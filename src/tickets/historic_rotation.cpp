@@ -1,6 +1,8 @@
 #include "tickets/historic_rotation.h"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "core/catalogue.h"
 #include "core/create_all_dirs.h"
@@ -34,6 +36,19 @@ LocalTime NewestTicket(const Folders& folders, const std::string& base, const Ap
   return newest;
 }
 
+std::string WithoutEnd(const std::string& folder) {
+  return folder.ends_with('\\') ? folder.substr(0, folder.size() - 1) : folder;
+}
+
+/// Whether the rotation puts `ending` behind a folder's name: "_yyyymmdd" or "_yyyymmdd_hhmmss".
+bool IsOfADay(std::string_view ending) {
+  constexpr std::string_view kForm = "_99999999_999999";
+  constexpr std::size_t kDate = 9;
+  return (ending.size() == kDate || ending.size() == kForm.size()) &&
+         std::equal(ending.begin(), ending.end(), kForm.begin(),
+                    [](char c, char form) { return form == '9' ? c >= '0' && c <= '9' : c == form; });
+}
+
 }  // namespace
 
 bool HistoricHoldsTickets(const AppSettings& settings, const std::string& appPath) {
@@ -44,7 +59,7 @@ bool HistoricHoldsTickets(const AppSettings& settings, const std::string& appPat
 void RotateHistoricFolder(Folders& folders, const Clock& clock, Journals& journals, AppSettings& settings) {
   const std::string historic = settings.HistoricFolder;
   if (historic.empty() || !folders.Exists(historic)) return;
-  const std::string base = historic.ends_with('\\') ? historic.substr(0, historic.size() - 1) : historic;
+  const std::string base = WithoutEnd(historic);
   const LocalTime now = clock.Now();
   const std::string date = DateDigits(NewestTicket(folders, base, settings));
   if (date == DateDigits(now)) return;
@@ -55,6 +70,20 @@ void RotateHistoricFolder(Folders& folders, const Clock& clock, Journals& journa
   if (folders.Exists(historic) || CreateAllDirs(folders, journals, historic)) return;
   journals.WrErr(LoadMessage(195) + " : " + historic);
   settings.HistoricFolder.clear();
+}
+
+std::vector<std::string> EarlierDays(const Folders& folders, const std::string& historic) {
+  if (historic.empty()) return {};
+  const std::string base = WithoutEnd(historic);
+  const std::size_t nameStart = base.rfind('\\') + 1;
+  std::vector<std::string> endings;
+  for (const FolderEntry& entry : folders.ListFolder(base + "_*")) {
+    std::string ending = entry.name.substr(std::min(base.size() - nameStart, entry.name.size()));
+    if (entry.isFolder && IsOfADay(ending)) endings.push_back(std::move(ending));
+  }
+  std::sort(endings.begin(), endings.end());
+  for (std::string& ending : endings) ending = base + ending + "\\";
+  return endings;
 }
 
 }  // namespace orvenza

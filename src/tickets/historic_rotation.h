@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "core/journals.h"
 #include "core/settings.h"
@@ -21,5 +22,9 @@ bool HistoricHoldsTickets(const AppSettings& settings, const std::string& appPat
 /// the historic path is emptied and tickets are not archived in this run. Throws SystemError when the rename
 /// fails (75 for a folder in use), with nothing changed.
 void RotateHistoricFolder(Folders& folders, const Clock& clock, Journals& journals, AppSettings& settings);
+
+/// The folders that it gave the dates of earlier days, with "\" at their ends, the earliest first; none for
+/// an empty `historic`. Throws SystemError.
+std::vector<std::string> EarlierDays(const Folders& folders, const std::string& historic);
 
 }  // namespace orvenza

@@ -136,6 +136,7 @@ TEST_F(Bundle, TakesTheTenLatestTickets) {
 TEST_F(Bundle, LooksAtTheLatestEarlierDayToo) {
   disk.Put(At("storico_20261114\\7.txt"), "4;5;", LocalTime{2026, 11, 14, 10, 0, 0});
   disk.Put(At("storico_20261115\\8.txt"), "4;5;", kYesterday);
+  disk.Put(At("storico_vecchio\\9.txt"), "4;5;", kYesterday);
   EXPECT_EQ(Run(), 0);
   const std::string names = Archive().names;
   EXPECT_EQ(names.substr(names.find("tickets")), "tickets/earlier/8.txt\n");

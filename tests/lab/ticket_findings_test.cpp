@@ -63,6 +63,8 @@ TEST_F(TicketFindings, MeasureTheHistoricFolder) {
   disk.Put(At("storico\\1.txt"), "4;5;", kYesterday);
   disk.Put(At("storico\\2.txt"), "2;1;50;");
   disk.MakeFolder(At("storico_20261114"));
+  disk.MakeFolder(At("storico_vecchio"));
+  disk.Put(At("storico_20261115.zip"), "");
   const std::string inOrder = InOrder();
   EXPECT_NE(
       inOrder.find("ok historic.size: The historic folder holds 2 files of 11 bytes, the oldest 1 day old; 1 "

@@ -193,6 +193,22 @@ TEST_F(RotationTest, ArchivingIsOffWhereTheFolderCannotBeMadeAgain) {
                                "Errore creazione cartella storico scontrini : " + historic}));
 }
 
+TEST_F(RotationTest, EarlierDaysAreTheFoldersThatItMade) {
+  for (const int day : {15, 15, 14}) {
+    Keep("1.txt", 2026y / 11 / day);
+    Rotate();
+  }
+  for (const char* name : {"storico_2026", "storico_vecchio", "storico_20261115_0900", "storico_20261113x",
+                           "storico_2026111a", "storico_20261115-090000", "altro_20261113"}) {
+    MakeFolder(name);
+  }
+  shop.folder.Write("storico_20261112", "");
+  EXPECT_EQ(EarlierDays(shop.folders, settings.HistoricFolder),
+            (Lines{shop.folder.Path("storico_20261114\\"), shop.folder.Path("storico_20261115\\"),
+                   shop.folder.Path("storico_20261115_090000\\")}));
+  EXPECT_EQ(EarlierDays(shop.folders, ""), Lines{});
+}
+
 // Whether the folder may be used at all.
 
 bool Holds(const std::string& tickets, const std::string& historic) {
