@@ -102,8 +102,6 @@ void Connector::LoadMainForm() {
   if (settings_.IniCreated) step([&] { orvConf_.Show(); });
   step([&] { RotateHistoric(); });
   step([&] { link_.OpenDeviceLink(settings_.TimeWaitForEtx); });
-  settings_.InProcessFolder = settings_.TicketFolder + "inproces\\";
-  settings_.AbortFolder = settings_.TicketFolder + "abort\\";
   step([&] { RequireTicketFolder(); });
   step([&] { MakeWorkFolder(settings_.InProcessFolder); });
   step([&] { MakeWorkFolder(settings_.AbortFolder); });

@@ -12,12 +12,10 @@
 namespace orvenza {
 namespace {
 
+using namespace setting;
+
 constexpr const char* kVersion = "Version";
 constexpr const char* kDatabase = "Database";
-constexpr const char* kComSettings = "Com Settings";
-constexpr const char* kGeneral = "General";
-// The key is the whole phrase.
-constexpr const char* kSeparator = "Separator (ascii,max 127)";
 
 bool IsOn(const std::string& text) { return Trim(text) == "1"; }
 
@@ -50,7 +48,7 @@ std::vector<UpgradeStep> UpgradeSteps(const std::string& appPath) {
 
 std::string ReadProfileValue(const ProfileFile& profile, const std::string& path, const std::string& section,
                              const std::string& key, const std::string& fallback) {
-  return FirstCharacters(ToUtf8(profile.Read(path, section, key, fallback)), 99);
+  return FirstCharacters(ToUtf8(profile.Read(path, section, key, fallback)), kLongestValue);
 }
 
 SettingsFile::SettingsFile(ProfileFile& profile, Files& files, Journals& journals, ProgramPaths paths)
@@ -62,8 +60,8 @@ void SettingsFile::WriteDefaultIni() {
       {kDatabase, "TicketFiles", paths_.AppPath + "\\data\\*.txt"},
       {kDatabase, "HistoricTickets", paths_.AppPath + "\\storico\\"},
       {kDatabase, "", "'***** Command File Name = command.txt *****"},
-      {kComSettings, "ComPort", "1"},
-      {kComSettings, "Settings", "19200,O,7,1"},
+      {kComSettings, kComPort, "1"},
+      {kComSettings, kLineSettings, "19200,O,7,1"},
       {kComSettings, "FrameRetry", "3"},
       {kComSettings, "TimeWaitForAck", "10000"},
       {kComSettings, "TimeWaitForEtx", "10000"},
@@ -128,16 +126,18 @@ void SettingsFile::ReadFolders(AppSettings& settings) const {
   const std::size_t maskStart = settings.TicketFilesSpec.rfind('\\') + 1;  // 0 when there is no "\"
   settings.TicketFolder = settings.TicketFilesSpec.substr(0, maskStart);
   settings.TicketMask = settings.TicketFilesSpec.substr(maskStart);
+  settings.InProcessFolder = settings.TicketFolder + "inproces\\";
+  settings.AbortFolder = settings.TicketFolder + "abort\\";
 }
 
 void SettingsFile::ReadComSettings(AppSettings& settings) {
-  settings.ComPortNumber = Integer("ComPort");
-  if (settings.ComPortNumber < 1 || settings.ComPortNumber > 16) {
+  settings.ComPortNumber = Integer(kComPort);
+  if (settings.ComPortNumber < 1 || settings.ComPortNumber > kPorts) {
     settings.ComPortNumber = 1;
-    Repair(kComSettings, "ComPort", "1");
+    Repair(kComSettings, kComPort, "1");
     journals_.WrErr(LoadMessage(159));
   }
-  settings.ComSettings = Text(kComSettings, "Settings");
+  settings.ComSettings = Text(kComSettings, kLineSettings);
   settings.FrameRetry = Integer("FrameRetry");
   settings.TimeWaitForAck = Integer("TimeWaitForAck");
   settings.TimeWaitForEtx = Integer("TimeWaitForEtx");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -52,8 +53,19 @@ struct ProgramPaths {
 /// The layout version that this program reads and writes.
 inline constexpr const char* kIniVersion = "1.06";
 
-/// One value of a settings file in UTF-8 (bytes that are not are read as Windows-1252); at most its first 99
-/// characters are seen.
+/// Sections, keys and limits of the settings file that more than its reader names.
+namespace setting {
+inline constexpr const char* kGeneral = "General";
+inline constexpr const char* kSeparator = "Separator (ascii,max 127)";  ///< The key is the whole phrase.
+inline constexpr const char* kComSettings = "Com Settings";
+inline constexpr const char* kComPort = "ComPort";
+inline constexpr const char* kLineSettings = "Settings";
+inline constexpr int kPorts = 16;                 ///< Port numbers run from 1 to this.
+inline constexpr std::size_t kLongestValue = 99;  ///< Characters of a value that are seen.
+}  // namespace setting
+
+/// One value of a settings file in UTF-8 (bytes that are not are read as Windows-1252), at most its first
+/// `kLongestValue` characters.
 std::string ReadProfileValue(const ProfileFile& profile, const std::string& path, const std::string& section,
                              const std::string& key, const std::string& fallback = {});
 

@@ -136,7 +136,7 @@ bool IsSettingsFile(const Installation& shop, const std::string& path) {
     const std::vector<IniLine> lines = ListIniLines(ReadWhole(shop.files, path, kLargestSettings));
     return std::any_of(lines.begin(), lines.end(), [](const IniLine& line) {
       return line.kind == IniLine::Kind::kSection &&
-             (IsSameIniName(line.name, "Version") || IsSameIniName(line.name, "Com Settings"));
+             (IsSameIniName(line.name, "Version") || IsSameIniName(line.name, setting::kComSettings));
     });
   } catch (const SystemError&) {
     return false;

@@ -63,7 +63,7 @@ const FirstFiles& FilesOfAFirstStart() {
     SettingsFile file(profile, disk.FileSeam(), journals, kPaths);
     file.WriteDefaultIni();
     file.WriteDefaultErrDesc();
-    profile.Write(kPaths.Ini(), "General", "Separator (ascii,max 127)", "59");
+    profile.Write(kPaths.Ini(), setting::kGeneral, setting::kSeparator, "59");
     return FirstFiles{disk.Content(kPaths.Ini()).value_or(""), disk.Content(kPaths.ErrDesc()).value_or("")};
   }();
   return written;

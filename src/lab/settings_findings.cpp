@@ -14,8 +14,6 @@ namespace {
 
 using State = SettingsReview::State;
 
-constexpr std::size_t kLongestValue = 99;
-
 /// "[General] Time Shift".
 std::string NameOf(const std::string& section, const std::string& key) { return "[" + section + "] " + key; }
 
@@ -43,7 +41,7 @@ bool IsPlainNumber(std::string_view found, const std::string& used) {
 /// Whether the connector takes the text of a key for what it says. Folders are only ever completed.
 bool IsTakenAsItStands(const ReviewedKey& key) {
   const std::string found(Trim(key.found));
-  if (key.section == "Database" || key.key == "Settings") return true;
+  if (key.section == "Database" || key.key == setting::kLineSettings) return true;
   return found == key.used || found == Trim(key.written) || IsPlainNumber(found, key.used);
 }
 
@@ -72,9 +70,9 @@ std::optional<Finding> OfKey(const SettingsReview& review, const ReviewedKey& ke
                    is + "; the next start writes " + key.used + " and uses that.",
                    "Write the value that is meant."};
   }
-  if (CountCharacters(key.found) > kLongestValue) {
+  if (CountCharacters(key.found) > setting::kLongestValue) {
     return Finding{Severity::kWarning, "settings.cut",
-                   is + ", of which only " + std::to_string(kLongestValue) + " characters are seen.",
+                   is + ", of which only " + std::to_string(setting::kLongestValue) + " characters are seen.",
                    "Write a shorter value."};
   }
   if (IsTakenAsItStands(key)) return std::nullopt;
@@ -153,7 +151,7 @@ void AddSerial(Findings& findings, const AppSettings& settings) {
 
 void AddSeparator(Findings& findings, const AppSettings& settings) {
   const int code = static_cast<unsigned char>(settings.SeparatorChar);
-  const std::string is = "[General] Separator (ascii,max 127) is " + std::to_string(code);
+  const std::string is = NameOf(setting::kGeneral, setting::kSeparator) + " is " + std::to_string(code);
   const std::string remedy =
       "Write 127, or the code of a character that no ticket holds, such as 59 for \";\".";
   const bool isValue = (code >= '0' && code <= '9') || (code >= 'A' && code <= 'Z') ||

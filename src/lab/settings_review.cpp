@@ -45,8 +45,8 @@ struct UsedValue {
 constexpr UsedValue kUsedValues[] = {
     {"TicketFiles", [](const AppSettings& s) { return s.TicketFilesSpec; }},
     {"HistoricTickets", [](const AppSettings& s) { return s.HistoricFolder; }},
-    {"ComPort", [](const AppSettings& s) { return std::to_string(s.ComPortNumber); }},
-    {"Settings", [](const AppSettings& s) { return s.ComSettings; }},
+    {setting::kComPort, [](const AppSettings& s) { return std::to_string(s.ComPortNumber); }},
+    {setting::kLineSettings, [](const AppSettings& s) { return s.ComSettings; }},
     {"FrameRetry", [](const AppSettings& s) { return std::to_string(s.FrameRetry); }},
     {"TimeWaitForAck", [](const AppSettings& s) { return std::to_string(s.TimeWaitForAck); }},
     {"TimeWaitForEtx", [](const AppSettings& s) { return std::to_string(s.TimeWaitForEtx); }},
@@ -58,7 +58,7 @@ constexpr UsedValue kUsedValues[] = {
     {"TimeWaitForLONGEtx", [](const AppSettings& s) { return std::to_string(s.TimeWaitForLONGEtx); }},
     {"Pc Time Correction", [](const AppSettings& s) { return NumberText(s.PcTimeCorrection); }},
     {"Time Shift", [](const AppSettings& s) { return NumberText(s.TimeShift); }},
-    {"Separator (ascii,max 127)", [](const AppSettings& s) { return std::to_string(s.SeparatorChar); }},
+    {setting::kSeparator, [](const AppSettings& s) { return std::to_string(s.SeparatorChar); }},
     {"Single Quantity", [](const AppSettings& s) { return FlagText(s.SingleQuantity); }},
     {"File Parser", [](const AppSettings& s) { return FlagText(s.FileParser); }},
 };
@@ -134,8 +134,6 @@ SettingsReview ReviewSettings(const ProfileFile& profile, const Files& files, Cl
   review.upgraded = Added(asFound, upToDate);
   review.repaired = Added(upToDate, recording.AllWritten());
   review.settings = start.settings;
-  review.settings.InProcessFolder = review.settings.TicketFolder + "inproces\\";
-  review.settings.AbortFolder = review.settings.TicketFolder + "abort\\";
   if (review.state != SettingsReview::State::kUnreadable) {
     review.keys = ReviewKeys(recording, review, usual.settings);
   }

@@ -39,7 +39,7 @@ struct SettingsReview {
   std::vector<RecordingProfile::Value> repaired;  ///< What reading it would write back.
   std::vector<RecordingProfile::Value> defaults;  ///< Every key that there is, with what a new file holds.
   std::vector<ReviewedKey> keys;                  ///< In the order of `defaults`, without the version.
-  AppSettings settings;                           ///< As the connector would use them, work folders included.
+  AppSettings settings;                           ///< As the connector would use them.
 };
 
 /// Runs the connector's own reading of the settings, with everything that it would write kept in memory.

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <utility>
 
+#include "core/settings.h"
+
 namespace orvenza {
 namespace {
 
@@ -38,7 +40,7 @@ std::string WithPaperOut() { return "register on 1004 paper-out receipt\n" + Rec
 std::string Divided() {
   std::string lines;
   for (const char c : Receipt()) lines += c == ';' ? std::string("<7F>") : std::string(1, c);
-  return "register capacity 2\nsetting [General] Separator (ascii,max 127) = 127\n" + lines;
+  return "register capacity 2\nsetting [General] " + std::string(setting::kSeparator) + " = 127\n" + lines;
 }
 
 std::string Code(int number) {

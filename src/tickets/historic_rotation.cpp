@@ -52,7 +52,7 @@ bool IsOfADay(std::string_view ending) {
 }  // namespace
 
 bool HistoricHoldsTickets(const AppSettings& settings, const std::string& appPath) {
-  return LiesIn(settings.TicketFolder + "inproces\\", settings.HistoricFolder) ||
+  return LiesIn(settings.InProcessFolder, settings.HistoricFolder) ||
          LiesIn(appPath + "\\", settings.HistoricFolder);
 }
 

@@ -15,14 +15,13 @@
 namespace orvenza {
 namespace {
 
-constexpr int kPorts = 16;
 constexpr std::size_t kPort = 0;
 constexpr std::size_t kParity = 2;
 
 /// The lists in their order: port, speed, parity, data bits, stop bits.
 std::array<std::vector<std::string>, 5> Entries() {
   std::vector<std::string> ports;
-  for (int port = 1; port <= kPorts; ++port) ports.push_back("COM" + std::to_string(port));
+  for (int port = 1; port <= setting::kPorts; ++port) ports.push_back("COM" + std::to_string(port));
   return {ports,
           {"1200", "2400", "4800", "9600", "19200", "38400", "57600"},
           {"Odd", "Even", "None"},
@@ -82,7 +81,7 @@ PortContent PortDialog::LoadPortSettingsIntoDialog() const {
     content.labels[list] = LoadMessage(175 + static_cast<int>(list));
     content.selected[list] = FindEntry(content.entries[list], list, parts[list]);
   }
-  const bool listed = settings_.ComPortNumber >= 1 && settings_.ComPortNumber <= kPorts;
+  const bool listed = settings_.ComPortNumber >= 1 && settings_.ComPortNumber <= setting::kPorts;
   content.selected[kPort] = listed ? settings_.ComPortNumber - 1 : -1;
   return content;
 }
@@ -91,7 +90,7 @@ void PortDialog::SavePortSettingsFromDialog(const std::array<int, 5>& selected) 
   const auto lists = Entries();
   if (EntryAt(lists[kPort], selected[kPort])) {
     settings_.ComPortNumber = selected[kPort] + 1;
-    WriteComSetting("ComPort", std::to_string(settings_.ComPortNumber));
+    WriteComSetting(setting::kComPort, std::to_string(settings_.ComPortNumber));
   }
   const std::array<std::string, 5> current = SplitSettings(settings_.ComSettings);
   std::string text;
@@ -102,12 +101,12 @@ void PortDialog::SavePortSettingsFromDialog(const std::array<int, 5>& selected) 
     text.append(text.empty() ? "" : ",").append(part);
   }
   settings_.ComSettings = text;
-  WriteComSetting("Settings", text);
+  WriteComSetting(setting::kLineSettings, text);
 }
 
 void PortDialog::WriteComSetting(const std::string& key, const std::string& value) {
   try {
-    profile_.Write(paths_.Ini(), "Com Settings", key, value);
+    profile_.Write(paths_.Ini(), setting::kComSettings, key, value);
   } catch (const SystemError&) {
     // The link takes the values from `settings_`: the operator's choice holds for this run all the same.
   }

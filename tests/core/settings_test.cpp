@@ -172,6 +172,12 @@ TEST_F(SettingsTest, NumbersAreReadLeniently) {
   EXPECT_EQ(ReadGeneral("Pc Time Correction=never").PcTimeCorrection, 0);
 }
 
+TEST_F(SettingsTest, TheWorkFoldersLieInTheTicketFolder) {
+  Read("[Database]\r\nTicketFiles=D:\\in\\*.txt\r\n");
+  EXPECT_EQ(settings.InProcessFolder, "D:\\in\\inproces\\");
+  EXPECT_EQ(settings.AbortFolder, "D:\\in\\abort\\");
+}
+
 TEST_F(SettingsTest, ThePathsLieInTheProgramFolder) {
   Read("");
   EXPECT_EQ(settings.CommandFilePath, "C:\\shop\\command.txt");

@@ -214,6 +214,7 @@ TEST_F(RotationTest, EarlierDaysAreTheFoldersThatItMade) {
 bool Holds(const std::string& tickets, const std::string& historic) {
   AppSettings settings;
   settings.TicketFolder = tickets;
+  settings.InProcessFolder = tickets + "inproces\\";
   settings.HistoricFolder = historic;
   return HistoricHoldsTickets(settings, "C:\\Program\\Orvenza");
 }
