@@ -39,4 +39,6 @@ std::string NormalisedFolder(const std::string& folder) {
   return text;
 }
 
+std::string FileNameOf(std::string_view path) { return std::string(path.substr(path.rfind('\\') + 1)); }
+
 }  // namespace orvenza

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace orvenza {
 
@@ -8,5 +9,8 @@ namespace orvenza {
 /// level, no "." and no ".." behind a name. It begins with ".\" where it counts from the folder that the
 /// program is started in. A link, and another drive letter for the same place, stay other texts.
 std::string NormalisedFolder(const std::string& folder);
+
+/// The last level of a path: what stands behind its last "\".
+std::string FileNameOf(std::string_view path);
 
 }  // namespace orvenza

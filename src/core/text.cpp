@@ -1,5 +1,6 @@
 #include "core/text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 
@@ -74,6 +75,14 @@ std::string_view Middle(std::string_view text, std::size_t start, std::size_t co
 
 std::string_view Right(std::string_view text, std::size_t count) {
   return text.size() <= count ? text : text.substr(text.size() - count);
+}
+
+bool OnlyDigits(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+std::string_view WithoutLeadingZeros(std::string_view digits) {
+  return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
 }
 
 double LeadingNumber(std::string_view text) {

@@ -22,6 +22,12 @@ std::string_view Middle(std::string_view text, std::size_t start, std::size_t co
 /// The last `count` characters (bytes) of `text`, all of it when it is shorter.
 std::string_view Right(std::string_view text, std::size_t count);
 
+/// Whether there is nothing but digits in `text`, as in an empty one.
+bool OnlyDigits(std::string_view text);
+
+/// `digits` without the zeros that they begin with; "" for zeros only.
+std::string_view WithoutLeadingZeros(std::string_view digits);
+
 /// The number that `text` begins with (sign, digits, decimal point), blanks ignored anywhere; 0 when it
 /// begins with none.
 double LeadingNumber(std::string_view text);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdlib>
 #include <istream>
 #include <ostream>
 
@@ -14,5 +15,11 @@ struct Console {
   bool progress = false;  ///< `err` is a terminal: a line there may be written over.
   bool terminal = false;  ///< `out` is a terminal, whatever it shows.
 };
+
+/// Whether the user's environment does not refuse colours with NO_COLOR.
+inline bool WantsColours() {
+  const char* refused = std::getenv("NO_COLOR");
+  return refused == nullptr || *refused == '\0';
+}
 
 }  // namespace orvenza

@@ -1,5 +1,6 @@
 #include "lab/disk_watch.h"
 
+#include "core/folder_path.h"
 #include "core/text.h"
 #include "lab/scenario.h"
 
@@ -8,11 +9,9 @@ namespace {
 
 constexpr std::string_view kStampForm = "dd/mm/yyyy hh:mm:ss - ";
 
-std::string_view NameOf(std::string_view path) { return path.substr(path.rfind('\\') + 1); }
-
 /// Whether a file lies in `folder`, which ends in "\", itself and not below it.
 bool IsIn(std::string_view path, std::string_view folder) {
-  return !folder.empty() && path.substr(0, path.size() - NameOf(path).size()) == folder;
+  return !folder.empty() && path.substr(0, path.rfind('\\') + 1) == folder;
 }
 
 /// A journal's line without its stamp, which the transcript's own time stands for.
@@ -52,7 +51,7 @@ void DiskWatch::OnDisk(const DiskEvent& event) {
 }
 
 void DiskWatch::OnAppended(const DiskEvent& event) {
-  const std::string name = ToUpperAscii(NameOf(event.path));
+  const std::string name = ToUpperAscii(FileNameOf(event.path));
   const std::string text = Printable(WithoutStamp(event.text));
   if (name == "LOG.TXT")
     transcript_.Add("log", text);
@@ -67,11 +66,11 @@ void DiskWatch::OnMoved(const DiskEvent& event, bool copied) {
   const AppSettings none;
   const AppSettings& settings = settings_ == nullptr ? none : *settings_;
   if (IsIn(event.path, settings.TicketFolder) && IsIn(event.target, settings.InProcessFolder)) {
-    transcript_.Add("taken", std::string(NameOf(event.path)) + how);
+    transcript_.Add("taken", FileNameOf(event.path) + how);
   } else if (IsIn(event.path, settings.InProcessFolder) && IsIn(event.target, settings.HistoricFolder)) {
-    transcript_.Add("archived", std::string(NameOf(event.path)) + " as " + ShownPath(event.target) + how);
+    transcript_.Add("archived", FileNameOf(event.path) + " as " + ShownPath(event.target) + how);
   } else if (IsIn(event.path, settings.InProcessFolder) && IsIn(event.target, settings.AbortFolder)) {
-    transcript_.Add("aborted", std::string(NameOf(event.path)) + " as " + ShownPath(event.target) + how);
+    transcript_.Add("aborted", FileNameOf(event.path) + " as " + ShownPath(event.target) + how);
   } else {
     transcript_.Add(copied ? "copied" : "moved", ShownPath(event.path) + " to " + ShownPath(event.target));
   }

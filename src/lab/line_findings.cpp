@@ -12,14 +12,6 @@ constexpr std::size_t kShownCharacters = 40;
 /// The separator of a new installation. Not printable, but no blank takes its place either.
 constexpr char kUsualSeparator = 127;
 
-bool OnlyDigits(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
-std::string_view WithoutLeadingZeros(std::string_view digits) {
-  return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
-}
-
 /// Whether `digits` are none but zeros.
 bool IsZero(std::string_view digits) { return WithoutLeadingZeros(digits).empty(); }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "core/folder_path.h"
 #include "core/journals.h"
 #include "core/text.h"
 #include "lab/wording.h"
@@ -16,8 +17,6 @@ namespace {
 
 constexpr std::size_t kLargestSettings = IniProfileFile::kLargestFile;
 constexpr std::uintmax_t kNearRotation = Journals::kRotationSize / 10 * 9;
-
-std::string NameOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
 
 /// What every line of today's begins with: the part of a stamp that three times of the day have in common.
 std::string StampOfToday(const Installation& shop) {
@@ -46,20 +45,21 @@ std::size_t CountLinesOfToday(const Installation& shop, const std::string& path)
 void AddLog(Findings& findings, const Installation& shop, const std::string& path) {
   if (!shop.files.Exists(path)) {
     if (shop.machine.MayWrite(SettingsPath(shop.paths.AppPath) + "\\")) return;
-    findings.push_back({Severity::kWarning, "log.readonly", NameOf(path) + " is missing and cannot be made.",
+    findings.push_back({Severity::kWarning, "log.readonly",
+                        FileNameOf(path) + " is missing and cannot be made.",
                         "Give the user of the till the right to write to the program folder."});
     return;
   }
   if (!shop.machine.MayWrite(path)) {
-    findings.push_back({Severity::kWarning, "log.readonly", NameOf(path) + " cannot be written to.",
+    findings.push_back({Severity::kWarning, "log.readonly", FileNameOf(path) + " cannot be written to.",
                         "Give the user of the till the right to write it; clear its read-only mark."});
   }
   const std::uintmax_t size = shop.files.Size(path);
   if (size <= kNearRotation) return;
   findings.push_back({Severity::kNote, "log.rotation",
-                      NameOf(path) + " has " + SizeText(size) + "; above " +
-                          SizeText(Journals::kRotationSize) + " it becomes " + NameOf(Journals::BakOf(path)) +
-                          ", and what was there is gone."});
+                      FileNameOf(path) + " has " + SizeText(size) + "; above " +
+                          SizeText(Journals::kRotationSize) + " it becomes " +
+                          FileNameOf(Journals::BakOf(path)) + ", and what was there is gone."});
 }
 
 void AddErrorsOfToday(Findings& findings, const Installation& shop) {
@@ -148,7 +148,7 @@ void AddOtherSettings(Findings& findings, const Installation& shop) {
   if (shop.review.state != SettingsReview::State::kNew) return;
   try {
     for (const FolderEntry& entry : shop.folders.ListFolder(shop.paths.AppPath + "\\*.ini")) {
-      if (entry.isFolder || IsSameIniName(entry.name, NameOf(shop.paths.ErrDesc()))) continue;
+      if (entry.isFolder || IsSameIniName(entry.name, FileNameOf(shop.paths.ErrDesc()))) continue;
       if (!IsSettingsFile(shop, shop.paths.AppPath + "\\" + entry.name)) continue;
       findings.push_back({Severity::kNote, "settings.other",
                           "There is " + entry.name + ", which a connector of that name reads (--name " +
@@ -163,7 +163,7 @@ void AddIniRights(Findings& findings, const Installation& shop) {
   if (!shop.files.Exists(shop.paths.Ini()) || shop.machine.MayWrite(shop.paths.Ini())) return;
   findings.push_back(
       {Severity::kWarning, "settings.readonly",
-       NameOf(shop.paths.Ini()) + " cannot be written to: the port dialog and repairs have no effect.",
+       FileNameOf(shop.paths.Ini()) + " cannot be written to: the port dialog and repairs have no effect.",
        "Give the user of the till the right to write it; clear its read-only mark."});
 }
 

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "core/catalogue.h"
+#include "core/folder_path.h"
 #include "core/journals.h"
 #include "core/text.h"
 #include "core/version.h"
@@ -71,7 +72,7 @@ class Collector {
 
   void AddSettings() {
     for (const std::string& path : {shop_.paths.Ini(), shop_.paths.ErrDesc()}) {
-      const std::string name = "settings/" + NameOf(path);
+      const std::string name = "settings/" + FileNameOf(path);
       if (!shop_.files.Exists(path)) {
         entries_.push_back(Missing(name, "does not exist"));
         continue;
@@ -85,8 +86,8 @@ class Collector {
     const std::string& log = shop_.Settings().LogPath;
     for (const std::string& path : {log, shop_.Settings().ErrPath, folder + Journals::kErrFallback}) {
       const std::string copy = Journals::BakOf(path);
-      AddLog(path, NameOf(path));
-      AddLog(copy, NameOf(copy));
+      AddLog(path, FileNameOf(path));
+      AddLog(copy, FileNameOf(copy));
     }
     // Where letter case counts, lines that a log did not take are in a file of their own.
     const std::string fallback = folder + Journals::kLogFallback;
@@ -109,8 +110,6 @@ class Collector {
   std::vector<BundleEntry> Take() { return std::move(entries_); }
 
  private:
-  static std::string NameOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
-
   /// Adds what `fill` makes of an entry, or why it could not.
   template <typename Fill>
   void Add(const std::string& name, Fill fill) {
@@ -127,7 +126,7 @@ class Collector {
     try {
       const FolderListing listing = shop_.folders.ListFolder(path);
       return std::any_of(listing.begin(), listing.end(),
-                         [&](const auto& entry) { return entry.name == NameOf(path); });
+                         [&](const auto& entry) { return entry.name == FileNameOf(path); });
     } catch (const SystemError&) {
       return false;
     }

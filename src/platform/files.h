@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace orvenza {
 
@@ -16,6 +17,21 @@ class ByteReader {
 
   /// Reads up to `capacity` bytes and returns how many; 0 at the end of the file. Throws SystemError.
   virtual std::size_t Read(char* buffer, std::size_t capacity) = 0;
+};
+
+/// The bytes of a text.
+class TextBytes : public ByteReader {
+ public:
+  explicit TextBytes(std::string text) : text_(std::move(text)) {}
+  std::size_t Read(char* buffer, std::size_t capacity) override {
+    const std::size_t count = text_.copy(buffer, capacity, next_);
+    next_ += count;
+    return count;
+  }
+
+ private:
+  std::string text_;
+  std::size_t next_ = 0;
 };
 
 /// The file operations of the connector. Paths are UTF-8 texts with "\" between their levels. Every operation

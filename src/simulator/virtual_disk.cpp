@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/folder_path.h"
 #include "core/text.h"
 #include "platform/system_error.h"
 
@@ -191,7 +192,7 @@ VirtualDisk::Node& VirtualDisk::Make(const std::string& path, bool isFolder) {
   const auto [at, isNew] = nodes_.try_emplace(ToUpperAscii(whole));
   Node& node = at->second;
   if (isNew) {
-    node.name = whole.substr(whole.rfind('\\') + 1);
+    node.name = FileNameOf(whole);
     node.isFolder = isFolder;
     node.created = node.modified = clock_.Now();
   }

@@ -1,26 +1,10 @@
 #include <utility>
 
+#include "core/folder_path.h"
 #include "platform/system_error.h"
 #include "simulator/virtual_disk.h"
 
 namespace orvenza {
-namespace {
-
-class TextReader : public ByteReader {
- public:
-  explicit TextReader(std::string text) : text_(std::move(text)) {}
-  std::size_t Read(char* buffer, std::size_t capacity) override {
-    const std::size_t count = text_.copy(buffer, capacity, read_);
-    read_ += count;
-    return count;
-  }
-
- private:
-  std::string text_;
-  std::size_t read_ = 0;
-};
-
-}  // namespace
 
 class VirtualDisk::FilesOfDisk : public Files {
  public:
@@ -34,7 +18,7 @@ class VirtualDisk::FilesOfDisk : public Files {
   std::uintmax_t Size(const std::string& path) const override { return disk_.FileAt(path).content.size(); }
 
   std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const override {
-    return std::make_unique<TextReader>(disk_.Readable(path).content);
+    return std::make_unique<TextBytes>(disk_.Readable(path).content);
   }
 
   void Append(const std::string& path, std::string_view text) override {
@@ -67,7 +51,7 @@ class VirtualDisk::FilesOfDisk : public Files {
       throw SystemError(error_number::kPathFileAccess, from);
     }
     Node& target = disk_.Place(to, from);
-    moved.name = disk_.Spelled(to).substr(disk_.Spelled(to).rfind('\\') + 1);
+    moved.name = FileNameOf(disk_.Spelled(to));
     target = std::move(moved);
     if (disk_.KeyOf(to) != key) disk_.nodes_.erase(key);
     disk_.Tell({DiskAct::kMoved, from, to});

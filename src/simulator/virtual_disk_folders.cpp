@@ -1,5 +1,6 @@
 #include <utility>
 
+#include "core/folder_path.h"
 #include "platform/name_mask.h"
 #include "platform/system_error.h"
 #include "simulator/virtual_disk.h"
@@ -49,7 +50,7 @@ class VirtualDisk::FoldersOfDisk : public Folders {
     if (!disk_.FolderExists(ParentOf(target))) throw SystemError(error_number::kPathNotFound, from);
     if (source.substr(0, 2) != target.substr(0, 2)) throw SystemError(error_number::kPathFileAccess, from);
     auto nodes = TakeOut(source, from);
-    nodes.front().second.name = disk_.Spelled(to).substr(disk_.Spelled(to).rfind('\\') + 1);
+    nodes.front().second.name = FileNameOf(disk_.Spelled(to));
     for (auto& [key, node] : nodes) disk_.nodes_[target + key.substr(source.size())] = std::move(node);
     disk_.Tell({DiskAct::kFolderRenamed, from, to});
   }

@@ -8,18 +8,10 @@
 namespace orvenza {
 namespace {
 
-bool OnlyDigits(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
 /// `text` without the blanks around it; "" when it holds anything but digits.
 std::string_view TrimmedDigits(std::string_view text) {
   const std::string_view trimmed = Trim(text);
   return OnlyDigits(trimmed) ? trimmed : std::string_view{};
-}
-
-std::string_view WithoutLeadingZeros(std::string_view digits) {
-  return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
 }
 
 /// `digits` must be few enough for an int.

@@ -75,10 +75,10 @@ void RotateHistoricFolder(Folders& folders, const Clock& clock, Journals& journa
 std::vector<std::string> EarlierDays(const Folders& folders, const std::string& historic) {
   if (historic.empty()) return {};
   const std::string base = WithoutEnd(historic);
-  const std::size_t nameStart = base.rfind('\\') + 1;
+  const std::size_t nameLength = FileNameOf(base).size();
   std::vector<std::string> endings;
   for (const FolderEntry& entry : folders.ListFolder(base + "_*")) {
-    std::string ending = entry.name.substr(std::min(base.size() - nameStart, entry.name.size()));
+    std::string ending = entry.name.substr(std::min(nameLength, entry.name.size()));
     if (entry.isFolder && IsOfADay(ending)) endings.push_back(std::move(ending));
   }
   std::sort(endings.begin(), endings.end());

@@ -1,6 +1,7 @@
 #include "tickets/line_reader.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orvenza {
 namespace {

@@ -3,26 +3,10 @@
 #include <cstddef>
 #include <memory>
 #include <string>
-#include <utility>
 
 #include "platform/files.h"
 
 namespace orvenza {
-
-/// The bytes of a text.
-class TextBytes : public ByteReader {
- public:
-  explicit TextBytes(std::string text) : text_(std::move(text)) {}
-  std::size_t Read(char* buffer, std::size_t capacity) override {
-    const std::size_t count = text_.copy(buffer, capacity, next_);
-    next_ += count;
-    return count;
-  }
-
- private:
-  std::string text_;
-  std::size_t next_ = 0;
-};
 
 /// Reads a text file line by line in one pass. CR LF, LF and a lone CR all end a line; the last line needs no
 /// end. Any other byte, NUL too, is part of a line.

@@ -5,6 +5,7 @@
 
 #include "core/catalogue.h"
 #include "core/create_all_dirs.h"
+#include "core/folder_path.h"
 #include "core/text.h"
 #include "platform/program_end.h"
 #include "platform/system_error.h"
@@ -16,8 +17,6 @@ namespace {
 constexpr const char* kLabel = "Trasmissione ";
 /// Numbers that a double holds exactly; a longer file name is not one of ours.
 constexpr double kLargestSequenceNumber = 1e15;
-
-std::string NameOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
 
 }  // namespace
 
@@ -68,7 +67,7 @@ bool TicketArchive::HasGone(const std::string& workFile) const {
 }
 
 void TicketArchive::LogNotArchived(const std::string& workFile) {
-  journals_.WrErr("Scontrino stampato ma non archiviato : " + NameOf(workFile));
+  journals_.WrErr("Scontrino stampato ma non archiviato : " + FileNameOf(workFile));
 }
 
 bool TicketArchive::Store(const std::string& workFile, const std::function<std::string()>& target) {
@@ -97,7 +96,7 @@ std::string TicketArchive::NextHistoricPath() const {
 
 std::string TicketArchive::AbortPath(const std::string& workFile) {
   if (!folders_.Exists(settings_.AbortFolder)) folders_.Create(settings_.AbortFolder);
-  const std::string stem = settings_.AbortFolder + NameOf(workFile);
+  const std::string stem = settings_.AbortFolder + FileNameOf(workFile);
   const std::string path = stem + ".abort.txt";
   if (files_.Exists(path)) {
     // Hosts use names again: the older ticket keeps a copy under a number.

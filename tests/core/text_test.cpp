@@ -41,6 +41,19 @@ TEST(Right, TakesTheLastCharacters) {
   EXPECT_EQ(Right("abc", 0), "");
 }
 
+TEST(OnlyDigits, IsFalseForAnyOtherCharacter) {
+  for (const char* text : {"", "0", "0123456789"}) EXPECT_TRUE(OnlyDigits(text)) << text;
+  for (const char* text : {" 1", "1 ", "-1", "1.5", "1/2", "1:2", "\xB2"})
+    EXPECT_FALSE(OnlyDigits(text)) << text;
+}
+
+TEST(WithoutLeadingZeros, LeavesTheOthersAndNothingOfZeros) {
+  EXPECT_EQ(WithoutLeadingZeros("00100"), "100");
+  EXPECT_EQ(WithoutLeadingZeros("5"), "5");
+  EXPECT_EQ(WithoutLeadingZeros("00"), "");
+  EXPECT_EQ(WithoutLeadingZeros(""), "");
+}
+
 TEST(LeadingNumber, ReadsWhatTheTextBeginsWith) {
   struct {
     const char* text;

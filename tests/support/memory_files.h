@@ -20,7 +20,7 @@ class MemoryFiles : public Files {
   bool Exists(const std::string& path) const override { return content.count(path) > 0; }
   std::uintmax_t Size(const std::string& path) const override { return Find(path).size(); }
   std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const override {
-    return std::make_unique<Reader>(Find(path));
+    return std::make_unique<TextBytes>(Find(path));
   }
   void Append(const std::string& path, std::string_view text) override { content[path] += text; }
   void Write(const std::string& path, std::string_view text) override { content[path] = text; }
@@ -40,20 +40,6 @@ class MemoryFiles : public Files {
   }
 
  private:
-  class Reader : public ByteReader {
-   public:
-    explicit Reader(std::string text) : text_(std::move(text)) {}
-    std::size_t Read(char* buffer, std::size_t capacity) override {
-      const std::size_t count = text_.copy(buffer, capacity, at_);
-      at_ += count;
-      return count;
-    }
-
-   private:
-    std::string text_;
-    std::size_t at_ = 0;
-  };
-
   const std::string& Find(const std::string& path) const {
     const auto found = content.find(path);
     if (found == content.end()) throw SystemError(error_number::kFileNotFound, path);

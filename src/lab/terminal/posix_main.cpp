@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 
@@ -18,11 +17,6 @@ namespace {
 std::string HomeFolder() {
   std::error_code unknown;
   return std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path().string();
-}
-
-bool WantsColours() {
-  const char* refused = std::getenv("NO_COLOR");
-  return refused == nullptr || *refused == '\0';
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include <cstdlib>
 #include <iostream>
 
 #include "lab/commands.h"
@@ -14,15 +13,6 @@
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_folders.h"
 #include "platform/windows/windows_profile_file.h"
-
-namespace {
-
-bool WantsColours() {
-  const char* refused = std::getenv("NO_COLOR");
-  return refused == nullptr || *refused == '\0';
-}
-
-}  // namespace
 
 int main() {
   using namespace orvenza;

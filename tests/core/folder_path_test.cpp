@@ -1,0 +1,15 @@
+#include "core/folder_path.h"
+
+#include <gtest/gtest.h>
+
+namespace orvenza::test {
+namespace {
+
+TEST(FileNameOf, IsWhatStandsBehindTheLastBackslash) {
+  EXPECT_EQ(FileNameOf("C:\\shop\\1.txt"), "1.txt");
+  EXPECT_EQ(FileNameOf("1.txt"), "1.txt");
+  EXPECT_EQ(FileNameOf("C:\\shop\\"), "");
+}
+
+}  // namespace
+}  // namespace orvenza::test
