@@ -21,6 +21,11 @@ int ValueOf(std::string_view digits) {
   return value;
 }
 
+bool IsInRange(std::string_view digits, const ValueForm& form) {
+  const int value = ValueOf(digits);
+  return value >= form.lowest && value <= form.highest;
+}
+
 std::string PadZeros(std::string_view digits, std::size_t width) {
   std::string padded(width - std::min(width, digits.size()), '0');
   return padded.append(digits);
@@ -30,9 +35,7 @@ std::string FormatDigits(std::string_view text, const ValueForm& form) {
   const auto width = static_cast<std::size_t>(form.width);
   const std::string_view digits = Right(TrimmedDigits(text), width);
   if (digits.empty()) return {};
-  const int value = ValueOf(digits);
-  if (value < form.lowest || value > form.highest) return std::string(form.outside);
-  return PadZeros(digits, width);
+  return IsInRange(digits, form) ? PadZeros(digits, width) : std::string(form.outside);
 }
 
 std::string FormatAmount(std::string_view text, const ValueForm& form) {
@@ -42,15 +45,16 @@ std::string FormatAmount(std::string_view text, const ValueForm& form) {
 
 std::string FormatNumber(std::string_view text, const ValueForm& form) {
   const auto width = static_cast<std::size_t>(form.width);
-  const std::string_view significant = WithoutLeadingZeros(TrimmedDigits(text));
-  if (significant.empty() || significant.size() > width || ValueOf(significant) > form.highest) return {};
+  const std::string_view digits = TrimmedDigits(text);
+  const std::string_view significant = WithoutLeadingZeros(digits);
+  if (digits.empty() || significant.size() > width || !IsInRange(significant, form)) return {};
   return PadZeros(significant, width);
 }
 
 std::string FormatDigit(std::string_view text, const ValueForm& form) {
   const std::string_view digits = TrimmedDigits(text);
   const std::string_view significant = WithoutLeadingZeros(digits);
-  if (significant.size() > 1 || ValueOf(significant) > form.highest) return {};
+  if (significant.size() > 1 || !IsInRange(significant, form)) return {};
   return std::string(digits);
 }
 

@@ -67,7 +67,6 @@ inline constexpr ValueForm FmtQuantity{ValueKind::kQuantity, 7};
 constexpr ValueForm NumberWithin(int highest) { return {ValueKind::kNumber, 2, 1, highest}; }
 constexpr ValueForm TextOf(int width) { return {ValueKind::kText, width}; }
 
-inline std::string FmtNum2Within(std::string_view text, int highest) { return NumberWithin(highest)(text); }
 inline std::string FmtText(std::string_view text, int width) { return TextOf(width)(text); }
 
 }  // namespace orvenza

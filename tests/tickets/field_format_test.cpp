@@ -111,8 +111,8 @@ TEST(FieldFormat, FmtAmount9PadsAndNeverCuts) {
                          {"98765432109", "98765432109"}});
 }
 
-TEST(FieldFormat, FmtNum2WithinRejectsValuesOutsideAndCutsNothing) {
-  const auto upTo30 = [](std::string_view text) { return FmtNum2Within(text, 30); };
+TEST(FieldFormat, NumberWithinRejectsValuesOutsideAndCutsNothing) {
+  constexpr ValueForm upTo30 = NumberWithin(30);
   ExpectAll(upTo30, {{"1", "01"}, {" 9 ", "09"}, {"10", "10"}, {"30", "30"}, {"05", "05"}, {"005", "05"}});
   ExpectAll(upTo30, {{"0", ""},
                      {"00", ""},
@@ -123,8 +123,14 @@ TEST(FieldFormat, FmtNum2WithinRejectsValuesOutsideAndCutsNothing) {
                      {"1a", ""},
                      {"-1", ""},
                      {"1.", ""}});
-  EXPECT_EQ(FmtNum2Within("5", 5), "05");
-  EXPECT_EQ(FmtNum2Within("6", 5), "");
+  EXPECT_EQ(NumberWithin(5)("5"), "05");
+  EXPECT_EQ(NumberWithin(5)("6"), "");
+}
+
+TEST(FieldFormat, NumbersAndDigitsHaveALowestValueToo) {
+  ExpectAll(ValueForm{ValueKind::kNumber, 2, 5, 30}, {{"4", ""}, {"0", ""}, {"5", "05"}, {"30", "30"}});
+  ExpectAll(ValueForm{ValueKind::kNumber, 2, 0, 30}, {{"", ""}, {"0", "00"}, {"000", "00"}, {"31", ""}});
+  ExpectAll(ValueForm{ValueKind::kDigit, 1, 2, 5}, {{"", ""}, {"1", ""}, {"0", ""}, {"2", "2"}, {"5", "5"}});
 }
 
 TEST(FieldFormat, FmtDigit0to5AcceptsSixDigits) {
