@@ -42,7 +42,9 @@ std::string Usage(const std::string& menu) {
          "It ends through the menu, or when the host writes QUIT into command.txt in the program\n"
          "folder.\n"
          "\n"
-         "Exit status: 0 ended, 2 could not start.\n";
+         "Exit status:\n"
+         "  0  ended, also after a message that says why it cannot start\n"
+         "  2  the command line, the folder or the script cannot be used, or a failure\n";
 }
 
 }  // namespace orvenza

@@ -14,7 +14,7 @@ namespace orvenza {
 /// bounded pause (the one between a printed receipt and its archiving, say) always runs to its end.
 class EventLoop {
  public:
-  /// Longest sleep between two looks at the clock.
+  /// Longest sleep of Slice, and of Wait unless told otherwise.
   static constexpr std::chrono::milliseconds kSlice{10};
 
   EventLoop(Clock& clock, EventPump& pump) : clock_(clock), pump_(pump) {}

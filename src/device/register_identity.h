@@ -16,15 +16,18 @@ inline double ReleaseNumber(std::string_view release) {
   return LeadingNumber(tail);
 }
 
-/// The model whose rules a register of `model` follows: one model is driven exactly as another, on purpose.
+/// A model that is driven exactly as another, on purpose.
+inline constexpr std::string_view kModelDrivenAsAnother = " 40 ZAFRON";
+
+/// The model whose rules a register of `model` follows.
 inline std::string_view DrivenAs(std::string_view model) {
-  return model == " 40 ZAFRON" ? "  MELDANO " : model;
+  return model == kModelDrivenAsAnother ? "  MELDANO " : model;
 }
 
 /// Who the register says it is, learned at start-up. What it says decides how some records are translated.
 struct RegisterIdentity {
   std::string DeviceModel = std::string(10, ' ');  ///< Ten characters, blanks included; blank when unknown.
-  std::string DeviceRelease;                       ///< As the register spells it, ten characters or none.
+  std::string DeviceRelease;                       ///< As the register spells it, at most ten characters.
   double DeviceReleaseNumber = 0;                  ///< ReleaseNumber of DeviceRelease.
 };
 

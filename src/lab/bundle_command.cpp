@@ -32,7 +32,7 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
           .value_or("orvenza-support-" + DateDigits(shop.now) + "-" + TimeDigits(shop.now) + ".zip");
   if (lab.files.Exists(output) || lab.folders.Exists(output)) {
     lab.console.err << "orvenza-lab bundle: " << output << " exists already\n";
-    return kWrongUsage;
+    return kFailed;
   }
   const auto entries = CollectBundle(shop, Diagnose(shop), arguments.Has(kWithDescriptions));
   const std::string archive = Archive(entries);

@@ -60,7 +60,7 @@ std::string Squeezed(std::string_view label) {
 
 std::vector<std::string_view> KnownModels() {
   std::vector<std::string_view> known = ModelsWithRules();
-  known.emplace_back(" 40 ZAFRON");
+  known.push_back(kModelDrivenAsAnother);
   return known;
 }
 

@@ -103,7 +103,7 @@ int RunCommand(const Command& command, const std::vector<std::string>& words, La
   } catch (const std::exception& failure) {
     console.out.flush();
     console.err << kProgram << " " << command.name << ": " << failure.what() << "\n";
-    return kWrongUsage;
+    return kFailed;
   }
 }
 
@@ -141,7 +141,7 @@ int RefuseUsage(Console& console, const std::string& command, const std::string&
   const std::string called = command.empty() ? kProgram : std::string(kProgram) + " " + command;
   console.out.flush();
   console.err << called << ": " << reason << "\nSee '" << called << " --help'.\n";
-  return kWrongUsage;
+  return kFailed;
 }
 
 int RunLab(const std::vector<std::string>& words, const std::vector<Command>& commands,
@@ -149,12 +149,12 @@ int RunLab(const std::vector<std::string>& words, const std::vector<Command>& co
   Console& console = surroundings.console;
   if (words.empty()) {
     console.err << Overview(commands);
-    return kWrongUsage;
+    return kFailed;
   }
   const int status = Run(words, commands, surroundings);
   if (console.out.flush()) return status;
   console.err << kProgram << ": the standard output cannot be written\n";
-  return kWrongUsage;
+  return kFailed;
 }
 
 }  // namespace orvenza

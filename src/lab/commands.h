@@ -44,8 +44,8 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Exit status of a command line that cannot be understood.
-inline constexpr int kWrongUsage = 2;
+/// Exit status of a command line that cannot be understood, and of every failure.
+inline constexpr int kFailed = 2;
 
 /// The commands, in the order of the help page.
 std::vector<Command> Commands();
@@ -53,7 +53,7 @@ std::vector<Command> Commands();
 /// The help page of a command.
 std::string HelpPage(const Command& command);
 
-/// Writes "orvenza-lab: `reason`" and where to read more to the error output; returns kWrongUsage.
+/// Writes "orvenza-lab: `reason`" and where to read more to the error output; returns kFailed.
 int RefuseUsage(Console& console, const std::string& command, const std::string& reason);
 
 /// The program: carries out the command that `words`, those behind the program's name, ask for and returns

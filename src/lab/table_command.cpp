@@ -102,7 +102,7 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
   const auto placed = PlaceTable(document, table);
   if (!placed) {
     lab.console.err << "orvenza-lab table: " << *output << " exists and has no place for a table\n";
-    return kWrongUsage;
+    return kFailed;
   }
   lab.files.Write(*output, *placed);
   return 0;

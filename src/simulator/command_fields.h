@@ -23,7 +23,7 @@ class CommandFields {
   std::int64_t DigitsBetween(std::size_t count, std::int64_t least, std::int64_t most);
 
   /// The two digits that nearly every command begins with.
-  void Operator() { Digits(2); }
+  void OperatorDigits() { Digits(2); }
 
   /// A text of exactly `count` characters; its trailing blanks are left out.
   std::string Text(std::size_t count);

@@ -8,7 +8,7 @@ namespace orvenza {
 
 ItemLine ReadItem(CommandFields& fields) {
   ItemLine item;
-  fields.Operator();
+  fields.OperatorDigits();
   fields.Text(40);
   item.description = fields.Text(16);
   item.quantity = fields.DigitsBetween(7, 1, 9'999'999);
@@ -29,7 +29,7 @@ bool QuantityFits(std::string_view code, std::int64_t quantity) {
 
 PriceChange ReadPriceChange(CommandFields& fields, std::int64_t base) {
   const auto code = fields.Code();
-  fields.Operator();
+  fields.OperatorDigits();
   if (code == "1069" || code == "1070") {
     const std::string name = fields.Text(16);
     return {name, -fields.Digits(9)};
@@ -43,7 +43,7 @@ PriceChange ReadPriceChange(CommandFields& fields, std::int64_t base) {
 
 std::string ReadPaymentName(CommandFields& fields) {
   const auto code = fields.Code();
-  fields.Operator();
+  fields.OperatorDigits();
   if (code == "1036") return "CONTANTI";
   if (code == "1044") return "ASSEGNI";
   if (code == "1073") {
@@ -57,7 +57,7 @@ std::string ReadPaymentName(CommandFields& fields) {
 
 std::string ReadText(CommandFields& fields) {
   const auto code = fields.Code();
-  fields.Operator();
+  fields.OperatorDigits();
   if (code == "1066") return fields.Text(16);
   if (code == "1062") {
     fields.Literal("0");
@@ -81,7 +81,7 @@ void ReadSetting(CommandFields& fields) {
     fields.Literal("01");
     return;
   }
-  fields.Operator();
+  fields.OperatorDigits();
   if (code == "1048" || code == "1075") fields.Digits(9);
   if (code == "1083") fields.DigitsBetween(5, 1, 9999);
   if (code == "1077" || code == "1078") {

@@ -70,20 +70,20 @@ std::string SimulatedRegister::Execute(const std::string& command) {
 }
 
 std::string SimulatedRegister::Status(CommandFields& fields) {
-  fields.Operator();
+  fields.OperatorDigits();
   if (!fields.Complete()) return Refusal(refusal::kMalformed);
   if (paperOut_) return PaperError();
   return ReceiptOpen() ? Refusal(refusal::kNotNow) : Done(fields);
 }
 
 std::string SimulatedRegister::Identity(CommandFields& fields) {
-  fields.Operator();
+  fields.OperatorDigits();
   if (!fields.Complete()) return Refusal(refusal::kMalformed);
   return Done(fields) + profile_.model + profile_.release;
 }
 
 std::string SimulatedRegister::TimeOfDay(CommandFields& fields) {
-  fields.Operator();
+  fields.OperatorDigits();
   if (!fields.Complete()) return Refusal(refusal::kMalformed);
   const LocalTime now = Now();
   char text[80];
@@ -93,7 +93,7 @@ std::string SimulatedRegister::TimeOfDay(CommandFields& fields) {
 }
 
 std::string SimulatedRegister::Restart(CommandFields& fields) {
-  fields.Operator();
+  fields.OperatorDigits();
   if (!fields.Complete()) return Refusal(refusal::kMalformed);
   if (!paperOut_) return Done(fields);
   paperOut_.reset();
@@ -104,7 +104,7 @@ std::string SimulatedRegister::Restart(CommandFields& fields) {
 }
 
 std::string SimulatedRegister::OpenDocument(CommandFields& fields) {
-  fields.Operator();
+  fields.OperatorDigits();
   if (!fields.Complete()) return Refusal(refusal::kMalformed);
   if (ReceiptOpen()) return Refusal(refusal::kNotNow);
   documentOpen_ = true;
@@ -114,7 +114,7 @@ std::string SimulatedRegister::OpenDocument(CommandFields& fields) {
 }
 
 std::string SimulatedRegister::PrintInDocument(CommandFields& fields) {
-  fields.Operator();
+  fields.OperatorDigits();
   fields.DigitsBetween(1, 0, 3);
   const std::string text = fields.Remaining(37);
   if (!fields.Complete()) return Refusal(refusal::kMalformed);
@@ -125,7 +125,7 @@ std::string SimulatedRegister::PrintInDocument(CommandFields& fields) {
 }
 
 std::string SimulatedRegister::CloseDocument(CommandFields& fields) {
-  fields.Operator();
+  fields.OperatorDigits();
   if (!fields.Complete()) return Refusal(refusal::kMalformed);
   if (!documentOpen_) return Refusal(refusal::kOutOfSequence);
   EndDocument("FINE DOCUMENTO");
@@ -134,7 +134,7 @@ std::string SimulatedRegister::CloseDocument(CommandFields& fields) {
 
 std::string SimulatedRegister::MoveCash(CommandFields& fields) {
   const auto code = fields.Code();
-  fields.Operator();
+  fields.OperatorDigits();
   const std::int64_t amount = fields.Digits(9);
   if (!fields.Complete()) return Refusal(refusal::kMalformed);
   if (ReceiptOpen()) return Refusal(refusal::kNotNow);
@@ -148,7 +148,7 @@ std::string SimulatedRegister::MoveCash(CommandFields& fields) {
 
 std::string SimulatedRegister::Report(CommandFields& fields) {
   const std::string code(fields.Code());
-  fields.Operator();
+  fields.OperatorDigits();
   if (code == "2004" || code == "2010") fields.Digits(4);
   if (code == "2002" || code == "2003" || code == "2006") fields.Digits(2);
   if (code == "2008" || code == "2009" || code == "2012") fields.Digits(2);

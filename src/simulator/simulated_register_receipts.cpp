@@ -11,7 +11,7 @@
 namespace orvenza {
 
 std::string SimulatedRegister::Void(CommandFields& fields) {
-  fields.Operator();
+  fields.OperatorDigits();
   if (!fields.Complete()) return Refusal(refusal::kMalformed);
   // A receipt that is being paid cannot be voided any more, only paid to its end.
   if (!ReceiptOpen() || (receipt_ && receipt_->Paying())) return Refusal(refusal::kOutOfSequence);
@@ -74,7 +74,7 @@ std::string SimulatedRegister::ChangeTotal(CommandFields& fields) {
 }
 
 std::string SimulatedRegister::Subtotal(CommandFields& fields) {
-  fields.Operator();
+  fields.OperatorDigits();
   if (!fields.Complete()) return Refusal(refusal::kMalformed);
   if (const auto refused = EntryRefused(); !refused.empty()) return Refusal(refused);
   receipt_->EndItem();
@@ -111,7 +111,7 @@ std::string SimulatedRegister::PrintText(CommandFields& fields) {
 
 std::string SimulatedRegister::SetFootLine(CommandFields& fields) {
   const bool courtesy = fields.Code() == "1067";
-  fields.Operator();
+  fields.OperatorDigits();
   const std::int64_t line = fields.DigitsBetween(2, 1, courtesy ? 5 : 30);
   const std::string text = fields.Remaining(fields.Code() == "1082" ? 37 : 27);
   if (!fields.Complete()) return Refusal(refusal::kMalformed);

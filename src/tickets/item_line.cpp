@@ -18,7 +18,7 @@ std::string_view CodeFor(const ItemRecord& item, std::string_view quantity, bool
 
 }  // namespace
 
-std::string ItemLine(const ItemRecord& item, const NotedFields& f, bool singleQuantity) {
+std::string ItemCommand(const ItemRecord& item, const NotedFields& f, bool singleQuantity) {
   const std::string quantity = f.Format(item.quantity, FmtQuantity);
   // Deliberate: the description is split around the other values, its characters 17 to 20 come last.
   return Join({CodeFor(item, quantity, singleQuantity), f.Format(item.number, FmtNum2Max20), kBlankZone,

@@ -28,6 +28,6 @@ inline constexpr ItemRecord kItemType3{"1015", "1016", "1017", false, 6, 1, 8, 2
 inline constexpr ItemRecord kItemType9{"1009", "1010", "1011", true, 5, 1, 8, 2, 3};
 
 /// The command of an item line, "" when a value is rejected.
-std::string ItemLine(const ItemRecord& item, const NotedFields& f, bool singleQuantity);
+std::string ItemCommand(const ItemRecord& item, const NotedFields& f, bool singleQuantity);
 
 }  // namespace orvenza

@@ -60,7 +60,7 @@ std::string Type1WithoutItem(Record f) {
 }
 
 std::string Type1(Record f, With with) {
-  return f[8] == "-1" ? Type1WithoutItem(f) : ItemLine(kItemType1, f, with.settings.SingleQuantity);
+  return f[8] == "-1" ? Type1WithoutItem(f) : ItemCommand(kItemType1, f, with.settings.SingleQuantity);
 }
 
 std::string Payment(Record f, With) {
@@ -196,13 +196,13 @@ constexpr RecordType kRecordTypes[] = {
     {"0", [](Record f, With) { return Number("1051", f); }},
     {"1", Type1},
     {"2", Payment},
-    {"3", [](Record f, With with) { return ItemLine(kItemType3, f, with.settings.SingleQuantity); }},
+    {"3", [](Record f, With with) { return ItemCommand(kItemType3, f, with.settings.SingleQuantity); }},
     {"4", [](Record f, With) { return Number("1028", f); }},
     {"5", Type5},
     {"6", Type6},
     {"7", Type7},
     {"8", Type8},
-    {"9", [](Record f, With with) { return ItemLine(kItemType9, f, with.settings.SingleQuantity); }},
+    {"9", [](Record f, With with) { return ItemCommand(kItemType9, f, with.settings.SingleQuantity); }},
     {"14", Type14},
     {"15", [](Record f, With) { return NumberAndAmount("1044", f); }},
     {"17", Type17},

@@ -8,7 +8,7 @@ namespace {
 TEST(CommandFields, TakesTheDataApart) {
   CommandFields fields("1073013CARTA           000001250");
   EXPECT_EQ(fields.Code(), "1073");
-  fields.Operator();
+  fields.OperatorDigits();
   EXPECT_EQ(fields.DigitsBetween(1, 0, 5), 3);
   EXPECT_EQ(fields.Text(16), "CARTA");
   EXPECT_FALSE(fields.Complete());
