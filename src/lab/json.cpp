@@ -52,11 +52,6 @@ void JsonWriter::Flag(bool flag) {
   out_ << (flag ? "true" : "false");
 }
 
-void JsonWriter::Null() {
-  BeginValue();
-  out_ << "null";
-}
-
 void JsonWriter::Member(std::string_view key, std::string_view text) {
   Key(key);
   Text(text);

@@ -25,7 +25,6 @@ class JsonWriter {
   void Text(std::string_view text);
   void Number(std::int64_t number);
   void Flag(bool flag);
-  void Null();
 
   /// A key and its value.
   void Member(std::string_view key, std::string_view text);

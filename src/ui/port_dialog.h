@@ -27,8 +27,6 @@ class PortDialog {
   /// stay as they are, in the file too. Never fails.
   void SavePortSettingsFromDialog(const std::array<int, 5>& selected);
 
-  bool IsOpen() const { return open_; }
-
  private:
   void WriteComSetting(const std::string& key, const std::string& value);
 

@@ -40,8 +40,6 @@ class UtilitiesDialog {
   /// goes to the error log.
   bool WriteClosureRequest(int kind);
 
-  bool IsOpen() const { return open_; }
-
  private:
   bool OnButton(int button);
   bool RequestClosure(int kind);

@@ -29,7 +29,7 @@ TEST(JsonWriter, BreaksTheOuterLevelsIntoLines) {
     json.Key("values");
     json.BeginArray();
     json.Number(number);
-    json.Null();
+    json.Number(-number);
     json.EndArray();
     json.EndObject();
   }
@@ -39,8 +39,8 @@ TEST(JsonWriter, BreaksTheOuterLevelsIntoLines) {
             "{\n"
             "  \"name\": \"a\",\n"
             "  \"rows\": [\n"
-            "    {\"number\": 1, \"odd\": true, \"values\": [1, null]},\n"
-            "    {\"number\": 2, \"odd\": false, \"values\": [2, null]}\n"
+            "    {\"number\": 1, \"odd\": true, \"values\": [1, -1]},\n"
+            "    {\"number\": 2, \"odd\": false, \"values\": [2, -2]}\n"
             "  ]\n"
             "}\n");
 }

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ui/fakes.h"
@@ -148,22 +149,19 @@ TEST_F(PortDialogTest, TriesBothValuesAndKeepsThemWhenTheFileCannotBeWritten) {
 }
 
 TEST_F(PortDialogTest, OpensOnceAtATime) {
-  bool openInside = false;
-  person.whileShown = [&] {
-    openInside = dialog.IsOpen();
-    dialog.Show();
+  person.whileShown = [&, again = true]() mutable {
+    if (std::exchange(again, false)) dialog.Show();
   };
-  EXPECT_FALSE(dialog.IsOpen());
   dialog.Show();
-  EXPECT_TRUE(openInside);
-  EXPECT_FALSE(dialog.IsOpen());
   EXPECT_EQ(person.ports.size(), 1U);
 }
 
 TEST_F(PortDialogTest, IsClosedAfterTheProgramEnd) {
   person.whileShown = [] { throw ProgramEnd{true}; };
   EXPECT_THROW(dialog.Show(), ProgramEnd);
-  EXPECT_FALSE(dialog.IsOpen());
+  person.whileShown = {};
+  dialog.Show();
+  EXPECT_EQ(person.ports.size(), 2U);
 }
 
 }  // namespace
