@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/text.h"
+#include "device/logo_check.h"
 #include "lab/arguments.h"
 
 namespace orvenza {
@@ -20,9 +21,6 @@ constexpr const char* kDateExpected = "a date and time such as 16/11/2026 09:00:
 constexpr milliseconds kLongestTime = std::chrono::hours(1000);
 /// Characters of a drive, with which every path of a deed begins.
 constexpr std::size_t kDrive = 2;
-/// Bytes of a logo row, and what comes before the first one.
-constexpr std::size_t kLogoRow = 56;
-constexpr std::size_t kLogoHead = 62;
 
 /// A date and time of exactly 19 characters.
 std::optional<LocalTime> DateIn(std::string_view text) {
@@ -72,14 +70,14 @@ void ReadDatedPath(const ScriptLine& line, const std::string& folder, Deed& deed
 
 /// A bitmap of the shape that a logo has; the bytes of each row are its number from the bottom, from 1.
 std::string LogoBitmap(int rows) {
-  std::string bytes(kLogoHead, '\0');
+  std::string bytes(kLogoDataOffset, '\0');
   bytes.replace(0, 2, "BM");
-  bytes[10] = static_cast<char>(kLogoHead);
-  bytes[18] = static_cast<char>(448 & 0xFF);
-  bytes[19] = static_cast<char>(448 >> 8);
+  bytes[10] = static_cast<char>(kLogoDataOffset);
+  bytes[18] = static_cast<char>(kLogoWidth & 0xFF);
+  bytes[19] = static_cast<char>(kLogoWidth >> 8);
   bytes[22] = static_cast<char>(rows);
   bytes[28] = 1;
-  for (int row = 1; row <= rows; ++row) bytes.append(kLogoRow, static_cast<char>(row));
+  for (int row = 1; row <= rows; ++row) bytes.append(kLogoRowBytes, static_cast<char>(row));
   return bytes;
 }
 

@@ -1,6 +1,7 @@
 #include "lab/settlement_table.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include "lab/settlement_rows.h"
@@ -48,6 +49,7 @@ class Legend {
  private:
   std::string LetterOf(const std::string& line) const {
     const auto place = std::lower_bound(lines_.begin(), lines_.end(), line) - lines_.begin();
+    if (place > 'z' - 'a') throw std::logic_error("more lines of the error log than letters");
     return std::string(1, static_cast<char>('a' + place));
   }
 

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <utility>
 
+#include "device/logo_check.h"
 #include "simulator/calendar.h"
 #include "simulator/command_fields.h"
 #include "simulator/command_layouts.h"
@@ -174,10 +175,12 @@ std::string SimulatedRegister::FiscalClosure(CommandFields& fields) {
 
 std::string SimulatedRegister::LogoRow(CommandFields& fields) {
   fields.Digits(2);
-  fields.DigitsBetween(3, 1, 254);
-  const std::string pixels = fields.Text(112);
+  fields.DigitsBetween(3, 1, kLogoMostRows);
+  constexpr std::size_t kPixelDigits = 2 * kLogoRowBytes;
+  const std::string pixels = fields.Text(kPixelDigits);
   const bool hexadecimal = pixels.find_first_not_of("0123456789ABCDEF") == std::string::npos;
-  if (!fields.Complete() || pixels.size() != 112 || !hexadecimal) return Refusal(refusal::kMalformed);
+  if (!fields.Complete() || pixels.size() != kPixelDigits || !hexadecimal)
+    return Refusal(refusal::kMalformed);
   ++logoRows_;
   return Done(fields);
 }

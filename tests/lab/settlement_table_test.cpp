@@ -65,6 +65,17 @@ TEST(SettlementTable, TakesALineForEachEnd) {
                 "|  | Ristampare | 2 whole | historic | printed twice by choice | a c |\n");
 }
 
+TEST(SettlementTable, HasLettersFor26Lines) {
+  Log lines;
+  for (char c = 'A'; c <= 'Z'; ++c) lines.emplace_back(1U, c);
+  const auto table = [&] {
+    return SettlementTable({At("item", Fault("a"), {End({}, kOnce, Verdict::kFine, lines)})});
+  };
+  EXPECT_NE(table().find("\n| z | Z |\n"), std::string::npos);
+  lines.emplace_back("a");
+  EXPECT_THROW(table(), std::logic_error);
+}
+
 TEST(SettlementTable, SaysAnyWhereTheAnswerDoesNotMatter) {
   EXPECT_EQ(Sections({At("item", Fault("a"), {kGood, End({Answer::kEndProgram}, kOnce, Verdict::kFine)})}),
             "### Item" + kHead + "| a | any | 1 whole | historic | fine |  |\n");
