@@ -84,6 +84,7 @@ void TakePicture(const RECT& place, const wchar_t* name) {
   count = test == lastTest ? count + 1 : 1;
   lastTest = test;
   std::filesystem::create_directories(folder);
+  SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, 0);  // a control below the pointer looks chosen
   Save(CaptureSettled(place), folder / (test + "-" + std::to_string(count) + "-" + ToUtf8(name) + ".bmp"));
 }
 
