@@ -83,6 +83,7 @@ void AddOutages(std::vector<SettlementFault>& faults) {
   faults.push_back({"journal paper ends", {"paper-out journal"}, false, {}, {}});
   faults.push_back({"register off (command lost)", {"silence", "absent 3"}, false, {}, {}});
   faults.push_back({"register off (reply lost)", {"lose-reply", "absent 3"}, false, {}, {}});
+  faults.push_back({"register off (after its reply)", {"absent 3"}, false, {}, {}});
   faults.push_back({"port gone (command lost)", {"silence", "port-fails 2"}, false, {}, {}});
   faults.push_back({"port gone (reply lost)", {"lose-reply", "port-fails 2"}, false, {}, {}});
   faults.push_back({"program ended (command lost)", {"silence"}, false, DeedKind::kMenu, kMeanwhile});
@@ -94,7 +95,7 @@ void AddOutages(std::vector<SettlementFault>& faults) {
 /// Those that a register may well go on with.
 bool MayLast(const SettlementFault& fault) {
   return fault.effects.size() == 1 && !fault.meanwhile && !fault.effects[0].starts_with("late") &&
-         !fault.effects[0].starts_with("paper");
+         !fault.effects[0].starts_with("paper") && !fault.effects[0].starts_with("absent");
 }
 
 }  // namespace
@@ -123,6 +124,7 @@ std::vector<SettlementStep> SettlementSteps() {
       {"line of a document", Document(), "1064", 1},
       {"end of a document", Document(), "1065", 1},
       {"cash movement", Ticket("| 34;0;500;1;\n"), "1031", 1},
+      {"opening status query of a closure", Ticket("| 21;;;;;;;;;\n"), "321701", 1},
       {"fiscal closure", Ticket("| 21;;;;;;;;;\n"), "3001", 1},
       {"fiscal closure with the financial report", Ticket("| 22;;;;;;;;;\n"), "3002", 1},
       {"report", Ticket("| 32;1;1;\n"), "2001", 1},

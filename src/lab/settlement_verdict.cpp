@@ -87,8 +87,9 @@ const std::vector<Prescription>& Prescriptions() {
          return fault.meanwhile == DeedKind::kPowerFails && end.verdict == Verdict::kTwice;
        }},
       {"The reply to a closure or a report is not examined: a failure stands in the error log alone.",
-       [](Step step, Struck, End) {
-         return step.command.starts_with("20") || step.command.starts_with("30");
+       [](Step step, Struck, End end) {
+         const bool isLong = step.command.starts_with("20") || step.command.starts_with("30");
+         return isLong && end.file == FileEnd::kHistoric;
        }},
       {"A status that cannot be read in ten tries counts as \"no receipt open\".",
        [](Step, Struck, End end) { return Logged(end, "Impossibile leggere stato Cash !"); }},
@@ -96,8 +97,9 @@ const std::vector<Prescription>& Prescriptions() {
        [](Step, Struck fault, End) { return Strikes(fault, "link-error 2"); }},
       {"A reply that does not begin with \"ERR\" counts as success, whatever it says.",
        [](Step, Struck fault, End) { return Strikes(fault, "reply ##"); }},
-      {"After paper-out with a receipt open the whole file is printed again, also when a receipt that was "
-       "divided is closed in part already.",
+      {"After paper-out with a receipt open the whole file is printed again, also what is complete "
+       "already: the first part of a receipt that was divided, or what stands before the receipt in its "
+       "file.",
        [](Step, Struck, End end) {
          return end.verdict == Verdict::kTwice && Logged(end, "Ripresa da Fine Carta, annullo Totale");
        }},
@@ -112,6 +114,11 @@ const std::vector<Prescription>& Prescriptions() {
       {"A command that is refused as out of sequence voids the receipt at once, without asking, and the next "
        "line follows.",
        [](Step, Struck, End end) { return Logged(end, "11-Sequenza Errata"); }},
+      {"A closure or a report gives its ticket up where the register was found switched off right before it, "
+       "whatever is answered to the message.",
+       [](Step, Struck, End end) {
+         return end.file == FileEnd::kAbort && Logged(end, "Dispositivo Spento o Non Collegato !");
+       }},
   };
   return all;
 }

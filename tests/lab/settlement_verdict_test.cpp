@@ -89,6 +89,18 @@ TEST(SettlementVerdict, PutsOnlyForbiddenEndsDownToARule) {
   EXPECT_EQ(PrescribedBy(step, fault, end), "");
 }
 
+TEST(SettlementVerdict, PutsAClosureDownToItsReplyOnlyWhereTheTicketCountsAsPrinted) {
+  const SettlementStep step{"fiscal closure", "", "3001", 1};
+  const SettlementFault fault{"reply lost", {"lose-reply"}, false, {}, {}};
+  SettlementEnd end = End({}, 0, 0, FileEnd::kHistoric);
+  end.verdict = Verdict::kLost;
+  EXPECT_TRUE(PrescribedBy(step, fault, end).starts_with("The reply to a closure or a report"));
+  end.file = FileEnd::kAbort;
+  EXPECT_EQ(PrescribedBy(step, fault, end), "");
+  end.log = {"16/11/2026 09:00:05 - Dispositivo Spento o Non Collegato !"};
+  EXPECT_TRUE(PrescribedBy(step, fault, end).starts_with("A closure or a report gives its ticket up"));
+}
+
 TEST(SettlementVerdict, HasNoRuleForALostReply) {
   const SettlementStep step{"item", "", "1003", 1};
   const SettlementFault fault{"reply lost", {"lose-reply"}, false, {}, {}};
