@@ -31,6 +31,9 @@ enum class LinkProperty {
   kPortNumber = 16,
 };
 
+/// The name by which the link control is registered with the system.
+inline constexpr const char* kLinkControlName = "EcrLinkXControl1.EcrLinkX";
+
 /// `EcrLinkX1`: the control that owns the serial line to the register. Framing, acknowledgement and
 /// retransmission are its business. Every member throws SystemError when the control fails.
 class EcrLink {

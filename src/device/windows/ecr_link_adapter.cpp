@@ -9,8 +9,6 @@
 namespace orvenza {
 namespace {
 
-constexpr const wchar_t* kProgId = L"EcrLinkXControl1.EcrLinkX";
-
 namespace member {
 constexpr DISPID kRxMessage = 1;
 constexpr DISPID kSend = 2;
@@ -46,7 +44,7 @@ class EcrLinkAdapter::Hosting {
   LinkControl& Create() {
     try {
       CheckCreation(ole_.Result(), "OLE");
-      control_ = std::make_unique<LinkControl>(kProgId);
+      control_ = std::make_unique<LinkControl>(kLinkControlName);
     } catch (const SystemError& error) {
       refusal_ = error;
       throw;

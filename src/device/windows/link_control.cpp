@@ -3,6 +3,7 @@
 #include "device/windows/com_error.h"
 #include "device/windows/link_text.h"
 #include "platform/system_error.h"
+#include "platform/windows/wide.h"
 
 namespace orvenza {
 namespace {
@@ -51,12 +52,11 @@ bool IsNumber(VARTYPE type) {
 
 }  // namespace
 
-LinkControl::LinkControl(const wchar_t* progId) : site_(MakeCom<ControlSite>(window_.Handle())) {
+LinkControl::LinkControl(const char* name) : site_(MakeCom<ControlSite>(window_.Handle())) {
   CLSID clsid{};
-  CheckCreation(::CLSIDFromProgID(progId, &clsid), "EcrLinkXControl1.EcrLinkX");
+  CheckCreation(::CLSIDFromProgID(ToWide(name).c_str(), &clsid), name);
   void* created = nullptr;
-  CheckCreation(::CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IUnknown), &created),
-                "EcrLinkXControl1.EcrLinkX");
+  CheckCreation(::CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IUnknown), &created), name);
   control_ = ComPtr<IUnknown>::Take(static_cast<IUnknown*>(created));
   members_ = control_.As<IDispatch>();
   if (!members_) CheckCreation(E_NOINTERFACE, "members");

@@ -10,9 +10,9 @@ namespace orvenza {
 /// with the member's number, the failure's number and its description.
 class LinkControl {
  public:
-  /// Creates, hosts and activates the control registered as `progId`, and connects to its events. Throws
+  /// Creates, hosts and activates the control registered as `name`, and connects to its events. Throws
   /// SystemError 429 with the reason.
-  explicit LinkControl(const wchar_t* progId);
+  explicit LinkControl(const char* name);
 
   void SetEvents(EcrLinkEvents* events) { events_.SetEvents(events); }
 

@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "device/ecr_link.h"
 #include "platform/system_error.h"
 #include "platform/windows/unique_handle.h"
 #include "platform/windows/wide.h"
@@ -11,8 +12,6 @@
 
 namespace orvenza {
 namespace {
-
-constexpr const wchar_t* kProgId = L"EcrLinkXControl1.EcrLinkX";
 
 struct RegistryKeyTraits {
   using Value = HKEY;
@@ -82,10 +81,11 @@ ControlState StateOfLibrary(const std::string& path) {
 }  // namespace
 
 ControlRegistration SearchControl() {
-  ControlRegistration found{ControlState::kNoName, ToUtf8(kProgId), {}};
-  const std::wstring classId = ClassText(std::wstring(kProgId) + L"\\CLSID", KEY_WOW64_32KEY);
+  ControlRegistration found{ControlState::kNoName, kLinkControlName, {}};
+  const std::wstring name = ToWide(kLinkControlName);
+  const std::wstring classId = ClassText(name + L"\\CLSID", KEY_WOW64_32KEY);
   if (classId.empty()) {
-    const bool isNamed = !ClassText(kProgId, KEY_WOW64_32KEY).empty();
+    const bool isNamed = !ClassText(name, KEY_WOW64_32KEY).empty();
     if (isNamed) found.state = ControlState::kNoClass;
     return found;
   }
