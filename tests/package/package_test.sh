@@ -40,6 +40,8 @@ for program in Orvenza orvenza-lab; do
   check "that wants the user's own rights" holds $unpacked/Orvenza/$program.exe \
     '<requestedExecutionLevel level="asInvoker" uiAccess="false"/>'
 done
+same "Orvenza forces no data execution prevention on an old control" \
+  "$(i686-w64-mingw32-objdump -p $unpacked/Orvenza/Orvenza.exe | grep NX_COMPAT)" ""
 
 tools/wine.sh --in-root bash tests/package/installed_test.sh "$setup" "$PWD/$unpacked/Orvenza" || failures=$((failures + 1))
 finish
