@@ -27,6 +27,8 @@ class TerminalOperatorTest : public ::testing::Test {
       picked.push_back(item);
       if (menuAction) menuAction();
     });
+    terminal.CreateIcon("Orvenza - 1.0.0");
+    out.str("");
   }
   /// A line that arrives during one of the next waits.
   void Type(const std::string& line) {

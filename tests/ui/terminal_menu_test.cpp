@@ -11,23 +11,21 @@ namespace orvenza::test {
 namespace {
 
 using namespace std::chrono_literals;
-class TerminalMenuTest : public TerminalOperatorTest {
- protected:
-  TerminalMenuTest() {
-    terminal.CreateIcon("Orvenza - 1.0.0");
-    out.str("");
-  }
-};
+using TerminalMenuTest = TerminalOperatorTest;
 
-using TerminalMenuBeforeTheIconTest = TerminalOperatorTest;
-
-TEST_F(TerminalMenuBeforeTheIconTest, DoesNotOpenAndLeavesTheDialogWaiting) {
+TEST_F(TerminalMenuTest, IsNeitherOfferedNorOpenedWithoutTheIcon) {
+  terminal.DeleteIcon();
+  Printed();
   Type("m");
   Type("2");
   EXPECT_EQ(Show(4), 2);
   EXPECT_EQ(Count("Domanda ?"), 2);
   EXPECT_EQ(Count("Il menu si apre quando il programma è in funzione.\n"), 1);
   EXPECT_EQ(picked, std::vector<MenuItem>{});
+  EXPECT_EQ(Count("(solo Invio: Sì; x: chiudi)\n"), 2);
+  EXPECT_EQ(Count("m: menu"), 0);
+  terminal.OnLine("");
+  EXPECT_TRUE(out.str().ends_with("\nNessuna domanda in attesa.\n"));
   terminal.OnLine("m");
   EXPECT_TRUE(out.str().ends_with("Il menu si apre quando il programma è in funzione.\n"));
 }
@@ -140,7 +138,7 @@ TEST_F(TerminalMenuTest, LeavesOtherDialogsOpenWhenMessagesAreClosed) {
 
 TEST_F(TerminalMenuTest, IgnoresFurtherLinesForAMessageThatIsClosedAlready) {
   menuAction = [&] { terminal.CloseMessage(); };
-  pump.events.push_back([this] {
+  pump.events.emplace_back([this] {
     for (const char* line : {"m", "1", "1", "m"}) terminal.OnLine(line);
   });
   EXPECT_EQ(Show(4), 0);
@@ -176,7 +174,7 @@ TEST_F(TerminalMenuTest, LetsAPauseRunToItsEndWhenAMenuItemEndsTheProgram) {
 }
 
 TEST_F(TerminalMenuTest, ThrowsTheProgramEndFromADialogAndForgetsIt) {
-  pump.events.push_back([this] { loop.RequestEnd({true}); });
+  pump.events.emplace_back([this] { loop.RequestEnd({true}); });
   EXPECT_THROW(Show(4), ProgramEnd);
   Printed();
   terminal.OnLine("1");
@@ -187,7 +185,7 @@ TEST_F(TerminalMenuTest, ThrowsTheProgramEndFromNestedDialogs) {
   menuAction = [&] { Show(4); };
   Type("m");
   Type("1");
-  pump.events.push_back([this] { loop.RequestEnd({false}); });
+  pump.events.emplace_back([this] { loop.RequestEnd({false}); });
   EXPECT_THROW(terminal.ShowPortSettings(Ports()), ProgramEnd);
   EXPECT_EQ(Count("| Configurazione"), 1);
   Printed();
@@ -224,7 +222,7 @@ TEST_F(TerminalMenuTest, ClosesWaitingDialogsFromTheInnermostWhenTheInputEnds) {
 }
 
 TEST_F(TerminalMenuTest, TakesTheLastLineBeforeTheEndOfTheInput) {
-  pump.events.push_back([this] {
+  pump.events.emplace_back([this] {
     terminal.OnLine("2");
     terminal.OnEndOfInput();
   });

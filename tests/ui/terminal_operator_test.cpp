@@ -125,6 +125,8 @@ TEST_F(TerminalOperatorTest, TakesNoLineThatCameTogetherWithTheLastAnswer) {
 
 TEST_F(TerminalOperatorTest, SaysThatTheProgramRunsAndThatItEnded) {
   terminal.DeleteIcon();
+  Printed();
+  terminal.DeleteIcon();
   EXPECT_EQ(Printed(), "");
   terminal.CreateIcon("Orvenza - 1.0.0");
   EXPECT_EQ(Printed(), "Orvenza - 1.0.0 in funzione. Menu: m + Invio\n");

@@ -46,7 +46,7 @@ std::vector<std::string> Marked(std::span<const std::string> captions, int selec
 
 /// `enter` is what Enter alone does.
 std::string Prompt(const std::string& enter) {
-  return "Numero + Invio (solo Invio: " + PlainCaption(enter) + "; x: chiudi; m: menu)\n";
+  return "Numero + Invio (solo Invio: " + PlainCaption(enter) + "; x: chiudi)\n";
 }
 
 std::string SelectedEntry(const std::vector<std::string>& entries, int selected) {
@@ -95,7 +95,7 @@ Block DrawPortSettings(const PortContent& content, const std::array<int, 5>& sel
     ++list;
   }
   return {box.Draw(), "Numero + Invio: cambia (solo Invio: " + PlainCaption(content.button) +
-                          "; x: chiudi senza salvare; m: menu)\n"};
+                          "; x: chiudi senza salvare)\n"};
 }
 
 Block DrawPortList(const PortContent& content, std::size_t list, int selected) {

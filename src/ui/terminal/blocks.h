@@ -9,7 +9,7 @@
 namespace orvenza {
 
 /// What the terminal shows of a dialog: the framed box, and the line below that says how to answer it. Both
-/// end in a line feed.
+/// end in a line feed, the prompt in ")" and a line feed.
 struct Block {
   std::string box;
   std::string prompt;

@@ -38,7 +38,7 @@ class TerminalOperator::Dialog {
     Show();
   }
 
-  void Show() const { terminal_.Say("\n" + block_.box + block_.prompt); }
+  void Show() const { terminal_.Say("\n" + block_.box + Prompt()); }
 
   bool IsMessage() const { return isMessage_; }
   bool Asking() const { return !block_.box.empty() && !closed_ && !line_; }
@@ -90,9 +90,16 @@ class TerminalOperator::Dialog {
     Accept(captions[static_cast<std::size_t>(number - 1)]);
     return number;
   }
-  void Reject() const { terminal_.Say("Risposta non valida.\n" + block_.prompt); }
+  void Reject() const { terminal_.Say("Risposta non valida.\n" + Prompt()); }
 
  private:
+  /// Names the menu too, once it opens.
+  std::string Prompt() const {
+    std::string prompt = block_.prompt;
+    if (terminal_.tip_) prompt.insert(prompt.rfind(')'), "; m: menu");
+    return prompt;
+  }
+
   bool Abandoned() const {
     return terminal_.inputEnded_ && terminal_.clock_.Uptime() - shownAt_ >= kClosingDelay;
   }
@@ -122,7 +129,7 @@ void TerminalOperator::OnLine(const std::string& line) {
   } else if (asking) {
     dialogs_.back()->Answer(answer);
   } else {
-    Say("Nessuna domanda in attesa. Menu: m + Invio\n");
+    Say(tip_ ? "Nessuna domanda in attesa. Menu: m + Invio\n" : "Nessuna domanda in attesa.\n");
   }
 }
 
