@@ -116,8 +116,10 @@ const std::vector<Prescription>& Prescriptions() {
        [](Step, Struck, End end) { return Logged(end, "11-Sequenza Errata"); }},
       {"A closure or a report gives its ticket up where the register was found switched off right before it, "
        "whatever is answered to the message.",
-       [](Step, Struck, End end) {
-         return end.file == FileEnd::kAbort && Logged(end, "Dispositivo Spento o Non Collegato !");
+       [](Step step, Struck, End end) {
+         const bool isClosure = step.scenario.find("| 21;") != std::string::npos;
+         return isClosure && end.file == FileEnd::kAbort && Logged(end, "Abort stampa scontrino.") &&
+                Logged(end, "Dispositivo Spento o Non Collegato !");
        }},
   };
   return all;

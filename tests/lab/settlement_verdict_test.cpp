@@ -97,8 +97,19 @@ TEST(SettlementVerdict, PutsAClosureDownToItsReplyOnlyWhereTheTicketCountsAsPrin
   EXPECT_TRUE(PrescribedBy(step, fault, end).starts_with("The reply to a closure or a report"));
   end.file = FileEnd::kAbort;
   EXPECT_EQ(PrescribedBy(step, fault, end), "");
-  end.log = {"16/11/2026 09:00:05 - Dispositivo Spento o Non Collegato !"};
-  EXPECT_TRUE(PrescribedBy(step, fault, end).starts_with("A closure or a report gives its ticket up"));
+}
+
+TEST(SettlementVerdict, PutsATicketThatAnAbsentRegisterGaveUpDownToItsRuleOnlyAtAClosure) {
+  const SettlementFault fault{"register off (after its reply)", {"absent 3"}, false, {}, {}};
+  SettlementEnd end = End({}, 0, 0, FileEnd::kAbort);
+  end.verdict = Verdict::kLost;
+  end.log = {"Dispositivo Spento o Non Collegato !", "Abort stampa scontrino. ..."};
+  const SettlementStep closure{"status query", "ticket a.txt\n| 21;;;;;;;;;\n", "321701", 1};
+  EXPECT_TRUE(PrescribedBy(closure, fault, end).starts_with("A closure or a report gives its ticket up"));
+  const SettlementStep item{"first item", "ticket a.txt\n| 1;PANE;1,000;150;1;;;1;;\n", "1003", 1};
+  EXPECT_EQ(PrescribedBy(item, fault, end), "");
+  end.log.pop_back();
+  EXPECT_EQ(PrescribedBy(closure, fault, end), "");
 }
 
 TEST(SettlementVerdict, HasNoRuleForALostReply) {
