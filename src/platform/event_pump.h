@@ -6,8 +6,8 @@
 namespace orvenza {
 
 /// The one thread's source of events: timers that fall due, the operator's input, the device control's
-/// events. Handlers run inside these calls, never elsewhere, and may themselves wait (a dialog inside a
-/// dialog).
+/// events. Handlers run inside these calls, never elsewhere (but for a control that raises its events while
+/// it is called), and may themselves wait (a dialog inside a dialog).
 class EventPump {
  public:
   virtual ~EventPump() = default;

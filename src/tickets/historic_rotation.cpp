@@ -82,7 +82,7 @@ std::vector<std::string> EarlierDays(const Folders& folders, const std::string& 
     if (entry.isFolder && IsOfADay(ending)) endings.push_back(std::move(ending));
   }
   std::sort(endings.begin(), endings.end());
-  for (std::string& ending : endings) ending = base + ending + "\\";
+  for (std::string& ending : endings) ending.insert(0, base).push_back('\\');
   return endings;
 }
 

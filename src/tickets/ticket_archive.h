@@ -30,8 +30,8 @@ class TicketArchive {
   void Archive(const std::string& workFile);
 
   /// Moves an abandoned ticket into the abort folder, its name followed by ".abort.txt". An older one of that
-  /// name gets a number before ".txt". One that somebody has removed
-  /// meanwhile is not spoken of.
+  /// name gets a number before ".txt"; where it is held open, the newer one does. One that somebody has
+  /// removed meanwhile is not spoken of.
   void Abort(const std::string& workFile);
 
   /// Whether the processing of this file is over although it still lies there.

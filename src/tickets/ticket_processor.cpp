@@ -118,7 +118,7 @@ TicketProcessor::Next TicketProcessor::SendLines(const std::string& workFile) {
   LineReader reader(std::make_unique<TextBytes>(std::move(text)));
   for (Line line; TakeLine(reader, line);) {
     // A receipt must not go on without one of its lines.
-    Next next = Next::kAbort;
+    Next next = Next::kGiveUp;
     journals_.Attempt(kLabel, [&] { next = HandleLine(line); });
     if (next != Next::kNextLine) return next;
   }
@@ -145,7 +145,7 @@ TicketProcessor::Next TicketProcessor::HandleLine(const Line& line) {
   if (command == kLogoMarker) {
     const LogoRequest request = LogoRequestOf(fields_);
     const auto givenUp = [&] { ifEnded_ = Next::kAbort; };
-    return logo_.Download(request.number, request.path, line.text, givenUp) ? Next::kNextLine : Next::kAbort;
+    return logo_.Download(request.number, request.path, line.text, givenUp) ? Next::kNextLine : Next::kGiveUp;
   }
   if (IsLongRunning(command)) return SendLongRunning(command.substr(0, command.size() - 1));
   link_.AwaitDevice();
@@ -159,7 +159,7 @@ TicketProcessor::Next TicketProcessor::HandleLine(const Line& line) {
 TicketProcessor::Next TicketProcessor::HandleUnreadableLine(const std::string& line) {
   link_.ReplyText = "ERR**";
   const auto next = FromDecision(recovery_.DecodeDeviceError(link_.ReplyText, line, true));
-  return next.value_or(Next::kAbort);
+  return next.value_or(Next::kGiveUp);
 }
 
 TicketProcessor::Next TicketProcessor::HandleInvalidLine(const std::string& line) {

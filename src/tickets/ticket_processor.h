@@ -31,7 +31,7 @@ class TicketProcessor {
   void ProcessTicketFile(const std::string& workFile);
 
  private:
-  /// `kGiveUp` is an abort that nobody has chosen, and that the error log therefore tells of.
+  /// `kGiveUp` is an abort that nobody need have chosen, and that the error log therefore tells of.
   enum class Next { kNextLine, kFinish, kRestart, kAbort, kGiveUp, kLeave };
 
   /// A line to send: from the file, or put before the file's next line by the receipt split.

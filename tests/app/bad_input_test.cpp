@@ -470,7 +470,8 @@ TEST(BitmapWithoutAllItsRows, IsNotSentAndItsTicketAborted) {
   shop.Drop("a.txt", {"33;1;" + shop.folder.Path("logo.bmp") + ";"});
   shop.Answer("Ok");
   shop.Run(5s);
-  EXPECT_EQ(shop.Err(), Lines{"Trasmissione 57 - Device I/O error ( " + shop.Spelled("logo.bmp )")});
+  EXPECT_EQ(shop.Err(), (Lines{"Trasmissione 57 - Device I/O error ( " + shop.Spelled("logo.bmp )"),
+                               "Abort stampa scontrino. " + shop.Spelled("data\\inproces\\a.txt")}));
   EXPECT_EQ(shop.DialogTexts(), Lines{"Controllare alimentazione Cash !"});
   EXPECT_EQ(shop.SentForTickets(), Lines{});
   EXPECT_EQ(shop.Names("data\\abort"), Lines{"a.txt.abort.txt"});

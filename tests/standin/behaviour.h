@@ -21,7 +21,7 @@ namespace orvenza::test {
 ///     flags-as-numbers   gives its booleans as integers of 16 bits
 ///     variables          declares its integers as variables, not as functions
 ///     inherited          its event interface lists a restricted method first
-///     few-events         its event interface lists two events only
+///     few-events         its event interface ends after its second entry
 ///     custom-events      its event interface is for calls by position, not by number
 ///     noisy              raises an event that its interface does not list, before every reply, and gives
 ///                        the reply up where a listener fails it

@@ -16,11 +16,6 @@ using Lines = Shop::Lines;
 
 const std::string kPortClosed = "Apertura Porta non Riuscita ! ( COM1 )";
 
-/// What the error log says of a ticket that was given up because the program ended.
-std::string GivenUp(const Shop& shop) {
-  return "Abort stampa scontrino. " + shop.Spelled("data\\inproces\\ticket.txt");
-}
-
 TEST(EndInATicket, TheTicketIsCompletedAndArchivedFirst) {
   Shop shop("on 1003 late 3000");
   shop.Drop("ticket.txt", {kCoffee, kPayment});

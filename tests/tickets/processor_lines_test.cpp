@@ -170,7 +170,7 @@ TEST(LogoLine, ADownloadGivenUpAbortsTheTicket) {
   shop.Run();
   EXPECT_EQ(shop.SentForTickets(), (Lines{kTopRow, kBottomRow}));
   EXPECT_EQ(shop.DialogTexts(), (Lines{"16-Non Previsto", "Controllare alimentazione Cash !"}));
-  EXPECT_EQ(shop.Err(), (Lines{"ECR Error : 16-Non Previsto", kAnswered + kGiveUp}));
+  EXPECT_EQ(shop.Err(), (Lines{"ECR Error : 16-Non Previsto", kAnswered + kGiveUp, GivenUp(shop)}));
   EXPECT_EQ(shop.Names("data\\abort"), Lines{"ticket.txt.abort.txt"});
   EXPECT_EQ(shop.Names("storico"), Lines{});
 }
@@ -196,7 +196,8 @@ TEST(LogoLine, AFileThatIsLockedAfterItsCheckAbortsTheTicket) {
   shop.Run();
   EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
   EXPECT_EQ(shop.DialogTexts(), Lines{"Controllare alimentazione Cash !"});
-  EXPECT_EQ(shop.Err(), Lines{"Trasmissione 70 - Permission denied ( " + shop.Spelled("logo.bmp )")});
+  EXPECT_EQ(shop.Err(),
+            (Lines{"Trasmissione 70 - Permission denied ( " + shop.Spelled("logo.bmp )"), GivenUp(shop)}));
   EXPECT_EQ(shop.Names("data\\abort"), Lines{"ticket.txt.abort.txt"});
 }
 

@@ -32,6 +32,11 @@ inline const std::string kAnswered = "Risposta Operatore : ";
 /// The dialog is closed without a choice.
 inline const std::string kClosed = "close";
 
+/// What the error log says of ticket.txt where nobody need have chosen to give it up.
+inline std::string GivenUp(const Shop& shop) {
+  return "Abort stampa scontrino. " + shop.Spelled("data\\inproces\\ticket.txt");
+}
+
 /// Every command since start-up, the status queries before and between the lines included.
 inline Shop::Lines SentAfterStartUp(const Shop& shop) {
   const Shop::Lines sent = shop.Sent();

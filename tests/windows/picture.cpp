@@ -15,6 +15,8 @@ namespace {
 
 constexpr int kLooks = 40;
 constexpr DWORD kBetweenLooks = 50;
+/// Of one test: some show every text there is, again and again.
+constexpr int kMostPictures = 20;
 
 /// A bitmap of 24 bits a pixel, from the bottom line up; each line is a multiple of four bytes.
 struct Bitmap {
@@ -83,6 +85,7 @@ void TakePicture(const RECT& place, const wchar_t* name) {
   const std::string test = std::string(info.test_suite_name()) + "." + info.name();
   count = test == lastTest ? count + 1 : 1;
   lastTest = test;
+  if (count > kMostPictures) return;
   std::filesystem::create_directories(folder);
   SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, 0);  // a control below the pointer looks chosen
   Save(CaptureSettled(place), folder / (test + "-" + std::to_string(count) + "-" + ToUtf8(name) + ".bmp"));
