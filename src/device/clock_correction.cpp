@@ -17,8 +17,7 @@ constexpr double kMidnightMargin = 120;
 /// The two-digit number at the 1-based `start`, nothing when it is none below `limit`.
 std::optional<int> TwoDigits(std::string_view reply, std::size_t start, int limit) {
   const std::string_view digits = Middle(reply, start, 2);
-  if (digits.size() != 2 || digits.find_first_not_of("0123456789") != std::string_view::npos)
-    return std::nullopt;
+  if (digits.size() != 2 || !OnlyDigits(digits)) return std::nullopt;
   const int value = LeadingInteger(digits);
   return value < limit ? std::optional(value) : std::nullopt;
 }

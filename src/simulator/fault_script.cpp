@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/text.h"
 #include "simulator/script_line.h"
 
 namespace orvenza {
@@ -67,7 +68,7 @@ void ReadCommandFault(ScriptLine& line, Fault& fault) {
 Fault ReadOn(ScriptLine& line) {
   Fault fault;
   fault.prefix = line.Word();
-  if (fault.prefix.empty() || fault.prefix.find_first_not_of("0123456789") != std::string::npos) {
+  if (fault.prefix.empty() || !OnlyDigits(fault.prefix)) {
     line.Refuse("the digits that the command begins with");
   }
   if (line.Next() == '#') {

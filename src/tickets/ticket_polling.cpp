@@ -31,8 +31,7 @@ std::string SortKey(std::string_view entry) {
   std::string key(entry.substr(0, kStampLength));
   for (std::string_view rest = entry.substr(kStampLength); !rest.empty();) {
     if (const std::size_t digits = std::min(rest.find_first_not_of(kDigits), rest.size()); digits > 0) {
-      std::string_view number = rest.substr(0, digits);
-      number.remove_prefix(std::min(number.find_first_not_of('0'), digits));
+      const std::string_view number = WithoutLeadingZeros(rest.substr(0, digits));
       key += '0';
       key += static_cast<char>(number.size());
       key += number;
