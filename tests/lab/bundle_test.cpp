@@ -102,8 +102,8 @@ TEST_F(Bundle, MasksLinesThatALogQuotes) {
     const char* masked;
     bool changed;
   } kCases[] = {
-      {"a - Riga non valida : 2;1;50 EUR;CARTA 12;Anna\r\nb - ECR Error : Anna\r\n",
-       "a - Riga non valida : 2;1;99 XXX;XXXXX 99;Xxxx\r\nb - ECR Error : Anna\r\n", true},
+      {"a - Riga non valida : 2;1;50 EURO;CARTA 12;Anna\r\nb - ECR Error : Anna\r\n",
+       "a - Riga non valida : 2;1;99 XXXX;XXXXX 99;Xxxx\r\nb - ECR Error : Anna\r\n", true},
       {"WrErr : Disk full 61 ( a - Riga non valida : 9 Anna )",
        "WrErr : Disk full 61 ( a - Riga non valida : 9 Xxxx )", true},
       {"a - Riga non valida : ", "a - Riga non valida : ", false},

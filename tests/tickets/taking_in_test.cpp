@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "support/shop.h"
+#include "tickets/waiting_tickets.h"
 
 namespace orvenza::test {
 namespace {
@@ -12,17 +13,11 @@ using namespace std::chrono_literals;
 using Lines = Shop::Lines;
 using Times = std::vector<std::int64_t>;
 
-/// A new ticket of one command, "1051" and `number`, modified at second `stamp`.
-void DropAt(Shop& shop, const std::string& name, int number, std::int64_t stamp) {
-  shop.Drop(name, {"0;" + std::to_string(number) + ";"});
-  shop.folder.SetModified("data\\" + name, stamp);
-}
-
-/// What is in the folders of tickets, new ones first.
-Lines Waiting(const Shop& shop) {
-  Lines names = shop.Names("data");
-  for (const std::string& name : shop.Names("data\\inproces")) names.push_back("inproces\\" + name);
-  return names;
+/// Another program has the ticket open: it can be neither moved nor read.
+void KeepOutOfReach(Shop& shop, const std::string& path) {
+  for (const char* operation : {"Move", "Copy"}) {
+    shop.files.FailAlways(operation, path, error_number::kPermissionDenied);
+  }
 }
 
 TEST(TakingIn, MovesTheTicketThroughTheInProcessFolder) {
@@ -215,8 +210,7 @@ TEST(TakingIn, ANewerTicketDoesNotOvertakeOneThatIsHeldForAMoment) {
   Shop shop;
   DropAt(shop, "held.txt", 1, 1000);
   DropAt(shop, "b.txt", 2, 2000);
-  shop.files.FailAlways("Move", "data\\held.txt", error_number::kPermissionDenied);
-  shop.files.FailAlways("Copy", "data\\held.txt", error_number::kPermissionDenied);
+  KeepOutOfReach(shop, "data\\held.txt");
   shop.After(2200ms, [&] { shop.files.Heal(); });
   shop.Run();
   EXPECT_EQ(shop.SentAt("105101"), Times{2500});
@@ -228,8 +222,7 @@ TEST(TakingIn, ANewerTicketDoesNotOvertakeOneThatIsHeldForAMoment) {
 TEST(TakingIn, AFiscalClosureDoesNotOvertakeATicketThatIsHeldForAMoment) {
   Shop shop;
   shop.Drop("held.txt", {"0;1;"});
-  shop.files.FailAlways("Move", "data\\held.txt", error_number::kPermissionDenied);
-  shop.files.FailAlways("Copy", "data\\held.txt", error_number::kPermissionDenied);
+  KeepOutOfReach(shop, "data\\held.txt");
   for (const char* answer : {"Chiusura Fiscale", "Sì", "Sì"}) shop.Answer(answer);
   shop.After(600ms, [&] { shop.UseMenu(MenuItem::kUtilities); });
   shop.After(3200ms, [&] { shop.files.Heal(); });
@@ -241,8 +234,7 @@ TEST(TakingIn, ATicketThatCannotBeTakenInDoesNotHoldUpTheOthersForEver) {
   Shop shop;
   DropAt(shop, "held.txt", 1, 1000);
   DropAt(shop, "b.txt", 2, 2000);
-  shop.files.FailAlways("Move", "data\\held.txt", error_number::kPermissionDenied);
-  shop.files.FailAlways("Copy", "data\\held.txt", error_number::kPermissionDenied);
+  KeepOutOfReach(shop, "data\\held.txt");
   shop.Run(30s);
   EXPECT_EQ(shop.SentAt("1051"), Times{5000});
   EXPECT_EQ(shop.SentForTickets(), Lines{"105102"});
@@ -252,8 +244,7 @@ TEST(TakingIn, ATicketThatCannotBeTakenInDoesNotHoldUpTheOthersForEver) {
 TEST(TakingIn, ATicketThatCannotBeTakenInIsTriedTenTimesAndThenRarely) {
   Shop shop;
   shop.Drop("held.txt", {"0;1;"});
-  shop.files.FailAlways("Move", "data\\held.txt", error_number::kPermissionDenied);
-  shop.files.FailAlways("Copy", "data\\held.txt", error_number::kPermissionDenied);
+  KeepOutOfReach(shop, "data\\held.txt");
   shop.After(30s, [&] { shop.files.Heal(); });
   shop.Run(5min);
   EXPECT_EQ(shop.Err().size(), 10U);
@@ -263,8 +254,7 @@ TEST(TakingIn, ATicketThatCannotBeTakenInIsTriedTenTimesAndThenRarely) {
 TEST(TakingIn, ANewTicketIsNotTakenForAnEarlierOneThatCouldNotBeTakenIn) {
   Shop shop;
   DropAt(shop, "a.txt", 1, 1000);
-  shop.files.FailAlways("Move", "data\\a.txt", error_number::kPermissionDenied);
-  shop.files.FailAlways("Copy", "data\\a.txt", error_number::kPermissionDenied);
+  KeepOutOfReach(shop, "data\\a.txt");
   shop.After(8s, [&] {
     shop.files.Heal();
     std::filesystem::remove(shop.folder.Native("data\\a.txt"));

@@ -44,7 +44,7 @@ TEST(TextMask, MasksWhatIsNoValueOfAKnownRecord) {
       {"10;Anna;333;", "99;Xxxx;999;"},                        // no such type
       {"01;Anna;333;", "99;Xxxx;999;"},                        // nor this one
       {"4;5;Anna", "4;5;Xxxx"},                                // behind the last separator
-      {"2;1;50 EUR;", "2;1;99 XXX;"},                          // no number
+      {"2;1;50 EURO;", "2;1;99 XXXX;"},                        // no number
       {"21;1;2;3;4;5;6;7;8;9;", "21;9;9;9;9;9;9;9;9;9;"},      // none of its values
       {"1;a;1;1;1;1;1;1;1;0000;", "1;x;1;1;1;9;9;1;1;9999;"},  // a tenth field
       {"", ""},

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "support/shop.h"
+#include "tickets/waiting_tickets.h"
 
 namespace orvenza::test {
 namespace {
@@ -13,25 +14,6 @@ namespace {
 using namespace std::chrono_literals;
 using Lines = Shop::Lines;
 using Times = std::vector<std::int64_t>;
-
-/// A new ticket of one command, "1051" and `number`, modified at second `stamp`.
-void DropAt(Shop& shop, const std::string& name, int number, std::int64_t stamp) {
-  shop.Drop(name, {"0;" + std::to_string(number) + ";"});
-  shop.folder.SetModified("data\\" + name, stamp);
-}
-
-/// The same, left in the in-process folder by an earlier run.
-void LeaveInProcess(Shop& shop, const std::string& name, int number, std::int64_t stamp) {
-  shop.folder.Write("data\\inproces\\" + name, "0;" + std::to_string(number) + ";\r\n");
-  shop.folder.SetModified("data\\inproces\\" + name, stamp);
-}
-
-/// What is in the folders of tickets, new ones first.
-Lines Waiting(const Shop& shop) {
-  Lines names = shop.Names("data");
-  for (const std::string& name : shop.Names("data\\inproces")) names.push_back("inproces\\" + name);
-  return names;
-}
 
 // Order.
 
