@@ -1,12 +1,12 @@
-// What the program costs. Only measures, so it runs only when asked to:
-// --gtest_also_run_disabled_tests --gtest_filter=Measure.*
+// What the finished program costs, with its windows and the stand-in of the control. It only measures: a
+// program of its own, and no test.
 
 #include <windows.h>
 // After <windows.h>.
-#include <gtest/gtest.h>
 #include <psapi.h>
 
 #include <algorithm>
+#include <exception>
 #include <iostream>
 
 #include "ui/windows/names.h"
@@ -42,7 +42,7 @@ double UsedBy(HANDLE process) {
   return used;
 }
 
-TEST(Measure, DISABLED_StartToIcon) {
+void StartToIcon() {
   std::vector<double> times;
   for (int i = 0; i < 11; ++i) {
     const Shop shop;
@@ -54,7 +54,7 @@ TEST(Measure, DISABLED_StartToIcon) {
   Report("start to icon", times, "ms");
 }
 
-TEST(Measure, DISABLED_IdleProgram) {
+void IdleProgram() {
   const Shop shop;
   const Till till(shop);
   till.AwaitStart();
@@ -69,7 +69,7 @@ TEST(Measure, DISABLED_IdleProgram) {
             << " kB, committed: " << counters.PagefileUsage / 1024 << " kB\n";
 }
 
-TEST(Measure, DISABLED_DroppedToFirstCommand) {
+void DroppedToFirstCommand() {
   std::vector<double> times;
   const Shop shop;
   const Control control(shop.folder);
@@ -87,7 +87,7 @@ TEST(Measure, DISABLED_DroppedToFirstCommand) {
   Report("dropped to first command", times, "ms");
 }
 
-TEST(Measure, DISABLED_ExchangeThroughTheControl) {
+void ExchangeThroughTheControl() {
   constexpr int kItems = 150;
   std::string receipt;
   for (int i = 0; i < kItems; ++i) receipt += "1;Pane;1,000;250;1;;;1;;\r\n";
@@ -110,3 +110,17 @@ TEST(Measure, DISABLED_ExchangeThroughTheControl) {
 
 }  // namespace
 }  // namespace orvenza::test
+
+int main() {
+  using namespace orvenza::test;
+  try {
+    StartToIcon();
+    IdleProgram();
+    DroppedToFirstCommand();
+    ExchangeThroughTheControl();
+    return 0;
+  } catch (const std::exception& failure) {
+    std::cerr << failure.what() << "\n";
+    return 1;
+  }
+}
