@@ -78,8 +78,10 @@ const std::vector<Prescription>& Prescriptions() {
   using Struck = const SettlementFault&;
   using End = const SettlementEnd&;
   static const std::vector<Prescription> all{
-      {"A restart that the register accepts is followed by status queries until one is answered without an "
-       "error, however long that takes. The program can be ended from the menu meanwhile.",
+      {"A restart after paper-out that the register accepts or does not answer is followed by status queries "
+       "until one is answered without an error, however long that takes. Silence counts as accepted: a "
+       "restart "
+       "that was lost is not sent again. The program can be ended from the menu meanwhile.",
        [](Step, Struck, End end) { return end.verdict == Verdict::kHang; }},
       {"A ticket found in the in-process folder at the start is printed from its first line: nothing on the "
        "disk tells how far it had come.",
@@ -107,12 +109,12 @@ const std::vector<Prescription>& Prescriptions() {
        "again.",
        [](Step, Struck, End end) { return Logged(end, kPaperOut); }},
       {"A logo row that is refused as out of sequence is sent again without asking, and after four times the "
-       "ticket is given up, with a message.",
+       "ticket is given up, with a message. Nothing demands this; it is the connector's own choice.",
        [](Step step, Struck, End end) {
          return step.command.starts_with("4052") && Logged(end, "11-Sequenza Errata");
        }},
       {"A command that is refused as out of sequence voids the receipt at once, without asking, and the next "
-       "line follows.",
+       "line follows. If the void fails, the receipt stays open and is completed without the refused line.",
        [](Step, Struck, End end) { return Logged(end, "11-Sequenza Errata"); }},
       {"A closure or a report gives its ticket up where the register was found switched off right before it, "
        "whatever is answered to the message.",
