@@ -7,7 +7,8 @@
 namespace orvenza {
 namespace {
 
-constexpr std::size_t kPiece = 64 * 1024;
+/// Bytes that are asked for first, then as many as there are already: most files are small.
+constexpr std::size_t kPiece = 4 * 1024;
 
 }  // namespace
 

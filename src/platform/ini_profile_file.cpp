@@ -33,11 +33,14 @@ std::string_view TrimBlanks(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
 }
 
+bool EndsLine(char c) { return c == '\r' || c == '\n'; }
+
 /// The lines of `text`, each with its line end (CR LF, LF or CR).
 std::vector<std::string_view> SplitLines(std::string_view text) {
   std::vector<std::string_view> lines;
   while (!text.empty()) {
-    std::size_t length = std::min(text.find_first_of(kLineEnd), text.size() - 1) + 1;
+    const auto end = std::find_if(text.begin(), text.end() - 1, EndsLine);
+    auto length = static_cast<std::size_t>(end - text.begin()) + 1;
     if (text[length - 1] == '\r' && length < text.size() && text[length] == '\n') ++length;
     lines.push_back(text.substr(0, length));
     text.remove_prefix(length);

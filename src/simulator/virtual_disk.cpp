@@ -51,7 +51,7 @@ void VirtualDisk::Put(const std::string& path, std::string content, std::optiona
 }
 
 void VirtualDisk::MakeFolder(const std::string& path) {
-  const std::string whole = Spelled(path);
+  const std::string& whole = Spelled(path);
   WantFolders(whole);
   for (std::size_t end = 0; end != std::string::npos;) {
     end = whole.find('\\', end + 1);
@@ -61,7 +61,7 @@ void VirtualDisk::MakeFolder(const std::string& path) {
 
 void VirtualDisk::Delete(const std::string& path) {
   NodeAt(path);
-  const std::string key = KeyOf(path);
+  const std::string& key = KeyOf(path);
   const auto goes = [&](const auto& entry) {
     return entry.first == key || entry.first.starts_with(key + "\\");
   };
@@ -111,9 +111,28 @@ std::vector<std::string> VirtualDisk::Paths() const {
   return paths;
 }
 
+/// Null for a path that is not well-formed.
+const VirtualDisk::Spelling* VirtualDisk::SpellingOf(const std::string& path) const {
+  if (const auto known = spellings_.find(path); known != spellings_.end()) return &known->second;
+  if (!IsWellFormed(path)) return nullptr;
+  Spelling& spelling = spellings_[path];
+  spelling.whole = SpelledOut(path);
+  spelling.key = ToUpperAscii(spelling.whole);
+  return &spelling;
+}
+
+const std::string& VirtualDisk::Spelled(const std::string& path) const {
+  if (const Spelling* const spelling = SpellingOf(path)) return spelling->whole;
+  throw SystemError(error_number::kBadFileName, path.c_str());
+}
+
+const std::string& VirtualDisk::KeyOf(const std::string& path) const {
+  if (const Spelling* const spelling = SpellingOf(path)) return spelling->key;
+  throw SystemError(error_number::kBadFileName, path.c_str());
+}
+
 /// The whole path, "\" between its levels and none at its end. As on a real disk, nothing is above a drive.
-std::string VirtualDisk::Spelled(const std::string& path) const {
-  if (!IsWellFormed(path)) throw SystemError(error_number::kBadFileName, path.c_str());
+std::string VirtualDisk::SpelledOut(const std::string& path) const {
   const bool fromRoot = path[0] == '\\' || path[0] == '/';
   std::string asked = path;
   if (!HasDrive(path)) asked.insert(0, fromRoot ? currentFolder_.substr(0, 2) : currentFolder_ + "\\");
@@ -130,14 +149,12 @@ std::string VirtualDisk::Spelled(const std::string& path) const {
   return whole;
 }
 
-std::string VirtualDisk::KeyOf(const std::string& path) const { return ToUpperAscii(Spelled(path)); }
-
 /// What is at a path, null when there is nothing or its drive is away.
 VirtualDisk::Node* VirtualDisk::Find(const std::string& path) {
-  if (!IsWellFormed(path)) return nullptr;
-  const std::string key = KeyOf(path);
-  const auto found = nodes_.find(key);
-  return found == nodes_.end() || IsAway(key) ? nullptr : &found->second;
+  const Spelling* const spelling = SpellingOf(path);
+  if (spelling == nullptr || IsAway(spelling->key)) return nullptr;
+  const auto found = nodes_.find(spelling->key);
+  return found == nodes_.end() ? nullptr : &found->second;
 }
 
 bool VirtualDisk::FolderExists(const std::string& key) const {
@@ -178,8 +195,7 @@ void VirtualDisk::WantFolders(const std::string& whole) const {
 
 /// A file to be written or replaced, made when it is missing. One that may not be is blamed on `blame`.
 VirtualDisk::Node& VirtualDisk::Place(const std::string& path, const std::string& blame) {
-  const std::string key = KeyOf(path);
-  if (!FolderExists(ParentOf(key))) throw SystemError(error_number::kPathNotFound, path);
+  if (!FolderExists(ParentOf(KeyOf(path)))) throw SystemError(error_number::kPathNotFound, path);
   const Node* const older = Find(path);
   if (older != nullptr && (older->isFolder || older->readOnly || older->hold != FileHold::kNone)) {
     throw SystemError(error_number::kPathFileAccess, blame);
@@ -188,11 +204,10 @@ VirtualDisk::Node& VirtualDisk::Place(const std::string& path, const std::string
 }
 
 VirtualDisk::Node& VirtualDisk::Make(const std::string& path, bool isFolder) {
-  const std::string whole = Spelled(path);
-  const auto [at, isNew] = nodes_.try_emplace(ToUpperAscii(whole));
+  const auto [at, isNew] = nodes_.try_emplace(KeyOf(path));
   Node& node = at->second;
   if (isNew) {
-    node.name = FileNameOf(whole);
+    node.name = FileNameOf(Spelled(path));
     node.isFolder = isFolder;
     node.created = node.modified = clock_.Now();
   }

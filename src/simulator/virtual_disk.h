@@ -7,6 +7,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/clock.h"
@@ -103,6 +104,12 @@ class VirtualDisk {
     LocalTime modified;
   };
 
+  /// A path as it is spelled out, and the key of what lies there.
+  struct Spelling {
+    std::string whole;
+    std::string key;
+  };
+
   static bool HasDrive(std::string_view path);
   static bool IsWellFormed(std::string_view path);
   static std::string ParentOf(const std::string& key);
@@ -110,8 +117,10 @@ class VirtualDisk {
   std::unique_ptr<Files> MakeFileSeam();
   std::unique_ptr<Folders> MakeFolderSeam();
 
-  std::string KeyOf(const std::string& path) const;
-  std::string Spelled(const std::string& path) const;
+  const Spelling* SpellingOf(const std::string& path) const;
+  const std::string& KeyOf(const std::string& path) const;
+  const std::string& Spelled(const std::string& path) const;
+  std::string SpelledOut(const std::string& path) const;
   bool IsAway(const std::string& key) const { return away_.contains(key.substr(0, 2)); }
   bool IsFull(const std::string& key) const { return full_.contains(key.substr(0, 2)); }
   Node* Find(const std::string& path);
@@ -130,6 +139,8 @@ class VirtualDisk {
   std::map<std::string, Node> nodes_;  ///< By their paths in capitals, without a "\" at the end.
   std::set<std::string> away_;         ///< Drives, in capitals.
   std::set<std::string> full_;
+  /// By path: a program asks for the same few again and again.
+  mutable std::unordered_map<std::string, Spelling> spellings_;
   Observer observer_;
   std::unique_ptr<Files> files_;
   std::unique_ptr<Folders> folders_;

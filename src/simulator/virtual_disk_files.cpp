@@ -45,7 +45,7 @@ class VirtualDisk::FilesOfDisk : public Files {
 
   void Move(const std::string& from, const std::string& to) override {
     Node moved = disk_.FileAt(from);
-    const std::string key = disk_.KeyOf(from);
+    const std::string& key = disk_.KeyOf(from);
     if (moved.hold != FileHold::kNone) throw SystemError(error_number::kPermissionDenied, from);
     if (disk_.KeyOf(to).substr(0, 2) != key.substr(0, 2)) {
       throw SystemError(error_number::kPathFileAccess, from);

@@ -20,7 +20,7 @@ class VirtualDisk::FoldersOfDisk : public Folders {
     if (pattern.empty()) throw SystemError(error_number::kBadFileName);
     const std::size_t maskAt = pattern.find_last_of("\\/") + 1;  // npos + 1 is 0: the current folder.
     const std::string path = pattern.substr(0, maskAt);
-    const std::string folder = disk_.KeyOf(path.empty() ? "." : path);
+    const std::string& folder = disk_.KeyOf(path.empty() ? "." : path);
     if (!disk_.FolderExists(folder)) throw SystemError(error_number::kPathNotFound, path);
     const std::string prefix = folder + "\\";
     FolderListing listing;
@@ -34,7 +34,7 @@ class VirtualDisk::FoldersOfDisk : public Folders {
   }
 
   void Create(const std::string& path) override {
-    const std::string key = disk_.KeyOf(path);
+    const std::string& key = disk_.KeyOf(path);
     if (disk_.Find(path) != nullptr) throw SystemError(error_number::kFileExists, path);
     if (!disk_.FolderExists(ParentOf(key))) throw SystemError(error_number::kPathNotFound, path);
     if (disk_.IsFull(key)) throw SystemError(error_number::kDiskFull, path);
@@ -43,8 +43,8 @@ class VirtualDisk::FoldersOfDisk : public Folders {
   }
 
   void Rename(const std::string& from, const std::string& to) override {
-    const std::string source = disk_.KeyOf(from);
-    const std::string target = disk_.KeyOf(to);
+    const std::string& source = disk_.KeyOf(from);
+    const std::string& target = disk_.KeyOf(to);
     if (!Exists(from)) throw SystemError(error_number::kPathNotFound, from);
     if (disk_.Find(to) != nullptr && source != target) throw SystemError(error_number::kFileExists, to);
     if (!disk_.FolderExists(ParentOf(target))) throw SystemError(error_number::kPathNotFound, from);

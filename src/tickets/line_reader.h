@@ -26,7 +26,7 @@ class LineReader {
 
   std::unique_ptr<ByteReader> bytes_;
   std::size_t longest_;
-  std::string buffer_;
+  std::unique_ptr<char[]> buffer_;
   std::size_t next_ = 0;
   std::size_t filled_ = 0;
   bool wasCut_ = false;
