@@ -91,9 +91,9 @@ void Connector::PrepareSettings() {
     throw ProgramEnd{.unload = false};
   }
   settingsFile_.ReadIni(settings_);
-  if (!files_.Exists(paths_.ErrDesc())) {
-    journals_.Attempt(kMainLabel, [&] { settingsFile_.WriteDefaultErrDesc(); });
-  }
+  journals_.Attempt(kMainLabel, [&] {
+    if (!files_.Exists(paths_.ErrDesc())) settingsFile_.WriteDefaultErrDesc();
+  });
 }
 
 void Connector::LoadMainForm() {
@@ -135,7 +135,7 @@ void Connector::RotateHistoric() {
 
 void Connector::RequireTicketFolder() {
   const std::string& folder = settings_.TicketFolder;
-  if (folders_.Exists(folder) || CreateAllDirs(folders_, journals_, folder)) return;
+  if (CreateAllDirs(folders_, journals_, folder)) return;
   ReportWrongPath(messages_, journals_, folder);
   journals_.WrLog(LoadMessage(103));
   throw ProgramEnd{.unload = false};

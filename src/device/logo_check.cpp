@@ -52,9 +52,8 @@ std::uint32_t LogoHeaderValue(std::string_view bytes) {
 }
 
 std::uint32_t LogoRows(const Files& files, const std::string& path) {
-  if (!files.Exists(path)) return 0;
   try {
-    return RowsInHeader(ReadHeader(files, path));
+    return files.Exists(path) ? RowsInHeader(ReadHeader(files, path)) : 0;
   } catch (const SystemError&) {
     return 0;
   }

@@ -29,7 +29,8 @@ class StreamBytes : public ByteReader {
 /// of Windows does that.
 std::vector<std::string> FilesMeant(const std::string& word, const LabSurroundings& surroundings) {
   const std::size_t nameAt = word.find_last_of("\\/") + 1;  // npos + 1 is 0
-  if (word.find_first_of("*?", nameAt) == std::string::npos || surroundings.files.Exists(word)) return {word};
+  if (word.find_first_of("*?", nameAt) == std::string::npos || MayExist(surroundings.files, word))
+    return {word};
   std::vector<std::string> found;
   const std::string folder = word.substr(0, nameAt);
   const std::string listed = folder.empty() ? ".\\" : SettingsPath(folder);

@@ -36,9 +36,10 @@ std::vector<NamedFolder> FoldersOf(const Installation& shop) {
   return folders;
 }
 
-/// The folder itself, or the closest above it that exists; "" for none.
+/// The folder itself, or the closest above it that exists; "" for none. One that cannot be looked at counts:
+/// nothing can be made there.
 std::string NearestExisting(const Folders& folders, std::string path) {
-  while (!path.empty() && !folders.Exists(path)) {
+  while (!path.empty() && !MayExist(folders, path)) {
     path.pop_back();  // its "\"
     path.erase(path.rfind('\\') + 1);
   }
@@ -47,8 +48,9 @@ std::string NearestExisting(const Folders& folders, std::string path) {
 
 /// The file that stands in the way of a folder to be made below `nearest`; "" for none, also where it exists.
 std::string FileInTheWay(const Installation& shop, const std::string& nearest, const std::string& path) {
+  if (nearest.size() == path.size()) return {};
   const std::string next = path.substr(0, path.find('\\', nearest.size()));
-  return shop.files.Exists(next) ? next : std::string();
+  return MayExist(shop.files, next) ? next : std::string();
 }
 
 Finding OfFolder(const Installation& shop, const NamedFolder& folder) {

@@ -71,6 +71,17 @@ void AddErrorsOfToday(Findings& findings, const Installation& shop) {
                       "Read them; docs/manuale-operatore.md says what they mean."});
 }
 
+void AddFallback(Findings& findings, const Installation& shop) {
+  try {
+    if (!shop.files.Exists(shop.paths.AppPath + "\\" + Journals::kErrFallback)) return;
+  } catch (const SystemError&) {
+    return;  // Where files cannot even be looked at, others speak.
+  }
+  findings.push_back(
+      {Severity::kNote, "log.fallback",
+       "error.txt holds errors from before the settings were read, or that Err.txt did not take."});
+}
+
 void AddLogs(Findings& findings, const Installation& shop) {
   for (const std::string& path : {shop.Settings().LogPath, shop.Settings().ErrPath}) {
     try {
@@ -85,11 +96,7 @@ void AddLogs(Findings& findings, const Installation& shop) {
     findings.push_back({Severity::kWarning, "log.unreadable", "Err.txt cannot be read.",
                         "Close the program that keeps it open, or give this user the right to read it."});
   }
-  if (shop.files.Exists(shop.paths.AppPath + "\\" + Journals::kErrFallback)) {
-    findings.push_back(
-        {Severity::kNote, "log.fallback",
-         "error.txt holds errors from before the settings were read, or that Err.txt did not take."});
-  }
+  AddFallback(findings, shop);
   const bool isQuiet = std::none_of(findings.begin(), findings.end(),
                                     [](const Finding& finding) { return finding.code.starts_with("log."); });
   if (isQuiet) findings.push_back({Severity::kOk, "log.ok", "The logs can be written; no error of today."});
@@ -97,8 +104,8 @@ void AddLogs(Findings& findings, const Installation& shop) {
 
 void AddCommandFile(Findings& findings, const Installation& shop) {
   const std::string& path = shop.Settings().CommandFilePath;
-  if (!shop.files.Exists(path)) return;
   try {
+    if (!shop.files.Exists(path)) return;
     if (!AsksToQuit(shop.files, path)) {
       findings.push_back({Severity::kNote, "command.other",
                           "command.txt is there, but does not ask the connector to end; it is left alone."});
@@ -126,7 +133,7 @@ void AddInstance(Findings& findings, const Installation& shop) {
 }
 
 void AddTexts(Findings& findings, const Installation& shop) {
-  if (shop.files.Exists(shop.paths.ErrDesc())) return;
+  if (MayExist(shop.files, shop.paths.ErrDesc())) return;
   findings.push_back({Severity::kNote, "texts.missing", "ErrDesc.ini is missing; the next start writes it."});
 }
 
@@ -160,7 +167,7 @@ void AddOtherSettings(Findings& findings, const Installation& shop) {
 }
 
 void AddIniRights(Findings& findings, const Installation& shop) {
-  if (!shop.files.Exists(shop.paths.Ini()) || shop.machine.MayWrite(shop.paths.Ini())) return;
+  if (!MayExist(shop.files, shop.paths.Ini()) || shop.machine.MayWrite(shop.paths.Ini())) return;
   findings.push_back(
       {Severity::kWarning, "settings.readonly",
        FileNameOf(shop.paths.Ini()) + " cannot be written to: the port dialog and repairs have no effect.",

@@ -73,7 +73,7 @@ class Collector {
   void AddSettings() {
     for (const std::string& path : {shop_.paths.Ini(), shop_.paths.ErrDesc()}) {
       const std::string name = "settings/" + FileNameOf(path);
-      if (!shop_.files.Exists(path)) {
+      if (!MayExist(shop_.files, path)) {
         entries_.push_back(Missing(name, "does not exist"));
         continue;
       }
@@ -133,7 +133,7 @@ class Collector {
   }
 
   void AddLog(const std::string& path, const std::string& name) {
-    if (!shop_.files.Exists(path)) {
+    if (!MayExist(shop_.files, path)) {
       entries_.push_back(Missing("logs/" + name, "does not exist"));
       return;
     }

@@ -21,9 +21,10 @@ struct Contents {
 /// Nothing where there is no such folder, or where it cannot be listed.
 std::optional<Contents> ContentsOf(const Installation& shop, const std::string& folder,
                                    const std::string& mask) {
-  if (folder.empty() || !shop.folders.Exists(folder)) return {};
+  if (folder.empty()) return {};
   Contents contents;
   try {
+    if (!shop.folders.Exists(folder)) return {};
     for (const FolderEntry& entry : shop.folders.ListFolder(folder + mask)) {
       if (entry.isFolder) continue;
       contents.oldest = contents.count == 0 ? entry.modified : std::min(contents.oldest, entry.modified);

@@ -12,6 +12,14 @@ constexpr std::size_t kPiece = 4 * 1024;
 
 }  // namespace
 
+bool MayExist(const Files& files, const std::string& path) {
+  try {
+    return files.Exists(path);
+  } catch (const SystemError&) {
+    return true;
+  }
+}
+
 std::string ReadWhole(const Files& files, const std::string& path, std::size_t limit) {
   std::string bytes;
   const auto reader = files.OpenForReading(path);

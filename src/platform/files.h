@@ -35,12 +35,14 @@ class TextBytes : public ByteReader {
 };
 
 /// The file operations of the connector. Paths are UTF-8 texts with "\" between their levels. Every operation
-/// but Exists throws SystemError when it fails.
+/// throws SystemError when it fails.
 class Files {
  public:
   virtual ~Files() = default;
 
-  /// True when `path` names an existing file that is not a folder. Never fails.
+  /// True when `path` names an existing file that is not a folder; false when the system says that there is
+  /// none. A look that fails for another reason (no right to look, a disk or a share in trouble) throws
+  /// SystemError: the file may be there.
   virtual bool Exists(const std::string& path) const = 0;
 
   /// Length in bytes.
@@ -75,6 +77,9 @@ class Files {
 
 /// Ending of a file that is still being written beside its target. Listings never show such names.
 inline constexpr std::string_view kUnfinishedSuffix = ".orv~";
+
+/// Whether there is a file, or may be one: a look that fails counts as a file. Never fails.
+bool MayExist(const Files& files, const std::string& path);
 
 /// The first `limit` bytes of a file, all of them when it is shorter. Throws SystemError.
 std::string ReadWhole(const Files& files, const std::string& path,

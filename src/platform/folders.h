@@ -29,7 +29,8 @@ class Folders {
  public:
   virtual ~Folders() = default;
 
-  /// True when `path` names an existing folder. Never fails.
+  /// True when `path` names an existing folder; false when the system says that there is none. A look that
+  /// fails for another reason throws SystemError: the folder may be there.
   virtual bool Exists(const std::string& path) const = 0;
 
   /// The entries, "." and ".." left out, of the folder before the last "\" of `pattern` whose names match the
@@ -50,6 +51,9 @@ class Folders {
   /// True when that drive can be used now. Never fails.
   virtual bool DriveAvailable(const std::string& path) const = 0;
 };
+
+/// Whether there is a folder, or may be one: a look that fails counts as a folder. Never fails.
+bool MayExist(const Folders& folders, const std::string& path);
 
 /// A folder or file path of the settings file with "\" between its levels, however the system's users write
 /// it.

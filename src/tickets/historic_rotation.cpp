@@ -58,7 +58,7 @@ bool HistoricHoldsTickets(const AppSettings& settings, const std::string& appPat
 
 void RotateHistoricFolder(Folders& folders, const Clock& clock, Journals& journals, AppSettings& settings) {
   const std::string historic = settings.HistoricFolder;
-  if (historic.empty() || !folders.Exists(historic)) return;
+  if (historic.empty() || !folders.DriveAvailable(historic) || !folders.Exists(historic)) return;
   const std::string base = WithoutEnd(historic);
   const LocalTime now = clock.Now();
   const std::string date = DateDigits(NewestTicket(folders, base, settings));

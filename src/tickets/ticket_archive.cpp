@@ -60,10 +60,15 @@ void TicketArchive::Abort(const std::string& workFile) {
   if (!drive) ReportMissingDrive(settings_.AbortFolder);
 }
 
-/// A file that cannot be seen has not gone when its whole folder cannot. One that has gone counts as settled
-/// until the next look: it may only have been out of sight, and must not be printed again.
+/// A file that cannot be seen has not gone when its whole folder cannot, or when a look fails. One that has
+/// gone counts as settled until the next look: it may only have been out of sight, and must not be printed
+/// again.
 bool TicketArchive::HasGone(const std::string& workFile) const {
-  return folders_.Exists(settings_.InProcessFolder) && !files_.Exists(workFile);
+  try {
+    return folders_.Exists(settings_.InProcessFolder) && !files_.Exists(workFile);
+  } catch (const SystemError&) {
+    return false;
+  }
 }
 
 void TicketArchive::LogNotArchived(const std::string& workFile) {
@@ -118,9 +123,9 @@ void TicketArchive::Remove(const std::string& workFile) {
 }
 
 void TicketArchive::RetrySettled() {
-  if (!folders_.Exists(settings_.InProcessFolder)) return;  // see HasGone
   for (auto file = settled_.begin(); file != settled_.end();) {
     try {
+      if (!folders_.Exists(settings_.InProcessFolder)) return;  // see HasGone
       if (files_.Exists(file->first)) MoveSettled(file->first, file->second);
       file = settled_.erase(file);
     } catch (const SystemError&) {

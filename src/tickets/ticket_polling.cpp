@@ -170,8 +170,8 @@ void TicketPolling::ProcessOneTicket() {
   std::string file;
   const bool chosen = journals_.Attempt(kLabel, [&] { ChooseFile(file); });
   if (file.empty()) return;
-  if (chosen && files_.Exists(file)) processor_.ProcessTicketFile(file);
-  if (files_.Exists(file) && !archive_.IsSettled(file)) {
+  if (chosen && MayExist(files_, file)) processor_.ProcessTicketFile(file);
+  if (MayExist(files_, file) && !archive_.IsSettled(file)) {
     ++left_[file];
   } else {
     left_.erase(file);
@@ -196,7 +196,7 @@ std::string TicketPolling::FirstInProcess() {
   std::string first;
   for (const std::string& entry : list2_) {
     std::string file = settings_.InProcessFolder + NameOf(entry);
-    if (!files_.Exists(file) || archive_.IsSettled(file) || !IsDue(left_, file)) continue;
+    if (!MayExist(files_, file) || archive_.IsSettled(file) || !IsDue(left_, file)) continue;
     if (!settings_.FileParser || splitter_.WouldSplit(file)) return file;
     if (first.empty()) first = std::move(file);
   }
@@ -207,7 +207,7 @@ std::string TicketPolling::TakeInNext() {
   for (const std::string& entry : list1_) {
     std::string file = settings_.InProcessFolder + NameOf(entry);
     // Where a file of that name still lies, settled or unreadable, the new one waits until it has gone.
-    if (IsTakenIn(entry) || files_.Exists(file) || !IsDue(refused_, entry)) continue;
+    if (IsTakenIn(entry) || MayExist(files_, file) || !IsDue(refused_, entry)) continue;
     if (journals_.Attempt(kLabel, [&] { TakeIn(entry, file); })) return file;
     // Held for a moment: what is newer, a closure of the day perhaps, must not overtake it.
     if (++refused_[entry] < kEagerTries) return {};

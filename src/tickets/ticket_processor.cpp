@@ -83,7 +83,7 @@ TicketProcessor::Next TicketProcessor::Print(const std::string& workFile) {
     ifEnded_ = Next::kLeave;
     journals_.WrLog(LoadMessage(105));
     if (!journals_.Attempt(kLabel, [&] { CloseOpenReceipt(); })) return Next::kLeave;
-    if (!files_.Exists(workFile)) return Next::kLeave;
+    if (!MayExist(files_, workFile)) return Next::kLeave;
     const Next end = SendLines(workFile);
     if (end != Next::kRestart) return end;
   }

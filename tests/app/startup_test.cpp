@@ -260,6 +260,15 @@ TEST(Startup, ErrorTextsThatCannotBeWrittenAreLoggedAndStartUpGoesOn) {
   EXPECT_EQ(shop.Log().back(), "End");
 }
 
+TEST(Startup, ErrorTextsThatCannotBeLookedAtAreNotReplaced) {
+  Shop shop;
+  shop.folder.Write("ErrDesc.ini", "own");
+  shop.files.FailAlways("Exists", "ErrDesc.ini", error_number::kDeviceError);
+  shop.Run(5s);
+  EXPECT_EQ(shop.folder.Read("ErrDesc.ini"), "own");
+  EXPECT_EQ(shop.Err(), Lines{"Main - 57 - Device I/O error ( " + shop.folder.Path("ErrDesc.ini )")});
+}
+
 TEST(Startup, ErrorTextsOfTheShopAreKeptAndShown) {
   Shop shop("on 1051 reply ERR01\n");
   const std::string texts = "[Error Description]\r\n110=Carta finita\r\n113=&Fatto\r\n";

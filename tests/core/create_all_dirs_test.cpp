@@ -26,9 +26,11 @@ class DriveFolders : public Folders {
   std::set<std::string> folders;
   std::set<std::string> filesInTheWay;
   Paths created;
+  std::string unseen;  ///< A folder at which looks fail.
 
   bool Exists(const std::string& path) const override {
     const std::string name = WithoutEnd(path);
+    if (!unseen.empty() && name == unseen) throw SystemError(error_number::kDeviceError, path);
     return folders.count(name) > 0 || (!name.empty() && name == DriveOf(name));
   }
   FolderListing ListFolder(const std::string&) const override { return {}; }
@@ -110,6 +112,17 @@ TEST_F(CreateAllDirsTest, AFileInTheWayIsLogged) {
   EXPECT_EQ(files.content["Err.txt"],
             "15/11/2026 13:45:10 - CreateAllDirs 75 - Path/File access error ( C:\\a\\b )\r\n");
   EXPECT_EQ(folders.created, Paths{});
+}
+
+TEST_F(CreateAllDirsTest, ALookThatFailsIsLoggedAndNothingIsMade) {
+  for (const char* unseen : {"C:\\a\\b\\c", "C:\\a"}) {
+    folders.unseen = unseen;
+    files.content.clear();
+    EXPECT_FALSE(Create("C:\\a\\b\\c\\"));
+    EXPECT_EQ(files.content["Err.txt"], "15/11/2026 13:45:10 - CreateAllDirs 57 - Device I/O error ( " +
+                                            std::string(unseen) + "\\ )\r\n");
+    EXPECT_EQ(folders.created, Paths{});
+  }
 }
 
 TEST_F(CreateAllDirsTest, AMissingDriveIsLogged) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "device/logo_files.h"
+#include "support/faulty_files.h"
 
 namespace orvenza::test {
 namespace {
@@ -93,6 +94,14 @@ TEST(LogoCheck, RefusesAFileThatCannotBeOpened) {
   files.locked = kPath;
   EXPECT_FALSE(IsValidLogoBitmap(files, kPath));
   EXPECT_EQ(files.opened, 1);
+}
+
+TEST(LogoCheck, RefusesAFileThatCannotBeLookedAt) {
+  LogoFiles files;
+  files.content[kPath] = LogoBitmap(100);
+  FaultyFiles faulty(files);
+  faulty.FailNext("Exists", error_number::kDeviceError);
+  EXPECT_FALSE(IsValidLogoBitmap(faulty, kPath));
 }
 
 TEST(LogoCheck, ReadsOnlyTheHeaders) {

@@ -1,6 +1,8 @@
 #include "lab/program_findings.h"
 
 #include "lab/shop_bench.h"
+#include "platform/system_error.h"
+#include "support/faulty_files.h"
 
 namespace orvenza::test {
 namespace {
@@ -40,6 +42,25 @@ TEST_F(ProgramFindings, TellOfACommandFileThatCannotBeRead) {
   disk.Put(At("command.txt"), "QUIT");
   disk.Hold(At("command.txt"), FileHold::kWriting);
   EXPECT_EQ(Said(), "warning command.unreadable: command.txt cannot be read.\n");
+}
+
+TEST_F(ProgramFindings, TellOfFilesThatCannotEvenBeLookedAt) {
+  FaultyFiles files(disk.FileSeam());
+  FaultyFolders folders(disk.FolderSeam());
+  for (const char* name : {"command.txt", "ErrDesc.ini", "error.txt", "Err.txt"}) {
+    files.FailAlways("Exists", name, error_number::kDeviceError);
+  }
+  folders.FailAlways("Exists", "data", error_number::kDeviceError);
+  machine.readOnly = {At("data\\")};
+  const LabSurroundings lab{files, folders, profile, clock, machine, console, At("")};
+  std::string said;
+  for (const Finding& finding : Diagnose(LookAt(lab, {"C:\\Orvenza", "Orvenza"}))) {
+    if (finding.severity >= Severity::kWarning) said += finding.fact + "\n";
+  }
+  EXPECT_EQ(said,
+            "command.txt cannot be read.\n"
+            "Err.txt cannot be read.\n"
+            "The ticket folder C:\\Orvenza\\data\\ cannot be written to.\n");
 }
 
 TEST_F(ProgramFindings, TellOfReadOnlyFiles) {

@@ -65,11 +65,12 @@ TEST(FaultyFiles, EveryOperationCanFail) {
   MemoryFiles real;
   real.content["a"] = "x";
   FaultyFiles files(real);
-  for (const char* operation :
-       {"Size", "OpenForReading", "Append", "Write", "Copy", "Remove", "ClearAttributes", "CopyModified"}) {
+  for (const char* operation : {"Exists", "Size", "OpenForReading", "Append", "Write", "Copy", "Remove",
+                                "ClearAttributes", "CopyModified"}) {
     files.FailNext(operation, 70);
   }
   const std::string denied = "70 Permission denied ( a )";
+  EXPECT_EQ(FailureOf([&] { files.Exists("a"); }), denied);
   EXPECT_EQ(FailureOf([&] { files.Size("a"); }), denied);
   EXPECT_EQ(FailureOf([&] { files.OpenForReading("a"); }), denied);
   EXPECT_EQ(FailureOf([&] { files.Append("a", "x"); }), denied);
@@ -93,8 +94,9 @@ class NoFolders : public Folders {
 TEST(FaultyFolders, EveryOperationCanFail) {
   NoFolders real;
   FaultyFolders folders(real);
-  for (const char* operation : {"ListFolder", "Create", "Rename"}) folders.FailNext(operation, 75);
+  for (const char* operation : {"Exists", "ListFolder", "Create", "Rename"}) folders.FailNext(operation, 75);
   const std::string refused = "75 Path/File access error ( a )";
+  EXPECT_EQ(FailureOf([&] { folders.Exists("a"); }), refused);
   EXPECT_EQ(FailureOf([&] { folders.ListFolder("a"); }), refused);
   EXPECT_EQ(FailureOf([&] { folders.Create("a"); }), refused);
   EXPECT_EQ(FailureOf([&] { folders.Rename("a", "b"); }), refused);

@@ -25,6 +25,13 @@ TEST(PosixError, MapsTheSystemsCodes) {
   for (const auto& row : rows) EXPECT_EQ(NumberOf(row.code), row.number) << row.code;
 }
 
+TEST(PosixError, FewCodesMeanThatNothingIsThere) {
+  for (const int code : {ENOENT, ENOTDIR, ENAMETOOLONG}) EXPECT_TRUE(MeansMissing(code)) << code;
+  for (const int code : {EACCES, EIO, ESTALE, ELOOP, EMFILE, ENOMEM, ETIMEDOUT, EPERM}) {
+    EXPECT_FALSE(MeansMissing(code)) << code;
+  }
+}
+
 TEST(PosixError, TellsAMissingFileFromAMissingFolder) {
   const TempFolder folder;
   const std::string inFolder = folder.Path("a.txt");

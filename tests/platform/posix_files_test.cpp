@@ -69,6 +69,20 @@ TEST_F(PosixFilesTest, FindsFilesButNotFolders) {
   EXPECT_FALSE(files.Exists(""));
   EXPECT_FALSE(files.Exists(folder.Path("data\\a.txt") + std::string(1, '\0')));
   EXPECT_FALSE(files.Exists("Z:\\a.txt"));
+  EXPECT_FALSE(files.Exists(folder.Path("data\\a.txt\\b.txt")));
+  EXPECT_FALSE(files.Exists(folder.Path(std::string(300, 'x'))));
+}
+
+TEST_F(PosixFilesTest, ALookThatFailsIsNoMissingFile) {
+  folder.Write("shop\\a.txt", "x");
+  ::chmod(folder.Native("shop").c_str(), 0000);
+  const std::string path = folder.Path("shop\\a.txt");
+  EXPECT_EQ(AsNobody([&] { return FailureOf([&] { files.Exists(path); }); }),
+            "70 Permission denied ( " + path + " )");
+  EXPECT_EQ(AsNobody([&] { return MayExist(files, path) ? "perhaps" : "no"; }), "perhaps");
+  std::filesystem::create_symlink("circle", folder.Native("circle"));
+  EXPECT_EQ(FailureOf([&] { files.Exists(folder.Path("circle")); }),
+            "75 Path/File access error ( " + folder.Path("circle") + " )");
 }
 
 TEST_F(PosixFilesTest, TellsTheSize) {

@@ -49,6 +49,15 @@ TEST_F(PosixFoldersTest, FindsFoldersButNotFiles) {
   EXPECT_FALSE(folders.Exists("Z:\\"));
 }
 
+TEST_F(PosixFoldersTest, ALookThatFailsIsNoMissingFolder) {
+  std::filesystem::create_directories(folder.Native("shop\\a"));
+  ::chmod(folder.Native("shop").c_str(), 0000);
+  const std::string path = folder.Path("shop\\a\\");
+  EXPECT_EQ(AsNobody([&] { return FailureOf([&] { folders.Exists(path); }); }),
+            "70 Permission denied ( " + path + " )");
+  EXPECT_EQ(AsNobody([&] { return MayExist(folders, path) ? "perhaps" : "no"; }), "perhaps");
+}
+
 TEST_F(PosixFoldersTest, ListsWhatTheMaskNames) {
   for (const char* name : {"a.txt", "B.TXT", "c.dat", "noext", ".hidden.txt", "sub\\x.txt"}) {
     folder.Write(name, "x");

@@ -26,6 +26,13 @@ TEST(WindowsError, MapsTheSystemsCodes) {
   for (const auto& row : rows) EXPECT_EQ(NumberOf(row.code), row.number) << row.code;
 }
 
+TEST(WindowsError, FewCodesMeanThatNothingIsThere) {
+  for (const unsigned long code : {2, 3, 15, 123, 161, 206, 267}) EXPECT_TRUE(MeansMissing(code)) << code;
+  for (const unsigned long code : {5, 21, 32, 53, 59, 64, 67, 1117, 1231, 1921}) {
+    EXPECT_FALSE(MeansMissing(code)) << code;
+  }
+}
+
 TEST(WindowsError, AMissingFolderIs76EvenWhereTheSystemMissesAFile) {
   EXPECT_EQ(FailureOf([] { ThrowFileError(ERROR_FILE_NOT_FOUND, "x"); }), "53 File not found ( x )");
   EXPECT_EQ(FailureOf([] { ThrowFolderError(ERROR_FILE_NOT_FOUND, "x"); }), "76 Path not found ( x )");

@@ -17,8 +17,8 @@
 namespace orvenza::test {
 
 /// What shall go wrong, by the names of the operations: "OpenForReading", "Read" (of the reader it returns),
-/// "Size", "Append", "Write", "Copy", "Move", "Remove", "ClearAttributes"; "ListFolder", "Create", "Rename".
-/// "Exists" takes a Before, but cannot fail. A failing operation does nothing.
+/// "Exists", "Size", "Append", "Write", "Copy", "Move", "Remove", "ClearAttributes"; "ListFolder", "Create",
+/// "Rename". A failing operation does nothing.
 class Faults {
  public:
   /// The next `operation` fails with error `number`.

@@ -193,6 +193,27 @@ TEST_F(RotationTest, ArchivingIsOffWhereTheFolderCannotBeMadeAgain) {
                                "Errore creazione cartella storico scontrini : " + historic}));
 }
 
+TEST_F(RotationTest, AFolderThatCannotBeLookedAtIsLeftAsItIs) {
+  Keep("1.txt", kYesterday);
+  shop.folders.FailNext("Exists", error_number::kDeviceError);
+  EXPECT_EQ(FailureOf([&] { Rotate(); }).substr(0, 19), "57 Device I/O error");
+  EXPECT_EQ(FoldersInShop(), Lines{"storico"});
+}
+
+TEST_F(RotationTest, ArchivingIsNotOffWhereALookForTheNewFolderFails) {
+  Keep("1.txt", kYesterday);
+  shop.folders.FailNth("Exists", 2, error_number::kDeviceError);
+  EXPECT_EQ(FailureOf([&] { Rotate(); }).substr(0, 19), "57 Device I/O error");
+  EXPECT_EQ(settings.HistoricFolder, shop.folder.Path("storico\\"));
+}
+
+TEST_F(RotationTest, DoesNothingForAMissingDrive) {
+  shop.folders.TakeDriveAway("storico");
+  shop.folders.FailAlways("Exists", "storico", error_number::kDeviceUnavailable);
+  Rotate();
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
 TEST_F(RotationTest, EarlierDaysAreTheFoldersThatItMade) {
   for (const int day : {15, 15, 14}) {
     Keep("1.txt", 2026y / 11 / day);

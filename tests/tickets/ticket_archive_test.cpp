@@ -225,6 +225,35 @@ TEST_F(ArchiveTest, ATicketThatWasOnlyOutOfSightGoesToTheAbortFolder) {
   EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
 }
 
+TEST_F(ArchiveTest, ATicketThatCannotBeLookedAtIsArchivedAllTheSame) {
+  shop.files.FailAlways("Exists", "inproces", error_number::kDeviceError);
+  archive.Archive(workFile);
+  EXPECT_EQ(Historic(), Lines{"1.txt"});
+  EXPECT_EQ(InProcess(), Lines{});
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST_F(ArchiveTest, ATicketThatCanNeitherBeLookedAtNorMovedIsSettled) {
+  for (const char* operation : {"Exists", "Move", "Copy"}) {
+    shop.files.FailAlways(operation, "inproces", error_number::kDeviceError);
+  }
+  archive.Archive(workFile);
+  archive.RetrySettled();
+  EXPECT_TRUE(archive.IsSettled(workFile)) << "it must not be printed again";
+  shop.files.Heal();
+  archive.RetrySettled();
+  EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
+}
+
+TEST_F(ArchiveTest, ATicketWhoseFolderCannotBeLookedAtIsSettled) {
+  shop.folders.FailAlways("Exists", "inproces", error_number::kDeviceError);
+  shop.Fill("storico");
+  shop.Fill("abort");
+  archive.Archive(workFile);
+  archive.RetrySettled();
+  EXPECT_TRUE(archive.IsSettled(workFile)) << "it must not be printed again";
+}
+
 TEST_F(ArchiveTest, ATicketWhoseFolderCannotBeSeenIsSettled) {
   const auto data = shop.folder.Native("data");
   std::filesystem::rename(data, shop.folder.Native("elsewhere"));
@@ -382,6 +411,23 @@ TEST(Archiving, ATicketThatCannotBeRemovedIsPrintedOnlyOnce) {
   EXPECT_EQ(inProcess, Lines{"ticket.txt"}) << "more than a hundred ticks later";
   EXPECT_EQ(shop.Names("data\\inproces"), Lines{});
   EXPECT_EQ(shop.Err().size(), 1U);
+}
+
+TEST(Archiving, ATicketThatCannotBeLookedAtOnceItIsReadIsPrintedOnlyOnce) {
+  Shop shop;
+  shop.Drop("ticket.txt", {"0;1;"});
+  shop.files.Before("OpenForReading", [&](const std::string& path) {
+    if (!path.ends_with("inproces\\ticket.txt")) return;
+    shop.files.FailAlways("Exists", "inproces", error_number::kDeviceError);
+    shop.folders.FailAlways("Exists", "inproces", error_number::kDeviceError);
+  });
+  shop.After(10s, [&] {
+    shop.files.Heal();
+    shop.folders.Heal();
+  });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
 }
 
 TEST(Archiving, OtherTicketsArePrintedWhileASettledOneWaits) {

@@ -234,6 +234,27 @@ TEST(LeftFile, ANewTicketOfItsNameDoesNotReplaceIt) {
   EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
 }
 
+TEST(LeftFile, ANewTicketOfItsNameDoesNotReplaceItThoughALookFails) {
+  Shop shop;
+  LeaveInProcess(shop, "a.txt", 1, 1000);
+  DropAt(shop, "a.txt", 2, 2000);
+  for (const char* operation : {"Exists", "OpenForReading"}) {
+    shop.files.FailAlways(operation, "inproces\\a.txt", error_number::kDeviceError);
+  }
+  shop.After(30s, [&] { shop.files.Heal(); });
+  shop.Run(5min);
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
+}
+
+TEST(LeftFile, OneThatCannotBeLookedAtIsReadAllTheSame) {
+  Shop shop;
+  LeaveInProcess(shop, "a.txt", 1, 1000);
+  shop.files.FailAlways("Exists", "inproces\\a.txt", error_number::kDeviceError);
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), Lines{"105101"});
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
 // Folders that are missing or cannot be read.
 
 TEST(PolledFolders, AnInProcessFolderRemovedWhileRunningIsMadeAgain) {

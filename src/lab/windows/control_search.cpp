@@ -72,7 +72,7 @@ WORD ProcessorOf(const std::string& path) {
 }
 
 ControlState StateOfLibrary(const std::string& path) {
-  if (!WindowsFiles().Exists(path)) return ControlState::kNoFile;
+  if (!MayExist(WindowsFiles(), path)) return ControlState::kNoFile;
   const WORD processor = ProcessorOf(path);
   if (processor == 0) return ControlState::kNoProgram;
   return processor == IMAGE_FILE_MACHINE_I386 ? ControlState::kUsable : ControlState::kWrongBits;

@@ -54,6 +54,8 @@ int NumberOf(int code) {
   }
 }
 
+bool MeansMissing(int code) { return code == ENOENT || code == ENOTDIR || code == ENAMETOOLONG; }
+
 void ThrowFileError(int code, const std::string& path) {
   if (code == ENOENT && ParentMissing(path)) throw SystemError(error_number::kPathNotFound, path);
   throw SystemError(NumberOf(code), path);

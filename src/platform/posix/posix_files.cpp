@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "platform/posix/descriptor.h"
+#include "platform/posix/file_status.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_error.h"
 #include "platform/posix/unfinished_file.h"
@@ -72,12 +73,8 @@ class PosixByteReader : public ByteReader {
 }  // namespace
 
 bool PosixFiles::Exists(const std::string& path) const {
-  try {
-    struct stat status {};
-    return ::stat(NativePath(path).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
-  } catch (const SystemError&) {
-    return false;
-  }
+  const auto status = StatusIfThere(path);
+  return status && !S_ISDIR(status->st_mode);
 }
 
 std::uintmax_t PosixFiles::Size(const std::string& path) const {
@@ -121,7 +118,7 @@ void PosixFiles::Move(const std::string& from, const std::string& to) {
   if (::rename(NativePath(from).c_str(), NativePath(to).c_str()) == 0) return;
   const int code = errno;
   // Of a source that is there, it is the target's folder that is missing.
-  ThrowFileError(code, code == ENOENT && Exists(from) ? to : from);
+  ThrowFileError(code, code == ENOENT && MayExist(*this, from) ? to : from);
 }
 
 void PosixFiles::Remove(const std::string& path) {

@@ -12,6 +12,7 @@
 #include "platform/files.h"
 #include "platform/name_mask.h"
 #include "platform/posix/descriptor.h"
+#include "platform/posix/file_status.h"
 #include "platform/posix/local_times.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_error.h"
@@ -58,12 +59,8 @@ void Add(FolderListing& listing, const char* name, const struct stat& status, Lo
 }  // namespace
 
 bool PosixFolders::Exists(const std::string& path) const {
-  try {
-    struct stat status {};
-    return ::stat(NativePath(path).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
-  } catch (const SystemError&) {
-    return false;
-  }
+  const auto status = StatusIfThere(path);
+  return status && S_ISDIR(status->st_mode);
 }
 
 FolderListing PosixFolders::ListFolder(const std::string& pattern) const {

@@ -73,6 +73,19 @@ int NumberOf(unsigned long code) {
   }
 }
 
+bool MeansMissing(unsigned long code) {
+  switch (code) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_PATHNAME:
+    case ERROR_FILENAME_EXCED_RANGE:
+    case ERROR_DIRECTORY: return true;
+    default: return false;  // A server that does not answer may have the file.
+  }
+}
+
 void ThrowFileError(unsigned long code, const std::string& path) {
   // Not every file system tells a missing file from a missing folder or drive.
   if (code == ERROR_FILE_NOT_FOUND && FolderMissing(path)) code = ERROR_PATH_NOT_FOUND;

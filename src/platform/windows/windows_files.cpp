@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/system_error.h"
+#include "platform/windows/file_attributes.h"
 #include "platform/windows/unfinished_file.h"
 #include "platform/windows/unique_handle.h"
 #include "platform/windows/windows_error.h"
@@ -62,12 +63,8 @@ class WindowsByteReader : public ByteReader {
 }  // namespace
 
 bool WindowsFiles::Exists(const std::string& path) const {
-  try {
-    const DWORD attributes = ::GetFileAttributesW(NativePath(path).c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-  } catch (const SystemError&) {
-    return false;
-  }
+  const auto attributes = AttributesIfThere(path, false);
+  return attributes && (*attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
 std::uintmax_t WindowsFiles::Size(const std::string& path) const {
@@ -112,7 +109,7 @@ void WindowsFiles::Move(const std::string& from, const std::string& to) {
   if (::MoveFileExW(NativePath(from).c_str(), NativePath(to).c_str(), kHow)) return;
   const DWORD code = ::GetLastError();
   // Of a source that is there, it is the target's folder that is missing.
-  ThrowFileError(code, code == ERROR_PATH_NOT_FOUND && Exists(from) ? to : from);
+  ThrowFileError(code, code == ERROR_PATH_NOT_FOUND && MayExist(*this, from) ? to : from);
 }
 
 void WindowsFiles::Remove(const std::string& path) {

@@ -5,6 +5,7 @@
 #include "platform/files.h"
 #include "platform/name_mask.h"
 #include "platform/system_error.h"
+#include "platform/windows/file_attributes.h"
 #include "platform/windows/folder_entry.h"
 #include "platform/windows/unique_handle.h"
 #include "platform/windows/wide.h"
@@ -13,8 +14,6 @@
 
 namespace orvenza {
 namespace {
-
-DWORD AttributesOf(const std::wstring& native) { return ::GetFileAttributesW(native.c_str()); }
 
 bool IsListed(std::string_view name, const wchar_t* nativeName, std::string_view mask) {
   if (name == "." || name == ".." || name.ends_with(kUnfinishedSuffix)) return false;
@@ -30,12 +29,8 @@ WindowsFolders::WindowsFolders() {
 }
 
 bool WindowsFolders::Exists(const std::string& path) const {
-  try {
-    const DWORD attributes = AttributesOf(NativeFolderPath(path));
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  } catch (const SystemError&) {
-    return false;
-  }
+  const auto attributes = AttributesIfThere(path, true);
+  return attributes && (*attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
 FolderListing WindowsFolders::ListFolder(const std::string& pattern) const {
@@ -80,7 +75,11 @@ std::string WindowsFolders::DriveOf(const std::string& path) const { return Driv
 
 bool WindowsFolders::DriveAvailable(const std::string& path) const {
   const std::string drive = DriveIn(path);
-  return drive.empty() || Exists(drive + "\\");
+  try {
+    return drive.empty() || Exists(drive + "\\");
+  } catch (const SystemError&) {
+    return false;
+  }
 }
 
 }  // namespace orvenza
