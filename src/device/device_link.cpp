@@ -164,6 +164,7 @@ void DeviceLink::AwaitDevice() {
     loop_.CheckEnd();
     ApplyChangedSettings();
   }
+  if (endBeforeSending_) loop_.CheckEnd();
 }
 
 void DeviceLink::Exchange(const std::string& command, double replyWait) {

@@ -78,6 +78,8 @@ class DeviceLink : private EcrLinkEvents {
   void Transmit(const std::string& command, double replyWait = kReplyWait);
 
  private:
+  friend class EndBeforeSending;
+
   void ReplyReceived() override;
   void LinkError1() override { Arrived("ERR-1"); }
   void LinkError3() override { Arrived("ERR-3"); }
@@ -105,9 +107,23 @@ class DeviceLink : private EcrLinkEvents {
   const Clock& clock_;
   int endOfTextWait_ = 0;
   bool reapply_ = false;
-  bool waiting_ = false;  ///< A command is under way.
+  bool waiting_ = false;           ///< A command is under way.
+  bool endBeforeSending_ = false;  ///< See EndBeforeSending.
   std::set<std::string, std::less<>>
       unanswered_;  ///< Codes of commands given up whose replies may still come.
+};
+
+/// While one lives, DeviceLink::AwaitDevice throws ProgramEnd once the end of the program is asked for, also
+/// where the register is ready: no further command goes out.
+class EndBeforeSending {
+ public:
+  explicit EndBeforeSending(DeviceLink& link) : link_(link) { link_.endBeforeSending_ = true; }
+  ~EndBeforeSending() { link_.endBeforeSending_ = false; }
+  EndBeforeSending(const EndBeforeSending&) = delete;
+  EndBeforeSending& operator=(const EndBeforeSending&) = delete;
+
+ private:
+  DeviceLink& link_;
 };
 
 }  // namespace orvenza

@@ -3,10 +3,25 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/files.h"
 
 namespace orvenza {
+
+/// The bytes of a text that outlives it.
+class ViewBytes : public ByteReader {
+ public:
+  explicit ViewBytes(std::string_view text) : rest_(text) {}
+  std::size_t Read(char* buffer, std::size_t capacity) override {
+    const std::size_t count = rest_.copy(buffer, capacity);
+    rest_.remove_prefix(count);
+    return count;
+  }
+
+ private:
+  std::string_view rest_;
+};
 
 /// Reads a text file line by line in one pass. CR LF, LF and a lone CR all end a line; the last line needs no
 /// end. Any other byte, NUL too, is part of a line.

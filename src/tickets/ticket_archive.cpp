@@ -88,6 +88,7 @@ std::string TicketArchive::NextHistoricPath() const {
   // Listed by extension, not by mask: a mask that the numbered names do not match would hide them, and the
   // next ticket would replace the last one.
   for (const FolderEntry& entry : folders_.ListFolder(settings_.HistoricFolder + "*" + extension)) {
+    if (entry.isFolder) continue;
     const double number = LeadingNumber(entry.name.substr(0, entry.name.rfind('.')));
     if (number < kLargestSequenceNumber) largest = std::max(largest, number);
   }
@@ -95,7 +96,7 @@ std::string TicketArchive::NextHistoricPath() const {
   std::string path;
   do {
     path = settings_.HistoricFolder + std::to_string(++number) + extension;
-  } while (files_.Exists(path));
+  } while (files_.Exists(path) || folders_.Exists(path));
   return path;
 }
 

@@ -1,58 +1,41 @@
 #include "tickets/ticket_polling.h"
 
 #include <algorithm>
+#include <exception>
+#include <string_view>
 #include <utility>
 
 #include "core/catalogue.h"
-#include "core/folder_path.h"
 #include "core/text.h"
 #include "platform/program_end.h"
 #include "platform/system_error.h"
 #include "tickets/line_reader.h"
+#include "tickets/record.h"
 
 namespace orvenza {
 namespace {
 
 constexpr const char* kLabel = "Timer1 - ";
-constexpr std::size_t kStampLength = 14;
+constexpr const char* kReadLabel = "Trasmissione ";
 /// Five seconds of ticks, and a minute of them.
 constexpr int kEagerTries = 10;
-constexpr int kTicksBetweenTries = 120;
+constexpr int kTicksBetweenLines = 120;
 /// Bytes of the command file that are looked at. A longer first line is no command.
 constexpr std::size_t kLongestCommand = 64 * 1024;
 
-std::string NameOf(const std::string& entry) { return entry.substr(kStampLength); }
-
-/// What the lists are sorted by. In small letters, because the name of a closure request consists of "z" and
-/// is to come after a "_" too, and with all other characters before that letter; a number by how many digits
-/// count in it, and then by these.
-std::string SortKey(std::string_view entry) {
-  constexpr std::string_view kDigits = "0123456789";
-  std::string key(entry.substr(0, kStampLength));
-  for (std::string_view rest = entry.substr(kStampLength); !rest.empty();) {
-    if (const std::size_t digits = std::min(rest.find_first_not_of(kDigits), rest.size()); digits > 0) {
-      const std::string_view number = WithoutLeadingZeros(rest.substr(0, digits));
-      key += '0';
-      key += static_cast<char>(number.size());
-      key += number;
-      rest.remove_prefix(digits);
-      continue;
-    }
-    const char c = rest.front();
-    if (static_cast<unsigned char>(c) > 'z') key += "y\x7F";
-    key += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    rest.remove_prefix(1);
+/// Whether a line of the ticket carries out a closure or a report.
+bool HoldsReport(std::string_view text, char separator) {
+  LineReader reader(std::make_unique<ViewBytes>(text));
+  RecordFields fields;
+  for (std::string line; reader.ReadLine(line);) {
+    SplitRecord(line, separator, fields);
+    if (IsReportType(fields[0])) return true;
   }
-  return key;
+  return false;
 }
 
-/// A file that cannot be taken in, read or split is tried on each tick first, before all others, and then
-/// rarely, so that it does not hold up the others for ever. `tries` holds its tries and the ticks it was
-/// passed over.
-bool IsDue(std::map<std::string, int>& tries, const std::string& file) {
-  const auto found = tries.find(file);
-  if (found == tries.end() || found->second < kEagerTries) return true;
-  return ++found->second % kTicksBetweenTries == 0;
+bool Holds(const TicketListing::SortedList& list, const std::string& entry) {
+  return std::find(list.begin(), list.end(), entry) != list.end();
 }
 
 }  // namespace
@@ -81,13 +64,15 @@ TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& 
       clockCorrection_(clockCorrection),
       splitter_(splitter),
       processor_(processor),
-      archive_(archive) {}
+      archive_(archive),
+      listing_(folders, settings, journals) {}
 
 void TicketPolling::Tick() {
   timer_.SetEnabled(false);
-  journals_.Attempt(kLabel, [&] { RefreshNewList(); });
+  const bool newListed = journals_.Attempt(kLabel, [&] { RefreshNewList(); });
   // Without the list of what was taken in, a new ticket could replace one of the same name.
   const bool listed = journals_.Attempt(kLabel, [&] { RefreshInProcessList(); });
+  if (newListed && listed) ForgetGone();
   bool quit = false;
   journals_.Attempt(kLabel, [&] { quit = QuitAsked(); });
   if (quit) Quit();
@@ -98,61 +83,36 @@ void TicketPolling::Tick() {
 
 void TicketPolling::RefreshNewList() {
   list1_.clear();
-  list1_ = ReadList(settings_.TicketFolder);
-  // What somebody else has removed meanwhile must not stand for a later ticket.
-  const auto hasGone = [&](const std::string& entry) {
-    return std::find(list1_.begin(), list1_.end(), entry) == list1_.end();
-  };
-  std::erase_if(takenIn_, [&](const auto& copied) { return hasGone(copied.first); });
-  std::erase_if(refused_, [&](const auto& tried) { return hasGone(tried.first); });
+  list1_ = listing_.Read(settings_.TicketFolder);
+  // What another program has removed meanwhile must not stand for a later ticket.
+  std::erase_if(takenIn_, [&](const auto& copied) { return !Holds(list1_, copied.first); });
 }
 
 void TicketPolling::RefreshInProcessList() {
   list2_.clear();
   if (!folders_.Exists(settings_.InProcessFolder)) folders_.Create(settings_.InProcessFolder);
-  list2_ = ReadList(settings_.InProcessFolder);
+  list2_ = listing_.Read(settings_.InProcessFolder);
 }
 
-std::vector<std::string> TicketPolling::OwnNames(const std::string& folder) const {
-  const std::string place = NormalisedFolder(folder);
-  std::vector<std::string> paths = journals_.Paths();
-  paths.push_back(settings_.CommandFilePath);
-  std::vector<std::string> names;
-  for (const std::string& path : paths) {
-    const std::size_t name = path.rfind('\\') + 1;
-    if (NormalisedFolder(path.substr(0, name)) == place) names.push_back(ToUpperAscii(path.substr(name)));
-  }
-  return names;
-}
-
-TicketPolling::SortedList TicketPolling::ReadList(const std::string& folder) const {
-  const std::vector<std::string> own = OwnNames(folder);
-  const auto isOwn = [&](const std::string& name) {
-    return !own.empty() && std::find(own.begin(), own.end(), ToUpperAscii(name)) != own.end();
+void TicketPolling::ForgetGone() {
+  const auto hasGone = [&](const std::string& entry) {
+    return !Holds(list1_, entry) && !Holds(list2_, entry);
   };
-  std::vector<std::pair<std::string, std::string>> keyed;  // the key of an entry, and the entry
-  for (const FolderEntry& file : folders_.ListFolder(folder + settings_.TicketMask)) {
-    if (file.isFolder || isOwn(file.name)) continue;
-    std::string entry = DateDigits(file.modified) + TimeDigits(file.modified) + file.name;
-    keyed.emplace_back(SortKey(entry), std::move(entry));
-  }
-  std::sort(keyed.begin(), keyed.end());
-  SortedList list;
-  list.reserve(keyed.size());
-  for (auto& [key, entry] : keyed) list.push_back(std::move(entry));
-  return list;
+  std::erase_if(heldUp_, [&](const auto& tried) { return hasGone(tried.first); });
+  std::erase_if(waiting_, hasGone);
 }
 
 std::size_t TicketPolling::CountWaitingTickets() {
-  RefreshNewList();
+  const TicketListing::SortedList list = listing_.Read(settings_.TicketFolder);
   const auto waits = [&](const std::string& entry) { return !takenIn_.contains(entry); };
-  return static_cast<std::size_t>(std::count_if(list1_.begin(), list1_.end(), waits));
+  return static_cast<std::size_t>(std::count_if(list.begin(), list.end(), waits));
 }
 
 void TicketPolling::PutLast(const std::string& name) {
-  RefreshNewList();
-  if (list1_.empty() || NameOf(list1_.back()) == name) return;
-  files_.CopyModified(settings_.TicketFolder + NameOf(list1_.back()), settings_.TicketFolder + name);
+  const TicketListing::SortedList list = listing_.Read(settings_.TicketFolder);
+  if (list.empty() || TicketListing::NameOf(list.back()) == name) return;
+  files_.CopyModified(settings_.TicketFolder + TicketListing::NameOf(list.back()),
+                      settings_.TicketFolder + name);
 }
 
 bool TicketPolling::QuitAsked() {
@@ -167,56 +127,121 @@ void TicketPolling::Quit() {
 }
 
 void TicketPolling::ProcessOneTicket() {
-  std::string file;
-  const bool chosen = journals_.Attempt(kLabel, [&] { ChooseFile(file); });
-  if (file.empty()) return;
-  if (chosen && MayExist(files_, file)) processor_.ProcessTicketFile(file);
-  if (MayExist(files_, file) && !archive_.IsSettled(file)) {
-    ++left_[file];
-  } else {
-    left_.erase(file);
-  }
-}
-
-void TicketPolling::ChooseFile(std::string& file) {
   archive_.RetrySettled();
-  for (;;) {
-    file = FirstInProcess();
-    if (file.empty()) file = TakeInNext();
-    if (file.empty() || !splitter_.SplitTicketFile(file)) return;
-    file.clear();
+  while (TryAll() == Outcome::kSplit) {
     RefreshNewList();
     RefreshInProcessList();
   }
 }
 
-/// A file that is yet to be split goes first: its parts, where an interrupted split has left some, are known
-/// as such only as long as it has not been split again.
-std::string TicketPolling::FirstInProcess() {
-  std::string first;
-  for (const std::string& entry : list2_) {
-    std::string file = settings_.InProcessFolder + NameOf(entry);
-    if (!MayExist(files_, file) || archive_.IsSettled(file) || !IsDue(left_, file)) continue;
-    if (!settings_.FileParser || splitter_.WouldSplit(file)) return file;
-    if (first.empty()) first = std::move(file);
+TicketPolling::Outcome TicketPolling::TryAll() {
+  for (const std::string& entry : InProcessOrder()) {
+    if (const Outcome outcome = TryTakenIn(entry); outcome != Outcome::kNext) return outcome;
   }
-  return first;
+  for (const std::string& entry : list1_) {
+    if (const Outcome outcome = TryNew(entry); outcome != Outcome::kNext) return outcome;
+  }
+  return Outcome::kEnd;
 }
 
-std::string TicketPolling::TakeInNext() {
-  for (const std::string& entry : list1_) {
-    std::string file = settings_.InProcessFolder + NameOf(entry);
+/// A file that is yet to be split goes first: its parts, where an interrupted split has left some, are known
+/// as such only as long as it has not been split again.
+TicketListing::SortedList TicketPolling::InProcessOrder() const {
+  TicketListing::SortedList order = list2_;
+  std::stable_partition(order.begin(), order.end(), [&](const std::string& entry) {
+    const std::string file = settings_.InProcessFolder + TicketListing::NameOf(entry);
+    return MayExist(files_, file) && !archive_.IsSettled(file) && splitter_.WouldSplit(file);
+  });
+  return order;
+}
+
+TicketPolling::Outcome TicketPolling::TryNew(const std::string& entry) {
+  const std::string name = TicketListing::NameOf(entry);
+  if (IsTakenIn(entry)) return Outcome::kNext;
+  if (MayExist(files_, settings_.InProcessFolder + name)) {
     // Where a file of that name still lies, settled or unreadable, the new one waits until it has gone.
-    if (IsTakenIn(entry) || MayExist(files_, file) || !IsDue(refused_, entry)) continue;
-    if (journals_.Attempt(kLabel, [&] { TakeIn(entry, file); })) return file;
-    // Held for a moment: what is newer, a closure of the day perhaps, must not overtake it.
-    if (++refused_[entry] < kEagerTries) return {};
+    heldUp_.try_emplace(entry);
+    return Outcome::kNext;
   }
-  return {};
+  if (HeldUpBefore(entry) != nullptr) {
+    // Looked at where it lies: once taken in, it would come first after a restart.
+    std::string text;
+    if (!Try(entry, kLabel, [&] { text = ReadWhole(files_, settings_.TicketFolder + name); }))
+      return HeldUp(entry);
+    if (MustWait(entry, text)) return Outcome::kNext;
+  }
+  if (!Try(entry, kLabel, [&] { TakeIn(entry, settings_.InProcessFolder + name); })) return HeldUp(entry);
+  return TryTakenIn(entry);
+}
+
+TicketPolling::Outcome TicketPolling::TryTakenIn(const std::string& entry) {
+  const std::string file = settings_.InProcessFolder + TicketListing::NameOf(entry);
+  if (!MayExist(files_, file) || archive_.IsSettled(file)) return Outcome::kNext;
+  bool split = false;
+  if (!Try(entry, kLabel, [&] { split = splitter_.SplitTicketFile(file); })) return HeldUp(entry);
+  if (split) return Outcome::kSplit;
+  // Read as a whole before anything is sent: a file that cannot be read must not be found so with half of it
+  // printed.
+  std::string text;
+  if (!Try(entry, kReadLabel, [&] { text = ReadWhole(files_, file); })) return HeldUp(entry);
+  return MustWait(entry, text) ? Outcome::kNext : Print(entry, file, std::move(text));
+}
+
+TicketPolling::Outcome TicketPolling::Print(const std::string& entry, const std::string& file,
+                                            std::string text) {
+  processor_.ProcessTicketFile(file, std::move(text));
+  if (MayExist(files_, file) && !archive_.IsSettled(file)) {
+    ++heldUp_[entry];
+    return HeldUp(entry);
+  }
+  heldUp_.erase(entry);
+  return Outcome::kEnd;
+}
+
+/// Whether the ticket carries out a closure or a report while an older one could not be printed: that one
+/// would fall into the wrong day.
+bool TicketPolling::MustWait(const std::string& entry, const std::string& text) {
+  const std::string* const older = HeldUpBefore(entry);
+  if (older == nullptr || !HoldsReport(text, settings_.SeparatorChar)) return false;
+  if (waiting_.insert(entry).second) {
+    journals_.WrErr("Chiusura o rapporto in attesa : " + TicketListing::NameOf(entry) +
+                    ", prima va stampato lo scontrino " + TicketListing::NameOf(*older));
+  }
+  return true;
+}
+
+const std::string* TicketPolling::HeldUpBefore(const std::string& entry) const {
+  for (const auto& [other, tries] : heldUp_) {
+    if (TicketListing::IsOlder(other, entry)) return &other;
+  }
+  return nullptr;
+}
+
+/// A step of making a ticket ready. Its failure is told on the first ten ticks, and then once a minute.
+bool TicketPolling::Try(const std::string& entry, const char* label, const std::function<void()>& step) {
+  const auto found = heldUp_.find(entry);
+  const int tries = found == heldUp_.end() ? 0 : found->second;
+  bool done = false;
+  if (tries < kEagerTries || tries % kTicksBetweenLines == 0) {
+    done = journals_.Attempt(label, step);
+  } else {
+    try {
+      step();
+      done = true;
+    } catch (const std::exception&) {
+      // Told already.
+    }
+  }
+  if (!done) ++heldUp_[entry];
+  return done;
+}
+
+TicketPolling::Outcome TicketPolling::HeldUp(const std::string& entry) const {
+  return heldUp_.at(entry) < kEagerTries ? Outcome::kEnd : Outcome::kNext;
 }
 
 void TicketPolling::TakeIn(const std::string& entry, const std::string& file) {
-  const bool moved = MoveOrCopy(files_, settings_.TicketFolder + NameOf(entry), file);
+  const bool moved = MoveOrCopy(files_, settings_.TicketFolder + TicketListing::NameOf(entry), file);
   if (moved || journals_.Attempt(kLabel, [&] { RemoveSource(entry); })) return;
   takenIn_[entry];
   journals_.Attempt(kLabel, [&] { takenIn_[entry] = ReadWhole(files_, file); });
@@ -228,7 +253,7 @@ bool TicketPolling::IsTakenIn(const std::string& entry) {
   const auto copied = takenIn_.find(entry);
   if (copied == takenIn_.end()) return false;
   try {
-    const std::string source = settings_.TicketFolder + NameOf(entry);
+    const std::string source = settings_.TicketFolder + TicketListing::NameOf(entry);
     const bool isNew = copied->second && ReadWhole(files_, source) != *copied->second;
     if (!isNew) RemoveSource(entry);
     takenIn_.erase(copied);
@@ -239,7 +264,7 @@ bool TicketPolling::IsTakenIn(const std::string& entry) {
 }
 
 void TicketPolling::RemoveSource(const std::string& entry) {
-  const std::string source = settings_.TicketFolder + NameOf(entry);
+  const std::string source = settings_.TicketFolder + TicketListing::NameOf(entry);
   if (files_.Exists(source)) RemoveReadOnlyToo(files_, source);
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
-#include <vector>
 
 #include "core/journals.h"
 #include "core/poll_timer.h"
@@ -15,6 +16,7 @@
 #include "platform/files.h"
 #include "platform/folders.h"
 #include "tickets/ticket_archive.h"
+#include "tickets/ticket_listing.h"
 #include "tickets/ticket_processor.h"
 #include "tickets/ticket_splitter.h"
 #include "ui/utilities_dialog.h"
@@ -27,13 +29,11 @@ bool AsksToQuit(const Files& files, const std::string& commandFile);
 
 /// The polling loop's work on each tick of `Timer1`: the host's command file, then at most one ticket, then
 /// the clock.
+///
+/// A ticket that cannot be taken in, split or read is tried again on every tick. For ten ticks it holds up
+/// all that come after it; then they pass, but never a closure or a report that is younger.
 class TicketPolling : public WaitingTickets {
  public:
-  /// The files of a folder, oldest first and by name within one second: letter case ignored, and numbers in
-  /// names by their value, so that the tenth part of a split file comes behind its ninth. An entry is the 14
-  /// digits "yyyymmddhhmmss" of the modification time followed by the name.
-  using SortedList = std::vector<std::string>;
-
   TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
                 PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
                 ClockCorrection& clockCorrection, TicketSplitter& splitter, TicketProcessor& processor,
@@ -49,21 +49,34 @@ class TicketPolling : public WaitingTickets {
   /// the list is then empty.
   void RefreshInProcessList();
 
-  /// Reads the new tickets again and counts those still to be printed.
+  /// Counts the new tickets still to be printed, by a listing of its own: it may be asked for in the middle
+  /// of a tick.
   std::size_t CountWaitingTickets() override;
   void PutLast(const std::string& name) override;
 
  private:
-  SortedList ReadList(const std::string& folder) const;
-  /// The command file and the journals where they lie in `folder`, in capitals: no mask makes tickets of
-  /// them.
-  std::vector<std::string> OwnNames(const std::string& folder) const;
+  /// What came of a ticket, and what follows in this tick.
+  enum class Outcome {
+    kNext,   ///< Passed over: the next ticket.
+    kEnd,    ///< Printed, or nothing may overtake it yet: no other ticket.
+    kSplit,  ///< Replaced by its parts: the lists are to be read again.
+  };
+
   bool QuitAsked();
   [[noreturn]] void Quit();
+  void ForgetGone();
+
   void ProcessOneTicket();
-  void ChooseFile(std::string& file);
-  std::string FirstInProcess();
-  std::string TakeInNext();
+  Outcome TryAll();
+  Outcome TryNew(const std::string& entry);
+  Outcome TryTakenIn(const std::string& entry);
+  Outcome Print(const std::string& entry, const std::string& file, std::string text);
+  TicketListing::SortedList InProcessOrder() const;
+  bool MustWait(const std::string& entry, const std::string& text);
+  const std::string* HeldUpBefore(const std::string& entry) const;
+  bool Try(const std::string& entry, const char* label, const std::function<void()>& step);
+  Outcome HeldUp(const std::string& entry) const;
+
   void TakeIn(const std::string& entry, const std::string& file);
   bool IsTakenIn(const std::string& entry);
   void RemoveSource(const std::string& entry);
@@ -80,12 +93,12 @@ class TicketPolling : public WaitingTickets {
   TicketSplitter& splitter_;
   TicketProcessor& processor_;
   TicketArchive& archive_;
+  TicketListing listing_;
 
-  SortedList list1_;
-  SortedList list2_;
-  std::map<std::string, int>
-      left_;  // files that could not be read, with their tries and the ticks passed over
-  std::map<std::string, int> refused_;  // the same for entries of new tickets that could not be taken in
+  TicketListing::SortedList list1_;
+  TicketListing::SortedList list2_;
+  std::map<std::string, int> heldUp_;  // entries that could not be made ready, and how often they were tried
+  std::set<std::string> waiting_;      // entries of closures that wait for such a one, as the log has told
   /// Entries of new tickets whose file could not be removed after the copy, and their text where it could be
   /// read.
   std::map<std::string, std::optional<std::string>> takenIn_;

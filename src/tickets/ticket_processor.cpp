@@ -56,11 +56,11 @@ TicketProcessor::TicketProcessor(Files& files, const AppSettings& settings, Jour
       translator_(translator),
       archive_(archive) {}
 
-void TicketProcessor::ProcessTicketFile(const std::string& workFile) {
+void TicketProcessor::ProcessTicketFile(const std::string& workFile, std::string text) {
   Next end = Next::kLeave;
   std::optional<ProgramEnd> ended;
   try {
-    end = Print(workFile);
+    end = Print(workFile, text);
     ifEnded_ = end;
     RestoreNormalWait();
   } catch (const ProgramEnd& wish) {
@@ -78,22 +78,27 @@ void TicketProcessor::ProcessTicketFile(const std::string& workFile) {
   if (ended) throw *ended;
 }
 
-TicketProcessor::Next TicketProcessor::Print(const std::string& workFile) {
-  for (;;) {
+TicketProcessor::Next TicketProcessor::Print(const std::string& workFile, std::string& text) {
+  for (bool again = false;; again = true) {
     ifEnded_ = Next::kLeave;
     journals_.WrLog(LoadMessage(105));
     if (!journals_.Attempt(kLabel, [&] { CloseOpenReceipt(); })) return Next::kLeave;
+    loop_.CheckEnd();
     if (!MayExist(files_, workFile)) return Next::kLeave;
-    const Next end = SendLines(workFile);
+    // The file may have been corrected while the operator was asked.
+    const auto read = [&] { text = ReadWhole(files_, workFile); };
+    if (again && !journals_.Attempt(kLabel, read)) return Next::kLeave;
+    const Next end = SendLines(text);
     if (end != Next::kRestart) return end;
   }
 }
 
 void TicketProcessor::CloseOpenReceipt() {
+  // Nothing of the ticket has been sent yet, so the program may end between any two tries.
+  const EndBeforeSending heeded(link_);
   int tries = kVoidTries;
   int accepted = 0;
   while (cash_.QueryCashStatus()) {
-    loop_.CheckEnd();
     journals_.WrErr(LoadMessage(114));
     cash_.InvioVOID();
     if (IsFailure(link_.ReplyText) ? --tries >= 1 : ++accepted < kVainVoids) continue;
@@ -109,13 +114,9 @@ void TicketProcessor::SendClosingPayment() {
   link_.Exchange("1036" + code + "000000000");
 }
 
-TicketProcessor::Next TicketProcessor::SendLines(const std::string& workFile) {
+TicketProcessor::Next TicketProcessor::SendLines(std::string_view text) {
   pending_.clear();
-  std::string text;
-  // Read as a whole before the first line is sent: a file that cannot be read waits for a later call, and
-  // must not be found so with half of it printed.
-  if (!journals_.Attempt(kLabel, [&] { text = ReadWhole(files_, workFile); })) return Next::kLeave;
-  LineReader reader(std::make_unique<TextBytes>(std::move(text)));
+  LineReader reader(std::make_unique<ViewBytes>(text));
   for (Line line; TakeLine(reader, line);) {
     // A receipt must not go on without one of its lines.
     Next next = Next::kGiveUp;

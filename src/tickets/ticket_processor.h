@@ -3,6 +3,7 @@
 #include <deque>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "core/event_loop.h"
 #include "core/journals.h"
@@ -26,9 +27,11 @@ class TicketProcessor {
                   DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery, LogoDownload& logo,
                   RecordTranslator& translator, TicketArchive& archive);
 
-  /// Prints the ticket in `workFile`, a full path. On return the file has been archived or moved to the abort
-  /// folder, or has disappeared; one that could not be read stays where it is, for a later call.
-  void ProcessTicketFile(const std::string& workFile);
+  /// Prints the ticket `text`, the whole of `workFile`, a full path; a printing from the start again reads
+  /// the file anew. On return the file has been archived or moved to the abort folder, or has disappeared;
+  /// one that could not be read anew stays where it is, for a later call. Throws ProgramEnd; where nothing of
+  /// the ticket was sent, the file then stays too.
+  void ProcessTicketFile(const std::string& workFile, std::string text);
 
  private:
   /// `kGiveUp` is an abort that nobody need have chosen, and that the error log therefore tells of.
@@ -40,11 +43,11 @@ class TicketProcessor {
     bool fromSplit = false;
   };
 
-  Next Print(const std::string& workFile);
+  Next Print(const std::string& workFile, std::string& text);
   void CloseOpenReceipt();
   void SendClosingPayment();
 
-  Next SendLines(const std::string& workFile);
+  Next SendLines(std::string_view text);
   bool TakeLine(LineReader& reader, Line& line);
   Next HandleLine(const Line& line);
   Next HandleUnreadableLine(const std::string& line);

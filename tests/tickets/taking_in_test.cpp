@@ -241,14 +241,63 @@ TEST(TakingIn, ATicketThatCannotBeTakenInDoesNotHoldUpTheOthersForEver) {
   EXPECT_EQ(Waiting(shop), Lines{"held.txt"});
 }
 
-TEST(TakingIn, ATicketThatCannotBeTakenInIsTriedTenTimesAndThenRarely) {
+TEST(TakingIn, ATicketThatCannotBeTakenInIsTriedOnEveryTickAndRarelySpokenOf) {
   Shop shop;
   shop.Drop("held.txt", {"0;1;"});
   KeepOutOfReach(shop, "data\\held.txt");
   shop.After(30s, [&] { shop.files.Heal(); });
   shop.Run(5min);
   EXPECT_EQ(shop.Err().size(), 10U);
-  EXPECT_EQ(shop.SentAt("105101"), Times{60000});
+  EXPECT_EQ(shop.SentAt("105101"), Times{30000});
+}
+
+const std::string kClosureWaits =
+    "Chiusura o rapporto in attesa : b.txt, prima va stampato lo scontrino held.txt";
+
+TEST(TakingIn, NoClosureOrReportOvertakesATicketThatIsHeldForLong) {
+  for (const char* report : {"21;", "22;", "32;3;1;"}) {
+    Shop shop;
+    DropAt(shop, "held.txt", 1, 1000);
+    shop.Drop("b.txt", {"0;2;", report});
+    shop.folder.SetModified("data\\b.txt", 2000);
+    DropAt(shop, "c.txt", 3, 3000);
+    KeepOutOfReach(shop, "data\\held.txt");
+    shop.After(60200ms, [&] { shop.files.Heal(); });
+    shop.Run(65s);
+    EXPECT_EQ(shop.SentAt("105103"), Times{5000}) << report;
+    EXPECT_EQ(shop.SentAt("105101"), Times{60500}) << report;
+    EXPECT_EQ(shop.SentAt("105102"), Times{61000}) << report;
+    EXPECT_EQ(shop.Err()[10], kClosureWaits) << report;
+    EXPECT_EQ(shop.Err().size(), 10U + 1U) << "ten tries, and the closure";
+  }
+}
+
+TEST(TakingIn, AClosureDoesNotWaitForAYoungerTicketThatIsHeld) {
+  Shop shop;
+  shop.Drop("closure.txt", {"21;"});
+  shop.folder.SetModified("data\\closure.txt", 2000);
+  KeepOutOfReach(shop, "data\\held.txt");
+  KeepOutOfReach(shop, "data\\closure.txt");
+  DropAt(shop, "held.txt", 1, 3000);
+  shop.After(10s, [&] {
+    shop.files.Heal();
+    KeepOutOfReach(shop, "data\\held.txt");
+  });
+  shop.Run();
+  EXPECT_EQ(shop.SentAt("3001").size(), 1U);
+}
+
+TEST(TakingIn, AClosureWaitsForATicketWhoseNameASettledFileHas) {
+  Shop shop;
+  LeaveInProcess(shop, "a.txt", 1, 1000);
+  shop.Hold("inproces");
+  shop.After(5s, [&] {
+    DropAt(shop, "a.txt", 2, 2000);
+    shop.Drop("b.txt", {"21;"});
+  });
+  shop.After(10200ms, [&] { shop.files.Heal(); });
+  shop.Run();
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102", "300101"}));
 }
 
 TEST(TakingIn, ANewTicketIsNotTakenForAnEarlierOneThatCouldNotBeTakenIn) {

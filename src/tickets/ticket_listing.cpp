@@ -1,0 +1,76 @@
+#include "tickets/ticket_listing.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/folder_path.h"
+#include "core/text.h"
+
+namespace orvenza {
+namespace {
+
+constexpr std::size_t kStampLength = 14;
+
+/// What the lists are sorted by. In small letters, because the name of a closure request consists of "z" and
+/// is to come after a "_" too, and with all other characters before that letter; a number by how many digits
+/// count in it, and then by these.
+std::string SortKey(std::string_view entry) {
+  constexpr std::string_view kDigits = "0123456789";
+  std::string key(entry.substr(0, kStampLength));
+  for (std::string_view rest = entry.substr(kStampLength); !rest.empty();) {
+    if (const std::size_t digits = std::min(rest.find_first_not_of(kDigits), rest.size()); digits > 0) {
+      const std::string_view number = WithoutLeadingZeros(rest.substr(0, digits));
+      key += '0';
+      key += static_cast<char>(number.size());
+      key += number;
+      rest.remove_prefix(digits);
+      continue;
+    }
+    const char c = rest.front();
+    if (static_cast<unsigned char>(c) > 'z') key += "y\x7F";
+    key += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    rest.remove_prefix(1);
+  }
+  return key;
+}
+
+}  // namespace
+
+TicketListing::SortedList TicketListing::Read(const std::string& folder) const {
+  const std::vector<std::string> own = OwnNames(folder);
+  const auto isOwn = [&](const std::string& name) {
+    return !own.empty() && std::find(own.begin(), own.end(), ToUpperAscii(name)) != own.end();
+  };
+  std::vector<std::pair<std::string, std::string>> keyed;  // the key of an entry, and the entry
+  for (const FolderEntry& file : folders_.ListFolder(folder + settings_.TicketMask)) {
+    if (file.isFolder || isOwn(file.name)) continue;
+    std::string entry = DateDigits(file.modified) + TimeDigits(file.modified) + file.name;
+    keyed.emplace_back(SortKey(entry), std::move(entry));
+  }
+  std::sort(keyed.begin(), keyed.end());
+  SortedList list;
+  list.reserve(keyed.size());
+  for (auto& [key, entry] : keyed) list.push_back(std::move(entry));
+  return list;
+}
+
+std::string TicketListing::NameOf(const std::string& entry) { return entry.substr(kStampLength); }
+
+bool TicketListing::IsOlder(std::string_view entry, std::string_view other) {
+  return SortKey(entry) < SortKey(other);
+}
+
+/// The program's own files where they lie in `folder`, in capitals.
+std::vector<std::string> TicketListing::OwnNames(const std::string& folder) const {
+  const std::string place = NormalisedFolder(folder);
+  std::vector<std::string> paths = journals_.Paths();
+  paths.push_back(settings_.CommandFilePath);
+  std::vector<std::string> names;
+  for (const std::string& path : paths) {
+    const std::size_t name = path.rfind('\\') + 1;
+    if (NormalisedFolder(path.substr(0, name)) == place) names.push_back(ToUpperAscii(path.substr(name)));
+  }
+  return names;
+}
+
+}  // namespace orvenza
