@@ -21,6 +21,8 @@ each other.
 Needs root, debootstrap and unshare. The project, the program's folder and the current folder are seen under their
 own names.
 
+  ORVENZA_WINE_DEBIAN  the Debian whose Wine is used: trixie (13, Wine 10; the default) or bookworm (12, Wine 8);
+                       each has a system of its own
   ORVENZA_WINE_ROOT    folder of that system (default: /opt/orvenza-wine-N, N being a number that changes with
                        what is put into it, so that none that was made otherwise is used)
   ORVENZA_WINE_PREFIX  folder of Wine's own files within it (default: /var/lib/orvenza-wine)
@@ -35,6 +37,7 @@ fail() {
 
 project=$(cd "$(dirname "$0")/.." && pwd -P)
 prefix=${ORVENZA_WINE_PREFIX:-/var/lib/orvenza-wine}
+debian=${ORVENZA_WINE_DEBIAN:-trixie}
 packages=wine32,wine,xvfb,xauth,xdotool,imagemagick,fonts-liberation,fonts-wine
 
 check() {
@@ -56,7 +59,7 @@ make_root() {
   chmod 755 "$part"
   # In a mount namespace of its own: what debootstrap mounts is never seen from here, where $part may be removed.
   if unshare --mount --propagation private \
-    debootstrap --arch=i386 --variant=minbase --include="$packages" bookworm "$part" >"$root.log" 2>&1; then
+    debootstrap --arch=i386 --variant=minbase --include="$packages" "$debian" "$part" >"$root.log" 2>&1; then
     rm -f "$part"/var/cache/apt/archives/*.deb
     touch "$part/etc/orvenza-wine"
     mv -T "$part" "$root"
@@ -110,7 +113,7 @@ within() {
   exit "$result"
 }
 
-recipe=$({ declare -f make_root within; echo "$packages"; } | cksum | cut -d ' ' -f 1)
+recipe=$({ declare -f make_root within; echo "$debian $packages"; } | cksum | cut -d ' ' -f 1)
 root=${ORVENZA_WINE_ROOT:-/opt/orvenza-wine-$recipe}
 # Only a system with this file in it is used: it was made here, to its end.
 mark=$root/etc/orvenza-wine
