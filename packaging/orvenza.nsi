@@ -29,8 +29,12 @@ AllowSkipFiles off
 !define EXIT_FILE_HELD 5
 
 ; How long a running program is waited for, in seconds, unless /WAIT= says otherwise. It may be in the middle of
-; a receipt, and ends only after it.
-!define DEFAULT_WAIT 60
+; a receipt, and ends only after it. With a person before the screen, setup soon asks again.
+!define SILENT_WAIT 60
+!define SHORT_WAIT 10
+
+; A right of OpenProcess.
+!define PROCESS_QUERY_LIMITED_INFORMATION 0x1000
 
 Name "Orvenza"
 OutFile "${OUTPUT}"
@@ -76,7 +80,11 @@ Var Wait
 ; Reads /LANG= and /WAIT=.
 Function ${un}ReadCommonOptions
   ${GetParameters} $0
-  StrCpy $Wait ${DEFAULT_WAIT}
+  ${If} ${Silent}
+    StrCpy $Wait ${SILENT_WAIT}
+  ${Else}
+    StrCpy $Wait ${SHORT_WAIT}
+  ${EndIf}
   ${GetOptions} $0 "/WAIT=" $1
   ${IfNot} ${Errors}
     StrCpy $Wait $1
@@ -136,25 +144,67 @@ Function ${un}QuitAndWait
   Exch $0
 FunctionEnd
 
-; Returns when the program does not run, or else ends the setup program.
-Function ${un}EndProgram
+; Closes the hidden main form of each program that runs from this folder. It then ends as it does with the session,
+; whatever it waits for.
+Function ${un}CloseProgram
+  Push $0
+  Push $1
+  Push $2
+  Push $3
+  Push $4
+  GetFullPathName /SHORT $1 "$INSTDIR\Orvenza.exe"
+  StrCpy $0 0
   ${Do}
-    Call ${un}IsRunning
+    FindWindow $0 "Orv_Main" "" 0 $0
+    ${If} $0 = 0
+      ${Break}
+    ${EndIf}
+    System::Call 'user32::GetWindowThreadProcessId(p r0, *i .r2)'
+    System::Call 'kernel32::OpenProcess(i ${PROCESS_QUERY_LIMITED_INFORMATION}, i 0, i r2) p .r2'
+    System::Call 'kernel32::QueryFullProcessImageNameW(p r2, i 0, w .r3, *i ${NSIS_MAX_STRLEN}) i .r4'
+    System::Call 'kernel32::CloseHandle(p r2)'
+    GetFullPathName /SHORT $3 $3
+    ${If} $4 <> 0
+    ${AndIf} $3 == $1
+      System::Call 'user32::PostMessageW(p r0, i ${WM_CLOSE}, p 0, p 0)'
+    ${EndIf}
+  ${Loop}
+  Pop $4
+  Pop $3
+  Pop $2
+  Pop $1
+  Pop $0
+FunctionEnd
+
+; Ends the setup program and leaves the connector running.
+Function ${un}LeaveRunning
+  SetErrorLevel ${EXIT_RUNNING}
+  Quit
+FunctionEnd
+
+; Returns when the program does not run, or else ends the setup program. A program in which a dialog waits for an
+; answer does not hear its command file: its main form is closed then, if the person before the screen wants that.
+Function ${un}EndProgram
+  Call ${un}IsRunning
+  Pop $0
+  ${If} $0 = 0
+    Return
+  ${EndIf}
+  ${If} ${Cmd} 'MessageBox MB_OKCANCEL|MB_ICONEXCLAMATION "$(TEXT_RUNNING)" /SD IDOK IDCANCEL'
+    Call ${un}LeaveRunning
+  ${EndIf}
+  ${Do}
+    Call ${un}QuitAndWait
     Pop $0
     ${If} $0 = 0
       ${Break}
     ${EndIf}
-    ${If} ${Cmd} 'MessageBox MB_OKCANCEL|MB_ICONEXCLAMATION "$(TEXT_RUNNING)" /SD IDOK IDCANCEL'
-      SetErrorLevel ${EXIT_RUNNING}
-      Quit
-    ${EndIf}
-    Call ${un}QuitAndWait
-    Pop $0
-    ${If} $0 = 1
-    ${AndIf} ${Silent}
-      SetErrorLevel ${EXIT_RUNNING}
-      Quit
-    ${EndIf}
+    MessageBox MB_YESNOCANCEL|MB_DEFBUTTON2|MB_ICONEXCLAMATION "$(TEXT_STILL_RUNNING)" /SD IDCANCEL \
+      IDYES close IDNO wait
+    Call ${un}LeaveRunning
+   close:
+    Call ${un}CloseProgram
+   wait:
   ${Loop}
 FunctionEnd
 
@@ -275,7 +325,24 @@ Function .onInstFailed
   SetErrorLevel ${EXIT_FILE_HELD}
 FunctionEnd
 
-; Pushes 1 when the folder can be made and written to.
+; Sets $0 to 0 when the folder, which exists, lies below this one: only an administrator could write there later.
+!macro RefuseBelow folder
+  Push $1
+  Push $2
+  Push $3
+  GetFullPathName /SHORT $1 "${folder}"
+  GetFullPathName /SHORT $2 "$INSTDIR"
+  StrLen $3 "$1\"
+  StrCpy $2 "$2\" $3
+  ${If} $2 == "$1\"
+    StrCpy $0 0
+  ${EndIf}
+  Pop $3
+  Pop $2
+  Pop $1
+!macroend
+
+; Pushes 1 when the folder can be made, and written to by a user without special rights too.
 Function IsWritable
   Push $0
   SetDetailsPrint none
@@ -289,6 +356,8 @@ Function IsWritable
     Delete "$INSTDIR\setup.tmp"
     StrCpy $0 1
   ${EndIf}
+  !insertmacro RefuseBelow "$PROGRAMFILES32"
+  !insertmacro RefuseBelow "$PROGRAMFILES64"
   RMDir "$INSTDIR"  ; only where it is empty
   SetDetailsPrint lastused
   Exch $0
@@ -311,13 +380,48 @@ FunctionEnd
 
 ; ---- Removing ----
 
+; Pushes 1 when the sound in the folder is the one that setup puts there, byte by byte, and not the shop's own.
+Function un.IsOwnSound
+  Push $0
+  Push $1
+  Push $2
+  Push $3
+  InitPluginsDir
+  File "/oname=$PLUGINSDIR\ding.wav" "${STAGE}\ding.wav"
+  FileOpen $0 "$PLUGINSDIR\ding.wav" r
+  FileOpen $1 "$INSTDIR\ding.wav" r
+  ${Do}
+    FileReadByte $0 $2  ; empty at the end
+    FileReadByte $1 $3
+    ${If} $2 != $3
+    ${OrIf} $2 == ""
+      ${Break}
+    ${EndIf}
+  ${Loop}
+  FileClose $0
+  FileClose $1
+  ClearErrors
+  StrCpy $0 0
+  ${If} $2 == $3
+    StrCpy $0 1
+  ${EndIf}
+  Pop $3
+  Pop $2
+  Pop $1
+  Exch $0
+FunctionEnd
+
 Section "un.$(TEXT_PROGRAM)" SectionRemoveProgram
   SectionIn RO
   Call un.EndProgram
   Delete "$INSTDIR\Orvenza.exe"
   Delete "$INSTDIR\orvenza-lab.exe"
   Delete "$INSTDIR\LICENSE.txt"
-  Delete "$INSTDIR\ding.wav"
+  Call un.IsOwnSound
+  Pop $0
+  ${If} $0 = 1
+    Delete "$INSTDIR\ding.wav"
+  ${EndIf}
   !insertmacro RemovePapers
   Delete "$INSTDIR\uninstall.exe"
   Call un.RemoveAutostart
@@ -331,6 +435,7 @@ SectionEnd
 Section /o "un.$(TEXT_DATA)" SectionRemoveData
   Delete "$INSTDIR\Orvenza.ini"
   Delete "$INSTDIR\ErrDesc.ini"
+  Delete "$INSTDIR\ding.wav"
   Delete "$INSTDIR\Log.txt"
   Delete "$INSTDIR\Log.Bak"
   Delete "$INSTDIR\Err.txt"

@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
 # The part of package_test.sh that runs beside Wine, with "wine" and a screen at hand:
-#   installed_test.sh SETUP UNPACKED
-# UNPACKED is the zip's folder. Works in a Wine prefix of its own.
+#   installed_test.sh SETUP UNPACKED ANSWER
+# UNPACKED is the zip's folder, ANSWER the program made of answer.nsi. Works in a Wine prefix of its own.
 set -uo pipefail
 cd "$(dirname "$0")/../.."
 . tests/package/checks.sh
 
 setup=$1
 unpacked=$2
+answer=$3
 WINEPREFIX=$(mktemp -d)
 export WINEPREFIX
 trap 'wineserver -k; wineserver -w; rm -rf "$WINEPREFIX"' EXIT
@@ -26,6 +27,22 @@ run_key='HKCU\Software\Microsoft\Windows\CurrentVersion\Run'
 # as two words: setup wants it without quotes.
 run_setup() {
   wine "$setup" /S "$@"
+  code=$?
+}
+
+# open_setup OPTION...: starts setup with its windows and goes through its pages up to the installation.
+open_setup() {
+  wine "$setup" /LANG=en /RUN=0 "$@" &
+  setup_pid=$!
+  press 1 'Choose Install Location' && press 1 'Choose Components'
+}
+# press BUTTON TEXT: of the dialog with a text that begins so. 1 is also OK and the button that goes on, 2 Cancel.
+# The text, too, is wanted without quotes.
+press() { wine "$answer" /BUTTON="$1" /TEXT=$2; }
+yes_button=6
+no_button=7
+close_setup() {
+  wait "$setup_pid"
   code=$?
 }
 
@@ -99,6 +116,13 @@ run_setup '/D=Z:\proc\Orvenza'
 same "is refused" $code 4
 check "with nothing installed" fails installed
 
+title "a folder for administrators only"
+guarded='C:\Program Files\Orvenza'
+run_setup /D=$guarded
+same "is refused even to one" $code 4
+check "and not left behind" gone "$WINEPREFIX/drive_c/Program Files/Orvenza"
+check "with nothing installed" fails installed
+
 title "the first installation"
 run_setup /AUTOSTART=1 /D=$target
 same "succeeds" $code 0
@@ -143,7 +167,22 @@ run_setup /WAIT=1
 same "is refused" $code 3
 check "leaves no command file behind" gone "$shop/command.txt"
 check "leaves the program running" runs Orvenza.exe
-kill_program
+check "with its pages, setup asks" open_setup /WAIT=1
+check "whether to end the program" press 1 'Orvenza is running'
+check "and, as the dialog still waits, asks again" press $no_button 'Orvenza is still running'
+check "until it is cancelled" press 2 'Orvenza is still running'
+close_setup
+same "which ends it" $code 3
+check "and leaves the program running" runs Orvenza.exe
+check "or, once more" open_setup
+check "whether to end the program" press 1 'Orvenza is running'
+check "until the program is to be ended at once" press $yes_button 'Orvenza is still running'
+check "which goes on with the installation" press 1 'Installation Complete'
+close_setup
+same "and succeeds" $code 0
+check "has ended the program" fails runs Orvenza.exe
+check "in order" holds <(tail -n 1 "$shop/Log.txt") ' - End'
+check "leaves no command file behind" gone "$shop/command.txt"
 
 title "an upgrade while a tool is used"
 coproc tool { wine "$target\\orvenza-lab.exe" check -; } 2>/dev/null
@@ -169,15 +208,26 @@ check "puts the paper there the next time" cmp "$shop/docs/settings.md" "$unpack
 title "removing"
 logs=$(cd "$shop" && sha256sum Log.txt Err.txt)
 check "succeeds" run_uninstaller
-same "leaves the shop's own files" "$(files_in "$shop")" "./Err.txt ./ErrDesc.ini ./Log.txt ./Orvenza.ini ./nota.txt "
+same "leaves the shop's own files" "$(files_in "$shop")" \
+  "./Err.txt ./ErrDesc.ini ./Log.txt ./Orvenza.ini ./ding.wav ./nota.txt "
+check "with the shop's own bell" holds "$shop/ding.wav" 'un altro suono'
 same "leaves the logs alone" "$(cd "$shop" && sha256sum Log.txt Err.txt)" "$logs"
 same "leaves settings and tickets alone" "$(own_sums)" "$before"
 same "leaves of the papers only the shop's own" "$(cd "$shop" && find docs | sort | tr '\n' ' ')" "docs docs/x.txt "
 check "takes the entry out of the Start menu" gone "$menu_entry"
 same "starts nothing with Windows any more" "$(value "$run_key" Orvenza)" ""
 
+title "removing the bell that came with the program"
+rm "$shop/ding.wav"
+run_setup /D=$target
+same "installs over what was left" $code 0
+check "puts a bell there" cmp "$shop/ding.wav" "$unpacked/ding.wav"
+check "succeeds" run_uninstaller
+check "takes that bell away" gone "$shop/ding.wav"
+
 title "removing with everything"
 rm "$shop/docs/x.txt"
+echo un altro suono >"$shop/ding.wav"
 run_setup /STARTMENU=0 /D=$target
 same "installs over what was left" $code 0
 check "makes no entry in the Start menu, as asked" gone "$menu_entry"

@@ -43,5 +43,8 @@ done
 same "Orvenza forces no data execution prevention on an old control" \
   "$(i686-w64-mingw32-objdump -p $unpacked/Orvenza/Orvenza.exe | grep NX_COMPAT)" ""
 
-tools/wine.sh --in-root bash tests/package/installed_test.sh "$setup" "$PWD/$unpacked/Orvenza" || failures=$((failures + 1))
+answer=$PWD/build/package/answer.exe
+makensis -V2 -WX -DOUTPUT="$answer" tests/package/answer.nsi
+tools/wine.sh --in-root bash tests/package/installed_test.sh "$setup" "$PWD/$unpacked/Orvenza" "$answer" ||
+  failures=$((failures + 1))
 finish
