@@ -11,9 +11,10 @@ namespace {
 // All in form units.
 constexpr int kMargin = 180;
 constexpr int kIconSize = 480;
-constexpr int kLineGap = 15;    ///< Above and below a message of up to three lines, so that it fits.
-constexpr int kWideGap = 120;   ///< The same where the buttons move down anyway.
-constexpr int kAiryText = 660;  ///< Two lines: a message looks crowded with more.
+constexpr int kLineGap = 15;     ///< Above and below a message of up to three lines, so that it fits.
+constexpr int kButtonGap = 120;  ///< Between a centred message and the buttons; its empty line gives way.
+constexpr int kWideGap = 120;    ///< The same where the buttons move down anyway.
+constexpr int kAiryText = 660;   ///< Two lines: a message looks crowded with more.
 constexpr int kNarrowestMessage = 6000;
 constexpr int kWidestMessage = 10800;
 constexpr int kMessageStep = 300;
@@ -81,7 +82,9 @@ MessageLayout LayOutMessage(const MessageParts& parts, int dpi, Extent screen) {
   const int buttonTop = area + 2 * gap;
 
   MessageLayout layout;
-  layout.text = {textLeft, gap + (parts.centred ? 0 : (area - text.height) / 2), text.width, text.height};
+  const int textTop =
+      parts.centred ? std::min(0, buttonTop - px(kButtonGap) - text.height - gap) : (area - text.height) / 2;
+  layout.text = {textLeft, gap + textTop, text.width, text.height};
   layout.icon = {px(kMargin), (buttonTop - px(kIconSize)) / 2, px(kIconSize), px(kIconSize)};
   for (int index = 1; index <= parts.buttons; ++index) {
     layout.buttons.push_back(PlaceInRow(index, parts.buttons, text.formWidth, buttonTop, dpi));

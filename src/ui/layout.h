@@ -48,9 +48,10 @@ struct MessageLayout {
   std::vector<Box> buttons;
 };
 
-/// The text above the row of buttons, the icon to its left. The buttons stand at ButtonPlace's top: a longer
-/// text makes the form wider. Only one that is too long for the `screen` all the same, or has too many lines
-/// of its own, moves the buttons down.
+/// The text above the row of buttons, the icon to its left. The leading empty line of a centred text may lie
+/// partly above the form, so that the last line does not touch the buttons. The buttons stand at
+/// ButtonPlace's top: a longer text makes the form wider. Only one that is too long for the `screen` all the
+/// same, or has too many lines of its own, moves the buttons down.
 MessageLayout LayOutMessage(const MessageParts& parts, int dpi, Extent screen);
 
 struct ChoiceParts {

@@ -110,7 +110,9 @@ bool LieApart(const std::vector<Box>& boxes, Extent form) {
 }
 
 std::vector<Box> BoxesOf(const MessageLayout& layout) {
-  std::vector<Box> boxes{layout.icon, layout.text};
+  // The empty first line of a centred text may lie above the form.
+  const int top = std::max(0, layout.text.top);
+  std::vector<Box> boxes{layout.icon, {layout.text.left, top, layout.text.width, layout.text.Bottom() - top}};
   boxes.insert(boxes.end(), layout.buttons.begin(), layout.buttons.end());
   return boxes;
 }
@@ -154,6 +156,16 @@ TEST(MessageLayout, KeepsTheButtonsInPlaceBelowEveryMessage) {
       EXPECT_EQ(layout.buttons.front().top, Pixels(980, dpi)) << dpi << text;
       EXPECT_TRUE(LieApart(BoxesOf(layout), layout.form)) << dpi << text;
     }
+  }
+}
+
+TEST(MessageLayout, KeepsACentredTextOffTheButtonsAndItsFirstLineInTheForm) {
+  for (const int dpi : kResolutions) {
+    const MessageLayout layout = LayOutMessage(Message(Short(Lines(146, 147)), dpi, 1), dpi, Screen(dpi));
+    const int lineHeight = layout.text.height / 3;
+    EXPECT_EQ(layout.buttons.front().top, Pixels(980, dpi)) << dpi;
+    EXPECT_GE(layout.buttons.front().top - layout.text.Bottom(), Pixels(120, dpi) - 1) << dpi;
+    EXPECT_GE(layout.text.top + lineHeight, Pixels(120, dpi)) << dpi << " below the empty line";
   }
 }
 

@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "core/catalogue.h"
+#include "platform/windows/system_functions.h"
 #include "ui/operator_message.h"
-#include "ui/windows/system_functions.h"
 #include "windows/control.h"
 #include "windows/form_bench.h"
 #include "windows/person.h"

@@ -75,6 +75,12 @@ bool ShowsAllOf(HWND control, int dpi) {
   return TextOf(control).empty() || ShowsAllOfText(control, kind, client, dpi);
 }
 
+/// How far a control may lie above its form: by the empty first line of a centred message.
+int MayLieAbove(HWND control) {
+  const bool centred = ClassOf(control) == L"Edit" && (GetWindowLongW(control, GWL_STYLE) & ES_CENTER) != 0;
+  return centred && TextOf(control).starts_with("\r\n") ? SizeOfText(control, "X", 0, DT_SINGLELINE).cy : 0;
+}
+
 testing::AssertionResult Lacks(HWND control, const char* what) {
   return testing::AssertionFailure() << ToUtf8(ClassOf(control)) << " \"" << TextOf(control) << "\" " << what;
 }
@@ -150,7 +156,8 @@ testing::AssertionResult ShowsEverything(HWND form, int dpi) {
   for (HWND control = GetWindow(form, GW_CHILD); control != nullptr;
        control = GetWindow(control, GW_HWNDNEXT)) {
     const RECT box = PlaceOf(form, GetDlgCtrlID(control));
-    if (box.left < 0 || box.top < 0 || box.right > client.right || box.bottom > client.bottom)
+    if (box.left < 0 || box.top < -MayLieAbove(control) || box.right > client.right ||
+        box.bottom > client.bottom)
       return Lacks(control, "does not fit the form");
     if (!ShowsAllOf(control, dpi)) return Lacks(control, "is cut");
   }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/windows/wide.h"
+#include "ui/windows/dpi.h"
 #include "ui/windows/names.h"
 #include "ui/windows/window.h"
 #include "windows/form_bench.h"
@@ -107,6 +108,96 @@ TEST_F(FormLookTest, EveryFormHasTheIconOfTheProgram) {
     EXPECT_EQ(IconOf(form, GCLP_HICONSM), ProgramIcon(GetSystemMetrics(SM_CXSMICON))) << NameOf(form);
     CloseByCross(form);
   });
+}
+
+TEST_F(FormLookTest, TheSmallIconOfAFormFollowsItsScreen) {
+  EXPECT_EQ(SmallIconSize(192), 2 * SmallIconSize(96));
+  ShowEveryForm([](HWND form) {
+    const auto smallIcon = [form] {
+      return reinterpret_cast<HICON>(SendMessageW(form, WM_GETICON, ICON_SMALL, 0));
+    };
+    EXPECT_EQ(smallIcon(), ProgramIcon(SmallIconSize(ScreenDpi()))) << NameOf(form);
+    ChangeDpi(form, 192);
+    EXPECT_EQ(smallIcon(), ProgramIcon(SmallIconSize(192))) << NameOf(form);
+    CloseByCross(form);
+  });
+}
+
+/// The buttons that are drawn as the one that Enter presses.
+std::vector<int> DefaultButtons(HWND form) {
+  std::vector<int> found;
+  for (HWND control = GetWindow(form, GW_CHILD); control != nullptr;
+       control = GetWindow(control, GW_HWNDNEXT)) {
+    const bool isDefault = (GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+    if (ClassOf(control) == L"Button" && isDefault) found.push_back(GetDlgCtrlID(control));
+  }
+  return found;
+}
+
+TEST_F(FormLookTest, TheFirstButtonLooksLikeTheOneThatEnterPressesFromTheFirstMoment) {
+  ShowEveryForm([](HWND form) {
+    const int first = ClassOf(form) == window_class::kOrvMsg ? kCommand0 + 1 : kCommand + 1;
+    EXPECT_EQ(DefaultButtons(form), std::vector{first}) << NameOf(form);
+    CloseByCross(form);
+  });
+}
+
+TEST_F(FormLookTest, TheButtonWithTheFocusLooksLikeTheOneThatEnterPresses) {
+  constexpr int kYesNo = 4;
+  WhenShown([this](HWND form) {
+    Press(VK_TAB);
+    Await("the second button", [&] { return DefaultButtons(form) == std::vector{kCommand0 + 2}; });
+    CloseByCross(form);
+  });
+  messages.ShowOperatorMessage("Sei sicuro ?", kYesNo, "");
+  WhenShown([](HWND form) {
+    SetFocus(GetDlgItem(form, kCommand + 1));
+    SetFocus(GetDlgItem(form, kCombo + 1));
+    EXPECT_EQ(DefaultButtons(form), std::vector{kCommand + 1});
+    CloseByCross(form);
+  });
+  person.ShowPortSettings(kPorts);
+}
+
+/// Closes a menu of this thread, and notes that there was one.
+void CALLBACK CloseMenu(HWND, UINT, UINT_PTR, DWORD) {
+  GUITHREADINFO state{};
+  state.cbSize = sizeof state;
+  if (!GetGUIThreadInfo(GetCurrentThreadId(), &state) || (state.flags & GUI_INMENUMODE) == 0) return;
+  ADD_FAILURE() << "a menu is open";
+  EndMenu();
+}
+
+TEST_F(FormLookTest, TheTextOfAMessageHasNoMenu) {
+  ShowMessage("Sei sicuro ?", [](HWND form) {
+    const HWND text = GetDlgItem(form, kText1);
+    const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, CloseMenu);
+    SendMessageW(text, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(text), MAKELPARAM(400, 300));
+    KillTimer(nullptr, timer);
+    CloseByCross(form);
+  });
+}
+
+/// Whether `upper` lies in front of `lower`.
+bool IsAbove(HWND upper, HWND lower) {
+  while (upper != nullptr && upper != lower) upper = GetWindow(upper, GW_HWNDNEXT);
+  return upper != nullptr;
+}
+
+TEST_F(FormLookTest, AFlashBringsTheFormInFrontAgainAndLeavesTheFocusAlone) {
+  const auto answer = [this](HWND form) {
+    const HWND cover = CreateWindowExW(WS_EX_TOPMOST, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 800, 600,
+                                       nullptr, nullptr, nullptr, nullptr);
+    SetForegroundWindow(cover);
+    EXPECT_TRUE(IsAbove(cover, form)) << NameOf(form);
+    Await("the form in front", [&] { return IsAbove(form, cover); });
+    EXPECT_EQ(GetForegroundWindow(), cover) << NameOf(form);
+    DestroyWindow(cover);
+    CloseByCross(form);
+  };
+  ShowMessage("Sei sicuro ?", answer);
+  WhenShown(answer);
+  person.ShowChoice(kChoice);
 }
 
 /// Notes how the title bar of a form is drawn from now on: true as that of the active form.

@@ -11,6 +11,7 @@
 namespace orvenza::test {
 namespace {
 
+constexpr int kInfo = 3;
 constexpr int kConfigure = 4;
 
 using HiddenFormTest = FormBench;
@@ -59,6 +60,31 @@ TEST(MainForm, HandsTheKeyboardBackToTheDialogWhenItsMenuCloses) {
   EXPECT_EQ(till.Form(window_class::kOrvConf), conf);
   Press(VK_RETURN);
   till.Gone(conf);
+}
+
+TEST(MainForm, LeavesTheForegroundToTheProgramInUseWhenItsMenuCloses) {
+  const Shop shop;
+  const Till till(shop);
+  till.AwaitStart();
+  WindowsEventPump pump;
+  const HWND inUse = CreateWindowExW(0, L"STATIC", L"Vendite", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300,
+                                     200, nullptr, nullptr, nullptr, nullptr);
+  const auto awaitInFront = [&] {
+    till.Await("the program in use", [&] {
+      pump.Dispatch();
+      return GetForegroundWindow() == inUse;
+    });
+  };
+  SetForegroundWindow(inUse);
+  awaitInFront();
+  till.TellIcon(WM_RBUTTONDOWN);
+  till.AwaitMenu();
+  Press(VK_ESCAPE);
+  till.AwaitNoMenu();
+  awaitInFront();
+  till.Menu(kInfo);
+  awaitInFront();
+  DestroyWindow(inUse);
 }
 
 TEST(MainForm, ClosesAMenuThatWasLeftOpen) {

@@ -1,13 +1,12 @@
 #include "platform/windows/windows_event_pump.h"
 
 #include <windows.h>
-// After windows.h, which declares what it needs.
-#include <timeapi.h>
 
 #include <algorithm>
 #include <utility>
 
 #include "platform/windows/steady_time.h"
+#include "platform/windows/system_functions.h"
 
 namespace orvenza {
 namespace {
@@ -26,6 +25,13 @@ constexpr UINT kResolution = 1;
 
 nanoseconds Bounded(nanoseconds wait) { return std::clamp(wait, nanoseconds::zero(), kLongestWait); }
 
+/// Begins or ends the finer timer. Its library is one of those that Windows would look for beside the
+/// program.
+void AskForResolution(const char* function) {
+  using AskType = UINT(WINAPI*)(UINT);
+  if (const auto ask = FindFunction<AskType>(L"winmm.dll", function)) ask(kResolution);
+}
+
 /// Rounded up, so that a wait does not end before its moment.
 DWORD Milliseconds(nanoseconds wait) {
   constexpr std::int64_t kMost = INFINITE - 1;
@@ -35,9 +41,9 @@ DWORD Milliseconds(nanoseconds wait) {
 
 }  // namespace
 
-WindowsEventPump::WindowsEventPump() { ::timeBeginPeriod(kResolution); }
+WindowsEventPump::WindowsEventPump() { AskForResolution("timeBeginPeriod"); }
 
-WindowsEventPump::~WindowsEventPump() { ::timeEndPeriod(kResolution); }
+WindowsEventPump::~WindowsEventPump() { AskForResolution("timeEndPeriod"); }
 
 void WindowsEventPump::Dispatch() { Deliver(); }
 

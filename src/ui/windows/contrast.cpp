@@ -1,6 +1,6 @@
 #include "ui/windows/contrast.h"
 
-#include "ui/windows/system_functions.h"
+#include "platform/windows/system_functions.h"
 
 namespace orvenza {
 namespace {

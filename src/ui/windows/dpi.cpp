@@ -1,6 +1,6 @@
 #include "ui/windows/dpi.h"
 
-#include "ui/windows/system_functions.h"
+#include "platform/windows/system_functions.h"
 
 namespace orvenza {
 namespace {
@@ -28,6 +28,12 @@ int DpiOf(HWND window) {
     ofMonitor(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), kEffective, &dpi, &vertical);
   }
   return dpi != 0 ? static_cast<int>(dpi) : DesktopDpi();
+}
+
+int SmallIconSize(int dpi) {
+  using MetricsType = int(WINAPI*)(int, UINT);
+  static const auto metrics = FindFunction<MetricsType>(L"user32.dll", "GetSystemMetricsForDpi");
+  return metrics != nullptr ? metrics(SM_CXSMICON, static_cast<UINT>(dpi)) : GetSystemMetrics(SM_CXSMICON);
 }
 
 Extent OuterSize(HWND window, Extent form, int dpi) {

@@ -10,6 +10,9 @@ namespace orvenza {
 /// difference.
 int DpiOf(HWND window);
 
+/// Size of small icons, as in a title bar, on a screen of `dpi` pixels an inch.
+int SmallIconSize(int dpi);
+
 /// Size of `window` with title bar and border around a form of this size.
 Extent OuterSize(HWND window, Extent form, int dpi);
 

@@ -24,6 +24,13 @@ constexpr auto kLongestWait = 100ms;
 
 HWND OwnerOf(const Desk& desk) { return desk.forms.empty() ? nullptr : desk.forms.back()->Handle(); }
 
+/// As the notification area's menu is, which the form would otherwise cover.
+bool MenuIsOpen() {
+  GUITHREADINFO state{};
+  state.cbSize = sizeof state;
+  return GetGUIThreadInfo(GetCurrentThreadId(), &state) && (state.flags & GUI_INMENUMODE) != 0;
+}
+
 /// Only the innermost form takes part.
 void EnableInnermost(const Desk& desk) {
   for (const Form* form : desk.forms) EnableWindow(form->Handle(), form == desk.forms.back());
@@ -62,8 +69,10 @@ int Form::NextPress() {
 
 void Form::Show(int focused, bool flashing) {
   ArrangeAt(0, 0, true);
+  SetSmallIcon();
   EnableInnermost(desk_);
   focus_ = Control(focused);
+  ShowDefaultButton(buttons_.front());
   // Not as whoever started the program wished its first window to be: minimised, nobody would see it.
   ShowWindow(Handle(), SW_RESTORE);
   SetWindowPos(Handle(), HWND_TOPMOST, 0, 0, 0, 0, kTopmostFlags);
@@ -144,7 +153,7 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_ACTIVATE: OnActivate(LOWORD(wParam) != WA_INACTIVE); return 0;
     case WM_SETFOCUS: SetFocus(focus_); return 0;
-    case WM_TIMER: FlashWindow(Handle(), TRUE); return 0;
+    case WM_TIMER: Flash(); return 0;
     case WM_NEXTDLGCTL: MoveFocus(wParam, LOWORD(lParam) != 0); return 0;
     case DM_GETDEFID: return MAKELRESULT(DefaultButton(), DC_HASDEFID);
     case WM_CTLCOLORSTATIC:
@@ -157,10 +166,25 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (placing_) return 0;
       const auto* const suggested = reinterpret_cast<const RECT*>(lParam);
       SetFonts(LOWORD(wParam));
+      SetSmallIcon();
       ArrangeAt(suggested->left, suggested->top, false);
       return 0;
     }
     default: return Window::OnMessage(message, wParam, lParam);
+  }
+}
+
+void Form::SetSmallIcon() const {
+  const HICON icon = ProgramIcon(SmallIconSize(dpi_));
+  SendMessageW(Handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
+}
+
+/// A program that fills the screen and is in front of everything itself would otherwise cover the form for
+/// good. The focus stays where it is.
+void Form::Flash() const {
+  FlashWindow(Handle(), TRUE);
+  if (IsWindowEnabled(Handle()) && !MenuIsOpen()) {
+    SetWindowPos(Handle(), HWND_TOPMOST, 0, 0, 0, 0, kTopmostFlags);
   }
 }
 
@@ -169,8 +193,8 @@ void Form::OnCommand(int id, UINT notification) {
   if (id == control_id::kText1 && notification == EN_SETFOCUS) SetFocus(Control(buttons_.front()));
   if (!IsButton(id)) return;
   if (notification == BN_CLICKED) pressed_ = id;
-  if (notification == BN_SETFOCUS) SetDefaultLook(id, true);
-  if (notification == BN_KILLFOCUS) SetDefaultLook(id, false);
+  if (notification == BN_SETFOCUS) ShowDefaultButton(id);
+  if (notification == BN_KILLFOCUS) ShowDefaultButton(buttons_.front());
 }
 
 /// The focus comes back to where it was when the operator comes back to the form.
@@ -190,9 +214,12 @@ void Form::MoveFocus(WPARAM target, bool isControl) const {
   if (next != nullptr) SetFocus(next);
 }
 
-void Form::SetDefaultLook(int id, bool isDefault) const {
-  const WPARAM style = (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | BS_NOTIFY;
-  SendMessageW(Control(id), BM_SETSTYLE, style, TRUE);
+/// The button that Enter presses looks like it, and no other one.
+void Form::ShowDefaultButton(int id) const {
+  for (const int button : buttons_) {
+    const WPARAM style = (button == id ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | BS_NOTIFY;
+    SendMessageW(Control(button), BM_SETSTYLE, style, TRUE);
+  }
 }
 
 bool Form::IsButton(int id) const {

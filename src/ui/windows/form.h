@@ -41,7 +41,7 @@ class Form : public Window {
   Form(Desk& desk, const wchar_t* className, const std::string& caption);
 
   /// Shows the form centred, in front of everything, with the focus on its control `focused`. `flashing`: its
-  /// title bar flashes.
+  /// title bar flashes, and each flash brings the form in front again.
   void Show(int focused, bool flashing);
 
   /// Places the controls for a screen of `dpi` pixels an inch and returns the size the form needs.
@@ -69,10 +69,12 @@ class Form : public Window {
   void Leave();
   void ArrangeAt(int left, int top, bool centred);
   void SetFonts(int dpi);
+  void SetSmallIcon() const;
+  void Flash() const;
   void OnCommand(int id, UINT notification);
   void OnActivate(bool active);
   void MoveFocus(WPARAM target, bool isControl) const;
-  void SetDefaultLook(int id, bool isDefault) const;
+  void ShowDefaultButton(int id) const;
   bool IsButton(int id) const;
   /// The button that Enter presses.
   int DefaultButton() const;

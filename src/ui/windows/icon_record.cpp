@@ -24,12 +24,12 @@ NOTIFYICONDATAA IconRecord(HWND owner) {
   return record;
 }
 
-NOTIFYICONDATAA IconRecord(HWND owner, const std::string& tip) {
+NOTIFYICONDATAA IconRecord(HWND owner, const std::string& tip, int size) {
   constexpr std::size_t kTipField = 64;
   NOTIFYICONDATAA record = IconRecord(owner);
   record.uFlags = kIconFields;
   record.uCallbackMessage = kIconMessage;
-  record.hIcon = ProgramIcon(GetSystemMetrics(SM_CXSMICON));
+  record.hIcon = ProgramIcon(size);
   ToCodePage(ToWide(tip)).bytes.copy(record.szTip, kTipField - 1);
   return record;
 }

@@ -1,5 +1,6 @@
 #include "ui/windows/main_form.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/windows/wide.h"
@@ -13,6 +14,11 @@ namespace {
 
 /// In milliseconds. Nothing else of the program goes on while the menu is open.
 constexpr UINT kLongestMenu = 30000;
+
+/// In milliseconds, from one try to show the icon to the next. Each takes twice as long to come as the one
+/// before: a shell that hangs holds the program up with every try.
+constexpr UINT kFirstTry = 1000;
+constexpr UINT kRarestTry = 60000;
 
 /// The part of WM_SYSCOMMAND's first parameter that is not the system's own.
 constexpr WPARAM kSystemCommand = 0xFFF0;
@@ -29,20 +35,22 @@ Menu MakePopUp() {
 
 }  // namespace
 
-Picture::Picture(HWND form, std::function<void()> pressed) : pressed_(std::move(pressed)) {
+Picture::Picture(HWND form, const Shell& shell, std::function<void()> pressed)
+    : shell_(shell), pressed_(std::move(pressed)) {
   Create(window_class::kPicture1, {}, WS_CHILD, 0, form, control_id::kPicture1);
 }
 
 Picture::~Picture() { Destroy(); }
 
-void Picture::AddIcon(const std::string& tip) const {
-  NOTIFYICONDATAA record = IconRecord(Handle(), tip);
-  Shell_NotifyIconA(NIM_ADD, &record);
+bool Picture::AddIcon(const std::string& tip) const {
+  const HWND taskbar = FindWindowW(L"Shell_TrayWnd", nullptr);
+  NOTIFYICONDATAA record = IconRecord(Handle(), tip, SmallIconSize(DpiOf(taskbar)));
+  return shell_.notify(NIM_ADD, record) || shell_.notify(NIM_MODIFY, record);
 }
 
 void Picture::DeleteIcon() const {
   NOTIFYICONDATAA record = IconRecord(Handle());
-  Shell_NotifyIconA(NIM_DELETE, &record);
+  shell_.notify(NIM_DELETE, record);
 }
 
 LRESULT Picture::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -53,13 +61,16 @@ LRESULT Picture::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   return Window::OnMessage(message, wParam, lParam);
 }
 
-MainForm::MainForm(const std::string& caption, MainFormEvents events)
-    : events_(std::move(events)), taskbarCreated_(RegisterWindowMessageW(L"TaskbarCreated")) {
+MainForm::MainForm(const std::string& caption, MainFormEvents events, Shell shell)
+    : events_(std::move(events)),
+      shell_(std::move(shell)),
+      taskbarCreated_(RegisterWindowMessageW(L"TaskbarCreated")),
+      untilNextTry_(kFirstTry) {
   Create(window_class::kOrvMain, caption, WS_OVERLAPPEDWINDOW | WS_MINIMIZE, 0, nullptr);
   Centre();
   // The shell may not send it to a program that runs with more rights than its own, unless that allows it.
   ChangeWindowMessageFilterEx(Handle(), taskbarCreated_, MSGFLT_ALLOW, nullptr);
-  picture1_.emplace(Handle(), [this] { PopUp(); });
+  picture1_.emplace(Handle(), shell_, [this] { PopUp(); });
 }
 
 MainForm::~MainForm() {
@@ -71,18 +82,32 @@ MainForm::~MainForm() {
 void MainForm::CreateIcon(const std::string& tip) {
   SetWindowTextW(Handle(), ToWide(tip).c_str());
   tip_ = tip;
-  picture1_->AddIcon(tip);
+  ShowIcon();
+}
+
+/// Right after the user has signed in the shell may not be ready, and a shell that is busy takes no icon
+/// either.
+void MainForm::ShowIcon() {
+  if (!tip_) return;
+  KillTimer(Handle(), kTmrIcon);
+  if (picture1_->AddIcon(*tip_)) {
+    untilNextTry_ = kFirstTry;
+  } else {
+    SetTimer(Handle(), kTmrIcon, untilNextTry_, nullptr);
+    untilNextTry_ = std::min(2 * untilNextTry_, kRarestTry);
+  }
 }
 
 void MainForm::DeleteIcon() {
   if (tip_) picture1_->DeleteIcon();
   tip_.reset();
+  KillTimer(Handle(), kTmrIcon);
 }
 
 LRESULT MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == taskbarCreated_) {
-    // The shell was started again and knows no icons.
-    if (tip_) picture1_->AddIcon(*tip_);
+    // The shell was started again and knows no icons, or its screen has other pixels.
+    ShowIcon();
     return 0;
   }
   switch (message) {
@@ -97,7 +122,13 @@ LRESULT MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if ((wParam & kSystemCommand) == SC_CLOSE) return 0;
       return Window::OnMessage(message, wParam, lParam);
     case WM_CLOSE: End(); return 0;
-    case WM_TIMER: EndMenu(); return 0;
+    case WM_TIMER:
+      if (wParam == kTmrIcon) {
+        ShowIcon();
+      } else {
+        EndMenu();
+      }
+      return 0;
     default: return Window::OnMessage(message, wParam, lParam);
   }
 }
@@ -119,7 +150,7 @@ void MainForm::OnSize(WPARAM state) {
     ShowWindow(Handle(), SW_MINIMIZE);
     return;
   }
-  if (tip_ && picture1_) picture1_->AddIcon(*tip_);
+  ShowIcon();
   ShowWindow(Handle(), SW_HIDE);
 }
 
@@ -129,24 +160,36 @@ void MainForm::End() {
   events_.end();
 }
 
+/// At the pointer. Where that is not on the icon, the icon was pressed by the keyboard, and the menu opens
+/// there.
+POINT MainForm::PlaceOfMenu() const {
+  POINT place{};
+  GetCursorPos(&place);
+  const std::optional<RECT> icon = shell_.placeOfIcon(picture1_->Handle());
+  if (!icon || PtInRect(&*icon, place)) return place;
+  return {(icon->left + icon->right) / 2, (icon->top + icon->bottom) / 2};
+}
+
 void MainForm::PopUp() {
   // A second menu would take the timer of the first one with it.
   if (menuIsOpen_) return;
   menuIsOpen_ = true;
   const Menu menu = MakePopUp();
-  POINT pointer{};
-  GetCursorPos(&pointer);
+  const POINT place = PlaceOfMenu();
   // Without the foreground, and the message behind, the menu would not close when the operator clicks
   // elsewhere.
   SetForegroundWindow(Handle());
   SetTimer(Handle(), kTmrMenu, kLongestMenu, nullptr);
-  const int item = TrackPopupMenu(menu.Get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, pointer.x,
-                                  pointer.y, 0, Handle(), nullptr);
+  const int item = TrackPopupMenu(menu.Get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, place.x,
+                                  place.y, 0, Handle(), nullptr);
   KillTimer(Handle(), kTmrMenu);
   menuIsOpen_ = false;
   PostMessageW(Handle(), WM_NULL, 0, 0);
-  if (GetForegroundWindow() == Handle()) events_.menuClosed();
-  if (item > 0) events_.chosen(static_cast<MenuItem>(item - 1));
+  if (item > 0) {
+    events_.chosen(static_cast<MenuItem>(item - 1));
+  } else {
+    events_.menuClosed();
+  }
 }
 
 }  // namespace orvenza

@@ -1,15 +1,16 @@
 #include "ui/windows/message_form.h"
 
 #include <windows.h>
-// After windows.h, on which it builds.
+// After windows.h, on which they build.
+#include <commctrl.h>
 #include <mmsystem.h>
 
 #include "platform/system_error.h"
 #include "platform/windows/code_page.h"
+#include "platform/windows/system_functions.h"
 #include "platform/windows/wide.h"
 #include "ui/windows/dpi.h"
 #include "ui/windows/names.h"
-#include "ui/windows/system_functions.h"
 
 namespace orvenza {
 namespace {
@@ -50,7 +51,18 @@ Icon LoadSystemIcon(PCWSTR name, int size) {
   return Icon(icon);
 }
 
+/// The text is no field to be edited, so it has no menu for that either.
+LRESULT CALLBACK WithoutMenu(HWND text, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+  return message == WM_CONTEXTMENU ? 0 : DefSubclassProc(text, message, wParam, lParam);
+}
+
 }  // namespace
+
+SoundPlayer SystemSound() {
+  using PlayType = BOOL(WINAPI*)(PCSTR, UINT);
+  const auto play = FindFunction<PlayType>(L"winmm.dll", "sndPlaySoundA");
+  return [play](const char* path, UINT flags) { return play != nullptr && play(path, flags); };
+}
 
 MessageForm::MessageForm(Desk& desk, const MessageContent& content, const std::string& programFolder,
                          const SoundPlayer& play)
@@ -61,8 +73,9 @@ MessageForm::MessageForm(Desk& desk, const MessageContent& content, const std::s
   int id = control_id::kCommand0;
   for (const std::string& button : content.buttons) AddButton(button, ++id);
   const DWORD alignment = centred_ ? ES_CENTER : ES_LEFT;
-  AddControl(L"EDIT", content.text, ES_MULTILINE | ES_READONLY | alignment | WS_GROUP, control_id::kText1,
-             TextKind::kMessage);
+  const HWND text = AddControl(L"EDIT", content.text, ES_MULTILINE | ES_READONLY | alignment | WS_GROUP,
+                               control_id::kText1, TextKind::kMessage);
+  SetWindowSubclass(text, WithoutMenu, 0, 0);
   if (image_ != MessageIcon::kNone) {
     AddControl(L"STATIC", {}, SS_ICON | SS_REALSIZECONTROL | WS_GROUP, control_id::kImage + IndexOf(image_),
                TextKind::kMessage);

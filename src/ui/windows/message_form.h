@@ -10,6 +10,9 @@ namespace orvenza {
 /// Plays a sound file as sndPlaySoundA does.
 using SoundPlayer = std::function<BOOL(const char* path, UINT flags)>;
 
+/// The system's player, which is silent where the system has none.
+SoundPlayer SystemSound();
+
 /// The message dialog `Orv_Msg`, on the screen from the start. Its buttons are kCommand0 + 1 and following.
 class MessageForm final : public Form {
  public:

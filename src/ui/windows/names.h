@@ -47,6 +47,9 @@ inline constexpr int kTmrFlash = 1;
 /// The timer of Orv_Main that closes a menu left open.
 inline constexpr int kTmrMenu = 2;
 
+/// The timer of Orv_Main that tries again to show the icon.
+inline constexpr int kTmrIcon = 3;
+
 /// What the icon sends to Picture1; the message of the mouse stands in its last parameter.
 inline constexpr unsigned kIconMessage = 512;
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "ui/windows/choice_form.h"
+#include "ui/windows/last_used_window.h"
 #include "ui/windows/names.h"
 #include "ui/windows/port_form.h"
 #include "ui/windows/utilities_form.h"
@@ -32,7 +33,7 @@ WindowsOperator::WindowsOperator(EventLoop& loop, WindowsEventPump& pump, std::s
       orvMain_(caption,
                {.chosen = [this](MenuItem item) { desk_.pump.Post([this, item] { RunMenuItem(item); }); },
                 .end = [this] { desk_.loop.RequestEnd({.unload = true}); },
-                .menuClosed = [this] { ReturnToInnermostForm(); }}),
+                .menuClosed = [this] { LeaveMainForm(); }}),
       sessionGuard_(orvMain_.Handle()),
       consoleGuard_(orvMain_.Handle()) {}
 
@@ -67,19 +68,22 @@ void WindowsOperator::ShowUtilities(const UtilitiesContent& content,
   }
 }
 
-/// Only in front does a dialog that waits hear its keys.
-void WindowsOperator::ReturnToInnermostForm() const {
-  if (!desk_.forms.empty()) SetForegroundWindow(desk_.forms.back()->Handle());
+/// The hidden form took the foreground for its menu. Only in front does a dialog that waits hear its keys, or
+/// else the program that the operator was using.
+void WindowsOperator::LeaveMainForm() const {
+  if (GetForegroundWindow() != orvMain_.Handle()) return;
+  const HWND next = desk_.forms.empty() ? LastUsedWindow() : desk_.forms.back()->Handle();
+  if (next != nullptr) SetForegroundWindow(next);
 }
 
 void WindowsOperator::RunMenuItem(MenuItem item) {
-  if (!menuHandler_) return;
   try {
-    menuHandler_(item);
+    if (menuHandler_) menuHandler_(item);
   } catch (const ProgramEnd& end) {
     // The pump may be in the middle of a pause that must run to its end; the next wait without limit throws.
     desk_.loop.RequestEnd(end);
   }
+  LeaveMainForm();
 }
 
 }  // namespace orvenza

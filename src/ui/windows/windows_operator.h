@@ -1,8 +1,6 @@
 #pragma once
 
 #include <windows.h>
-// After windows.h, on which it builds.
-#include <mmsystem.h>
 
 #include <functional>
 #include <string>
@@ -27,7 +25,7 @@ class WindowsOperator final : public Operator, public NotificationIcon {
   /// `programFolder` may hold the sound of messages, given to `play`; `caption` is the main form's. Throws
   /// SystemError.
   WindowsOperator(EventLoop& loop, WindowsEventPump& pump, std::string programFolder,
-                  const std::string& caption, SoundPlayer play = sndPlaySoundA);
+                  const std::string& caption, SoundPlayer play = SystemSound());
 
   /// Who carries out the menu's items; until there is one, they do nothing. An item is carried out as an
   /// event of the pump, dialogs included; a ProgramEnd of it is noted in the event loop.
@@ -44,7 +42,7 @@ class WindowsOperator final : public Operator, public NotificationIcon {
 
  private:
   void RunMenuItem(MenuItem item);
-  void ReturnToInnermostForm() const;
+  void LeaveMainForm() const;
 
   std::string programFolder_;
   SoundPlayer play_;
