@@ -8,6 +8,8 @@
 namespace orvenza {
 namespace {
 
+static_assert(sizeof(void*) == 4, "the link control is a 32-bit library, and no 64-bit program can host it");
+
 /// What a member reports about its own failure.
 struct Exception {
   EXCEPINFO info{};
