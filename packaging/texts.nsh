@@ -1,4 +1,4 @@
-; The setup program's own texts.
+; The setup program's own texts. The Italian ones say "tu", as NSIS's own pages do.
 
 !macro SetupText name italian english
   LangString ${name} ${LANG_ITALIAN} "${italian}"
@@ -30,22 +30,23 @@ programma." \
     "Removes for ever the settings, the logs, the sound and all tickets in the program's folder as well."
 
   !insertmacro SetupText TEXT_RUNNING \
-    "Orvenza è in esecuzione in questa cartella.$\r$\n$\r$\nPremere OK per chiuderlo e continuare. Se sta \
+    "Orvenza è in esecuzione in questa cartella.$\r$\n$\r$\nPremi OK per chiuderlo e continuare. Se sta \
 stampando uno scontrino, si chiude subito dopo." \
     "Orvenza is running in this folder.$\r$\n$\r$\nPress OK to end it and to go on. If it is printing a receipt, \
 it ends right after it."
   !insertmacro SetupText TEXT_STILL_RUNNING \
     "Orvenza è ancora in esecuzione: un suo messaggio aspetta una risposta, oppure sta stampando.$\r$\n$\r$\n\
-Chiuderlo adesso? Uno scontrino stampato a metà viene annullato e ristampato al prossimo avvio; se era già al \
-pagamento, viene messo da parte nella cartella degli scontrini abortiti.$\r$\n$\r$\nSì: chiuderlo adesso.$\r$\n\
-No: aspettare ancora, per rispondere prima al messaggio.$\r$\nAnnulla: lasciarlo in esecuzione e non cambiare nulla." \
+Vuoi chiuderlo adesso? Uno scontrino stampato a metà viene annullato, e ristampato al prossimo avvio; se era già al \
+pagamento, viene messo da parte nella cartella abort.$\r$\n$\r$\nSì: chiude Orvenza adesso.$\r$\n\
+No: aspetta ancora, così puoi prima rispondere al messaggio.$\r$\nAnnulla: lascia Orvenza in esecuzione e non cambia \
+nulla." \
     "Orvenza is still running: one of its messages waits for an answer, or it is printing.$\r$\n$\r$\nEnd it now? \
 A receipt that is half printed is voided, and printed again at the next start; if it had come to the payment, it is put \
-aside in the folder of receipts given up.$\r$\n$\r$\nYes: end it now.$\r$\nNo: wait longer, so that the message can \
+aside in the folder abort.$\r$\n$\r$\nYes: end it now.$\r$\nNo: wait longer, so that the message can \
 be answered first.$\r$\nCancel: leave it running and change nothing."
   !insertmacro SetupText TEXT_NOT_WRITABLE \
     "Orvenza tiene impostazioni e file di log accanto al programma: serve una cartella in cui possa scrivere chi lo \
-usa. Questa non va bene:$\r$\n$\r$\n$INSTDIR$\r$\n$\r$\nScegliere un'altra cartella, non sotto Programmi." \
+usa. Questa non va bene:$\r$\n$\r$\n$INSTDIR$\r$\n$\r$\nScegli un'altra cartella, non sotto Programmi." \
     "Orvenza keeps settings and logs beside the program, so its user must be able to write to the folder. This one \
 will not do:$\r$\n$\r$\n$INSTDIR$\r$\n$\r$\nChoose another folder, not one below Program Files."
 !macroend
