@@ -71,11 +71,12 @@ struct PollingShop {
   RegisterQueries queries{link, cash, recovery, messages, ports, settings, journals, loop, timer, identity};
   LogoDownload logo{link, recovery, files, journals, messages};
   RecordTranslator translator{identity, settings, files, journals};
-  TicketArchive archive{files, folders, settings, journals, messages};
+  RememberedTickets remembered{files, journals, folder.Path()};
+  TicketArchive archive{files, folders, settings, journals, messages, remembered};
   TicketSplitter splitter{files, settings, journals, archive};
   TicketProcessor processor{files, settings, journals, loop, link, cash, recovery, logo, translator, archive};
-  TicketPolling polling{files,   folders,    settings, journals,  timer,  link,
-                        queries, correction, splitter, processor, archive};
+  TicketPolling polling{files,   folders,    settings, journals,  timer,   link,
+                        queries, correction, splitter, processor, archive, remembered};
 };
 
 std::size_t ListBarely(const std::string& path) {

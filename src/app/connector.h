@@ -18,6 +18,7 @@
 #include "device/register_queries.h"
 #include "platform/files.h"
 #include "platform/folders.h"
+#include "tickets/remembered_tickets.h"
 #include "tickets/ticket_archive.h"
 #include "tickets/ticket_polling.h"
 #include "tickets/ticket_processor.h"
@@ -103,6 +104,7 @@ class Connector {
   LogoDownload logo_;
 
   RecordTranslator translator_;
+  RememberedTickets remembered_;
   TicketArchive archive_;
   TicketSplitter splitter_;
   TicketProcessor processor_;

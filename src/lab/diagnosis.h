@@ -12,7 +12,8 @@ namespace orvenza {
 /// Looks at the installation in a program folder. Changes nothing.
 Installation LookAt(const LabSurroundings& lab, const ProgramPaths& paths);
 
-/// All that is to be said about an installation, in the order of its parts.
+/// All that is to be said about an installation, in the order of its parts. In the folders of tickets a file
+/// is made, renamed and removed.
 Findings Diagnose(const Installation& shop);
 
 /// The exit status that findings stand for: 0, with warnings 1, with errors 2.

@@ -33,8 +33,9 @@ Command DoctorCommand() {
           "port. Each finding has a severity, a code that never changes its meaning, the\n"
           "fact, and what to do about it. docs/doctor.md explains every code.\n"
           "\n"
-          "Nothing is changed: no file is written, and what the next start would repair\n"
-          "is only told.",
+          "The installation stays as it is: what the next start would repair is only told.\n"
+          "To see whether tickets can be handled, a file of the doctor's own is made,\n"
+          "renamed and removed in the folders of tickets.",
           InstallationOptions({{"--json", {}, "write one JSON object"}}),
           "0  nothing but notes\n"
           "1  warnings: receipts are printed, but something is not as it should be\n"

@@ -6,6 +6,7 @@
 
 #include "core/folder_path.h"
 #include "core/text.h"
+#include "lab/folder_trial.h"
 #include "lab/wording.h"
 #include "platform/system_error.h"
 
@@ -19,11 +20,12 @@ constexpr std::uintmax_t kLittleSpace = 200'000'000;
 struct NamedFolder {
   std::string name;  ///< "ticket folder".
   std::string path;  ///< Ends in "\".
+  bool holdsTickets = true;
 };
 
 /// The program folder first, the ticket folder second.
 std::vector<NamedFolder> FoldersOf(const Installation& shop) {
-  std::vector<NamedFolder> folders = {{"program folder", SettingsPath(shop.paths.AppPath) + "\\"}};
+  std::vector<NamedFolder> folders = {{"program folder", SettingsPath(shop.paths.AppPath) + "\\", false}};
   if (shop.review.state == SettingsReview::State::kUnreadable || shop.Settings().TicketFolder.empty()) {
     return folders;
   }
@@ -69,6 +71,12 @@ Finding OfFolder(const Installation& shop, const NamedFolder& folder) {
             nearest == folder.path ? is + " cannot be written to."
                                    : is + " is missing and cannot be made in " + nearest + ".",
             "Give the user of the till the right to write there."};
+  }
+  if (nearest == folder.path && folder.holdsTickets) {
+    if (const std::string fault = TryFolder(shop.files, folder.path); !fault.empty()) {
+      return {Severity::kError, "folder.trial", is + " cannot be used: " + fault + ".",
+              "Give the user of the till the right to make, rename and remove files there."};
+    }
   }
   if (nearest == folder.path) return {Severity::kOk, "folder.ok", folder.name};
   return {Severity::kNote, "folder.missing", is + " is missing; the connector makes it."};

@@ -12,7 +12,7 @@ namespace orvenza {
 
 /// An installation that is looked at, and what is known of it before its parts are.
 struct Installation {
-  const Files& files;
+  Files& files;
   const Folders& folders;
   const Machine& machine;
   const Clock& clock;

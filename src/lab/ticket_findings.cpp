@@ -1,11 +1,13 @@
 #include "lab/ticket_findings.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 
 #include "lab/wording.h"
 #include "platform/system_error.h"
 #include "tickets/historic_rotation.h"
+#include "tickets/remembered_tickets.h"
 
 namespace orvenza {
 namespace {
@@ -18,15 +20,21 @@ struct Contents {
   LocalTime newest;
 };
 
-/// Nothing where there is no such folder, or where it cannot be listed.
+std::string EntryOf(const FolderEntry& file) {
+  return DateDigits(file.modified) + TimeDigits(file.modified) + file.name;
+}
+
+/// Nothing where there is no such folder, or where it cannot be listed. `counts` says which files do; all
+/// where there is none.
 std::optional<Contents> ContentsOf(const Installation& shop, const std::string& folder,
-                                   const std::string& mask) {
+                                   const std::string& mask,
+                                   const std::function<bool(const FolderEntry&)>& counts = {}) {
   if (folder.empty()) return {};
   Contents contents;
   try {
     if (!shop.folders.Exists(folder)) return {};
     for (const FolderEntry& entry : shop.folders.ListFolder(folder + mask)) {
-      if (entry.isFolder) continue;
+      if (entry.isFolder || (counts && !counts(entry))) continue;
       contents.oldest = contents.count == 0 ? entry.modified : std::min(contents.oldest, entry.modified);
       contents.newest = std::max(contents.newest, entry.modified);
       contents.bytes += entry.size;
@@ -44,8 +52,10 @@ bool IsOfToday(const Installation& shop, const LocalTime& time) {
 
 std::string Age(const Installation& shop, const LocalTime& time) { return AgeText(shop.now, time); }
 
-void AddWaiting(Findings& findings, const Installation& shop) {
-  const auto waiting = ContentsOf(shop, shop.Settings().TicketFolder, shop.Settings().TicketMask);
+void AddWaiting(Findings& findings, const Installation& shop, const RememberedFiles& remembered) {
+  const auto waiting =
+      ContentsOf(shop, shop.Settings().TicketFolder, shop.Settings().TicketMask,
+                 [&](const FolderEntry& file) { return !remembered.takenIn.contains(EntryOf(file)); });
   if (!waiting || waiting->count == 0) return;
   const std::string fact = CountOf(waiting->count, "ticket") + " in " + shop.Settings().TicketFolder +
                            " still to be printed, the oldest " + Age(shop, waiting->oldest) + " old.";
@@ -57,8 +67,10 @@ void AddWaiting(Findings& findings, const Installation& shop) {
   }
 }
 
-void AddInProcess(Findings& findings, const Installation& shop) {
-  const auto left = ContentsOf(shop, shop.Settings().InProcessFolder, shop.Settings().TicketMask);
+void AddInProcess(Findings& findings, const Installation& shop, const RememberedFiles& remembered) {
+  const auto left =
+      ContentsOf(shop, shop.Settings().InProcessFolder, shop.Settings().TicketMask,
+                 [&](const FolderEntry& file) { return !remembered.settled.contains(file.name); });
   if (!left || left->count == 0) return;
   const std::string fact = CountOf(left->count, "ticket") + " in " + shop.Settings().InProcessFolder +
                            ", the oldest " + Age(shop, left->oldest) + " old";
@@ -69,6 +81,38 @@ void AddInProcess(Findings& findings, const Installation& shop) {
                         fact + ": left over from an interrupted run, and printed first by the next start.",
                         "Compare with the last receipt on paper; move away what is printed already."});
   }
+}
+
+/// What the connector remembers, so that no start prints it again.
+RememberedFiles ReadRemembered(Findings& findings, const Installation& shop) {
+  const std::string path = RememberedFilesPath(shop.paths.AppPath);
+  try {
+    if (!shop.files.Exists(path)) return {};
+    return ParseRememberedFiles(ReadWhole(shop.files, path));
+  } catch (const SystemError& failure) {
+    findings.push_back(
+        {Severity::kWarning, "tickets.memory",
+         "The list of tickets that must not be printed again cannot be read: " + failure.Description() + ".",
+         "Close what holds that file open: without it the next start prints them again."});
+    return {};
+  }
+}
+
+void AddRemembered(Findings& findings, const Installation& shop, const RememberedFiles& remembered) {
+  std::string names;
+  const auto add = [&](const std::string& path) { names += (names.empty() ? "" : ", ") + path; };
+  for (const auto& [entry, text] : remembered.takenIn) {
+    add(shop.Settings().TicketFolder + TicketListing::NameOf(entry));
+  }
+  for (const auto& [name, file] : remembered.settled) add(shop.Settings().InProcessFolder + name);
+  if (names.empty()) return;
+  const std::size_t count = remembered.takenIn.size() + remembered.settled.size();
+  findings.push_back({Severity::kWarning, "tickets.remembered",
+                      CountOf(count, "ticket") +
+                          " that must not be printed again and could not be removed: " + names +
+                          ". The connector passes over such files.",
+                      "Close what holds the files open, and give the user of the till the right to remove "
+                      "files there."});
 }
 
 void AddAborted(Findings& findings, const Installation& shop) {
@@ -120,8 +164,10 @@ void AddHistoric(Findings& findings, const Installation& shop) {
 Findings FindInTickets(const Installation& shop) {
   Findings findings;
   if (shop.review.state == SettingsReview::State::kUnreadable) return findings;
-  AddWaiting(findings, shop);
-  AddInProcess(findings, shop);
+  const RememberedFiles remembered = ReadRemembered(findings, shop);
+  AddWaiting(findings, shop, remembered);
+  AddInProcess(findings, shop, remembered);
+  AddRemembered(findings, shop, remembered);
   AddAborted(findings, shop);
   AddHistoric(findings, shop);
   return findings;

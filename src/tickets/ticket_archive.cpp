@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <map>
 
 #include "core/catalogue.h"
 #include "core/create_all_dirs.h"
@@ -26,24 +27,29 @@ std::string ArchiveExtension(const std::string& mask) {
 }
 
 TicketArchive::TicketArchive(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
-                             OperatorMessages& messages)
-    : files_(files), folders_(folders), settings_(settings), journals_(journals), messages_(messages) {}
+                             OperatorMessages& messages, RememberedTickets& remembered)
+    : files_(files),
+      folders_(folders),
+      settings_(settings),
+      journals_(journals),
+      messages_(messages),
+      remembered_(remembered) {}
 
-void TicketArchive::Archive(const std::string& workFile) {
+void TicketArchive::Archive(const std::string& workFile, std::string_view text) {
   if (settings_.HistoricFolder.empty()) {
-    Remove(workFile);
+    Remove(workFile, text);
     return;
   }
   if (HasGone(workFile)) {
-    Abort(workFile);
+    Abort(workFile, text);
     LogNotArchived(workFile);
     return;
   }
   const bool drive = folders_.DriveAvailable(settings_.HistoricFolder);
   const bool folder = drive && CreateAllDirs(folders_, journals_, settings_.HistoricFolder);
-  if (folder && Store(workFile, [&] { return NextHistoricPath(); })) return;
+  if (folder && Store(workFile, text, [&] { return NextHistoricPath(); })) return;
   // The file goes first: the operator may end the program from the message.
-  Abort(workFile);
+  Abort(workFile, text);
   LogNotArchived(workFile);
   if (!drive) ReportMissingDrive(settings_.HistoricFolder);
   if (drive && !folder) {
@@ -52,11 +58,11 @@ void TicketArchive::Archive(const std::string& workFile) {
   }
 }
 
-void TicketArchive::Abort(const std::string& workFile) {
+void TicketArchive::Abort(const std::string& workFile, std::string_view text) {
   const bool gone = HasGone(workFile);
   const bool drive = gone || folders_.DriveAvailable(settings_.AbortFolder);
-  if (!gone && drive && Store(workFile, [&] { return AbortPath(workFile); })) return;
-  settled_[workFile] = Copied::kNo;
+  if (!gone && drive && Store(workFile, text, [&] { return AbortPath(workFile); })) return;
+  Settle(workFile, text, false);
   if (!drive) ReportMissingDrive(settings_.AbortFolder);
 }
 
@@ -75,10 +81,11 @@ void TicketArchive::LogNotArchived(const std::string& workFile) {
   journals_.WrErr("Scontrino stampato ma non archiviato : " + FileNameOf(workFile));
 }
 
-bool TicketArchive::Store(const std::string& workFile, const std::function<std::string()>& target) {
+bool TicketArchive::Store(const std::string& workFile, std::string_view text,
+                          const std::function<std::string()>& target) {
   bool moved = false;
   if (!journals_.Attempt(kLabel, [&] { moved = MoveOrCopy(files_, workFile, target()); })) return false;
-  if (!moved) Remove(workFile);
+  if (!moved) Remove(workFile, text);
   return true;
 }
 
@@ -118,27 +125,42 @@ std::string TicketArchive::AbortPath(const std::string& workFile) {
   return path;
 }
 
-void TicketArchive::Remove(const std::string& workFile) {
+void TicketArchive::Remove(const std::string& workFile, std::string_view text) {
   const auto remove = [&] { RemoveReadOnlyToo(files_, workFile); };
-  if (HasGone(workFile) || !journals_.Attempt(kLabel, remove)) settled_[workFile] = Copied::kYes;
+  if (HasGone(workFile) || !journals_.Attempt(kLabel, remove)) Settle(workFile, text, true);
+}
+
+void TicketArchive::Settle(const std::string& workFile, std::string_view text, bool copied) {
+  remembered_.Settle(FileNameOf(workFile), {copied, FingerprintOf(text)});
+}
+
+bool TicketArchive::IsSettled(const std::string& workFile) const {
+  const auto& settled = remembered_.Get().settled;
+  return !settled.empty() && settled.contains(FileNameOf(workFile));
 }
 
 void TicketArchive::RetrySettled() {
-  for (auto file = settled_.begin(); file != settled_.end();) {
+  if (remembered_.Get().settled.empty()) return;
+  // A copy, because each that goes is forgotten.
+  for (const auto& [name, file] : std::map(remembered_.Get().settled)) {
+    const std::string workFile = settings_.InProcessFolder + name;
     try {
       if (!folders_.Exists(settings_.InProcessFolder)) return;  // see HasGone
-      if (files_.Exists(file->first)) MoveSettled(file->first, file->second);
-      file = settled_.erase(file);
+      const bool isThere = files_.Exists(workFile);
+      if (isThere && FingerprintOf(ReadWhole(files_, workFile)) == file.text) MoveSettled(workFile, file);
+      remembered_.ForgetSettled(name);
     } catch (const SystemError&) {
-      ++file;  // logged when it happened first
+      // Logged when it happened first.
     }
   }
 }
 
-void TicketArchive::MoveSettled(const std::string& workFile, Copied& copied) {
-  const bool moved = copied == Copied::kNo && MoveOrCopy(files_, workFile, AbortPath(workFile));
-  copied = Copied::kYes;
-  if (!moved) RemoveReadOnlyToo(files_, workFile);
+void TicketArchive::MoveSettled(const std::string& workFile, RememberedFiles::Settled file) {
+  const bool moved = !file.copied && MoveOrCopy(files_, workFile, AbortPath(workFile));
+  if (moved) return;
+  file.copied = true;
+  remembered_.Settle(FileNameOf(workFile), file);
+  RemoveReadOnlyToo(files_, workFile);
 }
 
 void TicketArchive::ReportMissingDrive(const std::string& folder) {

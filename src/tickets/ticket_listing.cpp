@@ -64,7 +64,7 @@ bool TicketListing::IsOlder(std::string_view entry, std::string_view other) {
 std::vector<std::string> TicketListing::OwnNames(const std::string& folder) const {
   const std::string place = NormalisedFolder(folder);
   std::vector<std::string> paths = journals_.Paths();
-  paths.push_back(settings_.CommandFilePath);
+  paths.insert(paths.end(), {settings_.CommandFilePath, rememberedFiles_});
   std::vector<std::string> names;
   for (const std::string& path : paths) {
     const std::size_t name = path.rfind('\\') + 1;

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/journals.h"
@@ -17,11 +18,16 @@ class TicketListing {
  public:
   using SortedList = std::vector<std::string>;
 
-  TicketListing(const Folders& folders, const AppSettings& settings, const Journals& journals)
-      : folders_(folders), settings_(settings), journals_(journals) {}
+  /// `rememberedFiles` is the path of the file in which RememberedTickets keeps its own.
+  TicketListing(const Folders& folders, const AppSettings& settings, const Journals& journals,
+                std::string rememberedFiles)
+      : folders_(folders),
+        settings_(settings),
+        journals_(journals),
+        rememberedFiles_(std::move(rememberedFiles)) {}
 
-  /// The files of `folder`, which ends in "\", that fit the ticket mask; the command file and the logs, which
-  /// no mask makes tickets of, aside. Throws SystemError.
+  /// The files of `folder`, which ends in "\", that fit the ticket mask; the files that the program writes
+  /// and the command file, which no mask makes tickets of, aside. Throws SystemError.
   SortedList Read(const std::string& folder) const;
 
   /// The file name in an entry.
@@ -36,6 +42,7 @@ class TicketListing {
   const Folders& folders_;
   const AppSettings& settings_;
   const Journals& journals_;
+  std::string rememberedFiles_;
 };
 
 }  // namespace orvenza

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -53,7 +54,8 @@ bool AsksToQuit(const Files& files, const std::string& commandFile) {
 TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
                              PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
                              ClockCorrection& clockCorrection, TicketSplitter& splitter,
-                             TicketProcessor& processor, TicketArchive& archive)
+                             TicketProcessor& processor, TicketArchive& archive,
+                             RememberedTickets& remembered)
     : files_(files),
       folders_(folders),
       settings_(settings),
@@ -65,18 +67,20 @@ TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& 
       splitter_(splitter),
       processor_(processor),
       archive_(archive),
-      listing_(folders, settings, journals) {}
+      remembered_(remembered),
+      listing_(folders, settings, journals, remembered.Path()) {}
 
 void TicketPolling::Tick() {
   timer_.SetEnabled(false);
   const bool newListed = journals_.Attempt(kLabel, [&] { RefreshNewList(); });
   // Without the list of what was taken in, a new ticket could replace one of the same name.
   const bool listed = journals_.Attempt(kLabel, [&] { RefreshInProcessList(); });
+  const bool recalled = remembered_.Recall();
   if (newListed && listed) ForgetGone();
   bool quit = false;
   journals_.Attempt(kLabel, [&] { quit = QuitAsked(); });
   if (quit) Quit();
-  if (listed) journals_.Attempt(kLabel, [&] { ProcessOneTicket(); });
+  if (listed && recalled) journals_.Attempt(kLabel, [&] { ProcessOneTicket(); });
   journals_.Attempt(kLabel, [&] { CorrectClock(); });
   timer_.SetEnabled(true);
 }
@@ -84,8 +88,6 @@ void TicketPolling::Tick() {
 void TicketPolling::RefreshNewList() {
   list1_.clear();
   list1_ = listing_.Read(settings_.TicketFolder);
-  // What another program has removed meanwhile must not stand for a later ticket.
-  std::erase_if(takenIn_, [&](const auto& copied) { return !Holds(list1_, copied.first); });
 }
 
 void TicketPolling::RefreshInProcessList() {
@@ -94,7 +96,9 @@ void TicketPolling::RefreshInProcessList() {
   list2_ = listing_.Read(settings_.InProcessFolder);
 }
 
+/// What another program has removed meanwhile must not stand for a later ticket.
 void TicketPolling::ForgetGone() {
+  remembered_.KeepTakenIn(list1_);
   const auto hasGone = [&](const std::string& entry) {
     return !Holds(list1_, entry) && !Holds(list2_, entry);
   };
@@ -104,7 +108,7 @@ void TicketPolling::ForgetGone() {
 
 std::size_t TicketPolling::CountWaitingTickets() {
   const TicketListing::SortedList list = listing_.Read(settings_.TicketFolder);
-  const auto waits = [&](const std::string& entry) { return !takenIn_.contains(entry); };
+  const auto waits = [&](const std::string& entry) { return !remembered_.Get().takenIn.contains(entry); };
   return static_cast<std::size_t>(std::count_if(list.begin(), list.end(), waits));
 }
 
@@ -243,20 +247,22 @@ TicketPolling::Outcome TicketPolling::HeldUp(const std::string& entry) const {
 void TicketPolling::TakeIn(const std::string& entry, const std::string& file) {
   const bool moved = MoveOrCopy(files_, settings_.TicketFolder + TicketListing::NameOf(entry), file);
   if (moved || journals_.Attempt(kLabel, [&] { RemoveSource(entry); })) return;
-  takenIn_[entry];
-  journals_.Attempt(kLabel, [&] { takenIn_[entry] = ReadWhole(files_, file); });
+  std::optional<Fingerprint> text;
+  journals_.Attempt(kLabel, [&] { text = FingerprintOf(ReadWhole(files_, file)); });
+  remembered_.TakeIn(entry, text);
 }
 
 /// A ticket that was copied but could not be removed comes again on every tick: only its removal is tried
 /// again, for its copy has been processed. Another text under its name and time is a new ticket.
 bool TicketPolling::IsTakenIn(const std::string& entry) {
-  const auto copied = takenIn_.find(entry);
-  if (copied == takenIn_.end()) return false;
+  const auto& takenIn = remembered_.Get().takenIn;
+  const auto copied = takenIn.find(entry);
+  if (copied == takenIn.end()) return false;
   try {
     const std::string source = settings_.TicketFolder + TicketListing::NameOf(entry);
-    const bool isNew = copied->second && ReadWhole(files_, source) != *copied->second;
+    const bool isNew = copied->second && FingerprintOf(ReadWhole(files_, source)) != *copied->second;
     if (!isNew) RemoveSource(entry);
-    takenIn_.erase(copied);
+    remembered_.ForgetTakenIn(entry);
     return !isNew;
   } catch (const SystemError&) {
     return true;  // logged when it happened first

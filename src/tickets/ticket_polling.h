@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <functional>
 #include <map>
-#include <optional>
 #include <set>
 #include <string>
 
@@ -15,6 +14,7 @@
 #include "device/register_queries.h"
 #include "platform/files.h"
 #include "platform/folders.h"
+#include "tickets/remembered_tickets.h"
 #include "tickets/ticket_archive.h"
 #include "tickets/ticket_listing.h"
 #include "tickets/ticket_processor.h"
@@ -37,7 +37,7 @@ class TicketPolling : public WaitingTickets {
   TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
                 PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
                 ClockCorrection& clockCorrection, TicketSplitter& splitter, TicketProcessor& processor,
-                TicketArchive& archive);
+                TicketArchive& archive, RememberedTickets& remembered);
 
   /// One tick, with polling switched off meanwhile. Throws ProgramEnd when the host asks for the end.
   void Tick();
@@ -93,15 +93,13 @@ class TicketPolling : public WaitingTickets {
   TicketSplitter& splitter_;
   TicketProcessor& processor_;
   TicketArchive& archive_;
+  RememberedTickets& remembered_;
   TicketListing listing_;
 
   TicketListing::SortedList list1_;
   TicketListing::SortedList list2_;
   std::map<std::string, int> heldUp_;  // entries that could not be made ready, and how often they were tried
   std::set<std::string> waiting_;      // entries of closures that wait for such a one, as the log has told
-  /// Entries of new tickets whose file could not be removed after the copy, and their text where it could be
-  /// read.
-  std::map<std::string, std::optional<std::string>> takenIn_;
 };
 
 }  // namespace orvenza

@@ -70,10 +70,10 @@ void TicketProcessor::ProcessTicketFile(const std::string& workFile, std::string
   }
   if (end == Next::kFinish) {
     journals_.WrLog(LoadMessage(106));
-    archive_.Archive(workFile);
+    archive_.Archive(workFile, text);
   } else if (end == Next::kAbort || end == Next::kGiveUp) {
     if (ended || end == Next::kGiveUp) journals_.WrErr(LoadMessage(127) + " " + workFile);
-    archive_.Abort(workFile);
+    archive_.Abort(workFile, text);
   }
   if (ended) throw *ended;
 }

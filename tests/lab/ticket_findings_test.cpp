@@ -1,6 +1,7 @@
 #include "lab/ticket_findings.h"
 
 #include "lab/shop_bench.h"
+#include "tickets/remembered_tickets.h"
 
 namespace orvenza::test {
 namespace {
@@ -14,6 +15,25 @@ TEST_F(TicketFindings, CountWhatWaits) {
   EXPECT_EQ(Said(),
             "note tickets.waiting: 2 tickets in C:\\Orvenza\\data\\ still to be printed, the oldest 5 "
             "minutes old.\n");
+}
+
+TEST_F(TicketFindings, NameWhatTheConnectorRemembersAndCountItNowhereElse) {
+  disk.Put(At("data\\1.txt"), "4;5;", LocalTime{2026, 11, 16, 8, 55, 0});
+  disk.Put(At("data\\inproces\\2.txt"), "4;5;");
+  RememberedFiles remembered;
+  remembered.takenIn["202611160855001.txt"];
+  remembered.settled["2.txt"] = {true, FingerprintOf("4;5;")};
+  disk.Put(At("Remembered.ini"), RememberedFilesText(remembered));
+  EXPECT_EQ(Said(),
+            "warning tickets.remembered: 2 tickets that must not be printed again and could not be removed: "
+            "C:\\Orvenza\\data\\1.txt, C:\\Orvenza\\data\\inproces\\2.txt. The connector passes over such "
+            "files.\n");
+}
+
+TEST_F(TicketFindings, WarnOfAMemoryThatCannotBeRead) {
+  disk.Put(At("Remembered.ini"), "");
+  disk.Hold(At("Remembered.ini"), FileHold::kWriting);
+  EXPECT_EQ(Said().find("warning tickets.memory: "), 0U) << Said();
 }
 
 TEST_F(TicketFindings, WarnOfReceiptsOfAnEarlierDay) {

@@ -14,6 +14,7 @@ namespace {
 using namespace std::chrono_literals;
 using Lines = Shop::Lines;
 
+const char* const kText = "1;a;\r\n";
 const char* const kNotArchived = "Scontrino stampato ma non archiviato : ticket.txt";
 
 /// The archive alone, in a shop whose connector does not run.
@@ -25,7 +26,8 @@ class ArchiveTest : public ::testing::Test {
     settings.InProcessFolder = shop.folder.Path("data\\inproces\\");
     settings.AbortFolder = shop.folder.Path("data\\abort\\");
     settings.ErrPath = shop.folder.Path("Err.txt");
-    shop.folder.Write("data\\inproces\\ticket.txt", "1;a;\r\n");
+    shop.folder.Write("data\\inproces\\ticket.txt", kText);
+    remembered.Recall();
   }
 
   /// The historic folder holds these files.
@@ -42,12 +44,13 @@ class ArchiveTest : public ::testing::Test {
   AppSettings settings;
   Journals journals{shop.files, shop.clock, settings, shop.folder.Path()};
   OperatorMessages messages{shop.person, "Orvenza"};
-  TicketArchive archive{shop.files, shop.folders, settings, journals, messages};
+  RememberedTickets remembered{shop.files, journals, shop.folder.Path()};
+  TicketArchive archive{shop.files, shop.folders, settings, journals, messages, remembered};
   std::string workFile = shop.folder.Path("data\\inproces\\ticket.txt");
 };
 
 TEST_F(ArchiveTest, MovesTheTicketIntoAFreshHistoricFolder) {
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_EQ(Historic(), Lines{"1.txt"});
   EXPECT_EQ(InHistoric("1.txt"), "1;a;\r\n");
   EXPECT_EQ(InProcess(), Lines{});
@@ -77,7 +80,7 @@ TEST_F(ArchiveTest, NumbersOneAboveTheLargest) {
     std::filesystem::remove_all(shop.folder.Native("storico"));
     Keep(row.kept);
     shop.folder.Write("data\\inproces\\ticket.txt", "new");
-    archive.Archive(workFile);
+    archive.Archive(workFile, kText);
     EXPECT_EQ(InHistoric(row.next), "new") << row.next;
     EXPECT_EQ(Historic().size(), row.kept.size() + 1) << row.next << ": nothing was replaced";
   }
@@ -96,7 +99,7 @@ TEST_F(ArchiveTest, TakesTheExtensionFromTheLastThreeCharactersOfTheMask) {
     std::filesystem::remove_all(shop.folder.Native("storico"));
     shop.folder.Write("data\\inproces\\ticket.txt", "new");
     settings.TicketMask = mask;
-    archive.Archive(workFile);
+    archive.Archive(workFile, kText);
     EXPECT_EQ(Historic(), Lines{name}) << mask;
   }
 }
@@ -104,19 +107,19 @@ TEST_F(ArchiveTest, TakesTheExtensionFromTheLastThreeCharactersOfTheMask) {
 TEST_F(ArchiveTest, CountsTheNumberedNamesEvenWhereTheMaskDoesNotMatchThem) {
   settings.TicketMask = "ticket*.txt";
   Keep({"1.txt", "9.txt"});
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_EQ(InHistoric("10.txt"), "1;a;\r\n");
 }
 
 TEST_F(ArchiveTest, MakesEveryLevelOfTheHistoricFolder) {
   settings.HistoricFolder = shop.folder.Path("a\\b\\storico\\");
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_EQ(shop.Names("a\\b\\storico"), Lines{"1.txt"});
 }
 
 TEST_F(ArchiveTest, DeletesTheTicketWithoutAHistoricFolder) {
   settings.HistoricFolder = "";
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_EQ(InProcess(), Lines{});
   EXPECT_EQ(Aborted(), Lines{});
   EXPECT_EQ(shop.Err(), Lines{});
@@ -124,7 +127,7 @@ TEST_F(ArchiveTest, DeletesTheTicketWithoutAHistoricFolder) {
 
 TEST_F(ArchiveTest, CopiesATicketThatCannotBeMovedAndDeletesIt) {
   shop.files.FailAlways("Move", "storico", error_number::kPathFileAccess);
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_EQ(InHistoric("1.txt"), "1;a;\r\n");
   EXPECT_EQ(InProcess(), Lines{});
   EXPECT_EQ(shop.Err(), Lines{});
@@ -133,7 +136,7 @@ TEST_F(ArchiveTest, CopiesATicketThatCannotBeMovedAndDeletesIt) {
 TEST_F(ArchiveTest, MakesAReadOnlyTicketWritableBeforeItIsDeleted) {
   shop.Hold("inproces");
   shop.files.Before("ClearAttributes", [&](const std::string&) { shop.files.Heal(); });
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_EQ(Historic(), Lines{"1.txt"});
   EXPECT_EQ(InProcess(), Lines{});
   EXPECT_EQ(shop.Err(), Lines{});
@@ -142,7 +145,7 @@ TEST_F(ArchiveTest, MakesAReadOnlyTicketWritableBeforeItIsDeleted) {
 TEST_F(ArchiveTest, AMissingHistoricDriveIsReportedAndTheTicketGoesToTheAbortFolder) {
   settings.HistoricFolder = "Q:\\storico\\";
   shop.Answer("Ok");
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
   EXPECT_EQ(InProcess(), Lines{});
   EXPECT_EQ(shop.Err(), (Lines{kNotArchived, "Drive non disponibile : Q:"}));
@@ -157,7 +160,7 @@ TEST_F(ArchiveTest, TheTicketHasGoneBeforeTheOperatorIsTold) {
   shop.Answer("Ok");
   Lines inProcess{"not asked"};
   shop.person.SetObserver([&](const ShownDialog&, std::string_view) { inProcess = InProcess(); });
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_EQ(inProcess, Lines{});
 }
 
@@ -166,7 +169,7 @@ TEST_F(ArchiveTest, AHistoricFolderThatCannotBeMadeEndsTheProgram) {
   shop.Answer("Ok");
   bool unload = false;
   try {
-    archive.Archive(workFile);
+    archive.Archive(workFile, kText);
   } catch (const ProgramEnd& end) {
     unload = end.unload;
   }
@@ -182,7 +185,7 @@ TEST_F(ArchiveTest, AHistoricFolderThatCannotBeMadeEndsTheProgram) {
 
 TEST_F(ArchiveTest, AFullDiskSendsTheTicketToTheAbortFolder) {
   shop.Fill("storico");
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_EQ(Historic(), Lines{});
   EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
   EXPECT_EQ(InProcess(), Lines{});
@@ -193,14 +196,14 @@ TEST_F(ArchiveTest, AFullDiskSendsTheTicketToTheAbortFolder) {
 TEST_F(ArchiveTest, AHistoricFolderThatCannotBeListedReplacesNoTicket) {
   Keep({"1.txt"});
   shop.folders.FailAlways("ListFolder", "storico", error_number::kPathFileAccess);
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_EQ(InHistoric("1.txt"), "older");
   EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
 }
 
 TEST_F(ArchiveTest, ATicketThatHasGoneIsOneLineInTheErrorLog) {
   std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_EQ(shop.Err(), Lines{kNotArchived});
   archive.RetrySettled();
   EXPECT_FALSE(archive.IsSettled(workFile));
@@ -208,9 +211,9 @@ TEST_F(ArchiveTest, ATicketThatHasGoneIsOneLineInTheErrorLog) {
 
 TEST_F(ArchiveTest, ATicketThatHasGoneAndNeedNotBeKeptIsNoLine) {
   std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
-  archive.Abort(workFile);
+  archive.Abort(workFile, kText);
   settings.HistoricFolder.clear();
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_EQ(shop.Err(), Lines{});
   archive.RetrySettled();
   EXPECT_FALSE(archive.IsSettled(workFile));
@@ -218,7 +221,7 @@ TEST_F(ArchiveTest, ATicketThatHasGoneAndNeedNotBeKeptIsNoLine) {
 
 TEST_F(ArchiveTest, ATicketThatWasOnlyOutOfSightGoesToTheAbortFolder) {
   std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   shop.folder.Write("data\\inproces\\ticket.txt", "1;a;\r\n");
   EXPECT_TRUE(archive.IsSettled(workFile)) << "it must not be printed again";
   archive.RetrySettled();
@@ -227,7 +230,7 @@ TEST_F(ArchiveTest, ATicketThatWasOnlyOutOfSightGoesToTheAbortFolder) {
 
 TEST_F(ArchiveTest, ATicketThatCannotBeLookedAtIsArchivedAllTheSame) {
   shop.files.FailAlways("Exists", "inproces", error_number::kDeviceError);
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_EQ(Historic(), Lines{"1.txt"});
   EXPECT_EQ(InProcess(), Lines{});
   EXPECT_EQ(shop.Err(), Lines{});
@@ -237,7 +240,7 @@ TEST_F(ArchiveTest, ATicketThatCanNeitherBeLookedAtNorMovedIsSettled) {
   for (const char* operation : {"Exists", "Move", "Copy"}) {
     shop.files.FailAlways(operation, "inproces", error_number::kDeviceError);
   }
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   archive.RetrySettled();
   EXPECT_TRUE(archive.IsSettled(workFile)) << "it must not be printed again";
   shop.files.Heal();
@@ -249,7 +252,7 @@ TEST_F(ArchiveTest, ATicketWhoseFolderCannotBeLookedAtIsSettled) {
   shop.folders.FailAlways("Exists", "inproces", error_number::kDeviceError);
   shop.Fill("storico");
   shop.Fill("abort");
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   archive.RetrySettled();
   EXPECT_TRUE(archive.IsSettled(workFile)) << "it must not be printed again";
 }
@@ -257,14 +260,14 @@ TEST_F(ArchiveTest, ATicketWhoseFolderCannotBeLookedAtIsSettled) {
 TEST_F(ArchiveTest, ATicketWhoseFolderCannotBeSeenIsSettled) {
   const auto data = shop.folder.Native("data");
   std::filesystem::rename(data, shop.folder.Native("elsewhere"));
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   std::filesystem::rename(shop.folder.Native("elsewhere"), data);
   EXPECT_TRUE(archive.IsSettled(workFile)) << "it must not be printed again";
 }
 
 TEST_F(ArchiveTest, ATicketThatCanGoNowhereIsSettledAndStays) {
   shop.Fill("");
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_EQ(InProcess(), Lines{"ticket.txt"});
   EXPECT_TRUE(archive.IsSettled(workFile));
   EXPECT_FALSE(archive.IsSettled(shop.folder.Path("data\\inproces\\other.txt")));
@@ -274,7 +277,7 @@ TEST_F(ArchiveTest, ATicketThatCanGoNowhereIsSettledAndStays) {
 
 TEST_F(ArchiveTest, ASettledTicketGoesToTheAbortFolderWhenItCan) {
   shop.Fill("");
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   archive.RetrySettled();
   EXPECT_TRUE(archive.IsSettled(workFile));
   shop.files.Heal();
@@ -286,7 +289,7 @@ TEST_F(ArchiveTest, ASettledTicketGoesToTheAbortFolderWhenItCan) {
 
 TEST_F(ArchiveTest, ASettledTicketIsCopiedToTheAbortFolderOnlyOnce) {
   shop.Fill("");
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   shop.files.Heal();
   shop.Hold("inproces");
   int copies = 0;
@@ -298,7 +301,7 @@ TEST_F(ArchiveTest, ASettledTicketIsCopiedToTheAbortFolderOnlyOnce) {
 
 TEST_F(ArchiveTest, ATicketThatIsArchivedButCannotBeRemovedIsNotCopiedAgain) {
   shop.Hold("inproces");
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   archive.RetrySettled();
   EXPECT_TRUE(archive.IsSettled(workFile));
   shop.files.Heal();
@@ -313,7 +316,7 @@ TEST_F(ArchiveTest, ATicketThatIsArchivedButCannotBeRemovedIsNotCopiedAgain) {
 
 TEST_F(ArchiveTest, ASettledTicketThatHasGoneIsForgotten) {
   shop.Hold("inproces");
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
   archive.RetrySettled();
   EXPECT_FALSE(archive.IsSettled(workFile));
@@ -322,7 +325,7 @@ TEST_F(ArchiveTest, ASettledTicketThatHasGoneIsForgotten) {
 
 TEST_F(ArchiveTest, ASettledTicketIsNotForgottenWhileItsFolderCannotBeSeen) {
   shop.Hold("inproces");
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   const auto data = shop.folder.Native("data");
   std::filesystem::rename(data, shop.folder.Native("elsewhere"));
   archive.RetrySettled();
@@ -332,7 +335,7 @@ TEST_F(ArchiveTest, ASettledTicketIsNotForgottenWhileItsFolderCannotBeSeen) {
 
 TEST_F(ArchiveTest, AnAbandonedTicketGoesToTheAbortFolder) {
   shop.folder.Write("data\\abort\\other.txt", "older");
-  archive.Abort(workFile);
+  archive.Abort(workFile, kText);
   EXPECT_EQ(Aborted(), (Lines{"other.txt", "ticket.txt.abort.txt"}));
   EXPECT_EQ(shop.folder.Read("data\\abort\\ticket.txt.abort.txt"), "1;a;\r\n");
   EXPECT_EQ(InProcess(), Lines{});
@@ -343,7 +346,7 @@ TEST_F(ArchiveTest, AnAbandonedTicketGoesToTheAbortFolder) {
 TEST_F(ArchiveTest, AnOlderAbandonedTicketOfTheNameIsKeptUnderANumber) {
   for (const std::string content : {"first", "second", "third"}) {
     shop.folder.Write("data\\inproces\\ticket.txt", content);
-    archive.Abort(workFile);
+    archive.Abort(workFile, kText);
   }
   EXPECT_EQ(Aborted(), (Lines{"ticket.txt.abort.1.txt", "ticket.txt.abort.2.txt", "ticket.txt.abort.txt"}));
   EXPECT_EQ(shop.folder.Read("data\\abort\\ticket.txt.abort.1.txt"), "first");
@@ -354,7 +357,7 @@ TEST_F(ArchiveTest, AnOlderAbandonedTicketOfTheNameIsKeptUnderANumber) {
 TEST_F(ArchiveTest, WhereAnOlderAbandonedTicketCannotBeRenamedTheNewerGetsTheNumber) {
   shop.folder.Write("data\\abort\\ticket.txt.abort.txt", "older");
   shop.files.FailAlways("Move", "abort\\ticket.txt.abort.txt", error_number::kPermissionDenied);
-  archive.Abort(workFile);
+  archive.Abort(workFile, kText);
   EXPECT_EQ(Aborted(), (Lines{"ticket.txt.abort.1.txt", "ticket.txt.abort.txt"}));
   EXPECT_EQ(shop.folder.Read("data\\abort\\ticket.txt.abort.1.txt"), "1;a;\r\n");
   EXPECT_EQ(shop.folder.Read("data\\abort\\ticket.txt.abort.txt"), "older");
@@ -364,13 +367,13 @@ TEST_F(ArchiveTest, WhereAnOlderAbandonedTicketCannotBeRenamedTheNewerGetsTheNum
 }
 
 TEST_F(ArchiveTest, AMissingAbortFolderIsMade) {
-  archive.Abort(workFile);
+  archive.Abort(workFile, kText);
   EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
 }
 
 TEST_F(ArchiveTest, AnAbortFolderThatCannotBeMadeLeavesTheTicketSettled) {
   shop.folders.FailAlways("Create", "abort", error_number::kPathFileAccess);
-  archive.Abort(workFile);
+  archive.Abort(workFile, kText);
   EXPECT_TRUE(archive.IsSettled(workFile));
   EXPECT_EQ(InProcess(), Lines{"ticket.txt"});
   EXPECT_EQ(shop.Err(), Lines{"Trasmissione 75 - Path/File access error ( " + settings.AbortFolder + " )"});
@@ -379,7 +382,7 @@ TEST_F(ArchiveTest, AnAbortFolderThatCannotBeMadeLeavesTheTicketSettled) {
 TEST_F(ArchiveTest, AMissingAbortDriveIsReportedOnce) {
   settings.AbortFolder = "R:\\abort\\";
   shop.Answer("Ok");
-  archive.Abort(workFile);
+  archive.Abort(workFile, kText);
   archive.RetrySettled();
   EXPECT_TRUE(archive.IsSettled(workFile));
   EXPECT_EQ(shop.Err(), Lines{"Drive non disponibile : R:"});
@@ -391,7 +394,7 @@ TEST_F(ArchiveTest, BothDrivesMissingAreReportedEach) {
   settings.AbortFolder = "R:\\abort\\";
   shop.Answer("Ok");
   shop.Answer("Ok");
-  archive.Archive(workFile);
+  archive.Archive(workFile, kText);
   EXPECT_TRUE(archive.IsSettled(workFile));
   EXPECT_EQ(shop.DialogTexts(), (Lines{"Drive non disponibile : R:", "Drive non disponibile : Q:"}));
 }

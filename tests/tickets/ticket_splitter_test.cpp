@@ -56,7 +56,8 @@ class SplitterTest : public ::testing::Test {
   OperatorMessages messages{shop.person, "Orvenza"};
 
  protected:
-  TicketArchive archive{files, shop.folders, settings, journals, messages};
+  RememberedTickets remembered{files, journals, "C:\\shop"};
+  TicketArchive archive{files, shop.folders, settings, journals, messages, remembered};
   TicketSplitter splitter{files, settings, journals, archive};
 };
 
@@ -313,7 +314,7 @@ TEST_F(SplitterTest, PassesOverForeignFilesOfAPartsName) {
 TEST_F(SplitterTest, PassesOverAPrintedTicketOfTheSameContent) {
   memory.content = {{"t1.txt", kFirst}};
   files.FailNext("Remove", error_number::kPermissionDenied);
-  archive.Archive("t1.txt");
+  archive.Archive("t1.txt", kFirst);
   ASSERT_TRUE(archive.IsSettled("t1.txt"));
   EXPECT_TRUE(Split("t.txt", kFirst + kSecond));
   EXPECT_EQ(memory.content["t2.txt"], kFirst);
