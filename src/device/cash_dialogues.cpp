@@ -72,23 +72,17 @@ void CashDialogues::InvioRIAVVIO() {
 void CashDialogues::InvioVOID() {
   std::string data = kNoError;
   std::string message = "1028" + data;
-  bool waitForDevice = true;
   for (int tries = kCommandTries;;) {
-    if (waitForDevice) {
-      link_.Exchange(message);
-    } else {
-      link_.Transmit(message);
-    }
+    link_.Exchange(message);
     const VoidStep step = ExamineVoidReply(data);
     if (step == VoidStep::kDone) return;
-    --tries;
-    waitForDevice = step == VoidStep::kVoidAgain;
-    if (waitForDevice && tries <= 0) {
+    const bool close = step == VoidStep::kCloseReceipt;
+    if (--tries <= 0 && !close) {
       journals_.WrErr(LoadMessage(157));
       return;
     }
     loop_.Pause(200ms);
-    message = waitForDevice ? "1028" + data : "1036" + data + kZeroAmount;
+    message = close ? "1036" + data + kZeroAmount : "1028" + data;
   }
 }
 
