@@ -19,6 +19,10 @@ constexpr std::size_t kCodeLength = 4;
 constexpr double kSecondsPerDay = 86400;
 /// Longest time, in seconds, that the end of the program waits for a reply.
 constexpr double kLongestHold = 60;
+/// A delivery that takes longer was a loop of its own, such as an open menu, behind which a reply may wait.
+constexpr auto kLongDelivery = 100ms;
+/// How long a wait goes on after such a delivery, at least.
+constexpr auto kAfterLongDelivery = 1s;
 
 }  // namespace
 
@@ -192,12 +196,16 @@ bool DeviceLink::WaitReply(double replyWait, std::string_view code) {
   // The end of the program is held back while the register may still answer, so that no command is left in
   // doubt.
   const auto held = clock_.Uptime() + std::chrono::duration<double>(std::min(replyWait, kLongestHold));
-  for (;;) {
+  auto grace = clock_.Uptime();
+  for (auto last = grace;; loop_.Slice()) {
     loop_.Dispatch();
     if (ReplyArrived && !DropLateReply(code)) return true;
-    if (!endless && clock_.Uptime() >= deadline) break;
-    if (clock_.Uptime() >= held) loop_.CheckEnd();
-    loop_.Slice();
+    const auto now = clock_.Uptime();
+    if (last < deadline && now - last > kLongDelivery) grace = now + kAfterLongDelivery;
+    last = now;
+    if (now < grace) continue;
+    if (!endless && now >= deadline) break;
+    if (now >= held) loop_.CheckEnd();
   }
   unanswered_.emplace(code);
   return false;

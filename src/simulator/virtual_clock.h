@@ -44,6 +44,10 @@ class VirtualClock : public Clock, public EventPump, public Scheduler {
   /// Lets the whole `duration` pass, running what falls due on the way at its own moment.
   void Advance(std::chrono::nanoseconds duration);
 
+  /// Lets the whole `duration` pass and runs nothing, as a loop of the system's own does, such as an open
+  /// menu.
+  void Stall(std::chrono::nanoseconds duration) { uptime_ = UptimeIn(duration); }
+
   void RefuseSetTime(bool refuse) { refuseSetTime_ = refuse; }
 
   /// Who is told what the wall clock shows, each time it was set.

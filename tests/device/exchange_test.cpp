@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "device/device_link.h"
 #include "support/device_bench.h"
 
@@ -158,6 +160,44 @@ TEST_F(ExchangeTest, AReplyOfTheLastMomentCounts) {
 TEST_F(ExchangeTest, TheWaitCanBeLonger) {
   link.Exchange("200100", 50);
   EXPECT_EQ(Elapsed(), 50000);
+}
+
+TEST_F(ExchangeTest, AReplyHeldUpByALongDeliveryIsNoSilence) {
+  for (const auto lineTime : {0ms, 7ms, 30ms, 900ms}) {
+    // The simulated line: the command arrives, and only then the reply sets out.
+    clock.After(1ms, [&] { clock.Stall(20s); });
+    clock.After(2ms, [&] { clock.After(lineTime, [&] { control.Raise("200100"); }); });
+    link.Transmit("200100");
+    EXPECT_EQ(link.ReplyText, "200100") << lineTime.count();
+  }
+  EXPECT_EQ(Elapsed(), 4 * 20001 + 0 + 7 + 30 + 900);
+}
+
+TEST_F(ExchangeTest, SilenceAfterALongDeliveryLastsOneSecond) {
+  clock.After(1s, [&] { clock.Stall(20s); });
+  link.Transmit("200100");
+  EXPECT_EQ(link.ReplyText, "");
+  EXPECT_EQ(Elapsed(), 22000);
+}
+
+TEST_F(ExchangeTest, DeliveriesThatStayLongDoNotKeepAWaitFromEnding) {
+  std::function<void()> busy = [&] {
+    clock.Stall(200ms);
+    if (clock.Uptime() < 1min) clock.After(0ms, busy);
+  };
+  busy();
+  link.Transmit("200100");
+  EXPECT_LT(Elapsed(), 17000);
+}
+
+TEST_F(ExchangeTest, AnEndAskedForInALongDeliveryWaitsForTheReplyBehindIt) {
+  clock.After(1ms, [&] {
+    clock.Stall(20s);
+    loop.RequestEnd({});
+  });
+  control.Reply("200100", 40ms);
+  EXPECT_NO_THROW(link.Transmit("200100"));
+  EXPECT_EQ(link.ReplyText, "200100");
 }
 
 TEST_F(ExchangeTest, AWaitThatEndsBeforeMidnightIsOrdinary) {
