@@ -24,19 +24,18 @@ std::string ReadHeader(const Files& files, const std::string& path) {
   return std::string(header.data(), length);
 }
 
-std::uint32_t RowsInHeader(const std::string& header) {
-  if (header.size() < kHeaderLength) return 0;
+std::optional<std::uint32_t> RowsInHeader(const std::string& header) {
+  if (header.size() < kHeaderLength) return {};
   const auto value = [&](std::size_t offset, std::size_t width) {
     return LogoHeaderValue(std::string_view(header).substr(offset, width));
   };
-  if (header.compare(0, 2, "BM") != 0) return 0;
-  if (value(10, 4) != kLogoDataOffset) return 0;
-  if (value(18, 4) != kLogoWidth) return 0;
-  // A height of 0 is no picture and stays 0. A negative one (a picture stored top row first) reads as a huge
-  // number.
+  if (header.compare(0, 2, "BM") != 0) return {};
+  if (value(10, 4) != kLogoDataOffset) return {};
+  if (value(18, 4) != kLogoWidth) return {};
+  // A negative height (a picture stored top row first) reads as a huge number.
   const std::uint32_t height = value(22, 4);
-  if (height > kLogoMostRows) return 0;
-  return value(28, 2) == 1 ? height : 0;
+  if (height > kLogoMostRows || value(28, 2) != 1) return {};
+  return height;
 }
 
 }  // namespace
@@ -51,14 +50,17 @@ std::uint32_t LogoHeaderValue(std::string_view bytes) {
   return number;
 }
 
-std::uint32_t LogoRows(const Files& files, const std::string& path) {
+std::optional<std::uint32_t> LogoRows(const Files& files, const std::string& path) {
   try {
-    return files.Exists(path) ? RowsInHeader(ReadHeader(files, path)) : 0;
+    if (files.Exists(path)) return RowsInHeader(ReadHeader(files, path));
   } catch (const SystemError&) {
-    return 0;
+    // One that cannot be read is no logo.
   }
+  return {};
 }
 
-bool IsValidLogoBitmap(const Files& files, const std::string& path) { return LogoRows(files, path) > 0; }
+bool IsValidLogoBitmap(const Files& files, const std::string& path) {
+  return LogoRows(files, path).has_value();
+}
 
 }  // namespace orvenza

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,12 +23,12 @@ inline constexpr std::uint32_t kLogoDataOffset = 62;
 /// number for the required values but not for every other one (256 reads as 16).
 std::uint32_t LogoHeaderValue(std::string_view bytes);
 
-/// Number of rows of the logo in `path`, 1 to 254; 0 when the file is missing, cannot be read or is not of
+/// Number of rows of the logo in `path`, 0 to 254; none when the file is missing, cannot be read or is not of
 /// the register's shape. Only the headers are looked at: the rows themselves may still be cut short. Never
 /// fails.
-std::uint32_t LogoRows(const Files& files, const std::string& path);
+std::optional<std::uint32_t> LogoRows(const Files& files, const std::string& path);
 
-/// Whether `path` is a bitmap that the register can store as its logo. Never fails.
+/// Whether `path` is a bitmap that the register can store as its logo, be it one without rows. Never fails.
 bool IsValidLogoBitmap(const Files& files, const std::string& path);
 
 }  // namespace orvenza

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 
 #include "core/catalogue.h"
 #include "device/logo_check.h"
@@ -24,29 +25,29 @@ std::string Hexadecimal(std::string_view bytes) {
   return text;
 }
 
-std::string RowCommand(int number, std::size_t counter, const std::string& row) {
-  char head[40];
-  std::snprintf(head, sizeof head, "4052%02d%03zu", number, counter);
-  return head + row;
+std::string RowCommand(const std::string& number, std::size_t counter, const std::string& row) {
+  char digits[24];
+  std::snprintf(digits, sizeof digits, "%03zu", counter);
+  return "4052" + number + digits + row;
 }
 
 }  // namespace
 
 std::vector<std::string> ReadLogoRows(const Files& files, const std::string& path) {
-  const std::size_t count = LogoRows(files, path);
-  const std::size_t length = kLogoDataOffset + count * kLogoRowBytes;
+  const std::optional<std::uint32_t> count = LogoRows(files, path);
+  const std::size_t length = kLogoDataOffset + count.value_or(0) * kLogoRowBytes;
   const std::string bytes = ReadWhole(files, path, length);
-  if (count == 0 || bytes.size() < length) throw SystemError(error_number::kDeviceError, path);
+  if (!count || bytes.size() < length) throw SystemError(error_number::kDeviceError, path);
   std::vector<std::string> rows;
-  for (std::size_t row = count; row-- > 0;) {
+  for (std::size_t row = *count; row-- > 0;) {
     rows.push_back(
         Hexadecimal(std::string_view(bytes).substr(kLogoDataOffset + row * kLogoRowBytes, kLogoRowBytes)));
   }
   return rows;
 }
 
-bool LogoDownload::Download(int number, const std::string& path, const std::string& commandLine,
-                            const std::function<void()>& givenUp) {
+bool LogoDownload::Download(const std::string& number, const std::string& path,
+                            const std::string& commandLine, const std::function<void()>& givenUp) {
   std::vector<std::string> rows;
   const bool read = journals_.Attempt("Trasmissione ", [&] { rows = ReadLogoRows(files_, path); });
   if (read && SendRows(number, rows, commandLine, givenUp)) return true;
@@ -54,8 +55,8 @@ bool LogoDownload::Download(int number, const std::string& path, const std::stri
   return false;
 }
 
-bool LogoDownload::SendRows(int number, const std::vector<std::string>& rows, const std::string& commandLine,
-                            const std::function<void()>& givenUp) {
+bool LogoDownload::SendRows(const std::string& number, const std::vector<std::string>& rows,
+                            const std::string& commandLine, const std::function<void()>& givenUp) {
   int silentRepeats = 0;
   for (std::size_t row = 0; row < rows.size();) {
     link_.Exchange(RowCommand(number, row + 1, rows[row]));

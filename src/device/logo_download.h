@@ -18,15 +18,15 @@ class LogoDownload {
                OperatorMessages& messages)
       : link_(link), recovery_(recovery), files_(files), journals_(journals), messages_(messages) {}
 
-  /// Sends the bitmap `path` as logo `number`; `commandLine` is the ticket line that asks for it. Returns
-  /// whether the download ran to its end; otherwise the operator has been told. `givenUp` is called when the
-  /// operator gives it up, before anything else is waited for.
-  bool Download(int number, const std::string& path, const std::string& commandLine,
+  /// Sends the bitmap `path` as logo `number`, two digits as a rule; `commandLine` is the ticket line that
+  /// asks for it. Returns whether the download ran to its end; otherwise the operator has been told.
+  /// `givenUp` is called when the operator gives it up, before anything else is waited for.
+  bool Download(const std::string& number, const std::string& path, const std::string& commandLine,
                 const std::function<void()>& givenUp);
 
  private:
-  bool SendRows(int number, const std::vector<std::string>& rows, const std::string& commandLine,
-                const std::function<void()>& givenUp);
+  bool SendRows(const std::string& number, const std::vector<std::string>& rows,
+                const std::string& commandLine, const std::function<void()>& givenUp);
 
   DeviceLink& link_;
   ErrorRecovery& recovery_;

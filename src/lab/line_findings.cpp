@@ -4,6 +4,7 @@
 
 #include "core/text.h"
 #include "lab/wording.h"
+#include "tickets/translation.h"
 
 namespace orvenza {
 namespace {
@@ -11,6 +12,9 @@ namespace {
 constexpr std::size_t kShownCharacters = 40;
 /// The separator of a new installation. Not printable, but no blank takes its place either.
 constexpr char kUsualSeparator = 127;
+/// Numbers under which a register stores logos.
+constexpr int kLowestLogo = 1;
+constexpr int kHighestLogo = 99;
 
 /// Whether `digits` are none but zeros.
 bool IsZero(std::string_view digits) { return WithoutLeadingZeros(digits).empty(); }
@@ -179,6 +183,16 @@ TicketFinding NoLogo(std::string_view field, int number) {
           QuotedBytes(field) + " is, as seen from here, no bitmap that the register can store as its logo"};
 }
 
+/// A logo number that no register has a place for: it is sent as it stands all the same.
+void FindInLogoNumber(const RecordFields& fields, int number, TicketFindings& findings) {
+  const std::string sent = LogoRequestOf(fields).number;
+  const int value = LeadingInteger(sent);
+  if (value >= kLowestLogo && value <= kHighestLogo) return;
+  findings.push_back({false, "logo-number", number,
+                      SentAs(Trim(fields[1]), sent) + ": outside " + std::to_string(kLowestLogo) + " to " +
+                          std::to_string(kHighestLogo)});
+}
+
 /// Whether the notes tell which fields the record's command has a place for.
 bool CommandIsChosen(const TranslationNotes& notes) {
   return std::none_of(notes.begin(), notes.end(), [](const FieldNote& note) {
@@ -211,7 +225,12 @@ void FindInValues(std::string_view line, const RecordFields& fields, const Trans
         findings.push_back({true, "no-choice", number,
                             QuotedBytes(field) + " is no alternative; accepted: " + std::string(note.text)});
         break;
+      case FieldNote::Kind::kLogoNumber: FindInLogoNumber(fields, number, findings); break;
       case FieldNote::Kind::kNoLogo: findings.push_back(NoLogo(field, number)); break;
+      case FieldNote::Kind::kEmptyLogo:
+        findings.push_back(
+            {false, "logo-empty", number, QuotedBytes(field) + " is a bitmap of height 0: nothing is sent"});
+        break;
     }
   }
 }

@@ -18,7 +18,9 @@ struct FieldNote {
     kRead,          ///< It was read, to choose a command or otherwise, but is no value of the command.
     kUnknownType,   ///< Field 0: there is no such record type.
     kNoSuchChoice,  ///< It is none of the alternatives in `text`.
+    kLogoNumber,    ///< It was read as the number of a logo.
     kNoLogo,        ///< It names no bitmap that can be a logo.
+    kEmptyLogo,     ///< It names one without any row.
   };
   Kind kind;
   std::size_t field;
@@ -57,8 +59,8 @@ class NotedFields {
   std::string_view Replace(std::size_t field, const ValueForm& form, std::string_view sent) const;
 
   /// The field as it stands, where the command depends on it but does not hold it.
-  std::string_view Read(std::size_t field) const {
-    Note({FieldNote::Kind::kRead, field});
+  std::string_view Read(std::size_t field, FieldNote::Kind kind = FieldNote::Kind::kRead) const {
+    Note({kind, field});
     return fields_[field];
   }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 #include "core/catalogue.h"
 #include "core/text.h"
@@ -19,8 +20,9 @@ namespace {
 constexpr int kWrongBitmap = 197;
 /// Longest part of a wrong file name that the error log shows.
 constexpr std::size_t kShownNameLimit = 260;
-/// A logo is sent under a number of two digits.
-constexpr int kHighestLogo = 99;
+
+/// A logo number beyond this is sent as this.
+constexpr double kLargestLogo = 999'999'999;
 
 /// What translation depends on besides the record.
 struct Surroundings {
@@ -157,15 +159,14 @@ std::string Type32(Record f, With) {
 
 std::string Logo(Record f, With with) {
   const LogoRequest logo = LogoRequestOf(f.Record());
-  f.Read(1);
-  f.Read(2);
-  const bool numbered = logo.number >= 1 && logo.number <= kHighestLogo;
-  if (!numbered) NoSuchChoice(f, 1, "1 to 99");
-  if (!IsValidLogoBitmap(with.files, logo.path)) {
+  f.Read(1, FieldNote::Kind::kLogoNumber);
+  const auto rows = LogoRows(with.files, logo.path);
+  if (!rows) {
     with.journals.WrErr(LoadMessage(kWrongBitmap) + " ( " + ShownLine(f[2], kShownNameLimit) + " )");
     return f.Refuse(FieldNote::Kind::kNoLogo, 2);
   }
-  return numbered ? std::string(kLogoMarker) : std::string();
+  f.Read(2, *rows > 0 ? FieldNote::Kind::kRead : FieldNote::Kind::kEmptyLogo);
+  return std::string(kLogoMarker);
 }
 
 std::string NumberOr01AndAmount(std::string_view code, Record f) {
@@ -241,8 +242,11 @@ bool IsLongRunning(std::string_view translation) {
 }
 
 LogoRequest LogoRequestOf(const RecordFields& fields) {
-  const double number = LeadingNumber(fields[1]);
-  return {number < 1 ? 0 : static_cast<int>(std::round(std::min(number, kHighestLogo + 1.0))),
+  // The register refuses a number of many digits whatever it is.
+  const double rounded = std::round(LeadingNumber(fields[1]));
+  const int number = static_cast<int>(std::clamp(rounded, -kLargestLogo, kLargestLogo));
+  const std::string digits = std::to_string(std::abs(number));
+  return {(number < 0 ? "-" : "") + std::string(digits.size() < 2 ? 1 : 0, '0') + digits,
           SettingsPath(std::string(fields[2]))};
 }
 

@@ -24,9 +24,9 @@ bool IsLongRunning(std::string_view translation);
 
 /// What a logo record asks for.
 struct LogoRequest {
-  /// F1, a fraction rounded (a half up): 1 to 99 in a valid record, as the download sends it in two digits. 0
-  /// when F1 is below 1.
-  int number;
+  /// The number in F1, a fraction rounded (a half up), as the download sends it: in two digits, "00" where F1
+  /// begins with none, more digits above 99.
+  std::string number;
   std::string path;  ///< F2, with "\" between its levels.
 };
 LogoRequest LogoRequestOf(const RecordFields& fields);

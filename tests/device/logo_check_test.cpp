@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 
 #include "device/logo_files.h"
@@ -12,7 +13,7 @@ namespace {
 
 constexpr const char* kPath = "C:\\logo.bmp";
 
-std::uint32_t RowsOf(const std::string& file) {
+std::optional<std::uint32_t> RowsOf(const std::string& file) {
   LogoFiles files;
   files.content[kPath] = file;
   return LogoRows(files, kPath);
@@ -65,7 +66,11 @@ TEST(LogoCheck, RefusesOtherSignatures) {
   }
 }
 
-TEST(LogoCheck, RefusesAHeightOfZero) { EXPECT_FALSE(IsValid(LogoBitmap(0))); }
+TEST(LogoCheck, AcceptsAHeightOfZero) {
+  EXPECT_TRUE(IsValid(LogoBitmap(0)));
+  EXPECT_EQ(RowsOf(LogoBitmap(0)), 0U);
+  EXPECT_EQ(RowsOf(LogoBitmap(255)), std::nullopt);
+}
 
 TEST(LogoCheck, RefusesNegativeAndHugeHeights) {
   for (const std::uint32_t height :

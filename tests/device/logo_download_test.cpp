@@ -32,7 +32,7 @@ class LogoDownloadTest : public DeviceBench {
     for (int row = rows; row > 0; --row) file += std::string(56, static_cast<char>(row));
     files.content[kPath] = file;
   }
-  bool Download(int number = 5) {
+  bool Download(const std::string& number = "05") {
     return download.Download(number, kPath, "25;5;C:\\logo.bmp", [this] { givenUpAt.push_back(Elapsed()); });
   }
 
@@ -68,13 +68,20 @@ TEST_F(LogoDownloadTest, AllRowsAreSentFromTheTop) {
   EXPECT_EQ(Elapsed(), 0);
 }
 
-TEST_F(LogoDownloadTest, TheLogosNumberHasTwoDigits) {
+TEST_F(LogoDownloadTest, TheLogosNumberIsSentAsItIsGiven) {
   Bitmap(1);
   control.Always("4052", "4052");
-  Download(1);
-  Download(12);
+  Download("01");
+  Download("123");
   EXPECT_EQ(Sent().at(0).substr(0, 9), "405201001");
-  EXPECT_EQ(Sent().at(1).substr(0, 9), "405212001");
+  EXPECT_EQ(Sent().at(1).substr(0, 10), "4052123001");
+}
+
+TEST_F(LogoDownloadTest, ABitmapWithoutRowsSendsNothing) {
+  Bitmap(0);
+  EXPECT_TRUE(Download());
+  EXPECT_EQ(Sent(), Lines{});
+  EXPECT_EQ(Shown(), Lines{});
 }
 
 TEST_F(LogoDownloadTest, ARowIsUpperCaseHexadecimal) {
@@ -225,7 +232,7 @@ TEST_F(LogoDownloadTest, APictureThatCannotBeOpenedAnyMoreIsNotSent) {
     }
     Answer("Ok");
     LogoDownload downloadOfLocked(link, recovery, locked, journals, messages);
-    EXPECT_FALSE(downloadOfLocked.Download(5, kPath, "", [] {}));
+    EXPECT_FALSE(downloadOfLocked.Download("05", kPath, "", [] {}));
     EXPECT_EQ(Errors(), Lines{"Trasmissione 70 - Permission denied ( C:\\logo.bmp )"});
     EXPECT_EQ(Last(Shown()), kAlarm);
   }

@@ -36,12 +36,16 @@ TEST_F(LogoRecordTest, AVeryLongFileNameIsCutInTheLog) {
   EXPECT_EQ(ErrorLog(), "now - File BMP non valido ! ( " + std::string(260, 'x') + "... )\r\n");
 }
 
-TEST_F(LogoRecordTest, TheNumberIs1To99) {
-  EXPECT_EQ(Translate("33;99;C:\\logo.bmp;"), "BMP");
-  EXPECT_EQ(Translate("33;1,5;C:\\logo.bmp;"), "BMP");
-  for (const char* number : {"0", "-1", "", "x", "0.9", "99.5", "100", "99999999999999999999"}) {
-    EXPECT_EQ(Translate(std::string("33;") + number + ";C:\\logo.bmp;"), "") << number;
+TEST_F(LogoRecordTest, AValidBitmapIsALogoWhateverItsNumber) {
+  for (const char* number : {"99", "1,5", "0", "-1", "", "x", "0.4", "99.5", "100", "99999999999999999999"}) {
+    EXPECT_EQ(Translate(std::string("33;") + number + ";C:\\logo.bmp;"), "BMP") << number;
   }
+  EXPECT_EQ(ErrorLog(), "");
+}
+
+TEST_F(LogoRecordTest, ABitmapOfHeight0IsValid) {
+  files.content["C:\\none.bmp"] = LogoBitmap(0);
+  EXPECT_EQ(Translate("33;1;C:\\none.bmp;"), "BMP");
   EXPECT_EQ(ErrorLog(), "");
 }
 
@@ -49,15 +53,19 @@ TEST_F(LogoRecordTest, TheRequestCarriesNumberAndPath) {
   RecordFields fields;
   SplitRecord("33; 7 ;C:\\logo.bmp;", ';', fields);
   const LogoRequest logo = LogoRequestOf(fields);
-  EXPECT_EQ(logo.number, 7);
+  EXPECT_EQ(logo.number, "07");
   EXPECT_EQ(logo.path, "C:\\logo.bmp");
 }
 
-TEST_F(LogoRecordTest, AFractionOfTheNumberIsRounded) {
+TEST_F(LogoRecordTest, TheNumberIsSentInTwoDigitsOrMore) {
   struct {
     const char* text;
-    int number;
-  } const rows[] = {{"1.4", 1}, {"1.5", 2}, {"1.9", 2}, {"2.5", 3}, {"98.9", 99}, {"1,9", 1}, {"0.9", 0}};
+    const char* number;
+  } const rows[] = {
+      {"1.4", "01"}, {"1.5", "02"}, {"2.5", "03"},          {"98.9", "99"},
+      {"1,9", "01"}, {"0.9", "01"}, {"0.4", "00"},          {"-0.4", "00"},
+      {"", "00"},    {"x", "00"},   {"99.5", "100"},        {" 1 2 3", "123"},
+      {"-7", "-07"}, {"007", "07"}, {"1234567", "1234567"}, {"99999999999999999999", "999999999"}};
   for (const auto& row : rows) {
     RecordFields fields;
     SplitRecord(std::string("33;") + row.text + ";C:\\logo.bmp;", ';', fields);

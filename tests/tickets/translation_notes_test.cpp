@@ -29,7 +29,9 @@ class TranslationNotesTest : public TranslationTest {
       case FieldNote::Kind::kRead: return field + " read";
       case FieldNote::Kind::kUnknownType: return field + " unknown type";
       case FieldNote::Kind::kNoSuchChoice: return field + " not of " + std::string(note.text);
+      case FieldNote::Kind::kLogoNumber: return field + " logo number";
       case FieldNote::Kind::kNoLogo: return field + " no logo";
+      case FieldNote::Kind::kEmptyLogo: return field + " empty logo";
     }
     return {};
   }
@@ -69,7 +71,7 @@ TEST_F(TranslationNotesTest, TellWhyARecordIsNone) {
   EXPECT_EQ(NotesOf("7;2;1;5;"), "1 not of 1");
   EXPECT_EQ(NotesOf("8;1;1;"), "2 not of -1, 0");
   EXPECT_EQ(NotesOf("32;1;13;"), "2 not of 1 to 12");
-  EXPECT_EQ(NotesOf("33;0;C:\\none.bmp;"), "1 read, 2 read, 1 not of 1 to 99, 2 no logo");
+  EXPECT_EQ(NotesOf("33;0;C:\\none.bmp;"), "1 logo number, 2 no logo");
 }
 
 }  // namespace
