@@ -81,7 +81,12 @@ void FileCheck::CheckLines(LineReader& reader) {
     progress_.Show(totals_.lines);
   }
   check_.EndFile(findings_);
-  Report(last);
+  if (!check_.HoldsRecord()) {
+    findings_.push_back(
+        {false, "no-record", TicketFinding::kWholeLine,
+         "no line of the file is a record: nothing is printed, and the file is filed as printed"});
+  }
+  Report(std::max<std::uint64_t>(last, 1));
 }
 
 void FileCheck::CheckLine(const std::string& line, std::uint64_t number, bool wasCut) {

@@ -30,11 +30,13 @@ TicketCheck::TicketCheck(CheckRules rules, const Files& files, Clock& clock)
 void TicketCheck::BeginFile() {
   boundary_ = meant_ = TicketBoundary(rules_.settings.SeparatorChar);
   lines_ = 0;
+  holdsRecord_ = false;
   watch_ = ReceiptWatch();
 }
 
 void TicketCheck::Skip(std::string_view beginning, TicketFindings& findings) {
   ++lines_;
+  holdsRecord_ = true;
   fields_ = RecordFields();
   FollowParser(beginning, findings);
   watch_.Miss({});
@@ -45,9 +47,10 @@ const std::string& TicketCheck::Check(std::string_view line, TicketFindings& fin
   ++lines_;
   SplitRecord(line, rules_.settings.SeparatorChar, fields_);
   if (fields_.IsEmpty()) return command_;
+  holdsRecord_ = true;
   FollowParser(line, findings);
   if (fields_.Count() == 0) {
-    FindNoFields(findings);
+    FindNoFields(line, findings);
     watch_.Miss({});
     return command_;
   }
@@ -94,8 +97,14 @@ void TicketCheck::FindHiddenType(std::string_view line, bool begins, TicketFindi
   if (hidden && IsClosingType(fields_[0])) lastHidden_ = lines_;
 }
 
-void TicketCheck::FindNoFields(TicketFindings& findings) const {
+void TicketCheck::FindNoFields(std::string_view line, TicketFindings& findings) const {
   const std::string_view text = Trim(fields_.Rest());
+  if (text.empty()) {
+    findings.push_back(
+        {true, "no-separator", TicketFinding::kWholeLine,
+         QuotedBytes(Trim(line)) + " holds no character of ASCII, so that only blanks are left of it"});
+    return;
+  }
   std::string said =
       "no separator, " + CharacterName(rules_.settings.SeparatorChar) + ", is in " + QuotedBytes(text);
   // A line of another separator begins with a record type all the same.

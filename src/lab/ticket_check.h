@@ -42,13 +42,16 @@ class TicketCheck {
   /// Takes the next line of the file, of which nothing but the beginning is known.
   void Skip(std::string_view beginning, TicketFindings& findings);
 
+  /// Whether any line of the file so far is more than an empty one.
+  bool HoldsRecord() const { return holdsRecord_; }
+
   /// The file is over.
   void EndFile(TicketFindings& findings) { watch_.End("the file ends", findings); }
 
  private:
   void FollowParser(std::string_view line, TicketFindings& findings);
   void FindHiddenType(std::string_view line, bool begins, TicketFindings& findings);
-  void FindNoFields(TicketFindings& findings) const;
+  void FindNoFields(std::string_view line, TicketFindings& findings) const;
   std::string KnownTypes() const;
   std::string TypeMeant() const;
   bool IsType(std::string_view type) const;
@@ -63,6 +66,7 @@ class TicketCheck {
   TicketBoundary meant_;          // by the types that the translation reads
   std::uint64_t lines_ = 0;       // of the file, so far
   std::uint64_t lastHidden_ = 0;  // the last of them with a closing type that is not seen as one
+  bool holdsRecord_ = false;
   ReceiptWatch watch_;
   RecordFields fields_;
   TranslationNotes notes_;

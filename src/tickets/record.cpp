@@ -1,9 +1,13 @@
 #include "tickets/record.h"
 
+#include <algorithm>
+
 #include "core/text.h"
 
 namespace orvenza {
 namespace {
+
+bool IsBlankOrControl(char c) { return static_cast<unsigned char>(c) <= ' '; }
 
 void BlankOut(std::string& line) {
   for (char& c : line) {
@@ -18,10 +22,11 @@ void SplitRecord(std::string_view line, char separator, RecordFields& out) {
   out.line_ = line;
   BlankOut(out.line_);
   const std::string_view text = Trim(out.line_);
-  out.empty_ = text.empty();
+  // What only other characters make blank is no record either, but somebody has written something there.
+  out.empty_ = std::all_of(line.begin(), line.end(), IsBlankOrControl);
   out.count_ = 0;
   out.rest_ = {};
-  if (out.empty_) return;
+  if (text.empty()) return;
 
   const auto offset = static_cast<std::size_t>(text.data() - out.line_.data());
   std::size_t start = 0;

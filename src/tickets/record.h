@@ -31,10 +31,12 @@ class RecordFields {
   /// What stands behind the last field and belongs to none, without the blanks at the line's end.
   std::string_view Rest() const { return {line_.data() + rest_.start, rest_.length}; }
 
-  /// Number of fields cut: of separators found, at most nine. 0 for a line without any separator.
+  /// Number of fields cut: of separators found, at most nine. 0 for a line without any separator, or one of
+  /// which nothing but blanks is left.
   std::size_t Count() const { return count_; }
 
-  /// Whether nothing but blanks was left of the line: such a line is no record and is skipped.
+  /// Whether the line holds nothing but blanks and control characters: such a line is no record and is
+  /// skipped.
   bool IsEmpty() const { return empty_; }
 
  private:

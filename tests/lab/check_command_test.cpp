@@ -45,6 +45,18 @@ constexpr const char* kBadFindings[] = {
     "bad.txt:3:1: warning: '25' is sent as '20': outside 0 to 20 [clamped]\n",
 };
 
+TEST_F(CheckCommandTest, TellsOfAFileWithoutRecords) {
+  for (const char* content : {"", "\r\n", " \x1A"}) {
+    lab.files.content["empty.txt"] = content;
+    lab.out.str("");
+    EXPECT_EQ(Check({"--quiet", "empty.txt"}), 0);
+    EXPECT_EQ(
+        lab.out.str().substr(0, lab.out.str().find('\n')),
+        "empty.txt:1: warning: no line of the file is a record: nothing is printed, and the file is filed "
+        "as printed [no-record]");
+  }
+}
+
 TEST_F(CheckCommandTest, PutsAFindingBelowItsCommand) {
   lab.files.content["bad.txt"] = kBad;
   EXPECT_EQ(Check({"bad.txt"}), 1);

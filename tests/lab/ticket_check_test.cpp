@@ -106,6 +106,25 @@ TEST_F(TicketCheckTest, ShowsTheCommandOfEveryRecordType) {
   }
 }
 
+TEST_F(TicketCheckTest, WarnsOfUnusualLogos) {
+  files.content["C:\\logo.bmp"] = LogoBitmap(100);
+  files.content["C:\\none.bmp"] = LogoBitmap(0);
+  const struct {
+    const char* line;
+    const char* finding;
+  } kLogos[] = {
+      {"33;1;C:\\logo.bmp;", ""},
+      {"33;99;C:\\logo.bmp;", ""},
+      {"33;;C:\\logo.bmp;", "1 warning logo-number: '' is sent as '00': outside 1 to 99"},
+      {"33;100;C:\\logo.bmp;", "1 warning logo-number: '100' is sent as '100': outside 1 to 99"},
+      {"33;1;C:\\none.bmp;", "2 warning logo-empty: 'C:\\none.bmp' is a bitmap of height 0: nothing is sent"},
+  };
+  for (const auto& [line, finding] : kLogos) {
+    EXPECT_EQ(CommandOf(line), "BMP") << line;
+    EXPECT_EQ(FindingsOf(line), finding) << line;
+  }
+}
+
 TEST_F(TicketCheckTest, SaysWhyALineIsInvalid) {
   const struct {
     const char* line;
@@ -115,6 +134,8 @@ TEST_F(TicketCheckTest, SaysWhyALineIsInvalid) {
       {"4|5|",
        "- error no-separator: no separator, character 59 ';', is in '4|5|'; is character 124 '|' meant to be "
        "it?"},
+      {"\xE8 \xE8",
+       "- error no-separator: 'è è' holds no character of ASCII, so that only blanks are left of it"},
       {"01;5;", "0 error unknown-type: there is no record type '01'; write '1'"},
       {"1.;5;", "0 error unknown-type: there is no record type '1.'; write '1'"},
       {"44;5;", "0 error unknown-type: there is no record type '44'; known are 0 to 9, 14, 15, 17, 20 to 43"},

@@ -70,9 +70,12 @@ TEST(CheckProgram, WritesJson) {
   EXPECT_EQ(
       Check({"--json", "-"}),
       "{\n  \"schema\": 1,\n  \"separator\": 127,\n  \"singleQuantity\": false,\n  \"fileParser\": false,\n"
-      "  \"model\": \"          \",\n  \"release\": \"\",\n  \"results\": [],\n  \"totals\": {\n"
+      "  \"model\": \"          \",\n  \"release\": \"\",\n  \"results\": [\n"
+      "    {\"file\": \"-\", \"line\": 1, \"severity\": \"warning\", \"code\": \"no-record\", \"text\": \"no "
+      "line of the file is a record: nothing is printed, and the file is filed as printed\"}\n"
+      "  ],\n  \"totals\": {\n"
       "    \"files\": 1,\n    \"unreadable\": 0,\n    \"lines\": 0,\n    \"errors\": 0,\n    \"warnings\": "
-      "0\n"
+      "1\n"
       "  }\n}\nstatus 0");
 }
 

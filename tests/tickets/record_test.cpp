@@ -90,10 +90,19 @@ TEST(SplitRecord, RemovesBlanksAroundTheLine) {
 
 TEST(SplitRecord, TakesALineOfBlanksAsEmpty) {
   for (const std::string& line : {std::string(), std::string("   "), std::string("\x1A"), std::string("\t\r"),
-                                  std::string("\0\0", 2), std::string("\xA0\xE8")}) {
+                                  std::string("\0\0", 2)}) {
     const RecordFields fields = Split(line);
     EXPECT_TRUE(fields.IsEmpty());
     EXPECT_EQ(fields.Count(), 0U);
+  }
+}
+
+TEST(SplitRecord, TakesALineThatOnlyBecomesBlankAsOneWithoutFields) {
+  for (const char* line : {"\xA0\xE8", "\xEF\xBB\xBF", " \t\x80 "}) {
+    const RecordFields fields = Split(line);
+    EXPECT_FALSE(fields.IsEmpty());
+    EXPECT_EQ(fields.Count(), 0U);
+    EXPECT_EQ(fields.Rest(), "");
   }
 }
 
