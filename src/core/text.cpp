@@ -7,6 +7,9 @@
 namespace orvenza {
 namespace {
 
+/// Most characters of a ticket line in the error log.
+constexpr std::size_t kLoggedLine = 500;
+
 /// Code points of the Windows-1252 bytes 128 to 159.
 constexpr char32_t kUpperControls[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                          0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
@@ -51,6 +54,17 @@ bool IsUtf8(std::string_view bytes) {
     bytes.remove_prefix(length);
   }
   return true;
+}
+
+/// At most `limit` bytes in UTF-8, those below the blank as blanks.
+std::string Quoted(std::string_view bytes, std::size_t limit) {
+  std::string quoted(bytes.substr(0, limit));
+  for (char& c : quoted) {
+    if (static_cast<unsigned char>(c) < ' ') c = ' ';
+  }
+  quoted = FromWindows1252(quoted);
+  if (bytes.size() > limit) quoted += "...";
+  return quoted;
 }
 
 }  // namespace
@@ -150,13 +164,11 @@ std::string ToUtf8(std::string_view bytes) {
 }
 
 std::string ShownLine(std::string_view bytes, std::size_t limit) {
-  std::string shown(bytes.substr(0, limit));
-  for (char& c : shown) {
-    if (static_cast<unsigned char>(c) < ' ' || c == 127) c = ' ';
-  }
-  shown = FromWindows1252(shown);
-  if (bytes.size() > limit) shown += "...";
+  std::string shown = Quoted(bytes, limit);
+  std::replace(shown.begin(), shown.end(), '\x7F', ' ');
   return shown;
 }
+
+std::string LoggedLine(std::string_view bytes) { return Quoted(bytes, kLoggedLine); }
 
 }  // namespace orvenza

@@ -51,8 +51,12 @@ char FirstInWindows1252(std::string_view text);
 /// Bytes that are valid UTF-8 as they stand, others read as Windows-1252.
 std::string ToUtf8(std::string_view bytes);
 
-/// A ticket line's bytes as a journal or a dialog shows them: read as Windows-1252, control characters as
-/// blanks, and at most `limit` characters, the cut marked by "...".
+/// A ticket line's bytes as a dialog shows them: read as Windows-1252, control characters and the character
+/// 127 as blanks, and at most `limit` characters, the cut marked by "...".
 std::string ShownLine(std::string_view bytes, std::size_t limit);
+
+/// A ticket line's bytes as the error log quotes them: the same, but with the character 127 as it stands, so
+/// that the fields can be told, and at most 500 characters.
+std::string LoggedLine(std::string_view bytes);
 
 }  // namespace orvenza

@@ -8,8 +8,7 @@
 namespace orvenza {
 namespace {
 
-/// Longest part of a ticket line that a journal line, and a dialog, carries.
-constexpr std::size_t kLoggedLine = 500;
+/// Longest part of a ticket line that a dialog carries.
 constexpr std::size_t kShownLine = 60;
 
 }  // namespace
@@ -58,7 +57,7 @@ ChoiceContent ErrorRecovery::DescribeError(std::string_view reply, const std::st
     form.text = LoadMessage(126);
     journals_.WrErr(std::string(form.text));
   } else if (code == "**") {
-    journals_.WrErr(LoadMessage(124) + " " + ShownLine(commandLine, kLoggedLine));
+    journals_.WrErr(LoadMessage(124) + " " + LoggedLine(commandLine));
     form.heading = LoadMessage(124) + " " + ShownLine(commandLine, kShownLine);
     form.text = LoadMessage(149);
   } else {

@@ -207,15 +207,18 @@ std::vector<BundleEntry> CollectBundle(const Installation& shop, const Findings&
 }
 
 std::string MaskLog(const std::string& log, char separator, bool& masked) {
-  const std::string mark = LoadMessage(124) + " ";
+  const std::string line = LoadMessage(124) + " ";
+  const std::string file = LoadMessage(197) + " ";  // Such a field may hold anything but a file's name.
   std::string result;
   for (std::size_t at = 0; at < log.size();) {
-    const std::size_t quote = log.find(mark, at);
-    if (quote == std::string::npos) return result + log.substr(at);
-    const std::size_t start = quote + mark.size();
+    const std::size_t lineAt = log.find(line, at);
+    const std::size_t fileAt = log.find(file, at);
+    if (lineAt == fileAt) return result + log.substr(at);  // Neither is there.
+    const std::size_t start = lineAt < fileAt ? lineAt + line.size() : fileAt + file.size();
     const std::size_t end = std::min(log.find_first_of("\r\n", start), log.size());
-    result +=
-        log.substr(at, start - at) + MaskTexts(std::string_view(log).substr(start, end - start), separator);
+    const std::string_view quoted = std::string_view(log).substr(start, end - start);
+    result += log.substr(at, start - at);
+    result += lineAt < fileAt ? MaskTexts(quoted, separator) : MaskAll(quoted);
     masked = masked || end > start;
     at = end;
   }

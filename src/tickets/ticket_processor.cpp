@@ -15,7 +15,6 @@ constexpr const char* kLabel = "Trasmissione ";
 constexpr int kVoidTries = 3;
 /// Accepted voids in a row that leave the receipt open all the same, before the operator is asked.
 constexpr int kVainVoids = 10;
-constexpr std::size_t kLoggedLine = 500;
 /// Payment 01 of nothing, which closes the receipt. Its separator is 127 whatever is configured.
 constexpr const char* kReceiptSplitLine =
     "2\x7f"
@@ -164,7 +163,7 @@ TicketProcessor::Next TicketProcessor::HandleUnreadableLine(const std::string& l
 }
 
 TicketProcessor::Next TicketProcessor::HandleInvalidLine(const std::string& line) {
-  journals_.WrErr(LoadMessage(124) + " " + ShownLine(line, kLoggedLine));
+  journals_.WrErr(LoadMessage(124) + " " + LoggedLine(line));
   link_.ReplyText = "ERR**";
   const auto next = FromDecision(recovery_.DecodeDeviceError(link_.ReplyText, line, true));
   return next.value_or(Next::kNextLine);
@@ -231,7 +230,7 @@ void TicketProcessor::SplitReceipt(const std::string& rejectedLine) {
   journals_.WrLog(LoadMessage(198));
   pending_.push_front({rejectedLine, true});
   pending_.push_front({kReceiptSplitLine, true});
-  journals_.WrErr(LoadMessage(124) + " " + ShownLine(rejectedLine, kLoggedLine));
+  journals_.WrErr(LoadMessage(124) + " " + LoggedLine(rejectedLine));
 }
 
 std::optional<TicketProcessor::Next> TicketProcessor::FromDecision(int decision) {

@@ -183,6 +183,13 @@ TEST(ShownLine, ShowsControlCharactersAsBlanks) {
 
 TEST(ShownLine, ReadsTheLineAsWindows1252) { EXPECT_EQ(ShownLine("Caff\xE8 \x80", 60), "Caffè €"); }
 
+TEST(LoggedLine, KeepsTheLineAsItWasSent) {
+  EXPECT_EQ(LoggedLine("1\x7FPane\t\x1F\0x\x7F"s), "1\x7FPane   x\x7F");
+  EXPECT_EQ(LoggedLine("Caff\xE8 \x80"), "Caffè €");
+  EXPECT_EQ(LoggedLine(std::string(500, 'x')), std::string(500, 'x'));
+  EXPECT_EQ(LoggedLine(std::string(501, 'x')), std::string(500, 'x') + "...");
+}
+
 TEST(ShownLine, MarksWhereItWasCut) {
   EXPECT_EQ(ShownLine("12345", 5), "12345");
   EXPECT_EQ(ShownLine("123456", 5), "12345...");

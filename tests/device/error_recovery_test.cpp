@@ -132,7 +132,8 @@ TEST_F(ErrorRecoveryTest, ALinkErrorIsLikeNoReply) {
 TEST_F(ErrorRecoveryTest, AnInvalidLineIsLoggedAndShown) {
   Answer(kAbort);
   EXPECT_EQ(Decode("ERR**", true, "3\x7FPan\xE8\t1"), 4);
-  EXPECT_EQ(Errors(), (Lines{"Riga non valida : 3 Panè 1", std::string("Risposta Operatore : ") + kAbort}));
+  EXPECT_EQ(Errors(),
+            (Lines{"Riga non valida : 3\x7FPanè 1", std::string("Risposta Operatore : ") + kAbort}));
   EXPECT_EQ(Dialog(0).heading, "Riga non valida : 3 Panè 1");
   EXPECT_EQ(Dialog(0).text, "Riga scontrino non valida !");
   EXPECT_EQ(Dialog(0).options.size(), 3U);

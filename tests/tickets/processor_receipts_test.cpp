@@ -34,8 +34,8 @@ class DefaultShop : public Shop {
   }
 };
 
-/// An item line as a journal shows it.
-std::string Shown(const std::string& description) { return ItemLineOf(description, ' '); }
+/// An item line as the error log quotes it.
+std::string Quoted(const std::string& description) { return ItemLineOf(description, '\x7f'); }
 
 TEST(ReceiptSplit, ClosesTheReceiptAndSendsTheRejectedLineAgain) {
   DefaultShop shop("capacity 2");
@@ -44,7 +44,7 @@ TEST(ReceiptSplit, ClosesTheReceiptAndSendsTheRejectedLineAgain) {
   EXPECT_EQ(SentAfterStartUp(shop), (Lines{"321701", ItemCommand("A"), ItemCommand("B"), ItemCommand("C"),
                                            kSplitPayment, ItemCommand("C"), kPaymentCommand}));
   EXPECT_EQ(shop.LogForTickets(), (Lines{"Start Scontrino", kSplitLogged, "End Scontrino"}));
-  EXPECT_EQ(shop.Err(), Lines{"Riga non valida : " + Shown("C")});
+  EXPECT_EQ(shop.Err(), Lines{"Riga non valida : " + Quoted("C")});
   EXPECT_EQ(shop.DialogTexts(), Lines{});
   ASSERT_EQ(shop.device.Receipts().size(), 2U);
   EXPECT_EQ(shop.device.Receipts()[0].total, 200);
@@ -86,7 +86,7 @@ TEST(ReceiptSplit, ALineThatAFreshReceiptRefusesAgainGoesToTheOperator) {
   EXPECT_EQ(shop.SentForTickets(),
             (Lines{ItemCommand("A"), ItemCommand("B"), kSplitPayment, ItemCommand("B")}));
   EXPECT_EQ(shop.Err(),
-            (Lines{"Riga non valida : " + Shown("B"), "ECR Error : " + kTooLong, kAnswered + kGiveUp}));
+            (Lines{"Riga non valida : " + Quoted("B"), "ECR Error : " + kTooLong, kAnswered + kGiveUp}));
   EXPECT_EQ(shop.Names("data\\abort"), Lines{"ticket.txt.abort.txt"});
 }
 
@@ -119,7 +119,11 @@ TEST(ReceiptSplit, WithAnotherSeparatorTheSplitLineIsInvalid) {
     EXPECT_EQ(shop.SentForTickets(), (Lines{ItemCommand("A"), ItemCommand("B")})) << answer;
     ASSERT_GE(err.size(), 2U);
     EXPECT_EQ(err[0], "Riga non valida : " + ItemLineOf("B"));
-    EXPECT_EQ(err[1], "Riga non valida : 2 1 0        ");
+    EXPECT_EQ(err[1],
+              "Riga non valida : 2\x7f"
+              "1\x7f"
+              "0" +
+                  std::string(8, '\x7f'));
     EXPECT_EQ(shop.DialogTexts(), Lines{"Riga scontrino non valida !"}) << answer;
     EXPECT_EQ(shop.Names("data\\abort"), Lines{"ticket.txt.abort.txt"}) << answer;
   }
