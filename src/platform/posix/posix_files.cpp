@@ -11,6 +11,7 @@
 
 #include "platform/posix/descriptor.h"
 #include "platform/posix/file_status.h"
+#include "platform/posix/folder_flush.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_error.h"
 #include "platform/posix/unfinished_file.h"
@@ -51,6 +52,9 @@ SourceFile OpenSource(const std::string& path) {
   if (!S_ISREG(source.status.st_mode)) throw SystemError(error_number::kPathFileAccess, path);
   return source;
 }
+
+/// Of a native path.
+std::string_view FolderOf(std::string_view native) { return native.substr(0, native.rfind('/') + 1); }
 
 class PosixByteReader : public ByteReader {
  public:
@@ -115,10 +119,15 @@ void PosixFiles::Copy(const std::string& from, const std::string& to) {
 }
 
 void PosixFiles::Move(const std::string& from, const std::string& to) {
-  if (::rename(NativePath(from).c_str(), NativePath(to).c_str()) == 0) return;
-  const int code = errno;
-  // Of a source that is there, it is the target's folder that is missing.
-  ThrowFileError(code, code == ENOENT && MayExist(*this, from) ? to : from);
+  const std::string source = NativePath(from);
+  const std::string target = NativePath(to);
+  if (::rename(source.c_str(), target.c_str()) != 0) {
+    const int code = errno;
+    // Of a source that is there, it is the target's folder that is missing.
+    ThrowFileError(code, code == ENOENT && MayExist(*this, from) ? to : from);
+  }
+  FlushFolderOf(target);
+  if (FolderOf(source) != FolderOf(target)) FlushFolderOf(source);
 }
 
 void PosixFiles::Remove(const std::string& path) {

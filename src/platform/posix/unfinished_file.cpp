@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "platform/files.h"
+#include "platform/posix/folder_flush.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_error.h"
 
@@ -73,6 +74,7 @@ void UnfinishedFile::Finish() {
   if (::fsync(file_.Get()) != 0 || !file_.Close()) ThrowFileError(errno, target_);
   if (::rename(native_.c_str(), nativeTarget_.c_str()) != 0) ThrowFileError(errno, target_);
   native_.clear();
+  FlushFolderOf(nativeTarget_);
 }
 
 }  // namespace orvenza
