@@ -48,7 +48,11 @@ class VirtualDisk::FoldersOfDisk : public Folders {
     if (!Exists(from)) throw SystemError(error_number::kPathNotFound, from);
     if (disk_.Find(to) != nullptr && source != target) throw SystemError(error_number::kFileExists, to);
     if (!disk_.FolderExists(ParentOf(target))) throw SystemError(error_number::kPathNotFound, from);
-    if (source.substr(0, 2) != target.substr(0, 2)) throw SystemError(error_number::kPathFileAccess, from);
+    const bool isDrive = source.size() == 2;
+    const bool intoItself = target.starts_with(source + "\\");
+    if (isDrive || intoItself || source.substr(0, 2) != target.substr(0, 2)) {
+      throw SystemError(error_number::kPathFileAccess, from);
+    }
     auto nodes = TakeOut(source, from);
     nodes.front().second.name = FileNameOf(disk_.Spelled(to));
     for (auto& [key, node] : nodes) disk_.nodes_[target + key.substr(source.size())] = std::move(node);
