@@ -79,9 +79,10 @@ int ShowHelp(const std::vector<std::string>& words, const std::vector<Command>& 
     return 0;
   }
   const Command* command = Find(commands, words.front());
-  if (command == nullptr) return RefuseCommand(console, words.front(), commands);
+  const bool ofHelp = words.front() == "help";
+  if (command == nullptr && !ofHelp) return RefuseCommand(console, words.front(), commands);
   if (words.size() > 1) return RefuseUsage(console, {}, "unexpected word '" + words[1] + "'");
-  console.out << HelpPage(*command);
+  console.out << (ofHelp ? Overview(commands) : HelpPage(*command));
   return 0;
 }
 

@@ -166,6 +166,26 @@ void AddOtherSettings(Findings& findings, const Installation& shop) {
   }
 }
 
+/// The settings, the program or a log is enough of one.
+bool IsInstallation(const Installation& shop) {
+  const std::string program = shop.paths.AppPath + "\\" + shop.paths.ExecutableName;
+  const std::string signs[] = {shop.paths.Ini(), shop.paths.ErrDesc(),    program,
+                               program + ".exe", shop.Settings().LogPath, shop.Settings().ErrPath};
+  return std::any_of(std::begin(signs), std::end(signs),
+                     [&](const std::string& path) { return MayExist(shop.files, path); });
+}
+
+void AddNoInstallation(Findings& findings, const Installation& shop) {
+  const bool ofAnotherName = std::any_of(findings.begin(), findings.end(), [](const Finding& finding) {
+    return finding.code == "settings.other";
+  });
+  if (ofAnotherName || IsInstallation(shop)) return;
+  findings.push_back({Severity::kWarning, "folder.foreign",
+                      "Nothing in " + shop.paths.AppPath +
+                          " tells of an installation: neither the program nor its settings nor a log.",
+                      "See whether this is the folder that is meant (--folder), and the name (--name)."});
+}
+
 void AddIniRights(Findings& findings, const Installation& shop) {
   if (!MayExist(shop.files, shop.paths.Ini()) || shop.machine.MayWrite(shop.paths.Ini())) return;
   findings.push_back(
@@ -181,6 +201,7 @@ Findings FindInProgram(const Installation& shop) {
   AddInstance(findings, shop);
   AddCommandFile(findings, shop);
   AddOtherSettings(findings, shop);
+  AddNoInstallation(findings, shop);
   AddIniRights(findings, shop);
   AddTexts(findings, shop);
   AddLogs(findings, shop);

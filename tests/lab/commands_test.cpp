@@ -73,6 +73,15 @@ TEST(Lab, ShowsTheHelpPageOfACommandInBothWays) {
   }
 }
 
+TEST(Lab, HelpsWithHelp) {
+  GreetingLab lab;
+  EXPECT_EQ(lab.Run({"help", "help"}), 0);
+  GreetingLab overview;
+  overview.Run({"help"});
+  EXPECT_EQ(lab.out.str(), overview.out.str());
+  EXPECT_EQ(lab.Run({"help", "help", "Anna"}), 2);
+}
+
 TEST(Lab, ListsItsCommands) {
   GreetingLab lab;
   EXPECT_EQ(lab.Run({"--help"}), 0);

@@ -81,6 +81,21 @@ TEST_F(ProgramFindings, TellOfLogsThatCannotBeMade) {
   EXPECT_EQ(InOrder().find("log.ok"), std::string::npos);
 }
 
+TEST_F(ProgramFindings, WarnOfAFolderThatIsNoInstallation) {
+  disk.Delete(At("Orvenza.ini"));
+  disk.Delete(At("ErrDesc.ini"));
+  EXPECT_NE(Said().find("warning folder.foreign: Nothing in C:\\Orvenza tells of an installation"),
+            std::string::npos)
+      << Said();
+  for (const char* sign : {"Orvenza", "orvenza.exe", "Log.txt", "Err.txt", "ErrDesc.ini"}) {
+    disk.Put(At(sign), "");
+    EXPECT_EQ(Said().find("folder.foreign"), std::string::npos) << sign;
+    disk.Delete(At(sign));
+  }
+  disk.Put(At("Cassa.ini"), "[Version]\r\nVersion=1.06\r\n");
+  EXPECT_EQ(Said().find("folder.foreign"), std::string::npos);
+}
+
 TEST_F(ProgramFindings, TakeNoOtherIniFileForSettings) {
   disk.Delete(At("Orvenza.ini"));
   disk.Put(At("desktop.ini"), "[.ShellClassInfo]\r\nVersion=1\r\n");

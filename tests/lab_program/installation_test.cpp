@@ -14,10 +14,11 @@ namespace {
 TEST(LabProgram, ExaminesAnInstallation) {
   const TempFolder shop;
   RunningProgram lab({ORVENZA_LAB, "doctor", "--folder", shop.Path()});
-  EXPECT_EQ(lab.ExitStatus(), 0);
+  EXPECT_EQ(lab.ExitStatus(), 1);
   EXPECT_EQ(lab.Shown().substr(0, lab.Shown().find(", 20")), "Orvenza in " + shop.Path());
+  EXPECT_NE(lab.Shown().find("\nwarning  folder.foreign  "), std::string::npos);
   EXPECT_NE(lab.Shown().find("\nnote     settings.new  "), std::string::npos);
-  EXPECT_TRUE(lab.Shown().ends_with(" in order. Ready.\n"));
+  EXPECT_TRUE(lab.Shown().ends_with(" Ready, but see the warnings.\n"));
   EXPECT_EQ(lab.Shown().find('\x1b'), std::string::npos);
   EXPECT_TRUE(std::filesystem::is_empty(shop.Native("")));
 }
