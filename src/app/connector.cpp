@@ -2,6 +2,7 @@
 
 #include "core/catalogue.h"
 #include "core/create_all_dirs.h"
+#include "core/own_texts.h"
 #include "core/text.h"
 #include "core/version.h"
 #include "device/end_confirmation.h"
@@ -118,8 +119,7 @@ void Connector::RotateHistoric() {
   // The default of a missing setting is the in-process folder.
   const std::string& historic = settings_.HistoricFolder;
   if (HistoricHoldsTickets(settings_, paths_.AppPath)) {
-    journals_.WrErr("Archivio storico disattivato, la cartella contiene gli scontrini da stampare : " +
-                    historic);
+    journals_.WrErr(std::string(own_text::kHistoricOff) + " " + historic);
     settings_.HistoricFolder.clear();
   }
   for (int retry = 0;; ++retry) {

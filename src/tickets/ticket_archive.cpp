@@ -7,6 +7,7 @@
 #include "core/catalogue.h"
 #include "core/create_all_dirs.h"
 #include "core/folder_path.h"
+#include "core/own_texts.h"
 #include "core/text.h"
 #include "platform/program_end.h"
 #include "platform/system_error.h"
@@ -78,7 +79,7 @@ bool TicketArchive::HasGone(const std::string& workFile) const {
 }
 
 void TicketArchive::LogNotArchived(const std::string& workFile) {
-  journals_.WrErr("Scontrino stampato ma non archiviato : " + FileNameOf(workFile));
+  journals_.WrErr(std::string(own_text::kPrintedNotArchived) + " " + FileNameOf(workFile));
 }
 
 bool TicketArchive::Store(const std::string& workFile, std::string_view text,

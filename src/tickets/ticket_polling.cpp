@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/catalogue.h"
+#include "core/own_texts.h"
 #include "core/text.h"
 #include "platform/program_end.h"
 #include "platform/system_error.h"
@@ -208,8 +209,8 @@ bool TicketPolling::MustWait(const std::string& entry, const std::string& text) 
   const std::string* const older = HeldUpBefore(entry);
   if (older == nullptr || !HoldsReport(text, settings_.SeparatorChar)) return false;
   if (waiting_.insert(entry).second) {
-    journals_.WrErr("Chiusura o rapporto in attesa : " + TicketListing::NameOf(entry) +
-                    ", prima va stampato lo scontrino " + TicketListing::NameOf(*older));
+    journals_.WrErr(std::string(own_text::kReportWaits) + " " + TicketListing::NameOf(entry) + ", " +
+                    own_text::kFirstComes + " " + TicketListing::NameOf(*older));
   }
   return true;
 }

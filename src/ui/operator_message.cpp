@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/catalogue.h"
+#include "core/own_texts.h"
 #include "core/text.h"
 
 namespace orvenza {
@@ -66,7 +67,7 @@ MessageContent BuildMessage(const std::string& message, int style, const std::st
                             const std::string& executableName) {
   MessageContent content;
   content.caption = title.empty() ? executableName : executableName + " - " + title;
-  content.text = message.empty() ? "Miss Messagge !!!" : message;  // Spelled so on purpose.
+  content.text = message.empty() ? own_text::kMissingText : message;
   if (CountCharacters(content.text) < kShortMessage) {
     content.text.insert(0, kLineBreak);
     content.centred = true;

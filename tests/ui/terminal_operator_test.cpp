@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "ui/terminal/blocks.h"
 #include "ui/terminal_fixture.h"
 
 namespace orvenza::test {
@@ -26,6 +27,26 @@ TEST_F(TerminalOperatorTest, ShowsAMessageAsAFramedBlock) {
 Numero + Invio (solo Invio: Sì; x: chiudi; m: menu)
 Risposta: No
 )");
+}
+
+TEST_F(TerminalOperatorTest, DrawsBoxesAsWideAsTheTerminal) {
+  std::size_t width = 40;
+  terminal.SetWidth([&] { return width; });
+  Type("2");
+  terminal.ShowMessage(BuildMessage("Sei sicuro ?", 52, "Richiesta di Fine", "Orvenza"));
+  EXPECT_EQ(Count("\n+" + std::string(38, '-') + "+\n"), 4);
+}
+
+TEST_F(TerminalOperatorTest, SaysWhereTicketsGoOnceItRuns) {
+  for (const auto& [separator, shown] : {std::pair(';', ";"), std::pair('\x7F', "carattere 127"),
+                                         std::pair(' ', "carattere 32"), std::pair('\t', "carattere 9")}) {
+    out.str("");
+    terminal.SetTicketPlace([c = separator] { return DescribeTickets("/shop/data/*.txt", c); });
+    terminal.CreateIcon("Orvenza - 1.0.0");
+    EXPECT_EQ(out.str(),
+              std::string("Orvenza - 1.0.0 in funzione: scontrini in /shop/data/*.txt, separatore ") + shown +
+                  ". Menu: m + Invio\n");
+  }
 }
 
 TEST_F(TerminalOperatorTest, SoundsTheBellForMessagesWhereThereIsOne) {

@@ -64,6 +64,21 @@ TEST(TextBox, FramesItsRowsAtTheSameWidthWhateverTheLetters) {
   for (const std::string& row : RowsOf(box)) EXPECT_EQ(CountCharacters(row), TextBox::kWidth) << row;
 }
 
+TEST(TextBox, FitsANarrowTerminal) {
+  for (const std::size_t width : {24U, 40U, 71U}) {
+    TextBox box("Configurazione Parametri Porta COM", width);
+    box.AddText("Sì, perché no ?", true);
+    box.AddText(std::string(100, 'a'));
+    box.AddColumns({"[1] " + std::string(30, 'b'), "[2] " + std::string(30, 'c'), "[3] d"});
+    for (const std::string& row : RowsOf(box)) EXPECT_EQ(CountCharacters(row), width) << row;
+  }
+}
+
+TEST(TextBox, IsNeitherTooNarrowNorTooWide) {
+  EXPECT_EQ(CountCharacters(RowsOf(TextBox("x", 1))[0]), TextBox::kLeastWidth);
+  EXPECT_EQ(CountCharacters(RowsOf(TextBox("x", 500))[0]), TextBox::kWidth);
+}
+
 TEST(TextBox, CentresARow) {
   TextBox box("x");
   box.AddText("abcd", true);

@@ -1,5 +1,6 @@
 // The connector in a terminal: builds the objects, wires them, runs.
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -12,11 +13,14 @@
 #include "core/version.h"
 #include "platform/ini_profile_file.h"
 #include "platform/instance_lock.h"
+#include "platform/posix/native_path.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_event_pump.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_folders.h"
+#include "ui/terminal/blocks.h"
 #include "ui/terminal/terminal_operator.h"
+#include "ui/terminal/text_box.h"
 
 namespace {
 
@@ -29,6 +33,13 @@ constexpr int kStandardOutput = 1;
 int Refuse(const std::string& reason) {
   std::cerr << "Orvenza: " << reason << "\n";
   return 2;
+}
+
+/// Characters in a row; the usual width where the output is no terminal or does not know.
+std::size_t TerminalWidth() {
+  winsize size{};
+  const bool known = ::ioctl(kStandardOutput, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+  return known ? size.ws_col : TextBox::kWidth;
 }
 
 int RunConnector(const ProgramPaths& paths, const FaultScript& script) {
@@ -44,6 +55,11 @@ int RunConnector(const ProgramPaths& paths, const FaultScript& script) {
   });
   Connector connector({files, folders, profile, clock, loop, terminal, terminal, simulation.Control()},
                       paths);
+  terminal.SetWidth(TerminalWidth);
+  terminal.SetTicketPlace([&] {
+    const AppSettings& settings = connector.Settings();
+    return DescribeTickets(NativePath(settings.TicketFilesSpec), settings.SeparatorChar);
+  });
   terminal.SetMenuHandler([&](MenuItem item) { connector.OnMenu(item); });
   pump.WatchInput(
       kStandardInput, [&](const std::string& line) { terminal.OnLine(line); },

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/own_texts.h"
 #include "core/text.h"
 #include "ui/menu.h"
 #include "ui/terminal/answers.h"
@@ -18,10 +19,10 @@ constexpr std::size_t kLabelWidth = 16;
 
 std::string_view IconWord(MessageIcon icon) {
   switch (icon) {
-    case MessageIcon::kStop: return "STOP | ";
-    case MessageIcon::kQuestion: return "DOMANDA | ";
-    case MessageIcon::kExclamation: return "ATTENZIONE | ";
-    case MessageIcon::kInformation: return "INFORMAZIONE | ";
+    case MessageIcon::kStop: return own_text::kStop;
+    case MessageIcon::kQuestion: return own_text::kQuestion;
+    case MessageIcon::kExclamation: return own_text::kExclamation;
+    case MessageIcon::kInformation: return own_text::kInformation;
     case MessageIcon::kNone: break;
   }
   return "";
@@ -44,9 +45,13 @@ std::vector<std::string> Marked(std::span<const std::string> captions, int selec
   return items;
 }
 
-/// `enter` is what Enter alone does.
+/// What a number does, what Enter alone does, and how to close.
+std::string Prompt(const std::string& number, const std::string& enter, const std::string& close) {
+  return number + " (" + own_text::kEnterAlone + " " + PlainCaption(enter) + "; " + close + ")\n";
+}
+
 std::string Prompt(const std::string& enter) {
-  return "Numero + Invio (solo Invio: " + PlainCaption(enter) + "; x: chiudi)\n";
+  return Prompt(own_text::kNumberAndEnter, enter, own_text::kXCloses);
 }
 
 std::string SelectedEntry(const std::vector<std::string>& entries, int selected) {
@@ -56,8 +61,9 @@ std::string SelectedEntry(const std::vector<std::string>& entries, int selected)
 
 }  // namespace
 
-Block DrawMessage(const MessageContent& content) {
-  TextBox box(std::string(IconWord(content.icon)) + content.caption);
+Block DrawMessage(const MessageContent& content, std::size_t width) {
+  const std::string icon(IconWord(content.icon));
+  TextBox box(icon.empty() ? content.caption : icon + " | " + content.caption, width);
   // A short text brings its empty line along.
   if (!content.text.starts_with(kLineBreak)) box.AddText("");
   box.AddText(content.text, content.centred);
@@ -67,8 +73,8 @@ Block DrawMessage(const MessageContent& content) {
   return {box.Draw(), Prompt(content.buttons.front())};
 }
 
-Block DrawChoice(const ChoiceContent& content) {
-  TextBox box(content.caption);
+Block DrawChoice(const ChoiceContent& content, std::size_t width) {
+  TextBox box(content.caption, width);
   box.AddText("");
   if (!content.heading.empty()) box.AddText(content.heading);
   if (!content.text.empty()) box.AddText(content.text);
@@ -84,8 +90,8 @@ Block DrawChoice(const ChoiceContent& content) {
   return {box.Draw(), Prompt(anySelected ? "[" + std::to_string(content.selected) + "]" : content.button)};
 }
 
-Block DrawPortSettings(const PortContent& content, const std::array<int, 5>& selected) {
-  TextBox box(content.caption);
+Block DrawPortSettings(const PortContent& content, const std::array<int, 5>& selected, std::size_t width) {
+  TextBox box(content.caption, width);
   std::size_t list = 0;
   for (std::string& line : Numbered(content.labels)) {
     const std::size_t length = CountCharacters(line);
@@ -94,30 +100,37 @@ Block DrawPortSettings(const PortContent& content, const std::array<int, 5>& sel
     box.AddText(line);
     ++list;
   }
-  return {box.Draw(), "Numero + Invio: cambia (solo Invio: " + PlainCaption(content.button) +
-                          "; x: chiudi senza salvare)\n"};
+  return {box.Draw(), Prompt(own_text::kNumberChanges, content.button, own_text::kXClosesUnsaved)};
 }
 
-Block DrawPortList(const PortContent& content, std::size_t list, int selected) {
-  TextBox box(content.caption + " - " + content.labels[list]);
+Block DrawPortList(const PortContent& content, std::size_t list, int selected, std::size_t width) {
+  TextBox box(content.caption + " - " + content.labels[list], width);
   box.AddColumns(Marked(content.entries[list], selected + 1));
   return {box.Draw(), Prompt(SelectedEntry(content.entries[list], selected))};
 }
 
-Block DrawUtilities(const UtilitiesContent& content) {
-  TextBox box(content.caption);
+Block DrawUtilities(const UtilitiesContent& content, std::size_t width) {
+  TextBox box(content.caption, width);
   for (const std::string& button : Numbered(content.buttons)) box.AddText(button);
   return {box.Draw(), Prompt(content.buttons.front())};
 }
 
-Block DrawMenu() {
-  TextBox box("Menu");
+std::string DescribeTickets(const std::string& files, char separator) {
+  const bool visible = separator > ' ' && separator < 127;
+  const std::string shown =
+      visible ? std::string(1, separator) : own_text::kCharacter + (" " + std::to_string(separator));
+  return std::string(own_text::kTicketsIn) + " " + files + ", " + own_text::kSeparatorIs + " " + shown;
+}
+
+Block DrawMenu(std::size_t width) {
+  TextBox box(own_text::kMenu, width);
   bool first = true;
   for (const std::string& item : Numbered(MenuCaptions())) {
     if (!std::exchange(first, false)) box.AddRule();
     box.AddText(item);
   }
-  return {box.Draw(), "Numero + Invio (solo Invio: chiudi il menu)\n"};
+  return {box.Draw(), std::string(own_text::kNumberAndEnter) + " (" + own_text::kEnterAlone + " " +
+                          own_text::kClosesMenu + ")\n"};
 }
 
 }  // namespace orvenza

@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "core/own_texts.h"
 #include "core/text.h"
 #include "ui/terminal/answers.h"
 #include "ui/terminal/blocks.h"
@@ -50,7 +51,7 @@ class TerminalOperator::Dialog {
     }
   }
   void Close() {
-    if (!std::exchange(closed_, true)) terminal_.Say("Chiuso senza risposta.\n");
+    if (!std::exchange(closed_, true)) terminal_.SayLine(own_text::kClosedUnanswered);
   }
 
   /// The next line entered; nothing when the dialog is closed.
@@ -84,19 +85,19 @@ class TerminalOperator::Dialog {
   }
 
   void Accept(const std::string& caption) const {
-    terminal_.Say("Risposta: " + PlainCaption(caption) + "\n");
+    terminal_.SayLine(std::string(own_text::kAnswer) + " " + PlainCaption(caption));
   }
   int Accept(Captions captions, int number) const {
     Accept(captions[static_cast<std::size_t>(number - 1)]);
     return number;
   }
-  void Reject() const { terminal_.Say("Risposta non valida.\n" + Prompt()); }
+  void Reject() const { terminal_.Say(std::string(own_text::kWrongAnswer) + "\n" + Prompt()); }
 
  private:
   /// Names the menu too, once it opens.
   std::string Prompt() const {
     std::string prompt = block_.prompt;
-    if (terminal_.tip_) prompt.insert(prompt.rfind(')'), "; m: menu");
+    if (terminal_.tip_) prompt.insert(prompt.rfind(')'), std::string("; ") + own_text::kMOpensMenu);
     return prompt;
   }
 
@@ -129,7 +130,7 @@ void TerminalOperator::OnLine(const std::string& line) {
   } else if (asking) {
     dialogs_.back()->Answer(answer);
   } else {
-    Say(tip_ ? "Nessuna domanda in attesa. Menu: m + Invio\n" : "Nessuna domanda in attesa.\n");
+    SayLine(own_text::kNothingAsked + (tip_ ? std::string(" ") + own_text::kMenuTip : std::string()));
   }
 }
 
@@ -138,7 +139,7 @@ void TerminalOperator::OnEndOfInput() { inputEnded_ = true; }
 int TerminalOperator::ShowMessage(const MessageContent& content) {
   Dialog dialog(*this, true);
   if (bell_) out_ << '\a';
-  dialog.Open(DrawMessage(content));
+  dialog.Open(DrawMessage(content, width_()));
   return dialog.NextButton(content.buttons).value_or(0);
 }
 
@@ -150,7 +151,7 @@ void TerminalOperator::CloseMessage() {
 
 std::optional<int> TerminalOperator::ShowChoice(const ChoiceContent& content) {
   Dialog dialog(*this);
-  dialog.Open(DrawChoice(content));
+  dialog.Open(DrawChoice(content, width_()));
   while (const auto line = dialog.NextLine()) {
     int option = content.frameVisible ? FindCaption(content.options, *line) : 0;
     const bool confirmed = line->empty() || FindButton({&content.button, 1}, *line) != 0;
@@ -169,14 +170,14 @@ std::optional<int> TerminalOperator::ShowChoice(const ChoiceContent& content) {
 std::optional<std::array<int, 5>> TerminalOperator::ShowPortSettings(const PortContent& content) {
   std::array<int, 5> selected = content.selected;
   Dialog dialog(*this);
-  dialog.Open(DrawPortSettings(content, selected));
+  dialog.Open(DrawPortSettings(content, selected, width_()));
   while (const auto line = dialog.NextLine()) {
     const int label = FindCaption(content.labels, *line);
     if (label != 0) {
       const auto list = static_cast<std::size_t>(label - 1);
-      dialog.Change(DrawPortList(content, list, selected[list]));
+      dialog.Change(DrawPortList(content, list, selected[list], width_()));
       if (!dialog.NextEntry(content.entries[list], selected[list])) return std::nullopt;
-      dialog.Change(DrawPortSettings(content, selected));
+      dialog.Change(DrawPortSettings(content, selected, width_()));
     } else if (line->empty() || FindButton({&content.button, 1}, *line) != 0) {
       dialog.Accept(content.button);
       return selected;
@@ -190,7 +191,7 @@ std::optional<std::array<int, 5>> TerminalOperator::ShowPortSettings(const PortC
 void TerminalOperator::ShowUtilities(const UtilitiesContent& content,
                                      const std::function<bool(int)>& pressed) {
   Dialog dialog(*this);
-  dialog.Open(DrawUtilities(content));
+  dialog.Open(DrawUtilities(content, width_()));
   while (const auto button = dialog.NextButton(content.buttons)) {
     if (pressed(*button)) return;
     dialog.Show();
@@ -199,23 +200,24 @@ void TerminalOperator::ShowUtilities(const UtilitiesContent& content,
 
 void TerminalOperator::CreateIcon(const std::string& tip) {
   tip_ = tip;
-  Say(tip + " in funzione. Menu: m + Invio\n");
+  const std::string place = ticketPlace_ ? ": " + ticketPlace_() : std::string();
+  SayLine(tip + " " + own_text::kRuns + place + ". " + own_text::kMenuTip);
 }
 
 void TerminalOperator::DeleteIcon() {
-  if (tip_) Say(*tip_ + " terminato.\n");
+  if (tip_) SayLine(*tip_ + " " + own_text::kEnded);
   tip_.reset();
 }
 
 void TerminalOperator::OpenMenu() {
   menuOpen_ = true;
-  const Block menu = DrawMenu();
+  const Block menu = DrawMenu(width_());
   Say("\n" + menu.box + menu.prompt);
 }
 
 /// The menu is the icon's.
 void TerminalOperator::RefuseMenu() {
-  Say("Il menu si apre quando il programma è in funzione.\n");
+  SayLine(own_text::kMenuTooEarly);
   if (!dialogs_.empty()) dialogs_.back()->Show();
 }
 
@@ -223,14 +225,14 @@ void TerminalOperator::PickFromMenu(const std::string& answer) {
   const auto captions = MenuCaptions();
   const int item = FindButton(captions, answer);
   if (item == 0 && !answer.empty() && !AsksToClose(answer)) {
-    Say("Risposta non valida.\n" + DrawMenu().prompt);
+    Say(std::string(own_text::kWrongAnswer) + "\n" + DrawMenu(width_()).prompt);
     return;
   }
   menuOpen_ = false;
   if (item == 0) {
-    Say("Menu chiuso.\n");
+    SayLine(own_text::kMenuClosed);
   } else {
-    Say("Menu: " + captions[static_cast<std::size_t>(item - 1)] + "\n");
+    SayLine(std::string(own_text::kMenu) + ": " + captions[static_cast<std::size_t>(item - 1)]);
     RunMenuItem(static_cast<MenuItem>(item - 1));
   }
   if (!dialogs_.empty() && dialogs_.back()->Asking() && !loop_.EndRequested()) dialogs_.back()->Show();

@@ -16,6 +16,7 @@
 #include "ui/menu.h"
 #include "ui/notification_icon.h"
 #include "ui/operator.h"
+#include "ui/terminal/text_box.h"
 
 namespace orvenza {
 
@@ -33,6 +34,12 @@ class TerminalOperator final : public Operator, public NotificationIcon {
 
   /// Who carries out the menu's items; until there is one, they do nothing.
   void SetMenuHandler(std::function<void(MenuItem)> handler) { menuHandler_ = std::move(handler); }
+
+  /// What tells the width of the terminal in characters; until there is one, boxes have their usual width.
+  void SetWidth(std::function<std::size_t()> width) { width_ = std::move(width); }
+
+  /// What tells, once the program runs, where tickets go and how they are written.
+  void SetTicketPlace(std::function<std::string()> place) { ticketPlace_ = std::move(place); }
 
   /// A line that the operator entered, with or without its line end's carriage return. Called from inside the
   /// event pump. Carries out the menu item that it picks, dialogs included; a ProgramEnd of that item is
@@ -60,12 +67,15 @@ class TerminalOperator final : public Operator, public NotificationIcon {
   void RunMenuItem(MenuItem item);
   void DropWaitingLines();
   void Say(std::string_view text);
+  void SayLine(const std::string& text) { Say(text + "\n"); }
 
   std::ostream& out_;
   EventLoop& loop_;
   const Clock& clock_;
   const bool bell_;
   std::function<void(MenuItem)> menuHandler_;
+  std::function<std::size_t()> width_ = [] { return TextBox::kWidth; };
+  std::function<std::string()> ticketPlace_;
   std::vector<Dialog*> dialogs_;  ///< Those that wait, the innermost last.
   std::size_t linesTaken_ = 0;
   bool menuOpen_ = false;

@@ -23,8 +23,6 @@ std::string Harmless(std::string_view text) {
   return harmless;
 }
 
-std::string Rule() { return "+" + std::string(TextBox::kWidth - 2, '-') + "+\n"; }
-
 /// Length in bytes of the first row of `line`, which is longer than `width` characters.
 std::size_t RowEnd(const std::string& line, std::size_t width) {
   const std::size_t blank = FirstCharacters(line, width + 1).rfind(' ');
@@ -55,7 +53,9 @@ std::vector<std::string> WrapText(std::string_view text, std::size_t width) {
   }
 }
 
-TextBox::TextBox(std::string_view heading) : rows_(Rule()) {
+TextBox::TextBox(std::string_view heading, std::size_t width)
+    : textWidth_(std::clamp(width, kLeastWidth, kWidth) - kFrame) {
+  AddRule();
   AddText(heading);
   AddRule();
 }
@@ -63,8 +63,8 @@ TextBox::TextBox(std::string_view heading) : rows_(Rule()) {
 void TextBox::AddRule() { rows_ += Rule(); }
 
 void TextBox::AddText(std::string_view text, bool centred) {
-  for (const std::string& row : WrapText(text, kTextWidth)) {
-    AddRow(row, centred ? (kTextWidth - CountCharacters(row)) / 2 : 0);
+  for (const std::string& row : WrapText(text, textWidth_)) {
+    AddRow(row, centred ? (textWidth_ - CountCharacters(row)) / 2 : 0);
   }
 }
 
@@ -73,8 +73,8 @@ void TextBox::AddColumns(const std::vector<std::string>& items) {
   for (const std::string& item : items) width = std::max(width, CountCharacters(item) + kColumnGap);
   std::string row;
   for (const std::string& item : items) {
-    if (!row.empty() && CountCharacters(row) + CountCharacters(item) > kTextWidth) {
-      AddRow(Trim(row));
+    if (!row.empty() && CountCharacters(row) + CountCharacters(item) > textWidth_) {
+      AddText(Trim(row));
       row.clear();
     }
     row.append(item).append(width - CountCharacters(item), ' ');
@@ -84,9 +84,11 @@ void TextBox::AddColumns(const std::vector<std::string>& items) {
 
 std::string TextBox::Draw() const { return rows_ + Rule(); }
 
+std::string TextBox::Rule() const { return "+" + std::string(textWidth_ + 2, '-') + "+\n"; }
+
 void TextBox::AddRow(std::string_view text, std::size_t indent) {
-  const std::size_t used = std::min(indent + CountCharacters(text), kTextWidth);
-  rows_.append("| ").append(indent, ' ').append(text).append(kTextWidth - used, ' ').append(" |\n");
+  const std::size_t used = std::min(indent + CountCharacters(text), textWidth_);
+  rows_.append("| ").append(indent, ' ').append(text).append(textWidth_ - used, ' ').append(" |\n");
 }
 
 }  // namespace orvenza

@@ -13,12 +13,12 @@ std::vector<std::string> WrapText(std::string_view text, std::size_t width);
 /// A dialog drawn with plain characters, built from top to bottom.
 class TextBox {
  public:
-  /// Characters of a row, frame included, and what is left for text.
+  /// Most and fewest characters of a row, frame included.
   static constexpr std::size_t kWidth = 72;
-  static constexpr std::size_t kTextWidth = kWidth - 4;
+  static constexpr std::size_t kLeastWidth = 24;
 
-  /// Starts with the frame's top and `heading`.
-  explicit TextBox(std::string_view heading);
+  /// Starts with the frame's top and `heading`. Rows have `width` characters, within the limits above.
+  explicit TextBox(std::string_view heading, std::size_t width = kWidth);
 
   /// Separates what follows.
   void AddRule();
@@ -30,8 +30,13 @@ class TextBox {
   std::string Draw() const;
 
  private:
+  /// Characters of a row that are no text.
+  static constexpr std::size_t kFrame = 4;
+
+  std::string Rule() const;
   void AddRow(std::string_view text, std::size_t indent = 0);
 
+  std::size_t textWidth_;
   std::string rows_;
 };
 

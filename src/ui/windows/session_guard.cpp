@@ -1,15 +1,10 @@
 #include "ui/windows/session_guard.h"
 
+#include "core/own_texts.h"
+#include "platform/windows/wide.h"
 #include "ui/windows/names.h"
 
 namespace orvenza {
-namespace {
-
-/// What Windows shows whoever waits for the session to end. Without it a program that shows no window is
-/// ended after a few seconds.
-constexpr const wchar_t* kReason = L"Orvenza completa lo scontrino in corso.";
-
-}  // namespace
 
 SessionGuard::SessionGuard(HWND form)
     : form_(form),
@@ -49,7 +44,10 @@ LRESULT CALLBACK SessionGuard::Procedure(HWND window, UINT message, WPARAM wPara
   const auto* const self = reinterpret_cast<const SessionGuard*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (self == nullptr) return DefWindowProcW(window, message, wParam, lParam);
   switch (message) {
-    case WM_QUERYENDSESSION: ShutdownBlockReasonCreate(window, kReason); return TRUE;
+    case WM_QUERYENDSESSION:
+      // Without a reason a program that shows no window is ended after a few seconds.
+      ShutdownBlockReasonCreate(window, ToWide(own_text::kCompletesReceipt).c_str());
+      return TRUE;
     case WM_ENDSESSION:
       if (wParam != FALSE) {
         PostMessageW(self->form_, WM_CLOSE, 0, 0);

@@ -1,0 +1,53 @@
+#pragma once
+
+namespace orvenza {
+
+/// The connector's own fixed texts: what the catalogue, whose numbers are closed, has no text for. Like those
+/// of the catalogue they are Italian, in UTF-8, and stand nowhere else. A text that ends in " :" is followed
+/// by a blank and a value. Labels of procedures, and what the simulated register prints, are no such texts.
+namespace own_text {
+
+// The error log.
+inline constexpr const char* kHistoricOff =
+    "Archivio storico disattivato, la cartella contiene gli scontrini da stampare :";
+inline constexpr const char* kPrintedNotArchived = "Scontrino stampato ma non archiviato :";
+inline constexpr const char* kReportWaits = "Chiusura o rapporto in attesa :";
+inline constexpr const char* kFirstComes = "prima va stampato lo scontrino";
+
+// Dialogs.
+inline constexpr const char* kMissingText = "Miss Messagge !!!";  ///< Spelled so on purpose.
+
+/// What Windows shows whoever waits for the session to end.
+inline constexpr const char* kCompletesReceipt = "Orvenza completa lo scontrino in corso.";
+
+// The terminal: the program, its menu.
+inline constexpr const char* kRuns = "in funzione";
+inline constexpr const char* kTicketsIn = "scontrini in";
+inline constexpr const char* kSeparatorIs = "separatore";
+inline constexpr const char* kCharacter = "carattere";
+inline constexpr const char* kMenuTip = "Menu: m + Invio";
+inline constexpr const char* kEnded = "terminato.";
+inline constexpr const char* kMenu = "Menu";
+inline constexpr const char* kMenuClosed = "Menu chiuso.";
+inline constexpr const char* kMenuTooEarly = "Il menu si apre quando il programma è in funzione.";
+inline constexpr const char* kNothingAsked = "Nessuna domanda in attesa.";
+
+// The terminal: icons, and what may be typed.
+inline constexpr const char* kStop = "STOP";
+inline constexpr const char* kQuestion = "DOMANDA";
+inline constexpr const char* kExclamation = "ATTENZIONE";
+inline constexpr const char* kInformation = "INFORMAZIONE";
+inline constexpr const char* kNumberAndEnter = "Numero + Invio";
+inline constexpr const char* kNumberChanges = "Numero + Invio: cambia";
+inline constexpr const char* kEnterAlone = "solo Invio:";
+inline constexpr const char* kXCloses = "x: chiudi";
+inline constexpr const char* kXClosesUnsaved = "x: chiudi senza salvare";
+inline constexpr const char* kMOpensMenu = "m: menu";
+inline constexpr const char* kClosesMenu = "chiudi il menu";
+inline constexpr const char* kAnswer = "Risposta:";
+inline constexpr const char* kWrongAnswer = "Risposta non valida.";
+inline constexpr const char* kClosedUnanswered = "Chiuso senza risposta.";
+
+}  // namespace own_text
+
+}  // namespace orvenza
