@@ -41,7 +41,9 @@ open_setup() {
 press() { wine "$answer" /BUTTON="$1" /TEXT=$2; }
 yes_button=6
 no_button=7
+# Leaves setup's exit code in $code. One that still waits for a button is killed.
 close_setup() {
+  eventually fails kill -0 "$setup_pid" || kill "$setup_pid"
   wait "$setup_pid"
   code=$?
 }
