@@ -435,6 +435,7 @@ SectionEnd
 Section /o "un.$(TEXT_DATA)" SectionRemoveData
   Delete "$INSTDIR\Orvenza.ini"
   Delete "$INSTDIR\ErrDesc.ini"
+  Delete "$INSTDIR\Remembered.ini"
   Delete "$INSTDIR\ding.wav"
   Delete "$INSTDIR\Log.txt"
   Delete "$INSTDIR\Log.Bak"

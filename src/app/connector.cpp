@@ -48,8 +48,8 @@ Connector::Connector(const Surroundings& around, const ProgramPaths& paths)
       archive_(files_, folders_, settings_, journals_, messages_, remembered_),
       splitter_(files_, settings_, journals_, archive_),
       processor_(files_, settings_, journals_, loop_, link_, cash_, recovery_, logo_, translator_, archive_),
-      polling_(files_, folders_, settings_, journals_, timer1_, link_, queries_, clockCorrection_, splitter_,
-               processor_, archive_, remembered_),
+      polling_(files_, folders_, settings_, journals_, loop_, timer1_, link_, queries_, clockCorrection_,
+               splitter_, processor_, archive_, remembered_),
       orvUti_(person_, messages_, files_, journals_, settings_, polling_) {}
 
 void Connector::Run(bool anotherInstanceRuns) {

@@ -24,17 +24,8 @@ constexpr int kEagerTries = 10;
 constexpr int kTicksBetweenLines = 120;
 /// Bytes of the command file that are looked at. A longer first line is no command.
 constexpr std::size_t kLongestCommand = 64 * 1024;
-
-/// Whether a line of the ticket carries out a closure or a report.
-bool HoldsReport(std::string_view text, char separator) {
-  LineReader reader(std::make_unique<ViewBytes>(text));
-  RecordFields fields;
-  for (std::string line; reader.ReadLine(line);) {
-    SplitRecord(line, separator, fields);
-    if (IsReportType(fields[0])) return true;
-  }
-  return false;
-}
+/// A megabyte: some hundredths of a second.
+constexpr int kPiecesBetweenLooks = 16;
 
 bool Holds(const TicketListing::SortedList& list, const std::string& entry) {
   return std::find(list.begin(), list.end(), entry) != list.end();
@@ -53,7 +44,7 @@ bool AsksToQuit(const Files& files, const std::string& commandFile) {
 }
 
 TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
-                             PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
+                             EventLoop& loop, PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
                              ClockCorrection& clockCorrection, TicketSplitter& splitter,
                              TicketProcessor& processor, TicketArchive& archive,
                              RememberedTickets& remembered)
@@ -61,6 +52,7 @@ TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& 
       folders_(folders),
       settings_(settings),
       journals_(journals),
+      loop_(loop),
       timer_(timer),
       link_(link),
       queries_(queries),
@@ -105,6 +97,7 @@ void TicketPolling::ForgetGone() {
   };
   std::erase_if(heldUp_, [&](const auto& tried) { return hasGone(tried.first); });
   std::erase_if(waiting_, hasGone);
+  std::erase_if(single_, hasGone);
 }
 
 std::size_t TicketPolling::CountWaitingTickets() {
@@ -131,6 +124,16 @@ void TicketPolling::Quit() {
   throw ProgramEnd{.unload = true};
 }
 
+/// Between two pieces of a large file, as long as nothing of it has been sent.
+void TicketPolling::Breathe() {
+  loop_.Dispatch();
+  loop_.CheckEnd();
+  if (++pieces_ % kPiecesBetweenLooks != 0) return;
+  bool quit = false;
+  journals_.Attempt(kLabel, [&] { quit = QuitAsked(); });
+  if (quit) Quit();
+}
+
 void TicketPolling::ProcessOneTicket() {
   archive_.RetrySettled();
   while (TryAll() == Outcome::kSplit) {
@@ -151,11 +154,15 @@ TicketPolling::Outcome TicketPolling::TryAll() {
 
 /// A file that is yet to be split goes first: its parts, where an interrupted split has left some, are known
 /// as such only as long as it has not been split again.
-TicketListing::SortedList TicketPolling::InProcessOrder() const {
+TicketListing::SortedList TicketPolling::InProcessOrder() {
   TicketListing::SortedList order = list2_;
+  if (!settings_.FileParser) return order;
   std::stable_partition(order.begin(), order.end(), [&](const std::string& entry) {
     const std::string file = settings_.InProcessFolder + TicketListing::NameOf(entry);
-    return MayExist(files_, file) && !archive_.IsSettled(file) && splitter_.WouldSplit(file);
+    if (single_.contains(entry) || !MayExist(files_, file) || archive_.IsSettled(file)) return false;
+    const bool wouldSplit = splitter_.WouldSplit(file, breathe_);
+    if (!wouldSplit) single_.insert(entry);
+    return wouldSplit;
   });
   return order;
 }
@@ -171,7 +178,7 @@ TicketPolling::Outcome TicketPolling::TryNew(const std::string& entry) {
   if (HeldUpBefore(entry) != nullptr) {
     // Looked at where it lies: once taken in, it would come first after a restart.
     std::string text;
-    if (!Try(entry, kLabel, [&] { text = ReadWhole(files_, settings_.TicketFolder + name); }))
+    if (!Try(entry, kLabel, [&] { text = ReadInPieces(files_, settings_.TicketFolder + name, breathe_); }))
       return HeldUp(entry);
     if (MustWait(entry, text)) return Outcome::kNext;
   }
@@ -183,12 +190,12 @@ TicketPolling::Outcome TicketPolling::TryTakenIn(const std::string& entry) {
   const std::string file = settings_.InProcessFolder + TicketListing::NameOf(entry);
   if (!MayExist(files_, file) || archive_.IsSettled(file)) return Outcome::kNext;
   bool split = false;
-  if (!Try(entry, kLabel, [&] { split = splitter_.SplitTicketFile(file); })) return HeldUp(entry);
+  if (!Try(entry, kLabel, [&] { split = splitter_.SplitTicketFile(file, breathe_); })) return HeldUp(entry);
   if (split) return Outcome::kSplit;
   // Read as a whole before anything is sent: a file that cannot be read must not be found so with half of it
   // printed.
   std::string text;
-  if (!Try(entry, kReadLabel, [&] { text = ReadWhole(files_, file); })) return HeldUp(entry);
+  if (!Try(entry, kReadLabel, [&] { text = ReadInPieces(files_, file, breathe_); })) return HeldUp(entry);
   return MustWait(entry, text) ? Outcome::kNext : Print(entry, file, std::move(text));
 }
 
@@ -207,12 +214,23 @@ TicketPolling::Outcome TicketPolling::Print(const std::string& entry, const std:
 /// would fall into the wrong day.
 bool TicketPolling::MustWait(const std::string& entry, const std::string& text) {
   const std::string* const older = HeldUpBefore(entry);
-  if (older == nullptr || !HoldsReport(text, settings_.SeparatorChar)) return false;
+  if (older == nullptr || !HoldsReport(text)) return false;
   if (waiting_.insert(entry).second) {
     journals_.WrErr(std::string(own_text::kReportWaits) + " " + TicketListing::NameOf(entry) + ", " +
                     own_text::kFirstComes + " " + TicketListing::NameOf(*older));
   }
   return true;
+}
+
+/// Whether a line of the ticket carries out a closure or a report.
+bool TicketPolling::HoldsReport(const std::string& text) {
+  LineReader reader(std::make_unique<PieceReader>(std::make_unique<ViewBytes>(text), breathe_));
+  RecordFields fields;
+  for (std::string line; reader.ReadLine(line);) {
+    SplitRecord(line, settings_.SeparatorChar, fields);
+    if (IsReportType(fields[0])) return true;
+  }
+  return false;
 }
 
 const std::string* TicketPolling::HeldUpBefore(const std::string& entry) const {
@@ -249,7 +267,9 @@ void TicketPolling::TakeIn(const std::string& entry, const std::string& file) {
   const bool moved = MoveOrCopy(files_, settings_.TicketFolder + TicketListing::NameOf(entry), file);
   if (moved || journals_.Attempt(kLabel, [&] { RemoveSource(entry); })) return;
   std::optional<Fingerprint> text;
-  journals_.Attempt(kLabel, [&] { text = FingerprintOf(ReadWhole(files_, file)); });
+  // The program must not end before the source is remembered.
+  const auto deliver = [&] { loop_.Dispatch(); };
+  journals_.Attempt(kLabel, [&] { text = FingerprintOf(ReadInPieces(files_, file, deliver)); });
   remembered_.TakeIn(entry, text);
 }
 
@@ -261,7 +281,8 @@ bool TicketPolling::IsTakenIn(const std::string& entry) {
   if (copied == takenIn.end()) return false;
   try {
     const std::string source = settings_.TicketFolder + TicketListing::NameOf(entry);
-    const bool isNew = copied->second && FingerprintOf(ReadWhole(files_, source)) != *copied->second;
+    const bool isNew =
+        copied->second && FingerprintOf(ReadInPieces(files_, source, breathe_)) != *copied->second;
     if (!isNew) RemoveSource(entry);
     remembered_.ForgetTakenIn(entry);
     return !isNew;

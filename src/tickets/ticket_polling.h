@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 
+#include "core/event_loop.h"
 #include "core/journals.h"
 #include "core/poll_timer.h"
 #include "core/settings.h"
@@ -14,6 +15,7 @@
 #include "device/register_queries.h"
 #include "platform/files.h"
 #include "platform/folders.h"
+#include "tickets/piece_reader.h"
 #include "tickets/remembered_tickets.h"
 #include "tickets/ticket_archive.h"
 #include "tickets/ticket_listing.h"
@@ -35,7 +37,7 @@ bool AsksToQuit(const Files& files, const std::string& commandFile);
 class TicketPolling : public WaitingTickets {
  public:
   TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
-                PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
+                EventLoop& loop, PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
                 ClockCorrection& clockCorrection, TicketSplitter& splitter, TicketProcessor& processor,
                 TicketArchive& archive, RememberedTickets& remembered);
 
@@ -64,6 +66,7 @@ class TicketPolling : public WaitingTickets {
 
   bool QuitAsked();
   [[noreturn]] void Quit();
+  void Breathe();
   void ForgetGone();
 
   void ProcessOneTicket();
@@ -71,7 +74,8 @@ class TicketPolling : public WaitingTickets {
   Outcome TryNew(const std::string& entry);
   Outcome TryTakenIn(const std::string& entry);
   Outcome Print(const std::string& entry, const std::string& file, std::string text);
-  TicketListing::SortedList InProcessOrder() const;
+  TicketListing::SortedList InProcessOrder();
+  bool HoldsReport(const std::string& text);
   bool MustWait(const std::string& entry, const std::string& text);
   const std::string* HeldUpBefore(const std::string& entry) const;
   bool Try(const std::string& entry, const char* label, const std::function<void()>& step);
@@ -86,6 +90,7 @@ class TicketPolling : public WaitingTickets {
   Folders& folders_;
   const AppSettings& settings_;
   Journals& journals_;
+  EventLoop& loop_;
   PollTimer& timer_;
   DeviceLink& link_;
   RegisterQueries& queries_;
@@ -95,10 +100,13 @@ class TicketPolling : public WaitingTickets {
   TicketArchive& archive_;
   RememberedTickets& remembered_;
   TicketListing listing_;
+  BetweenPieces breathe_ = [this] { Breathe(); };
+  int pieces_ = 0;  // of large files, since the last look for the command file
 
   TicketListing::SortedList list1_;
   TicketListing::SortedList list2_;
   std::map<std::string, int> heldUp_;  // entries that could not be made ready, and how often they were tried
+  std::set<std::string> single_;       // entries taken in that need no splitting
   std::set<std::string> waiting_;      // entries of closures that wait for such a one, as the log has told
 };
 

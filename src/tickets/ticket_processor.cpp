@@ -5,6 +5,7 @@
 
 #include "core/catalogue.h"
 #include "core/text.h"
+#include "tickets/piece_reader.h"
 
 namespace orvenza {
 namespace {
@@ -85,7 +86,7 @@ TicketProcessor::Next TicketProcessor::Print(const std::string& workFile, std::s
     loop_.CheckEnd();
     if (!MayExist(files_, workFile)) return Next::kLeave;
     // The file may have been corrected while the operator was asked.
-    const auto read = [&] { text = ReadWhole(files_, workFile); };
+    const auto read = [&] { text = ReadInPieces(files_, workFile, [&] { loop_.Dispatch(); }); };
     if (again && !journals_.Attempt(kLabel, read)) return Next::kLeave;
     const Next end = SendLines(text);
     if (end != Next::kRestart) return end;
@@ -115,7 +116,9 @@ void TicketProcessor::SendClosingPayment() {
 
 TicketProcessor::Next TicketProcessor::SendLines(std::string_view text) {
   pending_.clear();
-  LineReader reader(std::make_unique<ViewBytes>(text));
+  // Lines that send nothing wait for nothing.
+  LineReader reader(
+      std::make_unique<PieceReader>(std::make_unique<ViewBytes>(text), [&] { loop_.Dispatch(); }));
   for (Line line; TakeLine(reader, line);) {
     // A receipt must not go on without one of its lines.
     Next next = Next::kGiveUp;

@@ -58,12 +58,14 @@ bool NextLine(LineReader& reader, std::string& line) {
 /// Writes the parts, and removes those it wrote when they are not kept.
 class PartFiles {
  public:
-  PartFiles(Files& files, const TicketArchive& archive, const std::string& source, PartNaming naming)
+  PartFiles(Files& files, const TicketArchive& archive, const std::string& source, PartNaming naming,
+            const BetweenPieces& between)
       : files_(files),
         archive_(archive),
         folder_(source.substr(0, NameStart(source))),
         name_(source.substr(NameStart(source))),
-        naming_(naming) {}
+        naming_(naming),
+        between_(between) {}
   ~PartFiles() {
     for (const std::string& path : written_) Discard(path);
   }
@@ -83,7 +85,7 @@ class PartFiles {
     for (;;) {
       const std::string path = folder_ + naming_(name_, ++number_);
       if (!files_.Exists(path)) return path;
-      if (!archive_.IsSettled(path) && ReadWhole(files_, path) == content) return path;
+      if (!archive_.IsSettled(path) && ReadInPieces(files_, path, between_) == content) return path;
     }
   }
 
@@ -100,6 +102,7 @@ class PartFiles {
   std::string folder_;
   std::string name_;
   PartNaming naming_;
+  BetweenPieces between_;
   int number_ = 0;
   std::vector<std::string> written_;
 };
@@ -110,24 +113,25 @@ bool CanNameParts(const std::string& name, const std::string& mask) {
   return NamingOf(name, mask) != nullptr;
 }
 
-bool TicketSplitter::SplitTicketFile(const std::string& path) {
-  if (!settings_.FileParser || !HoldsSecondTicket(path)) return false;
+bool TicketSplitter::SplitTicketFile(const std::string& path, const BetweenPieces& between) {
+  if (!settings_.FileParser || !HoldsSecondTicket(path, between)) return false;
   const PartNaming naming = NamingOf(path.substr(NameStart(path)), settings_.TicketMask);
   if (naming == nullptr) {
     LogUnnameable(path);
     return false;
   }
-  PartFiles parts(files_, archive_, path, naming);
+  PartFiles parts(files_, archive_, path, naming, between);
   int count = 1;
   {
-    LineReader reader(files_.OpenForReading(path));
+    LineReader reader(std::make_unique<PieceReader>(files_.OpenForReading(path), between));
     TicketBoundary boundary(settings_.SeparatorChar);
     std::string part;
     for (std::string line; NextLine(reader, line);) {
       if (boundary.Begins(line) && count < kMostParts) {
         parts.Write(part);
         part.clear();
-        ++count;
+        // The last part may be nearly all of the file: growing would need twice as much.
+        if (++count == kMostParts) part.reserve(static_cast<std::size_t>(files_.Size(path)));
       }
       part.append(line).append(kLineBreak);
     }
@@ -138,18 +142,18 @@ bool TicketSplitter::SplitTicketFile(const std::string& path) {
   return true;
 }
 
-bool TicketSplitter::WouldSplit(const std::string& path) const {
+bool TicketSplitter::WouldSplit(const std::string& path, const BetweenPieces& between) const {
   if (!settings_.FileParser || !CanNameParts(path.substr(NameStart(path)), settings_.TicketMask))
     return false;
   try {
-    return HoldsSecondTicket(path);
+    return HoldsSecondTicket(path, between);
   } catch (const SystemError&) {
     return true;
   }
 }
 
-bool TicketSplitter::HoldsSecondTicket(const std::string& path) const {
-  LineReader reader(files_.OpenForReading(path));
+bool TicketSplitter::HoldsSecondTicket(const std::string& path, const BetweenPieces& between) const {
+  LineReader reader(std::make_unique<PieceReader>(files_.OpenForReading(path), between));
   TicketBoundary boundary(settings_.SeparatorChar);
   for (std::string line; NextLine(reader, line);) {
     if (boundary.Begins(line)) return true;

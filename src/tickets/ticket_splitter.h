@@ -5,6 +5,7 @@
 #include "core/journals.h"
 #include "core/settings.h"
 #include "platform/files.h"
+#include "tickets/piece_reader.h"
 #include "tickets/ticket_archive.h"
 
 namespace orvenza {
@@ -26,15 +27,15 @@ class TicketSplitter {
   /// Splits the file where it holds a second ticket. The parts lie beside it, numbered from 1: "a.txt"
   /// becomes "a1.txt", or "1a.txt" where the mask fits only that. Empty lines are dropped. Returns whether
   /// the file was replaced; false also when "File Parser" is off, and, with a line in the error log, when the
-  /// mask fits neither name: nobody would see such parts. Throws SystemError, and then the file is as it was
-  /// and no part is left.
-  bool SplitTicketFile(const std::string& path);
+  /// mask fits neither name: nobody would see such parts. Throws SystemError, and what `between` throws;
+  /// then the file is as it was and no part is left.
+  bool SplitTicketFile(const std::string& path, const BetweenPieces& between = {});
 
   /// Whether SplitTicketFile would replace the file; true also for one that cannot be read and may be such.
-  bool WouldSplit(const std::string& path) const;
+  bool WouldSplit(const std::string& path, const BetweenPieces& between = {}) const;
 
  private:
-  bool HoldsSecondTicket(const std::string& path) const;
+  bool HoldsSecondTicket(const std::string& path, const BetweenPieces& between) const;
   void LogUnnameable(const std::string& path);
 
   Files& files_;

@@ -31,7 +31,7 @@ class PollingTimerTest : public DeviceBench {
   TicketArchive archive{files, folders, settings, journals, messages, remembered};
   TicketSplitter splitter{files, settings, journals, archive};
   TicketProcessor processor{files, settings, journals, loop, link, cash, recovery, logo, translator, archive};
-  TicketPolling polling{files,   folders,    settings, journals,  timer,   link,
+  TicketPolling polling{files,   folders,    settings, journals,  loop,    timer,     link,
                         queries, correction, splitter, processor, archive, remembered};
 };
 
