@@ -142,7 +142,7 @@ TEST(LogoHeaderValue, JoinsBytesBelowSixteenAsSingleDigits) {
 
 TEST(LogoCheck, CountsTheRowsAsItReadsTheHeight) {
   EXPECT_EQ(RowsOf(LogoBitmap(256)), 16U);
-  EXPECT_EQ(RowsOf(LogoBitmap(0x0F0F)), 0U);
+  EXPECT_EQ(RowsOf(LogoBitmap(0x0F0F)), std::nullopt);
 }
 
 }  // namespace
