@@ -27,8 +27,9 @@ TEST(WindowsError, MapsTheSystemsCodes) {
 }
 
 TEST(WindowsError, FewCodesMeanThatNothingIsThere) {
-  for (const unsigned long code : {2, 3, 15, 123, 161, 206, 267}) EXPECT_TRUE(MeansMissing(code)) << code;
-  for (const unsigned long code : {5, 21, 32, 53, 59, 64, 67, 1117, 1231, 1921}) {
+  for (const unsigned long code : {2UL, 3UL, 15UL, 123UL, 161UL, 206UL, 267UL})
+    EXPECT_TRUE(MeansMissing(code)) << code;
+  for (const unsigned long code : {5UL, 21UL, 32UL, 53UL, 59UL, 64UL, 67UL, 1117UL, 1231UL, 1921UL}) {
     EXPECT_FALSE(MeansMissing(code)) << code;
   }
 }
