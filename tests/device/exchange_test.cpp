@@ -195,7 +195,7 @@ TEST_F(ExchangeTest, AnEndAskedForInALongDeliveryWaitsForTheReplyBehindIt) {
     clock.Stall(20s);
     loop.RequestEnd({});
   });
-  control.Reply("200100", 40ms);
+  clock.After(2ms, [&] { clock.After(40ms, [&] { control.Raise("200100"); }); });
   EXPECT_NO_THROW(link.Transmit("200100"));
   EXPECT_EQ(link.ReplyText, "200100");
 }
