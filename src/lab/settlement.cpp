@@ -15,6 +15,8 @@ using namespace std::chrono_literals;
 const std::string kTickets = std::string(kRehearsalFolder) + "\\data\\";
 /// A run that takes longer goes on for ever: the longest series of waits takes minutes.
 constexpr auto kForever = 30min;
+/// No wait for a reply takes as long.
+constexpr auto kLongWait = 5min;
 
 /// The fault script's line for each effect.
 std::string FaultLines(const SettlementStep& step, const SettlementFault& fault) {
@@ -39,8 +41,9 @@ std::chrono::milliseconds MomentOf(const SettlementStep& step, const Scenario& s
                               std::to_string(step.occurrence));
 }
 
-Scenario ScenarioOf(const SettlementStep& step) {
+Scenario ScenarioOf(const SettlementStep& step, SettlementHour hour) {
   Scenario scenario = ParseScenario(step.name, step.scenario);
+  scenario.start = StartAt(hour);
   scenario.device.speed = 0;
   scenario.untilPrinted = true;
   scenario.limit = kForever;
@@ -65,11 +68,18 @@ FileEnd EndOf(const std::string& content, const RehearsalOutcome& outcome) {
   return FileEnd::kGone;
 }
 
+/// Whether nothing was sent for longer than any wait for a reply takes.
+bool WaitsForOneReply(const RehearsalOutcome& outcome) {
+  const auto last = std::find_if(outcome.events.rbegin(), outcome.events.rend(),
+                                 [](const RehearsalEvent& event) { return event.kind == "sent"; });
+  return last != outcome.events.rend() && last->at + kLongWait < kForever;
+}
+
 /// What all faults at a step begin with.
 struct Ground {
-  explicit Ground(const SettlementStep& ofStep)
+  Ground(const SettlementStep& ofStep, SettlementHour hour)
       : step(ofStep),
-        scenario(ScenarioOf(step)),
+        scenario(ScenarioOf(step, hour)),
         expected(SlipsExpected(scenario)),
         moment(step.command.empty() ? 0ms : MomentOf(step, scenario)) {}
 
@@ -129,6 +139,7 @@ class Exploration {
     end.file = EndOf(scenario_.deeds.back().content, outcome);
     end.log = ErrorLines(outcome);
     end.verdict = hangs ? Verdict::kHang : run.GaveUp() ? Verdict::kAsksOn : VerdictOf(end);
+    end.waits = hangs && WaitsForOneReply(outcome);
     end.reason = PrescribedBy(ground_.step, fault_, end);
     return end;
   }
@@ -142,11 +153,13 @@ class Exploration {
 
 }  // namespace
 
-Settlement Settle(const SettlementStep& step, const SettlementFault& fault, std::size_t depth) {
-  return {step, fault, Exploration(Ground(step), fault, depth).Ends()};
+Settlement Settle(const SettlementStep& step, const SettlementFault& fault, std::size_t depth,
+                  SettlementHour hour) {
+  return {step, fault, Exploration(Ground(step, hour), fault, depth).Ends()};
 }
 
 std::vector<Settlement> SettleAll(const std::vector<SettlementStep>& steps, SettlementExtent extent,
+                                  SettlementHour hour,
                                   const std::function<void(std::size_t, std::size_t)>& progress) {
   std::vector<std::vector<SettlementFault>> faults;
   std::size_t all = 0;
@@ -156,7 +169,7 @@ std::vector<Settlement> SettleAll(const std::vector<SettlementStep>& steps, Sett
   }
   std::vector<Settlement> settled;
   for (std::size_t i = 0; i < steps.size(); ++i) {
-    const Ground ground(steps[i]);
+    const Ground ground(steps[i], hour);
     for (const SettlementFault& fault : faults[i]) {
       settled.push_back({steps[i], fault, Exploration(ground, fault, kSettlementDepth).Ends()});
       if (progress) progress(settled.size(), all);

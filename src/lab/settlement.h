@@ -50,6 +50,7 @@ struct SettlementEnd {
   Verdict verdict = Verdict::kFine;
   std::string reason;            ///< Of a forbidden one: what prescribes it; empty: nothing does.
   std::vector<std::string> log;  ///< Lines of the error log, each once, in order, without what varies.
+  bool waits = false;            ///< Of one that hangs: it waits for one reply all the time.
 
   bool operator==(const SettlementEnd&) const = default;
 };
@@ -66,12 +67,12 @@ inline constexpr std::size_t kSettlementDepth = 2;
 
 /// Tries every answer of the operator, systematically.
 Settlement Settle(const SettlementStep& step, const SettlementFault& fault,
-                  std::size_t depth = kSettlementDepth);
+                  std::size_t depth = kSettlementDepth, SettlementHour hour = SettlementHour::kDay);
 
 /// Settles steps with each of their faults, in order. `progress` is told after each how many of how many are
 /// done; null: nobody.
 std::vector<Settlement> SettleAll(
-    const std::vector<SettlementStep>& steps, SettlementExtent extent,
+    const std::vector<SettlementStep>& steps, SettlementExtent extent, SettlementHour hour,
     const std::function<void(std::size_t done, std::size_t all)>& progress = {});
 
 }  // namespace orvenza

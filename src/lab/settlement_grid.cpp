@@ -136,6 +136,11 @@ std::vector<SettlementStep> SettlementSteps() {
   };
 }
 
+LocalTime StartAt(SettlementHour hour) {
+  return hour == SettlementHour::kDay ? LocalTime{2026, 11, 16, 9, 0, 0}
+                                      : LocalTime{2026, 11, 16, 23, 59, 50};
+}
+
 std::vector<SettlementFault> SettlementFaults(const SettlementStep& step, SettlementExtent extent) {
   if (step.command.empty()) return {{"the line itself", {}, false, {}, {}}};
   std::vector<SettlementFault> faults;

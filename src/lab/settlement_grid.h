@@ -33,6 +33,12 @@ struct SettlementFault {
   std::chrono::milliseconds delay{};  ///< How long after the command was sent.
 };
 
+/// When a ticket is printed.
+enum class SettlementHour {
+  kDay,
+  kMidnight,  ///< So late that its waits for replies begin in the last 15 s of the day.
+};
+
 /// Which faults are tried.
 enum class SettlementExtent {
   kWhole,
@@ -40,6 +46,9 @@ enum class SettlementExtent {
 };
 
 std::vector<SettlementStep> SettlementSteps();
+
+/// What the PC's clock shows when the connector starts.
+LocalTime StartAt(SettlementHour hour);
 
 /// For a step without a command: that nothing else goes wrong.
 std::vector<SettlementFault> SettlementFaults(const SettlementStep& step, SettlementExtent extent);

@@ -20,12 +20,9 @@ constexpr const char* kEnd = "<!-- The table ends. -->";
 /// The place of each line of the error log in the list of all.
 class Legend {
  public:
-  explicit Legend(const std::vector<Settlement>& settlements) {
-    for (const Settlement& settlement : settlements) {
-      for (const SettlementEnd& end : settlement.ends)
-        lines_.insert(lines_.end(), end.log.begin(), end.log.end());
-      std::sort(lines_.begin(), lines_.end());
-      lines_.erase(std::unique(lines_.begin(), lines_.end()), lines_.end());
+  Legend(const std::vector<Settlement>& byDay, const std::vector<Settlement>& atMidnight) {
+    for (const auto* settlements : {&byDay, &atMidnight}) {
+      for (const Settlement& settlement : *settlements) Add(settlement);
     }
   }
 
@@ -47,6 +44,13 @@ class Legend {
   }
 
  private:
+  void Add(const Settlement& settlement) {
+    for (const SettlementEnd& end : settlement.ends)
+      lines_.insert(lines_.end(), end.log.begin(), end.log.end());
+    std::sort(lines_.begin(), lines_.end());
+    lines_.erase(std::unique(lines_.begin(), lines_.end()), lines_.end());
+  }
+
   std::string LetterOf(const std::string& line) const {
     const auto place = std::lower_bound(lines_.begin(), lines_.end(), line) - lines_.begin();
     if (place > 'z' - 'a') throw std::logic_error("more lines of the error log than letters");
@@ -78,9 +82,9 @@ std::string RowText(const std::string& faults, const std::string& answers, const
          NameOf(outcome.verdict) + rule + " | " + legend.Letters(ways) + " |\n";
 }
 
-std::string SectionText(const SettlementSection& section, const Legend& legend) {
-  std::string title = Joined(section.steps, "; ");
-  title[0] = static_cast<char>(title[0] - 'a' + 'A');
+std::string SectionText(const SettlementSection& section, const Legend& legend, const std::string& hour) {
+  std::string title = hour + Joined(section.steps, "; ");
+  if (hour.empty()) title[0] = static_cast<char>(title[0] - 'a' + 'A');
   std::string text = "### " + title +
                      "\n\n| What goes wrong | Answers | The customer gets | File | End | Log |\n"
                      "|---|---|---|---|---|---|\n";
@@ -94,20 +98,42 @@ std::string SectionText(const SettlementSection& section, const Legend& legend) 
   return text + "\n";
 }
 
-std::string Figures(const std::vector<Settlement>& settlements) {
-  std::string text = "| End | Ways |\n|---|---|\n";
-  std::size_t all = 0;
-  for (const Verdict verdict : AllVerdicts()) {
-    std::size_t count = 0;
-    for (const Settlement& settlement : settlements) {
-      count += static_cast<std::size_t>(
-          std::count_if(settlement.ends.begin(), settlement.ends.end(),
-                        [&](const SettlementEnd& end) { return end.verdict == verdict; }));
-    }
-    text += "| " + NameOf(verdict) + " | " + std::to_string(count) + " |\n";
-    all += count;
+std::size_t CountEnds(const std::vector<Settlement>& settlements, Verdict verdict) {
+  std::size_t count = 0;
+  for (const Settlement& settlement : settlements) {
+    count += static_cast<std::size_t>(
+        std::count_if(settlement.ends.begin(), settlement.ends.end(),
+                      [&](const SettlementEnd& end) { return end.verdict == verdict; }));
   }
-  return text + "| all | " + std::to_string(all) + " |\n\n";
+  return count;
+}
+
+/// How many ways have each end, in a column for each of `hours`.
+std::string Figures(const std::vector<const std::vector<Settlement>*>& hours) {
+  std::string text;
+  std::vector<std::size_t> all(hours.size());
+  for (const Verdict verdict : AllVerdicts()) {
+    text += "| " + NameOf(verdict);
+    for (std::size_t i = 0; i < hours.size(); ++i) {
+      const std::size_t count = CountEnds(*hours[i], verdict);
+      text += " | " + std::to_string(count);
+      all[i] += count;
+    }
+    text += " |\n";
+  }
+  text += "| all";
+  for (const std::size_t count : all) text += " | " + std::to_string(count);
+  return text + " |\n\n";
+}
+
+/// Those whose rows differ from the ones by day, which are in the same order.
+std::vector<Settlement> Others(const std::vector<Settlement>& byDay,
+                               const std::vector<Settlement>& atMidnight) {
+  std::vector<Settlement> others;
+  for (std::size_t i = 0; i < atMidnight.size(); ++i) {
+    if (OutcomesOf(atMidnight[i]) != OutcomesOf(byDay.at(i))) others.push_back(atMidnight[i]);
+  }
+  return others;
 }
 
 std::string Rules() {
@@ -120,10 +146,19 @@ std::string Rules() {
 
 }  // namespace
 
-std::string SettlementTable(const std::vector<Settlement>& settlements) {
-  const Legend legend(settlements);
-  std::string text = Figures(settlements) + "Rules:\n\n" + Rules() + legend.Text();
-  for (const SettlementSection& section : SectionsOf(settlements)) text += SectionText(section, legend);
+std::string SettlementTable(const std::vector<Settlement>& byDay, const std::vector<Settlement>& atMidnight) {
+  const Legend legend(byDay, atMidnight);
+  std::string text;
+  if (atMidnight.empty()) {
+    text = "| End | Ways |\n|---|---|\n" + Figures({&byDay});
+  } else {
+    text = "| End | Ways by day | Ways at 23:59:50 |\n|---|---|---|\n" + Figures({&byDay, &atMidnight});
+  }
+  text += "Rules:\n\n" + Rules() + legend.Text();
+  for (const SettlementSection& section : SectionsOf(byDay)) text += SectionText(section, legend, {});
+  for (const SettlementSection& section : SectionsOf(Others(byDay, atMidnight))) {
+    text += SectionText(section, legend, "At 23:59:50: ");
+  }
   text.pop_back();
   return text;
 }

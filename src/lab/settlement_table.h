@@ -10,8 +10,10 @@ namespace orvenza {
 
 /// The table in Markdown: the figures of the whole, the prescriptions that forbidden ends are put down to,
 /// and a section for every group of steps at which everything ends alike. Faults that end alike share a row,
-/// and so do answers.
-std::string SettlementTable(const std::vector<Settlement>& settlements);
+/// and so do answers. Of what is settled at midnight, the same list or none, it shows what ends otherwise
+/// than by day.
+std::string SettlementTable(const std::vector<Settlement>& byDay,
+                            const std::vector<Settlement>& atMidnight = {});
 
 /// `document` with `table` between the two lines that mark its place; the table alone, between such lines,
 /// where `document` is empty; nothing where it lacks them.

@@ -82,7 +82,7 @@ const std::vector<Prescription>& Prescriptions() {
        "until one is answered without an error, however long that takes. Silence counts as accepted: a "
        "restart "
        "that was lost is not sent again. The program can be ended from the menu meanwhile.",
-       [](Step, Struck, End end) { return end.verdict == Verdict::kHang; }},
+       [](Step, Struck, End end) { return end.verdict == Verdict::kHang && !end.waits; }},
       {"A ticket found in the in-process folder at the start is printed from its first line: nothing on the "
        "disk tells how far it had come.",
        [](Step, Struck fault, End end) {
@@ -123,6 +123,11 @@ const std::vector<Prescription>& Prescriptions() {
          return isClosure && end.file == FileEnd::kAbort && Logged(end, "Abort stampa scontrino.") &&
                 Logged(end, "Dispositivo Spento o Non Collegato !");
        }},
+      {"A wait for a reply that begins less than 15 s before midnight has no end of its own: a reply ends "
+       "it, "
+       "or the end of the program from the menu. A ticket of which nothing can have been completed is then "
+       "printed at the next start; any other goes to the abort folder.",
+       [](Step, Struck, End end) { return end.waits; }},
   };
   return all;
 }

@@ -86,13 +86,18 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
     return RefuseUsage(lab.console, "table", "unexpected word '" + arguments.words.front() + "'");
   }
   const std::vector<SettlementStep> steps = ChosenSteps(arguments);
-  Progress progress(lab.console, lab.clock);
   const SettlementExtent extent =
       arguments.Has(kThinned) ? SettlementExtent::kThinned : SettlementExtent::kWhole;
-  const auto settlements =
-      SettleAll(steps, extent, [&progress](std::size_t done, std::size_t all) { progress.Tell(done, all); });
+  Progress progress(lab.console, lab.clock);
+  const auto settle = [&](SettlementHour hour, std::size_t before) {
+    return SettleAll(steps, extent, hour, [&progress, before](std::size_t done, std::size_t all) {
+      progress.Tell(before * all + done, 2 * all);
+    });
+  };
+  const auto byDay = settle(SettlementHour::kDay, 0);
+  const auto atMidnight = settle(SettlementHour::kMidnight, 1);
   progress.End();
-  const std::string table = SettlementTable(settlements);
+  const std::string table = SettlementTable(byDay, atMidnight);
   const auto output = arguments.Value(kOutput);
   if (!output) {
     lab.console.out << table;

@@ -55,6 +55,19 @@ TEST(SettlementTable, JoinsStepsAtWhichEverythingEndsAlike) {
                 "| a | Stampato | nothing | historic | lost by choice |  |\n");
 }
 
+TEST(SettlementTable, ShowsWhatEndsOtherwiseAtMidnight) {
+  const SettlementEnd hangs = End({}, {}, Verdict::kHang);
+  const std::vector<Settlement> byDay{At("item", Fault("a"), {kGood}), At("item", Fault("b"), {kGood})};
+  const std::vector<Settlement> atMidnight{At("item", Fault("a"), {kGood}), At("item", Fault("b"), {hangs})};
+  const std::string table = SettlementTable(byDay, atMidnight);
+  EXPECT_TRUE(
+      table.starts_with("| End | Ways by day | Ways at 23:59:50 |\n|---|---|---|\n| fine | 2 | 1 |\n"));
+  EXPECT_NE(table.find("| all | 2 | 2 |\n"), std::string::npos);
+  EXPECT_EQ(table.substr(table.find("### ")),
+            "### Item" + kHead + "| a, b | none | 1 whole | historic | fine |  |\n\n### At 23:59:50: item" +
+                kHead + "| b | none | nothing | historic | **hangs**, no rule |  |\n");
+}
+
 TEST(SettlementTable, TakesALineForEachEnd) {
   EXPECT_EQ(Sections({At("item", Fault("a"),
                          {End({Answer::kReprint}, kTwo, Verdict::kTwiceByChoice, {"A", "C"}),

@@ -112,6 +112,28 @@ TEST(Settlement, CountsEndlessWaitingAsHanging) {
   EXPECT_EQ(settled.ends[0].file, FileEnd::kWaiting);
 }
 
+TEST(Settlement, TellsAWaitForOneReplyFromEndlessTries) {
+  const SettlementStep restart{"restart", "register on 1004 paper-out receipt\n" + kItem.scenario, "1149", 1};
+  EXPECT_FALSE(Settle(restart, Fault("silence"), 0).ends.at(0).waits);
+  EXPECT_TRUE(Settle(kItem, Fault("silence"), 0, SettlementHour::kMidnight).ends.at(0).waits);
+}
+
+TEST(Settlement, WaitsAtMidnightUntilAReplyOrTheEndOfTheProgram) {
+  const Settlement lost = Settle(kItem, Fault("lose-reply"), 2, SettlementHour::kMidnight);
+  ASSERT_EQ(lost.ends.size(), 1u);
+  EXPECT_EQ(lost.ends[0].verdict, Verdict::kHang);
+  EXPECT_TRUE(
+      lost.ends[0].reason.starts_with("A wait for a reply that begins less than 15 s before midnight"));
+  const Settlement late = Settle(kItem, Fault("late 16000"), 2, SettlementHour::kMidnight);
+  ASSERT_EQ(late.ends.size(), 1u);
+  EXPECT_EQ(late.ends[0].verdict, Verdict::kFine);
+  const Settlement ended =
+      Settle(kPayment, FaultWhile("lose-reply", DeedKind::kMenu), 2, SettlementHour::kMidnight);
+  ASSERT_EQ(ended.ends.size(), 2u);
+  EXPECT_EQ(ended.ends[1].answers, (std::vector<Answer>{Answer::kEndProgram}));
+  EXPECT_EQ(ended.ends[1].verdict, Verdict::kInDoubt);
+}
+
 TEST(Settlement, RefusesAStepThatIsNeverReached) {
   const SettlementStep never{"never", kItem.scenario, "1036", 2};
   try {

@@ -26,7 +26,7 @@ TEST(TableCommand, WritesToTheOutput) {
   TableLab lab;
   EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "cash movement"}), 0);
   const std::string table = lab.out.str();
-  EXPECT_TRUE(table.starts_with("| End | Ways |\n"));
+  EXPECT_TRUE(table.starts_with("| End | Ways by day | Ways at 23:59:50 |\n"));
   EXPECT_NE(table.find("\n### Cash movement\n"), std::string::npos);
   EXPECT_EQ(table.find("payment"), std::string::npos);
   EXPECT_NE(table.find("ERR08"), std::string::npos);
