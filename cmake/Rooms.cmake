@@ -25,6 +25,10 @@ if(ORVENZA_SANITIZE)
   target_link_options(orvenza_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(ORVENZA_FUZZ)
+  target_compile_options(orvenza_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # orvenza_room(NAME [SYSTEM FOLDER...] [USES ROOM...] [LIBRARIES LIBRARY...]) makes the library orvenza_NAME from the
 # sources in the current folder and, from those in each FOLDER, which belong to the operating system this build is for. LIBRARIES are the operating system's.
 function(orvenza_room name)

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/journals.h"
+#include "core/settings.h"
+#include "platform/ini_profile_file.h"
+#include "simulator/virtual_clock.h"
+#include "simulator/virtual_disk.h"
+
+namespace orvenza::fuzz {
+
+/// A program folder "C:\Shop" in memory, without a connector.
+struct MemoryShop {
+  MemoryShop() { disk.MakeFolder(paths.AppPath); }
+
+  VirtualClock clock;
+  VirtualDisk disk{clock};
+  ProgramPaths paths{"C:\\Shop", "Orvenza"};
+  AppSettings settings;
+  Journals journals{disk.FileSeam(), clock, settings, paths.AppPath};
+  IniProfileFile profile{disk.FileSeam()};
+};
+
+}  // namespace orvenza::fuzz
