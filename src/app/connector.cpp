@@ -18,6 +18,8 @@ using namespace std::chrono_literals;
 
 constexpr const char* kMainLabel = "Main - ";
 constexpr const char* kLoadLabel = "Main_Load - ";
+constexpr int kSettingsRetries = 10;
+constexpr auto kSettingsPause = 500ms;
 constexpr int kRenameRetries = 5;
 constexpr auto kIdleWait = 1s;
 
@@ -78,7 +80,9 @@ void Connector::Main(bool anotherInstanceRuns) {
 }
 
 void Connector::PrepareSettings() {
-  if (!files_.Exists(paths_.Ini())) {
+  bool isThere = false;
+  ReadSettings([&] { isThere = files_.Exists(paths_.Ini()); });
+  if (!isThere) {
     settings_.IniCreated = true;
     journals_.Attempt(kMainLabel, [&] { settingsFile_.WriteDefaultIni(); });
     journals_.WrLog(LoadMessage(101));
@@ -87,15 +91,32 @@ void Connector::PrepareSettings() {
   const auto stepDone = [&] {
     messages_.ShowOperatorMessage(LoadMessage(196), message_style::kInformation, {});
   };
-  if (!settingsFile_.UpgradeIni(settings_, stepDone)) {
+  bool isKnown = false;
+  ReadSettings([&] { isKnown = settingsFile_.UpgradeIni(settings_, stepDone); });
+  if (!isKnown) {
     messages_.ShowOperatorMessage(LoadMessage(146) + std::string(kLineBreak) + LoadMessage(147),
                                   message_style::kStop, {});
     throw ProgramEnd{.unload = false};
   }
-  settingsFile_.ReadIni(settings_);
+  ReadSettings([&] { settingsFile_.ReadIni(settings_); });
   journals_.Attempt(kMainLabel, [&] {
     if (!files_.Exists(paths_.ErrDesc())) settingsFile_.WriteDefaultErrDesc();
   });
+}
+
+/// Defaults in place of settings that cannot be read would print receipts wrong, and throw printed tickets
+/// away: the start is tried again for a few seconds, and then refused.
+void Connector::ReadSettings(const std::function<void()>& read) {
+  for (int retry = 0; retry < kSettingsRetries; ++retry) {
+    try {
+      return read();
+    } catch (const SystemError&) {
+      loop_.Pause(kSettingsPause);
+    }
+  }
+  if (journals_.Attempt(kMainLabel, read)) return;
+  ReportUnreadableSettings(messages_, journals_, paths_.Ini());
+  throw ProgramEnd{.unload = false};
 }
 
 void Connector::LoadMainForm() {

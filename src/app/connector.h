@@ -66,6 +66,7 @@ class Connector {
  private:
   void Main(bool anotherInstanceRuns);
   void PrepareSettings();
+  void ReadSettings(const std::function<void()>& read);
   void LoadMainForm();
   void RotateHistoric();
   void RequireTicketFolder();

@@ -8,6 +8,7 @@
 #include "core/journals.h"
 #include "core/text.h"
 #include "platform/folders.h"
+#include "platform/ini_text.h"
 
 namespace orvenza {
 namespace {
@@ -44,21 +45,22 @@ std::vector<UpgradeStep> UpgradeSteps(const std::string& appPath) {
   };
 }
 
-}  // namespace
-
-std::string ReadProfileValue(const ProfileFile& profile, const std::string& path, const std::string& section,
-                             const std::string& key, const std::string& fallback) {
-  return FirstCharacters(ToUtf8(profile.Read(path, section, key, fallback)), kLongestValue);
+int Integer(const ProfileContent& content, const char* key) {
+  return LeadingInteger(ReadProfileValue(content, kComSettings, key));
 }
 
-SettingsFile::SettingsFile(ProfileFile& profile, Files& files, Journals& journals, ProgramPaths paths)
-    : profile_(profile), files_(files), journals_(journals), paths_(std::move(paths)) {}
+}  // namespace
 
-void SettingsFile::WriteDefaultIni() {
-  const std::vector<Value> values = {
+std::string ReadProfileValue(const ProfileContent& content, const std::string& section,
+                             const std::string& key, const std::string& fallback) {
+  return FirstCharacters(ToUtf8(content.Value(section, key).value_or(fallback)), kLongestValue);
+}
+
+std::vector<ProfileValue> DefaultSettings(const std::string& appPath) {
+  return {
       {kVersion, "Version", kIniVersion},
-      {kDatabase, "TicketFiles", paths_.AppPath + "\\data\\*.txt"},
-      {kDatabase, "HistoricTickets", paths_.AppPath + "\\storico\\"},
+      {kDatabase, "TicketFiles", appPath + "\\data\\*.txt"},
+      {kDatabase, "HistoricTickets", appPath + "\\storico\\"},
       {kDatabase, "", "'***** Command File Name = command.txt *****"},
       {kComSettings, kComPort, "1"},
       {kComSettings, kLineSettings, "19200,O,7,1"},
@@ -74,22 +76,24 @@ void SettingsFile::WriteDefaultIni() {
       {kGeneral, "Single Quantity", "0"},
       {kGeneral, "File Parser", "0"},
   };
-  WriteWhole(paths_.Ini(), values);
 }
 
-void SettingsFile::WriteWhole(const std::string& path, const std::vector<Value>& values) {
-  const std::string draft = path + ".new";
-  // It would keep the keys and the order of whoever began it.
-  if (files_.Exists(draft)) RemoveReadOnlyToo(files_, draft);
-  for (const Value& value : values) profile_.Write(draft, value.section, value.key, value.value);
-  files_.Move(draft, path);
+SettingsFile::SettingsFile(ProfileFile& profile, Files& files, Journals& journals, ProgramPaths paths)
+    : profile_(profile), files_(files), journals_(journals), paths_(std::move(paths)) {}
+
+void SettingsFile::WriteDefaultIni() { WriteWhole(paths_.Ini(), DefaultSettings(paths_.AppPath)); }
+
+void SettingsFile::WriteWhole(const std::string& path, const std::vector<ProfileValue>& values) {
+  IniText text;
+  for (const ProfileValue& value : values) text.Set(value.section, value.key, value.text);
+  files_.Write(path, text.Bytes());
 }
 
 bool SettingsFile::UpgradeIni(AppSettings& settings, const std::function<void()>& stepDone) {
   const std::vector<UpgradeStep> steps = UpgradeSteps(paths_.AppPath);
   bool done = false;
   while (!done) {
-    const std::string version = Text(kVersion, "Version");
+    const std::string version = ReadProfileValue(*profile_.Load(paths_.Ini()), kVersion, "Version");
     if (version == kIniVersion) break;
     const auto step =
         std::find_if(steps.begin(), steps.end(), [&](const auto& s) { return version == s.from; });
@@ -109,19 +113,22 @@ bool SettingsFile::UpgradeIni(AppSettings& settings, const std::function<void()>
 }
 
 void SettingsFile::ReadIni(AppSettings& settings) {
-  ReadFolders(settings);
+  const auto content = profile_.Load(paths_.Ini());
+  ReadFolders(*content, settings);
   settings.CommandFilePath = paths_.AppPath + "\\command.txt";
   settings.LogPath = paths_.AppPath + "\\Log.txt";
   settings.ErrPath = paths_.AppPath + "\\Err.txt";
-  ReadComSettings(settings);
-  ReadGeneral(settings);
+  ReadComSettings(*content, settings);
+  ReadGeneral(*content, settings);
 }
 
-void SettingsFile::ReadFolders(AppSettings& settings) const {
-  settings.TicketFilesSpec = SettingsPath(Text(kDatabase, "TicketFiles", paths_.AppPath + "\\data\\*.txt"));
+void SettingsFile::ReadFolders(const ProfileContent& content, AppSettings& settings) const {
+  settings.TicketFilesSpec =
+      SettingsPath(ReadProfileValue(content, kDatabase, "TicketFiles", paths_.AppPath + "\\data\\*.txt"));
   // The default of reading differs from the written one ("\storico\") on purpose.
   std::string& historic = settings.HistoricFolder;
-  historic = SettingsPath(Text(kDatabase, "HistoricTickets", paths_.AppPath + "\\data\\inproces\\"));
+  historic = SettingsPath(
+      ReadProfileValue(content, kDatabase, "HistoricTickets", paths_.AppPath + "\\data\\inproces\\"));
   if (!historic.empty() && historic.back() != '\\') historic += '\\';
   const std::size_t maskStart = settings.TicketFilesSpec.rfind('\\') + 1;  // 0 when there is no "\"
   settings.TicketFolder = settings.TicketFilesSpec.substr(0, maskStart);
@@ -130,49 +137,43 @@ void SettingsFile::ReadFolders(AppSettings& settings) const {
   settings.AbortFolder = settings.TicketFolder + "abort\\";
 }
 
-void SettingsFile::ReadComSettings(AppSettings& settings) {
-  settings.ComPortNumber = Integer(kComPort);
+void SettingsFile::ReadComSettings(const ProfileContent& content, AppSettings& settings) {
+  settings.ComPortNumber = Integer(content, kComPort);
   if (settings.ComPortNumber < 1 || settings.ComPortNumber > kPorts) {
     settings.ComPortNumber = 1;
     Repair(kComSettings, kComPort, "1");
     journals_.WrErr(LoadMessage(159));
   }
-  settings.ComSettings = Text(kComSettings, kLineSettings);
-  settings.FrameRetry = Integer("FrameRetry");
-  settings.TimeWaitForAck = Integer("TimeWaitForAck");
-  settings.TimeWaitForEtx = Integer("TimeWaitForEtx");
-  settings.TxMessageRetry = Integer("TxMessageRetry");
-  const std::string ident = Text(kComSettings, "Ident", "V");
+  settings.ComSettings = ReadProfileValue(content, kComSettings, kLineSettings);
+  settings.FrameRetry = Integer(content, "FrameRetry");
+  settings.TimeWaitForAck = Integer(content, "TimeWaitForAck");
+  settings.TimeWaitForEtx = Integer(content, "TimeWaitForEtx");
+  settings.TxMessageRetry = Integer(content, "TxMessageRetry");
+  const std::string ident = ReadProfileValue(content, kComSettings, "Ident", "V");
   settings.Ident = Trim(ident).empty() ? 'V' : FirstInWindows1252(Trim(ident));
-  settings.TimeWaitForLONGEtx = Integer("TimeWaitForLONGEtx");
+  settings.TimeWaitForLONGEtx = Integer(content, "TimeWaitForLONGEtx");
 }
 
-void SettingsFile::ReadGeneral(AppSettings& settings) {
-  settings.PcTimeCorrection = LeadingNumber(Text(kGeneral, "Pc Time Correction"));
-  settings.TimeShift = LeadingNumber(Text(kGeneral, "Time Shift"));
-  int separator = LeadingInteger(Text(kGeneral, kSeparator, "127"));
+void SettingsFile::ReadGeneral(const ProfileContent& content, AppSettings& settings) {
+  settings.PcTimeCorrection = LeadingNumber(ReadProfileValue(content, kGeneral, "Pc Time Correction"));
+  settings.TimeShift = LeadingNumber(ReadProfileValue(content, kGeneral, "Time Shift"));
+  int separator = LeadingInteger(ReadProfileValue(content, kGeneral, kSeparator, "127"));
   if (separator < 0 || separator > 127) {
     separator = 127;
     Repair(kGeneral, kSeparator, "127");
   }
   settings.SeparatorChar = static_cast<char>(separator);
-  settings.SingleQuantity = IsOn(Text(kGeneral, "Single Quantity"));
-  settings.FileParser = IsOn(Text(kGeneral, "File Parser"));
+  settings.SingleQuantity = IsOn(ReadProfileValue(content, kGeneral, "Single Quantity"));
+  settings.FileParser = IsOn(ReadProfileValue(content, kGeneral, "File Parser"));
 }
 
 void SettingsFile::WriteDefaultErrDesc() {
-  std::vector<Value> texts;
+  std::vector<ProfileValue> texts;
   for (int id = 110; id <= 116; ++id) {
     texts.push_back({"Error Description", std::to_string(id), LoadMessage(id)});
   }
   WriteWhole(paths_.ErrDesc(), texts);
 }
-
-std::string SettingsFile::Text(const char* section, const char* key, const std::string& fallback) const {
-  return ReadProfileValue(profile_, paths_.Ini(), section, key, fallback);
-}
-
-int SettingsFile::Integer(const char* key) const { return LeadingInteger(Text(kComSettings, key)); }
 
 void SettingsFile::Repair(const char* section, const char* key, const char* value) {
   journals_.Attempt("ReadIni - ", [&] { profile_.Write(paths_.Ini(), section, key, value); });

@@ -65,44 +65,40 @@ inline constexpr std::size_t kLongestValue = 99;  ///< Characters of a value tha
 }  // namespace setting
 
 /// One value of a settings file in UTF-8 (bytes that are not are read as Windows-1252), at most its first
-/// `kLongestValue` characters.
-std::string ReadProfileValue(const ProfileFile& profile, const std::string& path, const std::string& section,
+/// `kLongestValue` characters; `fallback` where it is missing.
+std::string ReadProfileValue(const ProfileContent& content, const std::string& section,
                              const std::string& key, const std::string& fallback = {});
+
+/// What a new settings file holds, in its order. `appPath` without a trailing "\".
+std::vector<ProfileValue> DefaultSettings(const std::string& appPath);
 
 /// Reads, creates and upgrades the settings file.
 class SettingsFile {
  public:
   SettingsFile(ProfileFile& profile, Files& files, Journals& journals, ProgramPaths paths);
 
-  /// Writes every key with its default. The file appears with all of them or not at all, so that a later
-  /// start begins anew what a full disk has cut short. Throws SystemError.
+  /// Writes every key with its default, whole or not at all. Throws SystemError.
   void WriteDefaultIni();
 
   /// Brings the file to the current layout, calling `stepDone` after each step, and sets `IniUpgradeDone`.
   /// Returns false for an unknown version, which has then been written to the error log. A file that cannot
-  /// be written is used as it stands, after a line in the error log.
+  /// be written is used as it stands, after a line in the error log. Throws SystemError when the file cannot
+  /// be read.
   bool UpgradeIni(AppSettings& settings, const std::function<void()>& stepDone);
 
-  /// Fills `settings` from the file, repairing a wrong port number or separator in the file too.
+  /// Fills `settings` from the file, read as one whole, and repairs a wrong port number or separator in the
+  /// file too. Throws SystemError when it cannot be read; nothing has been changed then.
   void ReadIni(AppSettings& settings);
 
   /// Writes `ErrDesc.ini` with the texts of messages 110 to 116, whole or not at all. Throws SystemError.
   void WriteDefaultErrDesc();
 
  private:
-  struct Value {
-    std::string section;
-    std::string key;
-    std::string value;
-  };
-
-  void WriteWhole(const std::string& path, const std::vector<Value>& values);
-  std::string Text(const char* section, const char* key, const std::string& fallback = {}) const;
-  int Integer(const char* key) const;
+  void WriteWhole(const std::string& path, const std::vector<ProfileValue>& values);
   void Repair(const char* section, const char* key, const char* value);
-  void ReadFolders(AppSettings& settings) const;
-  void ReadComSettings(AppSettings& settings);
-  void ReadGeneral(AppSettings& settings);
+  void ReadFolders(const ProfileContent& content, AppSettings& settings) const;
+  void ReadComSettings(const ProfileContent& content, AppSettings& settings);
+  void ReadGeneral(const ProfileContent& content, AppSettings& settings);
 
   ProfileFile& profile_;
   Files& files_;

@@ -10,7 +10,11 @@ ErrorTexts::ErrorTexts(const ProfileFile& profile, std::string errDescPath)
     : profile_(profile), errDescPath_(std::move(errDescPath)) {}
 
 std::string ErrorTexts::ErrorDescription(int id) const {
-  return ReadProfileValue(profile_, errDescPath_, "Error Description", std::to_string(id));
+  try {
+    return ReadProfileValue(*profile_.Load(errDescPath_), "Error Description", std::to_string(id));
+  } catch (const SystemError&) {
+    return {};
+  }
 }
 
 std::string ErrorTexts::MessageText(int id) const {

@@ -10,10 +10,10 @@ namespace orvenza {
 /// The texts of the register's errors, and the texts of the error dialog with the shop's own replacements.
 class ErrorTexts {
  public:
-  /// `errDescPath` is the path of `ErrDesc.ini`, which need not exist.
+  /// `errDescPath` is the path of `ErrDesc.ini`, which need not exist, nor be readable.
   ErrorTexts(const ProfileFile& profile, std::string errDescPath);
 
-  /// The replacement of message `id` in `ErrDesc.ini`; empty when there is none.
+  /// The replacement of message `id` in `ErrDesc.ini`; empty when there is none. Never fails.
   std::string ErrorDescription(int id) const;
 
   /// The replacement of message `id`, or else the catalogue's text.

@@ -17,8 +17,7 @@ constexpr std::size_t kLabelWidth = 10;
 void TakeSettings(const std::string& folder, const std::string& name, LabSurroundings& surroundings,
                   CheckRules& rules) {
   const ProgramPaths paths{surroundings.machine.FullFolder(folder), name};
-  const SettingsReview review =
-      ReviewSettings(surroundings.profile, surroundings.files, surroundings.clock, paths);
+  const SettingsReview review = ReviewSettings(surroundings.files, surroundings.clock, paths);
   if (review.state == SettingsReview::State::kNew || review.state == SettingsReview::State::kUnreadable) {
     if (!surroundings.folders.Exists(paths.AppPath + "\\")) {
       throw std::runtime_error("'" + folder + "' is not a folder");

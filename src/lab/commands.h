@@ -10,7 +10,6 @@
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/folders.h"
-#include "platform/profile_file.h"
 
 namespace orvenza {
 
@@ -18,7 +17,6 @@ namespace orvenza {
 struct LabSurroundings {
   Files& files;
   Folders& folders;
-  ProfileFile& profile;
   Clock& clock;
   Machine& machine;
   Console& console;

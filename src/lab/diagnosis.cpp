@@ -101,7 +101,7 @@ Installation LookAt(const LabSurroundings& lab, const ProgramPaths& paths) {
           paths,
           lab.clock.Now(),
           lab.machine.IsServed(paths.AppPath),
-          ReviewSettings(lab.profile, lab.files, lab.clock, paths)};
+          ReviewSettings(lab.files, lab.clock, paths)};
 }
 
 Findings Diagnose(const Installation& shop) {

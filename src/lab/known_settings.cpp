@@ -2,11 +2,8 @@
 
 #include <algorithm>
 
-#include "core/journals.h"
 #include "core/settings.h"
-#include "lab/no_files.h"
-#include "platform/ini_profile_file.h"
-#include "simulator/virtual_clock.h"
+#include "platform/ini_text.h"
 
 namespace orvenza {
 namespace {
@@ -15,20 +12,9 @@ bool Holds(const std::vector<std::string>& names, const std::string& name) {
   return std::any_of(names.begin(), names.end(), [&](const auto& n) { return IsSameIniName(n, name); });
 }
 
-std::vector<RecordingProfile::Value> ValuesOfANewFile() {
-  const ProgramPaths paths{"C:\\Orvenza", "Orvenza"};
-  RecordingProfile profile(nullptr);
-  NoFiles files;
-  VirtualClock clock;
-  AppSettings settings;
-  Journals journals(files, clock, settings, paths.AppPath);
-  SettingsFile(profile, files, journals, paths).WriteDefaultIni();
-  return profile.AllWritten();
-}
-
 }  // namespace
 
-KnownSettings::KnownSettings() : KnownSettings(ValuesOfANewFile()) {}
+KnownSettings::KnownSettings() : KnownSettings(DefaultSettings({})) {}
 
 std::vector<std::string> KnownSettings::Sections() const {
   std::vector<std::string> names;

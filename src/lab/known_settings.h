@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "lab/recording_profile.h"
+#include "platform/profile_file.h"
 
 namespace orvenza {
 
@@ -13,7 +13,7 @@ class KnownSettings {
   /// Those of a new file.
   KnownSettings();
 
-  explicit KnownSettings(std::vector<RecordingProfile::Value> values) : values_(std::move(values)) {}
+  explicit KnownSettings(std::vector<ProfileValue> values) : values_(std::move(values)) {}
 
   /// In their order.
   std::vector<std::string> Sections() const;
@@ -26,7 +26,7 @@ class KnownSettings {
   std::string SectionOf(const std::string& key) const;
 
  private:
-  std::vector<RecordingProfile::Value> values_;
+  std::vector<ProfileValue> values_;
 };
 
 }  // namespace orvenza

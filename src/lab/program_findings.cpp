@@ -8,6 +8,7 @@
 #include "core/text.h"
 #include "lab/wording.h"
 #include "platform/ini_profile_file.h"
+#include "platform/ini_text.h"
 #include "platform/system_error.h"
 #include "tickets/line_reader.h"
 #include "tickets/ticket_polling.h"
@@ -140,7 +141,7 @@ void AddTexts(Findings& findings, const Installation& shop) {
 /// Folders hold files of this kind that are about something else, as desktop.ini is.
 bool IsSettingsFile(const Installation& shop, const std::string& path) {
   try {
-    const std::vector<IniLine> lines = ListIniLines(ReadWhole(shop.files, path, kLargestSettings));
+    const std::vector<IniLine> lines = IniText(ReadWhole(shop.files, path, kLargestSettings)).Lines();
     return std::any_of(lines.begin(), lines.end(), [](const IniLine& line) {
       return line.kind == IniLine::Kind::kSection &&
              (IsSameIniName(line.name, "Version") || IsSameIniName(line.name, setting::kComSettings));

@@ -2,36 +2,39 @@
 
 #include <algorithm>
 
-#include "platform/ini_profile_file.h"
+#include "platform/ini_text.h"
 
 namespace orvenza {
 namespace {
 
-/// What no value of a settings file is: tells a missing value from any other.
-constexpr const char* kMissing = "\x01missing\x01";
-
-bool IsSameKey(const RecordingProfile::Value& a, const std::string& section, const std::string& key) {
+bool IsSameKey(const ProfileValue& a, const std::string& section, const std::string& key) {
   return IsSameIniName(a.section, section) && IsSameIniName(a.key, key);
 }
 
 }  // namespace
 
-std::string RecordingProfile::Read(const std::string& path, const std::string& section,
-                                   const std::string& key, const std::string& fallback) const {
-  const Asked answer = Look(path, section, key, fallback);
-  const auto known = std::find_if(asked_.begin(), asked_.end(),
-                                  [&](const Asked& asked) { return IsSameKey(asked.value, section, key); });
-  if (known == asked_.end()) {
-    asked_.push_back(answer);
-  } else {
-    *known = answer;
+class RecordingProfile::Content : public ProfileContent {
+ public:
+  explicit Content(const RecordingProfile& profile) : profile_(profile) {}
+
+  std::optional<std::string> Value(const std::string& section, const std::string& key) const override {
+    const ProfileValue* const written = profile_.FindWritten(section, key);
+    const auto text = written == nullptr ? profile_.behind_.Value(section, key) : written->text;
+    profile_.Note({{section, key, text.value_or("")}, !text});
+    return text;
   }
-  return answer.value.text;
+
+ private:
+  const RecordingProfile& profile_;
+};
+
+std::unique_ptr<ProfileContent> RecordingProfile::Load(const std::string&) const {
+  return std::make_unique<Content>(*this);
 }
 
 void RecordingProfile::Write(const std::string&, const std::string& section, const std::string& key,
                              const std::string& value) {
-  for (Value& written : written_) {
+  for (ProfileValue& written : written_) {
     if (!IsSameKey(written, section, key)) continue;
     written.text = value;
     return;
@@ -39,14 +42,25 @@ void RecordingProfile::Write(const std::string&, const std::string& section, con
   written_.push_back({section, key, value});
 }
 
-RecordingProfile::Asked RecordingProfile::Look(const std::string& path, const std::string& section,
-                                               const std::string& key, const std::string& fallback) const {
-  for (const Value& written : written_) {
-    if (IsSameKey(written, section, key)) return {written, false};
+void RecordingProfile::WriteAll(const std::vector<ProfileValue>& values) {
+  for (const ProfileValue& value : values) Write({}, value.section, value.key, value.text);
+}
+
+const ProfileValue* RecordingProfile::FindWritten(const std::string& section, const std::string& key) const {
+  const auto found = std::find_if(written_.begin(), written_.end(),
+                                  [&](const ProfileValue& value) { return IsSameKey(value, section, key); });
+  return found == written_.end() ? nullptr : &*found;
+}
+
+void RecordingProfile::Note(const Asked& asked) const {
+  const auto known = std::find_if(asked_.begin(), asked_.end(), [&](const Asked& earlier) {
+    return IsSameKey(earlier.value, asked.value.section, asked.value.key);
+  });
+  if (known == asked_.end()) {
+    asked_.push_back(asked);
+  } else {
+    *known = asked;
   }
-  const std::string text = behind_ == nullptr ? kMissing : behind_->Read(path, section, key, kMissing);
-  const bool missing = text == kMissing;
-  return {{section, key, missing ? fallback : text}, missing};
 }
 
 }  // namespace orvenza

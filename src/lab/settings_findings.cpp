@@ -17,7 +17,7 @@ using State = SettingsReview::State;
 /// "[General] Time Shift".
 std::string NameOf(const std::string& section, const std::string& key) { return "[" + section + "] " + key; }
 
-std::string Listed(const std::vector<RecordingProfile::Value>& values) {
+std::string Listed(const std::vector<ProfileValue>& values) {
   std::string listed;
   for (const auto& value : values) {
     listed += (listed.empty() ? "" : ", ") + value.key + "=" + value.text;

@@ -96,32 +96,15 @@ class LineWalk {
   std::vector<std::size_t> meaningless_;
 };
 
-std::optional<Finding> OfCharacters(std::string_view content) {
-  const std::string remedy = "Save the file as plain text (ANSI).";
-  if (content.starts_with("\xFF\xFE") || content.starts_with("\xFE\xFF")) {
-    return Finding{Severity::kWarning, "settings.encoding", "The settings are saved as UTF-16.", remedy};
-  }
-  if (content.starts_with("\xEF\xBB\xBF")) {
-    return Finding{Severity::kWarning, "settings.encoding",
-                   "The settings begin with a byte-order mark, behind which Windows does not find the first "
-                   "section.",
-                   remedy};
-  }
-  if (content.find('\0') != std::string_view::npos) {
-    return Finding{Severity::kWarning, "settings.encoding",
-                   "The settings hold characters with the code 0, as a damaged file does.",
-                   "Restore the file from a copy."};
-  }
-  return std::nullopt;
-}
-
 }  // namespace
 
 Findings FindInLines(const SettingsReview& review) {
   Findings findings;
-  if (auto finding = OfCharacters(review.content)) findings.push_back(std::move(*finding));
-  // Line by line, a file in two-byte characters is nothing but noise.
-  if (review.content.starts_with("\xFF\xFE") || review.content.starts_with("\xFE\xFF")) return findings;
+  if (IniText(review.content).HoldsNul()) {
+    findings.push_back({Severity::kWarning, "settings.encoding",
+                        "The settings hold characters with the code 0, as a damaged file does.",
+                        "Restore the file from a copy."});
+  }
   const KnownSettings known(review.defaults);
   LineWalk walk(known, findings);
   for (const IniLine& line : review.lines) walk.Take(line);

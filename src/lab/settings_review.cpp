@@ -7,6 +7,7 @@
 #include "core/journals.h"
 #include "core/text.h"
 #include "lab/no_files.h"
+#include "platform/ini_profile_file.h"
 #include "platform/system_error.h"
 
 namespace orvenza {
@@ -64,9 +65,9 @@ constexpr UsedValue kUsedValues[] = {
 };
 
 /// What there is in `after` that was not in `before`, or not so.
-std::vector<RecordingProfile::Value> Added(const std::vector<RecordingProfile::Value>& before,
-                                           const std::vector<RecordingProfile::Value>& after) {
-  std::vector<RecordingProfile::Value> added;
+std::vector<ProfileValue> Added(const std::vector<ProfileValue>& before,
+                                const std::vector<ProfileValue>& after) {
+  std::vector<ProfileValue> added;
   for (const auto& value : after) {
     const bool isOld = std::any_of(before.begin(), before.end(), [&](const auto& old) {
       return old.section == value.section && old.key == value.key && old.text == value.text;
@@ -99,32 +100,36 @@ std::string ContentOf(const Files& files, const std::string& path) {
   return content;
 }
 
+/// Reads the file as one whole, as the connector does.
+SettingsReview::State Look(const Files& files, const ProgramPaths& paths, SettingsReview& review) {
+  try {
+    if (!files.Exists(paths.Ini())) return SettingsReview::State::kNew;
+    review.content = ContentOf(files, paths.Ini());
+    review.lines = IniText(review.content).Lines();
+    return SettingsReview::State::kRead;
+  } catch (const SystemError&) {
+    return SettingsReview::State::kUnreadable;
+  }
+}
+
 }  // namespace
 
-SettingsReview ReviewSettings(const ProfileFile& profile, const Files& files, Clock& clock,
-                              const ProgramPaths& paths) {
+SettingsReview ReviewSettings(const Files& files, Clock& clock, const ProgramPaths& paths) {
   SettingsReview review;
-  RecordingProfile nothing(nullptr);
-  DryRun usual(nothing, clock, paths);
-  usual.file.WriteDefaultIni();
-  review.defaults = nothing.AllWritten();
+  const IniText nothing;
+  RecordingProfile defaults(nothing);
+  review.defaults = DefaultSettings(paths.AppPath);
+  defaults.WriteAll(review.defaults);
+  DryRun usual(defaults, clock, paths);
   usual.file.ReadIni(usual.settings);
 
-  RecordingProfile recording(&profile);
-  DryRun start(recording, clock, paths);
-  try {
-    if (files.Exists(paths.Ini())) {
-      review.content = ContentOf(files, paths.Ini());
-      review.lines = ListIniLines(review.content);
-    } else {
-      review.state = SettingsReview::State::kNew;
-      start.file.WriteDefaultIni();
-    }
-  } catch (const SystemError&) {
-    review.state = SettingsReview::State::kUnreadable;
-  }
+  review.state = Look(files, paths, review);
+  const IniText found(review.content);
+  RecordingProfile recording(found);
+  if (review.state == SettingsReview::State::kNew) recording.WriteAll(review.defaults);
   const auto asFound = recording.AllWritten();
-  review.version = ReadProfileValue(recording, paths.Ini(), "Version", "Version");
+  DryRun start(recording, clock, paths);
+  review.version = ReadProfileValue(*recording.Load(paths.Ini()), "Version", "Version");
   const bool known = start.file.UpgradeIni(start.settings, [] {});
   if (!known && review.state == SettingsReview::State::kRead) {
     review.state = SettingsReview::State::kWrongVersion;

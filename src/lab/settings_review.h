@@ -7,7 +7,7 @@
 #include "lab/recording_profile.h"
 #include "platform/clock.h"
 #include "platform/files.h"
-#include "platform/ini_profile_file.h"
+#include "platform/ini_text.h"
 
 namespace orvenza {
 
@@ -15,7 +15,7 @@ namespace orvenza {
 struct ReviewedKey {
   std::string section;
   std::string key;
-  std::string found;     ///< The text in the file, or else the default of reading; UTF-8.
+  std::string found;     ///< The text in the file; empty where it is missing. UTF-8.
   bool missing = false;  ///< The default of reading was used.
   std::string used;      ///< What the connector makes of it, as it could stand in the file.
   std::string usual;     ///< The same for the value that a new file is written with.
@@ -32,18 +32,17 @@ struct SettingsReview {
   };
 
   State state = State::kRead;
-  std::string version;                            ///< As found.
-  std::string content;                            ///< The file's bytes.
-  std::vector<IniLine> lines;                     ///< What they say.
-  std::vector<RecordingProfile::Value> upgraded;  ///< What bringing it up to date would write.
-  std::vector<RecordingProfile::Value> repaired;  ///< What reading it would write back.
-  std::vector<RecordingProfile::Value> defaults;  ///< Every key that there is, with what a new file holds.
-  std::vector<ReviewedKey> keys;                  ///< In the order of `defaults`, without the version.
-  AppSettings settings;                           ///< As the connector would use them.
+  std::string version;                 ///< As found.
+  std::string content;                 ///< The file's bytes.
+  std::vector<IniLine> lines;          ///< What they say.
+  std::vector<ProfileValue> upgraded;  ///< What bringing it up to date would write.
+  std::vector<ProfileValue> repaired;  ///< What reading it would write back.
+  std::vector<ProfileValue> defaults;  ///< Every key that there is, with what a new file holds.
+  std::vector<ReviewedKey> keys;       ///< In the order of `defaults`, without the version.
+  AppSettings settings;                ///< As the connector would use them.
 };
 
 /// Runs the connector's own reading of the settings, with everything that it would write kept in memory.
-SettingsReview ReviewSettings(const ProfileFile& profile, const Files& files, Clock& clock,
-                              const ProgramPaths& paths);
+SettingsReview ReviewSettings(const Files& files, Clock& clock, const ProgramPaths& paths);
 
 }  // namespace orvenza

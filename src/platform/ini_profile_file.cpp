@@ -1,197 +1,25 @@
 #include "platform/ini_profile_file.h"
 
-#include <algorithm>
-#include <array>
-#include <optional>
-#include <string_view>
-#include <vector>
-
+#include "platform/ini_text.h"
 #include "platform/system_error.h"
 
 namespace orvenza {
-namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view kLineEnd = "\r\n";
-
-struct Entry {
-  std::string_view name;
-  std::string_view value;
-};
-
-/// The lines of the first section of a name: [header, end). `key` is the line found in it.
-struct Place {
-  std::size_t header = 0;
-  std::size_t end = 0;
-  std::optional<std::size_t> key;
-};
-
-std::string_view TrimBlanks(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\v\f\r\n";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
-}
-
-bool EndsLine(char c) { return c == '\r' || c == '\n'; }
-
-/// The lines of `text`, each with its line end (CR LF, LF or CR).
-std::vector<std::string_view> SplitLines(std::string_view text) {
-  std::vector<std::string_view> lines;
-  while (!text.empty()) {
-    const auto end = std::find_if(text.begin(), text.end() - 1, EndsLine);
-    auto length = static_cast<std::size_t>(end - text.begin()) + 1;
-    if (text[length - 1] == '\r' && length < text.size() && text[length] == '\n') ++length;
-    lines.push_back(text.substr(0, length));
-    text.remove_prefix(length);
-  }
-  return lines;
-}
-
-/// The name in a section line, also one whose "]" was forgotten.
-std::optional<std::string_view> SectionName(std::string_view line) {
-  line = TrimBlanks(line);
-  if (!line.starts_with('[')) return {};
-  return TrimBlanks(line.substr(1, line.find(']') - 1));
-}
-
-std::optional<Entry> ParseEntry(std::string_view line) {
-  line = TrimBlanks(line);
-  const std::size_t equals = line.find('=');
-  if (line.starts_with(';') || equals == std::string_view::npos) return {};
-  return Entry{TrimBlanks(line.substr(0, equals)), TrimBlanks(line.substr(equals + 1))};
-}
-
-std::string_view WithoutQuotes(std::string_view value) {
-  const bool quoted =
-      value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
-  return quoted ? value.substr(1, value.size() - 2) : value;
-}
-
-/// Looks for `section`, and for `key` in it.
-std::optional<Place> Find(const std::vector<std::string_view>& lines, std::string_view section,
-                          std::string_view key) {
-  const auto isWanted = [&](std::string_view line) {
-    const auto name = SectionName(line);
-    return name && IsSameIniName(*name, TrimBlanks(section));
-  };
-  const auto header = std::find_if(lines.begin(), lines.end(), isWanted);
-  if (header == lines.end()) return {};
-  Place place;
-  place.header = static_cast<std::size_t>(header - lines.begin());
-  for (place.end = place.header + 1; place.end < lines.size(); ++place.end) {
-    if (SectionName(lines[place.end])) break;
-    const auto entry = ParseEntry(lines[place.end]);
-    if (!place.key && entry && IsSameIniName(entry->name, TrimBlanks(key))) place.key = place.end;
-  }
-  return place;
-}
-
-/// Index behind the last line of the section that is not blank: where a new key goes.
-std::size_t EndOfContent(const std::vector<std::string_view>& lines, const Place& place) {
-  std::size_t end = place.end;
-  while (end > place.header + 1 && TrimBlanks(lines[end - 1]).empty()) --end;
-  return end;
-}
-
-/// `lines` with those from `first` up to `last` replaced by `inserted`, which begins on a line of its own.
-std::string Join(const std::vector<std::string_view>& lines, std::size_t first, std::size_t last,
-                 std::string_view inserted) {
-  std::string text;
-  for (std::size_t i = 0; i < first; ++i) text.append(lines[i]);
-  if (!text.empty() && text.back() != '\n' && text.back() != '\r') text.append(kLineEnd);
-  text.append(inserted);
-  for (std::size_t i = last; i < lines.size(); ++i) text.append(lines[i]);
-  return text;
-}
-
-std::string KeyLine(std::string_view name, std::string_view value) {
-  value = value.substr(0, value.find_first_of(std::string_view("\r\n\0", 3)));
-  return std::string(name).append("=").append(value).append(kLineEnd);
-}
-
-std::string WithValue(std::string_view text, const std::string& section, const std::string& key,
-                      const std::string& value) {
-  const auto lines = SplitLines(text);
-  const auto place = Find(lines, section, key);
-  const std::string_view newName = TrimBlanks(key);
-  if (!place) {
-    const std::string header = "[" + std::string(TrimBlanks(section)) + "]";
-    return Join(lines, lines.size(), lines.size(), header + std::string(kLineEnd) + KeyLine(newName, value));
-  }
-  if (place->key) {
-    // The person who edits the file may have spelled the name in letters of another case.
-    const std::string_view spelling = ParseEntry(lines[*place->key])->name;
-    return Join(lines, *place->key, *place->key + 1, KeyLine(spelling, value));
-  }
-  const std::size_t end = EndOfContent(lines, *place);
-  return Join(lines, end, end, KeyLine(newName, value));
-}
-
-std::string_view WithoutMark(std::string_view text) {
-  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
-  return text;
-}
-
-}  // namespace
-
-bool IsSameIniName(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [&](char x, char y) { return lower(x) == lower(y); });
-}
-
-std::vector<IniLine> ListIniLines(std::string_view text) {
-  std::vector<IniLine> listed;
-  std::size_t number = 0;
-  for (const std::string_view line : SplitLines(WithoutMark(text))) {
-    ++number;
-    const std::string_view content = TrimBlanks(line);
-    if (content.empty() || content.starts_with(';')) continue;
-    const auto section = SectionName(line);
-    const auto entry = ParseEntry(line);
-    if (section) {
-      listed.push_back({number, IniLine::Kind::kSection, std::string(*section)});
-    } else if (entry) {
-      listed.push_back({number, IniLine::Kind::kEntry, std::string(entry->name)});
-    } else {
-      listed.push_back({number, IniLine::Kind::kMeaningless, {}});
-    }
-  }
-  return listed;
-}
-
-std::string IniProfileFile::Read(const std::string& path, const std::string& section, const std::string& key,
-                                 const std::string& fallback) const {
-  std::string text;
-  try {
-    text = Load(path);
-  } catch (const SystemError&) {
-    return fallback;
-  }
-  const auto lines = SplitLines(WithoutMark(text));
-  const auto place = Find(lines, section, key);
-  if (!place || !place->key) return fallback;
-  return std::string(WithoutQuotes(ParseEntry(lines[*place->key])->value));
+std::unique_ptr<ProfileContent> IniProfileFile::Load(const std::string& path) const {
+  return std::make_unique<IniText>(files_.Exists(path) ? BytesOf(path) : std::string());
 }
 
 void IniProfileFile::Write(const std::string& path, const std::string& section, const std::string& key,
                            const std::string& value) {
-  const std::string text = files_.Exists(path) ? Load(path) : std::string();
-  const std::size_t mark = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
-  const std::string_view content = std::string_view(text).substr(mark);
-  files_.Write(path, text.substr(0, mark) + WithValue(content, section, key, value));
+  IniText text(BytesOf(path));
+  text.Set(section, key, value);
+  files_.Write(path, text.Bytes());
 }
 
-std::string IniProfileFile::Load(const std::string& path) const {
-  const auto reader = files_.OpenForReading(path);
-  std::string text;
-  std::array<char, 4096> chunk;
-  while (const std::size_t count = reader->Read(chunk.data(), chunk.size())) {
-    text.append(chunk.data(), count);
-    if (text.size() > kLargestFile) throw SystemError(error_number::kPathFileAccess, path);
-  }
-  return text;
+std::string IniProfileFile::BytesOf(const std::string& path) const {
+  std::string bytes = ReadWhole(files_, path, kLargestFile + 1);
+  if (bytes.size() > kLargestFile) throw SystemError(error_number::kPathFileAccess, path);
+  return bytes;
 }
 
 }  // namespace orvenza

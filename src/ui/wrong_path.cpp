@@ -4,13 +4,24 @@
 #include "core/text.h"
 
 namespace orvenza {
+namespace {
+
+void Report(OperatorMessages& messages, Journals& journals, const std::string& what,
+            const std::string& path) {
+  journals.WrErr(what + " " + path);
+  const std::string lineBreak(kLineBreak);
+  messages.ShowOperatorMessage(what + lineBreak + path + lineBreak + lineBreak + LoadMessage(186),
+                               message_style::kStop, {});
+}
+
+}  // namespace
 
 void ReportWrongPath(OperatorMessages& messages, Journals& journals, const std::string& folder) {
-  journals.WrErr(LoadMessage(185) + " " + folder);
-  const std::string lineBreak(kLineBreak);
-  messages.ShowOperatorMessage(
-      LoadMessage(185) + lineBreak + folder + lineBreak + lineBreak + LoadMessage(186), message_style::kStop,
-      {});
+  Report(messages, journals, LoadMessage(185), folder);
+}
+
+void ReportUnreadableSettings(OperatorMessages& messages, Journals& journals, const std::string& path) {
+  Report(messages, journals, "Impossibile leggere il file INI :", path);
 }
 
 }  // namespace orvenza

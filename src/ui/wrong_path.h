@@ -11,4 +11,7 @@ namespace orvenza {
 /// program is going to end. Ending it is the caller's part.
 void ReportWrongPath(OperatorMessages& messages, Journals& journals, const std::string& folder);
 
+/// The same of a settings file that is there and cannot be read.
+void ReportUnreadableSettings(OperatorMessages& messages, Journals& journals, const std::string& path);
+
 }  // namespace orvenza

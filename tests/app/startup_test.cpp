@@ -73,12 +73,12 @@ TEST_F(FirstRun, InAFolderThatCannotBeWrittenEndsWithAMessage) {
   ExpectFatal(shop.person.Shown()[0], kWrongVersion);
   EXPECT_EQ(shop.Sent(), Lines{});
   EXPECT_EQ(shop.Messages("error.txt"),
-            (Lines{"Main - 70 - Permission denied ( " + shop.folder.Path("Orvenza.ini.new )"),
+            (Lines{"Main - 70 - Permission denied ( " + shop.folder.Path("Orvenza.ini )"),
                    "Versione File INI Errata !", "Applicazione Terminata."}));
 }
 
 TEST_F(FirstRun, OnAFullDiskIsFollowedByAGoodOne) {
-  shop.files.FailNth("Write", 5, 61);
+  shop.files.FailNext("Write", 61);
   shop.Answer("Ok");
   shop.Run(5s);
   ASSERT_EQ(shop.person.Shown().size(), 1U);
@@ -87,7 +87,6 @@ TEST_F(FirstRun, OnAFullDiskIsFollowedByAGoodOne) {
   shop.Run(5s);
   EXPECT_EQ(shop.person.Shown().back().kind, DialogKind::kPortSettings);
   EXPECT_NE(shop.folder.Read("Orvenza.ini").find("File Parser=0\r\n"), std::string::npos);
-  EXPECT_FALSE(shop.folder.Has("Orvenza.ini.new"));
   EXPECT_EQ(shop.Log().back(), "End");
 }
 
@@ -188,6 +187,59 @@ TEST(Startup, UnknownSettingsVersionEndsTheProgram) {
   EXPECT_FALSE(shop.folder.Has("Log.txt"));
 }
 
+/// Settings that exist and cannot be read, by the operation that fails.
+class UnreadableSettings : public testing::TestWithParam<const char*> {
+ protected:
+  UnreadableSettings() {
+    shop.Configure("Com Settings", "ComPort", "3");
+    shop.files.FailAlways(GetParam(), "Orvenza.ini", error_number::kDeviceError);
+  }
+  Shop shop;
+};
+
+INSTANTIATE_TEST_SUITE_P(Startup, UnreadableSettings, testing::Values("Exists", "OpenForReading", "Read"));
+
+TEST_P(UnreadableSettings, EndTheStartWithNothingWritten) {
+  const std::string before = shop.folder.Read("Orvenza.ini");
+  shop.Drop("a.txt", {"0;1;"});
+  shop.Answer("Ok");
+  shop.RunToItsEnd();
+  const std::string path = shop.folder.Path("Orvenza.ini");
+  ASSERT_EQ(shop.person.Shown().size(), 1U);
+  ExpectFatal(shop.person.Shown()[0],
+              "\r\nImpossibile leggere il file INI :\r\n" + path + "\r\n\r\nIl programma sarà terminato.");
+  EXPECT_EQ(shop.Messages("error.txt"), (Lines{"Main - 57 - Device I/O error ( " + path + " )",
+                                               "Impossibile leggere il file INI : " + path}));
+  EXPECT_EQ(shop.folder.Read("Orvenza.ini"), before);
+  EXPECT_EQ(shop.Names(""), (Lines{"Orvenza.ini", "error.txt"}));
+  EXPECT_EQ(shop.Sent(), Lines{});
+}
+
+TEST_P(UnreadableSettings, AreTriedAgainForAFewSeconds) {
+  const std::string before = shop.folder.Read("Orvenza.ini");
+  shop.After(4s, [&] { shop.files.Heal(); });
+  shop.Run(10s);
+  EXPECT_EQ(shop.folder.Read("Orvenza.ini"), before);
+  EXPECT_EQ(shop.link.Property(LinkProperty::kPortNumber), 3);
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST_P(UnreadableSettings, AreNotReplacedByThePortDialog) {
+  const std::string before = shop.folder.Read("Orvenza.ini");
+  shop.files.Heal();
+  shop.Answer("COM7 9600 None 8 1");
+  shop.After(5s, [&] {
+    shop.files.FailAlways(GetParam(), "Orvenza.ini", error_number::kDeviceError);
+    shop.UseMenu(MenuItem::kConfigure);
+    shop.files.Heal();
+  });
+  shop.Run(10s);
+  EXPECT_EQ(shop.link.Property(LinkProperty::kPortNumber), 7);
+  const std::string after = shop.folder.Read("Orvenza.ini");
+  EXPECT_TRUE(after == before || after.find("ComPort=7\r\n") != std::string::npos) << after;
+  EXPECT_NE(after.find("Version=1.06"), std::string::npos);
+}
+
 TEST(Startup, OldSettingsAreUpgradedWithOneBoxAStep) {
   Shop shop;
   shop.Configure("Version", "Version", "1.00");
@@ -256,7 +308,7 @@ TEST(Startup, ErrorTextsThatCannotBeWrittenAreLoggedAndStartUpGoesOn) {
   Shop shop;
   shop.files.FailAlways("Write", "ErrDesc", 61);
   shop.Run(5s);
-  EXPECT_EQ(shop.Err(), Lines{"Main - 61 - Disk full ( " + shop.folder.Path("ErrDesc.ini.new )")});
+  EXPECT_EQ(shop.Err(), Lines{"Main - 61 - Disk full ( " + shop.folder.Path("ErrDesc.ini )")});
   EXPECT_EQ(shop.Log().back(), "End");
 }
 

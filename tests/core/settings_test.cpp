@@ -45,48 +45,41 @@ TEST_F(SettingsTest, TheDefaultFileHasEveryKeyInItsOrder) {
             "File Parser=0\r\n");
 }
 
-TEST_F(SettingsTest, ADefaultFileCutShortByAFullDiskIsNotUnderItsName) {
-  for (const int written : {1, 3, 17}) {
-    files.FailNth("Write", written, error_number::kDiskFull);
-    EXPECT_EQ(FailureOf([&] { file.WriteDefaultIni(); }), "61 Disk full ( C:\\shop\\Orvenza.ini.new )");
-    EXPECT_FALSE(memory.Exists("C:\\shop\\Orvenza.ini")) << written;
+TEST_F(SettingsTest, TheDefaultFilesAreWrittenAtOneGo) {
+  int writes = 0;
+  files.Before("Write", [&](const std::string&) { ++writes; });
+  file.WriteDefaultIni();
+  file.WriteDefaultErrDesc();
+  EXPECT_EQ(writes, 2);
+}
+
+TEST_F(SettingsTest, ADefaultFileThatCannotBeWrittenIsNotThere) {
+  files.FailAlways("Write", "", error_number::kDiskFull);
+  EXPECT_EQ(FailureOf([&] { file.WriteDefaultIni(); }), "61 Disk full ( C:\\shop\\Orvenza.ini )");
+  EXPECT_EQ(FailureOf([&] { file.WriteDefaultErrDesc(); }), "61 Disk full ( C:\\shop\\ErrDesc.ini )");
+  EXPECT_TRUE(memory.content.empty());
+}
+
+TEST_F(SettingsTest, AFileThatCannotBeReadChangesNothing) {
+  Ini() = "[Version]\r\nVersion=1.05\r\n";
+  const auto before = memory.content;
+  for (const char* operation : {"Exists", "OpenForReading", "Read"}) {
+    files.FailAlways(operation, "Orvenza.ini", error_number::kDeviceError);
+    const std::string failure = "57 Device I/O error ( C:\\shop\\Orvenza.ini )";
+    EXPECT_EQ(FailureOf([&] { file.UpgradeIni(settings, [] {}); }), failure);
+    EXPECT_EQ(FailureOf([&] { file.ReadIni(settings); }), failure);
+    EXPECT_EQ(settings.LogPath, "");
+    files.Heal();
   }
+  EXPECT_EQ(memory.content, before);
 }
 
-TEST_F(SettingsTest, ADefaultFileCutShortIsCompletedByTheNextTry) {
-  file.WriteDefaultIni();
-  const std::string whole = Ini();
-  memory.content.clear();
-  files.FailNth("Write", 5, error_number::kDiskFull);
-  journals.Attempt("Main - ", [&] { file.WriteDefaultIni(); });
-  file.WriteDefaultIni();
-  EXPECT_EQ(Ini(), whole);
-  EXPECT_FALSE(memory.Exists("C:\\shop\\Orvenza.ini.new"));
-}
-
-TEST_F(SettingsTest, AForeignDraftLeavesNothingInTheDefaultFile) {
-  file.WriteDefaultIni();
-  const std::string whole = Ini();
-  memory.content = {
-      {"C:\\shop\\Orvenza.ini.new", "junk\r\n[General]\r\nFile Parser=1\r\n[Other]\r\nKey=x\r\n"}};
-  files.FailAlways("Remove", "Orvenza.ini.new", error_number::kPermissionDenied);  // It is read-only.
-  files.Before("ClearAttributes", [&](const std::string&) { files.Heal(); });
-  file.WriteDefaultIni();
-  EXPECT_EQ(Ini(), whole);
-  EXPECT_FALSE(memory.Exists("C:\\shop\\Orvenza.ini.new"));
-}
-
-TEST_F(SettingsTest, ADraftThatCannotBeRemovedIsLeftAlone) {
-  memory.content["C:\\shop\\Orvenza.ini.new"] = "junk";
-  files.FailAlways("Remove", "", error_number::kPermissionDenied);
-  EXPECT_EQ(FailureOf([&] { file.WriteDefaultIni(); }), "70 Permission denied ( C:\\shop\\Orvenza.ini.new )");
-  EXPECT_EQ(memory.content, (std::map<std::string, std::string>{{"C:\\shop\\Orvenza.ini.new", "junk"}}));
-}
-
-TEST_F(SettingsTest, ErrorDescriptionsCutShortByAFullDiskAreNotUnderTheirName) {
-  files.FailNth("Write", 2, error_number::kDiskFull);
-  EXPECT_EQ(FailureOf([&] { file.WriteDefaultErrDesc(); }), "61 Disk full ( C:\\shop\\ErrDesc.ini.new )");
-  EXPECT_FALSE(memory.Exists("C:\\shop\\ErrDesc.ini"));
+TEST_F(SettingsTest, TheFileIsReadAtOneGo) {
+  Ini() = "[Com Settings]\r\nComPort=3\r\n";
+  int reads = 0;
+  files.Before("OpenForReading", [&](const std::string&) { ++reads; });
+  file.ReadIni(settings);
+  EXPECT_EQ(reads, 1);
 }
 
 TEST_F(SettingsTest, TheDefaultFileReadsAsItSays) {

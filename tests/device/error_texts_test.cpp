@@ -6,6 +6,7 @@
 
 #include "platform/ini_profile_file.h"
 #include "platform/system_error.h"
+#include "support/faulty_files.h"
 #include "support/memory_files.h"
 
 namespace orvenza::test {
@@ -114,6 +115,18 @@ TEST_F(ErrorTextsTest, TheTableIsNeverReplaced) {
   ErrDesc("[Error Description]\r\n508=Altro\r\n8=Altro\r\n08=Altro\r\n");
   texts.LoadEcrErrorTable();
   EXPECT_EQ(texts.EcrErrorText(8), "08-Tasto Errato");
+}
+
+TEST_F(ErrorTextsTest, AFileThatCannotBeReadLeavesTheCataloguesText) {
+  ErrDesc("[Error Description]\r\n110=Carta !\r\n");
+  FaultyFiles faulty(files);
+  IniProfileFile unreadable(faulty);
+  const ErrorTexts fallen(unreadable, "C:\\shop\\ErrDesc.ini");
+  EXPECT_EQ(fallen.MessageText(110), "Carta !");
+  for (const char* operation : {"Exists", "OpenForReading", "Read"}) {
+    faulty.FailNext(operation, error_number::kDeviceError);
+    EXPECT_EQ(fallen.MessageText(110), "Attenzione ! Carta Giornale Esaurita !") << operation;
+  }
 }
 
 }  // namespace

@@ -45,14 +45,13 @@ TEST(Doctor, LeavesTheInstallationAsItIs) {
 
   SystemFiles files;
   SystemFolders folders;
-  SystemProfileFile profile(files);
   VirtualClock clock;
   SystemMachine machine;
   std::istringstream in;
   std::ostringstream out;
   std::ostringstream err;
   Console console{in, out, err};
-  LabSurroundings lab{files, folders, profile, clock, machine, console, folder.Path()};
+  LabSurroundings lab{files, folders, clock, machine, console, folder.Path()};
   EXPECT_EQ(RunLab({"doctor"}, {DoctorCommand()}, lab), 2);
   EXPECT_NE(out.str().find("settings.repaired"), std::string::npos);
   EXPECT_EQ(Everything(folder), before);

@@ -6,7 +6,6 @@
 
 #include "lab/commands.h"
 #include "lab/fake_machine.h"
-#include "platform/ini_profile_file.h"
 #include "simulator/virtual_clock.h"
 #include "support/memory_files.h"
 #include "support/system_seams.h"
@@ -23,14 +22,13 @@ class LabBench {
 
   MemoryFiles files;
   SystemFolders folders;
-  IniProfileFile profile{files};
   VirtualClock clock;
   FakeMachine machine;
   std::istringstream in;
   std::ostringstream out;
   std::ostringstream err;
   Console console{in, out, err};
-  LabSurroundings surroundings{files, folders, profile, clock, machine, console, "home"};
+  LabSurroundings surroundings{files, folders, clock, machine, console, "home"};
 
  private:
   std::vector<Command> commands_;

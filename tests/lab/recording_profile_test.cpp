@@ -2,17 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/ini_profile_file.h"
-#include "support/memory_files.h"
+#include "platform/ini_text.h"
 
 namespace orvenza::test {
 namespace {
 
 class RecordingProfileTest : public ::testing::Test {
  protected:
-  RecordingProfileTest() { files.content["a.ini"] = "[S]\r\nkey=1\r\nempty=\r\n"; }
-
-  std::string Read(const std::string& key) { return profile.Read("a.ini", "S", key, "fallback"); }
+  std::string Read(const std::string& key) {
+    return profile.Load("a.ini")->Value("S", key).value_or("missing");
+  }
 
   /// Every key that was asked for, with its answer.
   std::string Asked() const {
@@ -23,16 +22,15 @@ class RecordingProfileTest : public ::testing::Test {
     return text;
   }
 
-  MemoryFiles files;
-  IniProfileFile behind{files};
-  RecordingProfile profile{&behind};
+  IniText behind{"[S]\r\nkey=1\r\nempty=\r\n"};
+  RecordingProfile profile{behind};
 };
 
 TEST_F(RecordingProfileTest, NotesWhatWasFoundAndWhatWasMissing) {
   EXPECT_EQ(Read("key"), "1");
   EXPECT_EQ(Read("empty"), "");
-  EXPECT_EQ(Read("none"), "fallback");
-  EXPECT_EQ(Asked(), "S/key=1\nS/empty=\nS/none=fallback missing\n");
+  EXPECT_EQ(Read("none"), "missing");
+  EXPECT_EQ(Asked(), "S/key=1\nS/empty=\nS/none= missing\n");
 }
 
 TEST_F(RecordingProfileTest, ReadsBackWhatWasWrittenToIt) {
@@ -45,14 +43,10 @@ TEST_F(RecordingProfileTest, ReadsBackWhatWasWrittenToIt) {
   EXPECT_EQ(profile.AllWritten().front().text, "3");
 }
 
-TEST_F(RecordingProfileTest, LeavesTheFileAsItIs) {
-  const auto before = files.content;
-  profile.Write("a.ini", "S", "key", "2");
-  EXPECT_EQ(files.content, before);
-}
-
-TEST_F(RecordingProfileTest, MayStandForAFileWithNothingInIt) {
-  EXPECT_EQ(RecordingProfile(nullptr).Read("a.ini", "S", "key", "fallback"), "fallback");
+TEST_F(RecordingProfileTest, LeavesTheContentBehindItAsItIs) {
+  profile.WriteAll({{"S", "key", "2"}});
+  EXPECT_EQ(Read("key"), "2");
+  EXPECT_EQ(behind.Value("S", "key"), "1");
 }
 
 }  // namespace

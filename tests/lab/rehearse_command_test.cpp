@@ -8,7 +8,6 @@
 
 #include "lab/commands.h"
 #include "lab/fake_machine.h"
-#include "platform/ini_profile_file.h"
 #include "simulator/virtual_clock.h"
 #include "simulator/virtual_disk.h"
 
@@ -34,14 +33,12 @@ class RehearseCommandTest : public ::testing::Test {
   int Run(const std::vector<std::string>& words) {
     std::vector<std::string> all{"rehearse"};
     all.insert(all.end(), words.begin(), words.end());
-    LabSurroundings surroundings{disk.FileSeam(), disk.FolderSeam(), profile,  clock,
-                                 machine,         console,           "C:\\lab"};
+    LabSurroundings surroundings{disk.FileSeam(), disk.FolderSeam(), clock, machine, console, "C:\\lab"};
     return RunLab(all, {RehearseCommand()}, surroundings);
   }
 
   VirtualClock clock;
   VirtualDisk disk{clock, "C:\\work"};
-  IniProfileFile profile{disk.FileSeam()};
   std::istringstream in;
   std::ostringstream out;
   std::ostringstream err;

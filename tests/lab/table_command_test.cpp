@@ -17,7 +17,7 @@ struct RestlessClock : VirtualClock {
 /// A lab whose time passes.
 struct TableLab : LabBench {
   RestlessClock restless;
-  LabSurroundings passing{files, folders, profile, restless, machine, console, "home"};
+  LabSurroundings passing{files, folders, restless, machine, console, "home"};
 
   int Run(const std::vector<std::string>& words) { return RunLab(words, Commands(), passing); }
 };

@@ -11,205 +11,83 @@ namespace {
 
 const std::string kPath = "C:\\shop\\Orvenza.ini";
 
-std::string ReadFrom(const std::string& text, const std::string& section, const std::string& key) {
-  MemoryFiles files;
-  files.content[kPath] = text;
-  return IniProfileFile(files).Read(kPath, section, key, "fallback");
-}
-
-std::string WriteInto(const std::string& text, const std::string& section, const std::string& key,
-                      const std::string& value) {
-  MemoryFiles files;
-  files.content[kPath] = text;
-  IniProfileFile(files).Write(kPath, section, key, value);
-  return files.content[kPath];
-}
-
-TEST(IniProfileFile, ReadsTheseValues) {
-  const struct {
-    const char* text;
-    const char* value;
-  } rows[] = {
-      {"[S]\r\nk=v\r\n", "v"},
-      {"[S]\nk=v\n", "v"},
-      {"[S]\rk=v\r", "v"},
-      {"[S]\r\nk=v", "v"},
-      {"[s]\r\nK=v\r\n", "v"},
-      {" [ S ] \r\n\t k \t=  v w \t\r\n", "v w"},
-      {"[S]\r\nk=\r\n", ""},
-      {"[S]\r\nk=a=b;c\r\n", "a=b;c"},
-      {"[S]\r\nk=\" v \"\r\n", " v "},
-      {"[S]\r\nk='v'\r\n", "v"},
-      {"[S]\r\nk=''v''\r\n", "'v'"},
-      {"[S]\r\nk=\"v'\r\n", "\"v'"},
-      {"[S]\r\nk='v\r\n", "'v"},
-      {"[S]\r\nk='\r\n", "'"},
-      {"[S]\r\nk=\"\"\r\n", ""},
-      {"[S]\r\nk=1\r\nk=2\r\n", "1"},
-      {"[S]\r\nk=1\r\n[T]\r\nk=2\r\n[S]\r\nk=3\r\n", "1"},
-      {"[T]\r\nk=2\r\n[S]\r\nk=1\r\n", "1"},
-      {"[S]\r\n;k=0\r\n ; k=0\r\nk=1\r\n", "1"},
-      {"[S]\r\ngarbage\r\n\x01\x02\r\nk=1\r\n", "1"},
-      {"[S\r\nk=1\r\n", "1"},
-      {"[S] rest\r\nk=1\r\n", "1"},
-      {"\xEF\xBB\xBF[S]\r\nk=1\r\n", "1"},
-      {"[S]\r\nk=caff\xC3\xA8\r\n", "caff\xC3\xA8"},
-      {"[S]\r\nk=caff\xE8\r\n", "caff\xE8"},
-  };
-  for (const auto& row : rows) EXPECT_EQ(ReadFrom(row.text, "S", "k"), row.value) << row.text;
-}
-
-TEST(IniProfileFile, FindsNoValueHere) {
-  const char* const texts[] = {
-      "",
-      "\r\n\r\n",
-      "[S]\r\n",
-      "k=1\r\n",
-      "k=1\r\n[S]\r\n",
-      "[T]\r\nk=1\r\n",
-      "[S]\r\n;k=1\r\n",
-      "[S]\r\nk\r\n",
-      "[S]\r\nkk=1\r\n",
-      "[S]\r\n[T]\r\nk=1\r\n",
-      "[S]\r\nx=1\r\n[S]\r\nk=1\r\n",
-      "[",
-      "]=[",
-      "\xEF\xBB",
-  };
-  for (const char* text : texts) EXPECT_EQ(ReadFrom(text, "S", "k"), "fallback") << text;
-}
-
-TEST(IniProfileFile, ACommentHasNoKey) { EXPECT_EQ(ReadFrom("[S]\r\n;k=1\r\n", "S", ";k"), "fallback"); }
-
-TEST(IniProfileFile, ReadsPastNuls) {
-  EXPECT_EQ(ReadFrom(std::string("\0\0=\0\r\n[S]\0\r\nk=1\0\r\n", 19), "S", "k"), std::string("1\0", 2));
-}
-
-TEST(IniProfileFile, AKeyMayBeAPhrase) {
-  EXPECT_EQ(ReadFrom("[General]\r\nSeparator (ascii,max 127)=59\r\n", "General", "separator (ASCII,max 127)"),
-            "59");
-}
-
-TEST(IniProfileFile, AMissingFileGivesTheFallback) {
-  MemoryFiles files;
-  EXPECT_EQ(IniProfileFile(files).Read(kPath, "S", "k", "fallback"), "fallback");
-}
-
-TEST(IniProfileFile, AnUnreadableFileGivesTheFallback) {
-  MemoryFiles real;
-  real.content[kPath] = "[S]\r\nk=v\r\n";
-  FaultyFiles files(real);
-  files.FailReadAfter(4, 57);
-  EXPECT_EQ(IniProfileFile(files).Read(kPath, "S", "k", "fallback"), "fallback");
-}
-
-TEST(IniProfileFile, WritesSoThatOneLineChanges) {
-  const struct {
-    const char* before;
-    const char* after;
-  } rows[] = {
-      {"", "[S]\r\nk=v\r\n"},
-      {"[S]\r\nk=old\r\n", "[S]\r\nk=v\r\n"},
-      {"[s]\r\n  K  = \"old\" \r\nx=1\r\n", "[s]\r\nK=v\r\nx=1\r\n"},
-      {"[S]\nk=old\nx=1\n", "[S]\nk=v\r\nx=1\n"},
-      {"[S]\r\nk=old", "[S]\r\nk=v\r\n"},
-      {"[S]", "[S]\r\nk=v\r\n"},
-      {"[S]\r\na=1", "[S]\r\na=1\r\nk=v\r\n"},
-      {"[S]\r\na=1\r\n\r\n[T]\r\nk=2\r\n", "[S]\r\na=1\r\nk=v\r\n\r\n[T]\r\nk=2\r\n"},
-      {"[S]\r\n\r\n[T]\r\n", "[S]\r\nk=v\r\n\r\n[T]\r\n"},
-      {"[T]\r\nk=2\r\n", "[T]\r\nk=2\r\n[S]\r\nk=v\r\n"},
-      {"[T]\r\nk=2", "[T]\r\nk=2\r\n[S]\r\nk=v\r\n"},
-      {"; note\r\n\r\n???\r\n[S]\r\n;k=0\r\njunk\r\n", "; note\r\n\r\n???\r\n[S]\r\n;k=0\r\njunk\r\nk=v\r\n"},
-      {"[S]\r\nk=1\r\nk=2\r\n", "[S]\r\nk=v\r\nk=2\r\n"},
-      {"[S]\r\nx=1\r\n[S]\r\nk=2\r\n", "[S]\r\nx=1\r\nk=v\r\n[S]\r\nk=2\r\n"},
-      {"\xEF\xBB\xBF[S]\r\nk=1\r\n", "\xEF\xBB\xBF[S]\r\nk=v\r\n"},
-      {"\xEF\xBB\xBF", "\xEF\xBB\xBF[S]\r\nk=v\r\n"},
-      {"x=\xE8\r\n[S]\r\n", "x=\xE8\r\n[S]\r\nk=v\r\n"},
-  };
-  for (const auto& row : rows) EXPECT_EQ(WriteInto(row.before, "S", "k", "v"), row.after) << row.before;
-}
-
-TEST(IniProfileFile, AnEmptyKeyIsALineOfItsOwn) {
-  const std::string note = "'***** Command File Name = command.txt *****";
-  const std::string once = WriteInto("[Database]\r\na=1\r\n", "Database", "", note);
-  EXPECT_EQ(once, "[Database]\r\na=1\r\n=" + note + "\r\n");
-  EXPECT_EQ(WriteInto(once, "Database", "", note), once);
-  EXPECT_EQ(WriteInto(once, "Database", "a", "2"), "[Database]\r\na=2\r\n=" + note + "\r\n");
-  EXPECT_EQ(WriteInto(once, "Database", "b", "2"), once + "b=2\r\n");
-}
-
-TEST(IniProfileFile, AnEmptyValueIsWritten) {
-  EXPECT_EQ(WriteInto("[S]\r\nk=1\r\n", "S", "k", ""), "[S]\r\nk=\r\n");
-}
-
-TEST(IniProfileFile, AValueCannotBreakTheFile) {
-  EXPECT_EQ(WriteInto("", "S", "k", "v\r\n[T]"), "[S]\r\nk=v\r\n");
-  EXPECT_EQ(WriteInto("", "S", "k", std::string("v\0w", 3)), "[S]\r\nk=v\r\n");
-}
-
-TEST(IniProfileFile, KeepsNulsElsewhere) {
-  const std::string head("\0junk\0\n", 7);
-  EXPECT_EQ(WriteInto(head, "S", "k", "v"), head + "[S]\r\nk=v\r\n");
-}
-
-TEST(IniProfileFile, AFileOfOneMebibyteIsRead) {
-  const std::string tail = "[S]\r\nk=v\r\n";
-  const std::string text = std::string(IniProfileFile::kLargestFile - tail.size() - 1, ';') + "\n" + tail;
-  EXPECT_EQ(ReadFrom(text, "S", "k"), "v");
-}
-
-TEST(IniProfileFile, ALargerFileIsLeftAlone) {
-  MemoryFiles files;
-  const std::string text = "[S]\nk=v\n" + std::string(IniProfileFile::kLargestFile, ';');
-  files.content[kPath] = text;
-  IniProfileFile profile(files);
-  EXPECT_EQ(profile.Read(kPath, "S", "k", "fallback"), "fallback");
-  EXPECT_EQ(FailureOf([&] { profile.Write(kPath, "S", "k", "w"); }),
-            "75 Path/File access error ( " + kPath + " )");
-  EXPECT_EQ(files.content[kPath], text);
-}
-
-TEST(IniProfileFile, AFileThatCannotBeReadIsNotOverwritten) {
-  MemoryFiles real;
-  real.content[kPath] = "[S]\r\nk=v\r\n";
-  FaultyFiles files(real);
-  files.FailNext("Read", 57);
-  EXPECT_EQ(FailureOf([&] { IniProfileFile(files).Write(kPath, "S", "k", "w"); }),
-            "57 Device I/O error ( " + kPath + " )");
-  EXPECT_EQ(real.content[kPath], "[S]\r\nk=v\r\n");
-}
-
-TEST(IniProfileFile, AWriteThatFailsIsReported) {
-  MemoryFiles real;
-  FaultyFiles files(real);
-  files.FailNext("Write", 61);
-  EXPECT_EQ(FailureOf([&] { IniProfileFile(files).Write(kPath, "S", "k", "w"); }),
-            "61 Disk full ( " + kPath + " )");
-}
-
-std::string Listed(std::string_view text) {
-  std::string listed;
-  for (const IniLine& line : ListIniLines(text)) {
-    const char* kinds[] = {"section", "entry", "meaningless"};
-    listed += std::to_string(line.number) + " " + kinds[static_cast<int>(line.kind)] + " " + line.name + "\n";
+class IniProfileFileTest : public ::testing::Test {
+ protected:
+  std::string& Ini() { return memory.content[kPath]; }
+  std::string Read() { return profile.Load(kPath)->Value("S", "k").value_or("missing"); }
+  std::string FailureOfReading() {
+    return FailureOf([&] { Read(); });
   }
-  return listed;
+  std::string FailureOfWriting() {
+    return FailureOf([&] { profile.Write(kPath, "S", "k", "w"); });
+  }
+
+  MemoryFiles memory;
+  FaultyFiles files{memory};
+  IniProfileFile profile{files};
+};
+
+TEST_F(IniProfileFileTest, ReadsAndWritesAFile) {
+  Ini() = "; a note\r\n[S]\r\nk=v\r\n";
+  EXPECT_EQ(Read(), "v");
+  profile.Write(kPath, "S", "k", "w");
+  EXPECT_EQ(Ini(), "; a note\r\n[S]\r\nk=w\r\n");
 }
 
-TEST(ListIniLines, TellsWhatEachLineIs) {
-  EXPECT_EQ(Listed("\xEF\xBB\xBF[ A ]\r\n; no = line\n\n key = 1\rgarbage\n=note\n[B"),
-            "1 section A\n"
-            "4 entry key\n"
-            "5 meaningless \n"
-            "6 entry \n"
-            "7 section B\n");
-  EXPECT_EQ(Listed(""), "");
+TEST_F(IniProfileFileTest, WhatWasReadStaysAsItWas) {
+  Ini() = "[S]\r\nk=v\r\n";
+  const auto content = profile.Load(kPath);
+  profile.Write(kPath, "S", "k", "w");
+  files.FailAlways("OpenForReading", "", error_number::kDeviceError);
+  EXPECT_EQ(content->Value("S", "k"), "v");
 }
 
-TEST(ListIniLines, ComparesNamesWithoutRegardToCase) {
-  EXPECT_TRUE(IsSameIniName("ComPort", "COMPORT"));
-  EXPECT_FALSE(IsSameIniName("ComPort", "ComPor"));
-  EXPECT_FALSE(IsSameIniName("ComPort", "ComPortX"));
+TEST_F(IniProfileFileTest, AMissingFileSaysNothing) { EXPECT_EQ(Read(), "missing"); }
+
+TEST_F(IniProfileFileTest, AMissingFileIsNotMade) {
+  EXPECT_EQ(FailureOfWriting(), "53 File not found ( " + kPath + " )");
+  EXPECT_TRUE(memory.content.empty());
+}
+
+TEST_F(IniProfileFileTest, AFileThatCannotBeReadIsNeitherTakenForAMissingOneNorReplaced) {
+  const std::string text = "[S]\r\nk=v\r\n";
+  for (const char* operation : {"Exists", "OpenForReading", "Read"}) {
+    Ini() = text;
+    files.FailAlways(operation, "", error_number::kDeviceError);
+    EXPECT_EQ(FailureOfReading(), "57 Device I/O error ( " + kPath + " )") << operation;
+    FailureOfWriting();
+    files.Heal();
+    EXPECT_TRUE(Ini() == text || Ini() == "[S]\r\nk=w\r\n") << operation;
+  }
+}
+
+TEST_F(IniProfileFileTest, AFileThatFailsHalfwayIsNotReplaced) {
+  const std::string text = "[S]\r\nk=v\r\n";
+  Ini() = text;
+  files.FailReadAfter(4, error_number::kDeviceError);
+  EXPECT_EQ(FailureOfReading(), "57 Device I/O error ( " + kPath + " )");
+  EXPECT_EQ(FailureOfWriting(), "57 Device I/O error ( " + kPath + " )");
+  EXPECT_EQ(Ini(), text);
+}
+
+TEST_F(IniProfileFileTest, AFileOfOneMebibyteIsRead) {
+  const std::string tail = "[S]\r\nk=v\r\n";
+  Ini() = std::string(IniProfileFile::kLargestFile - tail.size() - 1, ';') + "\n" + tail;
+  EXPECT_EQ(Read(), "v");
+}
+
+TEST_F(IniProfileFileTest, ALargerFileIsLeftAlone) {
+  const std::string text = "[S]\nk=v\n" + std::string(IniProfileFile::kLargestFile, ';');
+  Ini() = text;
+  EXPECT_EQ(FailureOfReading(), "75 Path/File access error ( " + kPath + " )");
+  EXPECT_EQ(FailureOfWriting(), "75 Path/File access error ( " + kPath + " )");
+  EXPECT_EQ(Ini(), text);
+}
+
+TEST_F(IniProfileFileTest, AWriteThatFailsIsReported) {
+  Ini() = "[S]\r\n";
+  files.FailNext("Write", error_number::kDiskFull);
+  EXPECT_EQ(FailureOfWriting(), "61 Disk full ( " + kPath + " )");
 }
 
 }  // namespace

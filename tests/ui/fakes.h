@@ -141,10 +141,7 @@ class FakeProfile : public ProfileFile {
   bool writesFail = false;
   int attempts = 0;
 
-  std::string Read(const std::string&, const std::string&, const std::string&,
-                   const std::string& fallback) const override {
-    return fallback;
-  }
+  std::unique_ptr<ProfileContent> Load(const std::string&) const override { return nullptr; }
   void Write(const std::string& path, const std::string& section, const std::string& key,
              const std::string& value) override {
     ++attempts;

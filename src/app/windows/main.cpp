@@ -9,6 +9,7 @@
 #include "app/simulation.h"
 #include "core/version.h"
 #include "device/windows/ecr_link_adapter.h"
+#include "platform/ini_profile_file.h"
 #include "platform/instance_lock.h"
 #include "platform/program_end.h"
 #include "platform/windows/program_place.h"
@@ -16,7 +17,6 @@
 #include "platform/windows/windows_event_pump.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_folders.h"
-#include "platform/windows/windows_profile_file.h"
 #include "ui/operator_message.h"
 #include "ui/windows/parent_console.h"
 #include "ui/windows/windows_operator.h"
@@ -62,7 +62,8 @@ int RunConnector(const ProgramPaths& paths, const std::optional<FaultScript>& sc
   WindowsFolders folders;
   WindowsClock clock;
   WindowsEventPump pump;
-  WindowsProfileFile profile;
+  WindowsFiles settingsFiles(WhileRead::kEverything);  // An editor may have them open.
+  IniProfileFile profile(settingsFiles);
   EventLoop loop(clock, pump);
   WindowsOperator person(loop, pump, paths.AppPath, paths.ExecutableName + " - " + kVersionText);
   std::optional<Simulation> simulation;

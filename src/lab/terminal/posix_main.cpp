@@ -7,7 +7,6 @@
 
 #include "lab/commands.h"
 #include "lab/posix/posix_machine.h"
-#include "platform/ini_profile_file.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_folders.h"
@@ -26,12 +25,11 @@ int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   PosixFiles files;
   PosixFolders folders;
-  IniProfileFile profile(files);
   PosixClock clock;
   PosixMachine machine;
   const bool terminal = ::isatty(STDOUT_FILENO) != 0;
   Console console{std::cin, std::cout, std::cerr, terminal && WantsColours(), ::isatty(STDERR_FILENO) != 0,
                   terminal};
-  LabSurroundings surroundings{files, folders, profile, clock, machine, console, HomeFolder()};
+  LabSurroundings surroundings{files, folders, clock, machine, console, HomeFolder()};
   return RunLab({argv + 1, argv + argc}, Commands(), surroundings);
 }

@@ -12,7 +12,6 @@
 #include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_folders.h"
-#include "platform/windows/windows_profile_file.h"
 
 int main() {
   using namespace orvenza;
@@ -29,7 +28,6 @@ int main() {
   // The connector may be at work: it must not find a journal taken.
   WindowsFiles files(WhileRead::kEverything);
   WindowsFolders folders;
-  WindowsProfileFile profile;
   WindowsClock clock;
   WindowsMachine machine;
   Console console{std::cin,
@@ -38,7 +36,7 @@ int main() {
                   mode.ShowsColours() && WantsColours(),
                   mode.ErrorIsConsole(),
                   mode.OutputIsConsole()};
-  LabSurroundings surroundings{files, folders, profile, clock, machine, console, HomeFolder()};
+  LabSurroundings surroundings{files, folders, clock, machine, console, HomeFolder()};
   const int status = RunLab(CommandWords(), Commands(), surroundings);
   output.flush();  // before the console is put back as it was
   return status;
