@@ -73,6 +73,7 @@ void Connector::Main(bool anotherInstanceRuns) {
     return;
   }
   PrepareSettings();
+  RemoveUnfinished();
   errorTexts_.LoadEcrErrorTable();
   journals_.WrLog(LoadMessage(102) + " Rel. " + kVersionText);
   LoadMainForm();
@@ -117,6 +118,14 @@ void Connector::ReadSettings(const std::function<void()>& read) {
   if (journals_.Attempt(kMainLabel, read)) return;
   ReportUnreadableSettings(messages_, journals_, paths_.Ini());
   throw ProgramEnd{.unload = false};
+}
+
+/// No other instance writes there: this one has been let in.
+void Connector::RemoveUnfinished() {
+  for (const std::string& folder : {paths_.AppPath + "\\", settings_.TicketFolder, settings_.InProcessFolder,
+                                    settings_.AbortFolder, settings_.HistoricFolder}) {
+    if (!folder.empty()) folders_.RemoveUnfinished(folder);
+  }
 }
 
 void Connector::LoadMainForm() {

@@ -67,6 +67,7 @@ class Connector {
   void Main(bool anotherInstanceRuns);
   void PrepareSettings();
   void ReadSettings(const std::function<void()>& read);
+  void RemoveUnfinished();
   void LoadMainForm();
   void RotateHistoric();
   void RequireTicketFolder();

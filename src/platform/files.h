@@ -75,7 +75,8 @@ class Files {
   virtual void CopyModified(const std::string& from, const std::string& to) = 0;
 };
 
-/// Ending of a file that is still being written beside its target. Listings never show such names.
+/// Ending of a file that is still being written beside its target. Listings never show such names, see
+/// Folders::RemoveUnfinished.
 inline constexpr std::string_view kUnfinishedSuffix = ".orv~";
 
 /// Whether there is a file, or may be one: a look that fails counts as a file. Never fails.

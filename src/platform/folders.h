@@ -35,8 +35,13 @@ class Folders {
 
   /// The entries, "." and ".." left out, of the folder before the last "\" of `pattern` whose names match the
   /// mask after it: "*" and "?" as usual, "*.*" for every name, letter case ignored. In no particular order.
-  /// Files still being written by this program are not shown. Throws SystemError (76 for a missing folder).
+  /// Files still being written are not shown. Throws SystemError (76 for a missing folder).
   virtual FolderListing ListFolder(const std::string& pattern) const = 0;
+
+  /// Removes from `folder`, whose path ends in "\", the files that ListFolder never shows: what a program that was cut short has left
+  /// half written. Only for a folder in which no other instance writes. Never fails: what cannot be removed
+  /// stays.
+  virtual void RemoveUnfinished(const std::string& folder) = 0;
 
   /// Makes one level; its parent must exist. Throws SystemError.
   virtual void Create(const std::string& path) = 0;

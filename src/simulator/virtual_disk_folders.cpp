@@ -1,6 +1,8 @@
+#include <iterator>
 #include <utility>
 
 #include "core/folder_path.h"
+#include "platform/files.h"
 #include "platform/name_mask.h"
 #include "platform/system_error.h"
 #include "simulator/virtual_disk.h"
@@ -27,10 +29,24 @@ class VirtualDisk::FoldersOfDisk : public Folders {
     for (auto at = disk_.nodes_.lower_bound(prefix);
          at != disk_.nodes_.end() && at->first.starts_with(prefix); ++at) {
       const Node& node = at->second;
-      const bool deeper = at->first.find('\\', prefix.size()) != std::string::npos;
-      if (!deeper && MatchesMask(node.name, pattern.substr(maskAt))) listing.push_back(EntryOf(node));
+      if (IsDeeper(*at, prefix) || node.name.ends_with(kUnfinishedSuffix)) continue;
+      if (MatchesMask(node.name, pattern.substr(maskAt))) listing.push_back(EntryOf(node));
     }
     return listing;
+  }
+
+  void RemoveUnfinished(const std::string& folder) override {
+    const std::string prefix = disk_.KeyOf(folder) + "\\";
+    const auto isLeft = [&](const auto& entry) {
+      const Node& node = entry.second;
+      return entry.first.starts_with(prefix) && !IsDeeper(entry, prefix) && !disk_.IsAway(prefix) &&
+             node.name.ends_with(kUnfinishedSuffix) && !node.isFolder && node.hold == FileHold::kNone;
+    };
+    for (auto at = disk_.nodes_.begin(); at != disk_.nodes_.end();) {
+      const std::string path = isLeft(*at) ? folder + at->second.name : std::string();
+      at = path.empty() ? std::next(at) : disk_.nodes_.erase(at);
+      if (!path.empty()) disk_.Tell({DiskAct::kRemoved, path});
+    }
   }
 
   void Create(const std::string& path) override {
@@ -68,6 +84,10 @@ class VirtualDisk::FoldersOfDisk : public Folders {
   }
 
  private:
+  /// Whether an entry, which lies below the folder of `prefix`, lies below a folder in that.
+  static bool IsDeeper(const std::pair<const std::string, Node>& entry, const std::string& prefix) {
+    return entry.first.find('\\', prefix.size()) != std::string::npos;
+  }
   static FolderEntry EntryOf(const Node& node) {
     return {node.name,     node.content.size(), node.created,
             node.modified, node.modified,       node.readOnly ? " R    " : "      ",

@@ -321,6 +321,26 @@ TEST(Startup, ErrorTextsThatCannotBeLookedAtAreNotReplaced) {
   EXPECT_EQ(shop.Err(), Lines{"Main - 57 - Device I/O error ( " + shop.folder.Path("ErrDesc.ini )")});
 }
 
+TEST(Startup, RemovesWhatAPowerCutLeftHalfWritten) {
+  Shop shop;
+  const Lines left = {"Orvenza.ini.orv~", "data\\inproces\\a.txt.orv~", "data\\abort\\a.txt.orv~",
+                      "data\\zz.txt.orv~", "storico\\1.txt.orv~"};
+  for (const std::string& name : left) shop.folder.Write(name, "half");
+  shop.folder.Write("other\\b.txt.orv~", "not ours");
+  shop.Run(5s);
+  for (const std::string& name : left) EXPECT_FALSE(shop.folder.Has(name)) << name;
+  EXPECT_TRUE(shop.folder.Has("other\\b.txt.orv~"));
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
+TEST(Startup, ASecondInstanceRemovesNothingThatIsBeingWritten) {
+  Shop shop;
+  shop.folder.Write("Orvenza.ini.orv~", "half");
+  shop.Answer("Ok");
+  shop.RunToItsEnd(true);
+  EXPECT_TRUE(shop.folder.Has("Orvenza.ini.orv~"));
+}
+
 TEST(Startup, ErrorTextsOfTheShopAreKeptAndShown) {
   Shop shop("on 1051 reply ERR01\n");
   const std::string texts = "[Error Description]\r\n110=Carta finita\r\n113=&Fatto\r\n";

@@ -34,6 +34,7 @@ class DriveFolders : public Folders {
     return folders.count(name) > 0 || (!name.empty() && name == DriveOf(name));
   }
   FolderListing ListFolder(const std::string&) const override { return {}; }
+  void RemoveUnfinished(const std::string&) override {}
   void Create(const std::string& path) override {
     if (DriveOf(path).empty() && path.find(':') != std::string::npos) throw SystemError(76, path);
     if (Exists(path) || filesInTheWay.count(path) > 0) throw SystemError(75, path);

@@ -85,6 +85,7 @@ class NoFolders : public Folders {
  public:
   bool Exists(const std::string&) const override { return true; }
   FolderListing ListFolder(const std::string&) const override { return {}; }
+  void RemoveUnfinished(const std::string&) override {}
   void Create(const std::string&) override {}
   void Rename(const std::string&, const std::string&) override {}
   std::string DriveOf(const std::string&) const override { return "C:"; }

@@ -195,6 +195,20 @@ TEST_F(VirtualDiskTest, LosesADriveAndFindsItAgainUnchanged) {
   EXPECT_EQ(ReadWhole(files, "D:\\in\\a.txt"), "text");
 }
 
+TEST_F(VirtualDiskTest, RemovesWhatWasLeftHalfWrittenAndNothingElse) {
+  for (const char* path : {"a.txt", "a.txt.orv~", "held.orv~", "deep\\b.orv~"}) disk.Put(path, "x");
+  disk.MakeFolder("C:\\shop\\c.orv~");
+  disk.Hold("held.orv~", FileHold::kReading);
+  EXPECT_EQ(Names("C:\\shop\\*"), (Lines{"a.txt", "deep"})) << "no listing shows them";
+  Lines told;
+  disk.SetObserver([&told](const DiskEvent& event) { told.emplace_back(event.path); });
+  folders.RemoveUnfinished("C:\\shop\\");
+  folders.RemoveUnfinished("C:\\none\\");
+  EXPECT_EQ(told, Lines{"C:\\shop\\a.txt.orv~"});
+  EXPECT_EQ(disk.Paths(),
+            (Lines{"C:\\shop\\a.txt", "C:\\shop\\deep\\b.orv~", "C:\\shop\\held.orv~"}));
+}
+
 TEST_F(VirtualDiskTest, KnowsTheDriveOfAPath) {
   EXPECT_EQ(folders.DriveOf("Z:\\shop\\"), "Z:");
   EXPECT_FALSE(folders.DriveAvailable("Z:\\shop\\"));

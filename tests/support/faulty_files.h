@@ -190,6 +190,7 @@ class FaultyFolders : public Folders, public Faults {
     Reach("ListFolder", pattern);
     return real_.ListFolder(pattern);
   }
+  void RemoveUnfinished(const std::string& folder) override { real_.RemoveUnfinished(folder); }
   void Create(const std::string& path) override {
     Reach("Create", path);
     real_.Create(path);

@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -86,6 +87,18 @@ FolderListing PosixFolders::ListFolder(const std::string& pattern) const {
   }
   if (errno != 0) ThrowFolderError(errno, path);
   return listing;
+}
+
+void PosixFolders::RemoveUnfinished(const std::string& path) {
+  try {
+    const OpenFolder folder = Open(NativePath(path), path);
+    while (const dirent* entry = ::readdir(folder.get())) {
+      if (!std::string_view(entry->d_name).ends_with(kUnfinishedSuffix)) continue;
+      ::unlinkat(::dirfd(folder.get()), entry->d_name, 0);
+    }
+  } catch (const SystemError&) {
+    // There is nothing to be removed from it, or nothing can be.
+  }
 }
 
 void PosixFolders::Create(const std::string& path) {

@@ -56,6 +56,21 @@ FolderListing WindowsFolders::ListFolder(const std::string& pattern) const {
   return listing;
 }
 
+void WindowsFolders::RemoveUnfinished(const std::string& path) {
+  try {
+    const std::wstring folder = NativeFolderPath(path) + L"\\";
+    WIN32_FIND_DATAW data{};
+    const FindHandle search(::FindFirstFileW((folder + L"*").c_str(), &data));
+    if (!search.Valid()) return;
+    do {
+      const std::wstring_view name = data.cFileName;
+      if (name.ends_with(ToWide(kUnfinishedSuffix))) ::DeleteFileW((folder + data.cFileName).c_str());
+    } while (::FindNextFileW(search.Get(), &data));
+  } catch (const SystemError&) {
+    // No such folder can be.
+  }
+}
+
 void WindowsFolders::Create(const std::string& path) {
   if (!::CreateDirectoryW(NativeFolderPath(path).c_str(), nullptr)) ThrowFolderError(::GetLastError(), path);
 }

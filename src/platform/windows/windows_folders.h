@@ -12,6 +12,7 @@ class WindowsFolders : public Folders {
 
   bool Exists(const std::string& path) const override;
   FolderListing ListFolder(const std::string& pattern) const override;
+  void RemoveUnfinished(const std::string& folder) override;
   void Create(const std::string& path) override;
   void Rename(const std::string& from, const std::string& to) override;
   std::string DriveOf(const std::string& path) const override;
