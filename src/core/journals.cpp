@@ -6,6 +6,13 @@
 #include "platform/system_error.h"
 
 namespace orvenza {
+namespace {
+
+std::string FailureLine(std::string_view label, int number, std::string_view description) {
+  return std::string(label).append(std::to_string(number)).append(" - ").append(description);
+}
+
+}  // namespace
 
 Journals::Journals(Files& files, Clock& clock, AppSettings& settings, const std::string& programFolder)
     : files_(files),
@@ -22,23 +29,26 @@ void Journals::WrErr(std::string& message) {
 }
 
 void Journals::WrFailure(std::string_view label, int number, std::string_view description) {
-  std::string line(label);
-  line.append(std::to_string(number)).append(" - ").append(description);
-  WrErr(line);
+  WrErr(FailureLine(label, number, description));
+}
+
+std::optional<std::string> Journals::Try(std::string_view label, const std::function<void()>& step) {
+  try {
+    step();
+    return std::nullopt;
+  } catch (const SystemError& failure) {
+    return FailureLine(label, failure.Number(), failure.Description());
+  } catch (const std::bad_alloc&) {
+    return FailureLine(label, error_number::kOutOfMemory, StandardDescription(error_number::kOutOfMemory));
+  } catch (const std::exception& failure) {
+    return FailureLine(label, error_number::kInternalError, failure.what());
+  }
 }
 
 bool Journals::Attempt(std::string_view label, const std::function<void()>& step) {
-  try {
-    step();
-    return true;
-  } catch (const SystemError& failure) {
-    WrFailure(label, failure.Number(), failure.Description());
-  } catch (const std::bad_alloc&) {
-    WrFailure(label, error_number::kOutOfMemory, StandardDescription(error_number::kOutOfMemory));
-  } catch (const std::exception& failure) {
-    WrFailure(label, error_number::kInternalError, failure.what());
-  }
-  return false;
+  auto failure = Try(label, step);
+  if (failure) WrErr(*failure);
+  return !failure;
 }
 
 std::vector<std::string> Journals::Paths() const {

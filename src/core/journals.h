@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,9 +41,16 @@ class Journals {
   /// Writes `label`, `number`, " - " and `description` to the error log: the form of every trapped failure.
   void WrFailure(std::string_view label, int number, std::string_view description);
 
+  /// Runs one step of a procedure inside its error trap. Returns nothing when the step ran to its end, or else
+  /// the line of its failure, which has not been written. ProgramEnd passes.
+  static std::optional<std::string> Try(std::string_view label, const std::function<void()>& step);
+
   /// Runs one step of a procedure inside its error trap. A failure is written to the error log under `label`,
   /// and the caller goes on with its next step. Returns whether the step ran to its end. ProgramEnd passes.
   bool Attempt(std::string_view label, const std::function<void()>& step);
+
+  /// The clock of the stamps.
+  const Clock& StampClock() const { return clock_; }
 
   /// The files that the journals and their fallbacks are written to, and their "Bak" copies. Some may not
   /// be there.

@@ -19,9 +19,8 @@ namespace {
 
 constexpr const char* kLabel = "Timer1 - ";
 constexpr const char* kReadLabel = "Trasmissione ";
-/// Five seconds of ticks, and a minute of them.
+/// Five seconds of ticks.
 constexpr int kEagerTries = 10;
-constexpr int kTicksBetweenLines = 120;
 /// Bytes of the command file that are looked at. A longer first line is no command.
 constexpr std::size_t kLongestCommand = 64 * 1024;
 /// A megabyte: some hundredths of a second.
@@ -52,6 +51,7 @@ TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& 
       folders_(folders),
       settings_(settings),
       journals_(journals),
+      failures_(journals),
       loop_(loop),
       timer_(timer),
       link_(link),
@@ -65,16 +65,17 @@ TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& 
 
 void TicketPolling::Tick() {
   timer_.SetEnabled(false);
-  const bool newListed = journals_.Attempt(kLabel, [&] { RefreshNewList(); });
+  const bool newListed = failures_.Attempt(kLabel, [&] { RefreshNewList(); });
   // Without the list of what was taken in, a new ticket could replace one of the same name.
-  const bool listed = journals_.Attempt(kLabel, [&] { RefreshInProcessList(); });
+  const bool listed = failures_.Attempt(kLabel, [&] { RefreshInProcessList(); });
   const bool recalled = remembered_.Recall();
   if (newListed && listed) ForgetGone();
   bool quit = false;
-  journals_.Attempt(kLabel, [&] { quit = QuitAsked(); });
+  failures_.Attempt(kLabel, [&] { quit = QuitAsked(); });
   if (quit) Quit();
-  if (listed && recalled) journals_.Attempt(kLabel, [&] { ProcessOneTicket(); });
-  journals_.Attempt(kLabel, [&] { CorrectClock(); });
+  if (listed && recalled) failures_.Attempt(kLabel, [&] { ProcessOneTicket(); });
+  failures_.Attempt(kLabel, [&] { CorrectClock(); });
+  failures_.EndRound();
   timer_.SetEnabled(true);
 }
 
@@ -240,21 +241,9 @@ const std::string* TicketPolling::HeldUpBefore(const std::string& entry) const {
   return nullptr;
 }
 
-/// A step of making a ticket ready. Its failure is told on the first ten ticks, and then once a minute.
+/// A step of making a ticket ready.
 bool TicketPolling::Try(const std::string& entry, const char* label, const std::function<void()>& step) {
-  const auto found = heldUp_.find(entry);
-  const int tries = found == heldUp_.end() ? 0 : found->second;
-  bool done = false;
-  if (tries < kEagerTries || tries % kTicksBetweenLines == 0) {
-    done = journals_.Attempt(label, step);
-  } else {
-    try {
-      step();
-      done = true;
-    } catch (const std::exception&) {
-      // Told already.
-    }
-  }
+  const bool done = failures_.Attempt(label, step);
   if (!done) ++heldUp_[entry];
   return done;
 }

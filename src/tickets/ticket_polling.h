@@ -9,6 +9,7 @@
 #include "core/event_loop.h"
 #include "core/journals.h"
 #include "core/poll_timer.h"
+#include "core/repeated_failures.h"
 #include "core/settings.h"
 #include "device/clock_correction.h"
 #include "device/device_link.h"
@@ -90,6 +91,7 @@ class TicketPolling : public WaitingTickets {
   Folders& folders_;
   const AppSettings& settings_;
   Journals& journals_;
+  RepeatedFailures failures_;  ///< Of what runs on every tick.
   EventLoop& loop_;
   PollTimer& timer_;
   DeviceLink& link_;

@@ -1,0 +1,46 @@
+#include "core/repeated_failures.h"
+
+#include <iterator>
+
+namespace orvenza {
+namespace {
+
+std::string WithCount(const char* what, int count, const std::string& line) {
+  return std::string(what) + " ( " + std::to_string(count) + " volte ) : " + line;
+}
+
+}  // namespace
+
+bool RepeatedFailures::Attempt(std::string_view label, const std::function<void()>& step) {
+  const auto line = Journals::Try(label, step);
+  if (line) Note(*line);
+  return !line;
+}
+
+void RepeatedFailures::Note(const std::string& line) {
+  Failure& failure = failures_[line];
+  failure.roundsWithout = -1;  // with this one
+  ++failure.count;
+  const auto now = journals_.StampClock().Uptime();
+  if (failure.count <= kWrittenAtFirst) {
+    journals_.WrErr(std::string(line));
+  } else if (now - failure.written >= kBetweenLines) {
+    journals_.WrErr(WithCount("Errore ripetuto", failure.count, line));
+  } else {
+    return;
+  }
+  failure.written = now;
+}
+
+void RepeatedFailures::EndRound() {
+  for (auto at = failures_.begin(); at != failures_.end();) {
+    auto& [line, failure] = *at;
+    const bool ended = ++failure.roundsWithout == kRoundsToEnd;
+    if (ended && failure.count > kWrittenAtFirst) {
+      journals_.WrErr(WithCount("Errore cessato", failure.count, line));
+    }
+    at = ended ? failures_.erase(at) : std::next(at);
+  }
+}
+
+}  // namespace orvenza
