@@ -1,26 +1,25 @@
 #include "app/command_line.h"
 
+#include "core/arguments.h"
+
 namespace orvenza {
 
 CommandLine ParseCommandLine(const std::vector<std::string>& words) {
+  const Arguments arguments = ReadArguments(words, {{"--folder", "DIR", {}},
+                                                    {"--simulate", "[SCRIPT]", {}},
+                                                    {"--version", {}, {}},
+                                                    {"--help", {}, {}},
+                                                    {"-h", {}, {}}});
   CommandLine line;
-  for (std::size_t i = 0; i < words.size() && line.error.empty(); ++i) {
-    const std::string& word = words[i];
-    const bool hasValue = i + 1 < words.size() && !words[i + 1].starts_with("--");
-    if (word == "--help" || word == "-h") {
-      line.help = true;
-    } else if (word == "--version") {
-      line.version = true;
-    } else if (word == "--simulate") {
-      line.simulate = true;
-      if (hasValue) line.script = words[++i];
-    } else if (word == "--folder" && hasValue && !words[i + 1].empty()) {
-      line.folder = words[++i];
-    } else if (word == "--folder") {
-      line.error = "--folder needs the name of a folder";
-    } else {
-      line.error = "unknown option '" + word + "'";
-    }
+  line.help = arguments.Has("--help") || arguments.Has("-h");
+  line.version = arguments.Has("--version");
+  line.folder = arguments.Value("--folder").value_or("");
+  line.simulate = arguments.Has("--simulate");
+  const std::string script = arguments.Value("--simulate").value_or("");
+  if (!script.empty()) line.script = script;
+  line.error = arguments.error;
+  if (line.error.empty() && !arguments.words.empty()) {
+    line.error = "unexpected word '" + arguments.words.front() + "'";
   }
   return line;
 }
@@ -43,8 +42,11 @@ std::string Usage(const std::string& menu) {
          "folder.\n"
          "\n"
          "Exit status:\n"
-         "  0  ended, also after a message that says why it cannot start\n"
-         "  2  the command line, the folder or the script cannot be used, or a failure\n";
+         "  0  ended as asked for: by the operator, the host, the system\n"
+         "  2  the command line, the folder or the script cannot be used, or a failure\n"
+         "  3  another Orvenza serves the folder\n"
+         "  4  the settings cannot be read, or are of a version that is not known\n"
+         "  5  a folder that the settings name cannot be made\n";
 }
 
 }  // namespace orvenza

@@ -54,23 +54,20 @@ Connector::Connector(const Surroundings& around, const ProgramPaths& paths)
                splitter_, processor_, archive_, remembered_),
       orvUti_(person_, messages_, files_, journals_, settings_, polling_) {}
 
-void Connector::Run(bool anotherInstanceRuns) {
+int Connector::Run(bool anotherInstanceRuns) {
   try {
     Main(anotherInstanceRuns);
   } catch (const ProgramEnd& end) {
     Unload(end);
+    return end.status;
   }
 }
 
 void Connector::Main(bool anotherInstanceRuns) {
   if (anotherInstanceRuns) {
-    try {
-      messages_.ShowOperatorMessage(LoadMessage(108), message_style::kStop, {});
-    } catch (const ProgramEnd&) {
-      // It ends in any case.
-    }
-    journals_.WrErr(LoadMessage(108));
-    return;
+    const auto tell = [&] { messages_.ShowOperatorMessage(LoadMessage(108), message_style::kStop, {}); };
+    const auto log = [&] { journals_.WrErr(LoadMessage(108)); };
+    RefuseStart(exit_status::kServedAlready, tell, log);
   }
   PrepareSettings();
   RemoveUnfinished();
@@ -78,6 +75,17 @@ void Connector::Main(bool anotherInstanceRuns) {
   journals_.WrLog(LoadMessage(102) + " Rel. " + kVersionText);
   LoadMainForm();
   RunMainLoop();
+}
+
+/// Tells the operator, logs, and ends: also where the program is asked to end while the operator reads.
+void Connector::RefuseStart(int status, const std::function<void()>& tell, const std::function<void()>& log) {
+  try {
+    tell();
+  } catch (const ProgramEnd&) {
+    // It ends in any case.
+  }
+  if (log) log();
+  throw ProgramEnd{.unload = false, .status = status};
 }
 
 void Connector::PrepareSettings() {
@@ -95,9 +103,10 @@ void Connector::PrepareSettings() {
   bool isKnown = false;
   ReadSettings([&] { isKnown = settingsFile_.UpgradeIni(settings_, stepDone); });
   if (!isKnown) {
-    messages_.ShowOperatorMessage(LoadMessage(146) + std::string(kLineBreak) + LoadMessage(147),
-                                  message_style::kStop, {});
-    throw ProgramEnd{.unload = false};
+    RefuseStart(exit_status::kSettings, [&] {
+      messages_.ShowOperatorMessage(LoadMessage(146) + std::string(kLineBreak) + LoadMessage(147),
+                                    message_style::kStop, {});
+    });
   }
   ReadSettings([&] { settingsFile_.ReadIni(settings_); });
   journals_.Attempt(kMainLabel, [&] {
@@ -116,8 +125,7 @@ void Connector::ReadSettings(const std::function<void()>& read) {
     }
   }
   if (journals_.Attempt(kMainLabel, read)) return;
-  ReportUnreadableSettings(messages_, journals_, paths_.Ini());
-  throw ProgramEnd{.unload = false};
+  RefuseStart(exit_status::kSettings, [&] { ReportUnreadableSettings(messages_, journals_, paths_.Ini()); });
 }
 
 /// No other instance writes there: this one has been let in.
@@ -167,9 +175,9 @@ void Connector::RotateHistoric() {
 void Connector::RequireTicketFolder() {
   const std::string& folder = settings_.TicketFolder;
   if (CreateAllDirs(folders_, journals_, folder)) return;
-  ReportWrongPath(messages_, journals_, folder);
-  journals_.WrLog(LoadMessage(103));
-  throw ProgramEnd{.unload = false};
+  RefuseStart(
+      exit_status::kFolderNotMade, [&] { ReportWrongPath(messages_, journals_, folder); },
+      [&] { journals_.WrLog(LoadMessage(103)); });
 }
 
 void Connector::MakeWorkFolder(const std::string& folder) {

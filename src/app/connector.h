@@ -50,8 +50,8 @@ class Connector {
   Connector(const Surroundings& surroundings, const ProgramPaths& paths);
 
   /// Starts the connector, prints tickets until the program is to end, and shuts down. `anotherInstanceRuns`
-  /// refuses the start.
-  void Run(bool anotherInstanceRuns);
+  /// refuses the start. Returns the exit status.
+  int Run(bool anotherInstanceRuns);
 
   /// An item of the icon's menu was chosen. To be called as an event, whatever the program waits for; without
   /// effect while there is no icon. A failure is written to the error log, and the wait goes on. ProgramEnd
@@ -64,7 +64,9 @@ class Connector {
   void SetTickObserver(std::function<void()> observer) { tickObserver_ = std::move(observer); }
 
  private:
-  void Main(bool anotherInstanceRuns);
+  [[noreturn]] void Main(bool anotherInstanceRuns);
+  [[noreturn]] void RefuseStart(int status, const std::function<void()>& tell,
+                                const std::function<void()>& log = {});
   void PrepareSettings();
   void ReadSettings(const std::function<void()>& read);
   void RemoveUnfinished();
@@ -73,7 +75,7 @@ class Connector {
   void RequireTicketFolder();
   void MakeWorkFolder(const std::string& folder);
   void IdentifyRegister();
-  void RunMainLoop();
+  [[noreturn]] void RunMainLoop();
   void Unload(const ProgramEnd& end);
 
   void CloseMessage();

@@ -41,8 +41,8 @@ class Journals {
   /// Writes `label`, `number`, " - " and `description` to the error log: the form of every trapped failure.
   void WrFailure(std::string_view label, int number, std::string_view description);
 
-  /// Runs one step of a procedure inside its error trap. Returns nothing when the step ran to its end, or else
-  /// the line of its failure, which has not been written. ProgramEnd passes.
+  /// Runs one step of a procedure inside its error trap. Returns nothing when the step ran to its end, or
+  /// else the line of its failure, which has not been written. ProgramEnd passes.
   static std::optional<std::string> Try(std::string_view label, const std::function<void()>& step);
 
   /// Runs one step of a procedure inside its error trap. A failure is written to the error log under `label`,

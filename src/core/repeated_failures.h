@@ -10,9 +10,9 @@
 
 namespace orvenza {
 
-/// The error trap of what runs in rounds, tick after tick. A failure that comes back in each of them would fill
-/// both error logs within half an hour: it is written the first ten times, then once a minute with how often it
-/// has come, and once more when it has ended.
+/// The error trap of what runs in rounds, tick after tick. A failure that comes back in each of them would
+/// fill both error logs within half an hour: it is written the first ten times, then once a minute with how
+/// often it has come, and once more when it has ended.
 class RepeatedFailures {
  public:
   static constexpr int kWrittenAtFirst = 10;

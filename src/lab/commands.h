@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "lab/arguments.h"
+#include "core/arguments.h"
 #include "lab/console.h"
 #include "lab/machine.h"
 #include "platform/clock.h"

@@ -16,6 +16,7 @@
 #include "lab/disk_watch.h"
 #include "lab/expectations.h"
 #include "platform/ini_profile_file.h"
+#include "platform/program_end.h"
 #include "platform/system_error.h"
 #include "simulator/paper_roll.h"
 #include "simulator/scripted_operator.h"
@@ -141,6 +142,7 @@ class Stage {
   SimulatedLink link_;
   DiskWatch watch_;
   Connector* connector_ = nullptr;
+  int status_ = exit_status::kInOrder;  ///< Of the last start.
 };
 
 void Stage::SetUpFiles() {
@@ -250,7 +252,7 @@ RehearsalOutcome Stage::Play() {
   transcript_.Add("start", clock_.Stamp(scenario_.start));
   try {
     RunConnector();
-    transcript_.Add("end");
+    transcript_.Add("end", status_ == exit_status::kInOrder ? "" : "status " + std::to_string(status_));
     outcome_.ended = true;
   } catch (const UnansweredDialog& unanswered) {
     BreakOff("no answer is left for the dialog " + DialogText(unanswered.dialog));
@@ -285,7 +287,7 @@ void Stage::RunOnce() {
   connector.SetTickObserver([this] { OnTick(); });
   person_.SetMenuHandler([&connector](MenuItem item) { connector.OnMenu(item); });
   try {
-    connector.Run(scenario_.secondInstance);
+    status_ = connector.Run(scenario_.secondInstance);
   } catch (const PowerFailure&) {
     // Nothing of the connector is left but what is on the disk.
   }

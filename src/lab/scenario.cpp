@@ -6,8 +6,8 @@
 #include <set>
 #include <utility>
 
+#include "core/arguments.h"
 #include "core/text.h"
-#include "lab/arguments.h"
 #include "lab/disk_watch.h"
 #include "lab/known_settings.h"
 #include "lab/scenario_deeds.h"

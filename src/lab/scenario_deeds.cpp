@@ -6,9 +6,9 @@
 #include <optional>
 #include <utility>
 
+#include "core/arguments.h"
 #include "core/text.h"
 #include "device/logo_check.h"
-#include "lab/arguments.h"
 
 namespace orvenza {
 namespace {

@@ -4,8 +4,8 @@
 #include <optional>
 #include <set>
 
+#include "core/arguments.h"
 #include "core/text.h"
-#include "lab/arguments.h"
 #include "lab/known_settings.h"
 #include "lab/wording.h"
 

@@ -38,9 +38,9 @@ class Folders {
   /// Files still being written are not shown. Throws SystemError (76 for a missing folder).
   virtual FolderListing ListFolder(const std::string& pattern) const = 0;
 
-  /// Removes from `folder`, whose path ends in "\", the files that ListFolder never shows: what a program that was cut short has left
-  /// half written. Only for a folder in which no other instance writes. Never fails: what cannot be removed
-  /// stays.
+  /// Removes from `folder`, whose path ends in "\", the files that ListFolder never shows: what a program
+  /// that was cut short has left half written. Only for a folder in which no other instance writes. Never
+  /// fails: what cannot be removed stays.
   virtual void RemoveUnfinished(const std::string& folder) = 0;
 
   /// Makes one level; its parent must exist. Throws SystemError.

@@ -36,13 +36,15 @@ class VirtualDisk::FoldersOfDisk : public Folders {
   }
 
   void RemoveUnfinished(const std::string& folder) override {
+    if (!IsWellFormed(folder) || disk_.IsAway(disk_.KeyOf(folder))) return;
     const std::string prefix = disk_.KeyOf(folder) + "\\";
     const auto isLeft = [&](const auto& entry) {
       const Node& node = entry.second;
-      return entry.first.starts_with(prefix) && !IsDeeper(entry, prefix) && !disk_.IsAway(prefix) &&
-             node.name.ends_with(kUnfinishedSuffix) && !node.isFolder && node.hold == FileHold::kNone;
+      return !IsDeeper(entry, prefix) && !node.isFolder && node.hold == FileHold::kNone &&
+             node.name.ends_with(kUnfinishedSuffix);
     };
-    for (auto at = disk_.nodes_.begin(); at != disk_.nodes_.end();) {
+    for (auto at = disk_.nodes_.lower_bound(prefix);
+         at != disk_.nodes_.end() && at->first.starts_with(prefix);) {
       const std::string path = isLeft(*at) ? folder + at->second.name : std::string();
       at = path.empty() ? std::next(at) : disk_.nodes_.erase(at);
       if (!path.empty()) disk_.Tell({DiskAct::kRemoved, path});

@@ -55,7 +55,7 @@ void TicketArchive::Archive(const std::string& workFile, std::string_view text) 
   if (!drive) ReportMissingDrive(settings_.HistoricFolder);
   if (drive && !folder) {
     ReportWrongPath(messages_, journals_, settings_.HistoricFolder);
-    throw ProgramEnd{.unload = true};
+    throw ProgramEnd{.unload = true, .status = exit_status::kFolderNotMade};
   }
 }
 

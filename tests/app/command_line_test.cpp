@@ -32,10 +32,20 @@ TEST(CommandLine, AsksForHelpAndVersion) {
 }
 
 TEST(CommandLine, RefusesWhatItDoesNotKnow) {
-  EXPECT_EQ(ParseCommandLine({"--simulated"}).error, "unknown option '--simulated'");
-  EXPECT_EQ(ParseCommandLine({"shop"}).error, "unknown option 'shop'");
-  EXPECT_EQ(ParseCommandLine({"--folder"}).error, "--folder needs the name of a folder");
-  EXPECT_EQ(ParseCommandLine({"--folder", "--simulate"}).error, "--folder needs the name of a folder");
+  EXPECT_EQ(ParseCommandLine({"--simulated"}).error,
+            "unknown option '--simulated'; did you mean '--simulate'?");
+  EXPECT_EQ(ParseCommandLine({"--quiet"}).error, "unknown option '--quiet'");
+  EXPECT_EQ(ParseCommandLine({"shop"}).error, "unexpected word 'shop'");
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"--folder"}, {"--folder", "--simulate"}, {"--folder="}}) {
+    EXPECT_EQ(ParseCommandLine(words).error, "option '--folder' needs a value: --folder DIR");
+  }
+}
+
+TEST(CommandLine, ReadsValuesBehindAnEqualsSign) {
+  const CommandLine line = ParseCommandLine({"--folder=/srv/shop", "--simulate=faults.script"});
+  EXPECT_EQ(line.folder, "/srv/shop");
+  EXPECT_EQ(line.script, "faults.script");
 }
 
 TEST(CommandLine, UsageTellsHowTheMenuIsOpened) {

@@ -96,6 +96,7 @@ TEST(Startup, LogsStartWithTheReleaseAndEnd) {
   EXPECT_EQ(shop.Log(),
             (Lines{"Start Rel. 1.0.0", "Dati Cash : 00ORVSIM  01  01.00.00", "Quit Command !", "End"}));
   EXPECT_EQ(shop.folder.Read("Log.txt").substr(0, 40), "16/11/2026 09:00:00 - Start Rel. 1.0.0\r\n");
+  EXPECT_EQ(shop.status, exit_status::kInOrder);
 }
 
 TEST(Startup, AsksStatusAndIdentityBeforePolling) {
@@ -147,6 +148,7 @@ TEST(Startup, SecondInstanceIsRefusedAndTouchesNothing) {
   EXPECT_EQ(shop.folder.Read("error.txt"), "16/11/2026 09:00:00 - Programma già in esecuzione !\r\n");
   EXPECT_EQ(shop.Names("."), (Lines{"Orvenza.ini", "error.txt"}));
   EXPECT_EQ(shop.icon.created, 0);
+  EXPECT_EQ(shop.status, exit_status::kServedAlready);
 }
 
 TEST(Startup, SecondInstanceIsToldOnTheScreenFirst) {
@@ -165,6 +167,7 @@ TEST(Startup, SecondInstanceThatIsEndedBeforeItsBoxIsAnsweredLogsTheSame) {
   shop.RunToItsEnd(true);
   EXPECT_EQ(shop.Messages("error.txt"), Lines{"Programma già in esecuzione !"});
   EXPECT_EQ(shop.Names("."), (Lines{"Orvenza.ini", "error.txt"}));
+  EXPECT_EQ(shop.status, exit_status::kServedAlready);
 }
 
 TEST(Startup, EndedBeforeTheMainFormIsLoadedLogsNoEnd) {
@@ -185,6 +188,7 @@ TEST(Startup, UnknownSettingsVersionEndsTheProgram) {
   ExpectFatal(shop.person.Shown()[0], kWrongVersion);
   EXPECT_EQ(shop.Messages("error.txt"), (Lines{"Versione File INI Errata !", "Applicazione Terminata."}));
   EXPECT_FALSE(shop.folder.Has("Log.txt"));
+  EXPECT_EQ(shop.status, exit_status::kSettings);
 }
 
 /// Settings that exist and cannot be read, by the operation that fails.
@@ -213,6 +217,7 @@ TEST_P(UnreadableSettings, EndTheStartWithNothingWritten) {
   EXPECT_EQ(shop.folder.Read("Orvenza.ini"), before);
   EXPECT_EQ(shop.Names(""), (Lines{"Orvenza.ini", "error.txt"}));
   EXPECT_EQ(shop.Sent(), Lines{});
+  EXPECT_EQ(shop.status, exit_status::kSettings);
 }
 
 TEST_P(UnreadableSettings, AreTriedAgainForAFewSeconds) {
@@ -264,6 +269,7 @@ TEST(Startup, TicketFolderOnAMissingDriveEndsTheProgram) {
   EXPECT_EQ(shop.Log(), (Lines{"Start Rel. 1.0.0", "End"}));
   EXPECT_EQ(shop.Err().back(), "Il file INI contiene un percorso errato : Q:\\in\\");
   EXPECT_EQ(shop.icon.created, 0);
+  EXPECT_EQ(shop.status, exit_status::kFolderNotMade);
 }
 
 TEST(Startup, PortIsOpenedBeforeTheTicketFolderIsMissed) {
@@ -411,6 +417,7 @@ TEST(Startup, RegisterGivenUpByTheOperatorEndsTheProgram) {
   EXPECT_EQ(shop.Err().back(), "Collegamento Annullato dall'Operatore");
   EXPECT_EQ(shop.icon.Tip(), std::nullopt);
   EXPECT_EQ(shop.Sent(), Lines{});
+  EXPECT_EQ(shop.status, exit_status::kInOrder) << "as the operator asked";
 }
 
 TEST(Startup, RegisterThatDoesNotSayWhatItIsAndIsGivenUpEndsTheProgram) {

@@ -69,7 +69,8 @@ TEST_F(WindowsFoldersTest, RemovesWhatWasLeftHalfWrittenAndNothingElse) {
   folders.RemoveUnfinished(folder.Path(""));
   folders.RemoveUnfinished(folder.Path("none\\"));
   EXPECT_FALSE(folder.Has("a.txt.orv~"));
-  for (const char* name : {"a.txt", "orv~", "deep\\b.txt.orv~", "c.orv~"}) EXPECT_TRUE(folder.Has(name)) << name;
+  for (const char* name : {"a.txt", "orv~", "deep\\b.txt.orv~", "c.orv~"})
+    EXPECT_TRUE(folder.Has(name)) << name;
 }
 
 TEST_F(WindowsFoldersTest, ListsWhatTheMaskNames) {

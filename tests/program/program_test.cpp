@@ -90,8 +90,8 @@ TEST(Program, RefusesWhatItCannotStartWith) {
   } kRefused[] = {
       {{},
        "this system has no link control, so no register can be reached; use --simulate for a simulated one"},
-      {{"--nope"}, "unknown option '--nope'; see --help"},
-      {{"--folder"}, "--folder needs the name of a folder; see --help"},
+      {{"--nope"}, "unknown option '--nope'\nSee 'Orvenza --help'."},
+      {{"--folder"}, "option '--folder' needs a value: --folder DIR\nSee 'Orvenza --help'."},
       {{"--folder", folder.Path(), "--simulate", bad}, bad + ":2: expected bits a second, or \"instant\""},
       {{"--folder", folder.Path(), "--simulate", none}, none + ":1: expected a file that can be read"},
       {{"--folder", bad, "--simulate"}, bad + " is not a folder"},
@@ -221,7 +221,7 @@ TEST(Program, ASecondOneInTheSameFolderIsRefused) {
   RunningProgram second(shop.Command());
   ASSERT_TRUE(second.Shows("Programma già in esecuzione !") && second.Shows("Invio")) << second.Shown();
   second.Enter("");
-  EXPECT_EQ(second.ExitStatus(), 0);
+  EXPECT_EQ(second.ExitStatus(), 3);
   EXPECT_EQ(shop.Journal("error.txt"), Lines{"Programma già in esecuzione !"});
   EXPECT_EQ(shop.folder.Read("Log.txt").substr(0, logBefore.size()), logBefore);
   EXPECT_EQ(second.Shown().find("in funzione"), std::string::npos);

@@ -203,10 +203,9 @@ TEST_F(VirtualDiskTest, RemovesWhatWasLeftHalfWrittenAndNothingElse) {
   Lines told;
   disk.SetObserver([&told](const DiskEvent& event) { told.emplace_back(event.path); });
   folders.RemoveUnfinished("C:\\shop\\");
-  folders.RemoveUnfinished("C:\\none\\");
+  for (const char* none : {"C:\\none\\", "Q:\\", "C:\\?\\"}) folders.RemoveUnfinished(none);
   EXPECT_EQ(told, Lines{"C:\\shop\\a.txt.orv~"});
-  EXPECT_EQ(disk.Paths(),
-            (Lines{"C:\\shop\\a.txt", "C:\\shop\\deep\\b.orv~", "C:\\shop\\held.orv~"}));
+  EXPECT_EQ(disk.Paths(), (Lines{"C:\\shop\\a.txt", "C:\\shop\\deep\\b.orv~", "C:\\shop\\held.orv~"}));
 }
 
 TEST_F(VirtualDiskTest, KnowsTheDriveOfAPath) {

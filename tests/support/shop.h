@@ -123,7 +123,7 @@ class Shop {
                         {folder.Path(), "Orvenza"});
     person.SetMenuHandler([&](MenuItem item) { connector.OnMenu(item); });
     connector_ = &connector;
-    connector.Run(anotherInstanceRuns);
+    status = connector.Run(anotherInstanceRuns);
     connector_ = nullptr;
     person.SetMenuHandler({});
     EXPECT_EQ(person.AnswersLeft(), 0U) << "answers that no dialog has asked for";
@@ -209,6 +209,7 @@ class Shop {
   }
 
   TempFolder folder;
+  int status = -1;  ///< With which the connector ended last.
 
  private:
   SystemFiles realFiles_;

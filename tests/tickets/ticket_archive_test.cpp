@@ -498,6 +498,7 @@ TEST(Archiving, AHistoricFolderThatCannotBeMadeEndsTheProgramInOrder) {
   EXPECT_EQ(shop.icon.deleted, 1);
   EXPECT_EQ(shop.Names("data\\abort"), Lines{"ticket.txt.abort.txt"});
   EXPECT_EQ(shop.Names("data\\inproces"), Lines{});
+  EXPECT_EQ(shop.status, exit_status::kFolderNotMade);
 }
 
 TEST(Archiving, WithoutAHistoricFolderPrintedTicketsAreDeleted) {

@@ -30,8 +30,8 @@ TEST(CommandLine, RefusesWhatItCannotStartWith) {
     std::string options;
     std::string reason;
   } kRefused[] = {
-      {"--nope", "unknown option '--nope'; see --help"},
-      {"--folder", "--folder needs the name of a folder; see --help"},
+      {"--nope", "unknown option '--nope'\nSee 'Orvenza --help'."},
+      {"--folder", "option '--folder' needs a value: --folder DIR\nSee 'Orvenza --help'."},
       {"--folder \"" + bad + "\" --simulate", bad + " is not a folder"},
       {"--folder \"" + folder.Path() + "\" --simulate \"" + bad + "\"",
        bad + ":1: expected bits a second, or \"instant\""},
@@ -59,7 +59,7 @@ TEST(CommandLine, IsAnsweredByAMessageWhereNobodySeesAConsole) {
     std::string options;
     std::string text;
     DWORD exitCode;
-  } kAnswers[] = {{"--nope", "\r\nOrvenza: unknown option '--nope'; see --help", 2},
+  } kAnswers[] = {{"--nope", "\r\nOrvenza: unknown option '--nope'\r\nSee 'Orvenza --help'.", 2},
                   {"--version", std::string("\r\nOrvenza ") + kVersionText, 0}};
   for (const auto& [options, text, exitCode] : kAnswers) {
     const Till till(shop, options);
@@ -77,7 +77,7 @@ TEST(CommandLine, ShowsTheWholeHelpInAMessageWhereNobodySeesAConsole) {
   const HWND message = till.Form(window_class::kOrvMsg, "Orvenza");
   const std::string text = TextOf(message, control_id::kText1);
   EXPECT_TRUE(text.starts_with("Usage: Orvenza [--folder DIR] [--simulate [SCRIPT]]\r\n\r\nPrints")) << text;
-  EXPECT_TRUE(text.ends_with("used, or a failure")) << text;
+  EXPECT_TRUE(text.ends_with("cannot be made")) << text;
   CloseByCross(message);
   EXPECT_EQ(till.ExitCode(), 0U);
 }

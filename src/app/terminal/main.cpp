@@ -18,6 +18,7 @@
 #include "platform/posix/posix_event_pump.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_folders.h"
+#include "platform/program_end.h"
 #include "ui/terminal/blocks.h"
 #include "ui/terminal/terminal_operator.h"
 #include "ui/terminal/text_box.h"
@@ -32,7 +33,7 @@ constexpr int kStandardOutput = 1;
 
 int Refuse(const std::string& reason) {
   std::cerr << "Orvenza: " << reason << "\n";
-  return 2;
+  return exit_status::kFailed;
 }
 
 /// Characters in a row; the usual width where the output is no terminal or does not know.
@@ -67,15 +68,14 @@ int RunConnector(const ProgramPaths& paths, const FaultScript& script) {
   pump.OnTerminate([&] { loop.RequestEnd({.unload = true}); });
 
   const InstanceLock lock(paths.AppPath);
-  connector.Run(!lock.Acquired());
-  return 0;
+  return connector.Run(!lock.Acquired());
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   const CommandLine options = ParseCommandLine({argv + 1, argv + argc});
-  if (!options.error.empty()) return Refuse(options.error + "; see --help");
+  if (!options.error.empty()) return Refuse(options.error + "\nSee 'Orvenza --help'.");
   if (options.help) std::cout << Usage("While it runs, m and Enter open the menu.");
   if (options.version) std::cout << "Orvenza " << kVersionText << "\n";
   if (options.help || options.version) return 0;

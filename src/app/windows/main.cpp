@@ -52,7 +52,7 @@ void Tell(const std::string& text, int style) {
 
 int Refuse(const std::string& reason) {
   Tell("Orvenza: " + reason + "\n", message_style::kStop);
-  return 2;
+  return exit_status::kFailed;
 }
 
 int RunConnector(const ProgramPaths& paths, const std::optional<FaultScript>& script) {
@@ -82,15 +82,14 @@ int RunConnector(const ProgramPaths& paths, const std::optional<FaultScript>& sc
   pump.OnTerminate([&] { loop.RequestEnd({.unload = true}); });
 
   const InstanceLock lock(paths.AppPath);
-  connector.Run(!lock.Acquired());
-  return 0;
+  return connector.Run(!lock.Acquired());
 }
 
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
   const CommandLine options = ParseCommandLine(CommandWords());
-  if (!options.error.empty()) return Refuse(options.error + "; see --help");
+  if (!options.error.empty()) return Refuse(options.error + "\nSee 'Orvenza --help'.");
   if (options.help) Tell(Usage(kMenu), message_style::kInformation);
   if (options.version) Tell(std::string("Orvenza ") + kVersionText + "\n", message_style::kInformation);
   if (options.help || options.version) return 0;

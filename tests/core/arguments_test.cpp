@@ -1,4 +1,4 @@
-#include "lab/arguments.h"
+#include "core/arguments.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,9 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-const std::vector<Option> kOptions = {{"--json", "", "for programs"}, {"--folder", "DIR", "the folder"}};
+const std::vector<Option> kOptions = {{"--json", "", "for programs"},
+                                      {"--folder", "DIR", "the folder"},
+                                      {"--simulate", "[SCRIPT]", "a script"}};
 
 TEST(Arguments, KeepsWordsAndOptionsApart) {
   const Arguments arguments = ReadArguments({"a.txt", "--folder", "shop", "-", "--json", "b.txt"}, kOptions);
@@ -34,6 +36,15 @@ TEST(Arguments, KnowsNothingOfAnOptionThatWasNotGiven) {
   const Arguments arguments = ReadArguments({}, kOptions);
   EXPECT_FALSE(arguments.Has("--json"));
   EXPECT_EQ(arguments.Value("--folder"), std::nullopt);
+}
+
+TEST(Arguments, AValueInBracketsMayBeLeftOut) {
+  EXPECT_EQ(ReadArguments({"--simulate", "a.script"}, kOptions).Value("--simulate"), "a.script");
+  for (const Words& words : {Words{"--simulate"}, {"--simulate", "--json"}, {"--simulate="}}) {
+    const Arguments arguments = ReadArguments(words, kOptions);
+    EXPECT_EQ(arguments.Value("--simulate"), "");
+    EXPECT_EQ(arguments.error, "");
+  }
 }
 
 TEST(Arguments, SaysWhatIsWrong) {

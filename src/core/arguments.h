@@ -8,11 +8,13 @@
 
 namespace orvenza {
 
-/// An option of a command.
+/// An option of a program or a command.
 struct Option {
-  std::string name;   ///< With its dashes: "--json".
-  std::string value;  ///< The word that stands for its value on the help page; empty: it takes none.
-  std::string help;   ///< What it does, in a line or two.
+  std::string name;  ///< With its dashes: "--json".
+  /// The word that stands for its value on the help page, in brackets where it may be left out: "[SCRIPT]".
+  /// Empty: it takes none.
+  std::string value;
+  std::string help;  ///< What it does, in a line or two.
 };
 
 /// The words of a command line, read by the options of its command.
@@ -22,7 +24,7 @@ struct Arguments {
   std::string error;                           ///< What is wrong with the words; empty: nothing.
 
   bool Has(const std::string& name) const { return options.count(name) > 0; }
-  /// Nothing where the option was not given.
+  /// Nothing where the option was not given, empty where its value was left out.
   std::optional<std::string> Value(const std::string& name) const;
 };
 

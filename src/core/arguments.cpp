@@ -1,4 +1,4 @@
-#include "lab/arguments.h"
+#include "core/arguments.h"
 
 #include <algorithm>
 #include <numeric>
@@ -48,7 +48,9 @@ std::string TakeOption(const std::vector<std::string>& words, std::size_t& i,
   } else if (i + 1 < words.size() && !words[i + 1].starts_with("--")) {
     value = words[++i];
   }
-  return value.empty() ? "option '" + name + "' needs a value: " + name + " " + option->value : std::string();
+  const bool mayBeLeftOut = option->value.starts_with('[');
+  if (!value.empty() || mayBeLeftOut) return {};
+  return "option '" + name + "' needs a value: " + name + " " + option->value;
 }
 
 }  // namespace
