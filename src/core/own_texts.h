@@ -14,7 +14,12 @@ inline constexpr const char* kPrintedNotArchived = "Scontrino stampato ma non ar
 inline constexpr const char* kReportWaits = "Chiusura o rapporto in attesa :";
 inline constexpr const char* kFirstComes = "prima va stampato lo scontrino";
 
-// Dialogs.
+inline constexpr const char* kFailureRepeated = "Errore ripetuto";  ///< Followed by how often, and its line.
+inline constexpr const char* kFailureEnded = "Errore cessato";      ///< The same.
+inline constexpr const char* kTimes = "volte";
+
+// Dialogs, with their lines in the error log.
+inline constexpr const char* kSettingsUnreadable = "Impossibile leggere il file INI :";
 inline constexpr const char* kMissingText = "Miss Messagge !!!";  ///< Spelled so on purpose.
 
 /// What Windows shows whoever waits for the session to end.

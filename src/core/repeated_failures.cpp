@@ -2,11 +2,13 @@
 
 #include <iterator>
 
+#include "core/own_texts.h"
+
 namespace orvenza {
 namespace {
 
 std::string WithCount(const char* what, int count, const std::string& line) {
-  return std::string(what) + " ( " + std::to_string(count) + " volte ) : " + line;
+  return std::string(what) + " ( " + std::to_string(count) + " " + own_text::kTimes + " ) : " + line;
 }
 
 }  // namespace
@@ -25,7 +27,7 @@ void RepeatedFailures::Note(const std::string& line) {
   if (failure.count <= kWrittenAtFirst) {
     journals_.WrErr(std::string(line));
   } else if (now - failure.written >= kBetweenLines) {
-    journals_.WrErr(WithCount("Errore ripetuto", failure.count, line));
+    journals_.WrErr(WithCount(own_text::kFailureRepeated, failure.count, line));
   } else {
     return;
   }
@@ -37,7 +39,7 @@ void RepeatedFailures::EndRound() {
     auto& [line, failure] = *at;
     const bool ended = ++failure.roundsWithout == kRoundsToEnd;
     if (ended && failure.count > kWrittenAtFirst) {
-      journals_.WrErr(WithCount("Errore cessato", failure.count, line));
+      journals_.WrErr(WithCount(own_text::kFailureEnded, failure.count, line));
     }
     at = ended ? failures_.erase(at) : std::next(at);
   }

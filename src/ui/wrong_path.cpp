@@ -1,6 +1,7 @@
 #include "ui/wrong_path.h"
 
 #include "core/catalogue.h"
+#include "core/own_texts.h"
 #include "core/text.h"
 
 namespace orvenza {
@@ -21,7 +22,7 @@ void ReportWrongPath(OperatorMessages& messages, Journals& journals, const std::
 }
 
 void ReportUnreadableSettings(OperatorMessages& messages, Journals& journals, const std::string& path) {
-  Report(messages, journals, "Impossibile leggere il file INI :", path);
+  Report(messages, journals, own_text::kSettingsUnreadable, path);
 }
 
 }  // namespace orvenza

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "device/logo_files.h"
+#include "platform/utf16.h"
 #include "support/shop.h"
 
 namespace orvenza::test {
@@ -218,15 +219,17 @@ TEST(BadSettings, GarbageCountsAsAnUnknownVersion) {
   EXPECT_EQ(shop.DialogTexts(), Lines{"Versione File INI Errata !\r\nApplicazione Terminata."});
 }
 
-TEST(BadSettings, Utf16CountsAsAnUnknownVersionAndIsLeftAsItIs) {
+TEST(BadSettings, InUtf16AreReadAndStayInIt) {
   Shop shop;
-  std::string utf16 = "\xFF\xFE";
-  for (const char c : std::string("[Version]\r\nVersion=1.06\r\n")) utf16.append(1, c).append(1, '\0');
-  shop.folder.Write("Orvenza.ini", utf16);
-  shop.Answer("Ok");
-  shop.RunToItsEnd();
-  EXPECT_EQ(shop.DialogTexts(), Lines{"Versione File INI Errata !\r\nApplicazione Terminata."});
-  EXPECT_EQ(shop.folder.Read("Orvenza.ini"), utf16);
+  shop.Configure("Com Settings", "ComPort", "17");
+  const std::string text = shop.folder.Read("Orvenza.ini");
+  shop.folder.Write("Orvenza.ini", "\xFF\xFE" + Utf16FromUtf8(text, false));
+  shop.Drop("a.txt", {kItem, kPayment});
+  shop.Run(5s);
+  EXPECT_EQ(shop.device.Receipts().size(), 1U) << "with the separator of the file";
+  const std::string after = shop.folder.Read("Orvenza.ini");
+  ASSERT_TRUE(after.starts_with("\xFF\xFE"));
+  EXPECT_NE(Utf8FromUtf16(after.substr(2), false).find("ComPort=1\r\n"), std::string::npos);
 }
 
 TEST(BadSettings, LockedBySomebodyEndTheStartAndAreLeftAsTheyAre) {
@@ -235,7 +238,8 @@ TEST(BadSettings, LockedBySomebodyEndTheStartAndAreLeftAsTheyAre) {
   shop.files.FailAlways("OpenForReading", "Orvenza.ini", 70);
   shop.Answer("Ok");
   shop.RunToItsEnd();
-  EXPECT_EQ(shop.DialogTexts(), Lines{"Versione File INI Errata !\r\nApplicazione Terminata."});
+  ASSERT_EQ(shop.DialogTexts().size(), 1U);
+  EXPECT_TRUE(shop.DialogTexts()[0].starts_with("Impossibile leggere il file INI :\r\n"));
   EXPECT_EQ(shop.folder.Read("Orvenza.ini"), before);
   EXPECT_EQ(shop.Sent(), Lines{});
 }

@@ -211,7 +211,7 @@ TEST_P(UnreadableSettings, EndTheStartWithNothingWritten) {
   const std::string path = shop.folder.Path("Orvenza.ini");
   ASSERT_EQ(shop.person.Shown().size(), 1U);
   ExpectFatal(shop.person.Shown()[0],
-              "\r\nImpossibile leggere il file INI :\r\n" + path + "\r\n\r\nIl programma sarà terminato.");
+              "Impossibile leggere il file INI :\r\n" + path + "\r\n\r\nIl programma sarà terminato.");
   EXPECT_EQ(shop.Messages("error.txt"), (Lines{"Main - 57 - Device I/O error ( " + path + " )",
                                                "Impossibile leggere il file INI : " + path}));
   EXPECT_EQ(shop.folder.Read("Orvenza.ini"), before);

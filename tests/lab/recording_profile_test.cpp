@@ -38,7 +38,7 @@ TEST_F(RecordingProfileTest, ReadsBackWhatWasWrittenToIt) {
   profile.Write("a.ini", "s", "KEY", "2");
   profile.Write("a.ini", "S", "key", "3");
   EXPECT_EQ(Read("key"), "3");
-  EXPECT_EQ(Asked(), "s/KEY=3\n");
+  EXPECT_EQ(Asked(), "S/key=3\n");
   ASSERT_EQ(profile.AllWritten().size(), 1u);
   EXPECT_EQ(profile.AllWritten().front().text, "3");
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "lab/shop_bench.h"
+#include "platform/utf16.h"
 
 namespace orvenza::test {
 namespace {

@@ -33,7 +33,7 @@ TEST(LabProgram, RehearsesAScenarioFromTheStandardInput) {
             "        0  dialog    Orvenza (stop): Programma già in esecuzione ! [Ok]\n"
             "        0  answer    Ok\n"
             "        0  error     Programma già in esecuzione !\n"
-            "        0  end\n");
+            "        0  end       status 3\n");
 }
 
 }  // namespace

@@ -247,7 +247,10 @@ TEST(TakingIn, ATicketThatCannotBeTakenInIsTriedOnEveryTickAndRarelySpokenOf) {
   KeepOutOfReach(shop, "data\\held.txt");
   shop.After(30s, [&] { shop.files.Heal(); });
   shop.Run(5min);
-  EXPECT_EQ(shop.Err().size(), 10U);
+  const std::string failure = "Timer1 - 70 - Permission denied ( " + shop.Spelled("data\\") + "held.txt )";
+  EXPECT_EQ(shop.Err().size(), 11U);
+  EXPECT_EQ(shop.Err().front(), failure);
+  EXPECT_EQ(shop.Err().back(), "Errore cessato ( 59 volte ) : " + failure);
   EXPECT_EQ(shop.SentAt("105101"), Times{30000});
 }
 
