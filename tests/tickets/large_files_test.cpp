@@ -98,18 +98,6 @@ TEST(LargeFile, QuitIsHeardWhileItIsRead) {
   EXPECT_FALSE(shop.folder.Has("command.txt"));
 }
 
-TEST(LargeFile, TheUtilitiesMayBeOpenedWhileItIsSplit) {
-  Shop shop("on 1028 x* reply 102800");
-  shop.Configure("General", "File Parser", "1");
-  shop.DropBytes("ticket.txt", Repeated("0;1;\r\n4;1;\r\n", 2 * PieceReader::kPiece));
-  for (int other = 0; other < 5; ++other) shop.Drop("other" + std::to_string(other) + ".txt", {"0;2;"});
-  shop.Answer("Esci");
-  OnOpening(shop, [&] { shop.UseMenu(MenuItem::kUtilities); });
-  shop.Run(10s);
-  EXPECT_EQ(shop.SentForTickets().front(), "105101");
-  EXPECT_FALSE(shop.folder.Has("data\\inproces\\ticket.txt"));
-}
-
 TEST(LargeFile, ATicketThatNeedsNoSplittingIsLookedThroughOnce) {
   Shop shop;
   shop.Configure("General", "File Parser", "1");
