@@ -145,6 +145,7 @@ void TicketPolling::ProcessOneTicket() {
 
 TicketPolling::Outcome TicketPolling::TryAll() {
   for (const std::string& entry : InProcessOrder()) {
+    if (Holds(list1_, entry)) FinishTakingIn(entry);
     if (const Outcome outcome = TryTakenIn(entry); outcome != Outcome::kNext) return outcome;
   }
   for (const std::string& entry : list1_) {
@@ -170,7 +171,10 @@ TicketListing::SortedList TicketPolling::InProcessOrder() {
 
 TicketPolling::Outcome TicketPolling::TryNew(const std::string& entry) {
   const std::string name = TicketListing::NameOf(entry);
-  if (IsTakenIn(entry)) return Outcome::kNext;
+  if (IsTakenIn(entry)) {
+    heldUp_.erase(entry);  // It is printed, so nothing need wait for it.
+    return Outcome::kNext;
+  }
   if (MayExist(files_, settings_.InProcessFolder + name)) {
     // Where a file of that name still lies, settled or unreadable, the new one waits until it has gone.
     heldUp_.try_emplace(entry);
@@ -260,6 +264,22 @@ void TicketPolling::TakeIn(const std::string& entry, const std::string& file) {
   const auto deliver = [&] { loop_.Dispatch(); };
   journals_.Attempt(kLabel, [&] { text = FingerprintOf(ReadInPieces(files_, file, deliver)); });
   remembered_.TakeIn(entry, text);
+}
+
+/// A ticket that was copied by a program that ended before it could remove or remember the source: name, time
+/// and text are those of the copy. It must not be taken for another one when the copy has been printed.
+void TicketPolling::FinishTakingIn(const std::string& entry) {
+  const std::string name = TicketListing::NameOf(entry);
+  const std::string file = settings_.InProcessFolder + name;
+  if (remembered_.Get().takenIn.contains(entry) || archive_.IsSettled(file)) return;
+  try {
+    const std::string text = ReadWhole(files_, file);
+    if (ReadWhole(files_, settings_.TicketFolder + name) != text) return;
+    if (!journals_.Attempt(kLabel, [&] { RemoveSource(entry); }))
+      remembered_.TakeIn(entry, FingerprintOf(text));
+  } catch (const SystemError&) {
+    // What cannot be read is not printed now, and comes here again.
+  }
 }
 
 /// A ticket that was copied but could not be removed comes again on every tick: only its removal is tried

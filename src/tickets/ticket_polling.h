@@ -82,6 +82,7 @@ class TicketPolling : public WaitingTickets {
   bool Try(const std::string& entry, const char* label, const std::function<void()>& step);
   Outcome HeldUp(const std::string& entry) const;
 
+  void FinishTakingIn(const std::string& entry);
   void TakeIn(const std::string& entry, const std::string& file);
   bool IsTakenIn(const std::string& entry);
   void RemoveSource(const std::string& entry);
