@@ -72,6 +72,14 @@ class RunningProgram {
     return true;
   }
 
+  /// Waits for the next whole line behind what was last waited for. False when none comes.
+  bool NextLine(std::string& line) {
+    const std::size_t from = seen_;
+    if (!Shows("\n")) return false;
+    line = shown_.substr(from, seen_ - from - 1);
+    return true;
+  }
+
   void Enter(const std::string& line) {
     const std::string text = line + "\n";
     if (::write(input_, text.data(), text.size()) < 0) throw std::runtime_error("nobody reads the input");

@@ -1,0 +1,109 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "app/connector.h"
+#include "attack/attack.h"
+#include "attack/attacked_disk.h"
+#include "core/event_loop.h"
+#include "lab/bounded_pump.h"
+#include "platform/ini_profile_file.h"
+#include "simulator/paper_roll.h"
+#include "simulator/scripted_operator.h"
+#include "simulator/simulated_link.h"
+#include "simulator/simulated_register.h"
+#include "simulator/virtual_clock.h"
+#include "simulator/virtual_disk.h"
+#include "ui/notification_icon.h"
+
+namespace orvenza::test {
+
+/// How a shop differs from an ordinary one.
+enum class ShopKind {
+  kPlain,
+  kArchiveElsewhere,  ///< The historic folder is on another volume, so tickets are copied there.
+  kTicketHeld,        ///< Another program reads a ticket of the second day until its end.
+};
+
+/// One receipt of a ticket.
+struct Slip {
+  std::string item;        ///< Unique; stands on the receipt and in the ticket file.
+  std::int64_t total = 0;  ///< Cents.
+  bool abandoned = false;  ///< The operator gives this ticket up.
+};
+
+/// Three days of a shop with one blow in the first two: the first start ever; the rotation, a file of several
+/// receipts, one that is given up, "Configura" and the fiscal closure; and a quiet day to see what is left.
+/// A program that was killed is started again at once, on the same disk and in front of the same register.
+class AttackedShop {
+ public:
+  AttackedShop(ShopKind kind, const Attack& attack);
+
+  void LiveThreeDays();
+
+  /// What must not be, in sentences; empty when all is well.
+  const std::vector<std::string>& Violations() const { return violations_; }
+
+  const FileCalls& Calls() const { return calls_; }
+
+  /// Whether the kill fell between the printing of a ticket and its archiving: it may be printed again.
+  bool StruckAfterPrinting() const { return !printedAtKill_.empty() || closedAtKill_; }
+
+ private:
+  class NoIcon : public NotificationIcon {
+    void CreateIcon(const std::string&) override {}
+    void DeleteIcon() override {}
+  };
+
+  void FirstDay();
+  void Technician();
+  void SecondDay();
+  void ThirdDay();
+  void After(std::chrono::milliseconds delay, std::function<void()> deed);
+  void RunUntilQuit();
+  bool RunOnce();
+  void OnTick();
+  bool TicketsWait() const;
+  int Starts() const;
+  void NoteKill();
+  std::string Answer(const ShownDialog& dialog);
+
+  void Judge();
+  void JudgeSlip(const Slip& slip);
+  void JudgeSettings(const std::string& when);
+  void Violate(const std::string& what) { violations_.push_back(what); }
+  std::size_t Printed(const Slip& slip) const;
+  std::vector<std::string> FilesWith(const std::string& item, const std::string& folder) const;
+
+  ShopKind kind_;
+  Attack attack_;
+  FileCalls calls_;
+  VirtualClock clock_;
+  VirtualDisk disk_;
+  AttackedFiles files_;
+  AttackedFolders folders_;
+  IniProfileFile profile_;
+  std::optional<BoundedPump> pump_;
+  std::optional<EventLoop> loop_;  ///< Both are made anew in their places for each start.
+  ScriptedOperator person_;
+  NoIcon icon_;
+  PaperRoll paper_;
+  SimulatedRegister device_;
+  SimulatedLink link_;
+
+  Connector* connector_ = nullptr;
+  std::vector<Slip> expected_;
+  int deedsToCome_ = 0;
+  bool quitAsked_ = false;
+  bool settingsOfTheShop_ = false;  ///< The technician has been there.
+  std::set<std::string> printedAtKill_;
+  bool closedAtKill_ = false;
+  std::vector<std::string> violations_;
+};
+
+}  // namespace orvenza::test
