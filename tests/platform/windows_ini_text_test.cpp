@@ -71,7 +71,7 @@ TEST_F(WindowsIniTextTest, WritesAsTheSystemDoes) {
       "[S]\r\nk=old\r\nx=1\r\n",
       "[S]\r\nx=1\r\n[T]\r\nk=2\r\n",
       "[T]\r\nk=2\r\n",
-      "; note\r\n\r\n???\r\n[S]\r\n;k=0\r\njunk\r\n",
+      "; note\r\n???\r\n[S]\r\n;k=0\r\njunk\r\n",
       "[S]\r\nk=1\r\nk=2\r\n",
       "x=\xE8\r\n[S]\r\n",
   };
