@@ -87,6 +87,18 @@ TEST(LargeFile, TheMenuWorksWhileItIsSplitAndNoPartIsLeftAtTheEnd) {
   EXPECT_EQ(shop.Log()[shop.Log().size() - 2], "Applicazione terminata dall'Operatore");
 }
 
+TEST(LargeFile, AClosureAskedForWhileItIsReadComesLast) {
+  Shop shop;
+  shop.DropBytes("ticket.txt", "40;1;\r\n" + std::string(3 * PieceReader::kPiece, '\n'));
+  shop.Drop("z.txt", {"40;2;"});
+  for (const char* answer : {"Chiusura Fiscale", "Sì", "Sì"}) shop.Answer(answer);
+  OnOpening(shop, [&] { shop.UseMenu(MenuItem::kUtilities); });
+  shop.Run(20s);
+  EXPECT_EQ(shop.SentForTickets(), (Lines{"104901", "104902", "300101"}));
+  EXPECT_EQ(shop.Names("data"), (Lines{}));
+  EXPECT_EQ(shop.Err(), Lines{});
+}
+
 TEST(LargeFile, QuitIsHeardWhileItIsRead) {
   const std::string content = Repeated("0;1;\r\n", 20 * PieceReader::kPiece);
   Shop shop;
