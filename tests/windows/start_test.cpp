@@ -71,7 +71,7 @@ TEST(Start, RefusesSettingsOfAnUnknownVersion) {
   const HWND message = till.Form(window_class::kOrvMsg, "Orvenza");
   EXPECT_EQ(TextOf(message, kText1), "\r\n" + LoadMessage(146) + "\r\n" + LoadMessage(147));
   Press(VK_RETURN);
-  EXPECT_EQ(till.ExitCode(), 0U);
+  EXPECT_EQ(till.ExitCode(), 4U);
   EXPECT_TRUE(Holds(shop, "Version=9.99"));
 }
 
@@ -133,7 +133,7 @@ TEST(Start, RefusesASecondCopyAndLeavesTheFirstAlone) {
   const HWND message = second.Form(window_class::kOrvMsg, "Orvenza");
   EXPECT_EQ(TextOf(message, control_id::kText1), "\r\n" + LoadMessage(108));
   Press(VK_RETURN);
-  EXPECT_EQ(second.ExitCode(), 0U);
+  EXPECT_EQ(second.ExitCode(), 3U);
   EXPECT_EQ(shop.Journal("error.txt"), (Lines{LoadMessage(108)}));
   EXPECT_TRUE(first.HasIcon());
   EXPECT_EQ(shop.Journal("Log.txt"), kStarted);

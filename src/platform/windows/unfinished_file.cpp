@@ -27,6 +27,23 @@ HANDLE CreateUnfinished(const std::wstring& native) {
                        nullptr);
 }
 
+/// Tries of a replacement, and the pause between two: a fifth of a second in all.
+constexpr int kReplaceTries = 10;
+constexpr DWORD kReplacePause = 20;
+
+/// Puts the finished file into the target's place. A program that reads the older target just then (a virus
+/// scanner, an editor, the host) is in the way, but mostly for a moment only.
+bool Replace(const std::wstring& finished, const std::wstring& target) {
+  constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+  for (int tries = 1; !::MoveFileExW(finished.c_str(), target.c_str(), kHow); ++tries) {
+    const DWORD code = ::GetLastError();
+    const bool isHeld = code == ERROR_SHARING_VIOLATION || code == ERROR_ACCESS_DENIED;
+    if (!isHeld || tries == kReplaceTries) return false;
+    ::Sleep(kReplacePause);
+  }
+  return true;
+}
+
 }  // namespace
 
 bool WriteAll(HANDLE file, std::string_view text) {
@@ -64,10 +81,7 @@ void UnfinishedFile::Finish() {
   // On the disk before it gets its name: what it was copied from may be removed next, and the power may fail.
   if (!::FlushFileBuffers(file_.Get())) ThrowFileError(::GetLastError(), target_);
   file_.Reset();
-  constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-  if (!::MoveFileExW(native_.c_str(), nativeTarget_.c_str(), kHow)) {
-    ThrowFileError(::GetLastError(), target_);
-  }
+  if (!Replace(native_, nativeTarget_)) ThrowFileError(::GetLastError(), target_);
   native_.clear();
 }
 
