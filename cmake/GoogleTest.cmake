@@ -27,6 +27,6 @@ function(orvenza_discover_tests target)
     # Not universal time, so that confusing it with local time shows.
     set_tests_properties(${target} PROPERTIES TIMEOUT 1800 RESOURCE_LOCK wine ENVIRONMENT TZ=Europe/Rome)
   else()
-    gtest_discover_tests(${target} NO_PRETTY_VALUES PROPERTIES TIMEOUT 120 DISCOVERY_TIMEOUT 60)
+    gtest_discover_tests(${target} NO_PRETTY_VALUES PROPERTIES TIMEOUT 300 DISCOVERY_TIMEOUT 60)
   endif()
 endfunction()
