@@ -133,19 +133,6 @@ TEST_F(PosixFoldersTest, HidesFilesBeingWritten) {
   EXPECT_EQ(Names("*.*"), "a.txt");
 }
 
-TEST_F(PosixFoldersTest, RemovesWhatWasLeftHalfWrittenAndNothingElse) {
-  folder.Write("a.txt.orv~", "half");
-  folder.Write("a.txt", "x");
-  folder.Write("orv~", "x");
-  folder.Write("deep\\b.txt.orv~", "x");
-  std::filesystem::create_directory(folder.Native("c.orv~"));
-  folders.RemoveUnfinished(folder.Path(""));
-  folders.RemoveUnfinished(folder.Path("none\\"));
-  EXPECT_FALSE(folder.Has("a.txt.orv~"));
-  for (const char* name : {"a.txt", "orv~", "deep\\b.txt.orv~", "c.orv~"})
-    EXPECT_TRUE(folder.Has(name)) << name;
-}
-
 TEST_F(PosixFoldersTest, LeavesOutWhatIsNeitherFileNorFolder) {
   ::mkfifo(folder.Native("pipe.txt").c_str(), 0666);
   std::filesystem::create_symlink("/dev/null", folder.Native("device.txt"));

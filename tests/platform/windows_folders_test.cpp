@@ -60,19 +60,6 @@ TEST_F(WindowsFoldersTest, FindsFoldersButNotFiles) {
   EXPECT_FALSE(folders.Exists("Q:\\"));
 }
 
-TEST_F(WindowsFoldersTest, RemovesWhatWasLeftHalfWrittenAndNothingElse) {
-  folder.Write("a.txt.orv~", "half");
-  folder.Write("a.txt", "x");
-  folder.Write("orv~", "x");
-  folder.Write("deep\\b.txt.orv~", "x");
-  std::filesystem::create_directory(folder.Native("c.orv~"));
-  folders.RemoveUnfinished(folder.Path(""));
-  folders.RemoveUnfinished(folder.Path("none\\"));
-  EXPECT_FALSE(folder.Has("a.txt.orv~"));
-  for (const char* name : {"a.txt", "orv~", "deep\\b.txt.orv~", "c.orv~"})
-    EXPECT_TRUE(folder.Has(name)) << name;
-}
-
 TEST_F(WindowsFoldersTest, ListsWhatTheMaskNames) {
   for (const char* name : {"a.txt", "B.TXT", "c.dat", "noext", "d.txt2", "sub\\x.txt"}) {
     folder.Write(name, "x");
