@@ -5,7 +5,7 @@
 #include <streambuf>
 #include <string>
 
-#include "lab/file_check.h"
+#include "lab/check/file_check.h"
 #include "simulator/virtual_clock.h"
 
 namespace orvenza {

@@ -9,7 +9,7 @@
 
 #include "bench_folder.h"
 #include "core/event_loop.h"
-#include "core/journals.h"
+#include "core/logs.h"
 #include "device/device_link.h"
 #include "platform/ini_profile_file.h"
 #include "platform/posix/posix_clock.h"
@@ -69,13 +69,13 @@ void Exchange(benchmark::State& state, bool wholeSlices) {
   WholeSlices slicedPump(realPump);
   EventLoop loop(clock, wholeSlices ? static_cast<EventPump&>(slicedPump) : realPump);
   AppSettings settings;
-  Journals journals(files, clock, settings, folder.Path());
+  Logs logs(files, clock, settings, folder.Path());
   IniProfileFile profile(files);
   ScriptedOperator nobody(loop);
   OperatorMessages messages(nobody, "bench");
   PortDialog ports(nobody, settings, profile, {folder.Path(), "bench"});
   PromptControl control(realPump);
-  DeviceLink link(control, settings, journals, messages, ports, loop, clock);
+  DeviceLink link(control, settings, logs, messages, ports, loop, clock);
 
   std::vector<double> own;
   for ([[maybe_unused]] auto iteration : state) {

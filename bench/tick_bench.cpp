@@ -55,7 +55,7 @@ struct PollingShop {
   EventLoop loop{clock, clock};
   ScriptedOperator nobody{loop};
   AppSettings settings;
-  Journals journals{files, clock, settings, folder.Path()};
+  Logs logs{files, clock, settings, folder.Path()};
   PollTimer timer{clock};
   OperatorMessages messages{nobody, "bench"};
   PortDialog ports{nobody, settings, profile, {folder.Path(), "bench"}};
@@ -63,19 +63,19 @@ struct PollingShop {
   PaperRoll paper;
   SimulatedRegister device{clock, paper};
   SimulatedLink control{device, clock, ParseFaultScript("bench", "speed instant\n")};
-  DeviceLink link{control, settings, journals, messages, ports, loop, clock};
-  ClockCorrection correction{clock, settings, journals};
-  CashDialogues cash{link, settings, journals, messages, loop, correction};
-  ErrorRecovery recovery{texts, cash, nobody, journals, "bench"};
+  DeviceLink link{control, settings, logs, messages, ports, loop, clock};
+  ClockCorrection correction{clock, settings, logs};
+  CashDialogues cash{link, settings, logs, messages, loop, correction};
+  ErrorRecovery recovery{texts, cash, nobody, logs, "bench"};
   RegisterIdentity identity;
-  RegisterQueries queries{link, cash, recovery, messages, ports, settings, journals, loop, timer, identity};
-  LogoDownload logo{link, recovery, files, journals, messages};
-  RecordTranslator translator{identity, settings, files, journals};
-  RememberedTickets remembered{files, journals, folder.Path()};
-  TicketArchive archive{files, folders, settings, journals, messages, remembered};
-  TicketSplitter splitter{files, settings, journals, archive};
-  TicketProcessor processor{files, settings, journals, loop, link, cash, recovery, logo, translator, archive};
-  TicketPolling polling{files,   folders,    settings, journals,  loop,    timer,     link,
+  RegisterQueries queries{link, cash, recovery, messages, ports, settings, logs, loop, timer, identity};
+  LogoDownload logo{link, recovery, files, logs, messages};
+  RecordTranslator translator{identity, settings, files, logs};
+  RememberedTickets remembered{files, logs, folder.Path()};
+  TicketArchive archive{files, folders, settings, logs, messages, remembered};
+  TicketSplitter splitter{files, settings, logs, archive};
+  TicketProcessor processor{files, settings, logs, loop, link, cash, recovery, logo, translator, archive};
+  TicketPolling polling{files,   folders,    settings, logs,      loop,    timer,     link,
                         queries, correction, splitter, processor, archive, remembered};
 };
 

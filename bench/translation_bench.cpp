@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "core/journals.h"
-#include "lab/no_files.h"
+#include "core/logs.h"
+#include "lab/shell/no_files.h"
 #include "tickets/translation.h"
 
 namespace orvenza {
@@ -50,8 +50,8 @@ struct World {
   AppSettings settings;
   NoFiles files;
   StoppedClock clock;
-  Journals journals{files, clock, settings, "C:\\shop"};
-  RecordTranslator translator{identity, settings, files, journals};
+  Logs logs{files, clock, settings, "C:\\shop"};
+  RecordTranslator translator{identity, settings, files, logs};
 };
 
 void CountLines(benchmark::State& state) {

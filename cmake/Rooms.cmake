@@ -29,14 +29,15 @@ if(ORVENZA_FUZZ)
   target_compile_options(orvenza_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# orvenza_room(NAME [SYSTEM FOLDER...] [USES ROOM...] [LIBRARIES LIBRARY...]) makes the library orvenza_NAME from the
-# sources in the current folder and, from those in each FOLDER, which belong to the operating system this build is for. LIBRARIES are the operating system's.
+# orvenza_room(NAME [FOLDERS FOLDER...] [SYSTEM FOLDER...] [USES ROOM...] [LIBRARIES LIBRARY...]) makes the library
+# orvenza_NAME from the sources in the current folder and in each FOLDER below it; those of SYSTEM belong to the operating
+# system this build is for, and so do the LIBRARIES.
 function(orvenza_room name)
-  cmake_parse_arguments(ROOM "" "" "SYSTEM;USES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(ROOM "" "" "FOLDERS;SYSTEM;USES;LIBRARIES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
-  foreach(folder ${ROOM_SYSTEM})
-    file(GLOB system_sources CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h)
-    list(APPEND sources ${system_sources})
+  foreach(folder ${ROOM_FOLDERS} ${ROOM_SYSTEM})
+    file(GLOB folder_sources CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h)
+    list(APPEND sources ${folder_sources})
   endforeach()
   add_library(orvenza_${name} STATIC ${sources})
   target_include_directories(orvenza_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)

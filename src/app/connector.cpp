@@ -33,26 +33,26 @@ Connector::Connector(const Surroundings& around, const ProgramPaths& paths)
       person_(around.person),
       icon_(around.icon),
       paths_(paths),
-      journals_(files_, clock_, settings_, paths.AppPath),
-      settingsFile_(around.profile, files_, journals_, paths),
+      logs_(files_, clock_, settings_, paths.AppPath),
+      settingsFile_(around.profile, files_, logs_, paths),
       timer1_(clock_),
       messages_(person_, paths.ExecutableName),
       orvConf_(person_, settings_, around.profile, paths),
       errorTexts_(around.profile, paths.ErrDesc()),
-      link_(around.control, settings_, journals_, messages_, orvConf_, loop_, clock_),
-      clockCorrection_(clock_, settings_, journals_),
-      cash_(link_, settings_, journals_, messages_, loop_, clockCorrection_),
-      recovery_(errorTexts_, cash_, person_, journals_, paths.ExecutableName),
-      queries_(link_, cash_, recovery_, messages_, orvConf_, settings_, journals_, loop_, timer1_, identity_),
-      logo_(link_, recovery_, files_, journals_, messages_),
-      translator_(identity_, settings_, files_, journals_),
-      remembered_(files_, journals_, paths_.AppPath),
-      archive_(files_, folders_, settings_, journals_, messages_, remembered_),
-      splitter_(files_, settings_, journals_, archive_),
-      processor_(files_, settings_, journals_, loop_, link_, cash_, recovery_, logo_, translator_, archive_),
-      polling_(files_, folders_, settings_, journals_, loop_, timer1_, link_, queries_, clockCorrection_,
+      link_(around.control, settings_, logs_, messages_, orvConf_, loop_, clock_),
+      clockCorrection_(clock_, settings_, logs_),
+      cash_(link_, settings_, logs_, messages_, loop_, clockCorrection_),
+      recovery_(errorTexts_, cash_, person_, logs_, paths.ExecutableName),
+      queries_(link_, cash_, recovery_, messages_, orvConf_, settings_, logs_, loop_, timer1_, identity_),
+      logo_(link_, recovery_, files_, logs_, messages_),
+      translator_(identity_, settings_, files_, logs_),
+      remembered_(files_, logs_, paths_.AppPath),
+      archive_(files_, folders_, settings_, logs_, messages_, remembered_),
+      splitter_(files_, settings_, logs_, archive_),
+      processor_(files_, settings_, logs_, loop_, link_, cash_, recovery_, logo_, translator_, archive_),
+      polling_(files_, folders_, settings_, logs_, loop_, timer1_, link_, queries_, clockCorrection_,
                splitter_, processor_, archive_, remembered_),
-      orvUti_(person_, messages_, files_, journals_, settings_, polling_) {}
+      orvUti_(person_, messages_, files_, logs_, settings_, polling_) {}
 
 int Connector::Run(bool anotherInstanceRuns) {
   try {
@@ -66,13 +66,13 @@ int Connector::Run(bool anotherInstanceRuns) {
 void Connector::Main(bool anotherInstanceRuns) {
   if (anotherInstanceRuns) {
     const auto tell = [&] { messages_.ShowOperatorMessage(LoadMessage(108), message_style::kStop, {}); };
-    const auto log = [&] { journals_.WrErr(LoadMessage(108)); };
+    const auto log = [&] { logs_.WrErr(LoadMessage(108)); };
     RefuseStart(exit_status::kServedAlready, tell, log);
   }
   PrepareSettings();
   RemoveUnfinished();
   errorTexts_.LoadEcrErrorTable();
-  journals_.WrLog(LoadMessage(102) + " Rel. " + kVersionText);
+  logs_.WrLog(LoadMessage(102) + " Rel. " + kVersionText);
   LoadMainForm();
   RunMainLoop();
 }
@@ -93,8 +93,8 @@ void Connector::PrepareSettings() {
   ReadSettings([&] { isThere = files_.Exists(paths_.Ini()); });
   if (!isThere) {
     settings_.IniCreated = true;
-    journals_.Attempt(kMainLabel, [&] { settingsFile_.WriteDefaultIni(); });
-    journals_.WrLog(LoadMessage(101));
+    logs_.Attempt(kMainLabel, [&] { settingsFile_.WriteDefaultIni(); });
+    logs_.WrLog(LoadMessage(101));
   }
   settings_.IniUpgradeDone = false;
   const auto stepDone = [&] {
@@ -109,7 +109,7 @@ void Connector::PrepareSettings() {
     });
   }
   ReadSettings([&] { settingsFile_.ReadIni(settings_); });
-  journals_.Attempt(kMainLabel, [&] {
+  logs_.Attempt(kMainLabel, [&] {
     if (!files_.Exists(paths_.ErrDesc())) settingsFile_.WriteDefaultErrDesc();
   });
 }
@@ -124,8 +124,8 @@ void Connector::ReadSettings(const std::function<void()>& read) {
       loop_.Pause(kSettingsPause);
     }
   }
-  if (journals_.Attempt(kMainLabel, read)) return;
-  RefuseStart(exit_status::kSettings, [&] { ReportUnreadableSettings(messages_, journals_, paths_.Ini()); });
+  if (logs_.Attempt(kMainLabel, read)) return;
+  RefuseStart(exit_status::kSettings, [&] { ReportUnreadableSettings(messages_, logs_, paths_.Ini()); });
 }
 
 /// No other instance writes there: this one has been let in.
@@ -138,7 +138,7 @@ void Connector::RemoveUnfinished() {
 
 void Connector::LoadMainForm() {
   mainFormLoaded_ = true;
-  const auto step = [&](const std::function<void()>& run) { journals_.Attempt(kLoadLabel, run); };
+  const auto step = [&](const std::function<void()>& run) { logs_.Attempt(kLoadLabel, run); };
   if (settings_.IniCreated) step([&] { orvConf_.Show(); });
   step([&] { RotateHistoric(); });
   step([&] { link_.OpenDeviceLink(settings_.TimeWaitForEtx); });
@@ -157,16 +157,16 @@ void Connector::RotateHistoric() {
   // The default of a missing setting is the in-process folder.
   const std::string& historic = settings_.HistoricFolder;
   if (HistoricHoldsTickets(settings_, paths_.AppPath)) {
-    journals_.WrErr(std::string(own_text::kHistoricOff) + " " + historic);
+    logs_.WrErr(std::string(own_text::kHistoricOff) + " " + historic);
     settings_.HistoricFolder.clear();
   }
   for (int retry = 0;; ++retry) {
     try {
-      RotateHistoricFolder(folders_, clock_, journals_, settings_);
+      RotateHistoricFolder(folders_, clock_, logs_, settings_);
       return;
     } catch (const SystemError& failure) {
       if (failure.Number() != error_number::kPathFileAccess || retry == kRenameRetries) throw;
-      journals_.WrErr(kMainLabel + LoadMessage(194) + " " + settings_.HistoricFolder);
+      logs_.WrErr(kMainLabel + LoadMessage(194) + " " + settings_.HistoricFolder);
       loop_.Pause(1000ms);
     }
   }
@@ -174,10 +174,10 @@ void Connector::RotateHistoric() {
 
 void Connector::RequireTicketFolder() {
   const std::string& folder = settings_.TicketFolder;
-  if (CreateAllDirs(folders_, journals_, folder)) return;
+  if (CreateAllDirs(folders_, logs_, folder)) return;
   RefuseStart(
-      exit_status::kFolderNotMade, [&] { ReportWrongPath(messages_, journals_, folder); },
-      [&] { journals_.WrLog(LoadMessage(103)); });
+      exit_status::kFolderNotMade, [&] { ReportWrongPath(messages_, logs_, folder); },
+      [&] { logs_.WrLog(LoadMessage(103)); });
 }
 
 void Connector::MakeWorkFolder(const std::string& folder) {
@@ -197,7 +197,7 @@ void Connector::IdentifyRegister() {
 void Connector::RunMainLoop() {
   for (;;) {
     loop_.Wait(timer1_.Enabled() ? timer1_.TimeLeft() : kIdleWait);
-    journals_.Attempt(kMainLabel, [&] { link_.ApplyChangedSettings(); });
+    logs_.Attempt(kMainLabel, [&] { link_.ApplyChangedSettings(); });
     if (!timer1_.Enabled() || timer1_.TimeLeft() > 0s) continue;
     if (tickObserver_) tickObserver_();
     polling_.Tick();
@@ -207,13 +207,13 @@ void Connector::RunMainLoop() {
 void Connector::Unload(const ProgramEnd& end) {
   if (iconShown_) icon_.DeleteIcon();
   iconShown_ = false;
-  if (end.unload && mainFormLoaded_) journals_.WrLog(LoadMessage(103));
+  if (end.unload && mainFormLoaded_) logs_.WrLog(LoadMessage(103));
 }
 
 void Connector::OnMenu(MenuItem item) {
   if (!iconShown_) return;  // the menu is the icon's
   // Nothing of a menu's dialog may break off what the program was waiting for.
-  journals_.Attempt(kMainLabel, [&] {
+  logs_.Attempt(kMainLabel, [&] {
     switch (item) {
       case MenuItem::kExit: Pm1(); break;
       case MenuItem::kUtilities: Pm2(); break;
@@ -235,7 +235,7 @@ void Connector::Pm1() {
   const OpenMark mark(exitAsked_);
   const PollingPause pause(timer1_);
   if (!ConfirmEnd(messages_, message_style::kExclamation)) return;
-  journals_.WrLog(LoadMessage(156));
+  logs_.WrLog(LoadMessage(156));
   loop_.RequestEnd({.unload = true});
 }
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "core/event_loop.h"
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/poll_timer.h"
 #include "core/settings.h"
 #include "device/cash_dialogues.h"
@@ -92,7 +92,7 @@ class Connector {
   ProgramPaths paths_;
 
   AppSettings settings_;
-  Journals journals_;
+  Logs logs_;
   SettingsFile settingsFile_;
   PollTimer timer1_;
   OperatorMessages messages_;

@@ -2,9 +2,9 @@
 
 namespace orvenza {
 
-bool CreateAllDirs(Folders& folders, Journals& journals, const std::string& path) {
+bool CreateAllDirs(Folders& folders, Logs& logs, const std::string& path) {
   bool exists = false;
-  journals.Attempt("CreateAllDirs ", [&] {
+  logs.Attempt("CreateAllDirs ", [&] {
     exists = folders.Exists(path);
     if (exists) return;
     const std::string whole = path.ends_with('\\') ? path : path + "\\";

@@ -2,13 +2,13 @@
 
 #include <string>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "platform/folders.h"
 
 namespace orvenza {
 
 /// Makes the folder `path` level by level, with or without a "\" at its end. Returns whether the whole path
 /// exists afterwards; a failure is written to the error log.
-bool CreateAllDirs(Folders& folders, Journals& journals, const std::string& path);
+bool CreateAllDirs(Folders& folders, Logs& logs, const std::string& path);
 
 }  // namespace orvenza

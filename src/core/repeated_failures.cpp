@@ -14,7 +14,7 @@ std::string WithCount(const char* what, int count, const std::string& line) {
 }  // namespace
 
 bool RepeatedFailures::Attempt(std::string_view label, const std::function<void()>& step) {
-  const auto line = Journals::Try(label, step);
+  const auto line = Logs::Try(label, step);
   if (line) Note(*line);
   return !line;
 }
@@ -23,11 +23,11 @@ void RepeatedFailures::Note(const std::string& line) {
   Failure& failure = failures_[line];
   failure.roundsWithout = -1;  // with this one
   ++failure.count;
-  const auto now = journals_.StampClock().Uptime();
+  const auto now = logs_.StampClock().Uptime();
   if (failure.count <= kWrittenAtFirst) {
-    journals_.WrErr(std::string(line));
+    logs_.WrErr(std::string(line));
   } else if (now - failure.written >= kBetweenLines) {
-    journals_.WrErr(WithCount(own_text::kFailureRepeated, failure.count, line));
+    logs_.WrErr(WithCount(own_text::kFailureRepeated, failure.count, line));
   } else {
     return;
   }
@@ -39,7 +39,7 @@ void RepeatedFailures::EndRound() {
     auto& [line, failure] = *at;
     const bool ended = ++failure.roundsWithout == kRoundsToEnd;
     if (ended && failure.count > kWrittenAtFirst) {
-      journals_.WrErr(WithCount(own_text::kFailureEnded, failure.count, line));
+      logs_.WrErr(WithCount(own_text::kFailureEnded, failure.count, line));
     }
     at = ended ? failures_.erase(at) : std::next(at);
   }

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/journals.h"
+#include "core/logs.h"
 
 namespace orvenza {
 
@@ -19,9 +19,9 @@ class RepeatedFailures {
   static constexpr std::chrono::minutes kBetweenLines{1};
   static constexpr int kRoundsToEnd = 10;
 
-  explicit RepeatedFailures(Journals& journals) : journals_(journals) {}
+  explicit RepeatedFailures(Logs& logs) : logs_(logs) {}
 
-  /// As Journals::Attempt. A failure is the same as an earlier one when its line is.
+  /// As Logs::Attempt. A failure is the same as an earlier one when its line is.
   bool Attempt(std::string_view label, const std::function<void()>& step);
 
   /// A round is over. A failure has ended when it has not come for ten rounds: not every round gets as far as
@@ -37,7 +37,7 @@ class RepeatedFailures {
 
   void Note(const std::string& line);
 
-  Journals& journals_;
+  Logs& logs_;
   std::map<std::string, Failure> failures_;  ///< By their lines.
 };
 

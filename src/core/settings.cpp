@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/catalogue.h"
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/text.h"
 #include "platform/folders.h"
 #include "platform/ini_text.h"
@@ -78,8 +78,8 @@ std::vector<ProfileValue> DefaultSettings(const std::string& appPath) {
   };
 }
 
-SettingsFile::SettingsFile(ProfileFile& profile, Files& files, Journals& journals, ProgramPaths paths)
-    : profile_(profile), files_(files), journals_(journals), paths_(std::move(paths)) {}
+SettingsFile::SettingsFile(ProfileFile& profile, Files& files, Logs& logs, ProgramPaths paths)
+    : profile_(profile), files_(files), logs_(logs), paths_(std::move(paths)) {}
 
 void SettingsFile::WriteDefaultIni() { WriteWhole(paths_.Ini(), DefaultSettings(paths_.AppPath)); }
 
@@ -98,11 +98,11 @@ bool SettingsFile::UpgradeIni(AppSettings& settings, const std::function<void()>
     const auto step =
         std::find_if(steps.begin(), steps.end(), [&](const auto& s) { return version == s.from; });
     if (step == steps.end()) {
-      journals_.WrErr(LoadMessage(146));
-      journals_.WrErr(LoadMessage(147));
+      logs_.WrErr(LoadMessage(146));
+      logs_.WrErr(LoadMessage(147));
       return false;
     }
-    done = !journals_.Attempt("UpgradeIni - ", [&] {
+    done = !logs_.Attempt("UpgradeIni - ", [&] {
       for (const UpgradeKey& key : step->keys) profile_.Write(paths_.Ini(), key.section, key.key, key.value);
       profile_.Write(paths_.Ini(), kVersion, "Version", step->to);
     });
@@ -142,7 +142,7 @@ void SettingsFile::ReadComSettings(const ProfileContent& content, AppSettings& s
   if (settings.ComPortNumber < 1 || settings.ComPortNumber > kPorts) {
     settings.ComPortNumber = 1;
     Repair(kComSettings, kComPort, "1");
-    journals_.WrErr(LoadMessage(159));
+    logs_.WrErr(LoadMessage(159));
   }
   settings.ComSettings = ReadProfileValue(content, kComSettings, kLineSettings);
   settings.FrameRetry = Integer(content, "FrameRetry");
@@ -176,7 +176,7 @@ void SettingsFile::WriteDefaultErrDesc() {
 }
 
 void SettingsFile::Repair(const char* section, const char* key, const char* value) {
-  journals_.Attempt("ReadIni - ", [&] { profile_.Write(paths_.Ini(), section, key, value); });
+  logs_.Attempt("ReadIni - ", [&] { profile_.Write(paths_.Ini(), section, key, value); });
 }
 
 }  // namespace orvenza

@@ -10,7 +10,7 @@
 
 namespace orvenza {
 
-class Journals;
+class Logs;
 
 /// The settings record: filled once at start-up. Only the port dialog changes it later (the two serial
 /// values).
@@ -75,7 +75,7 @@ std::vector<ProfileValue> DefaultSettings(const std::string& appPath);
 /// Reads, creates and upgrades the settings file.
 class SettingsFile {
  public:
-  SettingsFile(ProfileFile& profile, Files& files, Journals& journals, ProgramPaths paths);
+  SettingsFile(ProfileFile& profile, Files& files, Logs& logs, ProgramPaths paths);
 
   /// Writes every key with its default, whole or not at all. Throws SystemError.
   void WriteDefaultIni();
@@ -102,7 +102,7 @@ class SettingsFile {
 
   ProfileFile& profile_;
   Files& files_;
-  Journals& journals_;
+  Logs& logs_;
   ProgramPaths paths_;
 };
 

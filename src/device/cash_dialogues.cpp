@@ -36,13 +36,13 @@ bool CashDialogues::QueryCashStatus() {
     LogReply();
     if (--tries > 0) loop_.Pause(500ms);
   }
-  journals_.WrErr(LoadMessage(158));
+  logs_.WrErr(LoadMessage(158));
   return false;
 }
 
 void CashDialogues::FollowStatusRead() {
   if (settings_.PcTimeCorrection <= 0) return;
-  if (QuietQuery(link_, journals_, "4201", kNoError)) clockCorrection_.Correct(link_.ReplyText);
+  if (QuietQuery(link_, logs_, "4201", kNoError)) clockCorrection_.Correct(link_.ReplyText);
   link_.ReplyText.clear();
 }
 
@@ -66,7 +66,7 @@ void CashDialogues::InvioRIAVVIO() {
     }
     if (--tries > 0) loop_.Pause(200ms);
   }
-  journals_.WrErr(LoadMessage(183));
+  logs_.WrErr(LoadMessage(183));
 }
 
 void CashDialogues::InvioVOID() {
@@ -78,7 +78,7 @@ void CashDialogues::InvioVOID() {
     if (step == VoidStep::kDone) return;
     const bool close = step == VoidStep::kCloseReceipt;
     if (--tries <= 0 && !close) {
-      journals_.WrErr(LoadMessage(157));
+      logs_.WrErr(LoadMessage(157));
       return;
     }
     loop_.Pause(200ms);
@@ -109,6 +109,6 @@ bool CashDialogues::OperatorWantsAutomaticClose() {
   return messages_.ShowOperatorMessage(question, style, LoadMessage(169)) == message_result::kYes;
 }
 
-void CashDialogues::LogReply() { journals_.WrErr(LoadMessage(117) + " " + FromWindows1252(link_.ReplyText)); }
+void CashDialogues::LogReply() { logs_.WrErr(LoadMessage(117) + " " + FromWindows1252(link_.ReplyText)); }
 
 }  // namespace orvenza

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "core/event_loop.h"
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/settings.h"
 #include "device/clock_correction.h"
 #include "device/device_link.h"
@@ -15,11 +15,11 @@ namespace orvenza {
 /// before every transmission, and reports its failure in the error log alone.
 class CashDialogues {
  public:
-  CashDialogues(DeviceLink& link, const AppSettings& settings, Journals& journals, OperatorMessages& messages,
+  CashDialogues(DeviceLink& link, const AppSettings& settings, Logs& logs, OperatorMessages& messages,
                 EventLoop& loop, ClockCorrection& clockCorrection)
       : link_(link),
         settings_(settings),
-        journals_(journals),
+        logs_(logs),
         messages_(messages),
         loop_(loop),
         clockCorrection_(clockCorrection) {}
@@ -48,7 +48,7 @@ class CashDialogues {
 
   DeviceLink& link_;
   const AppSettings& settings_;
-  Journals& journals_;
+  Logs& logs_;
   OperatorMessages& messages_;
   EventLoop& loop_;
   ClockCorrection& clockCorrection_;

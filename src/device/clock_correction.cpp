@@ -51,7 +51,7 @@ void ClockCorrection::Correct(std::string_view reply) {
     clock_.SetTimeOfDay(*hour, *minute, 0);
     seconds_ = 0;
   } catch (const SystemError& refusal) {
-    if (!refusalLogged_) journals_.WrFailure("Timer1 - ", refusal.Number(), refusal.Description());
+    if (!refusalLogged_) logs_.WrFailure("Timer1 - ", refusal.Number(), refusal.Description());
     refusalLogged_ = true;
   }
 }

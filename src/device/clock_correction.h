@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/settings.h"
 #include "platform/clock.h"
 
@@ -11,8 +11,8 @@ namespace orvenza {
 /// Keeps the PC's time of day with the register's, which always wins.
 class ClockCorrection {
  public:
-  ClockCorrection(Clock& clock, const AppSettings& settings, Journals& journals)
-      : clock_(clock), settings_(settings), journals_(journals) {}
+  ClockCorrection(Clock& clock, const AppSettings& settings, Logs& logs)
+      : clock_(clock), settings_(settings), logs_(logs) {}
 
   /// Counts one polling interval, however long the tick really took. True when a correction has fallen due;
   /// the count then starts again. Never when corrections are switched off.
@@ -28,7 +28,7 @@ class ClockCorrection {
 
   Clock& clock_;
   const AppSettings& settings_;
-  Journals& journals_;
+  Logs& logs_;
   double seconds_ = 0;
   bool refusalLogged_ = false;
 };

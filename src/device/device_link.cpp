@@ -30,12 +30,11 @@ bool IsErrorReply(std::string_view reply) { return reply.starts_with("ERR"); }
 
 bool IsLinkError(std::string_view reply) { return reply.starts_with("ERR-"); }
 
-DeviceLink::DeviceLink(EcrLink& control, const AppSettings& settings, Journals& journals,
-                       OperatorMessages& messages, PortDialog& portDialog, EventLoop& loop,
-                       const Clock& clock)
+DeviceLink::DeviceLink(EcrLink& control, const AppSettings& settings, Logs& logs, OperatorMessages& messages,
+                       PortDialog& portDialog, EventLoop& loop, const Clock& clock)
     : control_(control),
       settings_(settings),
-      journals_(journals),
+      logs_(logs),
       messages_(messages),
       portDialog_(portDialog),
       loop_(loop),
@@ -72,7 +71,7 @@ void DeviceLink::Bounce() {
 
 bool DeviceLink::TryOpen() {
   std::optional<SerialSettings> serial;
-  journals_.Attempt(kFailureLabel, [&] {
+  logs_.Attempt(kFailureLabel, [&] {
     serial = SplitSerialSettings(settings_.ComSettings);
     if (!serial) throw SystemError(error_number::kInvalidArgument, "Settings=" + settings_.ComSettings);
   });
@@ -83,7 +82,7 @@ bool DeviceLink::TryOpen() {
 
 bool DeviceLink::Reset() {
   bool created = true;
-  journals_.Attempt(kFailureLabel, [&] {
+  logs_.Attempt(kFailureLabel, [&] {
     try {
       control_.SetReset(true);
     } catch (const SystemError& error) {
@@ -110,32 +109,32 @@ void DeviceLink::SetProperties(const SerialSettings& serial) {
 bool DeviceLink::OpenPort() {
   SetPort(true);
   bool open = false;
-  journals_.Attempt(kFailureLabel, [&] { open = control_.PortOpen(); });
+  logs_.Attempt(kFailureLabel, [&] { open = control_.PortOpen(); });
   return open;
 }
 
 /// A value that the control does not take leaves it with its own; whether the port then opens is its affair.
 void DeviceLink::SetProperty(LinkProperty property, int value) {
-  journals_.Attempt(kFailureLabel, [&] { control_.SetProperty(property, value); });
+  logs_.Attempt(kFailureLabel, [&] { control_.SetProperty(property, value); });
 }
 
 void DeviceLink::AskAboutClosedPort() {
   const std::string text = LoadMessage(168) + " ( COM" + std::to_string(settings_.ComPortNumber) + " )";
-  journals_.WrErr(std::string(text));
+  logs_.WrErr(std::string(text));
   const int answer = messages_.ShowOperatorMessage(
       text, message_style::kRetryCancelConfigure + message_style::kInformation, LoadMessage(142));
   if (answer == message_result::kConfigure) {
     portDialog_.Show();
   } else if (answer == message_result::kCancel) {
     if (ConfirmEnd(messages_, message_style::kStop)) {
-      journals_.WrErr(LoadMessage(151));
+      logs_.WrErr(LoadMessage(151));
       throw ProgramEnd{.unload = false};
     }
   }
 }
 
 void DeviceLink::SetPort(bool open) {
-  journals_.Attempt(kFailureLabel, [&] { control_.SetPortOpen(open); });
+  logs_.Attempt(kFailureLabel, [&] { control_.SetPortOpen(open); });
 }
 
 bool DeviceLink::Present() {
@@ -144,14 +143,14 @@ bool DeviceLink::Present() {
   loop_.Dispatch();
   bool present = false;
   // A control that fails here is opened anew, which also replaces one that has died.
-  if (!journals_.Attempt(kFailureLabel, [&] { present = control_.DevicePresent(); })) reapply_ = true;
+  if (!logs_.Attempt(kFailureLabel, [&] { present = control_.DevicePresent(); })) reapply_ = true;
   return present;
 }
 
 bool DeviceLink::DeviceReady() {
   for (int read = 0; read < kPresenceReads; ++read) {
     if (Present()) return read == 0;
-    journals_.WrErr(LoadMessage(150));
+    logs_.WrErr(LoadMessage(150));
     messages_.ShowOperatorMessage(LoadMessage(150), message_style::kStop, LoadMessage(142));
   }
   return false;
@@ -179,7 +178,7 @@ void DeviceLink::Exchange(const std::string& command, double replyWait) {
 void DeviceLink::Transmit(const std::string& command, double replyWait) {
   ReplyArrived = false;
   waiting_ = true;
-  const bool sent = journals_.Attempt(kFailureLabel, [&] {
+  const bool sent = logs_.Attempt(kFailureLabel, [&] {
     control_.SetMessage(command);
     control_.Send();
   });
@@ -219,7 +218,7 @@ bool DeviceLink::DropLateReply(std::string_view code) {
 
 void DeviceLink::ReplyReceived() {
   std::string reply;
-  journals_.Attempt(kFailureLabel, [&] { reply = control_.RxMessage(); });
+  logs_.Attempt(kFailureLabel, [&] { reply = control_.RxMessage(); });
   Arrived(std::move(reply));
 }
 

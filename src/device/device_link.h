@@ -5,7 +5,7 @@
 #include <string>
 
 #include "core/event_loop.h"
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/settings.h"
 #include "device/ecr_link.h"
 #include "device/serial_settings.h"
@@ -30,7 +30,7 @@ class DeviceLink : private EcrLinkEvents {
   /// Longest wait for the reply to an ordinary command, in seconds.
   static constexpr double kReplyWait = 15.0;
 
-  DeviceLink(EcrLink& control, const AppSettings& settings, Journals& journals, OperatorMessages& messages,
+  DeviceLink(EcrLink& control, const AppSettings& settings, Logs& logs, OperatorMessages& messages,
              PortDialog& portDialog, EventLoop& loop, const Clock& clock);
   ~DeviceLink() override;
   DeviceLink(const DeviceLink&) = delete;
@@ -100,7 +100,7 @@ class DeviceLink : private EcrLinkEvents {
 
   EcrLink& control_;
   const AppSettings& settings_;
-  Journals& journals_;
+  Logs& logs_;
   OperatorMessages& messages_;
   PortDialog& portDialog_;
   EventLoop& loop_;

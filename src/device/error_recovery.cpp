@@ -13,9 +13,9 @@ constexpr std::size_t kShownLine = 60;
 
 }  // namespace
 
-ErrorRecovery::ErrorRecovery(const ErrorTexts& texts, CashDialogues& cash, Operator& person,
-                             Journals& journals, std::string caption)
-    : texts_(texts), cash_(cash), person_(person), journals_(journals), caption_(std::move(caption)) {}
+ErrorRecovery::ErrorRecovery(const ErrorTexts& texts, CashDialogues& cash, Operator& person, Logs& logs,
+                             std::string caption)
+    : texts_(texts), cash_(cash), person_(person), logs_(logs), caption_(std::move(caption)) {}
 
 int ErrorRecovery::DecodeDeviceError(std::string& reply, const std::string& commandLine, bool offerChoices) {
   if (reply.empty()) reply = "ERR..";
@@ -35,7 +35,7 @@ int ErrorRecovery::DecodeDeviceError(std::string& reply, const std::string& comm
 }
 
 int ErrorRecovery::SettlePaperOut(bool journalPaper) {
-  journals_.WrErr(texts_.MessageText(journalPaper ? 115 : 116));
+  logs_.WrErr(texts_.MessageText(journalPaper ? 115 : 116));
   ChoiceContent form;
   form.heading = texts_.MessageText(journalPaper ? 110 : 111);
   form.text = texts_.MessageText(112);
@@ -45,8 +45,8 @@ int ErrorRecovery::SettlePaperOut(bool journalPaper) {
 }
 
 void ErrorRecovery::LogSequenceError() {
-  journals_.WrErr(std::string(texts_.EcrErrorText(11)));
-  journals_.WrErr(texts_.MessageText(114));
+  logs_.WrErr(std::string(texts_.EcrErrorText(11)));
+  logs_.WrErr(texts_.MessageText(114));
 }
 
 ChoiceContent ErrorRecovery::DescribeError(std::string_view reply, const std::string& commandLine) {
@@ -55,14 +55,14 @@ ChoiceContent ErrorRecovery::DescribeError(std::string_view reply, const std::st
   form.heading = LoadMessage(118);
   if (code == ".." || IsLinkError(reply)) {
     form.text = LoadMessage(126);
-    journals_.WrErr(std::string(form.text));
+    logs_.WrErr(std::string(form.text));
   } else if (code == "**") {
-    journals_.WrErr(LoadMessage(124) + " " + LoggedLine(commandLine));
+    logs_.WrErr(LoadMessage(124) + " " + LoggedLine(commandLine));
     form.heading = LoadMessage(124) + " " + ShownLine(commandLine, kShownLine);
     form.text = LoadMessage(149);
   } else {
     form.text = TableText(code);
-    journals_.WrErr(LoadMessage(117) + " " + form.text);
+    logs_.WrErr(LoadMessage(117) + " " + form.text);
   }
   return form;
 }
@@ -70,7 +70,7 @@ ChoiceContent ErrorRecovery::DescribeError(std::string_view reply, const std::st
 std::string ErrorRecovery::TableText(std::string_view code) {
   // A code outside the table is an error of its own in the log; the operator decides about it all the same.
   std::string text;
-  journals_.Attempt("DecodeDeviceError - ", [&] { text = texts_.EcrErrorText(LeadingInteger(code)); });
+  logs_.Attempt("DecodeDeviceError - ", [&] { text = texts_.EcrErrorText(LeadingInteger(code)); });
   return text;
 }
 
@@ -88,7 +88,7 @@ int ErrorRecovery::Ask(const ChoiceContent& content) {
   OperatorChoice = ShowChoiceDialog(person_, form);
   if (OperatorChoice < recovery::kPrinted) return recovery::kGoOn;
   const auto option = static_cast<std::size_t>(OperatorChoice - recovery::kPrinted);
-  journals_.WrErr(LoadMessage(141) + " " + form.options.at(option));
+  logs_.WrErr(LoadMessage(141) + " " + form.options.at(option));
   return OperatorChoice;
 }
 

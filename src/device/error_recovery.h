@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "device/cash_dialogues.h"
 #include "device/error_texts.h"
 #include "ui/operator.h"
@@ -22,7 +22,7 @@ inline constexpr int kAbort = 4;    ///< Give the receipt up.
 class ErrorRecovery {
  public:
   /// `caption` is the title of the form.
-  ErrorRecovery(const ErrorTexts& texts, CashDialogues& cash, Operator& person, Journals& journals,
+  ErrorRecovery(const ErrorTexts& texts, CashDialogues& cash, Operator& person, Logs& logs,
                 std::string caption);
 
   /// The choice last made: 0 or 1 none, 2 to 4 the options in their order.
@@ -45,7 +45,7 @@ class ErrorRecovery {
   const ErrorTexts& texts_;
   CashDialogues& cash_;
   Operator& person_;
-  Journals& journals_;
+  Logs& logs_;
   std::string caption_;
 };
 

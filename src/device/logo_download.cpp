@@ -49,7 +49,7 @@ std::vector<std::string> ReadLogoRows(const Files& files, const std::string& pat
 bool LogoDownload::Download(const std::string& number, const std::string& path,
                             const std::string& commandLine, const std::function<void()>& givenUp) {
   std::vector<std::string> rows;
-  const bool read = journals_.Attempt("Trasmissione ", [&] { rows = ReadLogoRows(files_, path); });
+  const bool read = logs_.Attempt("Trasmissione ", [&] { rows = ReadLogoRows(files_, path); });
   if (read && SendRows(number, rows, commandLine, givenUp)) return true;
   messages_.ShowOperatorMessage(LoadMessage(184), message_style::kExclamation, LoadMessage(169));
   return false;

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "device/device_link.h"
 #include "device/error_recovery.h"
 #include "ui/operator_message.h"
@@ -14,9 +14,9 @@ namespace orvenza {
 /// Sends a logo bitmap, already checked, to the register: one command a row, the picture's top row first.
 class LogoDownload {
  public:
-  LogoDownload(DeviceLink& link, ErrorRecovery& recovery, const Files& files, Journals& journals,
+  LogoDownload(DeviceLink& link, ErrorRecovery& recovery, const Files& files, Logs& logs,
                OperatorMessages& messages)
-      : link_(link), recovery_(recovery), files_(files), journals_(journals), messages_(messages) {}
+      : link_(link), recovery_(recovery), files_(files), logs_(logs), messages_(messages) {}
 
   /// Sends the bitmap `path` as logo `number`, two digits as a rule; `commandLine` is the ticket line that
   /// asks for it. Returns whether the download ran to its end; otherwise the operator has been told.
@@ -31,7 +31,7 @@ class LogoDownload {
   DeviceLink& link_;
   ErrorRecovery& recovery_;
   const Files& files_;
-  Journals& journals_;
+  Logs& logs_;
   OperatorMessages& messages_;
 };
 

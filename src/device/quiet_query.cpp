@@ -5,15 +5,15 @@
 
 namespace orvenza {
 
-bool QuietQuery(DeviceLink& link, Journals& journals, std::string_view code, std::string_view data) {
+bool QuietQuery(DeviceLink& link, Logs& logs, std::string_view code, std::string_view data) {
   if (!link.Present()) {
     link.ReplyText.clear();
-    journals.WrErr(LoadMessage(150));
+    logs.WrErr(LoadMessage(150));
     return false;
   }
   link.Transmit(std::string(code).append(data));
   if (link.ReplyText.starts_with(code)) return true;
-  journals.WrErr(QueryFailureText(link.ReplyText, code));
+  logs.WrErr(QueryFailureText(link.ReplyText, code));
   return false;
 }
 

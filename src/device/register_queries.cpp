@@ -28,15 +28,15 @@ bool EndsWithCode(const std::string& reply, const char* code) {
 
 RegisterQueries::RegisterQueries(DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery,
                                  OperatorMessages& messages, PortDialog& portDialog,
-                                 const AppSettings& settings, Journals& journals, EventLoop& loop,
-                                 PollTimer& timer, RegisterIdentity& identity)
+                                 const AppSettings& settings, Logs& logs, EventLoop& loop, PollTimer& timer,
+                                 RegisterIdentity& identity)
     : link_(link),
       cash_(cash),
       recovery_(recovery),
       messages_(messages),
       portDialog_(portDialog),
       settings_(settings),
-      journals_(journals),
+      logs_(logs),
       loop_(loop),
       timer_(timer),
       identity_(identity) {}
@@ -58,9 +58,9 @@ std::string RegisterQueries::ClockQuery(const std::string& argument) { return Qu
 
 std::string RegisterQueries::Query(const std::string& code, const std::string& argument) {
   if (argument != kQuiet) return AttendedQuery(code);
-  bool answered = QuietQuery(link_, journals_, code, kFirstData);
+  bool answered = QuietQuery(link_, logs_, code, kFirstData);
   if (!answered && code == kStatus && EndsWithCode(link_.ReplyText, "16")) {
-    answered = QuietQuery(link_, journals_, code, kSecondData);
+    answered = QuietQuery(link_, logs_, code, kSecondData);
   }
   return answered ? link_.ReplyText : std::string();
 }
@@ -102,12 +102,12 @@ bool RegisterQueries::SettleReply(const std::string& code, std::string& data) {
 }
 
 bool RegisterQueries::AskRetry(const std::string& text) {
-  journals_.WrErr(std::string(text));
+  logs_.WrErr(std::string(text));
   const int answer = messages_.ShowOperatorMessage(
       text, message_style::kRetryCancelConfigure + message_style::kInformation, LoadMessage(142));
   if (answer == message_result::kConfigure) portDialog_.Show();
   if (answer == message_result::kCancel && ConfirmEnd(messages_, message_style::kStop)) {
-    journals_.WrErr(LoadMessage(151));
+    logs_.WrErr(LoadMessage(151));
     return false;
   }
   ReopenLink();
@@ -128,8 +128,7 @@ void RegisterQueries::VoidOpenReceipt() {
 }
 
 void RegisterQueries::LearnIdentity(const std::string& reply) {
-  journals_.WrLog(LoadMessage(199) + " " +
-                  FromWindows1252(reply.substr(std::min<std::size_t>(4, reply.size()))));
+  logs_.WrLog(LoadMessage(199) + " " + FromWindows1252(reply.substr(std::min<std::size_t>(4, reply.size()))));
   identity_.DeviceModel = Middle(reply, 7, 10);
   identity_.DeviceModel.resize(10, ' ');
   identity_.DeviceModel = std::string(DrivenAs(identity_.DeviceModel));

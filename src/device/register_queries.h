@@ -3,7 +3,7 @@
 #include <string>
 
 #include "core/event_loop.h"
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/poll_timer.h"
 #include "core/settings.h"
 #include "device/cash_dialogues.h"
@@ -20,7 +20,7 @@ namespace orvenza {
 class RegisterQueries {
  public:
   RegisterQueries(DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery, OperatorMessages& messages,
-                  PortDialog& portDialog, const AppSettings& settings, Journals& journals, EventLoop& loop,
+                  PortDialog& portDialog, const AppSettings& settings, Logs& logs, EventLoop& loop,
                   PollTimer& timer, RegisterIdentity& identity);
 
   /// Whether the register answers. The quiet form, where corrections of the PC clock are switched on, goes on
@@ -48,7 +48,7 @@ class RegisterQueries {
   OperatorMessages& messages_;
   PortDialog& portDialog_;
   const AppSettings& settings_;
-  Journals& journals_;
+  Logs& logs_;
   EventLoop& loop_;
   PollTimer& timer_;
   RegisterIdentity& identity_;

@@ -1,161 +1,17 @@
 #include "lab/commands.h"
 
-#include <algorithm>
-#include <exception>
-#include <sstream>
-#include <stdexcept>
-
-#include "core/version.h"
-#include "lab/bundle_command.h"
-#include "lab/check_command.h"
-#include "lab/doctor_command.h"
-#include "lab/rehearse_command.h"
-#include "lab/table_command.h"
+#include "lab/bundle/bundle_command.h"
+#include "lab/check/check_command.h"
+#include "lab/doctor/doctor_command.h"
+#include "lab/rehearsal/rehearse_command.h"
+#include "lab/table/table_command.h"
 
 namespace orvenza {
-namespace {
-
-constexpr const char* kProgram = "orvenza-lab";
-constexpr std::size_t kOptionColumn = 24;
-
-/// `text` with every line moved to the right.
-std::string Indented(const std::string& text) {
-  std::string indented;
-  std::istringstream lines(text);
-  for (std::string line; std::getline(lines, line);) indented += line.empty() ? "\n" : "  " + line + "\n";
-  return indented;
-}
-
-/// `name` in a column of its own, then `text`, each further line of it below the first.
-std::string Row(const std::string& name, const std::string& text) {
-  std::string row = "  " + name;
-  row += row.size() + 2 > kOptionColumn ? "\n" + std::string(kOptionColumn, ' ')
-                                        : std::string(kOptionColumn - row.size(), ' ');
-  for (const char c : text) {
-    row += c;
-    if (c == '\n') row.append(kOptionColumn, ' ');
-  }
-  return row + "\n";
-}
-
-std::string OptionRows(const std::vector<Option>& options) {
-  std::string rows;
-  for (const Option& option : options) {
-    rows += Row(option.value.empty() ? option.name : option.name + " " + option.value, option.help);
-  }
-  return rows + Row("--help", "show this page and end");
-}
-
-std::string Overview(const std::vector<Command>& commands) {
-  std::string page =
-      "Usage: orvenza-lab COMMAND [OPTION...]\n"
-      "\n"
-      "What an integrator of Orvenza needs besides the connector itself.\n"
-      "\n"
-      "Commands:\n";
-  for (const Command& command : commands) page += Row(command.name, command.summary);
-  return page + "\n" + Row("help COMMAND", "all about a command; the same as COMMAND --help") +
-         Row("--version", "show the version and end") + Row("--help", "show this page and end");
-}
-
-const Command* Find(const std::vector<Command>& commands, const std::string& name) {
-  const auto found =
-      std::find_if(commands.begin(), commands.end(), [&](const Command& c) { return c.name == name; });
-  return found == commands.end() ? nullptr : &*found;
-}
-
-int RefuseCommand(Console& console, const std::string& name, const std::vector<Command>& commands) {
-  std::vector<std::string> names{"help"};
-  for (const Command& command : commands) names.push_back(command.name);
-  return RefuseUsage(console, {},
-                     name.starts_with('-')
-                         ? "unknown option '" + name + "'" + Hint(name, {"--help", "--version"})
-                         : "unknown command '" + name + "'" + Hint(name, names));
-}
-
-int ShowHelp(const std::vector<std::string>& words, const std::vector<Command>& commands, Console& console) {
-  if (words.empty()) {
-    console.out << Overview(commands);
-    return 0;
-  }
-  const Command* command = Find(commands, words.front());
-  const bool ofHelp = words.front() == "help";
-  if (command == nullptr && !ofHelp) return RefuseCommand(console, words.front(), commands);
-  if (words.size() > 1) return RefuseUsage(console, {}, "unexpected word '" + words[1] + "'");
-  console.out << (ofHelp ? Overview(commands) : HelpPage(*command));
-  return 0;
-}
-
-int RunCommand(const Command& command, const std::vector<std::string>& words, LabSurroundings& surroundings) {
-  std::vector<Option> options = command.options;
-  options.push_back({"--help", {}, {}});
-  options.push_back({"-h", {}, {}});
-  const Arguments arguments = ReadArguments(words, options);
-  Console& console = surroundings.console;
-  if (arguments.Has("--help") || arguments.Has("-h")) {
-    console.out << HelpPage(command);
-    return 0;
-  }
-  if (!arguments.error.empty()) return RefuseUsage(console, command.name, arguments.error);
-  try {
-    return command.run(arguments, surroundings);
-  } catch (const UsageError& refused) {
-    return RefuseUsage(console, command.name, refused.what());
-  } catch (const std::exception& failure) {
-    console.out.flush();
-    console.err << kProgram << " " << command.name << ": " << failure.what() << "\n";
-    return kFailed;
-  }
-}
-
-int Run(const std::vector<std::string>& words, const std::vector<Command>& commands,
-        LabSurroundings& surroundings) {
-  Console& console = surroundings.console;
-  const std::string& name = words.front();
-  const std::vector<std::string> rest(words.begin() + 1, words.end());
-  if (name == "--help" || name == "-h" || name == "help") return ShowHelp(rest, commands, console);
-  if (name == "--version") {
-    console.out << kProgram << " " << kVersionText << "\n";
-    return 0;
-  }
-  const Command* command = Find(commands, name);
-  return command == nullptr ? RefuseCommand(console, name, commands)
-                            : RunCommand(*command, rest, surroundings);
-}
-
-}  // namespace
 
 std::vector<Command> Commands() {
   return {
       BundleCommand(), CheckCommand(), DoctorCommand(), RehearseCommand(), TableCommand(),
   };
-}
-
-std::string HelpPage(const Command& command) {
-  const std::string called = std::string(kProgram) + " " + command.name;
-  return called + ": " + command.summary + "\n\nUsage:\n" + Indented(called + " " + command.synopsis) + "\n" +
-         command.description + "\n\nOptions:\n" + OptionRows(command.options) + "\nExit status:\n" +
-         Indented(command.statuses) + "\nExamples:\n" + Indented(command.examples);
-}
-
-int RefuseUsage(Console& console, const std::string& command, const std::string& reason) {
-  const std::string called = command.empty() ? kProgram : std::string(kProgram) + " " + command;
-  console.out.flush();
-  console.err << called << ": " << reason << "\nSee '" << called << " --help'.\n";
-  return kFailed;
-}
-
-int RunLab(const std::vector<std::string>& words, const std::vector<Command>& commands,
-           LabSurroundings& surroundings) {
-  Console& console = surroundings.console;
-  if (words.empty()) {
-    console.err << Overview(commands);
-    return kFailed;
-  }
-  const int status = Run(words, commands, surroundings);
-  if (console.out.flush()) return status;
-  console.err << kProgram << ": the standard output cannot be written\n";
-  return kFailed;
 }
 
 }  // namespace orvenza

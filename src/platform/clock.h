@@ -42,7 +42,7 @@ class Clock {
   /// Sets the PC's time of day, leaving the date. Throws SystemError when the right to do so is missing.
   virtual void SetTimeOfDay(int hour, int minute, int second) = 0;
 
-  /// `time` as the journals show it: date, blank, time of day, in the system's short formats.
+  /// `time` as the logs show it: date, blank, time of day, in the system's short formats.
   virtual std::string Stamp(const LocalTime& time) const = 0;
 };
 

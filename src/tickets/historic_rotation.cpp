@@ -56,7 +56,7 @@ bool HistoricHoldsTickets(const AppSettings& settings, const std::string& appPat
          LiesIn(appPath + "\\", settings.HistoricFolder);
 }
 
-void RotateHistoricFolder(Folders& folders, const Clock& clock, Journals& journals, AppSettings& settings) {
+void RotateHistoricFolder(Folders& folders, const Clock& clock, Logs& logs, AppSettings& settings) {
   const std::string historic = settings.HistoricFolder;
   if (historic.empty() || !folders.DriveAvailable(historic) || !folders.Exists(historic)) return;
   const std::string base = WithoutEnd(historic);
@@ -67,8 +67,8 @@ void RotateHistoricFolder(Folders& folders, const Clock& clock, Journals& journa
   std::string target = base + "_" + date;
   if (!folders.ListFolder(target + "*").empty()) target += "_" + TimeDigits(now);
   folders.Rename(historic, target + "\\");
-  if (folders.Exists(historic) || CreateAllDirs(folders, journals, historic)) return;
-  journals.WrErr(LoadMessage(195) + " : " + historic);
+  if (folders.Exists(historic) || CreateAllDirs(folders, logs, historic)) return;
+  logs.WrErr(LoadMessage(195) + " : " + historic);
   settings.HistoricFolder.clear();
 }
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/settings.h"
 #include "platform/clock.h"
 #include "platform/folders.h"
@@ -21,7 +21,7 @@ bool HistoricHoldsTickets(const AppSettings& settings, const std::string& appPat
 /// missing folder is left missing; an empty one gets the date zero. Where the folder cannot be made again,
 /// the historic path is emptied and tickets are not archived in this run. Throws SystemError when the rename
 /// fails (75 for a folder in use), with nothing changed.
-void RotateHistoricFolder(Folders& folders, const Clock& clock, Journals& journals, AppSettings& settings);
+void RotateHistoricFolder(Folders& folders, const Clock& clock, Logs& logs, AppSettings& settings);
 
 /// The folders that it gave the dates of earlier days, with "\" at their ends, the earliest first; none for
 /// an empty `historic`. Throws SystemError.

@@ -185,7 +185,7 @@ bool RememberedTickets::Attempt(const std::function<void()>& step) {
       // Told already.
     }
   } else {
-    done = journals_.Attempt(kLabel, step);
+    done = logs_.Attempt(kLabel, step);
   }
   told_ = !done;
   return done;

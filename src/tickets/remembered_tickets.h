@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "platform/files.h"
 #include "tickets/ticket_listing.h"
 
@@ -50,8 +50,8 @@ std::string RememberedFilesText(const RememberedFiles& files);
 /// first is written to the error log.
 class RememberedTickets {
  public:
-  RememberedTickets(Files& files, Journals& journals, const std::string& programFolder)
-      : files_(files), journals_(journals), path_(RememberedFilesPath(programFolder)) {}
+  RememberedTickets(Files& files, Logs& logs, const std::string& programFolder)
+      : files_(files), logs_(logs), path_(RememberedFilesPath(programFolder)) {}
 
   const std::string& Path() const { return path_; }
 
@@ -77,7 +77,7 @@ class RememberedTickets {
   bool Attempt(const std::function<void()>& step);
 
   Files& files_;
-  Journals& journals_;
+  Logs& logs_;
   std::string path_;
   RememberedFiles remembered_;
   int tries_ = 0;          // to read the file

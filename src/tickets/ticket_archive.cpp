@@ -27,12 +27,12 @@ std::string ArchiveExtension(const std::string& mask) {
   return extension.find_first_of("*?") == std::string::npos && !extension.empty() ? extension : "txt";
 }
 
-TicketArchive::TicketArchive(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
+TicketArchive::TicketArchive(Files& files, Folders& folders, const AppSettings& settings, Logs& logs,
                              OperatorMessages& messages, RememberedTickets& remembered)
     : files_(files),
       folders_(folders),
       settings_(settings),
-      journals_(journals),
+      logs_(logs),
       messages_(messages),
       remembered_(remembered) {}
 
@@ -47,14 +47,14 @@ void TicketArchive::Archive(const std::string& workFile, std::string_view text) 
     return;
   }
   const bool drive = folders_.DriveAvailable(settings_.HistoricFolder);
-  const bool folder = drive && CreateAllDirs(folders_, journals_, settings_.HistoricFolder);
+  const bool folder = drive && CreateAllDirs(folders_, logs_, settings_.HistoricFolder);
   if (folder && Store(workFile, text, [&] { return NextHistoricPath(); })) return;
   // The file goes first: the operator may end the program from the message.
   Abort(workFile, text);
   LogNotArchived(workFile);
   if (!drive) ReportMissingDrive(settings_.HistoricFolder);
   if (drive && !folder) {
-    ReportWrongPath(messages_, journals_, settings_.HistoricFolder);
+    ReportWrongPath(messages_, logs_, settings_.HistoricFolder);
     throw ProgramEnd{.unload = true, .status = exit_status::kFolderNotMade};
   }
 }
@@ -79,13 +79,13 @@ bool TicketArchive::HasGone(const std::string& workFile) const {
 }
 
 void TicketArchive::LogNotArchived(const std::string& workFile) {
-  journals_.WrErr(std::string(own_text::kPrintedNotArchived) + " " + FileNameOf(workFile));
+  logs_.WrErr(std::string(own_text::kPrintedNotArchived) + " " + FileNameOf(workFile));
 }
 
 bool TicketArchive::Store(const std::string& workFile, std::string_view text,
                           const std::function<std::string()>& target) {
   bool moved = false;
-  if (!journals_.Attempt(kLabel, [&] { moved = MoveOrCopy(files_, workFile, target()); })) return false;
+  if (!logs_.Attempt(kLabel, [&] { moved = MoveOrCopy(files_, workFile, target()); })) return false;
   if (!moved) Remove(workFile, text);
   return true;
 }
@@ -128,7 +128,7 @@ std::string TicketArchive::AbortPath(const std::string& workFile) {
 
 void TicketArchive::Remove(const std::string& workFile, std::string_view text) {
   const auto remove = [&] { RemoveReadOnlyToo(files_, workFile); };
-  if (HasGone(workFile) || !journals_.Attempt(kLabel, remove)) Settle(workFile, text, true);
+  if (HasGone(workFile) || !logs_.Attempt(kLabel, remove)) Settle(workFile, text, true);
 }
 
 void TicketArchive::Settle(const std::string& workFile, std::string_view text, bool copied) {
@@ -166,7 +166,7 @@ void TicketArchive::MoveSettled(const std::string& workFile, RememberedFiles::Se
 
 void TicketArchive::ReportMissingDrive(const std::string& folder) {
   const std::string text = LoadMessage(155) + " " + folders_.DriveOf(folder);
-  journals_.WrErr(std::string(text));
+  logs_.WrErr(std::string(text));
   messages_.ShowOperatorMessage(text, message_style::kStop, LoadMessage(169));
 }
 

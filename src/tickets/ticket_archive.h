@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/settings.h"
 #include "platform/files.h"
 #include "platform/folders.h"
@@ -21,7 +21,7 @@ std::string ArchiveExtension(const std::string& mask);
 /// remembered as settled, so that its receipt is never printed again, not even by a later start.
 class TicketArchive {
  public:
-  TicketArchive(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
+  TicketArchive(Files& files, Folders& folders, const AppSettings& settings, Logs& logs,
                 OperatorMessages& messages, RememberedTickets& remembered);
 
   /// Moves a printed ticket into the historic folder under the next sequence number, or deletes it where no
@@ -38,7 +38,7 @@ class TicketArchive {
   /// Whether the processing of this file is over although it still lies there.
   bool IsSettled(const std::string& workFile) const;
 
-  /// Tries once more to move the settled files away, without a word in the journals. One that has another
+  /// Tries once more to move the settled files away, without a word in the logs. One that has another
   /// text by now is a ticket of its own, and is settled no longer.
   void RetrySettled();
 
@@ -56,7 +56,7 @@ class TicketArchive {
   Files& files_;
   Folders& folders_;
   const AppSettings& settings_;
-  Journals& journals_;
+  Logs& logs_;
   OperatorMessages& messages_;
   RememberedTickets& remembered_;
 };

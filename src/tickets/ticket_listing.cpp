@@ -63,7 +63,7 @@ bool TicketListing::IsOlder(std::string_view entry, std::string_view other) {
 /// The program's own files where they lie in `folder`, in capitals.
 std::vector<std::string> TicketListing::OwnNames(const std::string& folder) const {
   const std::string place = NormalisedFolder(folder);
-  std::vector<std::string> paths = journals_.Paths();
+  std::vector<std::string> paths = logs_.Paths();
   paths.insert(paths.end(), {settings_.CommandFilePath, rememberedFiles_});
   std::vector<std::string> names;
   for (const std::string& path : paths) {

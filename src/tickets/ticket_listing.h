@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/settings.h"
 #include "platform/folders.h"
 
@@ -19,12 +19,9 @@ class TicketListing {
   using SortedList = std::vector<std::string>;
 
   /// `rememberedFiles` is the path of the file in which RememberedTickets keeps its own.
-  TicketListing(const Folders& folders, const AppSettings& settings, const Journals& journals,
+  TicketListing(const Folders& folders, const AppSettings& settings, const Logs& logs,
                 std::string rememberedFiles)
-      : folders_(folders),
-        settings_(settings),
-        journals_(journals),
-        rememberedFiles_(std::move(rememberedFiles)) {}
+      : folders_(folders), settings_(settings), logs_(logs), rememberedFiles_(std::move(rememberedFiles)) {}
 
   /// The files of `folder`, which ends in "\", that fit the ticket mask; the files that the program writes
   /// and the command file, which no mask makes tickets of, aside. Throws SystemError.
@@ -41,7 +38,7 @@ class TicketListing {
 
   const Folders& folders_;
   const AppSettings& settings_;
-  const Journals& journals_;
+  const Logs& logs_;
   std::string rememberedFiles_;
 };
 

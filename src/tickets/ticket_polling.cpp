@@ -42,7 +42,7 @@ bool AsksToQuit(const Files& files, const std::string& commandFile) {
   return command.empty() || command == "QUIT";
 }
 
-TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
+TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Logs& logs,
                              EventLoop& loop, PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
                              ClockCorrection& clockCorrection, TicketSplitter& splitter,
                              TicketProcessor& processor, TicketArchive& archive,
@@ -50,8 +50,8 @@ TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& 
     : files_(files),
       folders_(folders),
       settings_(settings),
-      journals_(journals),
-      failures_(journals),
+      logs_(logs),
+      failures_(logs),
       loop_(loop),
       timer_(timer),
       link_(link),
@@ -61,7 +61,7 @@ TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& 
       processor_(processor),
       archive_(archive),
       remembered_(remembered),
-      listing_(folders, settings, journals, remembered.Path()) {}
+      listing_(folders, settings, logs, remembered.Path()) {}
 
 void TicketPolling::Tick() {
   timer_.SetEnabled(false);
@@ -120,8 +120,8 @@ bool TicketPolling::QuitAsked() {
 
 void TicketPolling::Quit() {
   link_.ClosePort();
-  journals_.Attempt(kLabel, [&] { RemoveReadOnlyToo(files_, settings_.CommandFilePath); });
-  journals_.WrLog(LoadMessage(104));
+  logs_.Attempt(kLabel, [&] { RemoveReadOnlyToo(files_, settings_.CommandFilePath); });
+  logs_.WrLog(LoadMessage(104));
   throw ProgramEnd{.unload = true};
 }
 
@@ -131,7 +131,7 @@ void TicketPolling::Breathe() {
   loop_.CheckEnd();
   if (++pieces_ % kPiecesBetweenLooks != 0) return;
   bool quit = false;
-  journals_.Attempt(kLabel, [&] { quit = QuitAsked(); });
+  logs_.Attempt(kLabel, [&] { quit = QuitAsked(); });
   if (quit) Quit();
 }
 
@@ -221,8 +221,8 @@ bool TicketPolling::MustWait(const std::string& entry, const std::string& text) 
   const std::string* const older = HeldUpBefore(entry);
   if (older == nullptr || !HoldsReport(text)) return false;
   if (waiting_.insert(entry).second) {
-    journals_.WrErr(std::string(own_text::kReportWaits) + " " + TicketListing::NameOf(entry) + ", " +
-                    own_text::kFirstComes + " " + TicketListing::NameOf(*older));
+    logs_.WrErr(std::string(own_text::kReportWaits) + " " + TicketListing::NameOf(entry) + ", " +
+                own_text::kFirstComes + " " + TicketListing::NameOf(*older));
   }
   return true;
 }
@@ -258,11 +258,11 @@ TicketPolling::Outcome TicketPolling::HeldUp(const std::string& entry) const {
 
 void TicketPolling::TakeIn(const std::string& entry, const std::string& file) {
   const bool moved = MoveOrCopy(files_, settings_.TicketFolder + TicketListing::NameOf(entry), file);
-  if (moved || journals_.Attempt(kLabel, [&] { RemoveSource(entry); })) return;
+  if (moved || logs_.Attempt(kLabel, [&] { RemoveSource(entry); })) return;
   std::optional<Fingerprint> text;
   // The program must not end before the source is remembered.
   const auto deliver = [&] { loop_.Dispatch(); };
-  journals_.Attempt(kLabel, [&] { text = FingerprintOf(ReadInPieces(files_, file, deliver)); });
+  logs_.Attempt(kLabel, [&] { text = FingerprintOf(ReadInPieces(files_, file, deliver)); });
   remembered_.TakeIn(entry, text);
 }
 
@@ -275,8 +275,7 @@ void TicketPolling::FinishTakingIn(const std::string& entry) {
   try {
     const std::string text = ReadWhole(files_, file);
     if (ReadWhole(files_, settings_.TicketFolder + name) != text) return;
-    if (!journals_.Attempt(kLabel, [&] { RemoveSource(entry); }))
-      remembered_.TakeIn(entry, FingerprintOf(text));
+    if (!logs_.Attempt(kLabel, [&] { RemoveSource(entry); })) remembered_.TakeIn(entry, FingerprintOf(text));
   } catch (const SystemError&) {
     // What cannot be read is not printed now, and comes here again.
   }

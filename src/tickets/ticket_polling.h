@@ -7,7 +7,7 @@
 #include <string>
 
 #include "core/event_loop.h"
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/poll_timer.h"
 #include "core/repeated_failures.h"
 #include "core/settings.h"
@@ -37,8 +37,8 @@ bool AsksToQuit(const Files& files, const std::string& commandFile);
 /// all that come after it; then they pass, but never a closure or a report that is younger.
 class TicketPolling : public WaitingTickets {
  public:
-  TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Journals& journals,
-                EventLoop& loop, PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
+  TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Logs& logs, EventLoop& loop,
+                PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
                 ClockCorrection& clockCorrection, TicketSplitter& splitter, TicketProcessor& processor,
                 TicketArchive& archive, RememberedTickets& remembered);
 
@@ -91,7 +91,7 @@ class TicketPolling : public WaitingTickets {
   Files& files_;
   Folders& folders_;
   const AppSettings& settings_;
-  Journals& journals_;
+  Logs& logs_;
   RepeatedFailures failures_;  ///< Of what runs on every tick.
   EventLoop& loop_;
   PollTimer& timer_;

@@ -41,13 +41,12 @@ bool IsTolerated(std::string_view reply) { return reply.starts_with("ERR-2"); }
 
 }  // namespace
 
-TicketProcessor::TicketProcessor(Files& files, const AppSettings& settings, Journals& journals,
-                                 EventLoop& loop, DeviceLink& link, CashDialogues& cash,
-                                 ErrorRecovery& recovery, LogoDownload& logo, RecordTranslator& translator,
-                                 TicketArchive& archive)
+TicketProcessor::TicketProcessor(Files& files, const AppSettings& settings, Logs& logs, EventLoop& loop,
+                                 DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery,
+                                 LogoDownload& logo, RecordTranslator& translator, TicketArchive& archive)
     : files_(files),
       settings_(settings),
-      journals_(journals),
+      logs_(logs),
       loop_(loop),
       link_(link),
       cash_(cash),
@@ -69,10 +68,10 @@ void TicketProcessor::ProcessTicketFile(const std::string& workFile, std::string
     end = ifEnded_;
   }
   if (end == Next::kFinish) {
-    journals_.WrLog(LoadMessage(106));
+    logs_.WrLog(LoadMessage(106));
     archive_.Archive(workFile, text);
   } else if (end == Next::kAbort || end == Next::kGiveUp) {
-    if (ended || end == Next::kGiveUp) journals_.WrErr(LoadMessage(127) + " " + workFile);
+    if (ended || end == Next::kGiveUp) logs_.WrErr(LoadMessage(127) + " " + workFile);
     archive_.Abort(workFile, text);
   }
   if (ended) throw *ended;
@@ -81,13 +80,13 @@ void TicketProcessor::ProcessTicketFile(const std::string& workFile, std::string
 TicketProcessor::Next TicketProcessor::Print(const std::string& workFile, std::string& text) {
   for (bool again = false;; again = true) {
     ifEnded_ = Next::kLeave;
-    journals_.WrLog(LoadMessage(105));
-    if (!journals_.Attempt(kLabel, [&] { CloseOpenReceipt(); })) return Next::kLeave;
+    logs_.WrLog(LoadMessage(105));
+    if (!logs_.Attempt(kLabel, [&] { CloseOpenReceipt(); })) return Next::kLeave;
     loop_.CheckEnd();
     if (!MayExist(files_, workFile)) return Next::kLeave;
     // The file may have been corrected while the operator was asked.
     const auto read = [&] { text = ReadInPieces(files_, workFile, [&] { loop_.Dispatch(); }); };
-    if (again && !journals_.Attempt(kLabel, read)) return Next::kLeave;
+    if (again && !logs_.Attempt(kLabel, read)) return Next::kLeave;
     const Next end = SendLines(text);
     if (end != Next::kRestart) return end;
   }
@@ -99,7 +98,7 @@ void TicketProcessor::CloseOpenReceipt() {
   int tries = kVoidTries;
   int accepted = 0;
   while (cash_.QueryCashStatus()) {
-    journals_.WrErr(LoadMessage(114));
+    logs_.WrErr(LoadMessage(114));
     cash_.InvioVOID();
     if (IsFailure(link_.ReplyText) ? --tries >= 1 : ++accepted < kVainVoids) continue;
     if (cash_.OperatorWantsAutomaticClose()) SendClosingPayment();
@@ -122,7 +121,7 @@ TicketProcessor::Next TicketProcessor::SendLines(std::string_view text) {
   for (Line line; TakeLine(reader, line);) {
     // A receipt must not go on without one of its lines.
     Next next = Next::kGiveUp;
-    journals_.Attempt(kLabel, [&] { next = HandleLine(line); });
+    logs_.Attempt(kLabel, [&] { next = HandleLine(line); });
     if (next != Next::kNextLine) return next;
   }
   return Next::kFinish;
@@ -166,7 +165,7 @@ TicketProcessor::Next TicketProcessor::HandleUnreadableLine(const std::string& l
 }
 
 TicketProcessor::Next TicketProcessor::HandleInvalidLine(const std::string& line) {
-  journals_.WrErr(LoadMessage(124) + " " + LoggedLine(line));
+  logs_.WrErr(LoadMessage(124) + " " + LoggedLine(line));
   link_.ReplyText = "ERR**";
   const auto next = FromDecision(recovery_.DecodeDeviceError(link_.ReplyText, line, true));
   return next.value_or(Next::kNextLine);
@@ -178,14 +177,14 @@ TicketProcessor::Next TicketProcessor::SendLongRunning(const std::string& comman
   if (!link_.DeviceReady()) return Next::kGiveUp;
   ifEnded_ = Next::kAbort;
   link_.Transmit(command, std::max(DeviceLink::kReplyWait, settings_.TimeWaitForLONGEtx / 1000.0));
-  if (IsFailure(link_.ReplyText)) journals_.WrErr(LoadMessage(117) + " " + FromWindows1252(link_.ReplyText));
+  if (IsFailure(link_.ReplyText)) logs_.WrErr(LoadMessage(117) + " " + FromWindows1252(link_.ReplyText));
   return Next::kNextLine;
 }
 
 void TicketProcessor::RestoreNormalWait() {
   if (!longWait_) return;
   longWait_ = false;
-  journals_.Attempt(kLabel, [&] { link_.Reopen(settings_.TimeWaitForEtx); });
+  logs_.Attempt(kLabel, [&] { link_.Reopen(settings_.TimeWaitForEtx); });
 }
 
 TicketProcessor::Next TicketProcessor::HandleReply(const Line& line) {
@@ -222,7 +221,7 @@ TicketProcessor::Next TicketProcessor::SettleDeviceError(const std::string& line
 TicketProcessor::Next TicketProcessor::GoOnAfterFault() {
   // A query that finds a receipt open leaves no reply behind, so none can be an error here.
   if (!cash_.QueryCashStatus()) return Next::kNextLine;
-  journals_.WrErr(LoadMessage(122));
+  logs_.WrErr(LoadMessage(122));
   cash_.InvioVOID();
   // A receipt that could not be voided is still open when the file starts again, and is dealt with there.
   if (!IsErrorReply(link_.ReplyText)) loop_.Pause(300ms);
@@ -230,10 +229,10 @@ TicketProcessor::Next TicketProcessor::GoOnAfterFault() {
 }
 
 void TicketProcessor::SplitReceipt(const std::string& rejectedLine) {
-  journals_.WrLog(LoadMessage(198));
+  logs_.WrLog(LoadMessage(198));
   pending_.push_front({rejectedLine, true});
   pending_.push_front({kReceiptSplitLine, true});
-  journals_.WrErr(LoadMessage(124) + " " + LoggedLine(rejectedLine));
+  logs_.WrErr(LoadMessage(124) + " " + LoggedLine(rejectedLine));
 }
 
 std::optional<TicketProcessor::Next> TicketProcessor::FromDecision(int decision) {

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "core/event_loop.h"
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/settings.h"
 #include "device/cash_dialogues.h"
 #include "device/device_link.h"
@@ -23,8 +23,8 @@ namespace orvenza {
 /// Drives one ticket file through the register, from its first line to the archive.
 class TicketProcessor {
  public:
-  TicketProcessor(Files& files, const AppSettings& settings, Journals& journals, EventLoop& loop,
-                  DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery, LogoDownload& logo,
+  TicketProcessor(Files& files, const AppSettings& settings, Logs& logs, EventLoop& loop, DeviceLink& link,
+                  CashDialogues& cash, ErrorRecovery& recovery, LogoDownload& logo,
                   RecordTranslator& translator, TicketArchive& archive);
 
   /// Prints the ticket `text`, the whole of `workFile`, a full path; a printing from the start again reads
@@ -64,7 +64,7 @@ class TicketProcessor {
 
   Files& files_;
   const AppSettings& settings_;
-  Journals& journals_;
+  Logs& logs_;
   EventLoop& loop_;
   DeviceLink& link_;
   CashDialogues& cash_;

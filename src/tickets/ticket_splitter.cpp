@@ -14,7 +14,7 @@
 namespace orvenza {
 namespace {
 
-/// The journal's label of all that a tick does with a file before it is printed.
+/// The log's label of all that a tick does with a file before it is printed.
 constexpr const char* kLabel = "Timer1 - ";
 
 /// The name of a part, from the name of its source.
@@ -165,7 +165,7 @@ void TicketSplitter::LogUnnameable(const std::string& path) {
   const std::size_t nameAt = NameStart(path);
   const SystemError failure(error_number::kBadFileName,
                             path.substr(0, nameAt) + NumberedBehind(path.substr(nameAt), 1));
-  journals_.WrFailure(kLabel, failure.Number(), failure.Description());
+  logs_.WrFailure(kLabel, failure.Number(), failure.Description());
 }
 
 }  // namespace orvenza

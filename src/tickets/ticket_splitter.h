@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/settings.h"
 #include "platform/files.h"
 #include "tickets/piece_reader.h"
@@ -21,8 +21,8 @@ class TicketSplitter {
   /// turn.
   static constexpr int kMostParts = 100;
 
-  TicketSplitter(Files& files, const AppSettings& settings, Journals& journals, const TicketArchive& archive)
-      : files_(files), settings_(settings), journals_(journals), archive_(archive) {}
+  TicketSplitter(Files& files, const AppSettings& settings, Logs& logs, const TicketArchive& archive)
+      : files_(files), settings_(settings), logs_(logs), archive_(archive) {}
 
   /// Splits the file where it holds a second ticket. The parts lie beside it, numbered from 1: "a.txt"
   /// becomes "a1.txt", or "1a.txt" where the mask fits only that. Empty lines are dropped. Returns whether
@@ -40,7 +40,7 @@ class TicketSplitter {
 
   Files& files_;
   const AppSettings& settings_;
-  Journals& journals_;
+  Logs& logs_;
   const TicketArchive& archive_;
 };
 

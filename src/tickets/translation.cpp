@@ -29,7 +29,7 @@ struct Surroundings {
   const RegisterIdentity& identity;
   const AppSettings& settings;
   const Files& files;
-  Journals& journals;
+  Logs& logs;
 };
 
 using Record = const NotedFields&;
@@ -162,7 +162,7 @@ std::string Logo(Record f, With with) {
   f.Read(1, FieldNote::Kind::kLogoNumber);
   const auto rows = LogoRows(with.files, logo.path);
   if (!rows) {
-    with.journals.WrErr(LoadMessage(kWrongBitmap) + " ( " + ShownLine(f[2], kShownNameLimit) + " )");
+    with.logs.WrErr(LoadMessage(kWrongBitmap) + " ( " + ShownLine(f[2], kShownNameLimit) + " )");
     return f.Refuse(FieldNote::Kind::kNoLogo, 2);
   }
   f.Read(2, *rows > 0 ? FieldNote::Kind::kRead : FieldNote::Kind::kEmptyLogo);
@@ -251,14 +251,14 @@ LogoRequest LogoRequestOf(const RecordFields& fields) {
 }
 
 RecordTranslator::RecordTranslator(const RegisterIdentity& identity, const AppSettings& settings,
-                                   const Files& files, Journals& journals)
-    : identity_(identity), settings_(settings), files_(files), journals_(journals) {}
+                                   const Files& files, Logs& logs)
+    : identity_(identity), settings_(settings), files_(files), logs_(logs) {}
 
 std::string RecordTranslator::TranslateRecord(const RecordFields& fields, TranslationNotes* notes) const {
   const NotedFields noted(fields, notes);
   const std::string_view type = Chosen(fields[0], kRecordTypes[0].type);
   for (const RecordType& row : kRecordTypes) {
-    if (row.type == type) return row.translate(noted, {identity_, settings_, files_, journals_});
+    if (row.type == type) return row.translate(noted, {identity_, settings_, files_, logs_});
   }
   return noted.Refuse(FieldNote::Kind::kUnknownType, 0);
 }

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/settings.h"
 #include "device/register_identity.h"
 #include "platform/files.h"
@@ -35,9 +35,9 @@ LogoRequest LogoRequestOf(const RecordFields& fields);
 /// settings as they stand at each call.
 class RecordTranslator {
  public:
-  /// `files` is asked about logo bitmaps, `journals` hears of wrong ones. All must outlive the translator.
+  /// `files` is asked about logo bitmaps, `logs` hears of wrong ones. All must outlive the translator.
   RecordTranslator(const RegisterIdentity& identity, const AppSettings& settings, const Files& files,
-                   Journals& journals);
+                   Logs& logs);
 
   /// The command of a record: code, values and fixed characters with nothing between them, long-running ones
   /// followed by kLongRunningMark; kLogoMarker for a logo record; "" when the record is invalid. Adds to
@@ -48,7 +48,7 @@ class RecordTranslator {
   const RegisterIdentity& identity_;
   const AppSettings& settings_;
   const Files& files_;
-  Journals& journals_;
+  Logs& logs_;
 };
 
 }  // namespace orvenza

@@ -37,12 +37,12 @@ std::string RequestName(const std::string& mask) {
 
 }  // namespace
 
-UtilitiesDialog::UtilitiesDialog(Operator& person, OperatorMessages& messages, Files& files,
-                                 Journals& journals, const AppSettings& settings, WaitingTickets& tickets)
+UtilitiesDialog::UtilitiesDialog(Operator& person, OperatorMessages& messages, Files& files, Logs& logs,
+                                 const AppSettings& settings, WaitingTickets& tickets)
     : person_(person),
       messages_(messages),
       files_(files),
-      journals_(journals),
+      logs_(logs),
       settings_(settings),
       tickets_(tickets) {}
 
@@ -55,7 +55,7 @@ void UtilitiesDialog::Show() {
 
 bool UtilitiesDialog::WriteClosureRequest(int kind) {
   const std::string name = RequestName(settings_.TicketMask);
-  const bool written = journals_.Attempt(kLabel, [&] {
+  const bool written = logs_.Attempt(kLabel, [&] {
     const std::string path = settings_.TicketFolder + name;
     // Where all tickets have one name, the one that waits must not be replaced.
     if (name == settings_.TicketMask && files_.Exists(path)) {
@@ -66,7 +66,7 @@ bool UtilitiesDialog::WriteClosureRequest(int kind) {
     files_.Write(path, line);
   });
   // A clock that was set back must not bring the closure before the tickets of the day.
-  if (written) journals_.Attempt(kLabel, [&] { tickets_.PutLast(name); });
+  if (written) logs_.Attempt(kLabel, [&] { tickets_.PutLast(name); });
   return written;
 }
 
@@ -90,7 +90,7 @@ bool UtilitiesDialog::Confirmed(const std::string& question) {
 /// A count that fails warns as well: closing the fiscal day too early cannot be undone.
 bool UtilitiesDialog::TicketsWaiting() {
   std::size_t count = 1;
-  journals_.Attempt(kLabel, [&] { count = tickets_.CountWaitingTickets(); });
+  logs_.Attempt(kLabel, [&] { count = tickets_.CountWaitingTickets(); });
   return count > 0;
 }
 

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/settings.h"
 #include "platform/files.h"
 #include "ui/operator.h"
@@ -28,7 +28,7 @@ class WaitingTickets {
 /// tickets.
 class UtilitiesDialog {
  public:
-  UtilitiesDialog(Operator& person, OperatorMessages& messages, Files& files, Journals& journals,
+  UtilitiesDialog(Operator& person, OperatorMessages& messages, Files& files, Logs& logs,
                   const AppSettings& settings, WaitingTickets& tickets);
 
   /// Shows the dialog until the operator leaves it or has confirmed a closure; returns at once when it is
@@ -49,7 +49,7 @@ class UtilitiesDialog {
   Operator& person_;
   OperatorMessages& messages_;
   Files& files_;
-  Journals& journals_;
+  Logs& logs_;
   const AppSettings& settings_;
   WaitingTickets& tickets_;
   bool open_ = false;

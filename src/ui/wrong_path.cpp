@@ -7,9 +7,8 @@
 namespace orvenza {
 namespace {
 
-void Report(OperatorMessages& messages, Journals& journals, const std::string& what,
-            const std::string& path) {
-  journals.WrErr(what + " " + path);
+void Report(OperatorMessages& messages, Logs& logs, const std::string& what, const std::string& path) {
+  logs.WrErr(what + " " + path);
   const std::string lineBreak(kLineBreak);
   messages.ShowOperatorMessage(what + lineBreak + path + lineBreak + lineBreak + LoadMessage(186),
                                message_style::kStop, {});
@@ -17,12 +16,12 @@ void Report(OperatorMessages& messages, Journals& journals, const std::string& w
 
 }  // namespace
 
-void ReportWrongPath(OperatorMessages& messages, Journals& journals, const std::string& folder) {
-  Report(messages, journals, LoadMessage(185), folder);
+void ReportWrongPath(OperatorMessages& messages, Logs& logs, const std::string& folder) {
+  Report(messages, logs, LoadMessage(185), folder);
 }
 
-void ReportUnreadableSettings(OperatorMessages& messages, Journals& journals, const std::string& path) {
-  Report(messages, journals, own_text::kSettingsUnreadable, path);
+void ReportUnreadableSettings(OperatorMessages& messages, Logs& logs, const std::string& path) {
+  Report(messages, logs, own_text::kSettingsUnreadable, path);
 }
 
 }  // namespace orvenza

@@ -2,16 +2,16 @@
 
 #include <string>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "ui/operator_message.h"
 
 namespace orvenza {
 
 /// Says, in the error log and to the operator, that `folder` of the settings cannot be made and that the
 /// program is going to end. Ending it is the caller's part.
-void ReportWrongPath(OperatorMessages& messages, Journals& journals, const std::string& folder);
+void ReportWrongPath(OperatorMessages& messages, Logs& logs, const std::string& folder);
 
 /// The same of a settings file that is there and cannot be read.
-void ReportUnreadableSettings(OperatorMessages& messages, Journals& journals, const std::string& path);
+void ReportUnreadableSettings(OperatorMessages& messages, Logs& logs, const std::string& path);
 
 }  // namespace orvenza

@@ -109,7 +109,7 @@ TEST(BadTicket, AccentsOfAnyEncodingReachTheRegisterAsBlanks) {
   EXPECT_EQ(shop.device.Receipts().size(), 2U);
 }
 
-TEST(BadTicket, AccentsOfAnInvalidLineArriveWholeInJournalAndDialog) {
+TEST(BadTicket, AccentsOfAnInvalidLineArriveWholeInLogAndDialog) {
   Shop shop;
   shop.DropBytes("a.txt", "99;CAFF\xC8;\r\n");
   shop.Answer(kAbort);
@@ -384,7 +384,7 @@ TEST_P(FullDiskAt, PrintsTheTicketOnceAndKeepsIt) {
 INSTANTIATE_TEST_SUITE_P(BadInput, FullDiskAt,
                          testing::Values(FullDisk{"Append", {"Log.txt"}, "storico"},
                                          FullDisk{"Append", {"Err.txt"}, "storico"},
-                                         FullDisk{"Append", {""}, "storico"},           // every journal
+                                         FullDisk{"Append", {""}, "storico"},           // every log
                                          FullDisk{"Copy", {"inproces"}, "storico"},     // taking it in
                                          FullDisk{"Copy", {"storico"}, "data\\abort"},  // archiving it
                                          FullDisk{"Copy", {"storico", "abort"}, "data\\abort"},

@@ -42,7 +42,7 @@ TEST_F(FirstRun, WritesTheSettingsAndShowsThePortDialogBeforeTheIcon) {
 TEST_F(FirstRun, LogsTheDefaultsThroughTheFallbackFile) {
   shop.Answer("&Ok");
   shop.Run(5s);
-  // Where letter case does not count, the fallback file is the journal itself.
+  // Where letter case does not count, the fallback file is the log itself.
   const std::string fallback = shop.folder.Read("log.txt");
   EXPECT_EQ(fallback.substr(0, fallback.find('\n') + 1),
             "WrLog : Path/File access error 75 ( 16/11/2026 09:00:00 - Default INI ! )\r\n");

@@ -134,11 +134,11 @@ int AttackedShop::Starts() const {
   return starts;
 }
 
-void AttackedShop::After(std::chrono::milliseconds delay, std::function<void()> deed) {
-  ++deedsToCome_;
-  clock_.After(delay, [this, deed = std::move(deed)] {
-    --deedsToCome_;
-    deed();
+void AttackedShop::After(std::chrono::milliseconds delay, std::function<void()> event) {
+  ++eventsToCome_;
+  clock_.After(delay, [this, event = std::move(event)] {
+    --eventsToCome_;
+    event();
   });
 }
 
@@ -179,7 +179,7 @@ bool AttackedShop::RunOnce() {
 }
 
 void AttackedShop::OnTick() {
-  if (deedsToCome_ > 0 || TicketsWait()) return;
+  if (eventsToCome_ > 0 || TicketsWait()) return;
   disk_.Put(kFolder + "\\command.txt", "QUIT\r\n");
   quitAsked_ = true;
 }

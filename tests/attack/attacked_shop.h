@@ -11,7 +11,7 @@
 #include "attack/attack.h"
 #include "attack/attacked_disk.h"
 #include "core/event_loop.h"
-#include "lab/bounded_pump.h"
+#include "lab/rehearsal/bounded_pump.h"
 #include "platform/ini_profile_file.h"
 #include "simulator/paper_roll.h"
 #include "simulator/scripted_operator.h"
@@ -64,7 +64,7 @@ class AttackedShop {
   void Technician();
   void SecondDay();
   void ThirdDay();
-  void After(std::chrono::milliseconds delay, std::function<void()> deed);
+  void After(std::chrono::milliseconds delay, std::function<void()> event);
   void RunUntilQuit();
   bool RunOnce();
   void OnTick();
@@ -98,7 +98,7 @@ class AttackedShop {
 
   Connector* connector_ = nullptr;
   std::vector<Slip> expected_;
-  int deedsToCome_ = 0;
+  int eventsToCome_ = 0;
   bool quitAsked_ = false;
   bool settingsOfTheShop_ = false;  ///< The technician has been there.
   std::set<std::string> printedAtKill_;

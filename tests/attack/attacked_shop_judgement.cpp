@@ -52,7 +52,7 @@ std::size_t AttackedShop::Printed(const Slip& slip) const {
       receipts.begin(), receipts.end(), [&](const auto& receipt) { return IsCountedFor(receipt, slip); }));
 }
 
-/// Files that hold the item's line, journals left out.
+/// Files that hold the item's line, logs left out.
 std::vector<std::string> AttackedShop::FilesWith(const std::string& item, const std::string& folder) const {
   std::vector<std::string> found;
   for (const std::string& path : disk_.Paths()) {

@@ -58,12 +58,12 @@ class CreateAllDirsTest : public ::testing::Test {
  protected:
   CreateAllDirsTest() { settings.ErrPath = "Err.txt"; }
 
-  bool Create(const std::string& path) { return CreateAllDirs(folders, journals, path); }
+  bool Create(const std::string& path) { return CreateAllDirs(folders, logs, path); }
 
   VirtualClock clock{{2026, 11, 15, 13, 45, 10}};
   MemoryFiles files;
   AppSettings settings;
-  Journals journals{files, clock, settings, "C:\\shop"};
+  Logs logs{files, clock, settings, "C:\\shop"};
   DriveFolders folders;
 };
 

@@ -29,9 +29,9 @@ class RepeatedFailuresTest : public ::testing::Test {
     }
   }
 
-  /// How often a text stands in the journal.
-  int CountOf(const std::string& text, const std::string& journal = "Err.txt") {
-    const std::string& lines = files.content["C:\\shop\\" + journal];
+  /// How often a text stands in the log.
+  int CountOf(const std::string& text, const std::string& log = "Err.txt") {
+    const std::string& lines = files.content["C:\\shop\\" + log];
     int count = 0;
     for (auto at = lines.find(text); at != std::string::npos; at = lines.find(text, at + 1)) ++count;
     return count;
@@ -40,8 +40,8 @@ class RepeatedFailuresTest : public ::testing::Test {
   VirtualClock clock;
   MemoryFiles files;
   AppSettings settings;
-  Journals journals{files, clock, settings, "C:\\shop"};
-  RepeatedFailures failures{journals};
+  Logs logs{files, clock, settings, "C:\\shop"};
+  RepeatedFailures failures{logs};
 };
 
 TEST_F(RepeatedFailuresTest, AreWrittenTenTimesAndThenOnceAMinute) {
@@ -89,7 +89,7 @@ TEST_F(RepeatedFailuresTest, ThatCameAFewTimesEndWithoutAWord) {
 }
 
 TEST_F(RepeatedFailuresTest, OfADayLeaveTheMorningInTheLogs) {
-  journals.WrErr("Risposta Operatore : Scontrino stampato, continuare");
+  logs.WrErr("Risposta Operatore : Scontrino stampato, continuare");
   FailFor(24h, {"D:\\Cassa1\\scontrini\\", "D:\\Cassa1\\scontrini\\inproces\\"});
   const int kept = CountOf("Risposta Operatore") + CountOf("Risposta Operatore", "Err.Bak");
   EXPECT_EQ(kept, 1);

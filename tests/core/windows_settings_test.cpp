@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/settings.h"
 #include "platform/ini_profile_file.h"
 #include "platform/windows/windows_clock.h"
@@ -17,8 +17,8 @@ TEST(WindowsSettings, ANewFileIsAsTheSystemWouldWriteItKeyByKey) {
   WindowsClock clock;
   AppSettings settings;
   IniProfileFile profile(files);
-  Journals journals(files, clock, settings, folder.Path());
-  SettingsFile(profile, files, journals, {folder.Path(), "Orvenza"}).WriteDefaultIni();
+  Logs logs(files, clock, settings, folder.Path());
+  SettingsFile(profile, files, logs, {folder.Path(), "Orvenza"}).WriteDefaultIni();
   for (const ProfileValue& value : DefaultSettings(folder.Path())) {
     EXPECT_TRUE(::WritePrivateProfileStringA(value.section.c_str(), value.key.c_str(), value.text.c_str(),
                                              folder.Path("system.ini").c_str()));

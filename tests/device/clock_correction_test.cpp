@@ -45,8 +45,8 @@ class ClockCorrectionTest : public ::testing::Test {
   VirtualClock clock;
   MemoryFiles files;
   AppSettings settings;
-  Journals journals{files, clock, settings, "C:\\shop"};
-  ClockCorrection correction{clock, settings, journals};
+  Logs logs{files, clock, settings, "C:\\shop"};
+  ClockCorrection correction{clock, settings, logs};
 };
 
 TEST_F(ClockCorrectionTest, IsDueAtThe61stTickAndThenEvery61) {
@@ -111,7 +111,7 @@ class MidnightPasses : public VirtualClock {
 
 TEST_F(ClockCorrectionTest, IsNotMadeWhereMidnightPassesMeanwhile) {
   MidnightPasses midnight;
-  ClockCorrection atMidnight(midnight, settings, journals);
+  ClockCorrection atMidnight(midnight, settings, logs);
   atMidnight.Correct("42011611261400");
   EXPECT_EQ(midnight.TimesSet(), std::vector<LocalTime>{});
   atMidnight.Correct("42011611261400");

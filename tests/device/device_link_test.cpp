@@ -30,7 +30,7 @@ TEST_F(OpenLinkTest, SetsThePropertiesInTheirOrderAndOpens) {
 
 TEST_F(OpenLinkTest, AnEmptyIdentifierIsTheCodeOfV) {
   files.content["C:\\shop\\Orvenza.ini"] = "[Com Settings]\nComPort=1\nSettings=19200,O,7,1\nIdent=\n";
-  SettingsFile(profile, files, journals, {"C:\\shop", "Orvenza"}).ReadIni(settings);
+  SettingsFile(profile, files, logs, {"C:\\shop", "Orvenza"}).ReadIni(settings);
   link.OpenDeviceLink(777);
   EXPECT_EQ(Calls().at(10), "identifier 86");
 }

@@ -387,7 +387,7 @@ TEST_F(ExchangeTest, AControlThatCannotSayWhetherTheRegisterIsThereCountsAsAbsen
 
 TEST_F(ExchangeTest, TheControlTellsNobodyOnceTheLinkIsGone) {
   {
-    DeviceLink other(control, settings, journals, messages, portDialog, loop, clock);
+    DeviceLink other(control, settings, logs, messages, portDialog, loop, clock);
     control.Raise("200100");
     EXPECT_EQ(other.ReplyText, "200100");
   }

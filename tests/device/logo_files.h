@@ -14,7 +14,7 @@
 
 namespace orvenza::test {
 
-/// Files in memory, by path, for what reads bitmaps and writes a journal.
+/// Files in memory, by path, for what reads bitmaps and writes a log.
 class LogoFiles : public Files {
  public:
   std::map<std::string, std::string> content;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/settings.h"
 #include "platform/ini_profile_file.h"
 #include "simulator/virtual_clock.h"
@@ -16,7 +16,7 @@ struct MemoryShop {
   VirtualDisk disk{clock};
   ProgramPaths paths{"C:\\Shop", "Orvenza"};
   AppSettings settings;
-  Journals journals{disk.FileSeam(), clock, settings, paths.AppPath};
+  Logs logs{disk.FileSeam(), clock, settings, paths.AppPath};
   IniProfileFile profile{disk.FileSeam()};
 };
 

@@ -1,13 +1,13 @@
 // A scenario. Properties: it is read, or a line of it is named with what is expected there; one that is read
 // can be played, and tells the same twice.
 
-#include "lab/scenario.h"
+#include "lab/rehearsal/scenario.h"
 
 #include <algorithm>
 #include <chrono>
 #include <vector>
 
-#include "lab/rehearsal.h"
+#include "lab/rehearsal/rehearsal.h"
 #include "script_failure.h"
 #include "targets.h"
 

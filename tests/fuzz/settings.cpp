@@ -43,7 +43,7 @@ void FuzzSettings(std::string_view input) {
   MemoryShop shop;
   const std::string path = shop.paths.Ini();
   shop.disk.Put(path, std::string(input));
-  SettingsFile file(shop.profile, shop.disk.FileSeam(), shop.journals, shop.paths);
+  SettingsFile file(shop.profile, shop.disk.FileSeam(), shop.logs, shop.paths);
   if (!file.UpgradeIni(shop.settings, [] {})) {
     Require(shop.disk.Content(path) == std::string(input), "a file of an unknown version stays as it is");
     return;

@@ -14,8 +14,8 @@
 #include "choices.h"
 #include "core/catalogue.h"
 #include "core/text.h"
-#include "lab/no_files.h"
-#include "lab/rehearsal.h"
+#include "lab/rehearsal/rehearsal.h"
+#include "lab/shell/no_files.h"
 #include "memory_shop.h"
 #include "targets.h"
 #include "tickets/line_reader.h"
@@ -38,8 +38,8 @@ constexpr std::string_view kEffects[] = {
     "port-fails 2", "paper-out receipt", "paper-out journal", "reply ERR23", "reply ERR2323"};
 /// Those from here on may have a file printed from its beginning, or add a payment of their own.
 constexpr std::size_t kPrintsAgain = 16;
-constexpr DeedKind kDeeds[] = {DeedKind::kMenu, DeedKind::kQuit, DeedKind::kSessionEnds,
-                               DeedKind::kPowerFails};
+constexpr EventKind kEvents[] = {EventKind::kMenu, EventKind::kQuit, EventKind::kSessionEnds,
+                                 EventKind::kPowerFails};
 /// Faults end after some commands, so an operator who goes on is not asked as often as this.
 constexpr std::size_t kMostDialogs = 300;
 
@@ -49,14 +49,14 @@ class Run {
   explicit Run(std::string_view input) : choices_(input) {
     scenario_.untilPrinted = true;
     ReadFaults();
-    ReadDeed();
+    ReadEvent();
     ReadSettings();
     for (std::size_t i = choices_.Below(8); i > 0; --i) answers_.push_back(choices_.Below(8));
     content_ = choices_.Rest();
-    Deed put;
+    ScenarioEvent put;
     put.path = kTicket;
     put.content = content_;
-    scenario_.deeds.insert(scenario_.deeds.begin(), put);
+    scenario_.events.insert(scenario_.events.begin(), put);
     scenario_.judgement = [this](const ShownDialog& dialog) { return Decide(dialog); };
   }
 
@@ -88,14 +88,14 @@ class Run {
     scenario_.device.speed = 0;
   }
 
-  void ReadDeed() {
+  void ReadEvent() {
     if (!choices_.Yes()) return;
-    Deed deed;
-    deed.kind = choices_.Of(kDeeds);
-    deed.at = (1 + choices_.Below(128)) * 250ms;
+    ScenarioEvent event;
+    event.kind = choices_.Of(kEvents);
+    event.at = (1 + choices_.Below(128)) * 250ms;
     undisturbed_ = false;
-    mayPrintAgain_ = mayPrintAgain_ || deed.kind == DeedKind::kPowerFails;
-    scenario_.deeds.push_back(deed);
+    mayPrintAgain_ = mayPrintAgain_ || event.kind == EventKind::kPowerFails;
+    scenario_.events.push_back(event);
   }
 
   void ReadSettings() {
@@ -144,7 +144,7 @@ class Run {
   std::vector<std::string> Commands() const {
     MemoryShop shop;
     const RegisterIdentity identity;
-    const RecordTranslator translator(identity, shop.settings, shop.disk.FileSeam(), shop.journals);
+    const RecordTranslator translator(identity, shop.settings, shop.disk.FileSeam(), shop.logs);
     std::vector<std::string> commands;
     LineReader reader(std::make_unique<TextBytes>(content_));
     RecordFields fields;

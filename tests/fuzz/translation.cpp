@@ -7,8 +7,8 @@
 
 #include "choices.h"
 #include "core/text.h"
-#include "lab/check_rules.h"
-#include "lab/ticket_check.h"
+#include "lab/check/check_rules.h"
+#include "lab/check/ticket_check.h"
 #include "memory_shop.h"
 #include "targets.h"
 
@@ -36,7 +36,7 @@ void FuzzTranslation(std::string_view input) {
   shop.settings.SingleQuantity = choices.Yes();
   const std::string_view line = choices.Rest();
 
-  const RecordTranslator translator(identity, shop.settings, shop.disk.FileSeam(), shop.journals);
+  const RecordTranslator translator(identity, shop.settings, shop.disk.FileSeam(), shop.logs);
   RecordFields fields;
   SplitRecord(line, shop.settings.SeparatorChar, fields);
   const std::string command = translator.TranslateRecord(fields);

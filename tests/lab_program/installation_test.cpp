@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "lab/zip_reader.h"
+#include "lab/bundle/zip_reader.h"
 #include "program/running_program.h"
 #include "support/temp_folder.h"
 

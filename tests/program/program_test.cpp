@@ -40,7 +40,7 @@ struct NewShop {
     std::filesystem::rename(folder.Native("command.tmp"), folder.Native("command.txt"));
   }
 
-  /// A journal's messages without their stamps.
+  /// A log's messages without their stamps.
   Lines Journal(const std::string& name) const {
     Lines messages;
     std::istringstream in(folder.Read(name));

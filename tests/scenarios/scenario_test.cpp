@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "lab/rehearsal.h"
+#include "lab/rehearsal/rehearsal.h"
 
 namespace orvenza::test {
 namespace {

@@ -248,13 +248,13 @@ TEST_F(SimulatedLinkTest, AnEmptyReplyIsStillAnEvent) {
   EXPECT_EQ(Exchange("321701"), Events{""});
 }
 
-TEST_F(SimulatedLinkTest, SilenceIsNoEventAndNoDeed) {
+TEST_F(SimulatedLinkTest, SilenceIsNoEvent) {
   Connect("on 1003 silence");
   EXPECT_EQ(Exchange(bread), Events());
   EXPECT_FALSE(device.ReceiptOpen());
 }
 
-TEST_F(SimulatedLinkTest, ALostReplyHidesADeedThatWasDone) {
+TEST_F(SimulatedLinkTest, ALostReplyHidesAnEventThatHappened) {
   Connect("on 1003 lose-reply");
   EXPECT_EQ(Exchange(bread), Events());
   EXPECT_TRUE(device.ReceiptOpen());

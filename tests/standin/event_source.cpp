@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "standin/behaviour.h"
-#include "standin/journal.h"
+#include "standin/call_log.h"
 #include "standin/type_library.h"
 
 namespace orvenza::test {

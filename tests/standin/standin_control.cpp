@@ -1,6 +1,6 @@
 #include "standin/standin_control.h"
 
-#include "standin/journal.h"
+#include "standin/call_log.h"
 #include "standin/surroundings.h"
 
 namespace orvenza::test {

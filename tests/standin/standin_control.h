@@ -14,7 +14,7 @@ namespace orvenza::test {
 /// A control in the place of the real one, as strict as a real one may be: it works only when it was sited,
 /// initialised and activated in the right order, in a program that runs and tells of its surroundings, and
 /// takes arguments of the declared types only. While its port is open its integers stay as they are; while it
-/// is closed nothing is sent. What is done to it goes to the journal.
+/// is closed nothing is sent. What is done to it goes to the log.
 class StandInControl : public PlainControl, private EcrLinkEvents {
  public:
   StandInControl();

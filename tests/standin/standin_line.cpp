@@ -3,7 +3,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "standin/journal.h"
+#include "standin/call_log.h"
 
 namespace orvenza::test {
 namespace {

@@ -13,7 +13,7 @@
 namespace orvenza::test {
 
 /// The simulated register and the line to it. It behaves as the script file says that the environment
-/// variable ORVENZA_STANDIN_SCRIPT names, and what happens on the line goes to the journal. The register's
+/// variable ORVENZA_STANDIN_SCRIPT names, and what happens on the line goes to the log. The register's
 /// clock stands still.
 class StandInLine {
  public:

@@ -1,6 +1,6 @@
 #include <cstdlib>
 
-#include "standin/journal.h"
+#include "standin/call_log.h"
 #include "standin/standin_control.h"
 
 namespace orvenza::test {
@@ -21,7 +21,7 @@ std::string Spelled(UINT codePage, const Variant& text) {
   return {bytes, static_cast<std::size_t>(length)};
 }
 
-/// In a form for the journal: True, 19200, text in UTF-8.
+/// In a form for the log: True, 19200, text in UTF-8.
 std::string Shown(Variant value) {
   switch (value.Get()->vt) {
     case VT_BOOL: return value.AsBoolean() ? "True" : "False";

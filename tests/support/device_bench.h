@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/poll_timer.h"
 #include "device/cash_dialogues.h"
 #include "device/clock_correction.h"
@@ -43,7 +43,7 @@ class DeviceBench : public ::testing::Test {
     texts.LoadEcrErrorTable();
   }
 
-  /// The lines of the error journal and of the activity journal, without their stamps.
+  /// The lines of the error log and of the activity log, without their stamps.
   Lines Errors() const { return Journal("C:\\shop\\Err.txt"); }
   Lines Activity() const { return Journal("C:\\shop\\Log.txt"); }
 
@@ -82,7 +82,7 @@ class DeviceBench : public ::testing::Test {
   VirtualClock clock{Start()};
   MemoryFiles files;
   AppSettings settings;
-  Journals journals{files, clock, settings, "C:\\shop"};
+  Logs logs{files, clock, settings, "C:\\shop"};
   EventLoop loop{clock, clock};
   ScriptedOperator person{loop};
   OperatorMessages messages{person, "Orvenza"};
@@ -90,15 +90,14 @@ class DeviceBench : public ::testing::Test {
   PortDialog portDialog{person, settings, profile, {"C:\\shop", "Orvenza"}};
   ScriptedLink control{clock};
   FaultyLink faulty{control};
-  DeviceLink link{faulty, settings, journals, messages, portDialog, loop, clock};
-  ClockCorrection correction{clock, settings, journals};
-  CashDialogues cash{link, settings, journals, messages, loop, correction};
+  DeviceLink link{faulty, settings, logs, messages, portDialog, loop, clock};
+  ClockCorrection correction{clock, settings, logs};
+  CashDialogues cash{link, settings, logs, messages, loop, correction};
   ErrorTexts texts{profile, "C:\\shop\\ErrDesc.ini"};
-  ErrorRecovery recovery{texts, cash, person, journals, "Orvenza"};
+  ErrorRecovery recovery{texts, cash, person, logs, "Orvenza"};
   PollTimer timer{clock};
   RegisterIdentity identity;
-  RegisterQueries queries{link,     cash,     recovery, messages, portDialog,
-                          settings, journals, loop,     timer,    identity};
+  RegisterQueries queries{link, cash, recovery, messages, portDialog, settings, logs, loop, timer, identity};
 
  private:
   static LocalTime Start() { return {2026, 11, 16, 9, 0, 0}; }

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "core/settings.h"
 #include "platform/ini_profile_file.h"
 #include "simulator/virtual_clock.h"
@@ -13,7 +13,7 @@
 
 namespace orvenza::test {
 
-/// The settings file of a program in C:\shop, at nine o'clock. Lines of the error journal begin with kStamp.
+/// The settings file of a program in C:\shop, at nine o'clock. Lines of the error log begin with kStamp.
 class SettingsBench : public ::testing::Test {
  protected:
   static constexpr const char* kStamp = "16/11/2026 09:00:00 - ";
@@ -47,8 +47,8 @@ class SettingsBench : public ::testing::Test {
   FaultyFiles files{memory};
   IniProfileFile profile{files};
   AppSettings settings;
-  Journals journals{files, clock, settings, "C:\\shop"};
-  SettingsFile file{profile, files, journals, {"C:\\shop", "Orvenza"}};
+  Logs logs{files, clock, settings, "C:\\shop"};
+  SettingsFile file{profile, files, logs, {"C:\\shop", "Orvenza"}};
 };
 
 }  // namespace orvenza::test

@@ -153,12 +153,12 @@ class Shop {
     return sent;
   }
 
-  /// The journals' messages without their stamps.
+  /// The logs' messages without their stamps.
   Lines Log() const { return Messages("Log.txt"); }
   Lines Err() const { return Messages("Err.txt"); }
-  Lines Messages(const std::string& journal) const {
+  Lines Messages(const std::string& log) const {
     Lines messages;
-    std::istringstream in(folder.Read(journal));
+    std::istringstream in(folder.Read(log));
     for (std::string line; std::getline(in, line);) {
       if (!line.empty() && line.back() == '\r') line.pop_back();
       const std::size_t dash = line.find(" - ");
@@ -199,7 +199,7 @@ class Shop {
     return texts;
   }
 
-  /// A path of the shop as dialogs and journals show those of the settings file.
+  /// A path of the shop as dialogs and logs show those of the settings file.
   std::string Spelled(const std::string& relative) const { return SettingsPath(folder.Path(relative)); }
 
   static std::string Joined(const Lines& lines) {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "platform/failure_of.h"
 #include "simulator/virtual_disk.h"
 #include "support/shop.h"
@@ -42,7 +42,7 @@ class RotationTest : public ::testing::Test {
 
   void Keep(const std::string& name, Date date) { KeepInHistoric(shop, name, date); }
   void MakeFolder(const std::string& name) { std::filesystem::create_directories(shop.folder.Native(name)); }
-  void Rotate() { RotateHistoricFolder(shop.folders, shop.clock, journals, settings); }
+  void Rotate() { RotateHistoricFolder(shop.folders, shop.clock, logs, settings); }
 
   /// The folders of the shop, sorted.
   Lines FoldersInShop() {
@@ -56,7 +56,7 @@ class RotationTest : public ::testing::Test {
 
   Shop shop;
   AppSettings settings;
-  Journals journals{shop.files, shop.clock, settings, shop.folder.Path()};
+  Logs logs{shop.files, shop.clock, settings, shop.folder.Path()};
 };
 
 TEST_F(RotationTest, LeavesAFolderWhoseNewestTicketIsFromToday) {
@@ -141,7 +141,7 @@ TEST_F(RotationTest, CountsASubfolderOfTheMaskToo) {
   settings.HistoricFolder = "C:\\storico\\";
   disk.Put("C:\\storico\\1.txt", "", LocalTime{2026, 11, 15, 12, 0, 0});
   disk.MakeFolder("C:\\storico\\kept.txt");
-  RotateHistoricFolder(disk.FolderSeam(), shop.clock, journals, settings);
+  RotateHistoricFolder(disk.FolderSeam(), shop.clock, logs, settings);
   EXPECT_TRUE(disk.FolderSeam().Exists("C:\\storico\\kept.txt"));
 }
 

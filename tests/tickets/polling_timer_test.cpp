@@ -25,13 +25,13 @@ class PollingTimerTest : public DeviceBench {
   TempFolder folder;
   SystemFolders realFolders;
   FaultyFolders folders{realFolders};
-  LogoDownload logo{link, recovery, files, journals, messages};
-  RecordTranslator translator{identity, settings, files, journals};
-  RememberedTickets remembered{files, journals, folder.Path()};
-  TicketArchive archive{files, folders, settings, journals, messages, remembered};
-  TicketSplitter splitter{files, settings, journals, archive};
-  TicketProcessor processor{files, settings, journals, loop, link, cash, recovery, logo, translator, archive};
-  TicketPolling polling{files,   folders,    settings, journals,  loop,    timer,     link,
+  LogoDownload logo{link, recovery, files, logs, messages};
+  RecordTranslator translator{identity, settings, files, logs};
+  RememberedTickets remembered{files, logs, folder.Path()};
+  TicketArchive archive{files, folders, settings, logs, messages, remembered};
+  TicketSplitter splitter{files, settings, logs, archive};
+  TicketProcessor processor{files, settings, logs, loop, link, cash, recovery, logo, translator, archive};
+  TicketPolling polling{files,   folders,    settings, logs,      loop,    timer,     link,
                         queries, correction, splitter, processor, archive, remembered};
 };
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "support/shop.h"
 
 namespace orvenza::test {
@@ -42,10 +42,10 @@ class ArchiveTest : public ::testing::Test {
 
   Shop shop;
   AppSettings settings;
-  Journals journals{shop.files, shop.clock, settings, shop.folder.Path()};
+  Logs logs{shop.files, shop.clock, settings, shop.folder.Path()};
   OperatorMessages messages{shop.person, "Orvenza"};
-  RememberedTickets remembered{shop.files, journals, shop.folder.Path()};
-  TicketArchive archive{shop.files, shop.folders, settings, journals, messages, remembered};
+  RememberedTickets remembered{shop.files, logs, shop.folder.Path()};
+  TicketArchive archive{shop.files, shop.folders, settings, logs, messages, remembered};
   std::string workFile = shop.folder.Path("data\\inproces\\ticket.txt");
 };
 

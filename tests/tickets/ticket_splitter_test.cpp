@@ -52,13 +52,13 @@ class SplitterTest : public ::testing::Test {
 
  private:
   Shop shop;
-  Journals journals{files, shop.clock, settings, "C:\\shop"};
+  Logs logs{files, shop.clock, settings, "C:\\shop"};
   OperatorMessages messages{shop.person, "Orvenza"};
 
  protected:
-  RememberedTickets remembered{files, journals, "C:\\shop"};
-  TicketArchive archive{files, shop.folders, settings, journals, messages, remembered};
-  TicketSplitter splitter{files, settings, journals, archive};
+  RememberedTickets remembered{files, logs, "C:\\shop"};
+  TicketArchive archive{files, shop.folders, settings, logs, messages, remembered};
+  TicketSplitter splitter{files, settings, logs, archive};
 };
 
 TEST_F(SplitterTest, ReplacesAFileOfThreeTicketsByThreeNumberedFiles) {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/journals.h"
+#include "core/logs.h"
 #include "device/logo_files.h"
 #include "tickets/translation.h"
 
@@ -45,10 +45,10 @@ class TranslationTest : public ::testing::Test {
     std::string Stamp(const LocalTime&) const override { return "now"; }
   };
   StoppedClock clock;
-  Journals journals{files, clock, settings, "C:\\shop"};
+  Logs logs{files, clock, settings, "C:\\shop"};
 
  protected:
-  RecordTranslator translator{identity, settings, files, journals};
+  RecordTranslator translator{identity, settings, files, logs};
 };
 
 inline std::string Blanks(std::size_t count) { return std::string(count, ' '); }

@@ -47,10 +47,10 @@ class UtilitiesDialogTest : public ::testing::Test {
   FakeFiles files;
   FakeClock clock;
   AppSettings settings;
-  Journals journals{files, clock, settings, "C:\\Orvenza"};
+  Logs logs{files, clock, settings, "C:\\Orvenza"};
   FakeTickets tickets;
   std::function<std::size_t()>& count = tickets.count;
-  UtilitiesDialog dialog{person, messages, files, journals, settings, tickets};
+  UtilitiesDialog dialog{person, messages, files, logs, settings, tickets};
 };
 
 const Written kFiscalClosure = {{"C:\\Orvenza\\data\\zzzzzzzzzzzzzzzz.txt", "21|||||||||\r\n"}};

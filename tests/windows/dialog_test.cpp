@@ -160,7 +160,7 @@ struct ChoiceTest : testing::Test {
     till->Await(answer.c_str(), [&] { return shop.Journal("Err.txt").back() == answer; });
   }
 
-  /// The ticket goes on with its next line, and the journal knows of no answer.
+  /// The ticket goes on with its next line, and the log knows of no answer.
   void ExpectsNoAnswer() {
     till->Gone(form);
     till->Await("the archive", [&] { return shop.folder.Has("storico\\1.txt"); });

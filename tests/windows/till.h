@@ -15,7 +15,7 @@ namespace orvenza::test {
 
 using Lines = std::vector<std::string>;
 
-/// The shop's folder: the program's settings, journals and tickets.
+/// The shop's folder: the program's settings, logs and tickets.
 class Shop {
  public:
   /// `script` is what the simulated register does; no time passes on its line. A shop without settings is one
@@ -26,7 +26,7 @@ class Shop {
   void Drop(const std::string& name, const std::string& content) const;
   /// Asks the program to end, as a host does.
   void Quit() const;
-  /// The messages of a journal without their stamps.
+  /// The messages of a log without their stamps.
   Lines Journal(const std::string& name) const;
 
   TempFolder folder;
@@ -89,7 +89,7 @@ class Till {
   /// Takes the icon away behind the program's back, as a shell that breaks down does.
   void LoseIcon() const;
   void AwaitIcon() const;
-  /// Waits until tickets are taken: an undisturbed start has its two lines in the journal.
+  /// Waits until tickets are taken: an undisturbed start has its two lines in the log.
   void AwaitStart() const;
   /// Waits until a ticket of this content lies in the historic folder as `name`.
   void AwaitArchived(const std::string& name, const std::string& content) const;
@@ -104,7 +104,7 @@ class Till {
 
   /// Waits for the end of the program and returns its exit code.
   DWORD ExitCode() const;
-  /// Waits for its end in order: exit code 0, "End" in the journal, and the icon taken away.
+  /// Waits for its end in order: exit code 0, "End" in the log, and the icon taken away.
   void ExpectEnd() const;
   bool Runs() const;
   HANDLE Process() const { return process_.Get(); }

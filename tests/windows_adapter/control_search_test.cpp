@@ -1,4 +1,4 @@
-#include "lab/windows/control_search.h"
+#include "lab/shell/windows/control_search.h"
 
 #include <windows.h>
 // After <windows.h>.

@@ -1,4 +1,4 @@
-#include "core/journals.h"
+#include "core/logs.h"
 #include "device/device_link.h"
 #include "platform/ini_profile_file.h"
 #include "simulator/scripted_operator.h"
@@ -52,7 +52,7 @@ class LinkTest : public StandInBench {
     Done();
   }
 
-  /// The lines of the error journal, without their stamps.
+  /// The lines of the error log, without their stamps.
   Lines Errors() const {
     const auto found = files.content.find("C:\\shop\\Err.txt");
     std::istringstream text(found == files.content.end() ? "" : found->second);
@@ -68,14 +68,13 @@ class LinkTest : public StandInBench {
   TestPump testPump{pump, clock};
   MemoryFiles files;
   AppSettings settings;
-  Journals journals{files, clock, settings, "C:\\shop"};
+  Logs logs{files, clock, settings, "C:\\shop"};
   EventLoop loop{clock, testPump};
   ScriptedOperator person{loop};
   OperatorMessages messages{person, "Orvenza"};
   IniProfileFile profile{files};
   PortDialog portDialog{person, settings, profile, {"C:\\shop", "Orvenza"}};
-  std::optional<DeviceLink> link{std::in_place, *adapter,   settings, journals,
-                                 messages,      portDialog, loop,     clock};
+  std::optional<DeviceLink> link{std::in_place, *adapter, settings, logs, messages, portDialog, loop, clock};
 };
 
 constexpr const char* kNotCreated =

@@ -6,7 +6,7 @@
 #include <iostream>
 
 #include "lab/commands.h"
-#include "lab/posix/posix_machine.h"
+#include "lab/shell/posix/posix_machine.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_folders.h"

@@ -5,8 +5,8 @@
 #include <iostream>
 
 #include "lab/commands.h"
-#include "lab/windows/console_mode.h"
-#include "lab/windows/windows_machine.h"
+#include "lab/shell/windows/console_mode.h"
+#include "lab/shell/windows/windows_machine.h"
 #include "platform/windows/console_buffer.h"
 #include "platform/windows/program_place.h"
 #include "platform/windows/windows_clock.h"
@@ -25,7 +25,7 @@ int main() {
   // As the standard streams are.
   error.tie(&output);
   std::cin.tie(&output);
-  // The connector may be at work: it must not find a journal taken.
+  // The connector may be at work: it must not find a log taken.
   WindowsFiles files(WhileRead::kEverything);
   WindowsFolders folders;
   WindowsClock clock;

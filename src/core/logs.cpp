@@ -1,0 +1,89 @@
+#include "core/logs.h"
+
+#include <new>
+
+#include "core/text.h"
+#include "platform/system_error.h"
+
+namespace orvenza {
+namespace {
+
+std::string FailureLine(std::string_view label, int number, std::string_view description) {
+  return std::string(label).append(std::to_string(number)).append(" - ").append(description);
+}
+
+}  // namespace
+
+Logs::Logs(Files& files, Clock& clock, AppSettings& settings, const std::string& programFolder)
+    : files_(files),
+      clock_(clock),
+      settings_(settings),
+      logFallback_(programFolder + "\\" + kLogFallback),
+      errFallback_(programFolder + "\\" + kErrFallback) {}
+
+void Logs::WrLog(std::string& message) { Write(settings_.LogPath, message, "WrLog", logFallback_); }
+
+void Logs::WrErr(std::string& message) {
+  if (settings_.ErrPath.empty()) settings_.ErrPath = errFallback_;
+  Write(settings_.ErrPath, message, "WrErr", errFallback_);
+}
+
+void Logs::WrFailure(std::string_view label, int number, std::string_view description) {
+  WrErr(FailureLine(label, number, description));
+}
+
+std::optional<std::string> Logs::Try(std::string_view label, const std::function<void()>& step) {
+  try {
+    step();
+    return std::nullopt;
+  } catch (const SystemError& failure) {
+    return FailureLine(label, failure.Number(), failure.Description());
+  } catch (const std::bad_alloc&) {
+    return FailureLine(label, error_number::kOutOfMemory, StandardDescription(error_number::kOutOfMemory));
+  } catch (const std::exception& failure) {
+    return FailureLine(label, error_number::kInternalError, failure.what());
+  }
+}
+
+bool Logs::Attempt(std::string_view label, const std::function<void()>& step) {
+  auto failure = Try(label, step);
+  if (failure) WrErr(*failure);
+  return !failure;
+}
+
+std::vector<std::string> Logs::Paths() const {
+  std::vector<std::string> paths;
+  for (const std::string& path : {settings_.LogPath, settings_.ErrPath, logFallback_, errFallback_}) {
+    if (!path.empty()) paths.insert(paths.end(), {path, BakOf(path)});
+  }
+  return paths;
+}
+
+void Logs::Write(const std::string& path, std::string& message, std::string_view routine,
+                 const std::string& fallback) {
+  try {
+    MoveAsideWhenLarge(path);
+    message.insert(0, clock_.Stamp(clock_.Now()) + " - ");
+    if (path.empty()) throw SystemError(error_number::kPathFileAccess);
+    files_.Append(path, message + std::string(kLineBreak));
+  } catch (const SystemError& failure) {
+    std::string line(routine);
+    line.append(" : ").append(failure.Description()).append(" ").append(std::to_string(failure.Number()));
+    line.append(" ( ").append(message).append(" )").append(kLineBreak);
+    try {
+      files_.Append(fallback, line);
+    } catch (const SystemError&) {
+      // Nowhere left to write: the caller must not suffer for it.
+    }
+  } catch (const std::exception&) {
+    // No memory for a line: no caller could do better.
+  }
+}
+
+void Logs::MoveAsideWhenLarge(const std::string& path) {
+  if (!files_.Exists(path) || files_.Size(path) <= kRotationSize) return;
+  files_.Copy(path, BakOf(path));
+  files_.Remove(path);
+}
+
+}  // namespace orvenza

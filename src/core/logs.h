@@ -1,0 +1,71 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/settings.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+
+namespace orvenza {
+
+/// The two logs of the program folder: `Log.txt` (activity) and `Err.txt` (errors). Every line is on its
+/// way to the disk when a call returns; no call ever fails. Their paths are `LogPath` and `ErrPath` of the
+/// settings; before those are read, lines go to the fallback files.
+class Logs {
+ public:
+  /// Length in bytes above which a log is moved to its "Bak" copy before the next line.
+  static constexpr std::uintmax_t kRotationSize = 250000;
+
+  /// Files of the program folder for lines that the logs do not take.
+  static constexpr const char* kLogFallback = "log.txt";
+  static constexpr const char* kErrFallback = "error.txt";
+
+  /// The "Bak" copy of the log `path`, whatever the extension.
+  static std::string BakOf(const std::string& path) { return path.substr(0, path.size() - 3) + "Bak"; }
+
+  /// `programFolder` without a trailing "\".
+  Logs(Files& files, Clock& clock, AppSettings& settings, const std::string& programFolder);
+
+  /// Appends one line to the activity log. On return `message` holds the stamped line.
+  void WrLog(std::string& message);
+  void WrLog(std::string&& message) { WrLog(message); }
+
+  /// Appends one line to the error log. On return `message` holds the stamped line.
+  void WrErr(std::string& message);
+  void WrErr(std::string&& message) { WrErr(message); }
+
+  /// Writes `label`, `number`, " - " and `description` to the error log: the form of every trapped failure.
+  void WrFailure(std::string_view label, int number, std::string_view description);
+
+  /// Runs one step of a procedure inside its error trap. Returns nothing when the step ran to its end, or
+  /// else the line of its failure, which has not been written. ProgramEnd passes.
+  static std::optional<std::string> Try(std::string_view label, const std::function<void()>& step);
+
+  /// Runs one step of a procedure inside its error trap. A failure is written to the error log under `label`,
+  /// and the caller goes on with its next step. Returns whether the step ran to its end. ProgramEnd passes.
+  bool Attempt(std::string_view label, const std::function<void()>& step);
+
+  /// The clock of the stamps.
+  const Clock& StampClock() const { return clock_; }
+
+  /// The files that the logs and their fallbacks are written to, and their "Bak" copies. Some may not
+  /// be there.
+  std::vector<std::string> Paths() const;
+
+ private:
+  void Write(const std::string& path, std::string& message, std::string_view routine,
+             const std::string& fallback);
+  void MoveAsideWhenLarge(const std::string& path);
+
+  Files& files_;
+  Clock& clock_;
+  AppSettings& settings_;
+  std::string logFallback_;
+  std::string errFallback_;
+};
+
+}  // namespace orvenza

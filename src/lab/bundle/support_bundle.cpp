@@ -1,0 +1,228 @@
+#include "lab/bundle/support_bundle.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "core/catalogue.h"
+#include "core/folder_path.h"
+#include "core/logs.h"
+#include "core/text.h"
+#include "core/version.h"
+#include "lab/doctor/diagnosis.h"
+#include "lab/doctor/folder_listing.h"
+#include "lab/shell/wording.h"
+#include "platform/system_error.h"
+#include "tickets/text_mask.h"
+
+namespace orvenza {
+namespace {
+
+/// The end of a log, and the beginning of a ticket, are what support reads.
+constexpr std::size_t kLongestLog = 2'000'000;
+constexpr std::size_t kLongestTicket = 1'000'000;
+constexpr std::size_t kMostTickets = 10;
+constexpr const char* kMasked = "texts masked";
+
+/// A longer log from the beginning of a line on: a quotation that begins before it could not be masked.
+std::string ReadEnd(const Files& files, const std::string& path) {
+  std::string end;
+  std::string piece(65536, '\0');
+  const auto reader = files.OpenForReading(path);
+  while (const std::size_t count = reader->Read(piece.data(), piece.size())) {
+    end.append(piece, 0, count);
+    if (end.size() > 2 * kLongestLog) end.erase(0, end.size() - kLongestLog);
+  }
+  if (end.size() <= kLongestLog) return end;
+  const std::size_t lineEnd = end.find('\n', end.size() - kLongestLog);
+  return end.substr(std::min(lineEnd, end.size() - 1) + 1);
+}
+
+BundleEntry Missing(const std::string& name, const std::string& reason) {
+  return {name, {}, {}, reason, true};
+}
+
+std::string CutRemark(const char* which, std::size_t kept, std::uintmax_t size) {
+  return size <= kept ? std::string()
+                      : std::string("the ") + which + " " + SizeText(kept) + " of " + SizeText(size);
+}
+
+/// A remark and another one.
+std::string Both(const std::string& first, const std::string& second) {
+  return first + (first.empty() || second.empty() ? "" : "; ") + second;
+}
+
+/// Collects the entries; each method adds those of one kind.
+class Collector {
+ public:
+  Collector(const Installation& shop, bool withDescriptions)
+      : shop_(shop), withDescriptions_(withDescriptions) {}
+
+  void AddText(const std::string& name, std::string text) {
+    entries_.push_back({name, std::move(text), shop_.now, {}});
+  }
+
+  void AddFindings(const Findings& findings) {
+    std::ostringstream text;
+    WriteDiagnosis(text, shop_, findings, false);
+    AddText("doctor.txt", text.str());
+    std::ostringstream json;
+    WriteDiagnosisAsJson(json, shop_, findings);
+    AddText("doctor.json", json.str());
+  }
+
+  void AddSettings() {
+    for (const std::string& path : {shop_.paths.Ini(), shop_.paths.ErrDesc()}) {
+      const std::string name = "settings/" + FileNameOf(path);
+      if (!MayExist(shop_.files, path)) {
+        entries_.push_back(Missing(name, "does not exist"));
+        continue;
+      }
+      Add(name, [&](BundleEntry& entry) { entry.bytes = ReadWhole(shop_.files, path); });
+    }
+  }
+
+  void AddLogs() {
+    const std::string folder = shop_.paths.AppPath + "\\";
+    const std::string& log = shop_.Settings().LogPath;
+    for (const std::string& path : {log, shop_.Settings().ErrPath, folder + Logs::kErrFallback}) {
+      const std::string copy = Logs::BakOf(path);
+      AddLog(path, FileNameOf(path));
+      AddLog(copy, FileNameOf(copy));
+    }
+    // Where letter case counts, lines that a log did not take are in a file of their own.
+    const std::string fallback = folder + Logs::kLogFallback;
+    if (IsListed(log) && IsListed(fallback)) AddLog(fallback, "fallback-log.txt");
+  }
+
+  void AddTickets() {
+    for (const FoundTicket& ticket : LatestTickets(shop_, kMostTickets)) {
+      Add("tickets/" + ticket.place + "/" + ticket.entry.name, [&](BundleEntry& entry) {
+        entry.bytes = ReadWhole(shop_.files, ticket.path, kLongestTicket);
+        entry.modified = ticket.entry.modified;
+        entry.remark = CutRemark("first", kLongestTicket, ticket.entry.size);
+        if (withDescriptions_) return;
+        entry.bytes = MaskTicketTexts(entry.bytes, shop_.Settings().SeparatorChar);
+        entry.remark = Both(kMasked, entry.remark);
+      });
+    }
+  }
+
+  std::vector<BundleEntry> Take() { return std::move(entries_); }
+
+ private:
+  /// Adds what `fill` makes of an entry, or why it could not.
+  template <typename Fill>
+  void Add(const std::string& name, Fill fill) {
+    BundleEntry entry{name, {}, shop_.now, {}};
+    try {
+      fill(entry);
+      entries_.push_back(std::move(entry));
+    } catch (const SystemError& failure) {
+      entries_.push_back(Missing(name, failure.Description()));
+    }
+  }
+
+  bool IsListed(const std::string& path) const {
+    try {
+      const FolderListing listing = shop_.folders.ListFolder(path);
+      return std::any_of(listing.begin(), listing.end(),
+                         [&](const auto& entry) { return entry.name == FileNameOf(path); });
+    } catch (const SystemError&) {
+      return false;
+    }
+  }
+
+  void AddLog(const std::string& path, const std::string& name) {
+    if (!MayExist(shop_.files, path)) {
+      entries_.push_back(Missing("logs/" + name, "does not exist"));
+      return;
+    }
+    Add("logs/" + name, [&](BundleEntry& entry) {
+      entry.bytes = ReadEnd(shop_.files, path);
+      entry.remark = CutRemark("last", entry.bytes.size(), shop_.files.Size(path));
+      bool masked = false;
+      if (!withDescriptions_) entry.bytes = MaskLog(entry.bytes, shop_.Settings().SeparatorChar, masked);
+      if (masked) entry.remark = Both("texts of quoted ticket lines masked", entry.remark);
+    });
+  }
+
+  const Installation& shop_;
+  bool withDescriptions_;
+  std::vector<BundleEntry> entries_;
+};
+
+std::string Versions(const Installation& shop) {
+  const ControlRegistration control = shop.machine.FindControl();
+  std::string text = "orvenza-lab " + std::string(kVersionText) + "\n";
+  text += "system      " + shop.machine.SystemName() + "\n";
+  text += "time        " + IsoText(shop.now) + "\n";
+  text += "folder      " + shop.paths.AppPath + "\n";
+  text += "connector   " + std::string(shop.isServed ? "running" : "not running") + "\n";
+  text += "settings    " + (shop.review.version.empty() ? "without version" : shop.review.version) + "\n";
+  text += "control     " + (control.server.empty() ? "none" : control.server) + "\n";
+  text += "ports      ";
+  if (const auto ports = shop.machine.SerialPorts()) {
+    for (const int port : *ports) text += " COM" + std::to_string(port);
+  }
+  return text + "\n";
+}
+
+/// A line an entry.
+std::string ListOfContents(const std::vector<BundleEntry>& entries) {
+  std::size_t width = 0;
+  for (const BundleEntry& entry : entries) width = std::max(width, CountCharacters(ShownBytes(entry.name)));
+  std::string list;
+  // The list itself comes first, and cannot know its own size.
+  for (auto entry = entries.begin() + 1; entry != entries.end(); ++entry) {
+    const std::string size = entry->missing ? "missing" : SizeText(entry->bytes.size());
+    const std::string name = ShownBytes(entry->name);
+    list.append(name).append(width - CountCharacters(name) + 2, ' ').append(size);
+    if (!entry->remark.empty())
+      list += std::string(12 - std::min<std::size_t>(size.size(), 11), ' ') + ShownBytes(entry->remark);
+    list += "\n";
+  }
+  return list;
+}
+
+}  // namespace
+
+std::vector<BundleEntry> CollectBundle(const Installation& shop, const Findings& findings,
+                                       bool withDescriptions) {
+  Collector collector(shop, withDescriptions);
+  collector.AddText("contents.txt", {});
+  collector.AddFindings(findings);
+  collector.AddText("versions.txt", Versions(shop));
+  collector.AddText("folders.txt", ListFolders(shop));
+  collector.AddSettings();
+  collector.AddLogs();
+  collector.AddTickets();
+  std::vector<BundleEntry> entries = collector.Take();
+  entries.front().bytes =
+      "Orvenza in " + ShownBytes(shop.paths.AppPath) + ", " + MinuteText(shop.now) + ", by orvenza-lab " +
+      kVersionText + "\n" +
+      (withDescriptions ? "Texts of tickets are in it as they are.\n"
+                        : "Texts of tickets are masked; amounts, quantities and numbers are not.\n") +
+      "\n" + ListOfContents(entries);
+  return entries;
+}
+
+std::string MaskLog(const std::string& log, char separator, bool& masked) {
+  const std::string line = LoadMessage(124) + " ";
+  const std::string file = LoadMessage(197) + " ";  // Such a field may hold anything but a file's name.
+  std::string result;
+  for (std::size_t at = 0; at < log.size();) {
+    const std::size_t lineAt = log.find(line, at);
+    const std::size_t fileAt = log.find(file, at);
+    if (lineAt == fileAt) return result + log.substr(at);  // Neither is there.
+    const std::size_t start = lineAt < fileAt ? lineAt + line.size() : fileAt + file.size();
+    const std::size_t end = std::min(log.find_first_of("\r\n", start), log.size());
+    const std::string_view quoted = std::string_view(log).substr(start, end - start);
+    result += log.substr(at, start - at);
+    result += lineAt < fileAt ? MaskTexts(quoted, separator) : MaskAll(quoted);
+    masked = masked || end > start;
+    at = end;
+  }
+  return result;
+}
+
+}  // namespace orvenza

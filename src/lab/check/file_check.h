@@ -1,0 +1,64 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "lab/check/check_report.h"
+#include "lab/check/ticket_check.h"
+#include "lab/shell/console.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "tickets/line_reader.h"
+
+namespace orvenza {
+
+/// A line on the error output that tells how far a check is, from its second second on.
+class CheckProgress {
+ public:
+  /// `console` may have no place for it: then nothing is shown.
+  CheckProgress(Console& console, const Clock& clock, bool shown)
+      : console_(console), clock_(clock), shown_(shown), start_(clock.Uptime()) {}
+
+  void Show(std::uint64_t lines);
+  /// Takes the line away, so that something else can be written there.
+  void Clear();
+
+ private:
+  Console& console_;
+  const Clock& clock_;
+  bool shown_;
+  std::chrono::nanoseconds start_;
+  std::size_t width_ = 0;  // of what is shown now
+};
+
+/// Checks whole files, one after the other, in memory that does not grow with them.
+class FileCheck {
+ public:
+  /// Most bytes of a line that are looked at. The longest record that makes sense is far shorter.
+  static constexpr std::size_t kLongestLine = 64 * 1024;
+
+  FileCheck(TicketCheck& check, CheckReport& report, CheckProgress& progress)
+      : check_(check), report_(report), progress_(progress) {}
+
+  /// `open` may throw SystemError, as may the reader: the file then counts as unreadable.
+  void CheckFile(const std::string& name, const std::function<std::unique_ptr<ByteReader>()>& open);
+
+  const CheckTotals& Totals() const { return totals_; }
+
+ private:
+  void CheckLines(LineReader& reader);
+  void CheckLine(const std::string& line, std::uint64_t number, bool wasCut);
+  void Report(std::uint64_t number);
+
+  TicketCheck& check_;
+  CheckReport& report_;
+  CheckProgress& progress_;
+  TicketFindings findings_;
+  CheckTotals totals_;
+};
+
+}  // namespace orvenza

@@ -1,0 +1,152 @@
+#include "lab/check/ticket_check.h"
+
+#include <algorithm>
+#include <cctype>
+#include <utility>
+
+#include "core/text.h"
+
+namespace orvenza {
+namespace {
+
+/// Record types are numbers below this, as far as anybody could mean one.
+constexpr int kTypesTried = 100;
+
+std::string CharacterName(char c) {
+  const std::string code = "character " + std::to_string(c);
+  return c > 32 && c < 127 ? code + " '" + c + "'" : code;
+}
+
+}  // namespace
+
+TicketCheck::TicketCheck(CheckRules rules, const Files& files, Clock& clock)
+    : rules_(std::move(rules)),
+      silence_(noFiles_, clock, rules_.settings, {}),
+      translator_(rules_.identity, rules_.settings, files, silence_),
+      knownTypes_(KnownTypes()),
+      boundary_(rules_.settings.SeparatorChar),
+      meant_(boundary_) {}
+
+void TicketCheck::BeginFile() {
+  boundary_ = meant_ = TicketBoundary(rules_.settings.SeparatorChar);
+  lines_ = 0;
+  holdsRecord_ = false;
+  watch_ = ReceiptWatch();
+}
+
+void TicketCheck::Skip(std::string_view beginning, TicketFindings& findings) {
+  ++lines_;
+  holdsRecord_ = true;
+  fields_ = RecordFields();
+  FollowParser(beginning, findings);
+  watch_.Miss({});
+}
+
+const std::string& TicketCheck::Check(std::string_view line, TicketFindings& findings) {
+  command_.clear();
+  ++lines_;
+  SplitRecord(line, rules_.settings.SeparatorChar, fields_);
+  if (fields_.IsEmpty()) return command_;
+  holdsRecord_ = true;
+  FollowParser(line, findings);
+  if (fields_.Count() == 0) {
+    FindNoFields(line, findings);
+    watch_.Miss({});
+    return command_;
+  }
+  notes_.clear();
+  command_ = translator_.TranslateRecord(fields_, &notes_);
+  FindInValues(line, fields_, notes_, findings);
+  FindInUnusedFields(fields_, notes_, findings);
+  if (IsUnknownType()) {
+    const std::string meant = TypeMeant();
+    findings.back().text += meant.empty() ? "; known are " + knownTypes_ : "; write '" + meant + "'";
+  }
+  FindBehindFields(fields_, rules_.settings.SeparatorChar, findings);
+  if (command_.empty()) {
+    watch_.Miss(IsUnknownType() ? std::string_view() : fields_[0]);
+  } else {
+    watch_.Follow(command_, findings);
+  }
+  return command_;
+}
+
+void TicketCheck::FollowParser(std::string_view line, TicketFindings& findings) {
+  if (!rules_.settings.FileParser) return;
+  const bool begins = boundary_.Begins(line);
+  FindHiddenType(line, begins, findings);
+  if (!begins) return;
+  watch_.End("\"File Parser\" splits the file before this line", findings);
+  watch_ = ReceiptWatch();
+}
+
+void TicketCheck::FindHiddenType(std::string_view line, bool begins, TicketFindings& findings) {
+  const bool hidden = fields_.Count() > 0 && boundary_.TypeOf(line) != fields_[0];
+  const bool meantToBegin = meant_.Begins(hidden ? line.substr(fields_.Start(0)) : line);
+  if (begins && !meantToBegin) {
+    findings.push_back({false, "hidden-type", 0,
+                        "what stands before the type hides it from \"File Parser\", which splits the file "
+                        "before this line as if it did not close the receipt"});
+  } else if (meantToBegin && !begins) {
+    findings.push_back({false, "hidden-type", TicketFinding::kWholeLine,
+                        "\"File Parser\" does not split the file before this line: what stands before the "
+                        "type in line " +
+                            std::to_string(lastHidden_) + " hides that it closes the receipt"});
+  }
+  if (begins != meantToBegin) meant_ = boundary_;
+  if (hidden && IsClosingType(fields_[0])) lastHidden_ = lines_;
+}
+
+void TicketCheck::FindNoFields(std::string_view line, TicketFindings& findings) const {
+  const std::string_view text = Trim(fields_.Rest());
+  if (text.empty()) {
+    findings.push_back(
+        {true, "no-separator", TicketFinding::kWholeLine,
+         QuotedBytes(Trim(line)) + " holds no character of ASCII, so that only blanks are left of it"});
+    return;
+  }
+  std::string said =
+      "no separator, " + CharacterName(rules_.settings.SeparatorChar) + ", is in " + QuotedBytes(text);
+  // A line of another separator begins with a record type all the same.
+  const std::size_t end = text.find_first_not_of("0123456789");
+  if (end != 0 && end != std::string_view::npos && std::ispunct(static_cast<unsigned char>(text[end])) != 0) {
+    said += "; is " + CharacterName(text[end]) + " meant to be it?";
+  }
+  findings.push_back({true, "no-separator", TicketFinding::kWholeLine, std::move(said)});
+}
+
+bool TicketCheck::IsUnknownType() const {
+  return !notes_.empty() && notes_.back().kind == FieldNote::Kind::kUnknownType;
+}
+
+bool TicketCheck::IsType(std::string_view type) const {
+  constexpr char kAnySeparator = ';';
+  RecordFields fields;
+  SplitRecord(std::string(type) + kAnySeparator, kAnySeparator, fields);
+  TranslationNotes notes;
+  translator_.TranslateRecord(fields, &notes);
+  return notes.empty() || notes.back().kind != FieldNote::Kind::kUnknownType;
+}
+
+std::string TicketCheck::TypeMeant() const {
+  std::string_view type = Trim(fields_[0]);
+  type = type.substr(0, type.find_first_of(".,"));
+  type = type.substr(std::min(type.find_first_not_of('0'), type.size()));
+  return !type.empty() && IsType(type) ? std::string(type) : std::string();
+}
+
+std::string TicketCheck::KnownTypes() const {
+  std::string known;
+  for (int first = 0; first < kTypesTried; ++first) {
+    if (!IsType(std::to_string(first))) continue;
+    int last = first;
+    while (last + 1 < kTypesTried && IsType(std::to_string(last + 1))) ++last;
+    if (!known.empty()) known += ", ";
+    known += std::to_string(first);
+    if (last > first) known += (last > first + 1 ? " to " : ", ") + std::to_string(last);
+    first = last;
+  }
+  return known;
+}
+
+}  // namespace orvenza

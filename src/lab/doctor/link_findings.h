@@ -1,0 +1,11 @@
+#pragma once
+
+#include "lab/doctor/findings.h"
+#include "lab/doctor/installation.h"
+
+namespace orvenza {
+
+/// The link control and the serial port.
+Findings FindInLink(const Installation& shop);
+
+}  // namespace orvenza

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "lab/doctor/findings.h"
+#include "lab/settings/settings_review.h"
+
+namespace orvenza {
+
+/// What is to be said about a settings file called `name`.
+Findings FindInSettings(const SettingsReview& review, const std::string& name);
+
+}  // namespace orvenza

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "lab/doctor/findings.h"
+#include "lab/settings/settings_review.h"
+
+namespace orvenza {
+
+/// What is to be said about lines of a settings file that the connector never reads, and about its
+/// characters.
+Findings FindInLines(const SettingsReview& review);
+
+}  // namespace orvenza

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/settings.h"
+#include "lab/rehearsal/transcript.h"
+#include "simulator/virtual_disk.h"
+
+namespace orvenza {
+
+/// `path` as a transcript shows it: within the program folder of rehearsals without that.
+std::string ShownPath(std::string_view path);
+
+/// Tells a transcript what the connector does with the disk, in the words of tickets: taken, split, archived,
+/// aborted, deleted; and the lines of the two logs.
+class DiskWatch {
+ public:
+  /// `transcript` must outlive the watch.
+  explicit DiskWatch(Transcript& transcript) : transcript_(transcript) {}
+
+  /// The settings of the connector, which knows its folders once it has read them. They must outlive the
+  /// last event.
+  void SetSettings(const AppSettings& settings) { settings_ = &settings; }
+
+  void OnDisk(const DiskEvent& event);
+
+ private:
+  void OnAppended(const DiskEvent& event);
+  void OnMoved(const DiskEvent& event, bool copied);
+
+  Transcript& transcript_;
+  const AppSettings* settings_ = nullptr;
+};
+
+}  // namespace orvenza

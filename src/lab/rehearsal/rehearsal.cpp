@@ -1,0 +1,365 @@
+#include "lab/rehearsal/rehearsal.h"
+
+#include <algorithm>
+#include <exception>
+#include <optional>
+#include <set>
+#include <utility>
+
+#include "app/connector.h"
+#include "core/event_loop.h"
+#include "core/logs.h"
+#include "core/text.h"
+#include "lab/rehearsal/bounded_pump.h"
+#include "lab/rehearsal/dialog_text.h"
+#include "lab/rehearsal/disk_watch.h"
+#include "lab/rehearsal/event_text.h"
+#include "lab/rehearsal/expectations.h"
+#include "platform/ini_profile_file.h"
+#include "platform/program_end.h"
+#include "platform/system_error.h"
+#include "simulator/paper_roll.h"
+#include "simulator/scripted_operator.h"
+#include "simulator/simulated_link.h"
+#include "simulator/virtual_clock.h"
+#include "simulator/virtual_disk.h"
+
+namespace orvenza {
+namespace {
+
+using std::chrono::milliseconds;
+
+const std::string kFolder = kRehearsalFolder;
+const ProgramPaths kPaths{kFolder, "Orvenza"};
+const std::string kCommandFile = kFolder + "\\command.txt";
+constexpr const char* kQuit = "QUIT\r\n";
+
+/// Thrown when the PC loses its power. Not a std::exception on purpose: no trap may hold it up.
+struct PowerFailure {};
+
+class TranscriptIcon : public NotificationIcon {
+ public:
+  explicit TranscriptIcon(Transcript& transcript) : transcript_(transcript) {}
+  void CreateIcon(const std::string&) override { transcript_.Add("icon", "shown"); }
+  void DeleteIcon() override { transcript_.Add("icon", "taken away"); }
+
+ private:
+  Transcript& transcript_;
+};
+
+/// What a first start writes.
+struct FirstFiles {
+  std::string settings;  ///< With the separator of the examples.
+  std::string errDesc;
+};
+
+const FirstFiles& FilesOfAFirstStart() {
+  static const FirstFiles written = [] {
+    VirtualClock clock;
+    VirtualDisk disk(clock);
+    disk.MakeFolder(kFolder);
+    IniProfileFile profile(disk.FileSeam());
+    AppSettings settings;
+    Logs logs(disk.FileSeam(), clock, settings, kFolder);
+    SettingsFile file(profile, disk.FileSeam(), logs, kPaths);
+    file.WriteDefaultIni();
+    file.WriteDefaultErrDesc();
+    profile.Write(kPaths.Ini(), setting::kGeneral, setting::kSeparator, "59");
+    return FirstFiles{disk.Content(kPaths.Ini()).value_or(""), disk.Content(kPaths.ErrDesc()).value_or("")};
+  }();
+  return written;
+}
+
+std::string TimeText(milliseconds time) { return std::to_string(time.count()) + " ms"; }
+
+/// Events that are events even before any time has passed.
+bool IsEvent(const ScenarioEvent& event) {
+  return event.kind == EventKind::kMenu || event.kind == EventKind::kQuit ||
+         event.kind == EventKind::kSessionEnds || event.kind == EventKind::kPowerFails;
+}
+
+/// Whether an event is about what there is on the disk, not about what may be done to it.
+bool ComesOrGoes(const ScenarioEvent& event) {
+  return event.kind == EventKind::kPut || event.kind == EventKind::kMakeFolder ||
+         event.kind == EventKind::kDelete;
+}
+
+/// The connector and its world. The members are in the order in which they need each other.
+class Stage {
+ public:
+  Stage(const Scenario& scenario, Transcript::Sink sink)
+      : scenario_(scenario),
+        clock_(scenario.start),
+        transcript_(clock_, std::move(sink)),
+        disk_(clock_, kFolder),
+        profile_(disk_.FileSeam()),
+        pump_(clock_, scenario.limit),
+        loop_(std::in_place, clock_, pump_),
+        person_(*loop_),
+        icon_(transcript_),
+        device_(clock_, paper_, scenario.device.profile),
+        link_(device_, clock_, scenario.device),
+        watch_(transcript_) {
+    SetUpFiles();
+    SetUpEvents();
+    for (const ScenarioAnswer& answer : scenario.answers) person_.Answer(answer.text, answer.reaction);
+    person_.SetJudgement(scenario.judgement);
+    SetUpObservers();
+  }
+
+  RehearsalOutcome Play();
+
+ private:
+  void SetUpFiles();
+  void SetUpEvents();
+  void SetUpObservers();
+  void RunConnector();
+  void RunOnce();
+  void AskToQuit();
+  bool TicketsWait();
+  void OnTick();
+  void Do(const ScenarioEvent& event);
+  void DoToDisk(const ScenarioEvent& event);
+  void OnLine(LineEvent event, const std::string& text);
+  std::string PortText() const;
+  void BreakOff(const std::string& why);
+  void TakeStock();
+  void MissFaults();
+  void Miss(std::string what) { outcome_.problems.push_back(std::move(what)); }
+
+  const Scenario& scenario_;
+  RehearsalOutcome outcome_;
+  std::set<const ScenarioEvent*> due_;  ///< Events whose moment has not come yet.
+  VirtualClock clock_;
+  Transcript transcript_;
+  VirtualDisk disk_;
+  IniProfileFile profile_;
+  BoundedPump pump_;
+  std::optional<EventLoop> loop_;  ///< Made anew in its place for each start of the connector.
+  ScriptedOperator person_;
+  TranscriptIcon icon_;
+  PaperRoll paper_;
+  SimulatedRegister device_;
+  SimulatedLink link_;
+  DiskWatch watch_;
+  Connector* connector_ = nullptr;
+  int status_ = exit_status::kInOrder;  ///< Of the last start.
+};
+
+void Stage::SetUpFiles() {
+  disk_.MakeFolder(kFolder);
+  if (scenario_.settingsFile) {
+    disk_.Put(kPaths.Ini(), FilesOfAFirstStart().settings);
+    disk_.Put(kPaths.ErrDesc(), FilesOfAFirstStart().errDesc);
+    disk_.MakeFolder(kFolder + "\\data\\inproces");
+    disk_.MakeFolder(kFolder + "\\data\\abort");
+  }
+  const auto prepare = [this](bool comesOrGoes) {
+    for (const ScenarioEvent& event : scenario_.events) {
+      if (event.at.count() == 0 && !IsEvent(event) && ComesOrGoes(event) == comesOrGoes) DoToDisk(event);
+    }
+  };
+  prepare(true);
+  for (const ScenarioSetting& setting : scenario_.settings) {
+    if (!disk_.FileSeam().Exists(kPaths.Ini())) {
+      Miss("cannot be set, for Orvenza.ini was removed: [" + setting.section + "] " + setting.key);
+      continue;
+    }
+    profile_.Write(kPaths.Ini(), setting.section, setting.key, setting.value);
+  }
+  prepare(false);  // Only now the settings file may be held or read-only.
+}
+
+void Stage::SetUpEvents() {
+  for (const ScenarioEvent& event : scenario_.events) {
+    if (event.at.count() == 0 && !IsEvent(event)) continue;
+    due_.insert(&event);
+    clock_.After(event.at, [this, &event] { Do(event); });
+  }
+}
+
+void Stage::SetUpObservers() {
+  disk_.SetObserver([this](const DiskEvent& event) { watch_.OnDisk(event); });
+  clock_.SetObserver(
+      [this](const LocalTime& time) { transcript_.Add("clock", "set to " + clock_.Stamp(time)); });
+  person_.SetObserver([this](const ShownDialog& dialog, std::string_view answer) {
+    if (answer.empty())
+      transcript_.Add("dialog", DialogText(dialog));
+    else
+      transcript_.Add("answer", std::string(answer));
+  });
+  link_.SetObserver([this](LineEvent event, const std::string& text) { OnLine(event, text); });
+  paper_.SetSink([this](const std::string& line) {
+    outcome_.paper.push_back(line);
+    transcript_.Add("paper", "|" + Printable(line));
+  });
+}
+
+void Stage::OnLine(LineEvent event, const std::string& text) {
+  switch (event) {
+    case LineEvent::kSent:
+      outcome_.sent.push_back(text);
+      transcript_.Add("sent", Printable(text));
+      break;
+    case LineEvent::kReceived: transcript_.Add("reply", Printable(text)); break;
+    case LineEvent::kLinkError: transcript_.Add("reply", "link error " + text); break;
+    case LineEvent::kAbsent: transcript_.Add("absent"); break;
+    case LineEvent::kPort: transcript_.Add("port", text + (text == "open" ? PortText() : "")); break;
+  }
+}
+
+std::string Stage::PortText() const {
+  const auto value = [this](LinkProperty property) {
+    return std::to_string(link_.Property(property).value_or(0));
+  };
+  return ": COM" + value(LinkProperty::kPortNumber) + ", " + value(LinkProperty::kBaudRate) +
+         " bits a second, end-of-text wait " + value(LinkProperty::kEndOfTextWait) + " ms";
+}
+
+/// A event of its moment. It is an event like others, so nothing of it may reach the connector's traps.
+void Stage::Do(const ScenarioEvent& event) {
+  due_.erase(&event);
+  transcript_.Add(EventKindText(event), EventText(event));
+  if (event.kind == EventKind::kMenu) return connector_->OnMenu(event.item);
+  if (event.kind == EventKind::kSessionEnds) return loop_->RequestEnd({.unload = true});
+  if (event.kind == EventKind::kPowerFails) throw PowerFailure{};
+  DoToDisk(event);
+}
+
+void Stage::DoToDisk(const ScenarioEvent& event) {
+  try {
+    switch (event.kind) {
+      case EventKind::kPut: disk_.Put(event.path, event.content, event.modified); break;
+      case EventKind::kMakeFolder: disk_.MakeFolder(event.path); break;
+      case EventKind::kDelete: disk_.Delete(event.path); break;
+      case EventKind::kReadOnly: disk_.SetReadOnly(event.path); break;
+      case EventKind::kHold: disk_.Hold(event.path, event.hold); break;
+      case EventKind::kDriveAway: disk_.SetAway(event.path, true); break;
+      case EventKind::kDriveBack: disk_.SetAway(event.path, false); break;
+      case EventKind::kDiskFull: disk_.SetFull(event.path, true); break;
+      case EventKind::kDiskFree: disk_.SetFull(event.path, false); break;
+      case EventKind::kRefuseClock: clock_.RefuseSetTime(true); break;
+      case EventKind::kQuit: disk_.Put(kCommandFile, kQuit); break;
+      case EventKind::kMenu:
+      case EventKind::kSessionEnds:
+      case EventKind::kPowerFails: break;
+    }
+  } catch (const SystemError& failure) {
+    Miss("cannot be done at " + TimeText(event.at) + ": " + EventText(event) + ": " + failure.Description());
+  }
+}
+
+RehearsalOutcome Stage::Play() {
+  transcript_.Add("start", clock_.Stamp(scenario_.start));
+  try {
+    RunConnector();
+    transcript_.Add("end", status_ == exit_status::kInOrder ? "" : "status " + std::to_string(status_));
+    outcome_.ended = true;
+  } catch (const UnansweredDialog& unanswered) {
+    BreakOff("no answer is left for the dialog " + DialogText(unanswered.dialog));
+  } catch (const BadAnswer& bad) {
+    BreakOff("the answer \"" + bad.answer + "\" does not fit the dialog " + DialogText(bad.dialog));
+  } catch (const RunTooLong&) {
+    BreakOff("the connector has not ended after " + TimeText(scenario_.limit) +
+             ": nothing stops it, or it waits for ever");
+  } catch (const std::exception& failure) {
+    BreakOff(std::string("the rehearsal cannot go on: ") + failure.what());
+  }
+  transcript_.Close();
+  TakeStock();
+  return std::move(outcome_);
+}
+
+void Stage::RunConnector() {
+  RunOnce();
+  while (scenario_.untilPrinted && TicketsWait()) {
+    link_.SetPortOpen(false);
+    loop_.emplace(clock_, pump_);
+    transcript_.Add("start", "again");
+    RunOnce();
+  }
+}
+
+void Stage::RunOnce() {
+  Connector connector({disk_.FileSeam(), disk_.FolderSeam(), profile_, clock_, *loop_, person_, icon_, link_},
+                      kPaths);
+  connector_ = &connector;
+  watch_.SetSettings(connector.Settings());
+  connector.SetTickObserver([this] { OnTick(); });
+  person_.SetMenuHandler([&connector](MenuItem item) { connector.OnMenu(item); });
+  try {
+    status_ = connector.Run(scenario_.secondInstance);
+  } catch (const PowerFailure&) {
+    // Nothing of the connector is left but what is on the disk.
+  }
+}
+
+void Stage::OnTick() {
+  if (scenario_.untilPrinted && !TicketsWait()) AskToQuit();
+  transcript_.Tick();
+}
+
+void Stage::AskToQuit() {
+  ScenarioEvent quit;
+  quit.kind = EventKind::kQuit;
+  try {
+    disk_.Put(kCommandFile, kQuit);
+    transcript_.Add(EventKindText(quit), EventText(quit));
+  } catch (const SystemError&) {
+    // Somebody holds the file; the host tries again at the next tick.
+  }
+}
+
+/// In the folders of a first start. What is on a drive that is away still waits.
+bool Stage::TicketsWait() {
+  const Folders& folders = disk_.FolderSeam();
+  if (!folders.DriveAvailable(kFolder)) return true;
+  const auto holdTickets = [&](const char* folder) {
+    return folders.Exists(kFolder + folder) && !folders.ListFolder(kFolder + folder + "\\*.txt").empty();
+  };
+  return holdTickets("\\data") || holdTickets("\\data\\inproces");
+}
+
+void Stage::BreakOff(const std::string& why) {
+  transcript_.Add("broken", Printable(why));
+  Miss(why);
+}
+
+void Stage::TakeStock() {
+  const std::size_t given = scenario_.answers.size() - person_.AnswersLeft();
+  for (std::size_t i = given; outcome_.ended && i < scenario_.answers.size(); ++i) {
+    if (scenario_.answers[i].reaction >= ScenarioAnswer::kNever) continue;
+    Miss("the answer \"" + scenario_.answers[i].text + "\" was never asked for");
+  }
+  for (const ScenarioEvent& event : scenario_.events) {
+    if (!outcome_.ended || !due_.contains(&event)) continue;
+    Miss("the connector has ended before " + TimeText(event.at) + ": " + EventText(event));
+  }
+  if (outcome_.ended) MissFaults();
+  outcome_.events = transcript_.Events();
+  outcome_.receipts = device_.Receipts();
+  outcome_.receiptOpen = device_.ReceiptOpen();
+  for (const std::string& path : disk_.Paths()) outcome_.files[path] = disk_.Content(path).value_or("");
+  for (std::string& problem : Unfulfilled(scenario_.expectations, outcome_)) Miss(std::move(problem));
+}
+
+/// Faults whose command was not sent as often as they wait for.
+void Stage::MissFaults() {
+  for (const Fault& fault : scenario_.device.faults) {
+    if (fault.prefix.empty()) continue;
+    const auto sent = static_cast<std::size_t>(
+        std::count_if(outcome_.sent.begin(), outcome_.sent.end(),
+                      [&](const std::string& command) { return command.starts_with(fault.prefix); }));
+    if (sent >= fault.first) continue;
+    Miss("the fault on " + fault.prefix + " #" + std::to_string(fault.first) +
+         " never struck: the command was sent " + std::to_string(sent) + " times");
+  }
+}
+
+}  // namespace
+
+RehearsalOutcome Rehearse(const Scenario& scenario, Transcript::Sink sink) {
+  return Stage(scenario, std::move(sink)).Play();
+}
+
+}  // namespace orvenza

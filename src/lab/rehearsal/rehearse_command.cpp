@@ -1,0 +1,129 @@
+#include "lab/rehearsal/rehearse_command.h"
+
+#include <iterator>
+#include <stdexcept>
+
+#include "lab/rehearsal/disk_watch.h"
+#include "lab/rehearsal/rehearsal.h"
+#include "lab/rehearsal/scenario.h"
+#include "platform/system_error.h"
+
+namespace orvenza {
+namespace {
+
+constexpr const char* kFolder = "--folder";
+constexpr const char* kKeep = "--keep";
+constexpr int kWentWrong = 1;
+
+constexpr const char* kDescription =
+    "Runs the whole connector, from its entry to its end, against the simulated\n"
+    "register, with the operator's answers taken from a script. Nothing of the PC is\n"
+    "touched: the shop is a disk in memory, C:\\Orvenza, and time passes only while\n"
+    "somebody waits, so that a day at the till takes a moment. What happens is\n"
+    "printed, an event a line, with the milliseconds since the start. The same\n"
+    "scenario gives the same transcript on every system.\n"
+    "\n"
+    "SCENARIO is a text file, or - for the standard input. It says which settings\n"
+    "differ, which tickets come and when, what goes wrong, what the operator answers,\n"
+    "when to stop, and what to expect. docs/rehearsal.md describes it.";
+
+std::string ReadScenarioText(const std::string& name, LabSurroundings& around) {
+  if (name == "-") return {std::istreambuf_iterator<char>(around.console.in), {}};
+  try {
+    return ReadWhole(around.files, name);
+  } catch (const SystemError& failure) {
+    throw std::runtime_error("the scenario cannot be read: " + failure.Description());
+  }
+}
+
+void MakeFolders(Folders& folders, const std::string& path) {
+  for (std::size_t end = folders.DriveOf(path).size(); end != std::string::npos;) {
+    end = path.find_first_of("\\/", end + 1);
+    const std::string level = path.substr(0, end);
+    if (!folders.Exists(level + "\\")) folders.Create(level);
+  }
+}
+
+/// Where a file of the rehearsal's disk is kept: those of the program folder at the top.
+std::string KeptPath(const std::string& path) {
+  const std::string shown = ShownPath(path);
+  return shown == path ? "drive-" + path.substr(0, 1) + path.substr(2) : shown;
+}
+
+/// Makes the folder, and fails when nothing can be written to it.
+void MakeFolderToKeep(const std::string& folder, LabSurroundings& around) {
+  MakeFolders(around.folders, folder);
+  const std::string trial = folder + "\\trial";
+  around.files.Write(trial, {});
+  around.files.Remove(trial);
+}
+
+void WriteOut(const RehearsalOutcome& outcome, const std::string& folder, LabSurroundings& around) {
+  for (const auto& [path, content] : outcome.files) {
+    const std::string target = folder + "\\" + KeptPath(path);
+    MakeFolders(around.folders, target.substr(0, target.rfind('\\')));
+    around.files.Write(target, content);
+  }
+}
+
+/// The folder to write to, empty when none is wanted. One of the user's must be new or empty.
+std::string FolderToKeep(const Arguments& arguments, LabSurroundings& around, std::string& error) {
+  if (const auto named = arguments.Value(kFolder)) {
+    const bool taken = around.files.Exists(*named) ||
+                       (around.folders.Exists(*named) && !around.folders.ListFolder(*named + "\\*").empty());
+    if (taken) error = "'" + *named + "' is neither missing nor an empty folder";
+    return *named;
+  }
+  if (!arguments.Has(kKeep)) return {};
+  for (int number = 1;; ++number) {
+    const std::string name = "rehearsal-" + std::to_string(number);
+    if (!around.folders.Exists(name) && !around.files.Exists(name)) return name;
+  }
+}
+
+int Run(const Arguments& arguments, LabSurroundings& around) {
+  Console& console = around.console;
+  if (arguments.words.size() != 1) {
+    return RefuseUsage(console, "rehearse",
+                       arguments.words.empty() ? "which scenario?" : "one scenario at a time");
+  }
+  std::string error;
+  const std::string folder = FolderToKeep(arguments, around, error);
+  if (!error.empty()) return RefuseUsage(console, "rehearse", error);
+  const std::string name = arguments.words.front();
+  const std::string shownName = name == "-" ? "standard input" : name;
+  const Scenario scenario = ParseScenario(shownName, ReadScenarioText(name, around));
+  if (!folder.empty()) MakeFolderToKeep(folder, around);
+  const RehearsalOutcome outcome =
+      Rehearse(scenario, [&console](const std::string& line) { console.out << line << "\n"; });
+  if (!folder.empty()) {
+    WriteOut(outcome, folder, around);
+    console.out << "kept in " << folder << "\n";
+  }
+  console.out.flush();
+  for (const std::string& problem : outcome.problems) console.err << shownName << ": " << problem << "\n";
+  return outcome.problems.empty() ? 0 : kWentWrong;
+}
+
+}  // namespace
+
+Command RehearseCommand() {
+  return {
+      "rehearse",
+      "play a day at the till against the simulated register",
+      "SCENARIO [--keep | --folder DIR]",
+      kDescription,
+      {{kKeep, "", "write what is left of the shop to a new folder\nrehearsal-N here, and print its name"},
+       {kFolder, "DIR", "write it to DIR, which must be missing or empty"}},
+      "0  the connector ran to its end, and all came true\n"
+      "1  a dialog found no answer that fits, an answer was never asked for, the run\n"
+      "   did not end, or ended before something that was to happen, something could\n"
+      "   not be done, a fault never struck, or an expectation did not come true\n"
+      "2  the scenario cannot be read, or the command line cannot be understood",
+      "orvenza-lab rehearse carta-finita.scenario\n"
+      "orvenza-lab rehearse carta-finita.scenario --folder shop\n"
+      "orvenza-lab rehearse - < carta-finita.scenario",
+      Run};
+}
+
+}  // namespace orvenza

@@ -1,0 +1,277 @@
+#include "lab/rehearsal/scenario.h"
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <set>
+#include <utility>
+
+#include "core/arguments.h"
+#include "core/text.h"
+#include "lab/rehearsal/disk_watch.h"
+#include "lab/rehearsal/scenario_events.h"
+#include "lab/settings/known_settings.h"
+#include "simulator/script_line.h"
+
+namespace orvenza {
+namespace {
+
+constexpr std::string_view kEventKinds[] = {
+    "start", "tick",     "sent",    "reply",   "port",   "absent", "dialog", "answer",  "menu",
+    "world", "log",      "error",   "file",    "folder", "taken",  "split",  "written", "copied",
+    "moved", "archived", "aborted", "deleted", "paper",  "icon",   "clock",  "end",     "broken"};
+constexpr std::string_view kEventExpected =
+    "an event of the transcript and a part of its text, such as sent 1036";
+
+constexpr const char* kEitherSettings = "either \"settings none\" or \"setting\" lines";
+
+/// Refuses what the connector never reads: the scenario would try the default.
+void CheckSetting(const ScriptLine& line, const ScenarioSetting& setting) {
+  static const KnownSettings known;
+  if (!known.HasSection(setting.section)) {
+    line.Refuse("a section of the settings file, not [" + setting.section + "]" +
+                Hint(setting.section, known.Sections()));
+  }
+  if (known.HasKey(setting.section, setting.key)) return;
+  const std::string place = known.SectionOf(setting.key);
+  line.Refuse(
+      "a key of [" + setting.section + "], not \"" + setting.key + "\"" +
+      (place.empty() ? Hint(setting.key, known.Keys(setting.section)) : "; it belongs in [" + place + "]"));
+}
+
+ScenarioSetting ReadSetting(ScriptLine& line) {
+  const std::string expected = "[Section] Key = value";
+  const std::string_view rest = line.Rest();
+  const std::size_t close = rest.find(']');
+  const std::size_t equals = close == std::string_view::npos ? close : rest.find('=', close);
+  if (!rest.starts_with('[') || equals == std::string_view::npos) line.Refuse(expected);
+  const ScenarioSetting setting{std::string(rest.substr(1, close - 1)),
+                                std::string(Trim(rest.substr(close + 1, equals - close - 1))),
+                                std::string(Trim(rest.substr(equals + 1)))};
+  if (setting.key.empty()) line.Refuse(expected);
+  CheckSetting(line, setting);
+  return setting;
+}
+
+bool IsEventKind(const std::string& word) {
+  return std::find(std::begin(kEventKinds), std::end(kEventKinds), word) != std::end(kEventKinds);
+}
+
+ScenarioAnswer ReadAnswer(ScriptLine& line) {
+  ScenarioAnswer answer;
+  if (line.Rest() == "nothing") return {"close", ScenarioAnswer::kNever};
+  if (line.Skip("after")) answer.reaction = ReadTime(line);
+  if (line.Rest() == "nothing") line.Refuse("\"answer nothing\" without a time");
+  answer.text = line.Text("a button, an option, \"close\", \"nothing\", or \"menu\" and an item");
+  return answer;
+}
+
+/// The last word of `text`, which goes from it.
+std::string_view TakeLastWord(std::string_view& text) {
+  const std::size_t blank = text.find_last_of(" \t") + 1;  // npos + 1 is 0.
+  const std::string_view word = text.substr(blank);
+  text = Trim(text.substr(0, blank));
+  return word;
+}
+
+Expectation ReadSentCommand(ScriptLine& line) {
+  const std::string form = "the beginning of a command and how often, such as 1036 2 times";
+  std::string rest = line.Text(form);
+  std::string_view command = rest;
+  const std::string_view unit = TakeLastWord(command);
+  const std::string_view count = TakeLastWord(command);
+  if ((unit != "times" && unit != "time") || command.empty()) line.Refuse(form);
+  Expectation expected;
+  expected.kind = Expectation::Kind::kSent;
+  expected.times = static_cast<std::size_t>(line.NumberIn(count, 0, ScriptLine::kMost, form));
+  expected.text = command;
+  return expected;
+}
+
+Expectation ReadExpectation(ScriptLine& line) {
+  Expectation expected;
+  expected.none = line.Skip("no");
+  if (!expected.none && line.Skip("sent")) return ReadSentCommand(line);
+  if (line.Skip("event")) {
+    expected.event = line.Word();
+    if (!IsEventKind(expected.event)) line.Refuse(std::string(kEventExpected));
+    if (!line.AtEnd()) expected.text = line.Text(std::string(kEventExpected));
+  } else if (line.Skip("paper")) {
+    expected.kind = Expectation::Kind::kPaper;
+    expected.text = line.Text("a text on the paper");
+  } else if (line.Skip("file")) {
+    expected.kind = Expectation::Kind::kFile;
+    expected.text = ReadPath(line);
+  } else if (expected.none) {
+    line.Refuse("\"event\", \"paper\" or \"file\"; of commands, \"expect sent\" and \"0 times\"");
+  } else {
+    line.Refuse("\"event\", \"paper\", \"file\" or \"sent\"");
+  }
+  return expected;
+}
+
+/// How many hexadecimal digits `text` begins with.
+std::size_t HexDigits(std::string_view text) {
+  return std::min(text.find_first_not_of("0123456789ABCDEFabcdef"), text.size());
+}
+
+/// The bytes of a line of content: the characters in Windows-1252, "<7F>" for the byte 7F.
+std::string ContentBytes(const ScriptLine& line, std::string_view text) {
+  std::string bytes;
+  while (!text.empty()) {
+    unsigned byte = 0;
+    if (const std::size_t digits = HexDigits(text.substr(1)); text[0] == '<' && digits > 0) {
+      if (digits != 2 || text.substr(3, 1) != ">") {
+        line.Refuse("\">\" behind \"<\" and two hexadecimal digits; \"<\" itself is <3C>");
+      }
+      std::from_chars(text.data() + 1, text.data() + 3, byte, 16);
+      bytes += static_cast<char>(byte);
+      text.remove_prefix(4);
+      continue;
+    }
+    const std::string character = FirstCharacters(text, 1);
+    for (byte = 0; byte < 256 && FromWindows1252(std::string(1, static_cast<char>(byte))) != character;)
+      ++byte;
+    if (byte == 256) line.Refuse("characters of Windows-1252, the register knows no others");
+    bytes += static_cast<char>(byte);
+    text.remove_prefix(character.size());
+  }
+  return bytes;
+}
+
+/// Takes the first line off `text`.
+std::string_view TakeLine(std::string_view& text) {
+  const std::string_view line = text.substr(0, text.find('\n'));
+  text.remove_prefix(std::min(line.size() + 1, text.size()));
+  return line;
+}
+
+/// Bytes in another encoding would be taken for other characters, which nothing ever fits.
+void CheckEncoding(const std::string& name, std::string_view text) {
+  const bool wide = text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
+  for (std::size_t number = 1; !text.empty(); ++number) {
+    const std::string_view line = TakeLine(text);
+    if (wide) throw ScriptError(name, number, "UTF-8 text, not UTF-16");
+    if (ToUtf8(line) != line) throw ScriptError(name, number, "UTF-8 text");
+  }
+}
+
+/// Reads a scenario line by line.
+class ScenarioReader {
+ public:
+  explicit ScenarioReader(const std::string& name) : name_(name) {}
+
+  Scenario Read(std::string_view text) {
+    for (std::size_t number = 1; !text.empty(); ++number) {
+      ReadLine(number, TakeLine(text));
+      device_ += '\n';
+    }
+    scenario_.device = ParseFaultScript(name_, device_);
+    return std::move(scenario_);
+  }
+
+ private:
+  void ReadLine(std::size_t number, std::string_view text) {
+    ScriptLine line(name_, number, text);
+    if (line.Next() == '|') return ReadContent(line, text);
+    if (line.AtEnd() || line.Next() == '#') return;
+    const bool behindFile = std::exchange(fileOpen_, false);
+    const std::string_view word = line.Word();
+    if (word == "at")
+      Add(line, ReadEventInTime(line));
+    else if (ScenarioEvent event; ReadEvent(word, line, event))
+      Add(line, std::move(event));
+    else
+      ReadOther(word, line, behindFile);
+  }
+
+  void ReadContent(const ScriptLine& line, std::string_view text) {
+    if (!fileOpen_) line.Refuse("\"file\" or \"ticket\" before its lines");
+    text.remove_prefix(text.find('|') + 1);
+    if (text.starts_with(' ')) text.remove_prefix(1);
+    if (text.ends_with('\r')) text.remove_suffix(1);
+    scenario_.events.back().content += ContentBytes(line, text) + std::string(kLineBreak);
+  }
+
+  void Add(const ScriptLine& line, ScenarioEvent event) {
+    if (event.kind == EventKind::kPut && event.at.count() == 0)
+      WantOnce(line, ShownPath(event.path), filesSaid_);
+    fileOpen_ = event.kind == EventKind::kPut && event.content.empty();
+    scenario_.events.push_back(std::move(event));
+  }
+
+  void ReadOther(std::string_view word, ScriptLine& line, bool behindFile) {
+    if (word == "register") return ReadRegister(line);
+    if (word == "setting") return AddSetting(line);
+    if (word == "answer") return scenario_.answers.push_back(ReadAnswer(line));
+    if (word == "expect") return scenario_.expectations.push_back(ReadExpectation(line));
+    if (word == "start") {
+      WantOnce(line, word, wordsSaid_);
+      scenario_.start = ReadDate(line, line.Rest());
+      return;
+    }
+    if (word == "settings") {
+      if (!line.Skip("none")) line.Refuse("\"none\"");
+      if (!scenario_.settings.empty()) line.Refuse(kEitherSettings);
+      scenario_.settingsFile = false;
+    } else if (word == "second") {
+      if (!line.Skip("instance")) line.Refuse("\"instance\"");
+      scenario_.secondInstance = true;
+    } else if (word == "until") {
+      if (!line.Skip("printed")) line.Refuse("\"printed\"");
+      scenario_.untilPrinted = true;
+    } else if (word == "limit") {
+      WantOnce(line, word, wordsSaid_);
+      scenario_.limit = ReadTime(line);
+      if (scenario_.limit.count() == 0) line.Refuse("a time longer than 0");
+    } else {
+      RefuseFirstWord(word, line, behindFile);
+    }
+    line.End();
+  }
+
+  [[noreturn]] static void RefuseFirstWord(std::string_view word, const ScriptLine& line, bool behindFile) {
+    std::vector<std::string> words = EventWords();
+    words.insert(words.end(), {"at", "start", "settings", "setting", "register", "answer", "second", "until",
+                               "limit", "expect"});
+    if (behindFile && ClosestTo(word, words).empty()) line.Refuse("\"|\" before each line of a file");
+    RefuseWord(line, word, words);
+  }
+
+  void AddSetting(ScriptLine& line) {
+    ScenarioSetting setting = ReadSetting(line);
+    if (!scenario_.settingsFile) line.Refuse(kEitherSettings);
+    WantOnce(line, "[" + setting.section + "] " + setting.key, wordsSaid_);
+    scenario_.settings.push_back(std::move(setting));
+  }
+
+  /// What is said twice would be so only as it was said last.
+  static void WantOnce(const ScriptLine& line, std::string_view word, std::set<std::string>& said) {
+    if (!said.insert(ToUpperAscii(word)).second) line.Refuse("\"" + std::string(word) + "\" only once");
+  }
+
+  /// Its line of the simulator's script keeps its number.
+  void ReadRegister(ScriptLine& line) {
+    if (line.AtEnd() || line.Skip("paper"))
+      line.Refuse("a line of the simulator's script, without \"paper\"");
+    device_ += line.Rest();
+  }
+
+  const std::string& name_;
+  Scenario scenario_;
+  std::string device_;
+  std::set<std::string> wordsSaid_;
+  std::set<std::string> filesSaid_;
+  bool fileOpen_ = false;  ///< Lines that follow are those of the last file.
+};
+
+}  // namespace
+
+Scenario ParseScenario(const std::string& name, std::string_view text) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  CheckEncoding(name, text);
+  return ScenarioReader(name).Read(text);
+}
+
+}  // namespace orvenza

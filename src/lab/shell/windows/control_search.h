@@ -1,0 +1,10 @@
+#pragma once
+
+#include "lab/shell/machine.h"
+
+namespace orvenza {
+
+/// Follows the link control's registration from its name to the library.
+ControlRegistration SearchControl();
+
+}  // namespace orvenza

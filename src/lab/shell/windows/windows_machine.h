@@ -1,0 +1,21 @@
+#pragma once
+
+#include "lab/shell/machine.h"
+
+namespace orvenza {
+
+/// A Windows system. What is registered is looked up as programs of 32 bits see it, as which the connector
+/// runs.
+class WindowsMachine : public Machine {
+ public:
+  std::string SystemName() const override;
+  std::string FullFolder(const std::string& folder) const override;
+  std::optional<std::uintmax_t> FreeSpace(const std::string& folder) const override;
+  std::string VolumeOf(const std::string& folder) const override;
+  bool MayWrite(const std::string& path) const override;
+  bool IsServed(const std::string& programFolder) const override;
+  ControlRegistration FindControl() const override;
+  std::optional<std::vector<int>> SerialPorts() const override;
+};
+
+}  // namespace orvenza

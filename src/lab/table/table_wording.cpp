@@ -1,0 +1,144 @@
+#include "lab/table/table_wording.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <utility>
+
+namespace orvenza {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+constexpr std::array<std::pair<Verdict, const char*>, 8> kVerdicts{{
+    {Verdict::kFine, "fine"},
+    {Verdict::kInDoubt, "printed, but given up"},
+    {Verdict::kTwiceByChoice, "printed twice by choice"},
+    {Verdict::kLostByChoice, "lost by choice"},
+    {Verdict::kAsksOn, "asks on"},
+    {Verdict::kTwice, "**printed twice**"},
+    {Verdict::kLost, "**lost**"},
+    {Verdict::kHang, "**hangs**"},
+}};
+
+/// Times that an answer is written out.
+constexpr std::size_t kWrittenOut = 3;
+
+std::string NameOf(Answer answer) {
+  switch (answer) {
+    case Answer::kPrinted: return "Stampato";
+    case Answer::kReprint: return "Ristampare";
+    case Answer::kGiveUp: return "Abortire";
+    case Answer::kNoChoice: return "closed";
+    case Answer::kCloseReceipt: return "Sì";
+    case Answer::kLeaveReceipt: return "No";
+    case Answer::kEndProgram: return "Esci";
+    case Answer::kTryPort:
+    case Answer::kLeavePort:
+    case Answer::kStay: break;
+  }
+  return {};
+}
+
+bool IsCode(const std::string& name) { return name.starts_with("ERR") && name.size() == 5; }
+
+/// Names of faults, three or more error codes that follow each other as a range.
+std::string FaultList(const Texts& names) {
+  Texts texts;
+  for (std::size_t i = 0; i < names.size();) {
+    std::size_t last = i;
+    const auto isNext = [&](const std::string& name) {
+      return IsCode(names[last]) && IsCode(name) &&
+             std::stoi(name.substr(3)) == std::stoi(names[last].substr(3)) + 1;
+    };
+    while (last + 1 < names.size() && isNext(names[last + 1])) ++last;
+    if (last < i + 2) last = i;
+    texts.push_back(last == i ? names[i] : names[i] + " to " + names[last].substr(3));
+    i = last + 1;
+  }
+  return Joined(texts, ", ");
+}
+
+}  // namespace
+
+std::vector<Verdict> AllVerdicts() {
+  std::vector<Verdict> all;
+  all.reserve(std::size(kVerdicts));
+  for (const auto& [verdict, name] : kVerdicts) all.push_back(verdict);
+  return all;
+}
+
+std::string NameOf(Verdict verdict) {
+  return std::find_if(kVerdicts.begin(), kVerdicts.end(), [&](const auto& v) { return v.first == verdict; })
+      ->second;
+}
+
+std::string NameOf(FileEnd file) {
+  switch (file) {
+    case FileEnd::kHistoric: return "historic";
+    case FileEnd::kAbort: return "abort";
+    case FileEnd::kWaiting: return "waiting";
+    case FileEnd::kGone: break;
+  }
+  return "gone";
+}
+
+std::string PaperText(const CaseOutcome& outcome) {
+  const CustomerPaper& paper = outcome.paper;
+  const bool asksOn = outcome.verdict == Verdict::kAsksOn;
+  Texts parts;
+  const auto add = [&](int count, const std::string& what) {
+    if (count > 0) parts.push_back(std::to_string(count) + " " + what);
+  };
+  // How many is only a matter of the operator's patience.
+  const auto addSeries = [&](const std::string& what) { parts.push_back(what + ", one after the other"); };
+  const bool manyInPart = asksOn && paper.other > 1;
+  const bool manyVoided = asksOn && paper.voided > 0;
+  add(paper.whole, "whole");
+  if (manyInPart) addSeries("some in part");
+  if (!manyInPart) add(paper.other, "in part");
+  add(paper.mixed, "with an earlier ticket's lines");
+  add(paper.earlier, "of the earlier ticket");
+  if (manyVoided) addSeries("voided ones");
+  if (!manyVoided) add(paper.voided, "voided");
+  if (paper.open) parts.push_back("1 left open");
+  return parts.empty() ? "nothing" : Joined(parts, ", ");
+}
+
+std::string AnswerText(const std::vector<Answer>& answers) {
+  Texts texts;
+  for (std::size_t i = 0, end = 0; i < answers.size(); i = end) {
+    while (end < answers.size() && answers[end] == answers[i]) ++end;
+    const bool many = end - i > kWrittenOut;
+    const std::string name = NameOf(answers[i]);
+    texts.insert(texts.end(), many ? 1 : end - i, many ? name + " again and again" : name);
+  }
+  return texts.empty() ? "none" : Joined(texts, " → ");
+}
+
+std::string FaultText(const TableRow& row) {
+  const auto isIn = [](const Texts& names) {
+    return [&names](const std::string& name) {
+      return std::find(names.begin(), names.end(), name) != names.end();
+    };
+  };
+  Texts always;
+  std::copy_if(row.once.begin(), row.once.end(), std::back_inserter(always), isIn(row.eachTime));
+  Texts once = row.once;
+  Texts eachTime = row.eachTime;
+  std::erase_if(once, isIn(always));
+  std::erase_if(eachTime, isIn(always));
+  Texts texts;
+  if (!always.empty()) texts.push_back("once or each time: " + FaultList(always));
+  if (!once.empty()) texts.push_back(FaultList(once));
+  if (!eachTime.empty()) texts.push_back("each time: " + FaultList(eachTime));
+  return Joined(texts, "; ");
+}
+
+std::string Joined(const Texts& texts, std::string_view separator) {
+  std::string joined;
+  for (const std::string& text : texts) joined.append(joined.empty() ? "" : separator).append(text);
+  return joined;
+}
+
+}  // namespace orvenza

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lab/table/table_rows.h"
+
+namespace orvenza {
+
+// The words of the failure table.
+
+/// All verdicts, the forbidden ones last.
+std::vector<Verdict> AllVerdicts();
+
+std::string NameOf(Verdict verdict);
+std::string NameOf(FileEnd file);
+
+/// What the customer gets: "1 whole, 2 voided".
+std::string PaperText(const CaseOutcome& outcome);
+
+/// Answers in their order: "closed → Stampato"; "none" where there are none.
+std::string AnswerText(const std::vector<Answer>& answers);
+
+/// The faults of a row: "once or each time: ERR03 to 05; power cut".
+std::string FaultText(const TableRow& row);
+
+std::string Joined(const std::vector<std::string>& texts, std::string_view separator);
+
+}  // namespace orvenza

@@ -1,0 +1,81 @@
+// The document says what the connector does: its table is made anew and compared.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+#include <map>
+#include <set>
+#include <sstream>
+
+#include "lab/table/failure_table.h"
+#include "lab/table/table_rows.h"
+#include "lab/table/verdict.h"
+
+namespace orvenza::test {
+namespace {
+
+std::string Document() {
+  std::ifstream file(ORVENZA_FAILURE_SCENARIOS, std::ios::binary);
+  std::ostringstream text;
+  text << file.rdbuf();
+  std::string content = text.str();
+  std::erase(content, '\r');  // A checkout may have added them.
+  return content;
+}
+
+std::string NameOf(const FaultCase& faultCase) {
+  return faultCase.step.name + ", " + faultCase.fault.name + (faultCase.fault.eachTime ? " each time" : "");
+}
+
+/// A slow build tries less, and then cannot compare.
+std::vector<FaultCase> SettleAllAt(TableHour hour) {
+#ifdef ORVENZA_THINNED_TABLE
+  return PlayCases(TicketSteps(), TableExtent::kThinned, hour);
+#else
+  return PlayCases(TicketSteps(), TableExtent::kWhole, hour);
+#endif
+}
+
+/// A message that is closed counts as its "No" or "Riprova", so it must lead to the same end. Where the
+/// program was ended it matters at which dialog.
+void ExpectOneEndForEachSeriesOfAnswers(const FaultCase& faultCase) {
+  std::map<std::vector<Answer>, int> ends;
+  for (const TicketEnd& end : faultCase.ends) {
+    if (std::count(end.answers.begin(), end.answers.end(), Answer::kEndProgram) == 0) ++ends[end.answers];
+  }
+  for (const auto& [answers, count] : ends) EXPECT_EQ(count, 1) << NameOf(faultCase);
+}
+
+/// Adds the rules that explain the forbidden ends to `used`.
+void ExpectRule(const FaultCase& faultCase, std::set<std::string>& used) {
+  for (const TicketEnd& end : faultCase.ends) {
+    if (!IsForbidden(end.verdict)) continue;
+    EXPECT_NE(end.reason, "") << NameOf(faultCase);
+    used.insert(end.reason);
+  }
+}
+
+TEST(FailureTableDocument, SaysHowThingsEnd) {
+  const std::string document = Document();
+  const std::vector<FaultCase> byDay = SettleAllAt(TableHour::kDay);
+  const std::vector<FaultCase> atMidnight = SettleAllAt(TableHour::kMidnight);
+  const auto placed = PlaceTable(document, FailureTable(byDay, atMidnight));
+  ASSERT_TRUE(placed);
+#ifndef ORVENZA_THINNED_TABLE
+  EXPECT_TRUE(*placed == document)
+      << "Things end otherwise than the document says. If that is meant: orvenza-lab table --output "
+      << ORVENZA_FAILURE_SCENARIOS << ", and read the difference.";
+#endif
+  std::set<std::string> used;
+  for (const auto* cases : {&byDay, &atMidnight}) {
+    for (const FaultCase& faultCase : *cases) {
+      ExpectRule(faultCase, used);
+      ExpectOneEndForEachSeriesOfAnswers(faultCase);
+    }
+  }
+  for (const Rule& rule : Rules()) EXPECT_EQ(used.count(rule.reason), 1u) << rule.reason;
+}
+
+}  // namespace
+}  // namespace orvenza::test

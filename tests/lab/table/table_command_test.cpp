@@ -1,0 +1,116 @@
+#include <gtest/gtest.h>
+
+#include "lab/shell/lab_bench.h"
+
+namespace orvenza::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A clock on which a moment passes with each look at it.
+struct RestlessClock : VirtualClock {
+  std::chrono::nanoseconds Uptime() const override { return now += step; }
+  std::chrono::nanoseconds step{};
+  mutable std::chrono::nanoseconds now{};
+};
+
+/// A lab whose time passes.
+struct TableLab : LabBench {
+  RestlessClock restless;
+  LabSurroundings passing{files, folders, restless, machine, console, "home"};
+
+  int Run(const std::vector<std::string>& words) { return RunLab(words, Commands(), passing); }
+};
+
+TEST(TableCommand, WritesToTheOutput) {
+  TableLab lab;
+  EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "cash movement"}), 0);
+  const std::string table = lab.out.str();
+  EXPECT_TRUE(table.starts_with("| End | Ways by day | Ways at 23:59:50 |\n"));
+  EXPECT_NE(table.find("\n### Cash movement\n"), std::string::npos);
+  EXPECT_EQ(table.find("payment"), std::string::npos);
+  EXPECT_NE(table.find("ERR08"), std::string::npos);
+  EXPECT_EQ(table.find("ERR09"), std::string::npos);
+  EXPECT_EQ(lab.err.str(), "");
+}
+
+TEST(TableCommand, TriesEveryCodeUnlessItIsThinned) {
+  TableLab lab;
+  EXPECT_EQ(lab.Run({"table", "--step", "opening status query, an earlier receipt left open"}), 0);
+  EXPECT_NE(lab.out.str().find("ERR01 to 16, ERR18 to 31"), std::string::npos);
+}
+
+TEST(TableCommand, TellsOnATerminalHowFarItIs) {
+  TableLab lab;
+  lab.console.progress = true;
+  lab.restless.step = 100ms;
+  EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "cash movement", "--output", "C:\\table.md"}), 0);
+  const std::string told = lab.err.str();
+  EXPECT_TRUE(told.starts_with("\rplayed: "));
+  EXPECT_FALSE(told.starts_with("\rplayed: 2 "));
+  EXPECT_NE(told.find("\rplayed: 100 %"), std::string::npos);
+  EXPECT_TRUE(told.ends_with("\r                \r"));
+  EXPECT_EQ(lab.out.str(), "");
+  EXPECT_TRUE(lab.files.Exists("C:\\table.md"));
+}
+
+TEST(TableCommand, TellsNothingWithinASecond) {
+  TableLab lab;
+  lab.console.progress = true;
+  EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "cash movement"}), 0);
+  EXPECT_EQ(lab.err.str(), "");
+}
+
+TEST(TableCommand, TakesItsStepsAsTheyStandInTheTable) {
+  TableLab lab;
+  EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "Line without a separator; CASH MOVEMENT"}), 0);
+  const std::string table = lab.out.str();
+  EXPECT_NE(table.find("\n### Cash movement\n"), std::string::npos);
+  EXPECT_NE(table.find("\n### Line without a separator\n"), std::string::npos);
+  EXPECT_EQ(table.find("payment"), std::string::npos);
+}
+
+TEST(TableCommand, NamesTheStepThatWasProbablyMeant) {
+  TableLab lab;
+  EXPECT_EQ(lab.Run({"table", "--step", "logo row; part paymnt"}), 2);
+  EXPECT_EQ(lab.err.str(),
+            "orvenza-lab table: no step is called 'part paymnt'; did you mean 'part payment'?\n"
+            "See 'orvenza-lab table --help'.\n");
+}
+
+TEST(TableCommand, NamesAllStepsWhereItKnowsNone) {
+  TableLab lab;
+  for (const char* text : {"coffee", ";"}) {
+    lab.err.str({});
+    EXPECT_EQ(lab.Run({"table", "--step", text}), 2);
+    const std::string said = lab.err.str();
+    EXPECT_TRUE(said.starts_with("orvenza-lab table: no step is called '" + std::string(text) +
+                                 "'; there are\n  opening status query\n"))
+        << said;
+    EXPECT_NE(said.find("\n  logo row\n"), std::string::npos) << said;
+  }
+}
+
+TEST(TableCommand, LeavesAFileAloneThatHasNoPlaceForATable) {
+  TableLab lab;
+  lab.files.Write("C:\\notes.md", "My notes.\n");
+  EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "cash movement", "--output", "C:\\notes.md"}), 2);
+  EXPECT_EQ(lab.err.str(), "orvenza-lab table: C:\\notes.md exists and has no place for a table\n");
+  EXPECT_EQ(ReadWhole(lab.files, "C:\\notes.md"), "My notes.\n");
+}
+
+TEST(TableCommand, HasAHelpPageForATerminal) {
+  TableLab lab;
+  EXPECT_EQ(lab.Run({"table", "--help"}), 0);
+  std::istringstream page(lab.out.str());
+  for (std::string line; std::getline(page, line);) EXPECT_LE(line.size(), 80u) << line;
+}
+
+TEST(TableCommand, TakesNoOtherWords) {
+  TableLab lab;
+  EXPECT_EQ(lab.Run({"table", "more"}), 2);
+  EXPECT_EQ(lab.err.str(), "orvenza-lab table: unexpected word 'more'\nSee 'orvenza-lab table --help'.\n");
+}
+
+}  // namespace
+}  // namespace orvenza::test
