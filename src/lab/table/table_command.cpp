@@ -120,7 +120,8 @@ Command TableCommand() {
           "Rehearses each kind of command with each fault of the register, its line, the\n"
           "program and the PC, and with each answer that the operator can give, and writes\n"
           "down what the customer gets, where the file ends, and what is in the error log.\n"
-          "The table is in Markdown; docs/failure-scenarios.md holds it and explains it.",
+          "The table is in Markdown; docs/failure-table.md holds it, and\n"
+          "docs/failure-scenarios.md explains it.",
           {{kOutput, "FILE",
             "write to FILE, which is new or empty, or has a line that\nbegins and one that ends the table"},
            {kStep, "TEXT",
@@ -130,7 +131,7 @@ Command TableCommand() {
           "0  written\n"
           "2  not written",
           "orvenza-lab table --step 'part payment'\n"
-          "orvenza-lab table --output docs/failure-scenarios.md",
+          "orvenza-lab table --output docs/failure-table.md",
           Run};
 }
 
