@@ -65,14 +65,16 @@ int Connector::Run(bool anotherInstanceRuns) {
 
 void Connector::Main(bool anotherInstanceRuns) {
   if (anotherInstanceRuns) {
-    const auto tell = [&] { messages_.ShowOperatorMessage(LoadMessage(108), message_style::kStop, {}); };
-    const auto log = [&] { logs_.WrErr(LoadMessage(108)); };
+    const auto tell = [&] {
+      messages_.ShowOperatorMessage(LoadMessage(MessageId::kAlreadyRunning), message_style::kStop, {});
+    };
+    const auto log = [&] { logs_.WrErr(LoadMessage(MessageId::kAlreadyRunning)); };
     RefuseStart(exit_status::kServedAlready, tell, log);
   }
   PrepareSettings();
   RemoveUnfinished();
   errorTexts_.LoadEcrErrorTable();
-  logs_.WrLog(LoadMessage(102) + " Rel. " + kVersionText);
+  logs_.WrLog(LoadMessage(MessageId::kProgramStart) + " Rel. " + kVersionText);
   LoadMainForm();
   RunMainLoop();
 }
@@ -94,17 +96,18 @@ void Connector::PrepareSettings() {
   if (!isThere) {
     settings_.IniCreated = true;
     logs_.Attempt(kMainLabel, [&] { settingsFile_.WriteDefaultIni(); });
-    logs_.WrLog(LoadMessage(101));
+    logs_.WrLog(LoadMessage(MessageId::kDefaultIni));
   }
   settings_.IniUpgradeDone = false;
   const auto stepDone = [&] {
-    messages_.ShowOperatorMessage(LoadMessage(196), message_style::kInformation, {});
+    messages_.ShowOperatorMessage(LoadMessage(MessageId::kIniUpgraded), message_style::kInformation, {});
   };
   bool isKnown = false;
   ReadSettings([&] { isKnown = settingsFile_.UpgradeIni(settings_, stepDone); });
   if (!isKnown) {
     RefuseStart(exit_status::kSettings, [&] {
-      messages_.ShowOperatorMessage(LoadMessage(146) + std::string(kLineBreak) + LoadMessage(147),
+      messages_.ShowOperatorMessage(LoadMessage(MessageId::kWrongIniVersion) + std::string(kLineBreak) +
+                                        LoadMessage(MessageId::kProgramEnded),
                                     message_style::kStop, {});
     });
   }
@@ -166,7 +169,8 @@ void Connector::RotateHistoric() {
       return;
     } catch (const SystemError& failure) {
       if (failure.Number() != error_number::kPathFileAccess || retry == kRenameRetries) throw;
-      logs_.WrErr(kMainLabel + LoadMessage(194) + " " + settings_.HistoricFolder);
+      logs_.WrErr(kMainLabel + LoadMessage(MessageId::kRenamingHistoricFolder) + " " +
+                  settings_.HistoricFolder);
       loop_.Pause(1000ms);
     }
   }
@@ -177,7 +181,7 @@ void Connector::RequireTicketFolder() {
   if (CreateAllDirs(folders_, logs_, folder)) return;
   RefuseStart(
       exit_status::kFolderNotMade, [&] { ReportWrongPath(messages_, logs_, folder); },
-      [&] { logs_.WrLog(LoadMessage(103)); });
+      [&] { logs_.WrLog(LoadMessage(MessageId::kProgramEnd)); });
 }
 
 void Connector::MakeWorkFolder(const std::string& folder) {
@@ -207,7 +211,7 @@ void Connector::RunMainLoop() {
 void Connector::Unload(const ProgramEnd& end) {
   if (iconShown_) icon_.DeleteIcon();
   iconShown_ = false;
-  if (end.unload && mainFormLoaded_) logs_.WrLog(LoadMessage(103));
+  if (end.unload && mainFormLoaded_) logs_.WrLog(LoadMessage(MessageId::kProgramEnd));
 }
 
 void Connector::OnMenu(MenuItem item) {
@@ -235,7 +239,7 @@ void Connector::Pm1() {
   const OpenMark mark(exitAsked_);
   const PollingPause pause(timer1_);
   if (!ConfirmEnd(messages_, message_style::kExclamation)) return;
-  logs_.WrLog(LoadMessage(156));
+  logs_.WrLog(LoadMessage(MessageId::kEndedByOperator));
   loop_.RequestEnd({.unload = true});
 }
 

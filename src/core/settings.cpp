@@ -98,8 +98,8 @@ bool SettingsFile::UpgradeIni(AppSettings& settings, const std::function<void()>
     const auto step =
         std::find_if(steps.begin(), steps.end(), [&](const auto& s) { return version == s.from; });
     if (step == steps.end()) {
-      logs_.WrErr(LoadMessage(146));
-      logs_.WrErr(LoadMessage(147));
+      logs_.WrErr(LoadMessage(MessageId::kWrongIniVersion));
+      logs_.WrErr(LoadMessage(MessageId::kProgramEnded));
       return false;
     }
     done = !logs_.Attempt("UpgradeIni - ", [&] {
@@ -142,7 +142,7 @@ void SettingsFile::ReadComSettings(const ProfileContent& content, AppSettings& s
   if (settings.ComPortNumber < 1 || settings.ComPortNumber > kPorts) {
     settings.ComPortNumber = 1;
     Repair(kComSettings, kComPort, "1");
-    logs_.WrErr(LoadMessage(159));
+    logs_.WrErr(LoadMessage(MessageId::kWrongPort));
   }
   settings.ComSettings = ReadProfileValue(content, kComSettings, kLineSettings);
   settings.FrameRetry = Integer(content, "FrameRetry");
@@ -168,9 +168,11 @@ void SettingsFile::ReadGeneral(const ProfileContent& content, AppSettings& setti
 }
 
 void SettingsFile::WriteDefaultErrDesc() {
+  using enum MessageId;
   std::vector<ProfileValue> texts;
-  for (int id = 110; id <= 116; ++id) {
-    texts.push_back({"Error Description", std::to_string(id), LoadMessage(id)});
+  for (const MessageId id : {kJournalPaperOutWarning, kReceiptPaperOutWarning, kReplacePaper, kOkButton,
+                             kVoidingReceipt, kJournalPaperOut, kReceiptPaperOut}) {
+    texts.push_back({"Error Description", std::to_string(NumberOf(id)), LoadMessage(id)});
   }
   WriteWhole(paths_.ErrDesc(), texts);
 }

@@ -36,7 +36,7 @@ bool CashDialogues::QueryCashStatus() {
     LogReply();
     if (--tries > 0) loop_.Pause(500ms);
   }
-  logs_.WrErr(LoadMessage(158));
+  logs_.WrErr(LoadMessage(MessageId::kStatusNotRead));
   return false;
 }
 
@@ -66,7 +66,7 @@ void CashDialogues::InvioRIAVVIO() {
     }
     if (--tries > 0) loop_.Pause(200ms);
   }
-  logs_.WrErr(LoadMessage(183));
+  logs_.WrErr(LoadMessage(MessageId::kRestartNotSent));
 }
 
 void CashDialogues::InvioVOID() {
@@ -78,7 +78,7 @@ void CashDialogues::InvioVOID() {
     if (step == VoidStep::kDone) return;
     const bool close = step == VoidStep::kCloseReceipt;
     if (--tries <= 0 && !close) {
-      logs_.WrErr(LoadMessage(157));
+      logs_.WrErr(LoadMessage(MessageId::kVoidNotSent));
       return;
     }
     loop_.Pause(200ms);
@@ -104,11 +104,15 @@ CashDialogues::VoidStep CashDialogues::ExamineVoidReply(std::string& data) {
 }
 
 bool CashDialogues::OperatorWantsAutomaticClose() {
-  const std::string question = LoadMessage(170) + std::string(kLineBreak) + LoadMessage(171);
+  const std::string question = LoadMessage(MessageId::kReceiptNotVoided) + std::string(kLineBreak) +
+                               LoadMessage(MessageId::kCloseReceiptQuestion);
   const int style = message_style::kYesNo + message_style::kExclamation + message_style::kSecondDefault;
-  return messages_.ShowOperatorMessage(question, style, LoadMessage(169)) == message_result::kYes;
+  return messages_.ShowOperatorMessage(question, style, LoadMessage(MessageId::kWarning)) ==
+         message_result::kYes;
 }
 
-void CashDialogues::LogReply() { logs_.WrErr(LoadMessage(117) + " " + FromWindows1252(link_.ReplyText)); }
+void CashDialogues::LogReply() {
+  logs_.WrErr(LoadMessage(MessageId::kEcrError) + " " + FromWindows1252(link_.ReplyText));
+}
 
 }  // namespace orvenza

@@ -119,15 +119,17 @@ void DeviceLink::SetProperty(LinkProperty property, int value) {
 }
 
 void DeviceLink::AskAboutClosedPort() {
-  const std::string text = LoadMessage(168) + " ( COM" + std::to_string(settings_.ComPortNumber) + " )";
+  const std::string text =
+      LoadMessage(MessageId::kPortNotOpened) + " ( COM" + std::to_string(settings_.ComPortNumber) + " )";
   logs_.WrErr(std::string(text));
-  const int answer = messages_.ShowOperatorMessage(
-      text, message_style::kRetryCancelConfigure + message_style::kInformation, LoadMessage(142));
+  const int answer =
+      messages_.ShowOperatorMessage(text, message_style::kRetryCancelConfigure + message_style::kInformation,
+                                    LoadMessage(MessageId::kCommunicationWarning));
   if (answer == message_result::kConfigure) {
     portDialog_.Show();
   } else if (answer == message_result::kCancel) {
     if (ConfirmEnd(messages_, message_style::kStop)) {
-      logs_.WrErr(LoadMessage(151));
+      logs_.WrErr(LoadMessage(MessageId::kLinkCancelled));
       throw ProgramEnd{.unload = false};
     }
   }
@@ -150,8 +152,9 @@ bool DeviceLink::Present() {
 bool DeviceLink::DeviceReady() {
   for (int read = 0; read < kPresenceReads; ++read) {
     if (Present()) return read == 0;
-    logs_.WrErr(LoadMessage(150));
-    messages_.ShowOperatorMessage(LoadMessage(150), message_style::kStop, LoadMessage(142));
+    logs_.WrErr(LoadMessage(MessageId::kDeviceOff));
+    messages_.ShowOperatorMessage(LoadMessage(MessageId::kDeviceOff), message_style::kStop,
+                                  LoadMessage(MessageId::kCommunicationWarning));
   }
   return false;
 }

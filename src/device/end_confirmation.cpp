@@ -6,9 +6,11 @@
 namespace orvenza {
 
 bool ConfirmEnd(OperatorMessages& messages, int icon) {
-  const std::string question = LoadMessage(153) + std::string(kLineBreak) + LoadMessage(154);
+  const std::string question = LoadMessage(MessageId::kNoReceiptsAfterEnd) + std::string(kLineBreak) +
+                               LoadMessage(MessageId::kAreYouSure);
   const int style = message_style::kYesNo + icon + message_style::kSecondDefault;
-  return messages.ShowOperatorMessage(question, style, LoadMessage(152)) == message_result::kYes;
+  return messages.ShowOperatorMessage(question, style, LoadMessage(MessageId::kEndRequest)) ==
+         message_result::kYes;
 }
 
 }  // namespace orvenza

@@ -35,10 +35,11 @@ int ErrorRecovery::DecodeDeviceError(std::string& reply, const std::string& comm
 }
 
 int ErrorRecovery::SettlePaperOut(bool journalPaper) {
-  logs_.WrErr(texts_.MessageText(journalPaper ? 115 : 116));
+  logs_.WrErr(texts_.MessageText(journalPaper ? MessageId::kJournalPaperOut : MessageId::kReceiptPaperOut));
   ChoiceContent form;
-  form.heading = texts_.MessageText(journalPaper ? 110 : 111);
-  form.text = texts_.MessageText(112);
+  form.heading = texts_.MessageText(journalPaper ? MessageId::kJournalPaperOutWarning
+                                                 : MessageId::kReceiptPaperOutWarning);
+  form.text = texts_.MessageText(MessageId::kReplacePaper);
   const int result = Ask(form);
   cash_.InvioRIAVVIO();
   return result;
@@ -46,23 +47,23 @@ int ErrorRecovery::SettlePaperOut(bool journalPaper) {
 
 void ErrorRecovery::LogSequenceError() {
   logs_.WrErr(std::string(texts_.EcrErrorText(11)));
-  logs_.WrErr(texts_.MessageText(114));
+  logs_.WrErr(texts_.MessageText(MessageId::kVoidingReceipt));
 }
 
 ChoiceContent ErrorRecovery::DescribeError(std::string_view reply, const std::string& commandLine) {
   const std::string_view code = Right(reply, 2);
   ChoiceContent form;
-  form.heading = LoadMessage(118);
+  form.heading = LoadMessage(MessageId::kEcrErrorWarning);
   if (code == ".." || IsLinkError(reply)) {
-    form.text = LoadMessage(126);
+    form.text = LoadMessage(MessageId::kNoReplyMisspelt);
     logs_.WrErr(std::string(form.text));
   } else if (code == "**") {
-    logs_.WrErr(LoadMessage(124) + " " + LoggedLine(commandLine));
-    form.heading = LoadMessage(124) + " " + ShownLine(commandLine, kShownLine);
-    form.text = LoadMessage(149);
+    logs_.WrErr(LoadMessage(MessageId::kInvalidLine) + " " + LoggedLine(commandLine));
+    form.heading = LoadMessage(MessageId::kInvalidLine) + " " + ShownLine(commandLine, kShownLine);
+    form.text = LoadMessage(MessageId::kInvalidReceiptLine);
   } else {
     form.text = TableText(code);
-    logs_.WrErr(LoadMessage(117) + " " + form.text);
+    logs_.WrErr(LoadMessage(MessageId::kEcrError) + " " + form.text);
   }
   return form;
 }
@@ -76,19 +77,20 @@ std::string ErrorRecovery::TableText(std::string_view code) {
 
 void ErrorRecovery::AddChoices(ChoiceContent& form) const {
   form.frameVisible = true;
-  form.options = {LoadMessage(145), LoadMessage(119), LoadMessage(120)};
+  form.options = {LoadMessage(MessageId::kReceiptPrinted), LoadMessage(MessageId::kReprintReceipt),
+                  LoadMessage(MessageId::kAbortReceipt)};
   form.selected = 2;
 }
 
 int ErrorRecovery::Ask(const ChoiceContent& content) {
   ChoiceContent form = content;
   form.caption = caption_;
-  form.button = texts_.MessageText(113);
+  form.button = texts_.MessageText(MessageId::kOkButton);
   OperatorChoice = 0;
   OperatorChoice = ShowChoiceDialog(person_, form);
   if (OperatorChoice < recovery::kPrinted) return recovery::kGoOn;
   const auto option = static_cast<std::size_t>(OperatorChoice - recovery::kPrinted);
-  logs_.WrErr(LoadMessage(141) + " " + form.options.at(option));
+  logs_.WrErr(LoadMessage(MessageId::kOperatorAnswer) + " " + form.options.at(option));
   return OperatorChoice;
 }
 

@@ -1,6 +1,5 @@
 #include "device/error_texts.h"
 
-#include "core/catalogue.h"
 #include "core/settings.h"
 #include "platform/system_error.h"
 
@@ -9,22 +8,22 @@ namespace orvenza {
 ErrorTexts::ErrorTexts(const ProfileFile& profile, std::string errDescPath)
     : profile_(profile), errDescPath_(std::move(errDescPath)) {}
 
-std::string ErrorTexts::ErrorDescription(int id) const {
+std::string ErrorTexts::ErrorDescription(MessageId id) const {
   try {
-    return ReadProfileValue(*profile_.Load(errDescPath_), "Error Description", std::to_string(id));
+    return ReadProfileValue(*profile_.Load(errDescPath_), "Error Description", std::to_string(NumberOf(id)));
   } catch (const SystemError&) {
     return {};
   }
 }
 
-std::string ErrorTexts::MessageText(int id) const {
+std::string ErrorTexts::MessageText(MessageId id) const {
   const std::string replacement = ErrorDescription(id);
   return replacement.empty() ? LoadMessage(id) : replacement;
 }
 
 void ErrorTexts::LoadEcrErrorTable() {
   for (int code = 1; code <= 31; ++code)
-    ecrErrorText_[static_cast<std::size_t>(code)] = LoadMessage(500 + code);
+    ecrErrorText_[static_cast<std::size_t>(code)] = LoadMessage(EcrErrorMessage(code));
 }
 
 const std::string& ErrorTexts::EcrErrorText(int code) const {

@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "core/catalogue.h"
 #include "platform/profile_file.h"
 
 namespace orvenza {
@@ -14,12 +15,12 @@ class ErrorTexts {
   ErrorTexts(const ProfileFile& profile, std::string errDescPath);
 
   /// The replacement of message `id` in `ErrDesc.ini`; empty when there is none. Never fails.
-  std::string ErrorDescription(int id) const;
+  std::string ErrorDescription(MessageId id) const;
 
   /// The replacement of message `id`, or else the catalogue's text.
-  std::string MessageText(int id) const;
+  std::string MessageText(MessageId id) const;
 
-  /// Fills the error table from messages 501 to 531.
+  /// Fills the error table from the catalogue.
   void LoadEcrErrorTable();
 
   /// The register's error text by code, which stands in front of it; empty for 0 and 32 to 50. Throws

@@ -51,7 +51,8 @@ bool LogoDownload::Download(const std::string& number, const std::string& path,
   std::vector<std::string> rows;
   const bool read = logs_.Attempt("Trasmissione ", [&] { rows = ReadLogoRows(files_, path); });
   if (read && SendRows(number, rows, commandLine, givenUp)) return true;
-  messages_.ShowOperatorMessage(LoadMessage(184), message_style::kExclamation, LoadMessage(169));
+  messages_.ShowOperatorMessage(LoadMessage(MessageId::kCheckPower), message_style::kExclamation,
+                                LoadMessage(MessageId::kWarning));
   return false;
 }
 

@@ -8,7 +8,7 @@ namespace orvenza {
 bool QuietQuery(DeviceLink& link, Logs& logs, std::string_view code, std::string_view data) {
   if (!link.Present()) {
     link.ReplyText.clear();
-    logs.WrErr(LoadMessage(150));
+    logs.WrErr(LoadMessage(MessageId::kDeviceOff));
     return false;
   }
   link.Transmit(std::string(code).append(data));
@@ -19,11 +19,11 @@ bool QuietQuery(DeviceLink& link, Logs& logs, std::string_view code, std::string
 
 std::string QueryFailureText(std::string_view reply, std::string_view code) {
   if (reply.starts_with(code)) return {};
-  if (reply.empty()) return LoadMessage(143);
+  if (reply.empty()) return LoadMessage(MessageId::kNoReply);
   const std::string shown = FromWindows1252(reply);
-  if (IsLinkError(reply)) return LoadMessage(128) + " " + shown;
-  if (IsErrorReply(reply)) return LoadMessage(117) + " " + shown;
-  return LoadMessage(144);
+  if (IsLinkError(reply)) return LoadMessage(MessageId::kCommunicationError) + " " + shown;
+  if (IsErrorReply(reply)) return LoadMessage(MessageId::kEcrError) + " " + shown;
+  return LoadMessage(MessageId::kWrongReply);
 }
 
 }  // namespace orvenza

@@ -72,7 +72,7 @@ std::string RegisterQueries::AttendedQuery(const std::string& code) {
     link_.ApplyChangedSettings();
     if (!link_.DeviceReady()) {
       // Three alarms went unheeded: the operator may give the register up.
-      if (!link_.Present() && !AskRetry(LoadMessage(143))) return kGaveUp;
+      if (!link_.Present() && !AskRetry(LoadMessage(MessageId::kNoReply))) return kGaveUp;
       continue;
     }
     link_.Transmit(code + data);
@@ -98,16 +98,17 @@ bool RegisterQueries::SettleReply(const std::string& code, std::string& data) {
     ReopenLink();
     return true;
   }
-  return AskRetry(deviceError ? LoadMessage(144) : QueryFailureText(reply, code));
+  return AskRetry(deviceError ? LoadMessage(MessageId::kWrongReply) : QueryFailureText(reply, code));
 }
 
 bool RegisterQueries::AskRetry(const std::string& text) {
   logs_.WrErr(std::string(text));
-  const int answer = messages_.ShowOperatorMessage(
-      text, message_style::kRetryCancelConfigure + message_style::kInformation, LoadMessage(142));
+  const int answer =
+      messages_.ShowOperatorMessage(text, message_style::kRetryCancelConfigure + message_style::kInformation,
+                                    LoadMessage(MessageId::kCommunicationWarning));
   if (answer == message_result::kConfigure) portDialog_.Show();
   if (answer == message_result::kCancel && ConfirmEnd(messages_, message_style::kStop)) {
-    logs_.WrErr(LoadMessage(151));
+    logs_.WrErr(LoadMessage(MessageId::kLinkCancelled));
     return false;
   }
   ReopenLink();
@@ -120,15 +121,18 @@ void RegisterQueries::ReopenLink() {
 }
 
 void RegisterQueries::VoidOpenReceipt() {
-  const std::string text = LoadMessage(172) + std::string(kLineBreak) + LoadMessage(173);
-  messages_.ShowOperatorMessage(text, message_style::kOk + message_style::kExclamation, LoadMessage(169));
+  const std::string text =
+      LoadMessage(MessageId::kSendingVoid) + std::string(kLineBreak) + LoadMessage(MessageId::kCheckKey);
+  messages_.ShowOperatorMessage(text, message_style::kOk + message_style::kExclamation,
+                                LoadMessage(MessageId::kWarning));
   cash_.InvioVOID();
   loop_.Pause(1000ms);
   ReopenLink();
 }
 
 void RegisterQueries::LearnIdentity(const std::string& reply) {
-  logs_.WrLog(LoadMessage(199) + " " + FromWindows1252(reply.substr(std::min<std::size_t>(4, reply.size()))));
+  logs_.WrLog(LoadMessage(MessageId::kDeviceData) + " " +
+              FromWindows1252(reply.substr(std::min<std::size_t>(4, reply.size()))));
   identity_.DeviceModel = Middle(reply, 7, 10);
   identity_.DeviceModel.resize(10, ' ');
   identity_.DeviceModel = std::string(DrivenAs(identity_.DeviceModel));

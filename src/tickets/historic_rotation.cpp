@@ -68,7 +68,7 @@ void RotateHistoricFolder(Folders& folders, const Clock& clock, Logs& logs, AppS
   if (!folders.ListFolder(target + "*").empty()) target += "_" + TimeDigits(now);
   folders.Rename(historic, target + "\\");
   if (folders.Exists(historic) || CreateAllDirs(folders, logs, historic)) return;
-  logs.WrErr(LoadMessage(195) + " : " + historic);
+  logs.WrErr(LoadMessage(MessageId::kHistoricFolderNotMade) + " : " + historic);
   settings.HistoricFolder.clear();
 }
 

@@ -165,9 +165,9 @@ void TicketArchive::MoveSettled(const std::string& workFile, RememberedFiles::Se
 }
 
 void TicketArchive::ReportMissingDrive(const std::string& folder) {
-  const std::string text = LoadMessage(155) + " " + folders_.DriveOf(folder);
+  const std::string text = LoadMessage(MessageId::kDriveUnavailable) + " " + folders_.DriveOf(folder);
   logs_.WrErr(std::string(text));
-  messages_.ShowOperatorMessage(text, message_style::kStop, LoadMessage(169));
+  messages_.ShowOperatorMessage(text, message_style::kStop, LoadMessage(MessageId::kWarning));
 }
 
 }  // namespace orvenza

@@ -121,7 +121,7 @@ bool TicketPolling::QuitAsked() {
 void TicketPolling::Quit() {
   link_.ClosePort();
   logs_.Attempt(kLabel, [&] { RemoveReadOnlyToo(files_, settings_.CommandFilePath); });
-  logs_.WrLog(LoadMessage(104));
+  logs_.WrLog(LoadMessage(MessageId::kQuitCommand));
   throw ProgramEnd{.unload = true};
 }
 

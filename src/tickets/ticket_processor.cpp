@@ -68,10 +68,10 @@ void TicketProcessor::ProcessTicketFile(const std::string& workFile, std::string
     end = ifEnded_;
   }
   if (end == Next::kFinish) {
-    logs_.WrLog(LoadMessage(106));
+    logs_.WrLog(LoadMessage(MessageId::kReceiptEnd));
     archive_.Archive(workFile, text);
   } else if (end == Next::kAbort || end == Next::kGiveUp) {
-    if (ended || end == Next::kGiveUp) logs_.WrErr(LoadMessage(127) + " " + workFile);
+    if (ended || end == Next::kGiveUp) logs_.WrErr(LoadMessage(MessageId::kPrintAborted) + " " + workFile);
     archive_.Abort(workFile, text);
   }
   if (ended) throw *ended;
@@ -80,7 +80,7 @@ void TicketProcessor::ProcessTicketFile(const std::string& workFile, std::string
 TicketProcessor::Next TicketProcessor::Print(const std::string& workFile, std::string& text) {
   for (bool again = false;; again = true) {
     ifEnded_ = Next::kLeave;
-    logs_.WrLog(LoadMessage(105));
+    logs_.WrLog(LoadMessage(MessageId::kReceiptStart));
     if (!logs_.Attempt(kLabel, [&] { CloseOpenReceipt(); })) return Next::kLeave;
     loop_.CheckEnd();
     if (!MayExist(files_, workFile)) return Next::kLeave;
@@ -98,7 +98,7 @@ void TicketProcessor::CloseOpenReceipt() {
   int tries = kVoidTries;
   int accepted = 0;
   while (cash_.QueryCashStatus()) {
-    logs_.WrErr(LoadMessage(114));
+    logs_.WrErr(LoadMessage(MessageId::kVoidingReceipt));
     cash_.InvioVOID();
     if (IsFailure(link_.ReplyText) ? --tries >= 1 : ++accepted < kVainVoids) continue;
     if (cash_.OperatorWantsAutomaticClose()) SendClosingPayment();
@@ -165,7 +165,7 @@ TicketProcessor::Next TicketProcessor::HandleUnreadableLine(const std::string& l
 }
 
 TicketProcessor::Next TicketProcessor::HandleInvalidLine(const std::string& line) {
-  logs_.WrErr(LoadMessage(124) + " " + LoggedLine(line));
+  logs_.WrErr(LoadMessage(MessageId::kInvalidLine) + " " + LoggedLine(line));
   link_.ReplyText = "ERR**";
   const auto next = FromDecision(recovery_.DecodeDeviceError(link_.ReplyText, line, true));
   return next.value_or(Next::kNextLine);
@@ -177,7 +177,8 @@ TicketProcessor::Next TicketProcessor::SendLongRunning(const std::string& comman
   if (!link_.DeviceReady()) return Next::kGiveUp;
   ifEnded_ = Next::kAbort;
   link_.Transmit(command, std::max(DeviceLink::kReplyWait, settings_.TimeWaitForLONGEtx / 1000.0));
-  if (IsFailure(link_.ReplyText)) logs_.WrErr(LoadMessage(117) + " " + FromWindows1252(link_.ReplyText));
+  if (IsFailure(link_.ReplyText))
+    logs_.WrErr(LoadMessage(MessageId::kEcrError) + " " + FromWindows1252(link_.ReplyText));
   return Next::kNextLine;
 }
 
@@ -221,7 +222,7 @@ TicketProcessor::Next TicketProcessor::SettleDeviceError(const std::string& line
 TicketProcessor::Next TicketProcessor::GoOnAfterFault() {
   // A query that finds a receipt open leaves no reply behind, so none can be an error here.
   if (!cash_.QueryCashStatus()) return Next::kNextLine;
-  logs_.WrErr(LoadMessage(122));
+  logs_.WrErr(LoadMessage(MessageId::kResumedAfterPaperOut));
   cash_.InvioVOID();
   // A receipt that could not be voided is still open when the file starts again, and is dealt with there.
   if (!IsErrorReply(link_.ReplyText)) loop_.Pause(300ms);
@@ -229,10 +230,10 @@ TicketProcessor::Next TicketProcessor::GoOnAfterFault() {
 }
 
 void TicketProcessor::SplitReceipt(const std::string& rejectedLine) {
-  logs_.WrLog(LoadMessage(198));
+  logs_.WrLog(LoadMessage(MessageId::kReceiptSplit));
   pending_.push_front({rejectedLine, true});
   pending_.push_front({kReceiptSplitLine, true});
-  logs_.WrErr(LoadMessage(124) + " " + LoggedLine(rejectedLine));
+  logs_.WrErr(LoadMessage(MessageId::kInvalidLine) + " " + LoggedLine(rejectedLine));
 }
 
 std::optional<TicketProcessor::Next> TicketProcessor::FromDecision(int decision) {

@@ -17,7 +17,6 @@ namespace orvenza {
 namespace {
 
 /// The message for a logo record that names no valid bitmap.
-constexpr int kWrongBitmap = 197;
 /// Longest part of a wrong file name that the error log shows.
 constexpr std::size_t kShownNameLimit = 260;
 
@@ -162,7 +161,7 @@ std::string Logo(Record f, With with) {
   f.Read(1, FieldNote::Kind::kLogoNumber);
   const auto rows = LogoRows(with.files, logo.path);
   if (!rows) {
-    with.logs.WrErr(LoadMessage(kWrongBitmap) + " ( " + ShownLine(f[2], kShownNameLimit) + " )");
+    with.logs.WrErr(LoadMessage(MessageId::kInvalidBitmap) + " ( " + ShownLine(f[2], kShownNameLimit) + " )");
     return f.Refuse(FieldNote::Kind::kNoLogo, 2);
   }
   f.Read(2, *rows > 0 ? FieldNote::Kind::kRead : FieldNote::Kind::kEmptyLogo);

@@ -5,7 +5,8 @@
 namespace orvenza {
 
 std::array<std::string, 4> MenuCaptions() {
-  return {LoadMessage(160), LoadMessage(161), LoadMessage(180), LoadMessage(181)};
+  return {LoadMessage(MessageId::kExit), LoadMessage(MessageId::kUtilities), LoadMessage(MessageId::kInfo),
+          LoadMessage(MessageId::kConfigure)};
 }
 
 }  // namespace orvenza

@@ -1,6 +1,7 @@
 #include "ui/operator_message.h"
 
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "core/catalogue.h"
@@ -17,7 +18,7 @@ constexpr int kIconField = 112;
 constexpr std::size_t kShortMessage = 60;
 
 struct Button {
-  int caption = 0;  ///< Message number, 0 for no button.
+  std::optional<MessageId> caption;  ///< Nothing for no button.
   int result = message_result::kNone;
 };
 
@@ -26,14 +27,14 @@ struct ButtonSet {
   int closed;  ///< Result when no button was pressed.
 };
 
-constexpr Button kOk{190, message_result::kOk};
-constexpr Button kCancel{188, message_result::kCancel};
-constexpr Button kAbort{189, message_result::kAbort};
-constexpr Button kRetry{187, message_result::kRetry};
-constexpr Button kIgnore{193, message_result::kIgnore};
-constexpr Button kYes{191, message_result::kYes};
-constexpr Button kNo{192, message_result::kNo};
-constexpr Button kConfigure{181, message_result::kConfigure};
+constexpr Button kOk{MessageId::kOk, message_result::kOk};
+constexpr Button kCancel{MessageId::kCancel, message_result::kCancel};
+constexpr Button kAbort{MessageId::kAbort, message_result::kAbort};
+constexpr Button kRetry{MessageId::kRetry, message_result::kRetry};
+constexpr Button kIgnore{MessageId::kIgnore, message_result::kIgnore};
+constexpr Button kYes{MessageId::kYes, message_result::kYes};
+constexpr Button kNo{MessageId::kNo, message_result::kNo};
+constexpr Button kConfigure{MessageId::kConfigure, message_result::kConfigure};
 
 /// In the order of the button set's number.
 constexpr ButtonSet kButtonSets[] = {
@@ -74,7 +75,7 @@ MessageContent BuildMessage(const std::string& message, int style, const std::st
   }
   content.icon = IconOf(style);
   for (const Button& button : ButtonSetOf(style).buttons) {
-    if (button.caption != 0) content.buttons.push_back(LoadMessage(button.caption));
+    if (button.caption) content.buttons.push_back(LoadMessage(*button.caption));
   }
   return content;
 }
@@ -83,7 +84,7 @@ int MessageResult(int style, int pressedButton) {
   const ButtonSet& set = ButtonSetOf(style);
   if (pressedButton < 1 || pressedButton > static_cast<int>(set.buttons.size())) return set.closed;
   const Button& button = set.buttons[static_cast<std::size_t>(pressedButton - 1)];
-  return button.caption == 0 ? set.closed : button.result;
+  return button.caption ? button.result : set.closed;
 }
 
 OperatorMessages::OperatorMessages(Operator& person, std::string executableName)

@@ -34,6 +34,10 @@ std::string SettingsPart(std::size_t list, const std::string& entry) {
   return list == kParity ? ToUpperAscii(entry.substr(0, 1)) : entry;
 }
 
+/// The labels of the lists in their order.
+constexpr std::array kLabels{MessageId::kPort, MessageId::kSpeed, MessageId::kParity, MessageId::kDataBits,
+                             MessageId::kStopBits};
+
 /// The four parts of the line settings, each at the place of its list; missing ones are empty.
 std::array<std::string, 5> SplitSettings(std::string_view text) {
   std::array<std::string, 5> parts;
@@ -73,12 +77,12 @@ void PortDialog::Show() {
 
 PortContent PortDialog::LoadPortSettingsIntoDialog() const {
   PortContent content;
-  content.caption = LoadMessage(174);
+  content.caption = LoadMessage(MessageId::kPortSettings);
   content.entries = Entries();
-  content.button = LoadMessage(113);
+  content.button = LoadMessage(MessageId::kOkButton);
   const std::array<std::string, 5> parts = SplitSettings(settings_.ComSettings);
   for (std::size_t list = 0; list < parts.size(); ++list) {
-    content.labels[list] = LoadMessage(175 + static_cast<int>(list));
+    content.labels[list] = LoadMessage(kLabels[list]);
     content.selected[list] = FindEntry(content.entries[list], list, parts[list]);
   }
   const bool listed = settings_.ComPortNumber >= 1 && settings_.ComPortNumber <= setting::kPorts;

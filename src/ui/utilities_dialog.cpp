@@ -49,7 +49,9 @@ UtilitiesDialog::UtilitiesDialog(Operator& person, OperatorMessages& messages, F
 void UtilitiesDialog::Show() {
   if (open_) return;
   const OpenMark mark(open_);
-  const UtilitiesContent content{LoadMessage(161), {LoadMessage(162), LoadMessage(163), LoadMessage(167)}};
+  const UtilitiesContent content{LoadMessage(MessageId::kUtilities),
+                                 {LoadMessage(MessageId::kExitButton), LoadMessage(MessageId::kClosureButton),
+                                  LoadMessage(MessageId::kClosureWithReportButton)}};
   person_.ShowUtilities(content, [this](int button) { return OnButton(button); });
 }
 
@@ -75,16 +77,19 @@ bool UtilitiesDialog::OnButton(int button) { return button == 1 || RequestClosur
 
 /// Returns whether the closure has been requested.
 bool UtilitiesDialog::RequestClosure(int kind) {
-  const std::string question = LoadMessage(165);
+  const std::string question = LoadMessage(MessageId::kConfirmClosure);
   if (!Confirmed(question)) return false;
-  if (TicketsWaiting() && !Confirmed(LoadMessage(166).append(kLineBreak).append(question))) return false;
+  if (TicketsWaiting() &&
+      !Confirmed(LoadMessage(MessageId::kTicketsWaiting).append(kLineBreak).append(question)))
+    return false;
   return WriteClosureRequest(kind);
 }
 
 bool UtilitiesDialog::Confirmed(const std::string& question) {
   using namespace message_style;
   const int style = kYesNo + kInformation + kSecondDefault;
-  return messages_.ShowOperatorMessage(question, style, LoadMessage(164)) == message_result::kYes;
+  return messages_.ShowOperatorMessage(question, style, LoadMessage(MessageId::kClosureRequest)) ==
+         message_result::kYes;
 }
 
 /// A count that fails warns as well: closing the fiscal day too early cannot be undone.

@@ -10,14 +10,15 @@ namespace {
 void Report(OperatorMessages& messages, Logs& logs, const std::string& what, const std::string& path) {
   logs.WrErr(what + " " + path);
   const std::string lineBreak(kLineBreak);
-  messages.ShowOperatorMessage(what + lineBreak + path + lineBreak + lineBreak + LoadMessage(186),
-                               message_style::kStop, {});
+  messages.ShowOperatorMessage(
+      what + lineBreak + path + lineBreak + lineBreak + LoadMessage(MessageId::kProgramWillEnd),
+      message_style::kStop, {});
 }
 
 }  // namespace
 
 void ReportWrongPath(OperatorMessages& messages, Logs& logs, const std::string& folder) {
-  Report(messages, logs, LoadMessage(185), folder);
+  Report(messages, logs, LoadMessage(MessageId::kWrongPath), folder);
 }
 
 void ReportUnreadableSettings(OperatorMessages& messages, Logs& logs, const std::string& path) {

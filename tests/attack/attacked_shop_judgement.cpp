@@ -91,7 +91,7 @@ void AttackedShop::JudgeSlip(const Slip& slip) {
   const auto files = FilesWith(slip.item, "");
   // The rotation may switch the archive off until the next start; the error log then says so.
   const std::string errors = disk_.Content(kFolder + "\\Err.txt").value_or("");
-  const bool archiveOff = errors.find(LoadMessage(195)) != std::string::npos;
+  const bool archiveOff = errors.find(LoadMessage(MessageId::kHistoricFolderNotMade)) != std::string::npos;
   if (files.empty() && !(archiveOff && printed > 0)) Violate(slip.item + " is in no file");
   if (files.size() > (again ? 2 : 1)) {
     std::string all;

@@ -134,7 +134,7 @@ constexpr Row kRows[] = {
 };
 
 TEST(Catalogue, HoldsEveryTextLetterForLetter) {
-  for (const Row& row : kRows) EXPECT_EQ(LoadMessage(row.id), row.text) << row.id;
+  for (const Row& row : kRows) EXPECT_EQ(LoadMessage(MessageId{row.id}), row.text) << row.id;
 }
 
 TEST(Catalogue, HasNoTextUnderAnyOtherNumber) {
@@ -143,23 +143,24 @@ TEST(Catalogue, HasNoTextUnderAnyOtherNumber) {
   ASSERT_EQ(numbers.size(), 117);
   for (int id = -1; id <= 2000; ++id) {
     if (numbers.contains(id)) continue;
-    EXPECT_EQ(LoadMessage(id), "") << id;
+    EXPECT_EQ(LoadMessage(MessageId{id}), "") << id;
   }
 }
 
 TEST(Catalogue, HasNoTextBesideItsRanges) {
-  for (const int id : {0, 100, 129, 140, 148, 200, 500, 532, -101}) EXPECT_EQ(LoadMessage(id), "") << id;
+  for (const int id : {0, 100, 129, 140, 148, 200, 500, 532, -101})
+    EXPECT_EQ(LoadMessage(MessageId{id}), "") << id;
 }
 
 TEST(Catalogue, HoldsAccentedLettersInUtf8) {
-  EXPECT_EQ(LoadMessage(191), "S\xC3\xAC");
-  EXPECT_EQ(LoadMessage(108), "Programma gi\xC3\xA0 in esecuzione !");
-  EXPECT_EQ(LoadMessage(198), "Scontrino diviso perch\xC3\xA8 troppo lungo !");
+  EXPECT_EQ(LoadMessage(MessageId::kYes), "S\xC3\xAC");
+  EXPECT_EQ(LoadMessage(MessageId::kAlreadyRunning), "Programma gi\xC3\xA0 in esecuzione !");
+  EXPECT_EQ(LoadMessage(MessageId::kReceiptSplit), "Scontrino diviso perch\xC3\xA8 troppo lungo !");
 }
 
 TEST(Catalogue, KeepsTheButtonCaptionApartFromThePlainOk) {
-  EXPECT_EQ(LoadMessage(113), "&Ok");
-  EXPECT_EQ(LoadMessage(190), "Ok");
+  EXPECT_EQ(LoadMessage(MessageId::kOkButton), "&Ok");
+  EXPECT_EQ(LoadMessage(MessageId::kOk), "Ok");
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ TEST_F(ErrorRecoveryTest, EachCodeShowsItsTextOfTheTable) {
   for (int code = 3; code <= 31; ++code) {
     if (code == 11) continue;
     files.content.clear();
-    const std::string text = LoadMessage(500 + code);
+    const std::string text = LoadMessage(EcrErrorMessage(code));
     Answer("&Ok");
     EXPECT_EQ(Decode("ERR" + text.substr(0, 2), false), 1) << code;
     EXPECT_EQ(Errors(), Lines{"ECR Error : " + text});

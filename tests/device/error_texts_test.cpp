@@ -79,36 +79,36 @@ TEST_F(ErrorTextsTest, ACodeOutsideTheTableIsAnErrorOfTheProgram) {
 }
 
 TEST_F(ErrorTextsTest, WithoutTheFileTheCatalogueSpeaks) {
-  EXPECT_EQ(texts.ErrorDescription(110), "");
-  EXPECT_EQ(texts.MessageText(110), "Attenzione ! Carta Giornale Esaurita !");
-  EXPECT_EQ(texts.MessageText(150), "Dispositivo Spento o Non Collegato !");
-  EXPECT_EQ(texts.MessageText(500), "");
+  EXPECT_EQ(texts.ErrorDescription(MessageId::kJournalPaperOutWarning), "");
+  EXPECT_EQ(texts.MessageText(MessageId::kJournalPaperOutWarning), "Attenzione ! Carta Giornale Esaurita !");
+  EXPECT_EQ(texts.MessageText(MessageId::kDeviceOff), "Dispositivo Spento o Non Collegato !");
+  EXPECT_EQ(texts.MessageText(MessageId{500}), "");
 }
 
 TEST_F(ErrorTextsTest, AKeyOfTheFileReplacesItsMessage) {
   ErrDesc("[Error Description]\r\n110=Cambiare rotolo\r\n113=&Fatto\r\n");
-  EXPECT_EQ(texts.ErrorDescription(110), "Cambiare rotolo");
-  EXPECT_EQ(texts.MessageText(110), "Cambiare rotolo");
-  EXPECT_EQ(texts.MessageText(113), "&Fatto");
-  EXPECT_EQ(texts.MessageText(111), "Attenzione ! Carta Scontrino Esaurita !");
+  EXPECT_EQ(texts.ErrorDescription(MessageId::kJournalPaperOutWarning), "Cambiare rotolo");
+  EXPECT_EQ(texts.MessageText(MessageId::kJournalPaperOutWarning), "Cambiare rotolo");
+  EXPECT_EQ(texts.MessageText(MessageId::kOkButton), "&Fatto");
+  EXPECT_EQ(texts.MessageText(MessageId::kReceiptPaperOutWarning), "Attenzione ! Carta Scontrino Esaurita !");
 }
 
 TEST_F(ErrorTextsTest, AMissingSectionOrAnEmptyKeyReplacesNothing) {
   for (const char* content : {"", "[Errors]\r\n115=x\r\n", "[Error Description]\r\n115=\r\n",
                               "[Error Description]\r\n0115=x\r\n"}) {
     ErrDesc(content);
-    EXPECT_EQ(texts.MessageText(115), "Carta Giornale Esaurita !") << content;
+    EXPECT_EQ(texts.MessageText(MessageId::kJournalPaperOut), "Carta Giornale Esaurita !") << content;
   }
 }
 
 TEST_F(ErrorTextsTest, AReplacementIsCutAt99Characters) {
   ErrDesc("[Error Description]\r\n112=" + std::string(120, 'a') + "\r\n");
-  EXPECT_EQ(texts.MessageText(112), std::string(99, 'a'));
+  EXPECT_EQ(texts.MessageText(MessageId::kReplacePaper), std::string(99, 'a'));
 }
 
 TEST_F(ErrorTextsTest, AReplacementMayBeWindows1252) {
   ErrDesc("[Error Description]\r\n112=Carta gi\xE0 finita\r\n");
-  EXPECT_EQ(texts.MessageText(112), "Carta già finita");
+  EXPECT_EQ(texts.MessageText(MessageId::kReplacePaper), "Carta già finita");
 }
 
 TEST_F(ErrorTextsTest, TheTableIsNeverReplaced) {
@@ -122,10 +122,12 @@ TEST_F(ErrorTextsTest, AFileThatCannotBeReadLeavesTheCataloguesText) {
   FaultyFiles faulty(files);
   IniProfileFile unreadable(faulty);
   const ErrorTexts fallen(unreadable, "C:\\shop\\ErrDesc.ini");
-  EXPECT_EQ(fallen.MessageText(110), "Carta !");
+  EXPECT_EQ(fallen.MessageText(MessageId::kJournalPaperOutWarning), "Carta !");
   for (const char* operation : {"Exists", "OpenForReading", "Read"}) {
     faulty.FailNext(operation, error_number::kDeviceError);
-    EXPECT_EQ(fallen.MessageText(110), "Attenzione ! Carta Giornale Esaurita !") << operation;
+    EXPECT_EQ(fallen.MessageText(MessageId::kJournalPaperOutWarning),
+              "Attenzione ! Carta Giornale Esaurita !")
+        << operation;
   }
 }
 

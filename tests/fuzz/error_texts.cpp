@@ -14,7 +14,8 @@ void FuzzErrorTexts(std::string_view input) {
   shop.disk.Put(shop.paths.ErrDesc(), std::string(input));
   ErrorTexts texts(shop.profile, shop.paths.ErrDesc());
   texts.LoadEcrErrorTable();
-  for (int id = 110; id <= 116; ++id) {
+  for (int number = 110; number <= 116; ++number) {
+    const MessageId id{number};
     const std::string own = texts.ErrorDescription(id);
     const std::string shown = texts.MessageText(id);
     Require(shown == (own.empty() ? LoadMessage(id) : own),

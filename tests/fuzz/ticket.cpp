@@ -110,7 +110,7 @@ class Run {
     std::size_t choice = dialog.options.empty() ? 0 : 2;
     replies.insert(replies.end(), {"close", "menu Esci"});
     if (answered_ < answers_.size()) choice = answers_[answered_++] % replies.size();
-    const bool ends = dialog.caption.find(LoadMessage(152)) != std::string::npos;
+    const bool ends = dialog.caption.find(LoadMessage(MessageId::kEndRequest)) != std::string::npos;
     const bool prints = dialog.options.empty() ? replies[choice] == "S\xC3\xAC" && !ends : choice == 1;
     mayPrintAgain_ = mayPrintAgain_ || prints;
     return replies[choice];

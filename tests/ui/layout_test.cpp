@@ -72,7 +72,7 @@ MessageParts Message(const std::string& text, int dpi, int buttons = 2) {
   return {Typeface(kMessagePoints, dpi).MeasureOf(text), CountCharacters(text) < 60, true, buttons};
 }
 
-std::string Lines(int first, int second) {
+std::string Lines(MessageId first, MessageId second) {
   return LoadMessage(first) + std::string(kLineBreak) + LoadMessage(second);
 }
 
@@ -81,14 +81,17 @@ std::string Short(const std::string& text) { return std::string(kLineBreak) + te
 
 /// The longest messages of the program.
 std::vector<std::string> LongestMessages() {
-  return {Lines(153, 154), Lines(166, 165),        Lines(170, 171),         Lines(172, 173),
-          Lines(168, 182), Short(Lines(146, 147)), Short(LoadMessage(143)), Short(LoadMessage(196))};
+  using enum MessageId;
+  return {Lines(kNoReceiptsAfterEnd, kAreYouSure),         Lines(kTicketsWaiting, kConfirmClosure),
+          Lines(kReceiptNotVoided, kCloseReceiptQuestion), Lines(kSendingVoid, kCheckKey),
+          Lines(kPortNotOpened, kConfigurePortQuestion),   Short(Lines(kWrongIniVersion, kProgramEnded)),
+          Short(LoadMessage(MessageId::kNoReply)),         Short(LoadMessage(MessageId::kIniUpgraded))};
 }
 
 std::string WrongPath() {
   const std::string lineBreak(kLineBreak);
-  return LoadMessage(185) + lineBreak + "Z:\\" + std::string(90, 'w') + "\\data\\" + lineBreak + lineBreak +
-         LoadMessage(186);
+  return LoadMessage(MessageId::kWrongPath) + lineBreak + "Z:\\" + std::string(90, 'w') + "\\data\\" +
+         lineBreak + lineBreak + LoadMessage(MessageId::kProgramWillEnd);
 }
 
 bool LiesIn(const Box& box, Extent form) {
@@ -161,7 +164,9 @@ TEST(MessageLayout, KeepsTheButtonsInPlaceBelowEveryMessage) {
 
 TEST(MessageLayout, KeepsACentredTextOffTheButtonsAndItsFirstLineInTheForm) {
   for (const int dpi : kResolutions) {
-    const MessageLayout layout = LayOutMessage(Message(Short(Lines(146, 147)), dpi, 1), dpi, Screen(dpi));
+    const MessageLayout layout =
+        LayOutMessage(Message(Short(Lines(MessageId::kWrongIniVersion, MessageId::kProgramEnded)), dpi, 1),
+                      dpi, Screen(dpi));
     const int lineHeight = layout.text.height / 3;
     EXPECT_EQ(layout.buttons.front().top, Pixels(980, dpi)) << dpi;
     EXPECT_GE(layout.buttons.front().top - layout.text.Bottom(), Pixels(120, dpi) - 1) << dpi;
@@ -180,7 +185,7 @@ TEST(MessageLayout, GivesTheTextTheHeightItNeeds) {
 }
 
 TEST(MessageLayout, GrowsWiderUntilTheTextHasTwoLines) {
-  const MessageParts parts = Message(Lines(153, 154), 96);
+  const MessageParts parts = Message(Lines(MessageId::kNoReceiptsAfterEnd, MessageId::kAreYouSure), 96);
   const MessageLayout layout = LayOutMessage(parts, 96, Screen(96));
   EXPECT_EQ(layout.text.height, 40);
   EXPECT_GT(parts.text(layout.text.width - 20).height, 40) << "the narrowest that will do";
@@ -220,7 +225,8 @@ TEST(MessageLayout, FitsANarrowScreen) {
 ChoiceParts Choice(const std::string& heading, const std::string& text, int dpi, bool frame) {
   const Typeface options(12, dpi);
   ChoiceParts parts{Typeface(18, dpi).MeasureOf(heading), Typeface(16, dpi).MeasureOf(text), {}};
-  for (const int id : {145, 119, 120}) {
+  for (const MessageId id :
+       {MessageId::kReceiptPrinted, MessageId::kReprintReceipt, MessageId::kAbortReceipt}) {
     if (frame) parts.options.push_back(options.MeasureOf(LoadMessage(id)));
   }
   return parts;
@@ -244,8 +250,9 @@ TEST(ChoiceLayout, PlacesHeadingTextAndButtonBelowEachOther) {
 
 TEST(ChoiceLayout, FramesTheOptions) {
   for (const int dpi : kResolutions) {
-    const ChoiceLayout layout =
-        LayOutChoice(Choice(LoadMessage(118), LoadMessage(529), dpi, true), dpi, Screen(dpi));
+    const ChoiceLayout layout = LayOutChoice(
+        Choice(LoadMessage(MessageId::kEcrErrorWarning), LoadMessage(EcrErrorMessage(29)), dpi, true), dpi,
+        Screen(dpi));
     ASSERT_EQ(layout.options.size(), 3U);
     EXPECT_TRUE(LieApart(BoxesOf(layout), layout.form)) << dpi;
     for (const Box& option : layout.options) {
@@ -260,7 +267,8 @@ TEST(ChoiceLayout, FramesTheOptions) {
 
 TEST(ChoiceLayout, LeavesEachOptionRoomForItsMarkAndText) {
   for (const int dpi : kResolutions) {
-    const ChoiceParts parts = Choice(LoadMessage(118), LoadMessage(529), dpi, true);
+    const ChoiceParts parts =
+        Choice(LoadMessage(MessageId::kEcrErrorWarning), LoadMessage(EcrErrorMessage(29)), dpi, true);
     const ChoiceLayout layout = LayOutChoice(parts, dpi, Screen(dpi));
     for (std::size_t i = 0; i < layout.options.size(); ++i) {
       EXPECT_GE(layout.options[i].width - Pixels(345, dpi), parts.options[i](10000).width) << dpi;
@@ -269,9 +277,10 @@ TEST(ChoiceLayout, LeavesEachOptionRoomForItsMarkAndText) {
 }
 
 TEST(ChoiceLayout, BreaksWhatWouldMakeItTooWide) {
-  const std::string heading = LoadMessage(124) + " 1;" + std::string(30, 'a') + " " + std::string(40, 'b');
+  const std::string heading =
+      LoadMessage(MessageId::kInvalidLine) + " 1;" + std::string(30, 'a') + " " + std::string(40, 'b');
   for (const int dpi : kResolutions) {
-    const ChoiceParts parts = Choice(heading, LoadMessage(149), dpi, true);
+    const ChoiceParts parts = Choice(heading, LoadMessage(MessageId::kInvalidReceiptLine), dpi, true);
     const ChoiceLayout layout = LayOutChoice(parts, dpi, {1920 * dpi / 96, 1080 * dpi / 96});
     EXPECT_EQ(layout.form.width, Pixels(10800, dpi)) << dpi;
     EXPECT_EQ(layout.heading.height, 2 * Typeface(18, dpi).LineHeight()) << dpi;
@@ -280,11 +289,11 @@ TEST(ChoiceLayout, BreaksWhatWouldMakeItTooWide) {
 }
 
 TEST(ChoiceLayout, BreaksWhatIsWiderThanTheScreen) {
-  const std::string line =
-      LoadMessage(124) + " 1;" + std::string(24, 'a') + " " + std::string(27, 'b') + "...";
+  const std::string line = LoadMessage(MessageId::kInvalidLine) + " 1;" + std::string(24, 'a') + " " +
+                           std::string(27, 'b') + "...";
   for (const int dpi : kResolutions) {
     const Extent screen{640 * dpi / 96, 480 * dpi / 96};
-    const ChoiceParts parts = Choice(line, LoadMessage(149), dpi, true);
+    const ChoiceParts parts = Choice(line, LoadMessage(MessageId::kInvalidReceiptLine), dpi, true);
     const ChoiceLayout layout = LayOutChoice(parts, dpi, screen);
     EXPECT_LE(layout.form.width, screen.width * 9 / 10) << dpi;
     EXPECT_EQ(layout.heading.height, parts.heading(layout.heading.width).height) << dpi;
@@ -296,9 +305,11 @@ TEST(ChoiceLayout, BreaksWhatIsWiderThanTheScreen) {
 TEST(PortLayout, PlacesFiveRowsInAFrame) {
   for (const int dpi : kResolutions) {
     const Typeface face(12, dpi);
-    PortParts parts{face.MeasureOf(LoadMessage(174)), {}};
-    for (std::size_t i = 0; i < 5; ++i)
-      parts.labels[i] = face.MeasureOf(LoadMessage(175 + static_cast<int>(i)));
+    PortParts parts{face.MeasureOf(LoadMessage(MessageId::kPortSettings)), {}};
+    for (int i = 0; i < 5; ++i) {
+      parts.labels[static_cast<std::size_t>(i)] =
+          face.MeasureOf(LoadMessage(MessageId{NumberOf(MessageId::kPort) + i}));
+    }
     const PortLayout layout = LayOutPort(parts, dpi, Screen(dpi));
     std::vector<Box> boxes{layout.button};
     for (std::size_t i = 0; i < 5; ++i) {
@@ -336,7 +347,9 @@ TEST(UtilitiesLayout, IsAsWideAsTheLongestCaption) {
   for (const int dpi : kResolutions) {
     const Typeface face(14, dpi);
     const std::array<TextMeasure, 3> captions{
-        face.MeasureOf(LoadMessage(162)), face.MeasureOf(LoadMessage(163)), face.MeasureOf(LoadMessage(167))};
+        face.MeasureOf(LoadMessage(MessageId::kExitButton)),
+        face.MeasureOf(LoadMessage(MessageId::kClosureButton)),
+        face.MeasureOf(LoadMessage(MessageId::kClosureWithReportButton))};
     const UtilitiesLayout layout = LayOutUtilities(captions, dpi, Screen(dpi));
     EXPECT_EQ(layout.buttons[0].width, captions[2](10000).width + Pixels(600, dpi)) << dpi;
     EXPECT_TRUE(LieApart({layout.buttons.begin(), layout.buttons.end()}, layout.form)) << dpi;

@@ -17,7 +17,7 @@ using namespace control_id;
 constexpr int kUtilities = 2;
 constexpr int kConfigure = 4;
 constexpr const char* kTicket = "1;Caffe' espresso;2,000;120;1;;;1;;\r\n2;1;500;\r\n";
-const std::string kAlarm = "Orvenza - " + LoadMessage(142);
+const std::string kAlarm = "Orvenza - " + LoadMessage(MessageId::kCommunicationWarning);
 
 /// The first status query fails: the operator is asked by a message with three buttons.
 struct MessageTest : testing::Test {
@@ -35,10 +35,10 @@ struct MessageTest : testing::Test {
 };
 
 TEST_F(MessageTest, ShowsItsContent) {
-  EXPECT_EQ(TextOf(form, kText1), "\r\n" + LoadMessage(128) + " ERR-1");
-  EXPECT_EQ(TextOf(form, kCommand0 + 1), LoadMessage(187));
-  EXPECT_EQ(TextOf(form, kCommand0 + 2), LoadMessage(188));
-  EXPECT_EQ(TextOf(form, kCommand0 + 3), LoadMessage(181));
+  EXPECT_EQ(TextOf(form, kText1), "\r\n" + LoadMessage(MessageId::kCommunicationError) + " ERR-1");
+  EXPECT_EQ(TextOf(form, kCommand0 + 1), LoadMessage(MessageId::kRetry));
+  EXPECT_EQ(TextOf(form, kCommand0 + 2), LoadMessage(MessageId::kCancel));
+  EXPECT_EQ(TextOf(form, kCommand0 + 3), LoadMessage(MessageId::kConfigure));
   EXPECT_EQ(GetDlgItem(form, kCommand0 + 4), nullptr);
   EXPECT_NE(GetDlgItem(form, kImage + 3), nullptr);
 }
@@ -81,11 +81,11 @@ TEST_F(MessageTest, IsAnsweredByAClickOnTheFirstButton) {
 
 TEST_F(MessageTest, IsAnsweredByAClickOnTheSecondButton) {
   Click(form, kCommand0 + 2);
-  const HWND question = till.Form(window_class::kOrvMsg, "Orvenza - " + LoadMessage(152));
+  const HWND question = till.Form(window_class::kOrvMsg, "Orvenza - " + LoadMessage(MessageId::kEndRequest));
   EXPECT_NE(GetDlgItem(question, kImage), nullptr);
   Press(VK_RETURN);
   EXPECT_EQ(till.ExitCode(), 0U);
-  EXPECT_EQ(shop.Journal("Err.txt").back(), LoadMessage(151));
+  EXPECT_EQ(shop.Journal("Err.txt").back(), LoadMessage(MessageId::kLinkCancelled));
 }
 
 TEST_F(MessageTest, IsAnsweredByAClickOnTheThirdButton) {
@@ -101,14 +101,14 @@ TEST_F(MessageTest, IsAnsweredByAClickOnTheThirdButton) {
 TEST_F(MessageTest, EnterPressesTheButtonWithTheFocus) {
   Press(VK_TAB);
   Press(VK_RETURN);
-  till.Form(window_class::kOrvMsg, "Orvenza - " + LoadMessage(152));
+  till.Form(window_class::kOrvMsg, "Orvenza - " + LoadMessage(MessageId::kEndRequest));
 }
 
 TEST_F(MessageTest, SpacePressesTheButtonWithTheFocus) {
   Press(VK_RIGHT);
   till.Await("the focus on the second button", [&] { return FocusedId(form) == kCommand0 + 2; });
   Press(VK_SPACE);
-  till.Form(window_class::kOrvMsg, "Orvenza - " + LoadMessage(152));
+  till.Form(window_class::kOrvMsg, "Orvenza - " + LoadMessage(MessageId::kEndRequest));
 }
 
 TEST_F(MessageTest, EscClosesItWithoutAnAnswer) {
@@ -129,7 +129,8 @@ TEST(LongMessage, IsShownInFull) {
   shop.folder.Write("Orvenza.ini", settings);
   const Till till(shop);
   const HWND form = till.Form(window_class::kOrvMsg);
-  const std::string text = LoadMessage(185) + "\r\n" + folder + "\r\n\r\n" + LoadMessage(186);
+  const std::string text = LoadMessage(MessageId::kWrongPath) + "\r\n" + folder + "\r\n\r\n" +
+                           LoadMessage(MessageId::kProgramWillEnd);
   EXPECT_EQ(TextOf(form, kText1), text);
   const HWND edit = GetDlgItem(form, kText1);
   const auto last = static_cast<WPARAM>(text.size() - 2);  // "à" counts once
@@ -154,9 +155,9 @@ struct ChoiceTest : testing::Test {
     return SendDlgItemMessageW(form, kOption1 + option, BM_GETCHECK, 0, 0) == 1;
   }
 
-  void ExpectsAnswer(int message) {
+  void ExpectsAnswer(MessageId message) {
     till->Gone(form);
-    const std::string answer = LoadMessage(141) + " " + LoadMessage(message);
+    const std::string answer = LoadMessage(MessageId::kOperatorAnswer) + " " + LoadMessage(message);
     till->Await(answer.c_str(), [&] { return shop.Journal("Err.txt").back() == answer; });
   }
 
@@ -165,8 +166,9 @@ struct ChoiceTest : testing::Test {
     till->Gone(form);
     till->Await("the archive", [&] { return shop.folder.Has("storico\\1.txt"); });
     const Lines errors = shop.Journal("Err.txt");
-    EXPECT_EQ(errors.front(), LoadMessage(117) + " " + LoadMessage(508));
-    for (const std::string& line : errors) EXPECT_FALSE(line.starts_with(LoadMessage(141))) << line;
+    EXPECT_EQ(errors.front(), LoadMessage(MessageId::kEcrError) + " " + LoadMessage(EcrErrorMessage(8)));
+    for (const std::string& line : errors)
+      EXPECT_FALSE(line.starts_with(LoadMessage(MessageId::kOperatorAnswer))) << line;
   }
 
   const Shop shop{"on 1004 reply ERR08\n"};
@@ -176,37 +178,37 @@ struct ChoiceTest : testing::Test {
 
 TEST_F(ChoiceTest, ShowsItsContent) {
   EXPECT_EQ(TextOf(form), "Orvenza");
-  EXPECT_EQ(TextOf(form, kLabel1), LoadMessage(118));
-  EXPECT_EQ(TextOf(form, kLabel2), LoadMessage(508));
-  EXPECT_EQ(TextOf(form, kOption1 + 1), LoadMessage(145));
-  EXPECT_EQ(TextOf(form, kOption1 + 2), LoadMessage(119));
-  EXPECT_EQ(TextOf(form, kOption1 + 3), LoadMessage(120));
+  EXPECT_EQ(TextOf(form, kLabel1), LoadMessage(MessageId::kEcrErrorWarning));
+  EXPECT_EQ(TextOf(form, kLabel2), LoadMessage(EcrErrorMessage(8)));
+  EXPECT_EQ(TextOf(form, kOption1 + 1), LoadMessage(MessageId::kReceiptPrinted));
+  EXPECT_EQ(TextOf(form, kOption1 + 2), LoadMessage(MessageId::kReprintReceipt));
+  EXPECT_EQ(TextOf(form, kOption1 + 3), LoadMessage(MessageId::kAbortReceipt));
   EXPECT_EQ(TextOf(form, kCommand + 1), "&Ok");
   EXPECT_TRUE(!Checked(1) && Checked(2) && !Checked(3));
 }
 
 TEST_F(ChoiceTest, EnterConfirmsTheOptionThatWasSelected) {
   Press(VK_RETURN);
-  ExpectsAnswer(119);
+  ExpectsAnswer(MessageId::kReprintReceipt);
 }
 
 TEST_F(ChoiceTest, ArrowsSelectAnotherOption) {
   Press(VK_DOWN);
   till->Await("the third option", [&] { return Checked(3); });
   Press(VK_RETURN);
-  ExpectsAnswer(120);
+  ExpectsAnswer(MessageId::kAbortReceipt);
   till->Await("the abort copy", [&] { return shop.folder.Has("data\\abort\\0001.txt.abort.txt"); });
 }
 
 TEST_F(ChoiceTest, ClicksSelectAndConfirm) {
   Click(form, kOption1 + 1);
   Click(form, kCommand + 1);
-  ExpectsAnswer(145);
+  ExpectsAnswer(MessageId::kReceiptPrinted);
 }
 
 TEST_F(ChoiceTest, TheButtonsLetterConfirms) {
   PressWithAlt('O');
-  ExpectsAnswer(119);
+  ExpectsAnswer(MessageId::kReprintReceipt);
 }
 
 TEST_F(ChoiceTest, EscClosesItWithoutAnAnswer) {
@@ -224,8 +226,8 @@ TEST(PaperOut, HasNoOptions) {
   shop.Drop("0001.txt", kTicket);
   const Till till(shop);
   const HWND form = till.Form(window_class::kOrvInfo);
-  EXPECT_EQ(TextOf(form, kLabel1), LoadMessage(111));
-  EXPECT_EQ(TextOf(form, kLabel2), LoadMessage(112));
+  EXPECT_EQ(TextOf(form, kLabel1), LoadMessage(MessageId::kReceiptPaperOutWarning));
+  EXPECT_EQ(TextOf(form, kLabel2), LoadMessage(MessageId::kReplacePaper));
   EXPECT_EQ(GetDlgItem(form, kOption1 + 1), nullptr);
   EXPECT_EQ(GetDlgItem(form, kFrame1), nullptr);
   EXPECT_EQ(FocusedId(form), kCommand + 1);
@@ -244,7 +246,7 @@ TEST(PaperOut, IsOverHoweverTheDialogIsAnswered) {
     const HWND form = till.Form(window_class::kOrvInfo);
     answer(form);
     till.Gone(form);
-    EXPECT_EQ(shop.Journal("Err.txt").front(), LoadMessage(116));
+    EXPECT_EQ(shop.Journal("Err.txt").front(), LoadMessage(MessageId::kReceiptPaperOut));
   }
 }
 
@@ -252,10 +254,12 @@ TEST(PaperOut, OfTheJournalIsSettledWithTheTicketPrintedAgain) {
   const Shop shop("on 1004 paper-out journal\n");
   shop.Drop("0001.txt", kTicket);
   const Till till(shop);
-  EXPECT_EQ(TextOf(till.Form(window_class::kOrvInfo), kLabel1), LoadMessage(110));
+  EXPECT_EQ(TextOf(till.Form(window_class::kOrvInfo), kLabel1),
+            LoadMessage(MessageId::kJournalPaperOutWarning));
   Press(VK_RETURN);
   till.Await("the ticket", [&] { return shop.folder.Read("storico\\1.txt") == kTicket; });
-  EXPECT_EQ(shop.Journal("Err.txt"), (Lines{LoadMessage(115), LoadMessage(122)}));
+  EXPECT_EQ(shop.Journal("Err.txt"),
+            (Lines{LoadMessage(MessageId::kJournalPaperOut), LoadMessage(MessageId::kResumedAfterPaperOut)}));
 }
 
 /// The port dialog, opened by the menu.
@@ -277,12 +281,12 @@ struct PortTest : testing::Test {
 };
 
 TEST_F(PortTest, ShowsTheCurrentSettings) {
-  EXPECT_EQ(TextOf(form), LoadMessage(174));
-  EXPECT_EQ(TextOf(form, kFrame1), LoadMessage(174));
+  EXPECT_EQ(TextOf(form), LoadMessage(MessageId::kPortSettings));
+  EXPECT_EQ(TextOf(form, kFrame1), LoadMessage(MessageId::kPortSettings));
   const char* const entries[] = {"COM1", "19200", "Odd", "7", "1"};
   const int counts[] = {16, 7, 3, 2, 2};
   for (int i = 0; i < 5; ++i) {
-    EXPECT_EQ(TextOf(form, kLabel + i), LoadMessage(175 + i));
+    EXPECT_EQ(TextOf(form, kLabel + i), LoadMessage(MessageId{NumberOf(MessageId::kPort) + i}));
     EXPECT_EQ(Entry(i + 1), entries[i]);
     EXPECT_EQ(SendDlgItemMessageW(form, kCombo + i + 1, CB_GETCOUNT, 0, 0), counts[i]);
   }
@@ -355,7 +359,9 @@ struct UtilitiesTest : testing::Test {
     form = till.Form(window_class::kOrvUti);
   }
 
-  HWND Question() const { return till.Form(window_class::kOrvMsg, "Orvenza - " + LoadMessage(164)); }
+  HWND Question() const {
+    return till.Form(window_class::kOrvMsg, "Orvenza - " + LoadMessage(MessageId::kClosureRequest));
+  }
   std::string AwaitFile(const std::string& name) const {
     till.Await(name.c_str(), [&] { return !shop.folder.Read(name).empty(); });
     return shop.folder.Read(name);
@@ -370,7 +376,7 @@ struct UtilitiesTest : testing::Test {
 };
 
 TEST_F(UtilitiesTest, ShowsItsButtons) {
-  EXPECT_EQ(TextOf(form), LoadMessage(161));
+  EXPECT_EQ(TextOf(form), LoadMessage(MessageId::kUtilities));
   EXPECT_EQ(TextOf(form, kCommand + 1), "&Esci");
   EXPECT_EQ(TextOf(form, kCommand + 2), "&Chiusura Fiscale");
   EXPECT_EQ(TextOf(form, kCommand + 3), "Chiusura &Fiscale con Finanziario");
@@ -393,7 +399,7 @@ TEST_F(UtilitiesTest, PrintsAClosureOnceConfirmed) {
   PressWithAlt('C');
   const HWND question = Question();
   EXPECT_FALSE(IsWindowEnabled(form));
-  EXPECT_EQ(TextOf(question, kText1), "\r\n" + LoadMessage(165));
+  EXPECT_EQ(TextOf(question, kText1), "\r\n" + LoadMessage(MessageId::kConfirmClosure));
   Press(VK_RETURN);
   till.Gone(form);
   AwaitClosure("21");
@@ -426,7 +432,8 @@ TEST_F(UtilitiesTest, AsksTwiceWhileTicketsWaitAndTakesNone) {
     const HWND first = Question();
     Press(VK_RETURN);
     till.Gone(first);
-    EXPECT_EQ(TextOf(Question(), kText1), LoadMessage(166) + "\r\n" + LoadMessage(165));
+    EXPECT_EQ(TextOf(Question(), kText1),
+              LoadMessage(MessageId::kTicketsWaiting) + "\r\n" + LoadMessage(MessageId::kConfirmClosure));
     Press(VK_RETURN);
     till.Gone(form);
     const auto archive = [&] { return "storico\\" + std::to_string(++archived) + ".txt"; };

@@ -17,7 +17,7 @@ constexpr int kUtilities = 2;
 constexpr int kConfigure = 4;
 constexpr const char* kTicket = "1;Caffe' espresso;2,000;120;1;;;1;;\r\n2;1;500;\r\n";
 
-const std::string kExitTitle = "Orvenza - " + LoadMessage(152);
+const std::string kExitTitle = "Orvenza - " + LoadMessage(MessageId::kEndRequest);
 const Lines kStarted = {std::string("Start Rel. ") + kVersionText, "Dati Cash : 00ORVSIM  01  01.00.00"};
 
 Lines StartedThen(const Lines& more) {

@@ -112,12 +112,15 @@ using DialogEndurance = FormBench;
 
 TEST_F(DialogEndurance, DialogsLeaveNothingBehind) {
   OperatorMessages messages(person, "Orvenza");
-  const ChoiceContent choice{"Orvenza", LoadMessage(118), LoadMessage(508), true, {LoadMessage(145)}, 1,
-                             "&Ok"};
+  const ChoiceContent choice{
+      "Orvenza", LoadMessage(MessageId::kEcrErrorWarning),  LoadMessage(EcrErrorMessage(8)),
+      true,      {LoadMessage(MessageId::kReceiptPrinted)}, 1,
+      "&Ok"};
   const auto show = [&](int rounds) {
     for (int i = 0; i < rounds; ++i) {
       WhenShown(CloseByCross);
-      messages.ShowOperatorMessage(LoadMessage(150), 6 + 64, LoadMessage(142));
+      messages.ShowOperatorMessage(LoadMessage(MessageId::kDeviceOff), 6 + 64,
+                                   LoadMessage(MessageId::kCommunicationWarning));
       WhenShown(CloseByCross);
       person.ShowChoice(choice);
     }

@@ -53,21 +53,33 @@ class FormBench : public testing::Test {
 /// The bench with all dialogs as the program shows them.
 class DialogBench : public FormBench {
  protected:
-  const ChoiceContent kPaper{"Orvenza", LoadMessage(111), LoadMessage(112), false, {}, 0, LoadMessage(113)};
-  const ChoiceContent kChoice{"Orvenza",
-                              LoadMessage(118),
-                              LoadMessage(508),
-                              true,
-                              {LoadMessage(145), LoadMessage(119), LoadMessage(120)},
-                              2,
-                              LoadMessage(113)};
+  const ChoiceContent kPaper{"Orvenza",
+                             LoadMessage(MessageId::kReceiptPaperOutWarning),
+                             LoadMessage(MessageId::kReplacePaper),
+                             false,
+                             {},
+                             0,
+                             LoadMessage(MessageId::kOkButton)};
+  const ChoiceContent kChoice{
+      "Orvenza",
+      LoadMessage(MessageId::kEcrErrorWarning),
+      LoadMessage(EcrErrorMessage(8)),
+      true,
+      {LoadMessage(MessageId::kReceiptPrinted), LoadMessage(MessageId::kReprintReceipt),
+       LoadMessage(MessageId::kAbortReceipt)},
+      2,
+      LoadMessage(MessageId::kOkButton)};
   const PortContent kPorts{
-      LoadMessage(174),
-      {LoadMessage(175), LoadMessage(176), LoadMessage(177), LoadMessage(178), LoadMessage(179)},
+      LoadMessage(MessageId::kPortSettings),
+      {LoadMessage(MessageId::kPort), LoadMessage(MessageId::kSpeed), LoadMessage(MessageId::kParity),
+       LoadMessage(MessageId::kDataBits), LoadMessage(MessageId::kStopBits)},
       {{{"COM1", "COM16"}, {"1200", "57600"}, {"Odd", "Even", "None"}, {"7", "8"}, {"1", "2"}}},
       {1, 1, 2, 1, 0},
-      LoadMessage(113)};
-  const UtilitiesContent kUtilities{LoadMessage(161), {LoadMessage(162), LoadMessage(163), LoadMessage(167)}};
+      LoadMessage(MessageId::kOkButton)};
+  const UtilitiesContent kUtilities{
+      LoadMessage(MessageId::kUtilities),
+      {LoadMessage(MessageId::kExitButton), LoadMessage(MessageId::kClosureButton),
+       LoadMessage(MessageId::kClosureWithReportButton)}};
 
   /// Shows a question, given to `answer`.
   void ShowMessage(const std::string& text, const std::function<void(HWND)>& answer);

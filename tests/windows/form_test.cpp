@@ -122,15 +122,21 @@ TEST_F(MessageFormTest, HasItsButtonsInARowOfFixedPlacesAtEveryResolution) {
 /// Every text of the catalogue, some together as they are shown, and the longest that the shop, or a ticket,
 /// can bring about.
 std::vector<std::string> Texts() {
+  using enum MessageId;
   std::vector<std::string> texts{
-      LoadMessage(124) + " 1;" + std::string(57, 'n') + "...",
-      LoadMessage(124) + " 1;Una riga con piu' parole che non finisce;999999999;9999,9...",
+      LoadMessage(MessageId::kInvalidLine) + " 1;" + std::string(57, 'n') + "...",
+      LoadMessage(MessageId::kInvalidLine) +
+          " 1;Una riga con piu' parole che non finisce;999999999;9999,9...",
   };
-  for (const auto& [first, second] : {std::pair(153, 154), {166, 165}, {170, 171}, {172, 173}, {146, 147}}) {
+  for (const auto& [first, second] : {std::pair(kNoReceiptsAfterEnd, kAreYouSure),
+                                      {kTicketsWaiting, kConfirmClosure},
+                                      {kReceiptNotVoided, kCloseReceiptQuestion},
+                                      {kSendingVoid, kCheckKey},
+                                      {kWrongIniVersion, kProgramEnded}}) {
     texts.push_back(LoadMessage(first) + std::string(kLineBreak) + LoadMessage(second));
   }
-  for (int id = 101; id <= 531; ++id) {
-    if (!LoadMessage(id).empty()) texts.push_back(LoadMessage(id));
+  for (int number = 101; number <= 531; ++number) {
+    if (!LoadMessage(MessageId{number}).empty()) texts.push_back(LoadMessage(MessageId{number}));
   }
   return texts;
 }
@@ -146,11 +152,11 @@ void ExpectShownInFullAtEveryResolution(HWND form) {
 TEST_F(MessageFormTest, ShowsEveryTextInFull) {
   const std::string lineBreak(kLineBreak);
   std::vector<std::string> texts = Texts();
-  texts.push_back(LoadMessage(185) + lineBreak + "C:\\" + std::string(250, 'm') + "\\" + lineBreak +
-                  lineBreak + LoadMessage(186));
+  texts.push_back(LoadMessage(MessageId::kWrongPath) + lineBreak + "C:\\" + std::string(250, 'm') + "\\" +
+                  lineBreak + lineBreak + LoadMessage(MessageId::kProgramWillEnd));
   for (const std::string& text : texts) {
     WhenShown(ExpectShownInFullAtEveryResolution);
-    messages.ShowOperatorMessage(text, 6 + 64, LoadMessage(142));
+    messages.ShowOperatorMessage(text, 6 + 64, LoadMessage(MessageId::kCommunicationWarning));
   }
 }
 

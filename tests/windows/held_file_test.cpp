@@ -101,8 +101,8 @@ TEST(HeldFolder, HoldsUpItsRenamingAtTheStart) {
   HeldFile held(shop, "storico", FILE_SHARE_READ);
   const Till till(shop);
   till.Await("the failure", [&] { return !shop.Journal("Err.txt").empty(); });
-  EXPECT_EQ(shop.Journal("Err.txt").front(),
-            "Main - " + LoadMessage(194) + " " + shop.folder.Path("storico\\"));
+  EXPECT_EQ(shop.Journal("Err.txt").front(), "Main - " + LoadMessage(MessageId::kRenamingHistoricFolder) +
+                                                 " " + shop.folder.Path("storico\\"));
   held.LetGo();
   till.AwaitStart();
   EXPECT_EQ(shop.folder.Read("storico_20240303\\1.txt"), kBread);

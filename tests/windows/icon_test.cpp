@@ -17,7 +17,7 @@ constexpr int kUtilities = 2;
 constexpr int kInfo = 3;
 constexpr int kConfigure = 4;
 
-const std::string kExitTitle = "Orvenza - " + LoadMessage(152);
+const std::string kExitTitle = "Orvenza - " + LoadMessage(MessageId::kEndRequest);
 const Lines kStarted = {std::string("Start Rel. ") + kVersionText, "Dati Cash : 00ORVSIM  01  01.00.00"};
 
 Lines StartedThen(const Lines& more) {
@@ -129,13 +129,14 @@ TEST(Menu, ExitAsksBeforeItEnds) {
   till.AwaitStart();
   till.Menu(kExit);
   const HWND question = till.Form(window_class::kOrvMsg, kExitTitle);
-  EXPECT_EQ(TextOf(question, control_id::kText1), LoadMessage(153) + "\r\n" + LoadMessage(154));
+  EXPECT_EQ(TextOf(question, control_id::kText1),
+            LoadMessage(MessageId::kNoReceiptsAfterEnd) + "\r\n" + LoadMessage(MessageId::kAreYouSure));
   EXPECT_NE(GetDlgItem(question, control_id::kImage + 2), nullptr);
   EXPECT_TRUE(till.HasIcon());
   Press(VK_RETURN);
   EXPECT_EQ(till.ExitCode(), 0U);
   EXPECT_FALSE(IsWindow(question));
-  EXPECT_EQ(shop.Journal("Log.txt"), StartedThen({LoadMessage(156), "End"}));
+  EXPECT_EQ(shop.Journal("Log.txt"), StartedThen({LoadMessage(MessageId::kEndedByOperator), "End"}));
 }
 
 TEST(Menu, ExitIsForgottenWhenNotConfirmed) {

@@ -14,7 +14,7 @@ namespace {
 
 using namespace control_id;
 
-const std::string kAlarm = "Orvenza - " + LoadMessage(142);
+const std::string kAlarm = "Orvenza - " + LoadMessage(MessageId::kCommunicationWarning);
 const Lines kStarted = {std::string("Start Rel. ") + kVersionText, "Dati Cash : 00ORVSIM  01  01.00.00"};
 
 bool Holds(const Shop& shop, const std::string& line) {
@@ -57,7 +57,7 @@ TEST(Start, TellsOfSettingsThatWereBroughtUpToDate) {
   shop.folder.Write("Orvenza.ini", settings.replace(settings.find("1.06"), 4, "1.05"));
   const Till till(shop);
   const HWND message = till.Form(window_class::kOrvMsg, "Orvenza");
-  EXPECT_EQ(TextOf(message, kText1), "\r\n" + LoadMessage(196));
+  EXPECT_EQ(TextOf(message, kText1), "\r\n" + LoadMessage(MessageId::kIniUpgraded));
   Press(VK_RETURN);
   till.AwaitStart();
   EXPECT_TRUE(Holds(shop, "Version=1.06"));
@@ -69,7 +69,8 @@ TEST(Start, RefusesSettingsOfAnUnknownVersion) {
   shop.folder.Write("Orvenza.ini", settings.replace(settings.find("1.06"), 4, "9.99"));
   const Till till(shop);
   const HWND message = till.Form(window_class::kOrvMsg, "Orvenza");
-  EXPECT_EQ(TextOf(message, kText1), "\r\n" + LoadMessage(146) + "\r\n" + LoadMessage(147));
+  EXPECT_EQ(TextOf(message, kText1), "\r\n" + LoadMessage(MessageId::kWrongIniVersion) + "\r\n" +
+                                         LoadMessage(MessageId::kProgramEnded));
   Press(VK_RETURN);
   EXPECT_EQ(till.ExitCode(), 4U);
   EXPECT_TRUE(Holds(shop, "Version=9.99"));
@@ -79,14 +80,14 @@ TEST(Start, AsksUntilThePortOpens) {
   const Shop shop("port-fails 2\n");
   const Till till(shop);
   const HWND first = till.Form(window_class::kOrvMsg, kAlarm);
-  EXPECT_EQ(TextOf(first, kText1), "\r\n" + LoadMessage(168) + " ( COM1 )");
+  EXPECT_EQ(TextOf(first, kText1), "\r\n" + LoadMessage(MessageId::kPortNotOpened) + " ( COM1 )");
   Press(VK_RETURN);
   till.Gone(first);
   till.Form(window_class::kOrvMsg, kAlarm);
   EXPECT_FALSE(till.HasIcon());
   Press(VK_RETURN);
   till.AwaitStart();
-  const std::string refusal = LoadMessage(168) + " ( COM1 )";
+  const std::string refusal = LoadMessage(MessageId::kPortNotOpened) + " ( COM1 )";
   EXPECT_EQ(shop.Journal("Err.txt"), (Lines{refusal, refusal}));
 }
 
@@ -111,10 +112,11 @@ TEST(Start, EndsWhenThePortIsGivenUp) {
   const Shop shop("port-fails 9\n");
   const Till till(shop);
   Click(till.Form(window_class::kOrvMsg, kAlarm), kCommand0 + 2);
-  till.Form(window_class::kOrvMsg, "Orvenza - " + LoadMessage(152));
+  till.Form(window_class::kOrvMsg, "Orvenza - " + LoadMessage(MessageId::kEndRequest));
   Press(VK_RETURN);
   EXPECT_EQ(till.ExitCode(), 0U);
-  EXPECT_EQ(shop.Journal("Err.txt"), (Lines{LoadMessage(168) + " ( COM1 )", LoadMessage(151)}));
+  EXPECT_EQ(shop.Journal("Err.txt"), (Lines{LoadMessage(MessageId::kPortNotOpened) + " ( COM1 )",
+                                            LoadMessage(MessageId::kLinkCancelled)}));
 }
 
 TEST(Start, SaysThatThereIsNoControl) {
@@ -131,10 +133,10 @@ TEST(Start, RefusesASecondCopyAndLeavesTheFirstAlone) {
   first.AwaitStart();
   const Till second(shop);
   const HWND message = second.Form(window_class::kOrvMsg, "Orvenza");
-  EXPECT_EQ(TextOf(message, control_id::kText1), "\r\n" + LoadMessage(108));
+  EXPECT_EQ(TextOf(message, control_id::kText1), "\r\n" + LoadMessage(MessageId::kAlreadyRunning));
   Press(VK_RETURN);
   EXPECT_EQ(second.ExitCode(), 3U);
-  EXPECT_EQ(shop.Journal("error.txt"), (Lines{LoadMessage(108)}));
+  EXPECT_EQ(shop.Journal("error.txt"), (Lines{LoadMessage(MessageId::kAlreadyRunning)}));
   EXPECT_TRUE(first.HasIcon());
   EXPECT_EQ(shop.Journal("Log.txt"), kStarted);
 }

@@ -54,7 +54,7 @@ TEST(Quit, ComesInManyForms) {
     shop.folder.Write("command.txt", command);
     till.ExpectEnd();
     EXPECT_FALSE(shop.folder.Has("command.txt")) << command;
-    EXPECT_EQ(shop.Journal("Log.txt").end()[-2], LoadMessage(104)) << command;
+    EXPECT_EQ(shop.Journal("Log.txt").end()[-2], LoadMessage(MessageId::kQuitCommand)) << command;
   }
 }
 

@@ -207,8 +207,9 @@ std::vector<BundleEntry> CollectBundle(const Installation& shop, const Findings&
 }
 
 std::string MaskLog(const std::string& log, char separator, bool& masked) {
-  const std::string line = LoadMessage(124) + " ";
-  const std::string file = LoadMessage(197) + " ";  // Such a field may hold anything but a file's name.
+  const std::string line = LoadMessage(MessageId::kInvalidLine) + " ";
+  const std::string file =
+      LoadMessage(MessageId::kInvalidBitmap) + " ";  // Such a field may hold anything but a file's name.
   std::string result;
   for (std::size_t at = 0; at < log.size();) {
     const std::size_t lineAt = log.find(line, at);

@@ -32,7 +32,7 @@ std::vector<CaseReply> RepliesTo(const ShownDialog& dialog) {
             {buttons[2], Answer::kTryPort},
             {kClose, Answer::kTryPort}};
   }
-  if (dialog.caption.find(LoadMessage(152)) != std::string::npos) {
+  if (dialog.caption.find(LoadMessage(MessageId::kEndRequest)) != std::string::npos) {
     return {{buttons[1], Answer::kStay}, {buttons[0], Answer::kEndProgram}};
   }
   return {{buttons[0], Answer::kCloseReceipt},
