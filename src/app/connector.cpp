@@ -66,7 +66,7 @@ int Connector::Run(bool anotherInstanceRuns) {
 void Connector::Main(bool anotherInstanceRuns) {
   if (anotherInstanceRuns) {
     const auto tell = [&] {
-      messages_.ShowOperatorMessage(LoadMessage(MessageId::kAlreadyRunning), message_style::kStop, {});
+      messages_.ShowOperatorMessage(LoadMessage(MessageId::kAlreadyRunning), {MessageIcon::kStop}, {});
     };
     const auto log = [&] { logs_.WrErr(LoadMessage(MessageId::kAlreadyRunning)); };
     RefuseStart(exit_status::kServedAlready, tell, log);
@@ -100,7 +100,7 @@ void Connector::PrepareSettings() {
   }
   settings_.IniUpgradeDone = false;
   const auto stepDone = [&] {
-    messages_.ShowOperatorMessage(LoadMessage(MessageId::kIniUpgraded), message_style::kInformation, {});
+    messages_.ShowOperatorMessage(LoadMessage(MessageId::kIniUpgraded), {MessageIcon::kInformation}, {});
   };
   bool isKnown = false;
   ReadSettings([&] { isKnown = settingsFile_.UpgradeIni(settings_, stepDone); });
@@ -108,7 +108,7 @@ void Connector::PrepareSettings() {
     RefuseStart(exit_status::kSettings, [&] {
       messages_.ShowOperatorMessage(LoadMessage(MessageId::kWrongIniVersion) + std::string(kLineBreak) +
                                         LoadMessage(MessageId::kProgramEnded),
-                                    message_style::kStop, {});
+                                    {MessageIcon::kStop}, {});
     });
   }
   ReadSettings([&] { settingsFile_.ReadIni(settings_); });
@@ -238,7 +238,7 @@ void Connector::Pm1() {
   CloseMessage();
   const OpenMark mark(exitAsked_);
   const PollingPause pause(timer1_);
-  if (!ConfirmEnd(messages_, message_style::kExclamation)) return;
+  if (!ConfirmEnd(messages_, MessageIcon::kExclamation)) return;
   logs_.WrLog(LoadMessage(MessageId::kEndedByOperator));
   loop_.RequestEnd({.unload = true});
 }

@@ -106,9 +106,9 @@ CashDialogues::VoidStep CashDialogues::ExamineVoidReply(std::string& data) {
 bool CashDialogues::OperatorWantsAutomaticClose() {
   const std::string question = LoadMessage(MessageId::kReceiptNotVoided) + std::string(kLineBreak) +
                                LoadMessage(MessageId::kCloseReceiptQuestion);
-  const int style = message_style::kYesNo + message_style::kExclamation + message_style::kSecondDefault;
+  const MessageStyle style{MessageIcon::kExclamation, MessageButtons::kYesNo, DefaultButton::kSecond};
   return messages_.ShowOperatorMessage(question, style, LoadMessage(MessageId::kWarning)) ==
-         message_result::kYes;
+         MessageResult::kYes;
 }
 
 void CashDialogues::LogReply() {

@@ -122,13 +122,13 @@ void DeviceLink::AskAboutClosedPort() {
   const std::string text =
       LoadMessage(MessageId::kPortNotOpened) + " ( COM" + std::to_string(settings_.ComPortNumber) + " )";
   logs_.WrErr(std::string(text));
-  const int answer =
-      messages_.ShowOperatorMessage(text, message_style::kRetryCancelConfigure + message_style::kInformation,
+  const MessageResult answer =
+      messages_.ShowOperatorMessage(text, {MessageIcon::kInformation, MessageButtons::kRetryCancelConfigure},
                                     LoadMessage(MessageId::kCommunicationWarning));
-  if (answer == message_result::kConfigure) {
+  if (answer == MessageResult::kConfigure) {
     portDialog_.Show();
-  } else if (answer == message_result::kCancel) {
-    if (ConfirmEnd(messages_, message_style::kStop)) {
+  } else if (answer == MessageResult::kCancel) {
+    if (ConfirmEnd(messages_, MessageIcon::kStop)) {
       logs_.WrErr(LoadMessage(MessageId::kLinkCancelled));
       throw ProgramEnd{.unload = false};
     }
@@ -153,7 +153,7 @@ bool DeviceLink::DeviceReady() {
   for (int read = 0; read < kPresenceReads; ++read) {
     if (Present()) return read == 0;
     logs_.WrErr(LoadMessage(MessageId::kDeviceOff));
-    messages_.ShowOperatorMessage(LoadMessage(MessageId::kDeviceOff), message_style::kStop,
+    messages_.ShowOperatorMessage(LoadMessage(MessageId::kDeviceOff), {MessageIcon::kStop},
                                   LoadMessage(MessageId::kCommunicationWarning));
   }
   return false;

@@ -5,12 +5,12 @@
 
 namespace orvenza {
 
-bool ConfirmEnd(OperatorMessages& messages, int icon) {
+bool ConfirmEnd(OperatorMessages& messages, MessageIcon icon) {
   const std::string question = LoadMessage(MessageId::kNoReceiptsAfterEnd) + std::string(kLineBreak) +
                                LoadMessage(MessageId::kAreYouSure);
-  const int style = message_style::kYesNo + icon + message_style::kSecondDefault;
+  const MessageStyle style{icon, MessageButtons::kYesNo, DefaultButton::kSecond};
   return messages.ShowOperatorMessage(question, style, LoadMessage(MessageId::kEndRequest)) ==
-         message_result::kYes;
+         MessageResult::kYes;
 }
 
 }  // namespace orvenza

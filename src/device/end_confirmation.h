@@ -4,8 +4,8 @@
 
 namespace orvenza {
 
-/// Asks whether the program is really to end, since no receipt can be printed any more; `icon` is the icon
-/// part of the style. True only for a clear yes.
-bool ConfirmEnd(OperatorMessages& messages, int icon);
+/// Asks whether the program is really to end, since no receipt can be printed any more. True only for a clear
+/// yes.
+bool ConfirmEnd(OperatorMessages& messages, MessageIcon icon);
 
 }  // namespace orvenza

@@ -51,7 +51,7 @@ bool LogoDownload::Download(const std::string& number, const std::string& path,
   std::vector<std::string> rows;
   const bool read = logs_.Attempt("Trasmissione ", [&] { rows = ReadLogoRows(files_, path); });
   if (read && SendRows(number, rows, commandLine, givenUp)) return true;
-  messages_.ShowOperatorMessage(LoadMessage(MessageId::kCheckPower), message_style::kExclamation,
+  messages_.ShowOperatorMessage(LoadMessage(MessageId::kCheckPower), {MessageIcon::kExclamation},
                                 LoadMessage(MessageId::kWarning));
   return false;
 }

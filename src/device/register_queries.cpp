@@ -103,11 +103,11 @@ bool RegisterQueries::SettleReply(const std::string& code, std::string& data) {
 
 bool RegisterQueries::AskRetry(const std::string& text) {
   logs_.WrErr(std::string(text));
-  const int answer =
-      messages_.ShowOperatorMessage(text, message_style::kRetryCancelConfigure + message_style::kInformation,
+  const MessageResult answer =
+      messages_.ShowOperatorMessage(text, {MessageIcon::kInformation, MessageButtons::kRetryCancelConfigure},
                                     LoadMessage(MessageId::kCommunicationWarning));
-  if (answer == message_result::kConfigure) portDialog_.Show();
-  if (answer == message_result::kCancel && ConfirmEnd(messages_, message_style::kStop)) {
+  if (answer == MessageResult::kConfigure) portDialog_.Show();
+  if (answer == MessageResult::kCancel && ConfirmEnd(messages_, MessageIcon::kStop)) {
     logs_.WrErr(LoadMessage(MessageId::kLinkCancelled));
     return false;
   }
@@ -123,8 +123,7 @@ void RegisterQueries::ReopenLink() {
 void RegisterQueries::VoidOpenReceipt() {
   const std::string text =
       LoadMessage(MessageId::kSendingVoid) + std::string(kLineBreak) + LoadMessage(MessageId::kCheckKey);
-  messages_.ShowOperatorMessage(text, message_style::kOk + message_style::kExclamation,
-                                LoadMessage(MessageId::kWarning));
+  messages_.ShowOperatorMessage(text, {MessageIcon::kExclamation}, LoadMessage(MessageId::kWarning));
   cash_.InvioVOID();
   loop_.Pause(1000ms);
   ReopenLink();

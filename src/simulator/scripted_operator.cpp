@@ -120,12 +120,12 @@ void ScriptedOperator::CloseMessage() {
   for (bool* closed : openMessages_) *closed = true;
 }
 
-int ScriptedOperator::ShowMessage(const MessageContent& content) {
+std::optional<int> ScriptedOperator::ShowMessage(const MessageContent& content) {
   OpenMessage message(openMessages_);
   ShownDialog& dialog = Record(
       {DialogKind::kMessage, content.caption, "", content.text, content.icon, {}, content.buttons, ""});
   const auto answer = NextAnswer(dialog, message.Closed());
-  if (!answer) return 0;
+  if (!answer) return std::nullopt;
   const int button = Find(content.buttons, *answer);
   if (button == 0) throw BadAnswer{*answer, dialog};
   return button;

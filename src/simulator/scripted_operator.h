@@ -83,7 +83,7 @@ class ScriptedOperator : public Operator {
 
   std::size_t AnswersLeft() const { return answers_.size(); }
 
-  int ShowMessage(const MessageContent& content) override;
+  std::optional<int> ShowMessage(const MessageContent& content) override;
   void CloseMessage() override;
   std::optional<int> ShowChoice(const ChoiceContent& content) override;
   std::optional<std::array<int, 5>> ShowPortSettings(const PortContent& content) override;

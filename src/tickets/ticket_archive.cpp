@@ -167,7 +167,7 @@ void TicketArchive::MoveSettled(const std::string& workFile, RememberedFiles::Se
 void TicketArchive::ReportMissingDrive(const std::string& folder) {
   const std::string text = LoadMessage(MessageId::kDriveUnavailable) + " " + folders_.DriveOf(folder);
   logs_.WrErr(std::string(text));
-  messages_.ShowOperatorMessage(text, message_style::kStop, LoadMessage(MessageId::kWarning));
+  messages_.ShowOperatorMessage(text, {MessageIcon::kStop}, LoadMessage(MessageId::kWarning));
 }
 
 }  // namespace orvenza

@@ -51,11 +51,11 @@ class Operator {
  public:
   virtual ~Operator() = default;
 
-  /// Shows the message dialog. Returns the number of the pressed button, from 1, or 0 when the dialog was
+  /// Shows the message dialog. Returns the number of the pressed button, from 1; nothing when the dialog was
   /// closed by other means.
-  virtual int ShowMessage(const MessageContent& content) = 0;
+  virtual std::optional<int> ShowMessage(const MessageContent& content) = 0;
 
-  /// Closes every message dialog that waits now; their calls return 0 once control is back with them.
+  /// Closes every message dialog that waits now; their calls return nothing once control is back with them.
   virtual void CloseMessage() = 0;
 
   /// Shows the choice dialog. Returns the option selected when the button was pressed, from 1, 0 when none

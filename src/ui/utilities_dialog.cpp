@@ -86,10 +86,9 @@ bool UtilitiesDialog::RequestClosure(int kind) {
 }
 
 bool UtilitiesDialog::Confirmed(const std::string& question) {
-  using namespace message_style;
-  const int style = kYesNo + kInformation + kSecondDefault;
+  const MessageStyle style{MessageIcon::kInformation, MessageButtons::kYesNo, DefaultButton::kSecond};
   return messages_.ShowOperatorMessage(question, style, LoadMessage(MessageId::kClosureRequest)) ==
-         message_result::kYes;
+         MessageResult::kYes;
 }
 
 /// A count that fails warns as well: closing the fiscal day too early cannot be undone.

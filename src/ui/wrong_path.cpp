@@ -12,7 +12,7 @@ void Report(OperatorMessages& messages, Logs& logs, const std::string& what, con
   const std::string lineBreak(kLineBreak);
   messages.ShowOperatorMessage(
       what + lineBreak + path + lineBreak + lineBreak + LoadMessage(MessageId::kProgramWillEnd),
-      message_style::kStop, {});
+      {MessageIcon::kStop}, {});
 }
 
 }  // namespace

@@ -37,8 +37,8 @@ class ScriptedOperatorTest : public testing::Test {
 TEST_F(ScriptedOperatorTest, PressesTheButtonThatIsNamed) {
   const struct {
     const char* answer;
-    int button;
-  } cases[] = {{"Sì", 1}, {"No", 2}, {"no", 2}, {"&No", 2}, {"close", 0}};
+    std::optional<int> button;
+  } cases[] = {{"Sì", 1}, {"No", 2}, {"no", 2}, {"&No", 2}, {"close", std::nullopt}};
   for (const auto& [answer, button] : cases) {
     person.Answer(answer);
     EXPECT_EQ(person.ShowMessage(question), button) << answer;
@@ -180,7 +180,7 @@ TEST_F(ScriptedOperatorTest, TheMenuCanCloseTheMessageThatWaits) {
   });
   person.Answer("menu Esci");
   person.Answer("No");
-  EXPECT_EQ(person.ShowMessage(question), 0);
+  EXPECT_EQ(person.ShowMessage(question), std::nullopt);
   ASSERT_EQ(person.Shown().size(), 2u);
   EXPECT_EQ(person.Shown()[0].answer, "menu Esci");
   EXPECT_EQ(person.Shown()[1].answer, "No");
@@ -189,13 +189,13 @@ TEST_F(ScriptedOperatorTest, TheMenuCanCloseTheMessageThatWaits) {
 TEST_F(ScriptedOperatorTest, ClosingReachesEveryMessageThatWaitsButNoLaterOne) {
   person.SetMenuHandler([&](MenuItem item) {
     if (item == MenuItem::kExit) {
-      EXPECT_EQ(person.ShowMessage(question), 0);
+      EXPECT_EQ(person.ShowMessage(question), std::nullopt);
     } else {
       person.CloseMessage();
     }
   });
   for (const char* answer : {"menu Esci", "menu Info", "No"}) person.Answer(answer);
-  EXPECT_EQ(person.ShowMessage(question), 0);
+  EXPECT_EQ(person.ShowMessage(question), std::nullopt);
   EXPECT_EQ(person.ShowMessage(question), 2);
 }
 
@@ -230,7 +230,7 @@ TEST_F(ScriptedOperatorTest, TheEndOfTheProgramEndsTheUtilitiesEvenWhenTheyClose
 TEST_F(ScriptedOperatorTest, LetsEventsThroughBeforeItAnswers) {
   clock.After(0ms, [&] { person.CloseMessage(); });
   person.Answer("No");
-  EXPECT_EQ(person.ShowMessage(question), 0);
+  EXPECT_EQ(person.ShowMessage(question), std::nullopt);
   EXPECT_EQ(person.AnswersLeft(), 1u);
 }
 
@@ -243,7 +243,7 @@ TEST_F(ScriptedOperatorTest, TakesItsTimeToAnswer) {
 TEST_F(ScriptedOperatorTest, AMessageClosedBeforeTheAnswerLeavesItToTheNext) {
   clock.After(1s, [&] { person.CloseMessage(); });
   person.Answer("No", 5s);
-  EXPECT_EQ(person.ShowMessage(question), 0);
+  EXPECT_EQ(person.ShowMessage(question), std::nullopt);
   EXPECT_EQ(clock.Uptime(), 1s);
   EXPECT_EQ(person.ShowMessage(question), 2);
 }

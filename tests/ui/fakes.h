@@ -26,7 +26,7 @@ namespace orvenza::test {
 /// Answers dialogs from queues and remembers what each showed. An empty queue closes the dialog.
 class FakeOperator : public Operator {
  public:
-  std::deque<int> messageAnswers;
+  std::deque<std::optional<int>> messageAnswers;
   std::deque<std::optional<int>> choiceAnswers;
   std::optional<std::array<int, 5>> portAnswer;
   std::deque<int> utilityButtons;
@@ -38,9 +38,9 @@ class FakeOperator : public Operator {
   std::vector<UtilitiesContent> utilities;
   bool utilitiesClosedByButton = false;
 
-  int ShowMessage(const MessageContent& content) override {
+  std::optional<int> ShowMessage(const MessageContent& content) override {
     messages.push_back(content);
-    return Next(messageAnswers, 0);
+    return Next(messageAnswers, std::optional<int>());
   }
   void CloseMessage() override {}
   std::optional<int> ShowChoice(const ChoiceContent& content) override {

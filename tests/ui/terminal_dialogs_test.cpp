@@ -145,7 +145,7 @@ TEST_F(TerminalDialogsTest, AsksInsideTheUtilities) {
   std::vector<int> answers;
   for (const char* line : {"2", "2", "2", "1"}) Type(line);
   terminal.ShowUtilities(kUtilities, [&](int) {
-    answers.push_back(Show(4));
+    answers.push_back(Show(MessageButtons::kYesNo));
     return answers.back() == 1;
   });
   EXPECT_EQ(answers, (std::vector{2, 1}));

@@ -37,7 +37,12 @@ class TerminalOperatorTest : public ::testing::Test {
   void EndInput() {
     pump.events.push_back([this] { terminal.OnEndOfInput(); });
   }
-  int Show(int style) { return terminal.ShowMessage(BuildMessage("Domanda ?", style, "", "Orvenza")); }
+  /// The button pressed, 0 none.
+  int Show(MessageStyle style) {
+    return terminal.ShowMessage(BuildMessage("Domanda ?", style, "", "Orvenza")).value_or(0);
+  }
+  int Show(MessageButtons buttons) { return Show({MessageIcon::kNone, buttons}); }
+
   /// What was printed since the last call.
   std::string Printed() {
     std::string text = out.str();

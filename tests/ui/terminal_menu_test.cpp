@@ -18,7 +18,7 @@ TEST_F(TerminalMenuTest, IsNeitherOfferedNorOpenedWithoutTheIcon) {
   Printed();
   Type("m");
   Type("2");
-  EXPECT_EQ(Show(4), 2);
+  EXPECT_EQ(Show(MessageButtons::kYesNo), 2);
   EXPECT_EQ(Count("Domanda ?"), 2);
   EXPECT_EQ(Count("Il menu si apre quando il programma è in funzione.\n"), 1);
   EXPECT_EQ(picked, std::vector<MenuItem>{});
@@ -97,7 +97,7 @@ TEST_F(TerminalMenuTest, ShowsAWaitingMessageAgainAfterTheMenu) {
   Type("m");
   Type("3");
   Type("2");
-  EXPECT_EQ(Show(4), 2);
+  EXPECT_EQ(Show(MessageButtons::kYesNo), 2);
   EXPECT_EQ(picked, std::vector{MenuItem::kInfo});
   EXPECT_EQ(Count("Domanda ?"), 3);
 }
@@ -106,12 +106,12 @@ TEST_F(TerminalMenuTest, ReturnsFromAMessageClosedByTheMenuAfterTheInnerDialog) 
   std::vector<int> results;
   menuAction = [&] {
     terminal.CloseMessage();
-    results.push_back(Show(4));
+    results.push_back(Show(MessageButtons::kYesNo));
   };
   Type("m");
   Type("1");
   Type("2");
-  results.push_back(Show(6));
+  results.push_back(Show(MessageButtons::kRetryCancelConfigure));
   EXPECT_EQ(results, (std::vector{2, 0}));
   EXPECT_EQ(Count(kClosed), 1);
   EXPECT_EQ(Count("Domanda ?"), 2);
@@ -120,12 +120,12 @@ TEST_F(TerminalMenuTest, ReturnsFromAMessageClosedByTheMenuAfterTheInnerDialog) 
 TEST_F(TerminalMenuTest, ClosesEveryMessageThatWaits) {
   std::vector<int> results;
   menuAction = [&] {
-    if (picked.back() == MenuItem::kInfo) return results.push_back(Show(4));
+    if (picked.back() == MenuItem::kInfo) return results.push_back(Show(MessageButtons::kYesNo));
     terminal.CloseMessage();
-    results.push_back(Show(4));
+    results.push_back(Show(MessageButtons::kYesNo));
   };
   for (const char* line : {"m", "3", "m", "1", "1"}) Type(line);
-  results.push_back(Show(4));
+  results.push_back(Show(MessageButtons::kYesNo));
   EXPECT_EQ(results, (std::vector{1, 0, 0}));
 }
 
@@ -141,7 +141,7 @@ TEST_F(TerminalMenuTest, IgnoresFurtherLinesForAMessageThatIsClosedAlready) {
   pump.events.emplace_back([this] {
     for (const char* line : {"m", "1", "1", "m"}) terminal.OnLine(line);
   });
-  EXPECT_EQ(Show(4), 0);
+  EXPECT_EQ(Show(MessageButtons::kYesNo), 0);
   EXPECT_EQ(Count(kNoQuestion), 2);
   EXPECT_EQ(picked.size(), 1U);
 }
@@ -150,7 +150,7 @@ TEST_F(TerminalMenuTest, TakesNoAnswerForAMenuThatADialogHasCovered) {
   terminal.OnLine("m");
   Type("1");
   Type("2");
-  EXPECT_EQ(Show(4), 2);
+  EXPECT_EQ(Show(MessageButtons::kYesNo), 2);
   EXPECT_TRUE(picked.empty());
 }
 
@@ -164,7 +164,7 @@ TEST_F(TerminalMenuTest, NotesTheEndThatAMenuItemThrows) {
 TEST_F(TerminalMenuTest, LetsAPauseRunToItsEndWhenAMenuItemEndsTheProgram) {
   menuAction = [&] {
     loop.RequestEnd({true});
-    Show(4);
+    Show(MessageButtons::kYesNo);
   };
   Type("m");
   Type("1");
@@ -175,14 +175,14 @@ TEST_F(TerminalMenuTest, LetsAPauseRunToItsEndWhenAMenuItemEndsTheProgram) {
 
 TEST_F(TerminalMenuTest, ThrowsTheProgramEndFromADialogAndForgetsIt) {
   pump.events.emplace_back([this] { loop.RequestEnd({true}); });
-  EXPECT_THROW(Show(4), ProgramEnd);
+  EXPECT_THROW(Show(MessageButtons::kYesNo), ProgramEnd);
   Printed();
   terminal.OnLine("1");
   EXPECT_EQ(Printed(), kNoQuestion);
 }
 
 TEST_F(TerminalMenuTest, ThrowsTheProgramEndFromNestedDialogs) {
-  menuAction = [&] { Show(4); };
+  menuAction = [&] { Show(MessageButtons::kYesNo); };
   Type("m");
   Type("1");
   pump.events.emplace_back([this] { loop.RequestEnd({false}); });
@@ -195,9 +195,9 @@ TEST_F(TerminalMenuTest, ThrowsTheProgramEndFromNestedDialogs) {
 
 TEST_F(TerminalMenuTest, ClosesADialogOneSecondAfterItWasShownOnceTheInputHasEnded) {
   terminal.OnEndOfInput();
-  EXPECT_EQ(Show(4), 0);
+  EXPECT_EQ(Show(MessageButtons::kYesNo), 0);
   EXPECT_EQ(clock.uptime, 1s);
-  EXPECT_EQ(Show(0), 0);
+  EXPECT_EQ(Show(MessageButtons::kOk), 0);
   EXPECT_EQ(clock.uptime, 2s);
   EXPECT_EQ(Count(kClosed), 2);
 }
@@ -212,11 +212,11 @@ TEST_F(TerminalMenuTest, ClosesEveryKindOfDialogWhenTheInputEnds) {
 
 TEST_F(TerminalMenuTest, ClosesWaitingDialogsFromTheInnermostWhenTheInputEnds) {
   std::vector<int> results;
-  menuAction = [&] { results.push_back(Show(4)); };
+  menuAction = [&] { results.push_back(Show(MessageButtons::kYesNo)); };
   Type("m");
   Type("3");
   EndInput();
-  results.push_back(Show(4));
+  results.push_back(Show(MessageButtons::kYesNo));
   EXPECT_EQ(results, (std::vector{0, 0}));
   EXPECT_EQ(clock.uptime, 1s);
 }
@@ -226,7 +226,7 @@ TEST_F(TerminalMenuTest, TakesTheLastLineBeforeTheEndOfTheInput) {
     terminal.OnLine("2");
     terminal.OnEndOfInput();
   });
-  EXPECT_EQ(Show(4), 2);
+  EXPECT_EQ(Show(MessageButtons::kYesNo), 2);
 }
 
 }  // namespace

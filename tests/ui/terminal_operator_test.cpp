@@ -13,7 +13,9 @@ namespace {
 
 TEST_F(TerminalOperatorTest, ShowsAMessageAsAFramedBlock) {
   Type("2");
-  terminal.ShowMessage(BuildMessage("Sei sicuro ? Sì, perché no", 52, "Richiesta di Fine", "Orvenza"));
+  terminal.ShowMessage(BuildMessage("Sei sicuro ? Sì, perché no",
+                                    {MessageIcon::kExclamation, MessageButtons::kYesNo}, "Richiesta di Fine",
+                                    "Orvenza"));
   EXPECT_EQ(out.str(), R"(
 +----------------------------------------------------------------------+
 | ATTENZIONE | Orvenza - Richiesta di Fine                             |
@@ -33,7 +35,8 @@ TEST_F(TerminalOperatorTest, DrawsBoxesAsWideAsTheTerminal) {
   std::size_t width = 40;
   terminal.SetWidth([&] { return width; });
   Type("2");
-  terminal.ShowMessage(BuildMessage("Sei sicuro ?", 52, "Richiesta di Fine", "Orvenza"));
+  terminal.ShowMessage(BuildMessage("Sei sicuro ?", {MessageIcon::kExclamation, MessageButtons::kYesNo},
+                                    "Richiesta di Fine", "Orvenza"));
   EXPECT_EQ(Count("\n+" + std::string(38, '-') + "+\n"), 4);
 }
 
@@ -52,7 +55,7 @@ TEST_F(TerminalOperatorTest, SaysWhereTicketsGoOnceItRuns) {
 TEST_F(TerminalOperatorTest, SoundsTheBellForMessagesWhereThereIsOne) {
   TerminalOperator audible(out, loop, clock, true);
   audible.OnEndOfInput();
-  audible.ShowMessage(BuildMessage("Domanda ?", 4, "", "Orvenza"));
+  audible.ShowMessage(BuildMessage("Domanda ?", {MessageIcon::kNone, MessageButtons::kYesNo}, "", "Orvenza"));
   EXPECT_EQ(Count("\a"), 1);
   audible.ShowChoice(PaperOut());
   EXPECT_EQ(Count("\a"), 1);
@@ -62,7 +65,8 @@ TEST_F(TerminalOperatorTest, ShowsALongMessageAtTheLeftBelowAnEmptyRow) {
   Type("");
   const std::string text =
       "Chiudendo l'applicazione non sara' più possibile stampare gli scontrini\r\nSei sicuro ?";
-  terminal.ShowMessage(BuildMessage(text, 22, "", "Orvenza"));
+  terminal.ShowMessage(
+      BuildMessage(text, {MessageIcon::kStop, MessageButtons::kRetryCancelConfigure}, "", "Orvenza"));
   EXPECT_EQ(out.str(), R"(
 +----------------------------------------------------------------------+
 | STOP | Orvenza                                                       |
@@ -81,14 +85,15 @@ Risposta: Riprova
 }
 
 TEST_F(TerminalOperatorTest, NamesEachIcon) {
-  const std::pair<int, const char*> icons[] = {{16, "| STOP | Orvenza "},
-                                               {32, "| DOMANDA | Orvenza "},
-                                               {48, "| ATTENZIONE | Orvenza "},
-                                               {64, "| INFORMAZIONE | Orvenza "},
-                                               {0, "| Orvenza "}};
-  for (const auto& [style, row] : icons) {
+  const std::pair<MessageIcon, const char*> icons[] = {
+      {MessageIcon::kStop, "| STOP | Orvenza "},
+      {MessageIcon::kQuestion, "| DOMANDA | Orvenza "},
+      {MessageIcon::kExclamation, "| ATTENZIONE | Orvenza "},
+      {MessageIcon::kInformation, "| INFORMAZIONE | Orvenza "},
+      {MessageIcon::kNone, "| Orvenza "}};
+  for (const auto& [icon, row] : icons) {
     Type("");
-    Show(style);
+    Show({icon});
     EXPECT_NE(Printed().find(row), std::string::npos) << row;
   }
 }
@@ -99,14 +104,14 @@ TEST_F(TerminalOperatorTest, TakesAnAnswerInAnyForm) {
                                                  {"x", 0},         {"X", 0}, {"A", 2},         {"chiudi", 0}};
   for (const auto& [answer, button] : answers) {
     Type(answer);
-    EXPECT_EQ(Show(6), button) << answer;
+    EXPECT_EQ(Show(MessageButtons::kRetryCancelConfigure), button) << answer;
   }
 }
 
 TEST_F(TerminalOperatorTest, TakesAnAccentedAnswerInEitherEncoding) {
   for (const char* answer : {"s\xC3\xAC", "s\xEC", "si"}) {
     Type(answer);
-    EXPECT_EQ(Show(4), 1);
+    EXPECT_EQ(Show(MessageButtons::kYesNo), 1);
   }
 }
 
@@ -114,14 +119,14 @@ TEST_F(TerminalOperatorTest, AsksAgainAfterAnUnknownAnswer) {
   Type("forse");
   Type("3");
   Type("2");
-  EXPECT_EQ(Show(4), 2);
+  EXPECT_EQ(Show(MessageButtons::kYesNo), 2);
   const std::string hint = "Numero + Invio (solo Invio: Sì; x: chiudi; m: menu)\n";
   EXPECT_NE(Printed().find(hint + kRejected + hint + kRejected + hint + "Risposta: No\n"), std::string::npos);
 }
 
 TEST_F(TerminalOperatorTest, SaysWhenADialogIsClosedWithoutAnAnswer) {
   Type("x");
-  EXPECT_EQ(Show(4), 0);
+  EXPECT_EQ(Show(MessageButtons::kYesNo), 0);
   EXPECT_TRUE(out.str().ends_with(kClosed));
 }
 
@@ -129,7 +134,7 @@ TEST_F(TerminalOperatorTest, TakesNoLineThatWasTypedBeforeTheQuestion) {
   pump.arrived.push_back([this] { terminal.OnLine("1"); });
   pump.arrived.push_back([this] { terminal.OnLine("m"); });
   Type("2");
-  EXPECT_EQ(Show(4), 2);
+  EXPECT_EQ(Show(MessageButtons::kYesNo), 2);
   EXPECT_TRUE(out.str().starts_with(std::string(kNoQuestion) + kNoQuestion + "\n+---"));
 }
 
@@ -139,8 +144,8 @@ TEST_F(TerminalOperatorTest, TakesNoLineThatCameTogetherWithTheLastAnswer) {
     terminal.OnLine("1");
   });
   Type("1");
-  EXPECT_EQ(Show(4), 2);
-  EXPECT_EQ(Show(4), 1);
+  EXPECT_EQ(Show(MessageButtons::kYesNo), 2);
+  EXPECT_EQ(Show(MessageButtons::kYesNo), 1);
   EXPECT_EQ(Count(kNoQuestion), 1);
 }
 

@@ -35,8 +35,9 @@ class UtilitiesDialogTest : public ::testing::Test {
     settings.SeparatorChar = '|';
     settings.ErrPath = "C:\\Orvenza\\Err.txt";
   }
-  /// Opens the dialog, presses `button`, and answers the questions with `answers` (1 yes, 2 no).
-  void Press(int button, std::deque<int> answers) {
+  /// Opens the dialog, presses `button`, and answers the questions with `answers` (1 yes, 2 no, nothing
+  /// closed).
+  void Press(int button, std::deque<std::optional<int>> answers) {
     person.utilityButtons = {button};
     person.messageAnswers = std::move(answers);
     dialog.Show();
@@ -89,7 +90,7 @@ TEST_F(UtilitiesDialogTest, RequestsTheClosureWithTheFinancialReport) {
 }
 
 TEST_F(UtilitiesDialogTest, WritesNothingUnlessTheQuestionIsAnsweredYes) {
-  for (const int answer : {2, 0}) {
+  for (const std::optional<int> answer : {std::optional(2), std::optional<int>()}) {
     Press(2, {answer});
     EXPECT_FALSE(person.utilitiesClosedByButton);
   }
@@ -112,7 +113,7 @@ TEST_F(UtilitiesDialogTest, AsksTwiceWhileTicketsWait) {
 
 TEST_F(UtilitiesDialogTest, StaysOpenWhenTheSecondQuestionIsNotAnsweredYes) {
   count = [] { return std::size_t{1}; };
-  for (const int answer : {2, 0}) {
+  for (const std::optional<int> answer : {std::optional(2), std::optional<int>()}) {
     Press(2, {1, answer});
     EXPECT_FALSE(person.utilitiesClosedByButton);
   }

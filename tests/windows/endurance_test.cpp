@@ -119,7 +119,8 @@ TEST_F(DialogEndurance, DialogsLeaveNothingBehind) {
   const auto show = [&](int rounds) {
     for (int i = 0; i < rounds; ++i) {
       WhenShown(CloseByCross);
-      messages.ShowOperatorMessage(LoadMessage(MessageId::kDeviceOff), 6 + 64,
+      messages.ShowOperatorMessage(LoadMessage(MessageId::kDeviceOff),
+                                   {MessageIcon::kInformation, MessageButtons::kRetryCancelConfigure},
                                    LoadMessage(MessageId::kCommunicationWarning));
       WhenShown(CloseByCross);
       person.ShowChoice(choice);

@@ -124,7 +124,7 @@ void FormBench::ExpectGone(int number) {
 
 void DialogBench::ShowMessage(const std::string& text, const std::function<void(HWND)>& answer) {
   WhenShown(answer);
-  messages.ShowOperatorMessage(text, message_style::kQuestion, "");
+  messages.ShowOperatorMessage(text, {MessageIcon::kQuestion}, "");
 }
 
 void DialogBench::ShowAll(const std::function<void(HWND)>& answer) {

@@ -143,13 +143,12 @@ TEST_F(FormLookTest, TheFirstButtonLooksLikeTheOneThatEnterPressesFromTheFirstMo
 }
 
 TEST_F(FormLookTest, TheButtonWithTheFocusLooksLikeTheOneThatEnterPresses) {
-  constexpr int kYesNo = 4;
   WhenShown([this](HWND form) {
     Press(VK_TAB);
     Await("the second button", [&] { return DefaultButtons(form) == std::vector{kCommand0 + 2}; });
     CloseByCross(form);
   });
-  messages.ShowOperatorMessage("Sei sicuro ?", kYesNo, "");
+  messages.ShowOperatorMessage("Sei sicuro ?", {MessageIcon::kNone, MessageButtons::kYesNo}, "");
   WhenShown([](HWND form) {
     SetFocus(GetDlgItem(form, kCommand + 1));
     SetFocus(GetDlgItem(form, kCombo + 1));

@@ -22,48 +22,59 @@ std::vector<int> Resolutions() {
 }
 
 struct ButtonSetCase {
-  int style;
-  std::vector<int> results;  ///< Of the buttons in their order.
-  int closed;
+  MessageButtons buttons;
+  std::vector<MessageResult> results;  ///< Of the buttons in their order.
+  MessageResult closed;
 };
 
-const ButtonSetCase kButtonSets[] = {
-    {0, {1}, 1},    {1, {1, 2}, 2},    {2, {3, 4, 5}, 0}, {3, {6, 7, 2}, 0}, {4, {6, 7}, 0},
-    {5, {4, 2}, 0}, {6, {4, 2, 8}, 0}, {7, {1}, 1},       {15, {1}, 1},
-};
+std::vector<ButtonSetCase> ButtonSets() {
+  using enum MessageResult;
+  return {
+      {MessageButtons::kOk, {kOk}, kOk},
+      {MessageButtons::kOkCancel, {kOk, kCancel}, kCancel},
+      {MessageButtons::kAbortRetryIgnore, {kAbort, kRetry, kIgnore}, kNone},
+      {MessageButtons::kYesNoCancel, {kYes, kNo, kCancel}, kNone},
+      {MessageButtons::kYesNo, {kYes, kNo}, kNone},
+      {MessageButtons::kRetryCancel, {kRetry, kCancel}, kNone},
+      {MessageButtons::kRetryCancelConfigure, {kRetry, kCancel, kConfigure}, kNone},
+  };
+}
 
 struct MessageFormTest : FormBench {
-  int Ask(int style, const std::function<void(HWND)>& answer) {
+  MessageResult Ask(MessageStyle style, const std::function<void(HWND)>& answer) {
     WhenShown(answer);
     return messages.ShowOperatorMessage("Sei sicuro ?", style, "");
+  }
+  MessageResult Ask(MessageButtons buttons, const std::function<void(HWND)>& answer) {
+    return Ask({MessageIcon::kNone, buttons}, answer);
   }
 
   OperatorMessages messages{person, "Orvenza"};
 };
 
 TEST_F(MessageFormTest, EveryButtonIsClicked) {
-  for (const auto& [style, results, closed] : kButtonSets) {
+  for (const auto& [buttons, results, closed] : ButtonSets()) {
     for (std::size_t i = 0; i < results.size(); ++i) {
       const int id = kCommand0 + 1 + static_cast<int>(i);
-      EXPECT_EQ(Ask(style, [&](HWND form) { Click(form, id); }), results[i]) << style << " " << id;
+      EXPECT_EQ(Ask(buttons, [&](HWND form) { Click(form, id); }), results[i]) << results.size() << " " << id;
     }
   }
 }
 
 TEST_F(MessageFormTest, EveryButtonIsReachedByTabAndPressedByEnter) {
-  for (const auto& [style, results, closed] : kButtonSets) {
+  for (const auto& [buttons, results, closed] : ButtonSets()) {
     for (std::size_t i = 0; i < results.size(); ++i) {
       const auto answer = [&](HWND) {
         for (std::size_t n = 0; n < i; ++n) Press(VK_TAB);
         Press(VK_RETURN);
       };
-      EXPECT_EQ(Ask(style, answer), results[i]) << style << " " << i;
+      EXPECT_EQ(Ask(buttons, answer), results[i]) << results.size() << " " << i;
     }
   }
 }
 
 TEST_F(MessageFormTest, EveryButtonIsReachedByArrowsAndPressedBySpace) {
-  for (const auto& [style, results, closed] : kButtonSets) {
+  for (const auto& [buttons, results, closed] : ButtonSets()) {
     for (std::size_t i = 0; i < results.size(); ++i) {
       const auto answer = [&](HWND) {
         // The last one backwards, from the first.
@@ -71,38 +82,46 @@ TEST_F(MessageFormTest, EveryButtonIsReachedByArrowsAndPressedBySpace) {
         if (i == 1) Press(VK_RIGHT);
         Press(VK_SPACE);
       };
-      EXPECT_EQ(Ask(style, answer), results[i]) << style << " " << i;
+      EXPECT_EQ(Ask(buttons, answer), results[i]) << results.size() << " " << i;
     }
   }
 }
 
 TEST_F(MessageFormTest, EscAndTheCrossCloseItWithoutAnAnswer) {
-  for (const auto& [style, results, closed] : kButtonSets) {
-    EXPECT_EQ(Ask(style, [](HWND) { Press(VK_ESCAPE); }), closed) << style;
-    EXPECT_EQ(Ask(style, CloseByCross), closed) << style;
+  for (const auto& [buttons, results, closed] : ButtonSets()) {
+    EXPECT_EQ(Ask(buttons, [](HWND) { Press(VK_ESCAPE); }), closed) << results.size();
+    EXPECT_EQ(Ask(buttons, CloseByCross), closed) << results.size();
   }
 }
 
 TEST_F(MessageFormTest, TheFocusIsOnTheFirstButtonWhateverTheStyleWants) {
-  for (const int style : {4, 4 + 256, 3 + 512, 2 + 256}) {
+  using enum MessageButtons;
+  const MessageStyle styles[] = {{MessageIcon::kNone, kYesNo, DefaultButton::kFirst},
+                                 {MessageIcon::kNone, kYesNo, DefaultButton::kSecond},
+                                 {MessageIcon::kNone, kYesNoCancel, DefaultButton::kThird},
+                                 {MessageIcon::kNone, kAbortRetryIgnore, DefaultButton::kSecond}};
+  for (const MessageStyle& style : styles) {
     Ask(style, [&](HWND form) {
-      EXPECT_EQ(FocusedId(form), kCommand0 + 1) << style;
+      EXPECT_EQ(FocusedId(form), kCommand0 + 1) << static_cast<int>(style.defaultButton);
       CloseByCross(form);
     });
   }
 }
 
 TEST_F(MessageFormTest, ShowsTheIconOfTheStyle) {
-  for (const auto& [style, image] : {std::pair(16, 0), {32, 1}, {48, 2}, {64, 3}}) {
-    Ask(style, [&](HWND form) {
-      for (int i = 0; i < 4; ++i) EXPECT_EQ(GetDlgItem(form, kImage + i) != nullptr, i == image) << style;
+  int image = 0;
+  for (const MessageIcon icon :
+       {MessageIcon::kStop, MessageIcon::kQuestion, MessageIcon::kExclamation, MessageIcon::kInformation}) {
+    Ask({icon}, [&](HWND form) {
+      for (int i = 0; i < 4; ++i) EXPECT_EQ(GetDlgItem(form, kImage + i) != nullptr, i == image) << image;
       CloseByCross(form);
     });
+    ++image;
   }
 }
 
 TEST_F(MessageFormTest, HasItsButtonsInARowOfFixedPlacesAtEveryResolution) {
-  Ask(6, [&](HWND form) {
+  Ask(MessageButtons::kRetryCancelConfigure, [&](HWND form) {
     for (const int dpi : Resolutions()) {
       ChangeDpi(form, dpi);
       RECT client{};
@@ -156,7 +175,8 @@ TEST_F(MessageFormTest, ShowsEveryTextInFull) {
                   lineBreak + lineBreak + LoadMessage(MessageId::kProgramWillEnd));
   for (const std::string& text : texts) {
     WhenShown(ExpectShownInFullAtEveryResolution);
-    messages.ShowOperatorMessage(text, 6 + 64, LoadMessage(MessageId::kCommunicationWarning));
+    messages.ShowOperatorMessage(text, {MessageIcon::kInformation, MessageButtons::kRetryCancelConfigure},
+                                 LoadMessage(MessageId::kCommunicationWarning));
   }
 }
 

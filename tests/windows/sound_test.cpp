@@ -30,7 +30,7 @@ TEST_F(SoundTest, IsReachedInAFolderThatTheCodePageCannotSpell) {
                           return TRUE;
                         }};
   WhenShown(CloseByCross);
-  OperatorMessages(other, "Orvenza").ShowOperatorMessage("Sei sicuro ?", message_style::kQuestion, "");
+  OperatorMessages(other, "Orvenza").ShowOperatorMessage("Sei sicuro ?", {MessageIcon::kQuestion}, "");
   ASSERT_EQ(sounds.size(), 1U);
   EXPECT_NE(GetFileAttributesA(sounds[0].first.c_str()), INVALID_FILE_ATTRIBUTES) << sounds[0].first;
 }

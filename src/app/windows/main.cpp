@@ -29,7 +29,7 @@ constexpr const char* kMenu = "While it runs, its icon in the notification area 
 
 /// For whoever started the program: at the console, or where nobody would see that, as a message of the
 /// connector.
-void Tell(const std::string& text, int style) {
+void Tell(const std::string& text, MessageIcon icon) {
   const ParentConsole console;
   if (console.IsThere()) return console.Write(text);
   std::string message;
@@ -42,7 +42,7 @@ void Tell(const std::string& text, int style) {
     WindowsEventPump pump;
     EventLoop loop(clock, pump);
     WindowsOperator person(loop, pump, HomeFolder(), ProgramName());
-    OperatorMessages(person, ProgramName()).ShowOperatorMessage(message, style, {});
+    OperatorMessages(person, ProgramName()).ShowOperatorMessage(message, {icon}, {});
   } catch (const std::exception&) {
     // There is nobody to tell it to.
   } catch (const ProgramEnd&) {
@@ -51,7 +51,7 @@ void Tell(const std::string& text, int style) {
 }
 
 int Refuse(const std::string& reason) {
-  Tell("Orvenza: " + reason + "\n", message_style::kStop);
+  Tell("Orvenza: " + reason + "\n", MessageIcon::kStop);
   return exit_status::kFailed;
 }
 
@@ -90,8 +90,8 @@ int RunConnector(const ProgramPaths& paths, const std::optional<FaultScript>& sc
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
   const CommandLine options = ParseCommandLine(CommandWords());
   if (!options.error.empty()) return Refuse(options.error + "\nSee 'Orvenza --help'.");
-  if (options.help) Tell(Usage(kMenu), message_style::kInformation);
-  if (options.version) Tell(std::string("Orvenza ") + kVersionText + "\n", message_style::kInformation);
+  if (options.help) Tell(Usage(kMenu), MessageIcon::kInformation);
+  if (options.version) Tell(std::string("Orvenza ") + kVersionText + "\n", MessageIcon::kInformation);
   if (options.help || options.version) return 0;
   try {
     const std::string folder = options.folder.empty() ? HomeFolder() : FullFolder(options.folder);

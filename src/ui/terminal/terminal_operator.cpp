@@ -136,11 +136,11 @@ void TerminalOperator::OnLine(const std::string& line) {
 
 void TerminalOperator::OnEndOfInput() { inputEnded_ = true; }
 
-int TerminalOperator::ShowMessage(const MessageContent& content) {
+std::optional<int> TerminalOperator::ShowMessage(const MessageContent& content) {
   Dialog dialog(*this, true);
   if (bell_) out_ << '\a';
   dialog.Open(DrawMessage(content, width_()));
-  return dialog.NextButton(content.buttons).value_or(0);
+  return dialog.NextButton(content.buttons);
 }
 
 void TerminalOperator::CloseMessage() {

@@ -49,7 +49,7 @@ class TerminalOperator final : public Operator, public NotificationIcon {
   /// Nothing will be entered any more: every dialog, from now on too, closes without an answer.
   void OnEndOfInput();
 
-  int ShowMessage(const MessageContent& content) override;
+  std::optional<int> ShowMessage(const MessageContent& content) override;
   void CloseMessage() override;
   std::optional<int> ShowChoice(const ChoiceContent& content) override;
   std::optional<std::array<int, 5>> ShowPortSettings(const PortContent& content) override;

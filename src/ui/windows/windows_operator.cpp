@@ -37,11 +37,12 @@ WindowsOperator::WindowsOperator(EventLoop& loop, WindowsEventPump& pump, std::s
       sessionGuard_(orvMain_.Handle()),
       consoleGuard_(orvMain_.Handle()) {}
 
-int WindowsOperator::ShowMessage(const MessageContent& content) {
+std::optional<int> WindowsOperator::ShowMessage(const MessageContent& content) {
   MessageForm form(desk_, content, programFolder_, play_);
   const WaitingMark mark(messages_, form);
   const int pressed = form.NextPress();
-  return pressed != 0 ? pressed - control_id::kCommand0 : 0;
+  if (pressed == 0) return std::nullopt;
+  return pressed - control_id::kCommand0;
 }
 
 void WindowsOperator::CloseMessage() {

@@ -31,7 +31,7 @@ class WindowsOperator final : public Operator, public NotificationIcon {
   /// event of the pump, dialogs included; a ProgramEnd of it is noted in the event loop.
   void SetMenuHandler(std::function<void(MenuItem)> handler) { menuHandler_ = std::move(handler); }
 
-  int ShowMessage(const MessageContent& content) override;
+  std::optional<int> ShowMessage(const MessageContent& content) override;
   void CloseMessage() override;
   std::optional<int> ShowChoice(const ChoiceContent& content) override;
   std::optional<std::array<int, 5>> ShowPortSettings(const PortContent& content) override;
