@@ -7,7 +7,7 @@
 namespace orvenza {
 namespace {
 
-/// Bytes that are asked for first, then as many as there are already: most files are small.
+/// Size of the first read; later ones double the buffer. Most files are small.
 constexpr std::size_t kPiece = 4 * 1024;
 
 }  // namespace
@@ -47,7 +47,7 @@ void RemoveReadOnlyToo(Files& files, const std::string& path) {
   try {
     files.ClearAttributes(path);
   } catch (const SystemError&) {
-    // Attributes may be another user's to clear; whether the file can be removed is another matter.
+    // Only another user may be allowed to clear the attributes. The file may be removable all the same.
   }
   files.Remove(path);
 }

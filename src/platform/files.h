@@ -10,7 +10,7 @@
 
 namespace orvenza {
 
-/// The bytes of an open file, front to back. Closed when destroyed.
+/// The bytes of an open file, read sequentially. The file is closed on destruction.
 class ByteReader {
  public:
   virtual ~ByteReader() = default;
@@ -19,7 +19,7 @@ class ByteReader {
   virtual std::size_t Read(char* buffer, std::size_t capacity) = 0;
 };
 
-/// The bytes of a text.
+/// A ByteReader of a text in memory.
 class TextBytes : public ByteReader {
  public:
   explicit TextBytes(std::string text) : text_(std::move(text)) {}
@@ -34,24 +34,24 @@ class TextBytes : public ByteReader {
   std::size_t next_ = 0;
 };
 
-/// The file operations of the connector. Paths are UTF-8 texts with "\" between their levels. Every operation
-/// throws SystemError when it fails.
+/// The connector's file operations. Paths are UTF-8 with "\" as separator. Every operation throws SystemError
+/// when it fails.
 class Files {
  public:
   virtual ~Files() = default;
 
   /// True when `path` names an existing file that is not a folder; false when the system says that there is
-  /// none. A look that fails for another reason (no right to look, a disk or a share in trouble) throws
-  /// SystemError: the file may be there.
+  /// none. A check that fails for another reason (missing rights, a disk or share in trouble) throws
+  /// SystemError: the file may exist.
   virtual bool Exists(const std::string& path) const = 0;
 
-  /// Length in bytes.
+  /// Size in bytes.
   virtual std::uintmax_t Size(const std::string& path) const = 0;
 
   virtual std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const = 0;
 
-  /// Adds `text` at the end of the file, which is created when missing. On return the text is with the
-  /// operating system: ending the process loses nothing.
+  /// Appends `text` to the file and creates it when missing. On return the text is with the operating system:
+  /// ending the process loses nothing.
   virtual void Append(const std::string& path, std::string_view text) = 0;
 
   /// Makes `path` a file with exactly this content, replacing an older one. The file appears whole or not at
@@ -62,35 +62,35 @@ class Files {
   /// all, and no listing shows it before it is whole.
   virtual void Copy(const std::string& from, const std::string& to) = 0;
 
-  /// Renames a file, replacing an older target: no moment in which it is in neither place or in both. Fails
-  /// where the target lies on another volume.
+  /// Renames a file, replacing an older target, atomically: at no moment is it in neither place or in both.
+  /// Fails when the target lies on another volume.
   virtual void Move(const std::string& from, const std::string& to) = 0;
 
   virtual void Remove(const std::string& path) = 0;
 
-  /// Clears read-only, hidden and the like, so that the file can be removed.
+  /// Clears read-only, hidden and similar attributes, so that the file can be removed.
   virtual void ClearAttributes(const std::string& path) = 0;
 
   /// Gives the file `to` the modification time of the file `from`.
   virtual void CopyModified(const std::string& from, const std::string& to) = 0;
 };
 
-/// Ending of a file that is still being written beside its target. Listings never show such names, see
+/// Suffix of a file that is still being written beside its target. Listings never show such names, see
 /// Folders::RemoveUnfinished.
 inline constexpr std::string_view kUnfinishedSuffix = ".orv~";
 
-/// Whether there is a file, or may be one: a look that fails counts as a file. Never fails.
+/// Whether the file exists or may exist: a failed check counts as a file. Never fails.
 bool MayExist(const Files& files, const std::string& path);
 
-/// The first `limit` bytes of a file, all of them when it is shorter. Throws SystemError.
+/// The first `limit` bytes of a file, or all of a shorter one. Throws SystemError.
 std::string ReadWhole(const Files& files, const std::string& path,
                       std::size_t limit = std::numeric_limits<std::size_t>::max());
 
 /// Renames a file, or copies it where it cannot be renamed. True when it was renamed, so that nothing is left
-/// at its old place. Throws SystemError when neither can be done.
+/// at the old path. Throws SystemError when both fail.
 bool MoveOrCopy(Files& files, const std::string& from, const std::string& to);
 
-/// Removes a file, also a read-only one. Throws SystemError.
+/// Removes a file, even a read-only one. Throws SystemError.
 void RemoveReadOnlyToo(Files& files, const std::string& path);
 
 }  // namespace orvenza

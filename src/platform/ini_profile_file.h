@@ -9,10 +9,10 @@
 
 namespace orvenza {
 
-/// Settings files as IniText reads and writes them.
+/// Settings files, read and written through IniText.
 class IniProfileFile : public ProfileFile {
  public:
-  /// A larger file is no settings file: reading and writing it throw SystemError 75.
+  /// A larger file is not a settings file: reading or writing it throws SystemError 75.
   static constexpr std::size_t kLargestFile = 1024 * 1024;
 
   explicit IniProfileFile(Files& files) : files_(files) {}

@@ -17,7 +17,7 @@ struct Entry {
   std::string_view value;
 };
 
-/// The lines of the first section of a name: [header, end). `key` is the line found in it.
+/// The lines [header, end) of the first section with a given name. `key` is the line of the entry, if found.
 struct Place {
   std::size_t header = 0;
   std::size_t end = 0;
@@ -33,7 +33,7 @@ std::string_view TrimBlanks(std::string_view text) {
 
 bool EndsLine(char c) { return c == '\r' || c == '\n'; }
 
-/// The lines of `text`, each with its line end (CR LF, LF or CR).
+/// The lines of `text`, each with its line break (CR LF, LF or CR).
 std::vector<std::string_view> SplitLines(std::string_view text) {
   std::vector<std::string_view> lines;
   while (!text.empty()) {
@@ -46,7 +46,7 @@ std::vector<std::string_view> SplitLines(std::string_view text) {
   return lines;
 }
 
-/// The name in a section line, also one whose "]" was forgotten.
+/// The name in a section line, even without the closing "]".
 std::optional<std::string_view> SectionName(std::string_view line) {
   line = TrimBlanks(line);
   if (!line.starts_with('[')) return {};
@@ -66,7 +66,7 @@ std::string_view WithoutQuotes(std::string_view value) {
   return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
-/// Looks for `section`, and for `key` in it.
+/// Finds `section` and, inside it, `key`.
 std::optional<Place> Find(const std::vector<std::string_view>& lines, std::string_view section,
                           std::string_view key) {
   const auto isWanted = [&](std::string_view line) {
@@ -85,14 +85,14 @@ std::optional<Place> Find(const std::vector<std::string_view>& lines, std::strin
   return place;
 }
 
-/// Index behind the last line of the section that is not blank: where a new key goes.
+/// Index after the section's last non-blank line, where a new key is inserted.
 std::size_t EndOfContent(const std::vector<std::string_view>& lines, const Place& place) {
   std::size_t end = place.end;
   while (end > place.header + 1 && TrimBlanks(lines[end - 1]).empty()) --end;
   return end;
 }
 
-/// `lines` with those from `first` up to `last` replaced by `inserted`, which begins on a line of its own.
+/// `lines` with [first, last) replaced by `inserted`, which starts on a new line.
 std::string Join(const std::vector<std::string_view>& lines, std::size_t first, std::size_t last,
                  std::string_view inserted) {
   std::string text;
@@ -118,7 +118,7 @@ std::string WithValue(std::string_view text, std::string_view section, std::stri
     return Join(lines, lines.size(), lines.size(), header + std::string(kLineEnd) + KeyLine(newName, value));
   }
   if (place->key) {
-    // The person who edits the file may have spelled the name in letters of another case.
+    // Keeps the spelling in the file, whose letter case may differ.
     const std::string_view spelling = ParseEntry(lines[*place->key])->name;
     return Join(lines, *place->key, *place->key + 1, KeyLine(spelling, value));
   }

@@ -13,7 +13,8 @@ class InstanceLock {
   InstanceLock(const InstanceLock&) = delete;
   InstanceLock& operator=(const InstanceLock&) = delete;
 
-  /// False when another living process serves the same folder. A folder that cannot be marked counts as free.
+  /// False when another running process serves the same folder. A folder that cannot be marked counts as
+  /// free.
   bool Acquired() const;
 
  private:
@@ -21,7 +22,7 @@ class InstanceLock {
   std::unique_ptr<State> state_;
 };
 
-/// Whether a living process serves the folder. Only looks: nothing is marked, and nothing stays behind.
+/// Whether a running process serves the folder. Only checks: sets no mark and leaves nothing behind.
 bool IsFolderServed(const std::string& programFolder);
 
 }  // namespace orvenza

@@ -7,7 +7,7 @@ namespace {
 
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-/// Index behind the UTF-8 character that begins at `index`.
+/// Index after the UTF-8 character that begins at `index`.
 std::size_t NextCharacter(std::string_view text, std::size_t index) {
   do ++index;
   while (index < text.size() && (static_cast<unsigned char>(text[index]) & 0xC0) == 0x80);
@@ -21,7 +21,7 @@ bool MatchesMask(std::string_view name, std::string_view mask) {
   constexpr std::size_t kNone = std::string_view::npos;
   std::size_t n = 0;
   std::size_t m = 0;
-  std::size_t star = kNone;  // The last "*" met, and the first character it does not stand for.
+  std::size_t star = kNone;  // The last "*" seen, and the first character that it does not cover.
   std::size_t resume = 0;
   while (n < name.size()) {
     const char wanted = m < mask.size() ? mask[m] : '\0';

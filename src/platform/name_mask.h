@@ -4,8 +4,8 @@
 
 namespace orvenza {
 
-/// True when a file name fits a mask: "*" stands for any characters, "?" for one, and "*.*" for every name,
-/// with or without a point. The case of the letters a to z does not count. An empty mask fits no name.
+/// Whether a file name matches a mask: "*" matches any characters, "?" exactly one, "*.*" every name, with or
+/// without a dot. The case of the letters a to z is ignored. An empty mask matches nothing.
 bool MatchesMask(std::string_view name, std::string_view mask);
 
 }  // namespace orvenza

@@ -25,13 +25,13 @@ inline constexpr int kPathNotFound = 76;
 inline constexpr int kCannotCreateObject = 429;
 }  // namespace error_number
 
-/// The standard description of a failure number, "Unknown error" for a number not listed above.
+/// The standard description of a failure number; "Unknown error" for a number not listed above.
 std::string_view StandardDescription(int number);
 
 /// A failure of the machine (file, folder, clock, device control): its number and a description.
 class SystemError : public std::exception {
  public:
-  /// `detail` (usually the path concerned) follows the standard description as "description ( detail )".
+  /// `detail` (usually the path) follows the standard description: "description ( detail )".
   explicit SystemError(int number, std::string_view detail = {});
 
   int Number() const noexcept { return number_; }

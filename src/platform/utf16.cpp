@@ -38,7 +38,7 @@ void AddUtf8(std::string& text, char32_t code) {
   add(0x80 | (code & 0x3F));
 }
 
-/// Takes the first character off `text`, or one byte that begins none.
+/// Removes and returns the first character of `text`, or a single byte if no character begins there.
 char32_t TakeUtf8(std::string_view& text) {
   constexpr char32_t kLeast[] = {0, 0, 0x80, 0x800, kFirstBeyondAUnit};
   const char32_t lead = Byte(text.front());

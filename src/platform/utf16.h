@@ -5,7 +5,7 @@
 
 namespace orvenza {
 
-/// UTF-16, two bytes a unit, as UTF-8 and back. What is not well-formed becomes the replacement character.
+/// Converts between UTF-16 bytes and UTF-8. Malformed input becomes the replacement character.
 std::string Utf8FromUtf16(std::string_view bytes, bool bigEndian);
 std::string Utf16FromUtf8(std::string_view text, bool bigEndian);
 

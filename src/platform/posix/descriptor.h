@@ -24,10 +24,11 @@ class Descriptor {
   bool Valid() const { return value_ >= 0; }
   int Get() const { return value_; }
 
-  /// Closes now. False, with errno set, when the system reports only here that earlier writes are lost.
+  /// Closes now. False, with errno set, when the system reports only on closing that earlier writes were
+  /// lost.
   bool Close() { return ::close(std::exchange(value_, -1)) == 0 || errno == EINTR; }
 
-  /// Leaves the descriptor to another owner.
+  /// Gives up ownership.
   int Release() { return std::exchange(value_, -1); }
 
  private:

@@ -7,8 +7,8 @@
 
 namespace orvenza {
 
-/// What the system says of a file or folder; nothing where it says that there is none, or that none can have
-/// such a path. Throws SystemError when it cannot tell.
+/// The system's status of a file or folder; empty when there is none, or when the path is impossible. Throws
+/// SystemError when the system cannot tell.
 std::optional<struct stat> StatusIfThere(const std::string& path);
 
 }  // namespace orvenza

@@ -4,9 +4,8 @@
 
 namespace orvenza {
 
-/// Puts the list of names of the folder in which `native` lies onto the disk, so that a name just given or
-/// taken there outlasts a power failure. A failure is passed over: the file has its name all the same, and
-/// not every file system offers this.
+/// Flushes the directory that contains `native` to disk, so that a name just added or removed survives a
+/// power failure. Errors are ignored: the file has its name anyway, and not every file system supports this.
 void FlushFolderOf(const std::string& native);
 
 }  // namespace orvenza

@@ -12,7 +12,7 @@
 namespace orvenza {
 namespace {
 
-/// Invalid where there is no such folder.
+/// Invalid when there is no such folder.
 Descriptor OpenFolder(const std::string& programFolder) {
   try {
     const std::string native = NativeFolderPath(programFolder + "\\");
@@ -26,8 +26,7 @@ bool IsRefused(const Descriptor& folder) {
   return folder.Valid() && ::flock(folder.Get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
 }
 
-/// A lock of the other kind, on all of the folder: the system answers whether it could be had without giving
-/// it.
+/// An fcntl lock on the whole folder. Unlike flock, it can be tested without being taken.
 struct flock WholeFolder(short type) {
   struct flock lock {};
   lock.l_type = type;
@@ -42,9 +41,9 @@ void ShowToOnlookers(const Descriptor& folder) {
 
 }  // namespace
 
-/// The locks lie on the folder itself: no file is left behind, and the system drops them with the process.
-/// One keeps a second copy out, but whoever would look whether it is held would have to take it for a moment,
-/// in which no connector could start. The other is there to be seen.
+/// Both locks are on the folder itself: no file is left behind, and the system releases them with the
+/// process. The flock keeps a second copy out, but testing it means taking it for a moment in which no
+/// connector could start. The fcntl lock exists to be tested.
 struct InstanceLock::State {
   Descriptor folder;
   bool taken = false;

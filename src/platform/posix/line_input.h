@@ -5,26 +5,26 @@
 
 namespace orvenza {
 
-/// Cuts what a descriptor delivers into lines (LF or CR LF; the last one needs no end). The descriptor stays
-/// its owner's, and its mode is left as it is.
+/// Splits the input of a descriptor into lines (LF or CR LF; the last line needs no break). The caller keeps
+/// the descriptor, whose mode is not changed.
 class LineInput {
  public:
-  /// A longer line is delivered in pieces of this many bytes.
+  /// A longer line is delivered in pieces of this size, in bytes.
   static constexpr std::size_t kLongestLine = 65536;
 
   explicit LineInput(int descriptor) : descriptor_(descriptor), ended_(descriptor < 0) {}
 
   int Descriptor() const { return descriptor_; }
 
-  /// Reads once. To be called when the descriptor has something, which the call would otherwise wait for.
+  /// Reads once. Blocks unless the descriptor is readable.
   void Collect();
 
   bool HasLine() const;
 
-  /// The next line without its end. Only when HasLine.
+  /// The next line without its line break. Requires HasLine.
   std::string TakeLine();
 
-  /// True when the descriptor is at its end, also after an error; lines may be left.
+  /// Whether the input has ended, possibly by an error. Lines may still be waiting.
   bool Ended() const { return ended_; }
 
  private:

@@ -8,27 +8,26 @@
 
 namespace orvenza {
 
-/// A broken-down calendar time of the system.
+/// Converts the system's calendar time.
 LocalTime FromCalendar(const std::tm& calendar);
 
-/// The start of a second of local time on `date`, whose own time of day does not matter: not even whether
-/// daylight saving time held then.
+/// The start of a second of local time on `date`. The time of day in `date` is ignored, its daylight saving
+/// flag included.
 timespec AtTimeOfDay(std::tm date, int hour, int minute, int second);
 
-/// Turns the many file times of a folder into local time, asking the system for the offset from universal
-/// time once a day of file times instead of once a file. Made anew for each listing, so that a change of the
-/// time zone is seen.
+/// Converts the many file times of a folder to local time. It asks the system for the UTC offset once per day
+/// instead of once per file. Create one per listing, so that a change of the time zone is noticed.
 class LocalTimes {
  public:
-  /// `seconds` since 1 January 1970, universal time. Times outside the years 2 to 9998 become the nearest
-  /// limit: dates are shown with four digits.
+  /// `seconds` are counted from 1 January 1970 UTC. Times outside the years 2 to 9998 are clamped: dates are
+  /// shown with four digits.
   LocalTime Of(std::int64_t seconds);
 
  private:
   struct Day {
     std::int64_t number = INT64_MIN;
     std::int64_t offset = 0;
-    bool wholeDay = false;  ///< False on a day in which the offset changes.
+    bool wholeDay = false;  ///< False when the offset changes during the day.
   };
 
   std::int64_t OffsetAt(std::int64_t seconds);

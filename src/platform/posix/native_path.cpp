@@ -15,7 +15,7 @@ bool IsSeparator(char c) { return c == '\\' || c == '/'; }
 
 std::string MissingDrive(std::string_view path) {
   if (path.size() >= 2 && IsLetter(path[0]) && path[1] == ':') return std::string(path.substr(0, 2));
-  // A path of the system itself may begin with "//": only "\\" names a server.
+  // A native path may begin with "//": only "\\" names a server.
   if (path.size() < 3 || path.substr(0, 2) != "\\\\" || IsSeparator(path[2])) return {};
   const std::size_t share = path.find_first_of("\\/", 2);
   if (share == std::string_view::npos) return std::string(path);

@@ -18,7 +18,7 @@ timespec TimeNow(clockid_t clock) {
 std::tm CalendarOf(std::time_t seconds) {
   std::tm calendar{};
   ::localtime_r(&seconds, &calendar);
-  calendar.tm_sec = std::min(calendar.tm_sec, 59);  // A leap second counts as the one before it.
+  calendar.tm_sec = std::min(calendar.tm_sec, 59);  // A leap second counts as the second before it.
   return calendar;
 }
 

@@ -10,7 +10,7 @@ class PosixClock : public Clock {
   LocalTime Now() const override;
   double SecondsSinceMidnight() const override;
   std::chrono::nanoseconds Uptime() const override;
-  /// Throws SystemError 70 when the system refuses and 51 for a time of day that does not exist.
+  /// Throws SystemError 70 when the system refuses and 51 for an invalid time of day.
   void SetTimeOfDay(int hour, int minute, int second) override;
   std::string Stamp(const LocalTime& time) const override;
 };

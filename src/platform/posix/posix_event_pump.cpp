@@ -13,7 +13,7 @@ namespace {
 
 using std::chrono::nanoseconds;
 
-/// Longer waits and delays count as this long.
+/// Longer waits and delays are cut to this.
 constexpr nanoseconds kLongestWait = std::chrono::hours(24 * 365);
 
 nanoseconds Now() { return std::chrono::steady_clock::now().time_since_epoch(); }
@@ -32,7 +32,7 @@ timespec ToTimespec(nanoseconds time) {
 
 PosixEventPump::PosixEventPump() {
 #ifdef __linux__
-  // The system may otherwise round each wait up by 50 microseconds.
+  // By default the kernel may delay each wakeup by 50 microseconds.
   ::prctl(PR_SET_TIMERSLACK, 1000UL, 0UL, 0UL, 0UL);
 #endif
 }
@@ -74,7 +74,7 @@ nanoseconds PosixEventPump::TimeToNextEvent(Moment end) const {
 
 void PosixEventPump::Collect(nanoseconds limit) {
   const bool readInput = input_ && !InputReady();
-  // The system passes over negative descriptors.
+  // poll ignores negative descriptors.
   pollfd watched[] = {{readInput ? input_->Descriptor() : -1, POLLIN, 0},
                       {signals_ ? signals_->ReadEnd() : -1, POLLIN, 0}};
   const timespec timeout = ToTimespec(limit);
@@ -102,7 +102,7 @@ bool PosixEventPump::DeliverSignals() {
 }
 
 bool PosixEventPump::DeliverTimers() {
-  // What falls due while these actions run waits for the next delivery, so that this one ends.
+  // Timers added by these actions wait for the next delivery, so that this one ends.
   const Moment now = Now();
   bool delivered = false;
   for (auto first = timers_.begin(); first != timers_.end(); first = timers_.begin()) {

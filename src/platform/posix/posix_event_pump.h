@@ -10,10 +10,10 @@
 
 namespace orvenza {
 
-/// The event pump of a terminal program: timers, lines of input, and the wish to terminate. One delivery
-/// (Dispatch or WaitForEvent) runs every timer that was due when it began, in the order of their moments, but
-/// at most one line: a line that answers one dialog must leave the next line for the next dialog. Handlers
-/// may pump, add timers, watch another input and throw.
+/// The event pump of a terminal program: timers, input lines and termination signals. One delivery (Dispatch
+/// or WaitForEvent) runs every timer that was due when it began, in order of time, but at most one input
+/// line: a line that answers one dialog must leave the next line to the next dialog. Handlers may pump, add
+/// timers, watch another input and throw.
 class PosixEventPump : public EventPump, public Scheduler {
  public:
   PosixEventPump();
@@ -22,13 +22,13 @@ class PosixEventPump : public EventPump, public Scheduler {
   void WaitForEvent(std::chrono::nanoseconds limit) override;
   void After(std::chrono::nanoseconds delay, std::function<void()> action) override;
 
-  /// Reads `descriptor`, which stays the caller's, and hands over each line without its end; `onEnd` is
-  /// called once after the last line, also when reading fails. Replaces an input watched before, the lines of
-  /// which that still wait are dropped.
+  /// Reads `descriptor`, which the caller keeps, and passes each line without its break to `onLine`. `onEnd`
+  /// is called once after the last line, also after a read error. A previously watched input is replaced and
+  /// its waiting lines are dropped.
   void WatchInput(int descriptor, std::function<void(const std::string&)> onLine,
                   std::function<void()> onEnd);
 
-  /// From now on SIGINT, SIGTERM and SIGHUP are events: `handler` is called once for each. SIGPIPE is
+  /// Turns SIGINT, SIGTERM and SIGHUP into events: `handler` is called once for each signal. SIGPIPE is
   /// ignored.
   void OnTerminate(std::function<void()> handler);
 
@@ -43,7 +43,7 @@ class PosixEventPump : public EventPump, public Scheduler {
   bool DeliverTimers();
   bool DeliverInput();
 
-  /// Those of the same moment in the order they were given.
+  /// Timers due at the same moment run in the order they were added.
   std::multimap<Moment, std::function<void()>> timers_;
 
   std::optional<LineInput> input_;

@@ -20,10 +20,10 @@
 namespace orvenza {
 namespace {
 
-constexpr mode_t kNewFileMode = 0666;  // Narrowed by the user's mask.
+constexpr mode_t kNewFileMode = 0666;  // Restricted by the user's umask.
 constexpr mode_t kPermissionBits = 0777;
 
-/// An open regular file and what the system says of it.
+/// An open regular file and its status.
 struct SourceFile {
   Descriptor descriptor;
   struct stat status {};
@@ -39,7 +39,7 @@ Descriptor Open(const std::string& path, int flags) {
   const std::string native = NativePath(path);
   int descriptor = -1;
   do {
-    // Without O_NONBLOCK, opening a pipe would wait for its other end.
+    // Without O_NONBLOCK, opening a pipe would block until its other end is opened.
     descriptor = ::open(native.c_str(), flags | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, kNewFileMode);
   } while (descriptor < 0 && errno == EINTR);
   if (descriptor < 0) ThrowFileError(errno, path);
@@ -53,7 +53,7 @@ SourceFile OpenSource(const std::string& path) {
   return source;
 }
 
-/// Of a native path.
+/// `native` is a native path.
 std::string_view FolderOf(std::string_view native) { return native.substr(0, native.rfind('/') + 1); }
 
 class PosixByteReader : public ByteReader {
@@ -108,7 +108,7 @@ void PosixFiles::Copy(const std::string& from, const std::string& to) {
   SourceFile source = OpenSource(from);
   const struct stat status = source.status;
   PosixByteReader reader(std::move(source.descriptor), from);
-  // The owner may always change the copy, so that a read-only ticket does not stay for ever.
+  // The copy is always writable for its owner, so that a read-only ticket can be removed later.
   UnfinishedFile target(to, (status.st_mode & kPermissionBits) | S_IRUSR | S_IWUSR);
   std::array<char, 32768> buffer;
   while (const std::size_t count = reader.Read(buffer.data(), buffer.size())) {
@@ -123,7 +123,7 @@ void PosixFiles::Move(const std::string& from, const std::string& to) {
   const std::string target = NativePath(to);
   if (::rename(source.c_str(), target.c_str()) != 0) {
     const int code = errno;
-    // Of a source that is there, it is the target's folder that is missing.
+    // If the source exists, it is the target's folder that is missing.
     ThrowFileError(code, code == ENOENT && MayExist(*this, from) ? to : from);
   }
   FlushFolderOf(target);

@@ -4,8 +4,8 @@
 
 namespace orvenza {
 
-/// The files of a POSIX system. Reading and copying refuse what is not a regular file with error 75, so that
-/// a pipe or a device put in a folder never blocks the connector.
+/// The files of a POSIX system. Reading or copying anything but a regular file fails with error 75, so that a
+/// pipe or a device in a folder never blocks the connector.
 class PosixFiles : public Files {
  public:
   bool Exists(const std::string& path) const override;

@@ -79,7 +79,7 @@ FolderListing PosixFolders::ListFolder(const std::string& pattern) const {
     if (!IsListed(*entry, mask)) continue;
     struct stat status {};
     if (::fstatat(::dirfd(folder.get()), entry->d_name, &status, 0) != 0) {
-      // Gone since it was read, or a link that leads nowhere.
+      // Removed since the folder was read, or a dangling link.
       if (errno == ENOENT || entry->d_type == DT_LNK) continue;
       ThrowFolderError(errno, path);
     }
@@ -97,7 +97,7 @@ void PosixFolders::RemoveUnfinished(const std::string& path) {
       ::unlinkat(::dirfd(folder.get()), entry->d_name, 0);
     }
   } catch (const SystemError&) {
-    // There is nothing to be removed from it, or nothing can be.
+    // The folder cannot be read: there is nothing to remove, or no way to.
   }
 }
 
@@ -110,7 +110,7 @@ void PosixFolders::Rename(const std::string& from, const std::string& to) {
   const std::string target = NativeFolderPath(to);
   if (!Exists(from)) throw SystemError(error_number::kPathNotFound, from);
   struct stat status {};
-  // The system would replace an empty folder in silence.
+  // rename would silently replace an empty folder.
   if (::lstat(target.c_str(), &status) == 0) throw SystemError(error_number::kFileExists, to);
   if (::rename(source.c_str(), target.c_str()) == 0) return;
   ThrowFolderError(errno == EACCES || errno == EPERM ? EBUSY : errno, from);

@@ -4,10 +4,10 @@
 
 namespace orvenza {
 
-/// The folders of a POSIX system. A listing shows regular files and folders only (links as what they lead
-/// to), and no name that contains "\", since no path of the program could reach it. Of the attributes, a file
-/// is read-only when its owner may not write it and hidden when its name begins with a point; the creation
-/// time is that of the last change of status.
+/// The folders of a POSIX system. A listing shows only regular files and folders (links count as their
+/// targets), and no name that contains "\", since no path of the program could reach it. A file is read-only
+/// when its owner may not write it and hidden when its name begins with a dot. The creation time is that of
+/// the last status change.
 class PosixFolders : public Folders {
  public:
   bool Exists(const std::string& path) const override;

@@ -17,7 +17,7 @@ static_assert(std::atomic<int>::is_always_lock_free);
 void NoteSignal(int) {
   const int saved = errno;
   const char mark = 0;
-  // A full pipe already holds more signals than anybody will look at.
+  // A full pipe already holds more signals than anything will read.
   [[maybe_unused]] const ssize_t written = ::write(signalPipe, &mark, 1);
   errno = saved;
 }
@@ -44,7 +44,7 @@ TerminateSignals::TerminateSignals() {
   ::sigaction(SIGINT, &action, &oldInterrupt_);
   ::sigaction(SIGTERM, &action, &oldTerminate_);
   ::sigaction(SIGHUP, &action, &oldHangUp_);
-  // The end of whoever reads the output must not be the end of the program.
+  // The program goes on when the reader of its output ends.
   action.sa_handler = SIG_IGN;
   ::sigaction(SIGPIPE, &action, &oldPipe_);
 }

@@ -6,7 +6,7 @@
 
 namespace orvenza {
 
-/// Catches SIGINT, SIGTERM and SIGHUP for its lifetime and counts them; SIGPIPE is ignored. One object a
+/// Catches SIGINT, SIGTERM and SIGHUP during its lifetime and counts them; SIGPIPE is ignored. One object per
 /// process.
 class TerminateSignals {
  public:
@@ -18,7 +18,7 @@ class TerminateSignals {
   /// Readable when a signal has come.
   int ReadEnd() const { return readEnd_.Get(); }
 
-  /// Number of signals that came since the last call. Does not wait.
+  /// Number of signals since the last call. Does not block.
   int Take();
 
  private:

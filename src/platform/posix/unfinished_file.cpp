@@ -12,7 +12,7 @@
 namespace orvenza {
 namespace {
 
-/// Longest file name that the common file systems take, in bytes.
+/// Longest file name of the common file systems, in bytes.
 constexpr std::size_t kLongestName = 255;
 
 std::string UnfinishedName(const std::string& nativeTarget) {
@@ -70,7 +70,8 @@ void UnfinishedFile::SetModified(const timespec& time) {
 }
 
 void UnfinishedFile::Finish() {
-  // On the disk before it gets its name: what it was copied from may be removed next, and the power may fail.
+  // The data must be on the disk before the file gets its name: the source may be removed next, and the power
+  // may fail.
   if (::fsync(file_.Get()) != 0 || !file_.Close()) ThrowFileError(errno, target_);
   if (::rename(native_.c_str(), nativeTarget_.c_str()) != 0) ThrowFileError(errno, target_);
   native_.clear();

@@ -9,11 +9,11 @@
 
 namespace orvenza {
 
-/// Writes all of `text` to a descriptor. False, with errno set, when the system took less.
+/// Writes all of `text` to a descriptor. False, with errno set, on failure.
 bool WriteAll(int descriptor, std::string_view text);
 
-/// A file in the making under a name of its own beside its target. It takes the target's place when it is
-/// finished; destroyed before that, it leaves nothing behind. Failures are SystemErrors about the target.
+/// A file being written under a temporary name beside its target. It replaces the target when finished. If
+/// destroyed earlier, it leaves nothing behind. Errors are SystemErrors about the target.
 class UnfinishedFile {
  public:
   UnfinishedFile(const std::string& target, mode_t mode);

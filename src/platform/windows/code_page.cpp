@@ -8,10 +8,10 @@
 namespace orvenza {
 namespace {
 
-/// No code page takes more for a unit of UTF-16.
+/// Upper limit of bytes per UTF-16 unit in any code page.
 constexpr std::size_t kMostBytes = 4;
 
-/// `folder`, which exists, in its short spelling; empty where it has none.
+/// The short (8.3) path of the existing `folder`; empty if it has none.
 std::wstring ShortSpelling(const std::wstring& folder) {
   std::wstring spelling(MAX_PATH, L'\0');
   const DWORD length = ::GetShortPathNameW(folder.c_str(), spelling.data(), MAX_PATH);
@@ -25,7 +25,8 @@ CodePageText ToCodePage(std::wstring_view text) {
   if (text.empty()) return {};
   CodePageText result{std::string(text.size() * kMostBytes, '\0')};
   BOOL lost = FALSE;
-  const bool isUtf8 = ::GetACP() == CP_UTF8;  // Refuses the question whether something was lost.
+  const bool isUtf8 =
+      ::GetACP() == CP_UTF8;  // With this code page, asking whether a character was replaced is an error.
   const int count = ::WideCharToMultiByte(
       CP_ACP, isUtf8 ? 0 : WC_NO_BEST_FIT_CHARS, text.data(), static_cast<int>(text.size()),
       result.bytes.data(), static_cast<int>(result.bytes.size()), nullptr, isUtf8 ? nullptr : &lost);
@@ -35,7 +36,7 @@ CodePageText ToCodePage(std::wstring_view text) {
 }
 
 std::string CodePagePath(const std::string& path) {
-  // The functions that take it take no other form of a long path.
+  // The functions that take the result accept no other form of a long path.
   const std::wstring plain = PlainPath(path);
   if (const CodePageText text = ToCodePage(plain); text.whole) return text.bytes;
   const std::size_t nameAt = plain.find_last_of(L"\\/") + 1;  // npos + 1 is 0.

@@ -7,7 +7,7 @@
 namespace orvenza {
 namespace {
 
-/// In bytes; far below what a console takes at once.
+/// In bytes; far below the most that a console accepts at once.
 constexpr std::size_t kMost = 4096;
 
 bool EndsACharacter(char last) { return (static_cast<unsigned char>(last) & 0x80) == 0; }

@@ -5,11 +5,11 @@
 
 namespace orvenza {
 
-/// Where a stream of UTF-8 writes to a console. Through files, consoles up to Windows 7 count characters
-/// instead of bytes, so that a standard stream writes the end of a text with accents twice.
+/// A stream buffer that writes UTF-8 to a console. Up to Windows 7 the console reports written characters
+/// instead of bytes, so a standard stream would repeat the end of a text with accents.
 class ConsoleBuffer final : public std::streambuf {
  public:
-  /// `console` is a handle of a console's output and outlives the object.
+  /// `console` is a console output handle and outlives the object.
   explicit ConsoleBuffer(void* console) : console_(console) {}
   ~ConsoleBuffer() override { sync(); }
   ConsoleBuffer(const ConsoleBuffer&) = delete;

@@ -8,8 +8,8 @@
 
 namespace orvenza {
 
-/// One entry of a folder listing as the system found it. `name` is the entry's name in UTF-8; that of `data`
-/// is not looked at. Folders have the size 0.
+/// Converts a directory entry. `name` is its name in UTF-8; the one in `data` is ignored. Folders have size
+/// 0.
 FolderEntry EntryOf(const WIN32_FIND_DATAW& data, std::string name);
 
 }  // namespace orvenza

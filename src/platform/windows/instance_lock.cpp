@@ -10,8 +10,8 @@
 namespace orvenza {
 namespace {
 
-/// One spelling for each folder, however it was reached: by a short name, a junction, a replaced drive
-/// letter.
+/// The canonical path of a folder, however it was reached: by a short name, a junction or a substituted
+/// drive.
 std::wstring FinalPath(const std::wstring& folder) {
   constexpr DWORD kSharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   const FileHandle handle(::CreateFileW(folder.c_str(), 0, kSharing, nullptr, OPEN_EXISTING,
@@ -25,8 +25,8 @@ std::wstring FinalPath(const std::wstring& folder) {
   return path;
 }
 
-/// Without the "\" the root of a drive would be that drive's current folder. A mutex's name must not be long
-/// and holds no "\" of its own, so the path is hashed (FNV-1a).
+/// Without the "\" the root of a drive would mean the drive's current folder. A mutex name is limited in
+/// length and may not contain "\", so the path is hashed (FNV-1a).
 std::wstring MutexName(const std::string& programFolder) {
   std::wstring path = FinalPath(NativeFolderPath(programFolder + "\\"));
   ::CharLowerBuffW(path.data(), static_cast<DWORD>(path.size()));
@@ -40,7 +40,8 @@ std::wstring MutexName(const std::string& programFolder) {
 
 }  // namespace
 
-/// The mutex is never waited for: that its name exists is the mark, and the system drops it with the process.
+/// Nothing waits for the mutex: the existence of its name is the mark, and the system removes it with the
+/// process.
 struct InstanceLock::State {
   ObjectHandle mutex;
   bool taken = false;
@@ -53,7 +54,7 @@ InstanceLock::InstanceLock(const std::string& programFolder) : state_(std::make_
     return;
   }
   const DWORD error = ::GetLastError();
-  // Another user's mutex exists and is refused: the folder and the register are one for all of them.
+  // Access is denied when the mutex belongs to another user, who shares the folder and the register.
   state_->taken = state_->mutex.Valid() ? error == ERROR_ALREADY_EXISTS : error == ERROR_ACCESS_DENIED;
   // A copy that was refused must not keep the name alive.
   if (state_->taken) state_->mutex.Reset();

@@ -10,7 +10,7 @@ namespace {
 using std::chrono::sys_days;
 using std::chrono::year;
 
-/// The system counts in units of 100 ns from 1601 on.
+/// A FILETIME counts units of 100 ns since 1601.
 constexpr std::uint64_t kUnitsPerDay = 864'000'000'000;
 constexpr std::uint64_t kLatest =
     kUnitsPerDay *

@@ -1,7 +1,7 @@
 #include "platform/windows/program_place.h"
 
 #include <windows.h>
-// After windows.h, on which it builds.
+// Requires windows.h.
 #include <shellapi.h>
 
 #include <memory>

@@ -5,13 +5,13 @@
 namespace orvenza {
 
 HMODULE SystemLibrary(const wchar_t* name) {
-  // Of the common controls the program has another version than the one in the folder.
+  // For the common controls, the loaded version differs from the one in the system's folder.
   if (const HMODULE loaded = ::GetModuleHandleW(name)) return loaded;
   wchar_t folder[MAX_PATH];
   const UINT length = ::GetSystemDirectoryW(folder, MAX_PATH);
   if (length == 0 || length >= MAX_PATH) return nullptr;
   const std::wstring path = std::wstring(folder, length) + L"\\" + name;
-  // What the library itself loads comes from there as well.
+  // The library's own dependencies come from the system's folder, too.
   return ::LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
 }
 

@@ -4,11 +4,11 @@
 
 namespace orvenza {
 
-/// A library of Windows: the one that the program has already, else the one in the system's folder. It is
-/// never looked for elsewhere, and stays loaded. Null where the system has none of this name.
+/// A library of Windows: the one already loaded, otherwise the one in the system's folder. No other folder is
+/// searched. The library stays loaded. Null if the system has none of this name.
 HMODULE SystemLibrary(const wchar_t* name);
 
-/// A function that not every system has; null where it is missing.
+/// A function that some versions of Windows lack; null where it is missing.
 template <typename Function>
 Function FindFunction(const wchar_t* library, const char* name) {
   const HMODULE module = SystemLibrary(library);

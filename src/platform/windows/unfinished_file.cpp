@@ -10,10 +10,10 @@
 namespace orvenza {
 namespace {
 
-/// Longest file name that the file systems take, in UTF-16 units.
+/// Longest file name of the file systems, in UTF-16 units.
 constexpr std::size_t kLongestName = 255;
 
-/// Largest piece handed over at a time: some network drives refuse more.
+/// Most bytes written at a time: some network drives refuse more.
 constexpr std::size_t kPiece = 1024 * 1024;
 
 std::wstring UnfinishedName(const std::wstring& nativeTarget) {
@@ -27,12 +27,12 @@ HANDLE CreateUnfinished(const std::wstring& native) {
                        nullptr);
 }
 
-/// Tries of a replacement, and the pause between two: a fifth of a second in all.
+/// Attempts to replace the target and the pause between them in milliseconds; a fifth of a second in all.
 constexpr int kReplaceTries = 10;
 constexpr DWORD kReplacePause = 20;
 
-/// Puts the finished file into the target's place. A program that reads the older target just then (a virus
-/// scanner, an editor, the host) is in the way, but mostly for a moment only.
+/// Moves the finished file into the target's place. A program that is reading the old target (a virus
+/// scanner, an editor, the host) blocks this, but usually only for a moment.
 bool Replace(const std::wstring& finished, const std::wstring& target) {
   constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
   for (int tries = 1; !::MoveFileExW(finished.c_str(), target.c_str(), kHow); ++tries) {
@@ -78,7 +78,8 @@ void UnfinishedFile::SetModified(const FILETIME& time) {
 }
 
 void UnfinishedFile::Finish() {
-  // On the disk before it gets its name: what it was copied from may be removed next, and the power may fail.
+  // The data must be on the disk before the file gets its name: the source may be removed next, and the power
+  // may fail.
   if (!::FlushFileBuffers(file_.Get())) ThrowFileError(::GetLastError(), target_);
   file_.Reset();
   if (!Replace(native_, nativeTarget_)) ThrowFileError(::GetLastError(), target_);

@@ -7,11 +7,11 @@
 
 namespace orvenza {
 
-/// Writes all of `text` to a file. False, with the system's last error set, when the system took less.
+/// Writes all of `text` to a file. False, with the system's last error set, on failure.
 bool WriteAll(HANDLE file, std::string_view text);
 
-/// A file in the making under a name of its own beside its target. It takes the target's place when it is
-/// finished; destroyed before that, it leaves nothing behind. Failures are SystemErrors about the target.
+/// A file being written under a temporary name beside its target. It replaces the target when finished. If
+/// destroyed earlier, it leaves nothing behind. Errors are SystemErrors about the target.
 class UnfinishedFile {
  public:
   explicit UnfinishedFile(const std::string& target);

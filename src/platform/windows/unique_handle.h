@@ -6,8 +6,8 @@
 
 namespace orvenza {
 
-/// Owner of one system resource. `Traits` names its type `Value`, its empty value `Empty()` and how it is
-/// given back, `Close(value)`.
+/// Owner of one system resource. `Traits` defines its type `Value`, its empty value `Empty()` and its release
+/// function `Close(value)`.
 template <typename Traits>
 class Unique {
  public:
@@ -25,10 +25,10 @@ class Unique {
   bool Valid() const { return value_ != Traits::Empty(); }
   Value Get() const { return value_; }
 
-  /// Leaves the resource to another owner.
+  /// Gives up ownership.
   Value Release() { return std::exchange(value_, Traits::Empty()); }
 
-  /// Gives the resource back now.
+  /// Releases the resource now.
   void Reset() {
     if (Valid()) Traits::Close(Release());
   }
@@ -51,7 +51,7 @@ struct FindHandleTraits {
 };
 using FindHandle = Unique<FindHandleTraits>;
 
-/// Of those functions that return null when they fail.
+/// For functions that return null on failure.
 struct ObjectHandleTraits {
   using Value = HANDLE;
   static Value Empty() { return nullptr; }

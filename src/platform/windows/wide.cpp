@@ -7,7 +7,7 @@
 namespace orvenza {
 namespace {
 
-/// The system counts in int.
+/// The system's functions take lengths as int.
 constexpr std::size_t kLongest = 0x7FFFFFF0 / 4;
 
 }  // namespace

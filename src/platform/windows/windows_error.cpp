@@ -8,7 +8,7 @@
 namespace orvenza {
 namespace {
 
-/// ERROR_DISK_QUOTA_EXCEEDED, which not every compiler's headers know.
+/// ERROR_DISK_QUOTA_EXCEEDED, which some compilers' headers lack.
 constexpr unsigned long kDiskQuotaExceeded = 1295;
 
 bool FolderMissing(const std::string& path) {
@@ -87,7 +87,7 @@ bool MeansMissing(unsigned long code) {
 }
 
 void ThrowFileError(unsigned long code, const std::string& path) {
-  // Not every file system tells a missing file from a missing folder or drive.
+  // Some file systems report a missing folder or drive as a missing file.
   if (code == ERROR_FILE_NOT_FOUND && FolderMissing(path)) code = ERROR_PATH_NOT_FOUND;
   throw SystemError(NumberOf(code), path);
 }

@@ -13,26 +13,25 @@ namespace {
 
 using std::chrono::nanoseconds;
 
-/// Longer waits and delays count as this long.
+/// Longer waits and delays are cut to this.
 constexpr nanoseconds kLongestWait = std::chrono::hours(24 * 365);
 
-/// Messages of one delivery. A window that is never done (one that does not validate what it should paint,
-/// say) must not keep the timers waiting.
+/// Most messages per delivery. A window that never runs out of messages (one that does not validate its paint
+/// region, say) must not starve the timers.
 constexpr int kMostMessages = 1000;
 
-/// Of the system's timer, in milliseconds.
+/// Resolution requested from the system's timer, in milliseconds.
 constexpr UINT kResolution = 1;
 
 nanoseconds Bounded(nanoseconds wait) { return std::clamp(wait, nanoseconds::zero(), kLongestWait); }
 
-/// Begins or ends the finer timer. Its library is one of those that Windows would look for beside the
-/// program.
+/// Starts or ends the finer resolution. Windows would search the program's folder for this library first.
 void AskForResolution(const char* function) {
   using AskType = UINT(WINAPI*)(UINT);
   if (const auto ask = FindFunction<AskType>(L"winmm.dll", function)) ask(kResolution);
 }
 
-/// Rounded up, so that a wait does not end before its moment.
+/// Rounded up, so that a wait does not end too early.
 DWORD Milliseconds(nanoseconds wait) {
   constexpr std::int64_t kMost = INFINITE - 1;
   const auto count = std::chrono::ceil<std::chrono::milliseconds>(wait).count();
@@ -62,8 +61,8 @@ void WindowsEventPump::AddDialog(void* window) { dialogs_.push_back(window); }
 
 void WindowsEventPump::RemoveDialog(void* window) { std::erase(dialogs_, window); }
 
-/// Sleeps until a message arrives or a timer falls due, at most until `end`. True for a message, also one
-/// that the system hands to its window by itself.
+/// Sleeps until a message arrives or a timer falls due, at most until `end`. True for a message, including
+/// one that the system delivers to its window directly.
 bool WindowsEventPump::Sleep(Moment end) const {
   if (!timers_.empty()) end = std::min(end, timers_.begin()->first);
   const DWORD limit = Milliseconds(Bounded(end - SteadyTime()));
@@ -95,8 +94,8 @@ bool WindowsEventPump::DeliverMessages() {
 }
 
 bool WindowsEventPump::DeliverTimers() {
-  // What falls due while these actions run waits for the next delivery, so that this one ends. The clock
-  // alone does not tell: it may show the same moment twice.
+  // Timers added by these actions wait for the next delivery, so that this one ends. The number decides,
+  // since the clock may show the same moment twice.
   const Moment now = SteadyTime();
   const std::uint64_t end = nextNumber_;
   bool delivered = false;

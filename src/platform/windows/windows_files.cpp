@@ -27,7 +27,7 @@ FileHandle OpenSource(const std::string& path, WhileRead others) {
   return file;
 }
 
-/// Nobody who holds the file is in the way of its times.
+/// Full sharing: another program's handle does not prevent access to the times.
 FileHandle OpenForTimes(const std::string& path, DWORD access) {
   constexpr DWORD kSharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   FileHandle file(::CreateFileW(NativePath(path).c_str(), access, kSharing, nullptr, OPEN_EXISTING,
@@ -108,7 +108,7 @@ void WindowsFiles::Move(const std::string& from, const std::string& to) {
   constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
   if (::MoveFileExW(NativePath(from).c_str(), NativePath(to).c_str(), kHow)) return;
   const DWORD code = ::GetLastError();
-  // Of a source that is there, it is the target's folder that is missing.
+  // If the source exists, it is the target's folder that is missing.
   ThrowFileError(code, code == ERROR_PATH_NOT_FOUND && MayExist(*this, from) ? to : from);
 }
 

@@ -4,14 +4,14 @@
 
 namespace orvenza {
 
-/// What others may do with a file while it is read.
+/// What other programs may do with a file while it is read.
 enum class WhileRead {
-  kNoWriting,   ///< A file that another program still has open for writing is neither read nor copied (error
-                ///< 70), so that a ticket is taken in whole.
-  kEverything,  ///< Nobody is disturbed, and what is read may be half of something.
+  kNoWriting,  ///< A file that another program has open for writing is neither read nor copied (error 70), so
+               ///< that a ticket is always read complete.
+  kEverything,  ///< Disturbs no other program, but may read an incomplete file.
 };
 
-/// The files of Windows. A file that is read may be renamed and removed meanwhile.
+/// The files of Windows. A file may be renamed or removed while it is read.
 class WindowsFiles : public Files {
  public:
   explicit WindowsFiles(WhileRead others = WhileRead::kNoWriting) : others_(others) {}
@@ -21,7 +21,7 @@ class WindowsFiles : public Files {
   std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const override;
   void Append(const std::string& path, std::string_view text) override;
   void Write(const std::string& path, std::string_view content) override;
-  /// The copy has no attributes but the system's usual ones, so that a copy of a read-only file is writable.
+  /// The copy gets the default attributes, so that a copy of a read-only file is writable.
   void Copy(const std::string& from, const std::string& to) override;
   void Move(const std::string& from, const std::string& to) override;
   void Remove(const std::string& path) override;

@@ -17,14 +17,14 @@ namespace {
 
 bool IsListed(std::string_view name, const wchar_t* nativeName, std::string_view mask) {
   if (name == "." || name == ".." || name.ends_with(kUnfinishedSuffix)) return false;
-  // A name that is not well-formed would lead nowhere when it came back as a path.
+  // A path with a malformed name could not be converted back.
   return MatchesMask(name, mask) && IsWellFormed(nativeName);
 }
 
 }  // namespace
 
 WindowsFolders::WindowsFolders() {
-  // A drive without a disk is an error like others, not a box of the system's own.
+  // An empty drive is an ordinary error, not a message box of the system.
   ::SetErrorMode(::GetErrorMode() | SEM_FAILCRITICALERRORS);
 }
 
@@ -38,13 +38,13 @@ FolderListing WindowsFolders::ListFolder(const std::string& pattern) const {
   const std::size_t maskAt = pattern.find_last_of("\\/") + 1;  // npos + 1 is 0: the current folder.
   const std::string mask = pattern.substr(maskAt);
   const std::string path = pattern.substr(0, maskAt);
-  // All names are fetched and matched here: the system's own matching looks at short (8.3) names too.
+  // All names are fetched and matched here: the system's matching would include short (8.3) names.
   WIN32_FIND_DATAW data{};
   const FindHandle search(::FindFirstFileW(NativePath(path + "*").c_str(), &data));
   FolderListing listing;
   if (!search.Valid()) {
     const DWORD error = ::GetLastError();
-    // The root of an empty drive has not even the entry ".".
+    // The root of an empty drive lacks even the entry ".".
     if (error == ERROR_FILE_NOT_FOUND && (path.empty() || Exists(path))) return listing;
     ThrowFolderError(error, path);
   }
@@ -67,7 +67,7 @@ void WindowsFolders::RemoveUnfinished(const std::string& path) {
       if (name.ends_with(ToWide(kUnfinishedSuffix))) ::DeleteFileW((folder + data.cFileName).c_str());
     } while (::FindNextFileW(search.Get(), &data));
   } catch (const SystemError&) {
-    // No such folder can be.
+    // The path is impossible, so there is nothing to remove.
   }
 }
 

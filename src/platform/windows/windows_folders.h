@@ -4,8 +4,8 @@
 
 namespace orvenza {
 
-/// The folders of Windows. Names match a mask by their long form alone. File times become local time by the
-/// offset of today, as the system's own conversion has it.
+/// The folders of Windows. Only long names are matched. File times become local time with today's UTC offset,
+/// as in the system's own conversion.
 class WindowsFolders : public Folders {
  public:
   WindowsFolders();

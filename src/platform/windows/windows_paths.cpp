@@ -12,12 +12,12 @@ bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 
 bool IsSeparator(char c) { return c == '\\' || c == '/'; }
 
-/// From this length on, in UTF-16 units, a folder's path is refused in its plain form; a file's a little
-/// later.
+/// From this length on, in UTF-16 units, the system refuses a folder's plain path; the limit of files is
+/// slightly higher.
 constexpr std::size_t kPlainLimit = 248;
 constexpr std::size_t kLongestPath = 32768;
 
-/// The unlimited form is taken to the letter, so all that the system would tidy up is tidied first.
+/// The system does not normalise the unlimited form, so the path is normalised first.
 std::wstring Unlimited(const std::wstring& path) {
   std::wstring full(kLongestPath, L'\0');
   const DWORD size = static_cast<DWORD>(full.size());
