@@ -2,7 +2,7 @@
 
 namespace orvenza {
 
-/// Place and size of a message dialog's button, in form units of 1/1440 inch.
+/// Position and size of a message dialog's button, in form units of 1/1440 inch.
 struct ButtonPlace {
   int left = 0;
   int top = 980;
@@ -12,7 +12,7 @@ struct ButtonPlace {
   bool operator==(const ButtonPlace&) const = default;
 };
 
-/// The place of button `index` (from 1) in a row of `count` that touch each other and stand centred in a form
+/// The position of button `index` (from 1) in a row of `count` adjacent buttons, centred in a form
 /// `formWidth` wide.
 constexpr ButtonPlace PlaceButton(int index, int count, int formWidth) {
   ButtonPlace place;

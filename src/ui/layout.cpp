@@ -11,10 +11,11 @@ namespace {
 // All in form units.
 constexpr int kMargin = 180;
 constexpr int kIconSize = 480;
-constexpr int kLineGap = 15;     ///< Above and below a message of up to three lines, so that it fits.
-constexpr int kButtonGap = 120;  ///< Between a centred message and the buttons; its empty line gives way.
-constexpr int kWideGap = 120;    ///< The same where the buttons move down anyway.
-constexpr int kAiryText = 660;   ///< Two lines: a message looks crowded with more.
+constexpr int kLineGap = 15;  ///< Above and below a message of up to three lines, so that it fits.
+constexpr int kButtonGap =
+    120;  ///< Between a centred message and the buttons; its leading empty line is cut for it.
+constexpr int kWideGap = 120;   ///< The same when the buttons move down anyway.
+constexpr int kAiryText = 660;  ///< Height of two lines; a message with more looks crowded.
 constexpr int kNarrowestMessage = 6000;
 constexpr int kWidestMessage = 10800;
 constexpr int kMessageStep = 300;
@@ -23,7 +24,7 @@ constexpr int kNarrowestChoice = 5400;
 constexpr int kWidestChoice = 10800;
 constexpr int kParagraphGap = 150;
 constexpr int kFrameTop = 210;
-constexpr int kOptionMark = 345;  ///< The circle of an option and the gap behind it.
+constexpr int kOptionMark = 345;  ///< The circle of an option and the gap after it.
 constexpr int kOptionHeight = 450;
 constexpr int kOptionPadding = 120;
 
@@ -39,12 +40,12 @@ constexpr int kLargeButtonGap = 150;
 
 constexpr int kNoLimit = std::numeric_limits<int>::max() / 2;
 
-/// A form leaves some of the screen to see.
+/// Part of the screen stays visible beside a form.
 int Widest(Extent screen) { return screen.width * 9 / 10; }
 
 Box PlaceInRow(int index, int count, int formWidth, int top, int dpi) {
   const ButtonPlace place = PlaceButton(index, count, formWidth);
-  // Edges are rounded, not widths, so that the buttons touch each other at every resolution.
+  // Edges are rounded rather than widths, so that the buttons touch at every resolution.
   const int left = Pixels(place.left, dpi);
   return {left, top, Pixels(place.left + place.width, dpi) - left, Pixels(place.height, dpi)};
 }
@@ -55,8 +56,8 @@ struct MessageText {
   int height = kNoLimit;
 };
 
-/// The narrowest form whose message is airy, else the narrowest with the lowest message. `besides` is the
-/// width that the message does not have.
+/// The narrowest form whose message is airy, otherwise the narrowest with the lowest message. `besides` is
+/// the width not available to the message.
 MessageText FitMessage(const MessageParts& parts, int besides, int dpi, Extent screen) {
   const int rowWidth = parts.buttons * ButtonPlace{}.width + 2 * kMargin;
   const int narrowest = std::max(kNarrowestMessage, rowWidth);

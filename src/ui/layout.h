@@ -15,7 +15,7 @@ struct Extent {
   bool operator==(const Extent&) const = default;
 };
 
-/// A place in pixels, counted from the form's upper left corner.
+/// A rectangle in pixels, relative to the form's upper left corner.
 struct Box {
   int left = 0;
   int top = 0;
@@ -27,37 +27,37 @@ struct Box {
   bool operator==(const Box&) const = default;
 };
 
-/// Form units of 1/1440 inch on a screen of `dpi` pixels an inch.
+/// Converts form units of 1/1440 inch to pixels at `dpi` pixels per inch.
 constexpr int Pixels(int units, int dpi) { return (units * dpi + 720) / 1440; }
 
-/// The size of a text when its lines are broken to be at most `widest` pixels wide.
+/// The size of a text wrapped to at most `widest` pixels.
 using TextMeasure = std::function<Extent(int widest)>;
 
-/// What decides about the layout of a message dialog.
+/// Input of the layout of a message dialog.
 struct MessageParts {
   TextMeasure text;
-  bool centred = false;  ///< A centred text brings its leading empty line along.
+  bool centred = false;  ///< A centred text starts with its empty line.
   bool icon = false;
   int buttons = 1;
 };
 
 struct MessageLayout {
-  Extent form;  ///< Without title bar and border, as everywhere here.
+  Extent form;  ///< Client area: without title bar and border, as everywhere here.
   Box icon;
   Box text;
   std::vector<Box> buttons;
 };
 
-/// The text above the row of buttons, the icon to its left. The leading empty line of a centred text may lie
-/// partly above the form, so that the last line does not touch the buttons. The buttons stand at
-/// ButtonPlace's top: a longer text makes the form wider. Only one that is too long for the `screen` all the
-/// same, or has too many lines of its own, moves the buttons down.
+/// The text is above the row of buttons, with the icon on its left. The leading empty line of a centred text
+/// may lie partly above the form, so that the last line does not touch the buttons. The buttons stay at
+/// ButtonPlace's top: a longer text makes the form wider. The buttons move down only if the text is still too
+/// long for the `screen` or has too many line breaks of its own.
 MessageLayout LayOutMessage(const MessageParts& parts, int dpi, Extent screen);
 
 struct ChoiceParts {
   TextMeasure heading;
   TextMeasure text;
-  std::vector<TextMeasure> options;  ///< None: the frame is not shown.
+  std::vector<TextMeasure> options;  ///< Empty: the frame is not shown.
 };
 
 struct ChoiceLayout {
@@ -69,8 +69,8 @@ struct ChoiceLayout {
   Box button;
 };
 
-/// Heading, text, framed options and button below each other, as wide as the longest of the texts wants;
-/// texts that would make the form too wide to be read at a glance are broken.
+/// Heading, text, framed options and button from top to bottom, as wide as the longest text. Texts are
+/// wrapped when the form would become too wide to be read at a glance.
 ChoiceLayout LayOutChoice(const ChoiceParts& parts, int dpi, Extent screen);
 
 struct PortParts {
@@ -82,11 +82,11 @@ struct PortLayout {
   Extent form;
   Box frame;
   std::array<Box, 5> labels;
-  std::array<Box, 5> lists;  ///< Closed.
+  std::array<Box, 5> lists;  ///< Size when closed.
   Box button;
 };
 
-/// One row for each list, its label to its left, all in a frame with the button below.
+/// One row per list with its label on the left, all in a frame with the button below.
 PortLayout LayOutPort(const PortParts& parts, int dpi, Extent screen);
 
 struct UtilitiesLayout {
@@ -94,7 +94,7 @@ struct UtilitiesLayout {
   std::array<Box, 3> buttons;
 };
 
-/// Three large buttons below each other.
+/// Three large buttons from top to bottom.
 UtilitiesLayout LayOutUtilities(const std::array<TextMeasure, 3>& captions, int dpi, Extent screen);
 
 }  // namespace orvenza

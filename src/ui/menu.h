@@ -5,7 +5,7 @@
 
 namespace orvenza {
 
-/// The icon's menu, in its order. A separator stands between any two items.
+/// The items of the icon's menu, in order, with a separator between any two.
 enum class MenuItem { kExit, kUtilities, kInfo, kConfigure };
 
 /// The captions of the items, in the order of MenuItem.

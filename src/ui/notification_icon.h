@@ -4,8 +4,8 @@
 
 namespace orvenza {
 
-/// The sign that the program runs, and the operator's way to its menu. Neither call fails: without an icon
-/// the program goes on.
+/// Shows that the program runs, and gives the operator its menu. Neither call fails: the program goes on
+/// without an icon.
 class NotificationIcon {
  public:
   virtual ~NotificationIcon() = default;
@@ -13,7 +13,7 @@ class NotificationIcon {
   /// Shows the icon; `tip` is the main form's caption.
   virtual void CreateIcon(const std::string& tip) = 0;
 
-  /// Takes the icon away; nothing happens when there is none.
+  /// Removes the icon, if there is one.
   virtual void DeleteIcon() = 0;
 };
 

@@ -38,7 +38,7 @@ MessageContent BuildMessage(const std::string& message, MessageStyle style, cons
 /// "Ok" alone, kCancel for "Ok" and "Annulla", else kNone.
 MessageResult ResultOf(MessageButtons buttons, std::optional<int> pressed);
 
-/// The one way to warn or ask the operator.
+/// Every warning and question to the operator goes through this class.
 class OperatorMessages {
  public:
   /// `executableName` without extension.

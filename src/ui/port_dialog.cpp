@@ -29,7 +29,7 @@ std::array<std::vector<std::string>, 5> Entries() {
           {"1", "2"}};
 }
 
-/// What an entry is called in the settings text: parity has a letter only.
+/// An entry's form in the line settings; a parity is its initial.
 std::string SettingsPart(std::size_t list, const std::string& entry) {
   return list == kParity ? ToUpperAscii(entry.substr(0, 1)) : entry;
 }
@@ -57,7 +57,7 @@ int FindEntry(const std::vector<std::string>& entries, std::size_t list, const s
   return -1;
 }
 
-/// The entry at `index`, nothing when the list has none there.
+/// The entry at `index`; empty if there is none.
 std::optional<std::string> EntryAt(const std::vector<std::string>& entries, int index) {
   if (index < 0 || index >= static_cast<int>(entries.size())) return std::nullopt;
   return entries[static_cast<std::size_t>(index)];
@@ -112,7 +112,7 @@ void PortDialog::WriteComSetting(const std::string& key, const std::string& valu
   try {
     profile_.Write(paths_.Ini(), setting::kComSettings, key, value);
   } catch (const SystemError&) {
-    // The link takes the values from `settings_`: the operator's choice holds for this run all the same.
+    // The link takes the values from `settings_`, so the operator's choice still holds for this run.
   }
 }
 

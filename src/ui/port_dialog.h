@@ -9,21 +9,21 @@
 
 namespace orvenza {
 
-/// The serial port dialog `Orv_Conf`: edits the port number and the line settings, in `settings` and in the
-/// settings file.
+/// The serial port dialog `Orv_Conf`. It edits the port number and the line settings, in `settings` and in
+/// the settings file.
 class PortDialog {
  public:
   PortDialog(Operator& person, AppSettings& settings, ProfileFile& profile, ProgramPaths paths);
 
-  /// Shows the dialog and saves what was confirmed; returns at once when it is open already. The caller
+  /// Shows the dialog and saves the confirmed values; returns at once when it is already open. The caller
   /// applies the settings to the link. Throws ProgramEnd when the program is ended meanwhile.
   void Show();
 
-  /// The dialog with the current values selected; a value that no list offers selects nothing.
+  /// The dialog's content with the current values selected. A value missing from its list selects nothing.
   PortContent LoadPortSettingsIntoDialog() const;
 
   /// Stores the selected entries (indices from 0) as the current values and writes both to the settings file.
-  /// A list without selection keeps the part that it stands for; line settings that would then lack a part
+  /// A list without a selection leaves its part unchanged; if the line settings would then lack a part, they
   /// stay as they are, in the file too. Never fails.
   void SavePortSettingsFromDialog(const std::array<int, 5>& selected);
 

@@ -16,7 +16,7 @@ constexpr const char* kLabel = "Orv_Uti - ";
 
 constexpr int kWithFinancialReport = 1;
 
-/// All fields of a ticket record but its type are empty.
+/// All fields of the record except its type are empty.
 constexpr std::size_t kSeparators = 9;
 
 /// Sorts after the name of any ordinary ticket.
@@ -26,7 +26,7 @@ std::string RequestName(const std::string& mask) {
   std::string name = std::string(16, 'z').append(Trim(blanked));
   const bool canBeNamed = name.find('?') == std::string::npos;
   if (mask.empty() || (canBeNamed && MatchesMask(name, mask))) return name;
-  // A mask with another text before its "*", or without one, would never find that name.
+  // A mask without "*", or with other text before it, would never match that name.
   name = mask;
   std::replace(name.begin(), name.end(), '?', 'z');
   if (const std::size_t star = name.find('*'); star != std::string::npos) {
@@ -59,7 +59,7 @@ bool UtilitiesDialog::WriteClosureRequest(int kind) {
   const std::string name = RequestName(settings_.TicketMask);
   const bool written = logs_.Attempt(kLabel, [&] {
     const std::string path = settings_.TicketFolder + name;
-    // Where all tickets have one name, the one that waits must not be replaced.
+    // If all tickets have the same name, a waiting one must not be replaced.
     if (name == settings_.TicketMask && files_.Exists(path)) {
       throw SystemError(error_number::kFileExists, path);
     }
@@ -67,7 +67,7 @@ bool UtilitiesDialog::WriteClosureRequest(int kind) {
     line.append(kSeparators, settings_.SeparatorChar).append(kLineBreak);
     files_.Write(path, line);
   });
-  // A clock that was set back must not bring the closure before the tickets of the day.
+  // The closure must not precede the tickets of the day, even if the clock was set back.
   if (written) logs_.Attempt(kLabel, [&] { tickets_.PutLast(name); });
   return written;
 }
@@ -91,7 +91,7 @@ bool UtilitiesDialog::Confirmed(const std::string& question) {
          MessageResult::kYes;
 }
 
-/// A count that fails warns as well: closing the fiscal day too early cannot be undone.
+/// If counting fails, the operator is warned as well: closing the fiscal day too early cannot be undone.
 bool UtilitiesDialog::TicketsWaiting() {
   std::size_t count = 1;
   logs_.Attempt(kLabel, [&] { count = tickets_.CountWaitingTickets(); });

@@ -11,32 +11,31 @@
 
 namespace orvenza {
 
-/// The tickets that wait in the input folder, as the utilities dialog sees them.
+/// The utilities dialog's view of the tickets in the input folder.
 class WaitingTickets {
  public:
   virtual ~WaitingTickets() = default;
 
-  /// How many there are now. Throws SystemError.
+  /// Number of waiting tickets. Throws SystemError.
   virtual std::size_t CountWaitingTickets() = 0;
 
-  /// Brings the file `name` of the input folder behind all others there, whatever their times. Throws
+  /// Moves the file `name` of the input folder to the end of the queue, regardless of file times. Throws
   /// SystemError.
   virtual void PutLast(const std::string& name) = 0;
 };
 
-/// The utilities dialog `Orv_Uti`: asks for the register's fiscal closure by leaving a request among the
-/// tickets.
+/// The utilities dialog `Orv_Uti`. It requests the register's fiscal closure by writing a closure ticket.
 class UtilitiesDialog {
  public:
   UtilitiesDialog(Operator& person, OperatorMessages& messages, Files& files, Logs& logs,
                   const AppSettings& settings, WaitingTickets& tickets);
 
-  /// Shows the dialog until the operator leaves it or has confirmed a closure; returns at once when it is
-  /// open already. Throws ProgramEnd when the program is ended meanwhile.
+  /// Shows the dialog until the operator leaves it or confirms a closure; returns at once when it is already
+  /// open. Throws ProgramEnd when the program is ended meanwhile.
   void Show();
 
   /// Writes the closure request into the ticket folder, under a name that sorts after every ticket: record
-  /// type 22 (with the financial report) for kind 1, 21 for any other. Returns whether it is there; a failure
+  /// type 22 (with the financial report) for kind 1, otherwise 21. Returns whether it was written; a failure
   /// goes to the error log.
   bool WriteClosureRequest(int kind);
 

@@ -7,11 +7,11 @@
 
 namespace orvenza {
 
-/// Says, in the error log and to the operator, that `folder` of the settings cannot be made and that the
-/// program is going to end. Ending it is the caller's part.
+/// Reports to the error log and the operator that `folder` from the settings cannot be created and that the
+/// program is about to end. The caller ends it.
 void ReportWrongPath(OperatorMessages& messages, Logs& logs, const std::string& folder);
 
-/// The same of a settings file that is there and cannot be read.
+/// The same for a settings file that exists but cannot be read.
 void ReportUnreadableSettings(OperatorMessages& messages, Logs& logs, const std::string& path);
 
 }  // namespace orvenza

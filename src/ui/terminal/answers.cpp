@@ -12,13 +12,13 @@ struct Accent {
   char plain;
 };
 
-/// The accented letters of Italian, which not every keyboard offers.
+/// The accented letters of Italian, which some keyboards lack.
 constexpr Accent kAccents[] = {
     {"à", 'A'}, {"è", 'E'}, {"é", 'E'}, {"ì", 'I'}, {"ò", 'O'}, {"ù", 'U'},
     {"À", 'A'}, {"È", 'E'}, {"É", 'E'}, {"Ì", 'I'}, {"Ò", 'O'}, {"Ù", 'U'},
 };
 
-/// `text` as answers and captions are compared.
+/// The form of `text` in which answers and captions are compared.
 std::string Fold(std::string_view text) {
   std::string folded;
   while (!text.empty()) {

@@ -10,10 +10,11 @@ namespace orvenza {
 std::string PlainCaption(std::string_view caption);
 
 /// The caption, counted from 1, that `answer` names by its number or in full; 0 when it names none. Letter
-/// case, accents, apostrophes and "&" do not matter; a number counts before a caption that looks like one.
+/// case, accents, apostrophes and "&" are ignored. A number takes precedence over a caption that looks like
+/// one.
 int FindCaption(std::span<const std::string> captions, std::string_view answer);
 
-/// The same for buttons, which answer to a letter too: the one after "&", else the first, as long as no other
+/// The same for buttons, which a letter may also name: the one after "&", otherwise the first, if no other
 /// caption has it.
 int FindButton(std::span<const std::string> captions, std::string_view answer);
 

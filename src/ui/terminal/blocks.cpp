@@ -14,7 +14,7 @@
 namespace orvenza {
 namespace {
 
-/// Width of the column of the port dialog's labels.
+/// Width of the label column in the port dialog.
 constexpr std::size_t kLabelWidth = 16;
 
 std::string_view IconWord(MessageIcon icon) {
@@ -28,7 +28,7 @@ std::string_view IconWord(MessageIcon icon) {
   return "";
 }
 
-/// "[1] Riprova", "[2] Annulla" and so on.
+/// "[1] Riprova", "[2] Annulla" etc.
 std::vector<std::string> Numbered(std::span<const std::string> captions) {
   std::vector<std::string> items;
   for (const std::string& caption : captions) {
@@ -37,7 +37,7 @@ std::vector<std::string> Numbered(std::span<const std::string> captions) {
   return items;
 }
 
-/// The same behind a mark that tells which is selected; `selected` from 1, 0 none.
+/// The same after a mark for the selected item; `selected` counts from 1, 0 is none.
 std::vector<std::string> Marked(std::span<const std::string> captions, int selected) {
   std::vector<std::string> items = Numbered(captions);
   int number = 0;
@@ -45,7 +45,7 @@ std::vector<std::string> Marked(std::span<const std::string> captions, int selec
   return items;
 }
 
-/// What a number does, what Enter alone does, and how to close.
+/// Says what a number does, what Enter alone does, and how to close.
 std::string Prompt(const std::string& number, const std::string& enter, const std::string& close) {
   return number + " (" + own_text::kEnterAlone + " " + PlainCaption(enter) + "; " + close + ")\n";
 }
@@ -64,7 +64,7 @@ std::string SelectedEntry(const std::vector<std::string>& entries, int selected)
 Block DrawMessage(const MessageContent& content, std::size_t width) {
   const std::string icon(IconWord(content.icon));
   TextBox box(icon.empty() ? content.caption : icon + " | " + content.caption, width);
-  // A short text brings its empty line along.
+  // A short text starts with its empty line.
   if (!content.text.starts_with(kLineBreak)) box.AddText("");
   box.AddText(content.text, content.centred);
   box.AddText("");
@@ -86,7 +86,7 @@ Block DrawChoice(const ChoiceContent& content, std::size_t width) {
     box.AddText("[1] " + PlainCaption(content.button));
   }
   const bool anySelected = content.frameVisible && content.selected != 0;
-  // Options are too long to be repeated there.
+  // Options are too long to be repeated in the prompt.
   return {box.Draw(), Prompt(anySelected ? "[" + std::to_string(content.selected) + "]" : content.button)};
 }
 

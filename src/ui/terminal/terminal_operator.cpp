@@ -27,7 +27,7 @@ class TerminalOperator::Dialog {
   Dialog(const Dialog&) = delete;
   Dialog& operator=(const Dialog&) = delete;
 
-  /// Shows the dialog, once every line that was typed before is gone.
+  /// Drops the lines typed before, then shows the dialog.
   void Open(Block block) {
     terminal_.DropWaitingLines();
     shownAt_ = terminal_.clock_.Uptime();
@@ -54,7 +54,7 @@ class TerminalOperator::Dialog {
     if (!std::exchange(closed_, true)) terminal_.SayLine(own_text::kClosedUnanswered);
   }
 
-  /// The next line entered; nothing when the dialog is closed.
+  /// The next input line; empty when the dialog is closed.
   std::optional<std::string> NextLine() {
     while (!closed_ && !line_ && !Abandoned()) terminal_.loop_.Wait();
     if (line_ && !closed_ && !AsksToClose(*line_)) return std::exchange(line_, std::nullopt);
@@ -62,7 +62,7 @@ class TerminalOperator::Dialog {
     return std::nullopt;
   }
 
-  /// The caption, from 1, that the next fitting line names, see FindButton; an empty line names the first.
+  /// The caption, from 1, named by the next valid line, see FindButton. An empty line names the first.
   std::optional<int> NextButton(Captions captions) {
     while (const auto line = NextLine()) {
       const int button = line->empty() ? 1 : FindButton(captions, *line);
@@ -72,7 +72,7 @@ class TerminalOperator::Dialog {
     return std::nullopt;
   }
 
-  /// Lets the next fitting line change `selected`, an index into `entries`; an empty line leaves it. Returns
+  /// Changes `selected`, an index into `entries`, by the next valid line; an empty line keeps it. Returns
   /// false when the dialog is closed.
   bool NextEntry(Captions entries, int& selected) {
     while (const auto line = NextLine()) {
@@ -94,7 +94,7 @@ class TerminalOperator::Dialog {
   void Reject() const { terminal_.Say(std::string(own_text::kWrongAnswer) + "\n" + Prompt()); }
 
  private:
-  /// Names the menu too, once it opens.
+  /// Mentions the menu once it is available.
   std::string Prompt() const {
     std::string prompt = block_.prompt;
     if (terminal_.tip_) prompt.insert(prompt.rfind(')'), std::string("; ") + own_text::kMOpensMenu);
@@ -107,7 +107,7 @@ class TerminalOperator::Dialog {
 
   TerminalOperator& terminal_;
   const bool isMessage_;
-  bool displacedMenu_;  ///< The menu was open when the dialog came: the first line was meant for it.
+  bool displacedMenu_;  ///< The dialog interrupted the open menu, so the first line was meant for the menu.
   Block block_;
   std::chrono::nanoseconds shownAt_{};
   bool closed_ = false;
@@ -215,7 +215,7 @@ void TerminalOperator::OpenMenu() {
   Say("\n" + menu.box + menu.prompt);
 }
 
-/// The menu is the icon's.
+/// The menu belongs to the icon, which is not shown yet.
 void TerminalOperator::RefuseMenu() {
   SayLine(own_text::kMenuTooEarly);
   if (!dialogs_.empty()) dialogs_.back()->Show();
@@ -243,12 +243,13 @@ void TerminalOperator::RunMenuItem(MenuItem item) {
   try {
     menuHandler_(item);
   } catch (const ProgramEnd& end) {
-    // The pump may be in the middle of a pause that must run to its end; the next wait without limit throws.
+    // The pump may be running inside a pause that must not be cut short; the next wait without a limit
+    // throws.
     loop_.RequestEnd(end);
   }
 }
 
-/// Only while nothing is asked. A pump may deliver one line at a time; input without end is not waited for.
+/// Only while no dialog is open. The pump may deliver one line at a time; endless input is not waited for.
 void TerminalOperator::DropWaitingLines() {
   for (int line = 0; line < kMostDroppedLines && !loop_.EndRequested(); ++line) {
     const std::size_t before = linesTaken_;

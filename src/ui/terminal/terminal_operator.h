@@ -21,32 +21,31 @@
 namespace orvenza {
 
 /// The operator at a text terminal: each dialog is a framed block, answered with one line. "m" opens the menu
-/// at any time, "x" closes a dialog as a window's close button would. Nothing can be typed ahead: a line that
-/// was entered before a dialog was shown is no answer to it.
+/// at any time, "x" closes a dialog like a window's close button. There is no type-ahead: a line entered
+/// before a dialog was shown does not answer it.
 class TerminalOperator final : public Operator, public NotificationIcon {
  public:
-  /// How long a dialog stays when nobody can answer it any more, so that loops which ask without limit do not
-  /// spin.
+  /// How long a dialog stays open once the input has ended, so that loops that ask without limit do not spin.
   static constexpr std::chrono::seconds kClosingDelay{1};
 
-  /// With `bell`, messages sound the terminal's bell, for an operator who looks elsewhere.
+  /// With `bell`, messages sound the terminal's bell, for an operator looking elsewhere.
   TerminalOperator(std::ostream& out, EventLoop& loop, const Clock& clock, bool bell = false);
 
-  /// Who carries out the menu's items; until there is one, they do nothing.
+  /// Handles the menu's items; until it is set, they do nothing.
   void SetMenuHandler(std::function<void(MenuItem)> handler) { menuHandler_ = std::move(handler); }
 
-  /// What tells the width of the terminal in characters; until there is one, boxes have their usual width.
+  /// Returns the width of the terminal in characters; until it is set, boxes have the default width.
   void SetWidth(std::function<std::size_t()> width) { width_ = std::move(width); }
 
-  /// What tells, once the program runs, where tickets go and how they are written.
+  /// Returns, once the program runs, the description of where tickets go and how they are written.
   void SetTicketPlace(std::function<std::string()> place) { ticketPlace_ = std::move(place); }
 
-  /// A line that the operator entered, with or without its line end's carriage return. Called from inside the
-  /// event pump. Carries out the menu item that it picks, dialogs included; a ProgramEnd of that item is
-  /// noted in the event loop instead of being thrown through the pump.
+  /// A line that the operator entered; a carriage return at its end is ignored. Called from inside the event
+  /// pump. Runs the menu item that the line selects, dialogs included; a ProgramEnd of that item is passed to
+  /// the event loop instead of being thrown through the pump.
   void OnLine(const std::string& line);
 
-  /// Nothing will be entered any more: every dialog, from now on too, closes without an answer.
+  /// The input has ended: every dialog, open or later, closes without an answer.
   void OnEndOfInput();
 
   std::optional<int> ShowMessage(const MessageContent& content) override;
@@ -76,11 +75,11 @@ class TerminalOperator final : public Operator, public NotificationIcon {
   std::function<void(MenuItem)> menuHandler_;
   std::function<std::size_t()> width_ = [] { return TextBox::kWidth; };
   std::function<std::string()> ticketPlace_;
-  std::vector<Dialog*> dialogs_;  ///< Those that wait, the innermost last.
+  std::vector<Dialog*> dialogs_;  ///< Open dialogs, the innermost last.
   std::size_t linesTaken_ = 0;
   bool menuOpen_ = false;
   bool inputEnded_ = false;
-  std::optional<std::string> tip_;  ///< Of the icon while there is one.
+  std::optional<std::string> tip_;  ///< The icon's tip; empty while there is no icon.
 };
 
 }  // namespace orvenza

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t kColumnGap = 3;
 
-/// `text` without characters that would steer the terminal: it may quote a ticket line.
+/// `text` without control characters for the terminal: it may quote a ticket line.
 std::string Harmless(std::string_view text) {
   std::string harmless;
   for (std::size_t i = 0; i < text.size(); ++i) {

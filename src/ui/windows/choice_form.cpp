@@ -12,7 +12,7 @@ using namespace control_id;
 ChoiceForm::ChoiceForm(Desk& desk, const ChoiceContent& content)
     : Form(desk, window_class::kOrvInfo, content.caption),
       hiddenSelection_(content.frameVisible ? 0 : content.selected) {
-  // A ticket line may hold a "&", which is no mark there.
+  // A ticket line may contain "&", which is not a mnemonic there.
   constexpr DWORD kText = SS_CENTER | SS_NOPREFIX | SS_EDITCONTROL;
   AddControl(L"STATIC", content.heading, kText, kLabel1, TextKind::kHeading);
   AddControl(L"STATIC", content.text, kText, kLabel2, TextKind::kLabel);
@@ -24,7 +24,7 @@ ChoiceForm::ChoiceForm(Desk& desk, const ChoiceContent& content)
 void ChoiceForm::AddOptions(const ChoiceContent& content) {
   for (const std::string& option : content.options) {
     const bool first = ++options_ == 1;
-    // Tab stops at the selected option only: it selects the option that it stops at.
+    // Only the selected option is a tab stop: stopping at an option selects it.
     const bool stop = options_ == std::max(content.selected, 1);
     const DWORD style =
         BS_AUTORADIOBUTTON | BS_MULTILINE | (first ? WS_GROUP : 0U) | (stop ? WS_TABSTOP : 0U);

@@ -4,12 +4,12 @@
 
 namespace orvenza {
 
-/// Ends the program in order when its console wants its end: Ctrl+C, or the console's window is closed. The
-/// system would end it at once, in the middle of a receipt. To be made after the console is attached, which
-/// would undo it. Without a console it has no effect. There is at most one.
+/// Ends the program in order when its console asks for the end: Ctrl+C, or closing the console's window. The
+/// system would end it immediately, even in the middle of a receipt. Create it after the console is attached,
+/// which would undo it. Without a console it has no effect. At most one object may exist.
 class ConsoleGuard {
  public:
-  /// `form` is asked to close.
+  /// `form` receives the request to close.
   explicit ConsoleGuard(HWND form);
   ~ConsoleGuard();
   ConsoleGuard(const ConsoleGuard&) = delete;

@@ -4,8 +4,8 @@
 
 namespace orvenza {
 
-/// Has an option or a frame take the form's text colour where the system shows high contrast. Drawn by the
-/// system's theme it has a colour of its own, made for another background. Other controls stay as they are.
+/// Makes an option or a frame use the form's text colour in high contrast mode. The system's theme would draw
+/// it in a colour meant for another background. Other controls are unaffected.
 void KeepReadable(HWND control);
 
 }  // namespace orvenza

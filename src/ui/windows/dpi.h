@@ -6,14 +6,14 @@
 
 namespace orvenza {
 
-/// Pixels an inch of the screen that `window` is on; those of the whole desktop where the system knows no
-/// difference.
+/// Pixels per inch of the screen that shows `window`, or of the whole desktop if the system does not
+/// distinguish.
 int DpiOf(HWND window);
 
-/// Size of small icons, as in a title bar, on a screen of `dpi` pixels an inch.
+/// Size of small icons, as in a title bar, at `dpi` pixels per inch.
 int SmallIconSize(int dpi);
 
-/// Size of `window` with title bar and border around a form of this size.
+/// Size of `window` including title bar and border for a form of this size.
 Extent OuterSize(HWND window, Extent form, int dpi);
 
 /// Size of the screen where dialogs appear.

@@ -18,20 +18,20 @@ constexpr UINT kFlashInterval = 500;
 constexpr UINT kTopmostFlags = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW;
 static_assert(kTopmostFlags == 83);
 
-/// A press is an event and ends the wait at once; this is how long a form closed by another program's call
-/// may go unnoticed.
+/// A press is an event and ends the wait at once. Closing the form from another program is noticed after at
+/// most this time.
 constexpr auto kLongestWait = 100ms;
 
 HWND OwnerOf(const Desk& desk) { return desk.forms.empty() ? nullptr : desk.forms.back()->Handle(); }
 
-/// As the notification area's menu is, which the form would otherwise cover.
+/// True while the menu of the notification area is open: the form would cover it.
 bool MenuIsOpen() {
   GUITHREADINFO state{};
   state.cbSize = sizeof state;
   return GetGUIThreadInfo(GetCurrentThreadId(), &state) && (state.flags & GUI_INMENUMODE) != 0;
 }
 
-/// Only the innermost form takes part.
+/// Only the innermost form is usable.
 void EnableInnermost(const Desk& desk) {
   for (const Form* form : desk.forms) EnableWindow(form->Handle(), form == desk.forms.back());
 }
@@ -52,8 +52,8 @@ void Form::Close() {
   Destroy();
 }
 
-/// Takes the form from the desk. Whoever comes to the front then must already be enabled when the window
-/// goes, or the system would activate another program.
+/// Removes the form from the desk. The next form must be enabled before this window is destroyed, or the
+/// system would activate another program.
 void Form::Leave() {
   const auto self = std::find(desk_.forms.begin(), desk_.forms.end(), this);
   if (self == desk_.forms.end()) return;
@@ -73,7 +73,7 @@ void Form::Show(int focused, bool flashing) {
   EnableInnermost(desk_);
   focus_ = Control(focused);
   ShowDefaultButton(buttons_.front());
-  // Not as whoever started the program wished its first window to be: minimised, nobody would see it.
+  // Overrides the state requested for the program's first window: a minimised form would not be seen.
   ShowWindow(Handle(), SW_RESTORE);
   SetWindowPos(Handle(), HWND_TOPMOST, 0, 0, 0, 0, kTopmostFlags);
   SetForegroundWindow(Handle());
@@ -162,7 +162,8 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       SetBkColor(reinterpret_cast<HDC>(wParam), kFormColour);
       return reinterpret_cast<LRESULT>(FormBrush());
     case WM_DPICHANGED: {
-      // Its own size of there may bring a form back to the screen it came from, and so on for ever.
+      // The form's size at the new resolution may move it back to the first screen, which would repeat
+      // endlessly.
       if (placing_) return 0;
       const auto* const suggested = reinterpret_cast<const RECT*>(lParam);
       SetFonts(LOWORD(wParam));
@@ -179,8 +180,7 @@ void Form::SetSmallIcon() const {
   SendMessageW(Handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
 }
 
-/// A program that fills the screen and is in front of everything itself would otherwise cover the form for
-/// good. The focus stays where it is.
+/// Otherwise a topmost full-screen program would cover the form for good. The focus is not changed.
 void Form::Flash() const {
   FlashWindow(Handle(), TRUE);
   if (IsWindowEnabled(Handle()) && !MenuIsOpen()) {
@@ -197,7 +197,7 @@ void Form::OnCommand(int id, UINT notification) {
   if (notification == BN_KILLFOCUS) ShowDefaultButton(buttons_.front());
 }
 
-/// The focus comes back to where it was when the operator comes back to the form.
+/// The focus returns to the same control when the operator returns to the form.
 void Form::OnActivate(bool active) {
   const HWND focused = GetFocus();
   if (active) {
@@ -207,14 +207,14 @@ void Form::OnActivate(bool active) {
   }
 }
 
-/// The keyboard wants the focus elsewhere: at the control `target`, or else one control further or back.
+/// Moves the focus by keyboard: to the control `target`, or else to the next or previous control.
 void Form::MoveFocus(WPARAM target, bool isControl) const {
   const HWND next =
       isControl ? reinterpret_cast<HWND>(target) : GetNextDlgTabItem(Handle(), GetFocus(), target != 0);
   if (next != nullptr) SetFocus(next);
 }
 
-/// The button that Enter presses looks like it, and no other one.
+/// Only the button that Enter presses is drawn as the default.
 void Form::ShowDefaultButton(int id) const {
   for (const int button : buttons_) {
     const WPARAM style = (button == id ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | BS_NOTIFY;

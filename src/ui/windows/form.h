@@ -14,16 +14,16 @@ namespace orvenza {
 
 class Form;
 
-/// The forms on the screen, the innermost last. Only that one can be used.
+/// The open forms, the innermost last. Only that one is usable.
 struct Desk {
   EventLoop& loop;
   WindowsEventPump& pump;
   std::vector<Form*> forms = {};
 };
 
-/// A dialog: its window, fonts and keyboard. Leaves the screen with the object.
+/// A dialog: its window, fonts and keyboard. Destroying the object closes it.
 ///
-/// Enter presses the button with the focus, or else the first one; Esc and the title bar's cross close the
+/// Enter presses the focused button, or else the first one; Esc and the title bar's close button close the
 /// form.
 class Form : public Window {
  public:
@@ -31,8 +31,8 @@ class Form : public Window {
 
   bool IsOpen() const { return Handle() != nullptr; }
 
-  /// Waits for a button to be pressed and returns its number (see names.h); 0 when the form is closed
-  /// instead. Throws ProgramEnd when the program is ended meanwhile.
+  /// Waits for a button press and returns the button's number (see names.h), or 0 when the form is closed.
+  /// Throws ProgramEnd when the program is ended meanwhile.
   int NextPress();
 
   void Close();
@@ -40,20 +40,20 @@ class Form : public Window {
  protected:
   Form(Desk& desk, const wchar_t* className, const std::string& caption);
 
-  /// Shows the form centred, in front of everything, with the focus on its control `focused`. `flashing`: its
-  /// title bar flashes, and each flash brings the form in front again.
+  /// Shows the form centred and topmost, with the focus on its control `focused`. `flashing`: the title bar
+  /// flashes, and each flash brings the form to the front again.
   void Show(int focused, bool flashing);
 
-  /// Places the controls for a screen of `dpi` pixels an inch and returns the size the form needs.
+  /// Places the controls at `dpi` pixels per inch and returns the size that the form needs.
   virtual Extent Arrange(int dpi) = 0;
 
   HWND AddControl(const wchar_t* className, const std::string& caption, DWORD style, int id, TextKind kind);
-  /// All buttons are one group, for the arrow keys; whatever is added behind them begins another.
+  /// All buttons form one group for the arrow keys; controls added after them begin another.
   void AddButton(const std::string& caption, int id, TextKind kind = TextKind::kButton);
   HWND Control(int id) const { return GetDlgItem(Handle(), id); }
   void Place(int id, const Box& box) const;
 
-  /// Measures the control's caption as the control draws it.
+  /// Measures the control's caption the way the control draws it.
   TextMeasure MeasureOf(int id, UINT format = 0) const;
   /// Height of one line of text, in pixels.
   int LineHeight(TextKind kind) const;
@@ -84,9 +84,9 @@ class Form : public Window {
   FormFonts fonts_{dpi_};
   std::vector<OwnedControl> controls_;
   std::vector<int> buttons_;
-  HWND focus_ = nullptr;  ///< Gets the focus when the form is activated.
+  HWND focus_ = nullptr;  ///< Receives the focus when the form is activated.
   int pressed_ = 0;
-  bool placing_ = false;  ///< Being moved by its own doing.
+  bool placing_ = false;  ///< True while the form moves itself.
 };
 
 }  // namespace orvenza

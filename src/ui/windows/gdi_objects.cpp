@@ -13,7 +13,7 @@ struct Face {
   int weight;
 };
 
-/// In the order of TextKind.
+/// Indexed by TextKind.
 constexpr Face kFaces[] = {
     {kPlainFace, FF_SWISS, 13, FW_NORMAL}, {kPlainFace, FF_SWISS, 10, FW_NORMAL},
     {kPlainFace, FF_SWISS, 12, FW_NORMAL}, {kLabelFace, FF_ROMAN, 18, FW_BOLD},

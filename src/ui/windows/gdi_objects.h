@@ -30,16 +30,16 @@ struct MenuTraits {
 };
 using Menu = Unique<MenuTraits>;
 
-/// What a text in a form is for; each has its font.
+/// The purpose of a text in a form; each has its own font.
 enum class TextKind {
-  kMessage,  ///< Of Orv_Msg, to be read from some steps away.
+  kMessage,  ///< In Orv_Msg; readable from a few steps away.
   kButton,   ///< In the narrow buttons of a row.
   kControl,  ///< Options, lists, their labels, large buttons.
   kHeading,  ///< Label1 of Orv_Info.
   kLabel,    ///< Label2 of Orv_Info.
 };
 
-/// The fonts of a form on a screen of `dpi` pixels an inch.
+/// The fonts of a form at `dpi` pixels per inch.
 class FormFonts {
  public:
   explicit FormFonts(int dpi);
@@ -50,7 +50,7 @@ class FormFonts {
   std::array<Font, 5> fonts_;
 };
 
-/// What texts of `window` are measured on, in one font.
+/// Measures the texts of `window` in one font.
 class MeasuringCanvas {
  public:
   MeasuringCanvas(HWND window, HFONT font)
@@ -73,10 +73,11 @@ class MeasuringCanvas {
 /// The background of every form, red 150, green 187, blue 213.
 inline constexpr COLORREF kFormColour = RGB(150, 187, 213);
 
-/// Its brush, shared by all forms for as long as the program runs.
+/// The brush of that colour, shared by all forms for the program's lifetime.
 HBRUSH FormBrush();
 
-/// Of every text on that background, whatever the system's own is: that of a high contrast may be unreadable.
+/// Text colour on that background, independent of the system's, which may be unreadable in high contrast
+/// mode.
 inline constexpr COLORREF kTextColour = RGB(0, 0, 0);
 
 }  // namespace orvenza

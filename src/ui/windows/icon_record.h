@@ -1,18 +1,18 @@
 #pragma once
 
 #include <windows.h>
-// After windows.h, on which it builds.
+// Requires windows.h.
 #include <shellapi.h>
 
 #include <string>
 
 namespace orvenza {
 
-/// What names the icon to the shell: its number among those of `owner`. In the layout of the first shells.
+/// Identifies the icon to the shell by its number and `owner`, in the layout of the first shell version.
 NOTIFYICONDATAA IconRecord(HWND owner);
 
-/// The same for an icon to be shown: the program's in `size` pixels, with a tip that is cut at 63 bytes of
-/// the system's code page. What is done to it is told to `owner` by kIconMessage.
+/// The same for showing the icon: the program's icon in `size` pixels, with a tip that is cut at 63 bytes of
+/// the system's code page. The shell sends kIconMessage to `owner`.
 NOTIFYICONDATAA IconRecord(HWND owner, const std::string& tip, int size);
 
 }  // namespace orvenza

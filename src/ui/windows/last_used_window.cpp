@@ -5,7 +5,7 @@
 namespace orvenza {
 namespace {
 
-/// Shown, but on no screen: so are programs that the system has put to sleep.
+/// Visible but not on any screen, like a suspended program.
 bool IsCloaked(HWND window) {
   using AttributeType = HRESULT(WINAPI*)(HWND, DWORD, void*, DWORD);
   static const auto attribute = FindFunction<AttributeType>(L"dwmapi.dll", "DwmGetWindowAttribute");
@@ -15,15 +15,14 @@ bool IsCloaked(HWND window) {
          cloaked != 0;
 }
 
-/// The taskbar is a tool, and so is what lies behind all windows.
+/// The taskbar and the desktop behind all windows are tool windows.
 bool CanBeUsed(HWND window) {
   const auto style = static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE));
   return IsWindowVisible(window) && IsWindowEnabled(window) && !IsIconic(window) &&
          (style & (WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE)) == 0 && !IsCloaked(window);
 }
 
-/// Stops at the first one that will do. The windows come in their order from the front, the last used before
-/// the others.
+/// Stops at the first usable window. Windows are enumerated from the front, the last used first.
 BOOL CALLBACK Take(HWND window, LPARAM found) {
   if (!CanBeUsed(window)) return TRUE;
   *reinterpret_cast<HWND*>(found) = window;

@@ -4,8 +4,8 @@
 
 namespace orvenza {
 
-/// The window that the operator used last, among those that can be used now: what Alt+Tab would offer first.
-/// Null when there is none.
+/// The usable window that the operator used last: the first one that Alt+Tab would offer. Null when there is
+/// none.
 HWND LastUsedWindow();
 
 }  // namespace orvenza

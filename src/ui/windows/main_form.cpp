@@ -12,15 +12,15 @@
 namespace orvenza {
 namespace {
 
-/// In milliseconds. Nothing else of the program goes on while the menu is open.
+/// In milliseconds. The rest of the program stops while the menu is open.
 constexpr UINT kLongestMenu = 30000;
 
-/// In milliseconds, from one try to show the icon to the next. Each takes twice as long to come as the one
-/// before: a shell that hangs holds the program up with every try.
+/// In milliseconds, between attempts to show the icon. The interval doubles each time: every attempt at a
+/// hanging shell blocks the program.
 constexpr UINT kFirstTry = 1000;
 constexpr UINT kRarestTry = 60000;
 
-/// The part of WM_SYSCOMMAND's first parameter that is not the system's own.
+/// Masks out the bits of WM_SYSCOMMAND's first parameter that the system uses internally.
 constexpr WPARAM kSystemCommand = 0xFFF0;
 
 Menu MakePopUp() {
@@ -68,7 +68,7 @@ MainForm::MainForm(const std::string& caption, MainFormEvents events, Shell shel
       untilNextTry_(kFirstTry) {
   Create(window_class::kOrvMain, caption, WS_OVERLAPPEDWINDOW | WS_MINIMIZE, 0, nullptr);
   Centre();
-  // The shell may not send it to a program that runs with more rights than its own, unless that allows it.
+  // Without this the shell could not send the message to a program with higher rights.
   ChangeWindowMessageFilterEx(Handle(), taskbarCreated_, MSGFLT_ALLOW, nullptr);
   picture1_.emplace(Handle(), shell_, [this] { PopUp(); });
 }
@@ -85,8 +85,7 @@ void MainForm::CreateIcon(const std::string& tip) {
   ShowIcon();
 }
 
-/// Right after the user has signed in the shell may not be ready, and a shell that is busy takes no icon
-/// either.
+/// Right after sign-in the shell may not be ready, and a busy shell does not take an icon either.
 void MainForm::ShowIcon() {
   if (!tip_) return;
   KillTimer(Handle(), kTmrIcon);
@@ -106,7 +105,7 @@ void MainForm::DeleteIcon() {
 
 LRESULT MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == taskbarCreated_) {
-    // The shell was started again and knows no icons, or its screen has other pixels.
+    // The shell restarted without its icons, or the screen's resolution changed.
     ShowIcon();
     return 0;
   }
@@ -118,7 +117,7 @@ LRESULT MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (wParam != FALSE) End();
       return 0;
     case WM_SYSCOMMAND:
-      // Alt+F4 while the hidden form has the keyboard is no wish to end.
+      // Alt+F4 while the hidden form has the focus does not end the program.
       if ((wParam & kSystemCommand) == SC_CLOSE) return 0;
       return Window::OnMessage(message, wParam, lParam);
     case WM_CLOSE: End(); return 0;
@@ -133,7 +132,7 @@ LRESULT MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   }
 }
 
-/// Where a form that could be seen would be.
+/// Puts the hidden form where a visible one would be.
 void MainForm::Centre() const {
   const Extent screen = ScreenSize();
   WINDOWPLACEMENT place{};
@@ -144,7 +143,7 @@ void MainForm::Centre() const {
   SetWindowPlacement(Handle(), &place);
 }
 
-/// Whatever is done to the form from outside, it is minimised and hidden again, with its icon in place.
+/// If the form is restored from outside, it is minimised and hidden again, with its icon in place.
 void MainForm::OnSize(WPARAM state) {
   if (state != SIZE_MINIMIZED) {
     ShowWindow(Handle(), SW_MINIMIZE);
@@ -154,14 +153,14 @@ void MainForm::OnSize(WPARAM state) {
   ShowWindow(Handle(), SW_HIDE);
 }
 
-/// An open menu would keep the program from noticing.
+/// While the menu is open, the program could not act on the request.
 void MainForm::End() {
   EndMenu();
   events_.end();
 }
 
-/// At the pointer. Where that is not on the icon, the icon was pressed by the keyboard, and the menu opens
-/// there.
+/// The pointer's position, or that of the icon if the icon was opened by keyboard, with the pointer
+/// elsewhere.
 POINT MainForm::PlaceOfMenu() const {
   POINT place{};
   GetCursorPos(&place);
@@ -171,12 +170,12 @@ POINT MainForm::PlaceOfMenu() const {
 }
 
 void MainForm::PopUp() {
-  // A second menu would take the timer of the first one with it.
+  // A second menu would end the timer of the first one.
   if (menuIsOpen_) return;
   menuIsOpen_ = true;
   const Menu menu = MakePopUp();
   const POINT place = PlaceOfMenu();
-  // Without the foreground, and the message behind, the menu would not close when the operator clicks
+  // Without the foreground, and the message afterwards, the menu would not close when the operator clicks
   // elsewhere.
   SetForegroundWindow(Handle());
   SetTimer(Handle(), kTmrMenu, kLongestMenu, nullptr);

@@ -10,25 +10,25 @@
 
 namespace orvenza {
 
-/// What the operator, or the system, asks of the main form.
+/// Requests that the operator or the system makes through the main form.
 struct MainFormEvents {
   std::function<void(MenuItem)> chosen;  ///< An item of the menu.
-  std::function<void()> end;             ///< The session ends, or another program closed the form.
-  std::function<void()> menuClosed;  ///< The menu has gone without a choice. The form may be in front still.
+  std::function<void()> end;             ///< The Windows session ends, or another program closed the form.
+  std::function<void()>
+      menuClosed;  ///< The menu closed without a choice. The form may still be in the foreground.
 };
 
-/// The picture box that the icon belongs to and sends its messages to.
+/// The picture box that owns the icon and receives its messages.
 class Picture final : public Window {
  public:
-  /// `pressed` is called from inside the window's procedure when the icon is pressed with the left or the
-  /// right button. `shell` outlives the picture.
+  /// `pressed` is called from inside the window procedure when the icon is clicked with the left or the right
+  /// button. `shell` outlives the picture.
   Picture(HWND form, const Shell& shell, std::function<void()> pressed);
   ~Picture() override;
   Picture(const Picture&) = delete;
   Picture& operator=(const Picture&) = delete;
 
-  /// Puts the icon into the notification area, or brings the one that is there up to date. False when the
-  /// shell has taken neither.
+  /// Adds the icon to the notification area or updates the existing one. False when the shell refused both.
   bool AddIcon(const std::string& tip) const;
   void DeleteIcon() const;
 
@@ -39,16 +39,16 @@ class Picture final : public Window {
   std::function<void()> pressed_;
 };
 
-/// The main form `Orv_Main`: owns icon and menu and is never to be seen.
+/// The main form `Orv_Main`: owns icon and menu and is always hidden.
 class MainForm final : public Window {
  public:
-  /// `events` are called from inside the window's procedure and must not throw.
+  /// `events` are called from inside the window procedure and must not throw.
   MainForm(const std::string& caption, MainFormEvents events, Shell shell = SystemShell());
   ~MainForm() override;
   MainForm(const MainForm&) = delete;
   MainForm& operator=(const MainForm&) = delete;
 
-  /// Tries again until the shell takes the icon. A failure is not reported.
+  /// Retries until the shell takes the icon. A failure is not reported.
   void CreateIcon(const std::string& tip);
   void DeleteIcon();
 
@@ -65,8 +65,8 @@ class MainForm final : public Window {
   const Shell shell_;
   const UINT taskbarCreated_;
   std::optional<Picture> picture1_;
-  std::optional<std::string> tip_;  ///< Of the icon while there is one.
-  UINT untilNextTry_;               ///< To show the icon, in milliseconds.
+  std::optional<std::string> tip_;  ///< The icon's tip; empty while there is no icon.
+  UINT untilNextTry_;               ///< Interval to the next attempt to show the icon, in milliseconds.
   bool menuIsOpen_ = false;
 };
 

@@ -1,7 +1,7 @@
 #include "ui/windows/message_form.h"
 
 #include <windows.h>
-// After windows.h, on which they build.
+// These require windows.h.
 #include <commctrl.h>
 #include <mmsystem.h>
 
@@ -17,19 +17,19 @@ namespace {
 
 void PlayDing(const std::string& programFolder, const SoundPlayer& play) {
   const std::string path = programFolder + "\\ding.wav";
-  // Instead of a file that it does not find the system would play a sound of its own.
+  // If the file is missing, the system would play a default sound.
   if (GetFileAttributesW(ToWide(path).c_str()) == INVALID_FILE_ATTRIBUTES) return;
   try {
     play(CodePagePath(path).c_str(), SND_ASYNC);
   } catch (const SystemError&) {
-    // No spelling of the path would reach the file.
+    // The path cannot be expressed in the code page.
   }
 }
 
-/// The image's place in the row of four: stop, question, exclamation, information.
+/// The image's index: stop, question, exclamation, information.
 int IndexOf(MessageIcon icon) { return static_cast<int>(icon) - static_cast<int>(MessageIcon::kStop); }
 
-/// The number of the system's icon, in the form of a resource's name.
+/// The resource identifier of the system's icon.
 PCWSTR SystemIconOf(MessageIcon icon) {
   const auto nameOf = [](const void* number) { return static_cast<PCWSTR>(number); };
   switch (icon) {
@@ -40,7 +40,7 @@ PCWSTR SystemIconOf(MessageIcon icon) {
   }
 }
 
-/// The icon sharp at `size` pixels where the system can do that, else one to be stretched.
+/// Loads the icon sharp at `size` pixels if the system can, otherwise in a size to be stretched.
 Icon LoadSystemIcon(PCWSTR name, int size) {
   using LoadType = HRESULT(WINAPI*)(HINSTANCE, PCWSTR, int, int, HICON*);
   static const auto load = FindFunction<LoadType>(L"comctl32.dll", "LoadIconWithScaleDown");
@@ -51,7 +51,7 @@ Icon LoadSystemIcon(PCWSTR name, int size) {
   return Icon(icon);
 }
 
-/// The text is no field to be edited, so it has no menu for that either.
+/// The text is read-only, so it has no edit menu.
 LRESULT CALLBACK WithoutMenu(HWND text, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
   return message == WM_CONTEXTMENU ? 0 : DefSubclassProc(text, message, wParam, lParam);
 }
@@ -94,7 +94,7 @@ Extent MessageForm::Arrange(int dpi) {
   return layout.form;
 }
 
-/// The text box itself breaks its lines, so that none is lost by another way of counting.
+/// The text box itself wraps the lines: any other calculation could lose one.
 TextMeasure MessageForm::MeasureOfText() const {
   return [this](int width) {
     const HWND text = Control(control_id::kText1);

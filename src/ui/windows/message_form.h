@@ -7,16 +7,16 @@
 
 namespace orvenza {
 
-/// Plays a sound file as sndPlaySoundA does.
+/// Plays a sound file like sndPlaySoundA.
 using SoundPlayer = std::function<BOOL(const char* path, UINT flags)>;
 
-/// The system's player, which is silent where the system has none.
+/// The system's player; silent if the system has none.
 SoundPlayer SystemSound();
 
-/// The message dialog `Orv_Msg`, on the screen from the start. Its buttons are kCommand0 + 1 and following.
+/// The message dialog `Orv_Msg`; visible from construction. Its buttons are kCommand0 + 1 and following.
 class MessageForm final : public Form {
  public:
-  /// Plays "ding.wav" of `programFolder`, if there is one, and does not wait for its end.
+  /// Plays "ding.wav" from `programFolder`, if it exists, without waiting for its end.
   MessageForm(Desk& desk, const MessageContent& content, const std::string& programFolder,
               const SoundPlayer& play);
 

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The names and numbers by which the windows and their parts can be found from outside.
+/// The names and numbers by which other programs find the windows and their controls.
 namespace orvenza {
 
 /// Window classes of the forms, and of the icon's window, a child of Orv_Main.
@@ -11,11 +11,12 @@ inline constexpr const wchar_t* kOrvMsg = L"Orv_Msg";
 inline constexpr const wchar_t* kOrvInfo = L"Orv_Info";
 inline constexpr const wchar_t* kOrvConf = L"Orv_Conf";
 inline constexpr const wchar_t* kOrvUti = L"Orv_Uti";
-inline constexpr const wchar_t* kOrvSession = L"Orv_Session";  ///< Hidden; hears of the session's end.
+inline constexpr const wchar_t* kOrvSession =
+    L"Orv_Session";  ///< Hidden; receives the end of the Windows session.
 }  // namespace window_class
 
-/// Numbers of the controls. Those of an array follow each other: the member i of Command0 is kCommand0 + i.
-/// 1 and 2 stay free, they are what Enter and Esc send.
+/// Control numbers. The controls of an array are consecutive: the member i of Command0 is kCommand0 + i. 1
+/// and 2 are reserved for Enter and Esc.
 namespace control_id {
 // Orv_Main
 inline constexpr int kPicture1 = 10;
@@ -47,10 +48,10 @@ inline constexpr int kTmrFlash = 1;
 /// The timer of Orv_Main that closes a menu left open.
 inline constexpr int kTmrMenu = 2;
 
-/// The timer of Orv_Main that tries again to show the icon.
+/// The timer of Orv_Main that retries to show the icon.
 inline constexpr int kTmrIcon = 3;
 
-/// What the icon sends to Picture1; the message of the mouse stands in its last parameter.
+/// Sent by the icon to Picture1; its last parameter is the mouse message.
 inline constexpr unsigned kIconMessage = 512;
 
 }  // namespace orvenza

@@ -4,17 +4,17 @@
 
 namespace orvenza {
 
-/// Where a program without a console of its own may write: its standard output where that leads somewhere,
-/// else the console it was started from, which it then belongs to: closing that console ends the program. So
-/// made only where there is something to show. Without either nothing is shown.
+/// Output for a program without its own console: its standard output if redirected, otherwise the console
+/// that started it. Attaching to that console means that closing it ends the program, so create the object
+/// only to show something. Without either nothing is shown.
 class ParentConsole {
  public:
   ParentConsole();
 
-  /// False when nobody would see it.
+  /// False when output would not be seen.
   bool IsThere() const { return output_ != nullptr; }
 
-  /// Writes UTF-8 `text`.
+  /// Writes UTF-8 text.
   void Write(const std::string& text) const;
 
  private:

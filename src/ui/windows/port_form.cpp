@@ -17,7 +17,7 @@ PortForm::PortForm(Desk& desk, const PortContent& content)
     : Form(desk, window_class::kOrvConf, content.caption) {
   for (int list = 0; list < kLists; ++list) AddList(content, list);
   AddButton(content.button, kCommand + 1, TextKind::kControl);
-  // Behind the lists: a frame paints over what lies before it.
+  // After the lists in z-order: a frame paints over the controls before it.
   AddControl(L"BUTTON", content.caption, BS_GROUPBOX | WS_GROUP, kFrame1, TextKind::kControl);
   Show(kCombo + 1, false);
 }
@@ -56,7 +56,7 @@ Extent PortForm::Arrange(int dpi) {
   return layout.form;
 }
 
-/// The height of a list's window is that of the open list; the closed one takes its height from its font.
+/// A list's window height is that of the open list; the font sets the height of the closed one.
 void PortForm::PlaceList(int id, Box box) const {
   const HWND combo = Control(id);
   RECT closed{};

@@ -7,12 +7,12 @@
 
 namespace orvenza {
 
-/// The port dialog `Orv_Conf`, on the screen from the start. Its button is kCommand + 1.
+/// The port dialog `Orv_Conf`; visible from construction. Its button is kCommand + 1.
 class PortForm final : public Form {
  public:
   PortForm(Desk& desk, const PortContent& content);
 
-  /// The index of each list's entry, from 0; -1 none.
+  /// The index of each list's selected entry, from 0; -1 none.
   std::array<int, 5> Selected() const;
 
  private:

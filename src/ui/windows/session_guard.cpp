@@ -22,7 +22,7 @@ SessionGuard::~SessionGuard() {
   WaitForSingleObject(thread_.Get(), INFINITE);
 }
 
-/// Everything of the thread, which touches nothing of the program but this object's handles.
+/// The thread's whole work. It touches nothing of the program but this object's handles.
 DWORD WINAPI SessionGuard::Run(void* self) {
   WNDCLASSW guard{};
   guard.lpfnWndProc = &SessionGuard::Procedure;
@@ -33,7 +33,7 @@ DWORD WINAPI SessionGuard::Run(void* self) {
                                       guard.hInstance, nullptr);
   if (window != nullptr) SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
   MSG message{};
-  PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);  // makes the queue that WM_QUIT is posted to
+  PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);  // creates the queue that WM_QUIT is posted to
   SetEvent(static_cast<SessionGuard*>(self)->ready_.Get());
   while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
   if (window != nullptr) DestroyWindow(window);
@@ -45,7 +45,7 @@ LRESULT CALLBACK SessionGuard::Procedure(HWND window, UINT message, WPARAM wPara
   if (self == nullptr) return DefWindowProcW(window, message, wParam, lParam);
   switch (message) {
     case WM_QUERYENDSESSION:
-      // Without a reason a program that shows no window is ended after a few seconds.
+      // Without a reason the system ends a program without visible windows after a few seconds.
       ShutdownBlockReasonCreate(window, ToWide(own_text::kCompletesReceipt).c_str());
       return TRUE;
     case WM_ENDSESSION:

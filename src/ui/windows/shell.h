@@ -1,7 +1,7 @@
 #pragma once
 
 #include <windows.h>
-// After windows.h, on which it builds.
+// Requires windows.h.
 #include <shellapi.h>
 
 #include <functional>
@@ -9,16 +9,16 @@
 
 namespace orvenza {
 
-/// What the icon asks of the shell.
+/// The shell functions that the icon needs.
 struct Shell {
-  /// Carries out `operation` (NIM_ADD and so on) and returns whether it succeeded, as Shell_NotifyIconA does.
+  /// Performs `operation` (NIM_ADD etc.) and returns whether it succeeded, like Shell_NotifyIconA.
   std::function<bool(DWORD operation, NOTIFYICONDATAA& record)> notify;
 
-  /// Where the icon of `owner` is on the screen; empty when the system does not tell.
+  /// Screen position of the icon of `owner`; empty if the system does not provide it.
   std::function<std::optional<RECT>(HWND owner)> placeOfIcon;
 };
 
-/// The system's own.
+/// Calls the system's shell.
 Shell SystemShell();
 
 }  // namespace orvenza

@@ -5,7 +5,7 @@
 
 namespace orvenza {
 
-/// The utilities dialog `Orv_Uti`, on the screen from the start. Its buttons are kCommand + 1 to 3.
+/// The utilities dialog `Orv_Uti`; visible from construction. Its buttons are kCommand + 1 to 3.
 class UtilitiesForm final : public Form {
  public:
   UtilitiesForm(Desk& desk, const UtilitiesContent& content);

@@ -59,7 +59,7 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
   auto* const self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (self == nullptr) return DefWindowProcW(window, message, wParam, lParam);
   if (message == WM_NCDESTROY) {
-    // Gone with its owner, or closed by the system.
+    // Destroyed with its owner, or closed by the system.
     self->handle_ = nullptr;
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     return DefWindowProcW(window, message, wParam, lParam);
@@ -68,7 +68,7 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
 }
 
 HICON ProgramIcon(int size) {
-  // Not LR_SHARED, which gives the size that was loaded first, whichever is asked for.
+  // LR_SHARED would return the size that was loaded first, whichever is requested.
   static std::map<int, HICON> loaded;
   const auto [entry, isNew] = loaded.try_emplace(size);
   HICON& icon = entry->second;

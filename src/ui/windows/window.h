@@ -6,7 +6,7 @@
 
 namespace orvenza {
 
-/// A window with its procedure. Gone when the object is.
+/// A window with its procedure. Destroying the object destroys the window.
 class Window {
  public:
   Window(const Window&) = delete;
@@ -19,13 +19,13 @@ class Window {
   Window() = default;
   virtual ~Window() { Destroy(); }
 
-  /// Makes the window, not yet visible, at the screen's upper left corner. Throws SystemError.
+  /// Creates the window, hidden, at the screen's upper left corner. Throws SystemError.
   void Create(const wchar_t* className, const std::string& caption, DWORD style, DWORD extendedStyle,
               HWND parentOrOwner, int id = 0);
 
   void Destroy();
 
-  /// Answers a message. Must not throw: the system is its caller.
+  /// Handles a message. Must not throw: the system is its caller.
   virtual LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
  private:
@@ -34,8 +34,8 @@ class Window {
   HWND handle_ = nullptr;
 };
 
-/// The program's own icon in `size` pixels; the system's for a program without one. Kept for the program's
-/// life: never to be destroyed.
+/// The program's own icon in `size` pixels, or the system's if the program has none. Owned by the program:
+/// never destroy it.
 HICON ProgramIcon(int size);
 
 }  // namespace orvenza

@@ -11,7 +11,7 @@
 namespace orvenza {
 namespace {
 
-/// Keeps a message among those that wait.
+/// Lists a message dialog while it waits.
 class WaitingMark {
  public:
   WaitingMark(std::vector<Form*>& waiting, Form& form) : waiting_(waiting) { waiting_.push_back(&form); }
@@ -69,8 +69,8 @@ void WindowsOperator::ShowUtilities(const UtilitiesContent& content,
   }
 }
 
-/// The hidden form took the foreground for its menu. Only in front does a dialog that waits hear its keys, or
-/// else the program that the operator was using.
+/// The hidden form took the foreground for its menu. Gives it to the innermost waiting dialog, which could
+/// not receive keys otherwise, or else to the program that the operator was using.
 void WindowsOperator::LeaveMainForm() const {
   if (GetForegroundWindow() != orvMain_.Handle()) return;
   const HWND next = desk_.forms.empty() ? LastUsedWindow() : desk_.forms.back()->Handle();
@@ -81,7 +81,8 @@ void WindowsOperator::RunMenuItem(MenuItem item) {
   try {
     if (menuHandler_) menuHandler_(item);
   } catch (const ProgramEnd& end) {
-    // The pump may be in the middle of a pause that must run to its end; the next wait without limit throws.
+    // The pump may be running inside a pause that must not be cut short; the next wait without a limit
+    // throws.
     desk_.loop.RequestEnd(end);
   }
   LeaveMainForm();

@@ -18,17 +18,17 @@
 
 namespace orvenza {
 
-/// The operator in front of windows, with an icon in the notification area. All windows, the hidden main form
-/// with them, live as long as the object.
+/// The operator in front of windows, with an icon in the notification area. All windows, including the hidden
+/// main form, live as long as the object.
 class WindowsOperator final : public Operator, public NotificationIcon {
  public:
-  /// `programFolder` may hold the sound of messages, given to `play`; `caption` is the main form's. Throws
-  /// SystemError.
+  /// `programFolder` may contain the sound for messages, which `play` plays; `caption` is the main form's.
+  /// Throws SystemError.
   WindowsOperator(EventLoop& loop, WindowsEventPump& pump, std::string programFolder,
                   const std::string& caption, SoundPlayer play = SystemSound());
 
-  /// Who carries out the menu's items; until there is one, they do nothing. An item is carried out as an
-  /// event of the pump, dialogs included; a ProgramEnd of it is noted in the event loop.
+  /// Handles the menu's items; until it is set, they do nothing. An item runs as an event of the pump,
+  /// dialogs included; its ProgramEnd is passed to the event loop.
   void SetMenuHandler(std::function<void(MenuItem)> handler) { menuHandler_ = std::move(handler); }
 
   std::optional<int> ShowMessage(const MessageContent& content) override;
@@ -48,7 +48,7 @@ class WindowsOperator final : public Operator, public NotificationIcon {
   SoundPlayer play_;
   std::function<void(MenuItem)> menuHandler_;
   Desk desk_;
-  std::vector<Form*> messages_;  ///< The message dialogs that wait, the innermost last.
+  std::vector<Form*> messages_;  ///< Open message dialogs, the innermost last.
   MainForm orvMain_;
   SessionGuard sessionGuard_;
   ConsoleGuard consoleGuard_;
