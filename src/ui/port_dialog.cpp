@@ -38,7 +38,7 @@ std::string SettingsPart(std::size_t list, const std::string& entry) {
 constexpr std::array kLabels{MessageId::kPort, MessageId::kSpeed, MessageId::kParity, MessageId::kDataBits,
                              MessageId::kStopBits};
 
-/// The four parts of the line settings, each at the place of its list; missing ones are empty.
+/// The four parts of the line settings, each at the index of its list; missing ones are empty.
 std::array<std::string, 5> SplitSettings(std::string_view text) {
   std::array<std::string, 5> parts;
   for (std::size_t list = kPort + 1; list < parts.size() && !text.empty(); ++list) {
