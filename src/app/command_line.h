@@ -6,20 +6,20 @@
 
 namespace orvenza {
 
-/// What the program was asked on its command line.
+/// The parsed command line.
 struct CommandLine {
   bool help = false;
   bool version = false;
-  std::string folder;                 ///< Program folder; empty: where the executable lies.
+  std::string folder;                 ///< Program folder; empty for the executable's folder.
   bool simulate = false;              ///< Use the simulated register.
-  std::optional<std::string> script;  ///< Its script.
-  std::string error;                  ///< What is wrong with the words; empty: nothing.
+  std::optional<std::string> script;  ///< Path of the fault script.
+  std::string error;                  ///< Why the arguments are invalid; empty if they are valid.
 };
 
-/// Reads the words after the program's name.
+/// Parses the arguments, without the program name.
 CommandLine ParseCommandLine(const std::vector<std::string>& words);
 
-/// The help page. `menu` is the sentence that says how this program's menu is opened.
+/// The help page. `menu` explains how to open this program's menu.
 std::string Usage(const std::string& menu);
 
 }  // namespace orvenza

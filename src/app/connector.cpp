@@ -79,12 +79,12 @@ void Connector::Main(bool anotherInstanceRuns) {
   RunMainLoop();
 }
 
-/// Tells the operator, logs, and ends: also where the program is asked to end while the operator reads.
+/// Informs the operator, logs and ends, even if the end is requested while the operator reads.
 void Connector::RefuseStart(int status, const std::function<void()>& tell, const std::function<void()>& log) {
   try {
     tell();
   } catch (const ProgramEnd&) {
-    // It ends in any case.
+    // The program ends anyway.
   }
   if (log) log();
   throw ProgramEnd{.unload = false, .status = status};
@@ -117,8 +117,8 @@ void Connector::PrepareSettings() {
   });
 }
 
-/// Defaults in place of settings that cannot be read would print receipts wrong, and throw printed tickets
-/// away: the start is tried again for a few seconds, and then refused.
+/// With defaults in place of unreadable settings, receipts would be printed wrong and printed tickets thrown
+/// away. So reading is retried for a few seconds, and then the start is refused.
 void Connector::ReadSettings(const std::function<void()>& read) {
   for (int retry = 0; retry < kSettingsRetries; ++retry) {
     try {
@@ -131,7 +131,7 @@ void Connector::ReadSettings(const std::function<void()>& read) {
   RefuseStart(exit_status::kSettings, [&] { ReportUnreadableSettings(messages_, logs_, paths_.Ini()); });
 }
 
-/// No other instance writes there: this one has been let in.
+/// Safe here: this instance has acquired the lock, so no other one writes there.
 void Connector::RemoveUnfinished() {
   for (const std::string& folder : {paths_.AppPath + "\\", settings_.TicketFolder, settings_.InProcessFolder,
                                     settings_.AbortFolder, settings_.HistoricFolder}) {
@@ -157,7 +157,7 @@ void Connector::LoadMainForm() {
 }
 
 void Connector::RotateHistoric() {
-  // The default of a missing setting is the in-process folder.
+  // A missing setting defaults to the in-process folder.
   const std::string& historic = settings_.HistoricFolder;
   if (HistoricHoldsTickets(settings_, paths_.AppPath)) {
     logs_.WrErr(std::string(own_text::kHistoricOff) + " " + historic);
@@ -215,8 +215,8 @@ void Connector::Unload(const ProgramEnd& end) {
 }
 
 void Connector::OnMenu(MenuItem item) {
-  if (!iconShown_) return;  // the menu is the icon's
-  // Nothing of a menu's dialog may break off what the program was waiting for.
+  if (!iconShown_) return;  // the menu belongs to the icon
+  // A failure in a menu's dialog must not break off the interrupted wait.
   logs_.Attempt(kMainLabel, [&] {
     switch (item) {
       case MenuItem::kExit: Pm1(); break;
@@ -227,14 +227,14 @@ void Connector::OnMenu(MenuItem item) {
   });
 }
 
-/// The question whether to end is a message like others.
+/// The question whether to end is an ordinary message dialog.
 void Connector::CloseMessage() {
   person_.CloseMessage();
   exitAsked_ = false;
 }
 
 void Connector::Pm1() {
-  if (exitAsked_) return;  // Closed and asked anew, the questions would nest without end.
+  if (exitAsked_) return;  // Closing and asking again would nest the questions without limit.
   CloseMessage();
   const OpenMark mark(exitAsked_);
   const PollingPause pause(timer1_);

@@ -32,7 +32,7 @@
 
 namespace orvenza {
 
-/// Everything outside the connector that it works on. All of it outlives the connector.
+/// The connector's environment. Everything here outlives the connector.
 struct Surroundings {
   Files& files;
   Folders& folders;
@@ -44,23 +44,22 @@ struct Surroundings {
   EcrLink& control;
 };
 
-/// The connector, start to stop: the entry procedure and the main form `Orv_Main`.
+/// The connector from start to stop: the entry procedure and the main form `Orv_Main`.
 class Connector {
  public:
   Connector(const Surroundings& surroundings, const ProgramPaths& paths);
 
   /// Starts the connector, prints tickets until the program is to end, and shuts down. `anotherInstanceRuns`
-  /// refuses the start. Returns the exit status.
+  /// refuses the start. Returns the exit code.
   int Run(bool anotherInstanceRuns);
 
-  /// An item of the icon's menu was chosen. To be called as an event, whatever the program waits for; without
-  /// effect while there is no icon. A failure is written to the error log, and the wait goes on. ProgramEnd
-  /// passes.
+  /// Handles an item chosen from the icon's menu. Called as an event, during any wait; without effect while
+  /// there is no icon. A failure goes to the error log and the wait goes on. ProgramEnd passes through.
   void OnMenu(MenuItem item);
 
   const AppSettings& Settings() const { return settings_; }
 
-  /// Who is told of each tick as it begins.
+  /// Called at the start of each tick.
   void SetTickObserver(std::function<void()> observer) { tickObserver_ = std::move(observer); }
 
  private:

@@ -7,7 +7,7 @@
 namespace orvenza {
 namespace {
 
-/// Whether a path stands for itself, in the spelling of any system.
+/// Whether a path is absolute on any system.
 bool IsAbsolute(const std::string& path) {
   return path.find_first_of("/\\") == 0 || (path.size() > 1 && path[1] == ':');
 }
@@ -26,7 +26,7 @@ Simulation::Simulation(Files& files, const Clock& clock, Scheduler& scheduler, c
     try {
       files.Append(copy, line + "\n");
     } catch (const SystemError& failure) {
-      // The paper itself has been shown.
+      // The paper line itself has been shown.
       if (!lossTold) show("(" + name + ": " + std::string(StandardDescription(failure.Number())) + ")");
       lossTold = true;
     }

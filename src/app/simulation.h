@@ -13,12 +13,12 @@
 
 namespace orvenza {
 
-/// A simulated register behind its control, set up by a script.
+/// A simulated register behind its link control, configured by a script.
 class Simulation {
  public:
-  /// `show` is handed each line of paper. What the script's "paper" names is added to as well, below `folder`
-  /// unless it is an absolute path. The first line that cannot be added is followed by one in brackets that
-  /// names the file and the failure; later ones are passed over.
+  /// `show` receives each printed line. Lines are also appended to the file named by the script's "paper",
+  /// relative to `folder` unless its path is absolute. After the first line that cannot be appended, a line
+  /// in brackets names the file and the failure; later failures are ignored.
   Simulation(Files& files, const Clock& clock, Scheduler& scheduler, const FaultScript& script,
              const std::string& folder, std::function<void(const std::string&)> show);
 
@@ -30,7 +30,7 @@ class Simulation {
   SimulatedLink link_;
 };
 
-/// Reads the script file `path`. Throws ScriptError, also when the file cannot be read.
+/// Reads the script file `path`. Throws ScriptError, even if the file cannot be read.
 FaultScript ReadFaultScript(const Files& files, const std::string& path);
 
 }  // namespace orvenza

@@ -11,8 +11,8 @@ inline constexpr int kSettings = 4;       ///< The settings are unusable.
 inline constexpr int kFolderNotMade = 5;  ///< A folder named by the settings cannot be created.
 }  // namespace exit_status
 
-/// Thrown to end the program. Deliberately not a std::exception: handlers that log a failure and carry on
-/// must let it pass.
+/// Thrown to end the program. Deliberately not a std::exception: a trap, which logs a failure and carries
+/// on, must let it pass.
 struct ProgramEnd {
   /// True for an orderly end (the main form is unloaded and "End" is logged), false for an immediate one.
   bool unload = false;

@@ -1,4 +1,4 @@
-// The connector in a terminal: builds the objects, wires them, runs.
+// The connector in a terminal: creates the objects, wires them and runs.
 
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -36,7 +36,7 @@ int Refuse(const std::string& reason) {
   return exit_status::kFailed;
 }
 
-/// Characters in a row; the usual width where the output is no terminal or does not know.
+/// Width of the terminal in characters; the default if the output is no terminal or its width is unknown.
 std::size_t TerminalWidth() {
   winsize size{};
   const bool known = ::ioctl(kStandardOutput, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;

@@ -1,4 +1,4 @@
-// The connector as a program of the notification area: builds the objects, wires them, runs.
+// The connector in the notification area: creates the objects, wires them and runs.
 
 #include <windows.h>
 
@@ -44,9 +44,9 @@ void Tell(const std::string& text, MessageIcon icon) {
     WindowsOperator person(loop, pump, HomeFolder(), ProgramName());
     OperatorMessages(person, ProgramName()).ShowOperatorMessage(message, {icon}, {});
   } catch (const std::exception&) {
-    // There is nobody to tell it to.
+    // There is no other way to show it.
   } catch (const ProgramEnd&) {
-    // The user's session ends, and it is not read any more.
+    // The Windows session ends, so the message cannot be read any more.
   }
 }
 
