@@ -7,8 +7,8 @@
 
 namespace orvenza {
 
-/// Takes the data of a command apart from left to right. Once something does not fit, everything after it
-/// reads as 0 or empty, and Complete() is false.
+/// Parses the data of a command from left to right. After the first mismatch every field reads as 0 or empty,
+/// and Complete() is false.
 class CommandFields {
  public:
   /// `command` begins with its four-digit code and must outlive this object.
@@ -19,22 +19,22 @@ class CommandFields {
   /// A number of exactly `count` digits.
   std::int64_t Digits(std::size_t count);
 
-  /// A number as above that lies in a range.
+  /// The same, with a range.
   std::int64_t DigitsBetween(std::size_t count, std::int64_t least, std::int64_t most);
 
-  /// The two digits that nearly every command begins with.
+  /// The two digits at the start of nearly every command.
   void OperatorDigits() { Digits(2); }
 
-  /// A text of exactly `count` characters; its trailing blanks are left out.
+  /// A text of exactly `count` characters, without its trailing blanks.
   std::string Text(std::size_t count);
 
-  /// What is left, at most `most` characters; its trailing blanks are left out.
+  /// The rest, at most `most` characters, without its trailing blanks.
   std::string Remaining(std::size_t most);
 
-  /// The fixed characters `text`.
+  /// The literal characters `text`.
   void Literal(std::string_view text);
 
-  /// Whether everything fitted and nothing is left.
+  /// Whether everything matched and nothing is left.
   bool Complete() const { return fits_ && rest_.empty(); }
 
  private:

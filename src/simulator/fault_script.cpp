@@ -25,7 +25,7 @@ Paper ReadPaper(ScriptLine& line) {
   line.Refuse("\"journal\" or \"receipt\"");
 }
 
-/// Reads the faults that need no command. False when `word` is none of them.
+/// Reads the faults that are not tied to a command. False if `word` is none of them.
 bool ReadStateFault(std::string_view word, ScriptLine& line, Fault& fault) {
   if (word == "absent") {
     fault.kind = FaultKind::kAbsent;
@@ -99,7 +99,7 @@ std::string ReadModel(ScriptLine& line) {
   return label;
 }
 
-/// A shorter release stands at the end of its field, where the program looks for its number.
+/// A shorter release is right-aligned in its field, where the program looks for its number.
 std::string ReadRelease(ScriptLine& line) {
   const std::string expected = "the release, at most 10 characters in double quotes";
   const std::string release = line.Text(expected);

@@ -12,23 +12,23 @@
 
 namespace orvenza {
 
-/// What goes wrong.
+/// The kind of failure.
 enum class FaultKind {
-  kReply,      ///< `text` is answered instead of carrying out the command.
-  kSilence,    ///< The command is lost: not carried out, no event.
-  kLinkError,  ///< Link error `number` (1 to 3) instead of carrying out the command.
-  kLoseReply,  ///< The command is carried out, its reply is lost: no event.
-  kLate,       ///< The reply comes `number` milliseconds later than it should.
-  kPaperOut,   ///< `paper` ends before the command is carried out.
-  kAbsent,     ///< The next `number` reads find the register absent.
+  kReply,      ///< The reply is `text`; the command is not executed.
+  kSilence,    ///< The command is lost: not executed, no event.
+  kLinkError,  ///< Link error `number` (1 to 3) instead of executing the command.
+  kLoseReply,  ///< The command is executed, but its reply is lost: no event.
+  kLate,       ///< The reply is delayed by `number` milliseconds.
+  kPaperOut,   ///< `paper` runs out before the command is executed.
+  kAbsent,     ///< The next `number` queries report the register as absent.
   kPortFails,  ///< The next `number` attempts to open the port fail.
 };
 
-/// One fault and when it strikes: with a command, or, when `prefix` is empty, by itself after a time.
+/// One fault and its trigger: a command or, if `prefix` is empty, a time.
 struct Fault {
-  std::string prefix;                 ///< What the command begins with.
-  std::size_t first = 1;              ///< First occurrence that is struck, counted from 1.
-  std::size_t times = 1;              ///< How many in a row; kAlways for all from then on.
+  std::string prefix;                 ///< The start of the command.
+  std::size_t first = 1;              ///< First affected occurrence, counted from 1.
+  std::size_t times = 1;              ///< Number of consecutive occurrences; kAlways means all from then on.
   std::chrono::milliseconds after{};  ///< Without a prefix: time since the start.
   FaultKind kind = FaultKind::kSilence;
   std::string text;
@@ -38,16 +38,16 @@ struct Fault {
   static constexpr std::size_t kAlways = static_cast<std::size_t>(-1);
 };
 
-/// How the simulated register and its line behave.
+/// The behaviour of the simulated register and its line.
 struct FaultScript {
   RegisterProfile profile;
-  /// Bits a second: nothing, as the connector configures the line; 0, no time passes on the line.
+  /// Bits per second; empty: as the connector configures the line; 0: transmission takes no time.
   std::optional<int> speed;
-  std::string paperFile;  ///< Where to write what is printed, as in the script; empty: nowhere.
+  std::string paperFile;  ///< File for the printed lines, as in the script; empty: none.
   std::vector<Fault> faults;
 };
 
-/// Reads a script; docs/simulator.md describes its form. `name` is for messages. Throws ScriptError.
+/// Parses a script; docs/simulator.md describes its format. `name` is for messages. Throws ScriptError.
 FaultScript ParseFaultScript(const std::string& name, std::string_view text);
 
 }  // namespace orvenza

@@ -7,7 +7,7 @@
 
 namespace orvenza {
 
-/// The error codes that the simulated register answers with.
+/// The error codes of the simulated register.
 namespace refusal {
 inline constexpr std::string_view kJournalPaper = "01";
 inline constexpr std::string_view kReceiptPaper = "02";
@@ -22,12 +22,12 @@ inline constexpr std::string_view kFull = "23";
 /// The reply that refuses a command.
 inline std::string Refusal(std::string_view code) {
   std::string reply = "ERR" + std::string(code);
-  // That a receipt is full is looked for in characters 6 and 7.
+  // The connector recognises a full receipt by characters 6 and 7.
   if (code == refusal::kFull) reply += code;
   return reply;
 }
 
-/// The beginning of the reply to a command that was carried out, all of it where no data follow.
+/// The start of the reply to an executed command; the whole reply if it returns no data.
 inline std::string Done(const CommandFields& fields) { return std::string(fields.Code()) + "00"; }
 
 }  // namespace orvenza

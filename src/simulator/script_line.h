@@ -8,7 +8,7 @@
 
 namespace orvenza {
 
-/// A line of a script that cannot be read. what() is "file:line: expected ...".
+/// Thrown for an invalid script line. what() is "file:line: expected ...".
 struct ScriptError : std::runtime_error {
   ScriptError(std::string fileName, std::size_t lineNumber, std::string whatIsExpected);
 
@@ -26,27 +26,27 @@ class ScriptLine {
   ScriptLine(const std::string& file, std::size_t number, std::string_view text);
 
   bool AtEnd() const { return rest_.empty(); }
-  /// The next character that is no blank, NUL at the end.
+  /// The next non-blank character; NUL at the end.
   char Next() const { return rest_.empty() ? '\0' : rest_.front(); }
-  /// What has not been read.
+  /// The unread rest.
   std::string_view Rest() const { return rest_; }
 
   [[noreturn]] void Refuse(std::string expected) const;
 
-  /// The next word, empty at the end.
+  /// The next word; empty at the end.
   std::string_view Word();
 
-  /// The next word when it is `word`; false leaves the line as it is.
+  /// Skips the next word if it is `word`; otherwise returns false and changes nothing.
   bool Skip(std::string_view word);
 
-  /// The next word, or all of `word`, as a number. Refuses what is none of the range.
+  /// The next word, or all of `word`, as a number. Throws if it is outside the range.
   int Number(int least, int most, const std::string& expected);
   int NumberIn(std::string_view word, int least, int most, const std::string& expected) const;
 
-  /// The rest of the line, which must not be empty; without its double quotes where it begins with one.
+  /// The rest of the line, without its double quotes if it begins with one. Throws if it is empty.
   std::string Text(const std::string& expected);
 
-  /// Refuses anything that is left.
+  /// Throws if anything is left.
   void End() const;
 
  private:

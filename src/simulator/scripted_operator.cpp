@@ -14,14 +14,14 @@ namespace {
 constexpr std::string_view kClose = "close";
 constexpr std::string_view kMenu = "menu ";
 
-/// A caption as answers are compared with it.
+/// The form of a caption in which answers are compared with it.
 std::string Plain(std::string_view caption) {
   std::string plain = ToUpperAscii(caption);
   plain.erase(std::remove(plain.begin(), plain.end(), '&'), plain.end());
   return plain;
 }
 
-/// The number, from 1, of the caption that `answer` names; 0 when it names none.
+/// The caption, counted from 1, that `answer` names; 0 when it names none.
 template <typename Captions>
 int Find(const Captions& captions, const std::string& answer) {
   int number = 0;
@@ -61,8 +61,8 @@ std::string_view Name(DialogKind kind) {
   return "";
 }
 
-/// Selects the entries that `answer` names in `selected`. False when one of its words is in no list after
-/// that of the word before.
+/// Sets `selected` to the entries that `answer` names. False when a word is in no list after that of the
+/// previous word.
 bool SelectEntries(const PortContent& content, const std::string& answer, std::array<int, 5>& selected) {
   std::istringstream words(answer);
   std::size_t list = 0;
@@ -74,7 +74,7 @@ bool SelectEntries(const PortContent& content, const std::string& answer, std::a
   return true;
 }
 
-/// The selected entries, "-" where none is.
+/// The selected entries; "-" for a list without a selection.
 std::string SelectedEntries(const PortContent& content) {
   std::string text;
   for (std::size_t list = 0; list < content.entries.size(); ++list) {
@@ -97,7 +97,7 @@ std::ostream& operator<<(std::ostream& out, const ShownDialog& dialog) {
   return out;
 }
 
-/// One message dialog that waits. CloseMessage closes it through the operator's list.
+/// A message dialog that waits. CloseMessage closes it through the operator's list.
 class ScriptedOperator::OpenMessage {
  public:
   explicit OpenMessage(std::vector<bool*>& open) : open_(open) { open_.push_back(&closed_); }
@@ -218,7 +218,7 @@ bool ScriptedOperator::React(const bool& closed) {
     loop_.CheckEnd();
     left -= step;
   }
-  // A dialog that appeared and went meanwhile has taken the answer.
+  // A dialog that opened and closed in the meantime took the answer.
   return !closed && taken == answersTaken_;
 }
 

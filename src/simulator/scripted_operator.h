@@ -24,38 +24,38 @@ enum class DialogKind { kMessage, kChoice, kPortSettings, kUtilities };
 struct ShownDialog {
   DialogKind kind = DialogKind::kMessage;
   std::string caption;
-  std::string heading;  ///< Of a choice dialog.
-  std::string text;     ///< Of a port dialog, the entries selected at first, as an answer names them.
+  std::string heading;  ///< Choice dialogs only.
+  std::string text;     ///< For a port dialog, the initially selected entries, in the form of an answer.
   MessageIcon icon = MessageIcon::kNone;
-  std::vector<std::string> options;  ///< Of a choice dialog whose frame is visible.
+  std::vector<std::string> options;  ///< Only for a choice dialog with a visible frame.
   std::vector<std::string> buttons;
-  std::string answer;  ///< What it was answered, several answers joined by ", "; empty when none was taken.
-  int selected = 0;    ///< Of `options`, the one selected at first, from 1; 0 none.
+  std::string answer;  ///< The answers taken, joined by ", "; empty if none.
+  int selected = 0;    ///< The initially selected one of `options`, from 1; 0 none.
 };
 
-/// Thrown by a dialog that finds no answer left. Not a std::exception on purpose: the traps that log a
-/// failure and carry on must let it pass, or the run would never end.
+/// Thrown when a dialog finds no answer. Deliberately not a std::exception: traps, which log a failure and
+/// carry on, must let it pass, or the run would never end.
 struct UnansweredDialog {
   ShownDialog dialog;
 };
 
-/// Thrown when the next answer fits nothing in the dialog. Not a std::exception, for the same reason.
+/// Thrown when the next answer does not fit the dialog. Not a std::exception, for the same reason.
 struct BadAnswer {
   std::string answer;
   ShownDialog dialog;
 };
 
-/// One line such as: message "Orvenza - Attenzione !" "\r\nSei sicuro ?" [Sì|No] <- No
+/// Prints one line such as: message "Orvenza - Attenzione !" "\r\nSei sicuro ?" [Sì|No] <- No
 std::ostream& operator<<(std::ostream& out, const ShownDialog& dialog);
 
-/// The person at the till, played from a list of answers that the dialogs take in their order.
+/// The person at the till, played from a list of answers that the dialogs take in order.
 ///
-/// An answer is, "&" and the case of the letters a to z aside:
-/// - the caption of a button ("Riprova"); on a choice dialog it confirms what is selected, on a port dialog
-///   what stands there;
+/// Answers are compared ignoring "&" and the case of the letters a to z. An answer is one of:
+/// - the caption of a button ("Riprova"); on a choice dialog or a port dialog it confirms the current
+/// selection;
 /// - on a choice dialog, the text of an option, which is selected and confirmed;
-/// - on a port dialog, entries of its lists between blanks ("COM3 9600 None"), which are selected and
-///   confirmed, each list taking at most one and the lists in their order;
+/// - on a port dialog, entries of its lists separated by blanks ("COM3 9600 None"), which are selected and
+///   confirmed; at most one entry per list, in the order of the lists;
 /// - "close": the dialog is closed by other means;
 /// - "menu " and the caption of an item: the icon's menu is used while the dialog waits. Unless that closes
 ///   the dialog, it then takes the next answer.
@@ -63,18 +63,18 @@ class ScriptedOperator : public Operator {
  public:
   explicit ScriptedOperator(EventLoop& loop) : loop_(loop) {}
 
-  /// Adds an answer at the end of the list. The operator takes `reaction` to give it, and a dialog that
-  /// appears meanwhile on top of the waiting one gets it instead.
+  /// Appends an answer to the list. The operator takes `reaction` to give it; a dialog that opens on top
+  /// meanwhile gets it instead.
   void Answer(std::string answer, std::chrono::milliseconds reaction = {});
 
-  /// Who answers, at once, when the list is empty; "" stands for no answer.
+  /// Answers immediately when the list is empty; "" means no answer.
   using Judgement = std::function<std::string(const ShownDialog&)>;
   void SetJudgement(Judgement judgement) { judgement_ = std::move(judgement); }
 
-  /// What a "menu" answer calls.
+  /// Called for a "menu" answer.
   void SetMenuHandler(std::function<void(MenuItem)> handler) { menuHandler_ = std::move(handler); }
 
-  /// Who is told of each dialog, with an empty answer when it appears and then with each answer it takes.
+  /// Receives each dialog: with an empty answer when it opens, then with each answer that it takes.
   using Observer = std::function<void(const ShownDialog&, std::string_view answer)>;
   void SetObserver(Observer observer) { observer_ = std::move(observer); }
 
@@ -97,9 +97,9 @@ class ScriptedOperator : public Operator {
   class OpenMessage;
 
   ShownDialog& Record(ShownDialog dialog);
-  /// The next answer that is not for the menu; nothing when the dialog was closed, `closed` included.
+  /// The next answer that is not for the menu; empty when the dialog was closed or `closed` is set.
   std::optional<std::string> NextAnswer(ShownDialog& dialog, const bool& closed);
-  /// Lets the time of the next answer pass. False when the dialog must look again at what it waits for.
+  /// Waits for the next answer's reaction time. False when the dialog must check again what it waits for.
   bool React(const bool& closed);
   std::string Take(ShownDialog& dialog);
   void UseMenu(const ShownDialog& dialog, const std::string& answer);
@@ -110,8 +110,8 @@ class ScriptedOperator : public Operator {
   Judgement judgement_;
   std::deque<PlannedAnswer> answers_;
   std::size_t answersTaken_ = 0;
-  std::deque<ShownDialog> shown_;    ///< A deque: a dialog inside a dialog must not move the outer one.
-  std::vector<bool*> openMessages_;  ///< Of each message that waits now: whether it was closed.
+  std::deque<ShownDialog> shown_;    ///< A deque, since a nested dialog must not move the outer one.
+  std::vector<bool*> openMessages_;  ///< For each open message: set when it is closed.
 };
 
 }  // namespace orvenza

@@ -6,7 +6,7 @@
 namespace orvenza {
 namespace {
 
-constexpr int kUsualSpeed = 19200;  // While the program has set none.
+constexpr int kUsualSpeed = 19200;  // Until the program sets another.
 constexpr std::int64_t kBitsPerCharacter = 10;
 
 std::string_view NameOf(LinkProperty property) {
@@ -119,13 +119,13 @@ void SimulatedLink::Strike(const Fault& fault) {
 void SimulatedLink::Transmitted(const std::string& command, const Disturbance& disturbance) {
   if (disturbance.paperOut) device_.RunOutOfPaper(*disturbance.paperOut);
   Fault none;
-  none.kind = FaultKind::kLate;  // By nothing.
+  none.kind = FaultKind::kLate;  // A delay of zero.
   const Fault& fault = disturbance.fault == nullptr ? none : *disturbance.fault;
   if (fault.kind == FaultKind::kSilence) return;
   if (fault.kind == FaultKind::kLinkError) return RaiseLinkError(fault.number);
   const std::string reply = fault.kind == FaultKind::kReply ? fault.text : device_.Execute(command);
   if (fault.kind == FaultKind::kLoseReply) return;
-  // Of the whole way, so that the fractions of a nanosecond of the two halves do not add up.
+  // Measured over both texts together, so that rounding errors of the two parts do not add up.
   auto delay = LineTime(command.size() + reply.size()) - LineTime(command.size());
   if (fault.kind == FaultKind::kLate) delay += std::chrono::milliseconds(fault.number);
   if (delay.count() == 0) return Deliver(reply);

@@ -18,30 +18,29 @@
 
 namespace orvenza {
 
-/// What an observer of the line is told.
+/// The events that an observer of the line receives.
 enum class LineEvent {
   kSent,       ///< The program transmits; the text is the command.
   kReceived,   ///< A reply arrives; the text is the reply.
   kLinkError,  ///< The text is the error's number.
   kPort,       ///< The text is "open", "not open" (the opening failed) or "closed".
-  kAbsent,     ///< The program read that the register is absent; no text.
+  kAbsent,     ///< The program found the register absent; no text.
 };
 
-/// The link control in front of a simulated register, with the faults of a script. Events come through the
-/// scheduler only, never from inside a call.
+/// The link control of a simulated register, with the faults of a script. Events come through the scheduler
+/// only, never from inside a call.
 ///
-/// A command is carried out when its characters have gone over the line (10 bits each), and its reply arrives
-/// after the time of its own characters. Closing the port drops what is still on its way. A command sent
-/// while the port is closed is lost. The port does not open at a speed of zero bits a second or less. The
-/// waits and retries of the control are taken and have no effect: silence is no event at all.
+/// A command is executed once its characters have been transmitted (10 bits each), and its reply arrives
+/// after its own transmission time. Closing the port drops everything in transit. A command sent while the
+/// port is closed is lost. The port does not open at a speed of zero bits per second or less. The control's
+/// timeouts and retries are accepted without effect: silence causes no event at all.
 class SimulatedLink : public EcrLink {
  public:
-  /// Commands and settings that are remembered; older ones are forgotten, so that days do not fill the
-  /// memory.
+  /// Only the latest commands and settings are kept, so that days of running do not fill the memory.
   static constexpr std::size_t kKept = 10000;
 
-  /// `device` and `scheduler` must outlive the link; what the scheduler still holds for a link that is gone
-  /// does nothing. Faults with a time of their own count it from here.
+  /// `device` and `scheduler` must outlive the link; actions still scheduled when the link is destroyed do
+  /// nothing. Timed faults count from here.
   SimulatedLink(SimulatedRegister& device, Scheduler& scheduler, FaultScript script = {});
   SimulatedLink(const SimulatedLink&) = delete;
   SimulatedLink& operator=(const SimulatedLink&) = delete;
@@ -51,12 +50,13 @@ class SimulatedLink : public EcrLink {
 
   /// The commands sent, oldest first.
   const std::deque<std::string>& Sent() const { return sent_; }
-  /// How many were sent, the forgotten ones included.
+  /// Number of commands sent, including dropped ones.
   std::size_t SentCount() const { return sentCount_; }
 
-  /// What was set on the control, in order: "Reset 1", "PortNumber 1", "BaudRate 19200", ... "PortOpen 1".
+  /// The properties set on the control, in order: "Reset 1", "PortNumber 1", "BaudRate 19200", ... "PortOpen
+  /// 1".
   const std::deque<std::string>& Settings() const { return settings_; }
-  /// The last value of a property, nothing when it was never set.
+  /// The last value of a property; empty if it was never set.
   std::optional<int> Property(LinkProperty property) const;
 
   void SetEvents(EcrLinkEvents* events) override { events_ = events; }
@@ -71,9 +71,9 @@ class SimulatedLink : public EcrLink {
   void SetProperty(LinkProperty property, int value) override;
 
  private:
-  /// What the script does to one command.
+  /// The effect of the script on one command.
   struct Disturbance {
-    const Fault* fault = nullptr;  ///< The fault of the exchange itself; null: none.
+    const Fault* fault = nullptr;  ///< The fault of the exchange itself; null if none.
     std::optional<Paper> paperOut;
   };
 
@@ -82,7 +82,7 @@ class SimulatedLink : public EcrLink {
   void Transmitted(const std::string& command, const Disturbance& disturbance);
   void Deliver(const std::string& reply);
   void RaiseLinkError(int number);
-  /// Runs `action` after `delay`, unless what `token` stands for is gone by then.
+  /// Runs `action` after `delay`, unless the object behind `token` is gone by then.
   void At(const std::weak_ptr<bool>& token, std::chrono::nanoseconds delay, std::function<void()> action);
   std::chrono::nanoseconds LineTime(std::size_t characters) const;
   void Tell(LineEvent event, const std::string& text);
@@ -90,7 +90,7 @@ class SimulatedLink : public EcrLink {
   SimulatedRegister& device_;
   Scheduler& scheduler_;
   FaultScript script_;
-  std::vector<std::size_t> occurrences_;  ///< Of each fault's prefix so far.
+  std::vector<std::size_t> occurrences_;  ///< Per fault: how often its prefix has occurred.
   EcrLinkEvents* events_ = nullptr;
   Observer observer_;
   std::map<LinkProperty, int> properties_;
@@ -102,7 +102,7 @@ class SimulatedLink : public EcrLink {
   bool open_ = false;
   int absentReads_ = 0;
   int failingOpens_ = 0;
-  std::shared_ptr<bool> connection_;  ///< A token of what is on its way; replaced when the port is closed.
+  std::shared_ptr<bool> connection_;  ///< A token of everything in transit; replaced when the port is closed.
   std::shared_ptr<bool> alive_;       ///< A token of the link itself.
 };
 

@@ -13,7 +13,7 @@
 #include "simulator/register_replies.h"
 
 namespace orvenza {
-/// What is done for a group of command codes, which stand between single blanks.
+/// The handler of a group of command codes, which are separated by single blanks.
 struct SimulatedRegister::Rule {
   std::string_view codes;
   std::string (SimulatedRegister::*run)(CommandFields&);

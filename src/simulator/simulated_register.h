@@ -22,32 +22,32 @@ struct ItemLine;
 /// A receipt that was closed or voided.
 struct PrintedReceipt {
   int number = 0;                  ///< Counted from 1 after each fiscal closure; 0 for a voided one.
-  std::int64_t total = 0;          ///< Cents; of a voided one, what had been sold until then.
-  std::vector<std::string> lines;  ///< As on the paper, heading and divider included.
+  std::int64_t total = 0;          ///< In cents; for a voided receipt, the sum sold until then.
+  std::vector<std::string> lines;  ///< As printed, including heading and divider.
   bool voided = false;
 };
 
-/// The fiscal register itself: takes one command text after the other, keeps the receipt and prints. It knows
-/// nothing of the line nor of waiting. Its clock runs by itself: setting the PC's does not move it.
+/// The fiscal register itself: executes one command after the other, keeps the receipt and prints. It has no
+/// notion of the line or of waiting. Its clock runs independently of the PC's.
 ///
 /// A normal reply begins with the command's first four digits. A refused command changes nothing and is
-/// answered "ERR" and a code of two digits: 01 or 02 paper out, 11 out of sequence, 13 malformed data, 16
-/// unknown command, 17 not while a receipt is open, 20 value too large; for a full receipt "ERR2323", the
-/// code in characters 4 and 5 and again in 6 and 7.
+/// answered with "ERR" and a two-digit code: 01 or 02 paper out, 11 out of sequence, 13 malformed data, 16
+/// unknown command, 17 not while a receipt is open, 20 value too large. For a full receipt the reply is
+/// "ERR2323", with the code in characters 4 and 5 and again in 6 and 7.
 class SimulatedRegister {
  public:
-  /// Closed and voided receipts that are remembered at least; far older ones are forgotten, so that days of
-  /// printing do not fill the memory.
+  /// At least this many closed and voided receipts are kept; older ones are dropped, so that days of printing
+  /// do not fill the memory.
   static constexpr std::size_t kReceiptsKept = 10000;
 
   SimulatedRegister(const Clock& clock, PaperRoll& paper, RegisterProfile profile = {});
 
-  /// Carries out `command` and returns the reply text.
+  /// Executes `command` and returns the reply text.
   std::string Execute(const std::string& command);
 
-  /// The paper ends now. The next command that prints is still taken, but its lines are held back and its
+  /// The paper runs out now. The next printing command is still accepted, but its lines are held back and its
   /// reply is the paper's error. Further ones and the status query are refused with that error until "1149",
-  /// which prints what was held back.
+  /// which prints the lines held back.
   void RunOutOfPaper(Paper paper) { paperOut_ = paper; }
 
   bool PaperOut() const { return paperOut_.has_value(); }
@@ -58,20 +58,20 @@ class SimulatedRegister {
   /// Closed and voided receipts, oldest first.
   const std::vector<PrintedReceipt>& Receipts() const { return receipts_; }
 
-  /// Since the last fiscal closure: the sum, in cents, and the number of the closed receipts.
+  /// Since the last fiscal closure: the sum in cents and the number of closed receipts.
   std::int64_t DailyTotal() const { return dailyTotal_; }
   int DailyReceipts() const { return dailyReceipts_; }
 
   int FiscalClosures() const { return fiscalClosures_; }
 
-  /// Logo rows taken so far.
+  /// Logo rows received so far.
   std::size_t LogoRows() const { return logoRows_; }
 
  private:
   struct Rule;
   static const Rule* FindRule(std::string_view code);
 
-  // One for each group of commands: reads the data, returns the reply.
+  // One function per group of commands: reads the data and returns the reply.
   std::string Status(CommandFields& fields);
   std::string Identity(CommandFields& fields);
   std::string TimeOfDay(CommandFields& fields);
@@ -113,11 +113,11 @@ class SimulatedRegister {
   RegisterProfile profile_;
   LocalTime clockStart_;  ///< What the register's own clock showed at the moment below.
   std::chrono::nanoseconds clockStartUptime_;
-  std::optional<Receipt> receipt_;            ///< Nothing while no receipt is open.
+  std::optional<Receipt> receipt_;            ///< Empty while no receipt is open.
   bool documentOpen_ = false;                 ///< A non-fiscal document.
-  std::map<std::int64_t, std::string> foot_;  ///< Lines for the end of the next receipt, by their order.
+  std::map<std::int64_t, std::string> foot_;  ///< Lines for the end of the next receipt, by position.
   std::optional<Paper> paperOut_;
-  bool commandHeld_ = false;  ///< A command was taken after the paper had ended.
+  bool commandHeld_ = false;  ///< A command was accepted after the paper ran out.
   std::vector<std::string> linesHeld_;
   std::size_t linesPrinted_ = 0;  ///< On this roll.
   std::vector<PrintedReceipt> receipts_;

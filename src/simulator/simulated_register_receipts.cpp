@@ -13,7 +13,7 @@ namespace orvenza {
 std::string SimulatedRegister::Void(CommandFields& fields) {
   fields.OperatorDigits();
   if (!fields.Complete()) return Refusal(refusal::kMalformed);
-  // A receipt that is being paid cannot be voided any more, only paid to its end.
+  // Once payment has begun, a receipt cannot be voided, only paid completely.
   if (!ReceiptOpen() || (receipt_ && receipt_->Paying())) return Refusal(refusal::kOutOfSequence);
   Print(Spread("ANNULLO", receipt_ ? FormatCents(-receipt_->Total()) : ""));
   if (receipt_) {
@@ -146,7 +146,7 @@ void SimulatedRegister::EndReceipt(bool voided) {
   PrintEnd(voided ? "SCONTRINO ANNULLATO" : "SCONTRINO N. " + std::to_string(printed.number));
   printed.lines = receipt_->Lines();
   receipt_.reset();
-  // Forgotten by halves, so that a receipt does not cost a move of all the others.
+  // Half of them are dropped at once, so that not every receipt moves all the others.
   if (receipts_.size() >= 2 * kReceiptsKept)
     receipts_.erase(receipts_.begin(), receipts_.begin() + kReceiptsKept);
   receipts_.push_back(std::move(printed));

@@ -46,7 +46,7 @@ void VirtualClock::Dispatch() {
   while (!actions_.empty()) {
     const auto first = actions_.begin();
     if (first->first.due > uptime_ || first->first.order >= end) return;
-    // Out of the list before it runs: it may wait, add actions or throw.
+    // Removed before it runs, as it may wait, add actions or throw.
     const auto action = std::move(first->second);
     actions_.erase(first);
     action();

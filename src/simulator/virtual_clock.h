@@ -13,47 +13,45 @@
 
 namespace orvenza {
 
-/// Time that passes only while somebody waits, so that hours of waiting take milliseconds. It is the clock,
-/// the event pump and the scheduler in one, because a wait jumps to the next action that is due. Not for use
-/// from several threads.
+/// Time that passes only during waits, so that hours of waiting take milliseconds. It is clock, event pump
+/// and scheduler in one, because a wait jumps to the next due action. Not thread-safe.
 class VirtualClock : public Clock, public EventPump, public Scheduler {
  public:
-  /// The wall clock shows `start`, a valid date and time, when the uptime is 0.
+  /// The wall clock shows `start`, a valid date and time, at uptime 0.
   explicit VirtualClock(const LocalTime& start = {2026, 11, 16, 9, 0, 0}) : wallStart_(start) {}
 
   LocalTime Now() const override;
   double SecondsSinceMidnight() const override;
   std::chrono::nanoseconds Uptime() const override { return uptime_; }
 
-  /// Moves the wall clock within its day; the uptime and what is scheduled stay as they are. Throws
-  /// SystemError: 70 after RefuseSetTime(true), 51 for a time of day that does not exist.
+  /// Sets the wall clock within its day; the uptime and scheduled actions do not change. Throws SystemError:
+  /// 70 after RefuseSetTime(true), 51 for an invalid time of day.
   void SetTimeOfDay(int hour, int minute, int second) override;
 
   /// "dd/mm/yyyy hh:mm:ss".
   std::string Stamp(const LocalTime& time) const override;
 
-  /// Runs what is due now. What that adds without delay waits for the next delivery, so that an action which
-  /// repeats itself does not hold the caller for ever.
+  /// Runs the due actions. Actions that they add without delay wait for the next delivery, so that a
+  /// repeating action does not block the caller.
   void Dispatch() override;
 
-  /// Moves the time to the next due action, at most by `limit`, and runs everything due at that moment.
+  /// Moves the time to the next due action, at most by `limit`, and runs everything due then.
   void WaitForEvent(std::chrono::nanoseconds limit) override;
 
   void After(std::chrono::nanoseconds delay, std::function<void()> action) override;
 
-  /// Lets the whole `duration` pass, running what falls due on the way at its own moment.
+  /// Lets the whole `duration` pass and runs each action when it is due.
   void Advance(std::chrono::nanoseconds duration);
 
-  /// Lets the whole `duration` pass and runs nothing, as a loop of the system's own does, such as an open
-  /// menu.
+  /// Lets the whole `duration` pass without running anything, like a loop of the system (an open menu).
   void Stall(std::chrono::nanoseconds duration) { uptime_ = UptimeIn(duration); }
 
   void RefuseSetTime(bool refuse) { refuseSetTime_ = refuse; }
 
-  /// Who is told what the wall clock shows, each time it was set.
+  /// Receives the wall clock's time after each setting.
   void SetObserver(std::function<void(const LocalTime&)> observer) { observer_ = std::move(observer); }
 
-  /// What the wall clock showed right after each time it was set, oldest first.
+  /// The wall clock's time after each setting, oldest first.
   const std::vector<LocalTime>& TimesSet() const { return timesSet_; }
 
  private:

@@ -19,7 +19,7 @@ std::string VirtualDisk::ParentOf(const std::string& key) {
   return key.substr(0, std::min(key.rfind('\\'), key.size()));
 }
 
-/// Characters that no name may hold; the colon stands behind the drive only.
+/// Characters that names may not contain; a colon may only follow the drive letter.
 bool VirtualDisk::IsWellFormed(std::string_view path) {
   constexpr std::string_view kForbidden("<>\"|?*:\0", 8);
   const std::string_view names = path.substr(HasDrive(path) ? 2 : 0);
@@ -111,7 +111,7 @@ std::vector<std::string> VirtualDisk::Paths() const {
   return paths;
 }
 
-/// Null for a path that is not well-formed.
+/// Null for a malformed path.
 const VirtualDisk::Spelling* VirtualDisk::SpellingOf(const std::string& path) const {
   if (const auto known = spellings_.find(path); known != spellings_.end()) return &known->second;
   if (!IsWellFormed(path)) return nullptr;
@@ -131,7 +131,7 @@ const std::string& VirtualDisk::KeyOf(const std::string& path) const {
   throw SystemError(error_number::kBadFileName, path.c_str());
 }
 
-/// The whole path, "\" between its levels and none at its end. As on a real disk, nothing is above a drive.
+/// The absolute path, with "\" as separator and none at its end. Like on a real disk, a drive has no parent.
 std::string VirtualDisk::SpelledOut(const std::string& path) const {
   const bool fromRoot = path[0] == '\\' || path[0] == '/';
   std::string asked = path;
@@ -149,7 +149,7 @@ std::string VirtualDisk::SpelledOut(const std::string& path) const {
   return whole;
 }
 
-/// What is at a path, null when there is nothing or its drive is away.
+/// The node at a path; null when there is none or its drive is removed.
 VirtualDisk::Node* VirtualDisk::Find(const std::string& path) {
   const Spelling* const spelling = SpellingOf(path);
   if (spelling == nullptr || IsAway(spelling->key)) return nullptr;
@@ -180,7 +180,7 @@ VirtualDisk::Node& VirtualDisk::Readable(const std::string& path) {
   return node;
 }
 
-/// Fails where a folder cannot be made: on a drive that is away, at or below a file.
+/// Throws if a folder cannot be created: on a removed drive, at or below a file.
 void VirtualDisk::WantFolders(const std::string& whole) const {
   const std::string key = ToUpperAscii(whole);
   if (IsAway(key)) throw SystemError(error_number::kPathNotFound, whole);
@@ -193,7 +193,7 @@ void VirtualDisk::WantFolders(const std::string& whole) const {
   }
 }
 
-/// A file to be written or replaced, made when it is missing. One that may not be is blamed on `blame`.
+/// The file to write or replace, created when missing. Errors are reported for `blame`.
 VirtualDisk::Node& VirtualDisk::Place(const std::string& path, const std::string& blame) {
   if (!FolderExists(ParentOf(KeyOf(path)))) throw SystemError(error_number::kPathNotFound, path);
   const Node* const older = Find(path);

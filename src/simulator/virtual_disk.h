@@ -16,17 +16,17 @@
 
 namespace orvenza {
 
-/// What another program has opened a file for.
+/// How another program has opened a file.
 enum class FileHold {
   kNone,
-  kReading,  ///< It reads: the file can be read, but neither written nor moved nor removed.
-  kWriting,  ///< It writes: nobody else gets in.
+  kReading,  ///< For reading: the file can be read, but not written, moved or removed.
+  kWriting,  ///< For writing: no access for others.
 };
 
-/// What an observer of the disk is told.
+/// The operations that an observer of the disk receives.
 enum class DiskAct {
   kWritten,
-  kAppended,  ///< `text` is what was added.
+  kAppended,  ///< `text` was appended.
   kCopied,    ///< `path` to `target`.
   kMoved,     ///< `path` to `target`.
   kRemoved,
@@ -35,24 +35,24 @@ enum class DiskAct {
   kFolderRenamed,  ///< `path` to `target`.
 };
 
-/// One operation of the program that changed more than a file's time, told once it is done. The views end
-/// with the call.
+/// An operation of the program that changed more than a file's time, reported afterwards. The views are valid
+/// during the call only.
 struct DiskEvent {
   DiskAct act;
-  std::string_view path;  ///< As the program spelled it.
+  std::string_view path;  ///< As the program wrote it.
   std::string_view target = {};
   std::string_view text = {};
 };
 
-/// A PC's disk in memory, on the time of a clock. It behaves as the operating system's would: letter case in
-/// names (a to z) does not count, and what cannot be done fails with the number that the real disk gives.
+/// A PC's disk in memory, on the time of a clock. It behaves like the operating system's: letter case in
+/// names (a to z) is ignored, and failures have the numbers of the real disk.
 ///
-/// Paths begin with a drive letter; one without is below the current folder, and ".." goes up a level. The
-/// seams are for the program; all other operations are what somebody else does: no observer is told, and
-/// neither the read-only mark nor a full disk is in their way.
+/// Paths begin with a drive letter; others are relative to the current folder, and ".." goes up a level. The
+/// program uses the interfaces; all other operations act for the outside world: they are not reported to the
+/// observer, and neither the read-only attribute nor a full disk stops them.
 class VirtualDisk {
  public:
-  /// There is a drive "C:". `clock` gives new files their times and must outlive the disk.
+  /// Drive "C:" exists from the start. `clock` gives new files their times and must outlive the disk.
   explicit VirtualDisk(const Clock& clock, std::string currentFolder = "C:");
   ~VirtualDisk();
   VirtualDisk(const VirtualDisk&) = delete;
@@ -64,31 +64,31 @@ class VirtualDisk {
   using Observer = std::function<void(const DiskEvent&)>;
   void SetObserver(Observer observer) { observer_ = std::move(observer); }
 
-  /// Makes a file, replacing an older one, with the drive and the folders it lies in. Without `modified` it
-  /// is of this moment. Throws SystemError 70 when a program holds the older one, 75 when a folder is there
-  /// or a file where a folder is to be, 76 when the drive is away.
+  /// Creates or replaces a file, with its drive and folders. Without `modified` it is dated now. Throws
+  /// SystemError 70 when a program holds the old file, 75 when a folder is in the way or a file where a
+  /// folder is needed, 76 when the drive is removed.
   void Put(const std::string& path, std::string content, std::optional<LocalTime> modified = {});
 
-  /// Makes a folder with the drive and the folders it lies in. Throws SystemError 75 or 76 as Put does.
+  /// Creates a folder with its drive and parents. Throws SystemError 75 or 76 like Put.
   void MakeFolder(const std::string& path);
 
-  /// Removes a file, or a folder with everything in it. Throws SystemError 53 or 76 when there is none, as
-  /// the next two do for a file, and 70 when a program holds a file that is to go.
+  /// Removes a file, or a folder with its content. Throws SystemError 53 or 76 when it does not exist, as the
+  /// next two do for a file, and 70 when a program holds a file to be removed.
   void Delete(const std::string& path);
 
   void SetReadOnly(const std::string& path, bool readOnly = true);
   void Hold(const std::string& path, FileHold hold);
 
-  /// Whether a drive ("C:") has room for anything more.
+  /// Sets whether a drive ("C:") is full.
   void SetFull(const std::string& drive, bool full);
 
-  /// Takes a drive away with all that is on it, or brings it back.
+  /// Removes a drive with its content, or brings it back.
   void SetAway(const std::string& drive, bool away);
 
-  /// Nothing when there is no such file.
+  /// Empty when there is no such file.
   std::optional<std::string> Content(const std::string& path) const;
 
-  /// The paths of all files, in the order of the alphabet.
+  /// The paths of all files in alphabetical order.
   std::vector<std::string> Paths() const;
 
  private:
@@ -104,7 +104,7 @@ class VirtualDisk {
     LocalTime modified;
   };
 
-  /// A path as it is spelled out, and the key of what lies there.
+  /// An absolute path, and the key of its node.
   struct Spelling {
     std::string whole;
     std::string key;
@@ -136,10 +136,10 @@ class VirtualDisk {
 
   const Clock& clock_;
   std::string currentFolder_;
-  std::map<std::string, Node> nodes_;  ///< By their paths in capitals, without a "\" at the end.
-  std::set<std::string> away_;         ///< Drives, in capitals.
+  std::map<std::string, Node> nodes_;  ///< By path in capitals, without a trailing "\".
+  std::set<std::string> away_;         ///< Removed drives, in capitals.
   std::set<std::string> full_;
-  /// By path: a program asks for the same few again and again.
+  /// A cache: a program uses the same few paths again and again.
   mutable std::unordered_map<std::string, Spelling> spellings_;
   Observer observer_;
   std::unique_ptr<Files> files_;

@@ -76,7 +76,7 @@ class VirtualDisk::FilesOfDisk : public Files {
   }
 
  private:
-  /// A file that takes the place of an older one, whole or not at all.
+  /// Creates or replaces a file, all or nothing.
   void Store(const std::string& path, std::string content, const LocalTime& modified) {
     if (disk_.IsFull(disk_.KeyOf(path))) throw SystemError(error_number::kDiskFull, path);
     const Node* const older = disk_.Find(path);

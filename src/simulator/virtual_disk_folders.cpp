@@ -86,7 +86,7 @@ class VirtualDisk::FoldersOfDisk : public Folders {
   }
 
  private:
-  /// Whether an entry, which lies below the folder of `prefix`, lies below a folder in that.
+  /// Whether an entry below the folder `prefix` is in a subfolder of it.
   static bool IsDeeper(const std::pair<const std::string, Node>& entry, const std::string& prefix) {
     return entry.first.find('\\', prefix.size()) != std::string::npos;
   }
@@ -96,7 +96,7 @@ class VirtualDisk::FoldersOfDisk : public Folders {
             node.isFolder};
   }
 
-  /// Takes a folder with all that is in it off the disk, itself first; fails when a file in it is held.
+  /// Takes a folder with its content off the disk, the folder first; throws when a file in it is held.
   std::vector<std::pair<std::string, Node>> TakeOut(const std::string& folder, const std::string& path) {
     std::vector<std::pair<std::string, Node>> nodes{{folder, disk_.nodes_[folder]}};
     for (const auto& [key, node] : disk_.nodes_) {
