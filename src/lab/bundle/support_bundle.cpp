@@ -17,13 +17,13 @@
 namespace orvenza {
 namespace {
 
-/// The end of a log, and the beginning of a ticket, are what support reads.
+/// Support reads the end of a log and the beginning of a ticket.
 constexpr std::size_t kLongestLog = 2'000'000;
 constexpr std::size_t kLongestTicket = 1'000'000;
 constexpr std::size_t kMostTickets = 10;
 constexpr const char* kMasked = "texts masked";
 
-/// A longer log from the beginning of a line on: a quotation that begins before it could not be masked.
+/// A longer log is cut at the start of a line: a quotation cut in the middle could not be masked.
 std::string ReadEnd(const Files& files, const std::string& path) {
   std::string end;
   std::string piece(65536, '\0');
@@ -46,12 +46,12 @@ std::string CutRemark(const char* which, std::size_t kept, std::uintmax_t size) 
                       : std::string("the ") + which + " " + SizeText(kept) + " of " + SizeText(size);
 }
 
-/// A remark and another one.
+/// Joins two remarks; either may be empty.
 std::string Both(const std::string& first, const std::string& second) {
   return first + (first.empty() || second.empty() ? "" : "; ") + second;
 }
 
-/// Collects the entries; each method adds those of one kind.
+/// Collects the entries; each method adds one kind.
 class Collector {
  public:
   Collector(const Installation& shop, bool withDescriptions)
@@ -89,7 +89,7 @@ class Collector {
       AddLog(path, FileNameOf(path));
       AddLog(copy, FileNameOf(copy));
     }
-    // Where letter case counts, lines that a log did not take are in a file of their own.
+    // On a case-sensitive file system, lines that could not be written to a log have a file of their own.
     const std::string fallback = folder + Logs::kLogFallback;
     if (IsListed(log) && IsListed(fallback)) AddLog(fallback, "fallback-log.txt");
   }
@@ -110,7 +110,7 @@ class Collector {
   std::vector<BundleEntry> Take() { return std::move(entries_); }
 
  private:
-  /// Adds what `fill` makes of an entry, or why it could not.
+  /// Adds the entry that `fill` completes, or the reason why that failed.
   template <typename Fill>
   void Add(const std::string& name, Fill fill) {
     BundleEntry entry{name, {}, shop_.now, {}};
@@ -167,12 +167,12 @@ std::string Versions(const Installation& shop) {
   return text + "\n";
 }
 
-/// A line an entry.
+/// One line per entry.
 std::string ListOfContents(const std::vector<BundleEntry>& entries) {
   std::size_t width = 0;
   for (const BundleEntry& entry : entries) width = std::max(width, CountCharacters(ShownBytes(entry.name)));
   std::string list;
-  // The list itself comes first, and cannot know its own size.
+  // The list itself comes first and cannot include its own size.
   for (auto entry = entries.begin() + 1; entry != entries.end(); ++entry) {
     const std::string size = entry->missing ? "missing" : SizeText(entry->bytes.size());
     const std::string name = ShownBytes(entry->name);
@@ -208,13 +208,13 @@ std::vector<BundleEntry> CollectBundle(const Installation& shop, const Findings&
 
 std::string MaskLog(const std::string& log, char separator, bool& masked) {
   const std::string line = LoadMessage(MessageId::kInvalidLine) + " ";
-  const std::string file =
-      LoadMessage(MessageId::kInvalidBitmap) + " ";  // Such a field may hold anything but a file's name.
+  const std::string file = LoadMessage(MessageId::kInvalidBitmap) +
+                           " ";  // The quoted field should name a file but may contain anything.
   std::string result;
   for (std::size_t at = 0; at < log.size();) {
     const std::size_t lineAt = log.find(line, at);
     const std::size_t fileAt = log.find(file, at);
-    if (lineAt == fileAt) return result + log.substr(at);  // Neither is there.
+    if (lineAt == fileAt) return result + log.substr(at);  // Neither is left.
     const std::size_t start = lineAt < fileAt ? lineAt + line.size() : fileAt + file.size();
     const std::size_t end = std::min(log.find_first_of("\r\n", start), log.size());
     const std::string_view quoted = std::string_view(log).substr(start, end - start);

@@ -8,23 +8,23 @@
 
 namespace orvenza {
 
-/// A file for support, or what is to be said of one that could not be had.
+/// A file for support, or a note on one that could not be read.
 struct BundleEntry {
-  std::string name;  ///< Within the bundle, with "/" between its levels.
+  std::string name;  ///< Path within the bundle, with "/" as separator.
   std::string bytes;
   LocalTime modified;
-  std::string remark;    ///< "texts masked"; why it is missing. Empty: nothing to say.
-  bool missing = false;  ///< It is only told of, in the list of contents.
+  std::string remark;    ///< "texts masked", or why the file is missing; may be empty.
+  bool missing = false;  ///< Appears only in the list of contents.
 };
 
-/// What support needs to know of an installation: its list of contents first, then findings, versions, folder
-/// listings, settings, logs and the latest tickets, in this order. Descriptions in tickets, and in the log
-/// lines that quote them, are masked unless `withDescriptions`. Never fails: a file that cannot be read is an
-/// entry that is missing.
+/// Everything support needs to know of an installation: the list of contents first, then findings, versions,
+/// folder listings, settings, logs and the latest tickets, in this order. Descriptions in tickets, and in the
+/// log lines that quote them, are masked unless `withDescriptions`. Never fails: an unreadable file becomes a
+/// missing entry.
 std::vector<BundleEntry> CollectBundle(const Installation& shop, const Findings& findings,
                                        bool withDescriptions);
 
-/// The log text with what is quoted of tickets masked; true in `masked` when something was.
+/// The log text with quotations from tickets masked. Sets `masked` if there was one.
 std::string MaskLog(const std::string& log, char separator, bool& masked);
 
 }  // namespace orvenza

@@ -10,7 +10,7 @@ namespace {
 constexpr std::uint32_t kEntryMark = 0x04034B50;
 constexpr std::uint32_t kDirectoryMark = 0x02014B50;
 constexpr std::uint32_t kEndMark = 0x06054B50;
-/// Of the format, with which a reader must be familiar: 2.0, as every one is.
+/// Version of the format needed to read the archive: 2.0, the base version.
 constexpr std::uint32_t kVersion = 20;
 constexpr std::uint32_t kNamesAreUtf8 = 1u << 11;
 
@@ -21,7 +21,7 @@ void Append(std::string& out, std::uint32_t value, int size) {
 void Append2(std::string& out, std::uint32_t value) { Append(out, value, 2); }
 void Append4(std::string& out, std::uint32_t value) { Append(out, value, 4); }
 
-/// Time of day in the low half, date in the high one.
+/// MS-DOS format: time of day in the low half, date in the high half.
 std::uint32_t PackedTime(LocalTime time) {
   time = std::clamp(time, LocalTime{1980, 1, 1, 0, 0, 0}, LocalTime{2107, 12, 31, 23, 59, 58});
   const auto number = [](int value) { return static_cast<std::uint32_t>(value); };
@@ -51,24 +51,24 @@ std::uint32_t Crc32(std::string_view bytes) {
 
 void ZipArchive::Add(std::string_view name, std::string_view bytes, const LocalTime& modified) {
   const auto size = static_cast<std::uint32_t>(bytes.size());
-  // The same in front of the bytes and in the directory.
+  // The fields shared by the local header and the directory.
   std::string facts;
   Append2(facts, kVersion);
   Append2(facts, kNamesAreUtf8);
   Append2(facts, 0);  // stored
   Append4(facts, PackedTime(modified));
   Append4(facts, Crc32(bytes));
-  Append4(facts, size);  // as stored
-  Append4(facts, size);  // as it was
+  Append4(facts, size);  // stored size
+  Append4(facts, size);  // original size
   Append2(facts, static_cast<std::uint32_t>(name.size()));
-  Append2(facts, 0);  // no further facts
+  Append2(facts, 0);  // no extra fields
 
   Append4(directory_, kDirectoryMark);
   Append2(directory_, kVersion);
   directory_.append(facts);
   Append2(directory_, 0);  // no comment
   Append2(directory_, 0);  // first volume
-  Append2(directory_, 0);  // not known to be text
+  Append2(directory_, 0);  // no internal attributes
   Append4(directory_, 0);  // no attributes
   Append4(directory_, static_cast<std::uint32_t>(bytes_.size()));
   directory_.append(name);

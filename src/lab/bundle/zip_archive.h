@@ -11,15 +11,15 @@ namespace orvenza {
 /// The CRC-32 of ZIP archives.
 std::uint32_t Crc32(std::string_view bytes);
 
-/// A ZIP archive in the making. Entries are stored as they are, without compression, so that every system's
-/// own viewer reads them. Less than 4 GB and 65536 entries in all.
+/// Builds a ZIP archive. Entries are stored without compression, so that every system's own viewer reads
+/// them. Less than 4 GB and 65536 entries in all.
 class ZipArchive {
  public:
-  /// `name` is UTF-8 with "/" between its levels. Times before 1980 become 1980, odd seconds the even one
-  /// before.
+  /// `name` is UTF-8 with "/" as separator. Times before 1980 become 1980; seconds are rounded down to even
+  /// ones.
   void Add(std::string_view name, std::string_view bytes, const LocalTime& modified);
 
-  /// The whole archive. Nothing can be added afterwards.
+  /// The complete archive. Nothing can be added afterwards.
   std::string Finish();
 
  private:

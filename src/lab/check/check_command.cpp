@@ -12,7 +12,7 @@ namespace {
 constexpr int kInvalidLine = 1;
 constexpr int kUnreadable = 2;
 
-/// The bytes of a stream.
+/// A ByteReader of a stream.
 class StreamBytes : public ByteReader {
  public:
   explicit StreamBytes(std::istream& in) : in_(in) {}
@@ -25,8 +25,8 @@ class StreamBytes : public ByteReader {
   std::istream& in_;
 };
 
-/// The files that `word` means: those of its mask in the order of their names where it is one, for no shell
-/// of Windows does that.
+/// The files that the argument `word` names. A mask is expanded, sorted by name, since the shells of Windows
+/// do not expand masks.
 std::vector<std::string> FilesMeant(const std::string& word, const LabSurroundings& surroundings) {
   const std::size_t nameAt = word.find_last_of("\\/") + 1;  // npos + 1 is 0
   if (word.find_first_of("*?", nameAt) == std::string::npos || MayExist(surroundings.files, word))
@@ -52,7 +52,7 @@ std::vector<std::string> FilesMeant(const std::vector<std::string>& words,
   return files;
 }
 
-/// What is to be said of a command line that can be carried out.
+/// Remarks on a valid command line.
 std::vector<std::string> NotesOf(const Arguments& arguments, const CheckRules& rules) {
   std::vector<std::string> notes;
   if (arguments.Has("--name") && !arguments.Has("--folder")) {
@@ -82,7 +82,7 @@ int Run(const Arguments& arguments, LabSurroundings& surroundings) {
   const bool json = arguments.Has("--json");
   const auto report =
       json ? MakeJsonReport(console.out, rules) : MakeTextReport(console.out, console.colours, quiet);
-  // Where the results pass by on the terminal, they show how far the check is.
+  // Results that appear on the terminal show the progress themselves.
   CheckProgress progress(console, surroundings.clock, console.progress && (quiet || !console.terminal));
   TicketCheck check(rules, surroundings.files, surroundings.clock);
   FileCheck fileCheck(check, *report, progress);

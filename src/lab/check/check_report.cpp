@@ -15,7 +15,7 @@ constexpr const char* kBold = "\x1b[1m";
 constexpr const char* kRed = "\x1b[31m";
 constexpr const char* kYellow = "\x1b[33m";
 constexpr const char* kFaint = "\x1b[2m";
-constexpr std::string_view kShownBlank = "\xC2\xB7";  // a point at half height
+constexpr std::string_view kShownBlank = "\xC2\xB7";  // a middle dot
 
 class TextReport : public CheckReport {
  public:

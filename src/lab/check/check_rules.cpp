@@ -31,7 +31,7 @@ void TakeSettings(const std::string& folder, const std::string& name, LabSurroun
   rules.settings = review.settings;
 }
 
-/// A character code, or the character itself where that is no digit. Throws UsageError for what is neither.
+/// A character code, or the character itself if it is not a digit. Throws UsageError for anything else.
 int SeparatorOf(const std::string& text) {
   if (text.size() == 1 && (text[0] < '0' || text[0] > '9')) return static_cast<unsigned char>(text[0]);
   int code = -1;
@@ -48,7 +48,7 @@ std::string NeverFound(const std::string& shown) {
          "are";
 }
 
-/// `label` in capitals, its runs of blanks made one, none at its ends.
+/// `label` in capitals, with single blanks inside and none at its ends.
 std::string Squeezed(std::string_view label) {
   std::string squeezed;
   for (const char c : ToUpperAscii(Trim(label))) {

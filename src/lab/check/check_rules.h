@@ -8,19 +8,18 @@
 
 namespace orvenza {
 
-/// The options by which tickets are checked.
+/// The options that select the rules of a check.
 std::vector<Option> CheckRuleOptions();
 
-/// What those options ask for; what they leave open is as the settings in --folder say, or else as in a new
-/// installation. Nothing is written. Throws UsageError with the reason for values that make no sense,
-/// std::runtime_error where the settings do not.
+/// The rules selected by those options. Defaults come from the settings in --folder, otherwise from a new
+/// installation. Writes nothing. Throws UsageError with the reason for invalid values, std::runtime_error for
+/// unusable settings.
 CheckRules CheckRulesOf(const Arguments& arguments, LabSurroundings& surroundings);
 
-/// A register of this model and release. The label's blanks need not be those of the register.
+/// A register of this model and release. The blanks in the label need not match the register's.
 RegisterIdentity IdentityOf(const std::string& model, const std::string& release);
 
-/// What is to be said of a model without rules of its own, which may be a slip of the pen; "" for others and
-/// for none.
+/// A note if the model has no rules of its own, as it may be misspelled; otherwise "".
 std::string UnknownModelNote(const std::string& model);
 
 }  // namespace orvenza

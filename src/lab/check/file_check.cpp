@@ -11,11 +11,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Lines between two looks at the clock.
+/// Number of lines between two checks of the clock.
 constexpr std::uint64_t kLook = 16 * 1024;
 
-/// Whether a file that begins with this line is text of two bytes a character: it has the mark of one, or a
-/// NUL in every second place.
+/// Whether the file's first line suggests UTF-16: it begins with a byte-order mark, or every other byte is
+/// NUL.
 bool IsUtf16(std::string_view line) {
   if (line.starts_with("\xFF\xFE") || line.starts_with("\xFE\xFF")) return true;
   if (line.size() < 4) return false;
@@ -39,7 +39,7 @@ std::string Grouped(std::uint64_t number) {
 void CheckProgress::Show(std::uint64_t lines) {
   if (!shown_ || lines % kLook != 0 || clock_.Uptime() - start_ < 1s) return;
   const std::string text = Grouped(lines) + " lines checked";
-  console_.out.flush();  // not behind this line, where both are one terminal
+  console_.out.flush();  // otherwise output could follow this line on the same terminal
   console_.err << '\r' << text << std::flush;
   width_ = text.size();
 }

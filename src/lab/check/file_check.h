@@ -16,15 +16,15 @@
 
 namespace orvenza {
 
-/// A line on the error output that tells how far a check is, from its second second on.
+/// A progress line on the error output, shown once the check takes longer than a second.
 class CheckProgress {
  public:
-  /// `console` may have no place for it: then nothing is shown.
+  /// `shown`: false if there is no terminal for it.
   CheckProgress(Console& console, const Clock& clock, bool shown)
       : console_(console), clock_(clock), shown_(shown), start_(clock.Uptime()) {}
 
   void Show(std::uint64_t lines);
-  /// Takes the line away, so that something else can be written there.
+  /// Erases the line, so that other text can be written there.
   void Clear();
 
  private:
@@ -32,19 +32,19 @@ class CheckProgress {
   const Clock& clock_;
   bool shown_;
   std::chrono::nanoseconds start_;
-  std::size_t width_ = 0;  // of what is shown now
+  std::size_t width_ = 0;  // of the line shown now
 };
 
-/// Checks whole files, one after the other, in memory that does not grow with them.
+/// Checks whole files one after the other. Memory use does not depend on their size.
 class FileCheck {
  public:
-  /// Most bytes of a line that are looked at. The longest record that makes sense is far shorter.
+  /// Lines are checked up to this many bytes; the longest useful record is far shorter.
   static constexpr std::size_t kLongestLine = 64 * 1024;
 
   FileCheck(TicketCheck& check, CheckReport& report, CheckProgress& progress)
       : check_(check), report_(report), progress_(progress) {}
 
-  /// `open` may throw SystemError, as may the reader: the file then counts as unreadable.
+  /// `open` and its reader may throw SystemError: the file then counts as unreadable.
   void CheckFile(const std::string& name, const std::function<std::unique_ptr<ByteReader>()>& open);
 
   const CheckTotals& Totals() const { return totals_; }

@@ -10,20 +10,20 @@ namespace orvenza {
 namespace {
 
 constexpr std::size_t kShownCharacters = 40;
-/// The separator of a new installation. Not printable, but no blank takes its place either.
+/// The separator of a new installation. It is not printable, but is not replaced by a blank either.
 constexpr char kUsualSeparator = 127;
-/// Numbers under which a register stores logos.
+/// The numbers under which a register stores logos.
 constexpr int kLowestLogo = 1;
 constexpr int kHighestLogo = 99;
 
-/// Whether `digits` are none but zeros.
+/// Whether `digits` is empty or all zeros.
 bool IsZero(std::string_view digits) { return WithoutLeadingZeros(digits).empty(); }
 
 std::string Range(const ValueForm& form) {
   return std::to_string(form.lowest) + " to " + std::to_string(form.highest);
 }
 
-/// What a form accepts, in words.
+/// The values that a form accepts, in words.
 std::string Accepted(const ValueForm& form) {
   switch (form.kind) {
     case ValueKind::kDigits: {
@@ -73,7 +73,7 @@ std::string SentAs(std::string_view text, std::string_view sent) {
   return QuotedBytes(text) + " is sent as " + QuotedBytes(sent);
 }
 
-/// What an accepted value of ValueKind::kDigits, sent as `sent`, loses or changes on its way.
+/// What is lost or changed when an accepted value of ValueKind::kDigits is sent as `sent`.
 void FindInDigits(std::string_view text, const ValueForm& form, std::string_view sent, int number,
                   TicketFindings& findings) {
   const auto width = static_cast<std::size_t>(form.width);
@@ -88,7 +88,7 @@ void FindInDigits(std::string_view text, const ValueForm& form, std::string_view
   }
 }
 
-/// What an accepted number loses or changes on its way; nothing for most.
+/// What is lost or changed when an accepted number is sent; usually nothing.
 void FindInNumber(std::string_view field, const ValueForm& form, const std::string& sent, int number,
                   TicketFindings& findings) {
   const std::string_view text = Trim(field);
@@ -116,7 +116,7 @@ std::size_t CountBlanked(std::string_view bytes) {
   }));
 }
 
-/// What a text loses on its way to the paper. `raw` is the field as it stood in the file.
+/// What a text loses on its way to the paper. `raw` is the field as it is in the file.
 void FindInText(std::string_view raw, std::string_view field, const ValueForm& form, int number,
                 TicketFindings& findings) {
   const auto width = static_cast<std::size_t>(form.width);
@@ -159,7 +159,7 @@ void FindInValue(std::string_view line, const RecordFields& fields, const FieldN
   }
 }
 
-/// More than is shown of `bytes`, but not all of a long text. No character of UTF-8 is cut through.
+/// Enough of `bytes` for the shown part, without splitting a UTF-8 character.
 std::string_view Beginning(std::string_view bytes) {
   constexpr std::size_t kEnough = 4 * (kShownCharacters + 1);
   if (bytes.size() <= kEnough) return bytes;
@@ -183,7 +183,7 @@ TicketFinding NoLogo(std::string_view field, int number) {
           QuotedBytes(field) + " is, as seen from here, no bitmap that the register can store as its logo"};
 }
 
-/// A logo number that no register has a place for: it is sent as it stands all the same.
+/// No register stores a logo under such a number, but the connector sends it unchanged.
 void FindInLogoNumber(const RecordFields& fields, int number, TicketFindings& findings) {
   const std::string sent = LogoRequestOf(fields).number;
   const int value = LeadingInteger(sent);
@@ -193,7 +193,7 @@ void FindInLogoNumber(const RecordFields& fields, int number, TicketFindings& fi
                           std::to_string(kHighestLogo)});
 }
 
-/// Whether the notes tell which fields the record's command has a place for.
+/// Whether the notes tell which fields the record's command uses.
 bool CommandIsChosen(const TranslationNotes& notes) {
   return std::none_of(notes.begin(), notes.end(), [](const FieldNote& note) {
     return note.kind == FieldNote::Kind::kUnknownType || note.kind == FieldNote::Kind::kNoSuchChoice;
@@ -238,7 +238,7 @@ void FindInValues(std::string_view line, const RecordFields& fields, const Trans
 void FindInUnusedFields(const RecordFields& fields, const TranslationNotes& notes, TicketFindings& findings) {
   if (!CommandIsChosen(notes)) return;
   for (std::size_t field = 1; field < fields.Count(); ++field) {
-    // Numbers may choose the command, or fill a field that others of the type need.
+    // A number may select the command, or belong to a field that the type uses elsewhere.
     const bool holdsText = fields[field].find_first_not_of(" 0123456789+-,.") != std::string_view::npos;
     const bool isUsed = std::any_of(notes.begin(), notes.end(),
                                     [field](const FieldNote& note) { return note.field == field; });
@@ -253,7 +253,7 @@ void FindBehindFields(const RecordFields& fields, char separator, TicketFindings
   const bool full = fields.Count() == RecordFields::kMostFields;
   const bool holdsText =
       std::any_of(rest.begin(), rest.end(), [separator](char c) { return c != ' ' && c != separator; });
-  // A blank that closes a line is dropped with those around it, so such lines must end in something else.
+  // Trailing blanks are trimmed, so with a blank as separator every line must end in other text.
   if (!holdsText || (!full && separator == ' ')) return;
   if (full) {
     findings.push_back({false, "extra-text", TicketFinding::kWholeLine,

@@ -9,31 +9,31 @@
 
 namespace orvenza {
 
-/// Something to be said about a ticket line.
+/// A remark on a ticket line.
 struct TicketFinding {
-  /// The field number of a finding about the line as a whole.
+  /// Field number of a finding about the whole line.
   static constexpr int kWholeLine = -1;
 
-  bool isError = false;   ///< The connector refuses the line; otherwise a warning.
-  std::string_view code;  ///< Never changes its meaning; docs/ticket-check.md lists them.
+  bool isError = false;   ///< The connector rejects the line; otherwise a warning.
+  std::string_view code;  ///< Its meaning never changes; docs/ticket-check.md lists the codes.
   int field = kWholeLine;
   std::string text;  ///< What was found and what is accepted.
 };
 
 using TicketFindings = std::vector<TicketFinding>;
 
-/// A ticket's bytes in quotes, as ShownBytes shows them, cut when long.
+/// Ticket bytes in quotes, shown as by ShownBytes and shortened if long.
 std::string QuotedBytes(std::string_view bytes);
 
-/// Adds what is to be said about the values of a record: `line` as it stood in the file, `fields` cut from
-/// it, `notes` of its translation.
+/// Adds findings about the values of a record: `line` as it is in the file, its `fields`, and the `notes` of
+/// its translation.
 void FindInValues(std::string_view line, const RecordFields& fields, const TranslationNotes& notes,
                   TicketFindings& findings);
 
-/// Adds what is to be said about text in fields that the record's command has no place for.
+/// Adds findings about text in fields that the record's command does not use.
 void FindInUnusedFields(const RecordFields& fields, const TranslationNotes& notes, TicketFindings& findings);
 
-/// Adds what is to be said about text that is in no field.
+/// Adds findings about text after the last field.
 void FindBehindFields(const RecordFields& fields, char separator, TicketFindings& findings);
 
 }  // namespace orvenza

@@ -10,7 +10,7 @@
 #include "tickets/translation.h"
 
 namespace orvenza {
-/// What a command does to receipts and documents.
+/// A command's effect on receipts and documents.
 enum class ReceiptWatch::Effect {
   kNone,
   kSell,
@@ -28,7 +28,7 @@ enum class ReceiptWatch::Effect {
   kFiscalClosure
 };
 
-/// Where the register takes a command.
+/// The state in which the register accepts a command.
 enum class ReceiptWatch::Place {
   kAnywhere,
   kInReceipt,
@@ -48,7 +48,7 @@ ReceiptWatch::Effect ReceiptWatch::EffectOf(std::string_view code) {
     std::string_view code;
     Effect effect;
   };
-  // In ascending order of their codes.
+  // In ascending order of the codes.
   static constexpr Row kRows[] = {
       {"1003", Effect::kSell},          {"1004", Effect::kSell},          {"1005", Effect::kSell},
       {"1009", Effect::kTakeBack},      {"1010", Effect::kTakeBack},      {"1011", Effect::kTakeBack},
@@ -132,7 +132,7 @@ void ReceiptWatch::FollowSums(Effect effect, CommandFields& fields) {
     if (effect == Effect::kSubtotal) receipt_->EndItem();
     return;
   }
-  // What the register refuses is told by the register. From here on the sums say nothing.
+  // The register itself reports what it refuses. From here on the sums are unknown.
   if (!fields.Complete() || !refused.empty()) sumKnown_ = allKnown_ = false;
   if (receipt_->Paid()) EndReceipt();
 }
@@ -181,7 +181,7 @@ void ReceiptWatch::FindPrinted(std::string_view what, TicketFindings& findings) 
 bool ReceiptWatch::FindRefused(Effect effect, TicketFindings& findings) const {
   const auto [name, place] = DemandOf(effect);
   if (Fits(place)) return false;
-  // A void at the beginning may be meant for a receipt that another ticket left open.
+  // A void at the beginning may be for a receipt that another ticket left open.
   if (!allKnown_ || (effect == Effect::kVoid && !anyEnded_)) return true;
   const bool open = place == Place::kInNeither || place == Place::kOutsideDocument;
   findings.push_back(
@@ -211,7 +211,7 @@ std::string_view ReceiptWatch::WhyNot(Place place) const {
 }
 
 void ReceiptWatch::Void() {
-  // A receipt that is being paid cannot be voided any more.
+  // Once payment has begun, a receipt cannot be voided.
   if (receipt_ && receipt_->Paying()) return;
   if (receipt_) lastReceipt_ = "the receipt before it is voided";
   Forget();

@@ -11,18 +11,18 @@ namespace orvenza {
 
 class CommandFields;
 
-/// Follows the commands of one ticket, a file or a part of one, and tells where its receipts and documents
-/// do not begin or end as they should. It counts as the simulated register does.
+/// Follows the commands of one ticket, a file or part of one, and reports receipts and documents that do not
+/// begin or end properly. It calculates like the simulated register.
 class ReceiptWatch {
  public:
-  /// A valid line and its command.
+  /// Handles a valid line's command.
   void Follow(const std::string& command, TicketFindings& findings);
 
-  /// An invalid line of record type `type`: what the receipt comes to is not known any more, and where it
-  /// may have been its end, nor is whether it is closed.
+  /// Handles an invalid line of record type `type`: the receipt's sum is unknown from now on. If the line may
+  /// have closed the receipt, so is whether it is still open.
   void Miss(std::string_view type);
 
-  /// The end of the ticket, which `where` names: "the file ends".
+  /// Ends the ticket; `where` is the beginning of the finding, such as "the file ends".
   void End(std::string_view where, TicketFindings& findings);
 
  private:
@@ -47,10 +47,10 @@ class ReceiptWatch {
   std::optional<Receipt> receipt_;
   bool documentOpen_ = false;
   bool anyEnded_ = false;
-  bool anyPrinted_ = false;       // and would be printed again with the ticket: nothing voided
-  std::string_view lastReceipt_;  // what became of it; "" where nothing was sold yet
+  bool anyPrinted_ = false;       // and would be printed again with the ticket; voided receipts do not count
+  std::string_view lastReceipt_;  // what became of it; "" if nothing was sold yet
   bool sumKnown_ = true;
-  bool allKnown_ = true;  // of every receipt so far
+  bool allKnown_ = true;  // about every receipt so far
   bool endKnown_ = true;
 };
 

@@ -9,7 +9,7 @@
 namespace orvenza {
 namespace {
 
-/// Record types are numbers below this, as far as anybody could mean one.
+/// All plausible record types are below this number.
 constexpr int kTypesTried = 100;
 
 std::string CharacterName(char c) {
@@ -107,7 +107,7 @@ void TicketCheck::FindNoFields(std::string_view line, TicketFindings& findings) 
   }
   std::string said =
       "no separator, " + CharacterName(rules_.settings.SeparatorChar) + ", is in " + QuotedBytes(text);
-  // A line of another separator begins with a record type all the same.
+  // Even with a different separator, a line begins with its record type.
   const std::size_t end = text.find_first_not_of("0123456789");
   if (end != 0 && end != std::string_view::npos && std::ispunct(static_cast<unsigned char>(text[end])) != 0) {
     said += "; is " + CharacterName(text[end]) + " meant to be it?";

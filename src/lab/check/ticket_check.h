@@ -17,18 +17,18 @@
 
 namespace orvenza {
 
-/// By what tickets are checked: the settings that count (separator, "Single Quantity", "File Parser") and the
+/// The basis of a check: the relevant settings (separator, "Single Quantity", "File Parser") and the
 /// register.
 struct CheckRules {
   AppSettings settings;
   RegisterIdentity identity;
-  std::string settingsNote = {};  ///< What is to be said of where the settings come from; mostly "".
+  std::string settingsNote = {};  ///< A note on the source of the settings; usually "".
 };
 
-/// Reads the lines of ticket files as the connector does, and says what becomes of each.
+/// Reads the lines of ticket files like the connector, and reports what becomes of each.
 class TicketCheck {
  public:
-  /// `files` is asked about logo bitmaps; nothing is written.
+  /// `files` is only used to look for logo bitmaps; nothing is written.
   TicketCheck(CheckRules rules, const Files& files, Clock& clock);
   TicketCheck(const TicketCheck&) = delete;
   TicketCheck& operator=(const TicketCheck&) = delete;
@@ -36,16 +36,16 @@ class TicketCheck {
   /// The next line is the first of a file.
   void BeginFile();
 
-  /// Takes the next line of the file. Its command, as the connector translates it; "" where it is none.
+  /// Processes the next line of the file. Returns its command as the connector translates it; "" if invalid.
   const std::string& Check(std::string_view line, TicketFindings& findings);
 
-  /// Takes the next line of the file, of which nothing but the beginning is known.
+  /// Processes the next line of the file, given only its beginning.
   void Skip(std::string_view beginning, TicketFindings& findings);
 
-  /// Whether any line of the file so far is more than an empty one.
+  /// Whether any line of the file so far was not blank.
   bool HoldsRecord() const { return holdsRecord_; }
 
-  /// The file is over.
+  /// Ends the file.
   void EndFile(TicketFindings& findings) { watch_.End("the file ends", findings); }
 
  private:
@@ -63,9 +63,9 @@ class TicketCheck {
   RecordTranslator translator_;
   std::string knownTypes_;
   TicketBoundary boundary_;
-  TicketBoundary meant_;          // by the types that the translation reads
-  std::uint64_t lines_ = 0;       // of the file, so far
-  std::uint64_t lastHidden_ = 0;  // the last of them with a closing type that is not seen as one
+  TicketBoundary meant_;          // as above, for the types as the translation reads them
+  std::uint64_t lines_ = 0;       // of the file so far
+  std::uint64_t lastHidden_ = 0;  // number of the last line whose closing type the parser does not recognise
   bool holdsRecord_ = false;
   ReceiptWatch watch_;
   RecordFields fields_;

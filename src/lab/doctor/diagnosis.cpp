@@ -17,7 +17,7 @@
 namespace orvenza {
 namespace {
 
-/// Changes with the meaning of a member, not with a new one.
+/// Changes when the meaning of a member changes, not when one is added.
 constexpr int kJsonSchema = 1;
 constexpr std::size_t kCodeColumn = 9;
 constexpr std::size_t kTextColumn = 31;
@@ -48,7 +48,7 @@ std::size_t CountOf(const Findings& findings, Severity severity) {
 
 std::string Blanks(std::size_t count) { return std::string(count, ' '); }
 
-/// `text` broken between its words into lines of a column's width.
+/// `text` wrapped to the column width.
 std::vector<std::string> Wrapped(const std::string& text) {
   std::vector<std::string> lines;
   for (std::size_t at = 0; at < text.size();) {

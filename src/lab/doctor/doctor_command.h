@@ -7,13 +7,13 @@
 
 namespace orvenza {
 
-/// "doctor": looks at an installation before opening time.
+/// "doctor": examines an installation before opening time.
 Command DoctorCommand();
 
-/// The options of a command that is about an installation, and those of its own behind them.
+/// The options that select an installation, followed by a command's own.
 std::vector<Option> InstallationOptions(const std::vector<Option>& own);
 
-/// The installation that they choose. Throws std::runtime_error where the folder is none.
+/// The installation that they select. Throws std::runtime_error if the folder is not one.
 ProgramPaths ChosenInstallation(const Arguments& arguments, const LabSurroundings& lab);
 
 }  // namespace orvenza

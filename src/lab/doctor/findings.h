@@ -6,18 +6,18 @@
 namespace orvenza {
 
 enum class Severity {
-  kOk,       ///< Looked at and found in order.
-  kNote,     ///< Worth knowing, nothing to do.
+  kOk,       ///< Checked and found in order.
+  kNote,     ///< Worth knowing; requires no action.
   kWarning,  ///< Receipts are printed, but something is not as it should be.
-  kError,    ///< Receipts are not printed, or get lost.
+  kError,    ///< Receipts are not printed, or are lost.
 };
 
-/// What was found out about one thing. Facts and remedies are sentences.
+/// One result of an examination. Fact and remedy are sentences.
 struct Finding {
   Severity severity = Severity::kOk;
-  std::string code;  ///< Never changes its meaning: "folder.missing".
+  std::string code;  ///< Its meaning never changes, e.g. "folder.missing".
   std::string fact;
-  std::string remedy = {};  ///< Empty where nothing is to be done.
+  std::string remedy = {};  ///< Empty if no action is needed.
 };
 
 using Findings = std::vector<Finding>;

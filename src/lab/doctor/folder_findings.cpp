@@ -13,7 +13,7 @@
 namespace orvenza {
 namespace {
 
-/// Below the first, tickets and logs may not find room any more; below the second, soon.
+/// In bytes. Below the first, there may be no space left for tickets and logs; below the second, soon.
 constexpr std::uintmax_t kTooLittleSpace = 20'000'000;
 constexpr std::uintmax_t kLittleSpace = 200'000'000;
 
@@ -38,8 +38,8 @@ std::vector<NamedFolder> FoldersOf(const Installation& shop) {
   return folders;
 }
 
-/// The folder itself, or the closest above it that exists; "" for none. One that cannot be looked at counts:
-/// nothing can be made there.
+/// The folder itself or its closest existing parent; "" for none. A folder that cannot be checked counts as
+/// existing: nothing can be created there.
 std::string NearestExisting(const Folders& folders, std::string path) {
   while (!path.empty() && !MayExist(folders, path)) {
     path.pop_back();  // its "\"
@@ -48,7 +48,7 @@ std::string NearestExisting(const Folders& folders, std::string path) {
   return path;
 }
 
-/// The file that stands in the way of a folder to be made below `nearest`; "" for none, also where it exists.
+/// The file that prevents creating a folder below `nearest`; "" for none, or if the folder exists.
 std::string FileInTheWay(const Installation& shop, const std::string& nearest, const std::string& path) {
   if (nearest.size() == path.size()) return {};
   const std::string next = path.substr(0, path.find('\\', nearest.size()));
@@ -82,7 +82,7 @@ Finding OfFolder(const Installation& shop, const NamedFolder& folder) {
   return {Severity::kNote, "folder.missing", is + " is missing; the connector makes it."};
 }
 
-/// Tickets are renamed from the first folder to the second, which is safe and quick on one volume only.
+/// Tickets are moved from the first folder to the second by renaming, which works on one volume only.
 void AddVolumes(Findings& findings, const Installation& shop, const std::vector<NamedFolder>& folders) {
   constexpr std::size_t kTicketFolder = 1;
   const auto volumeOf = [&](const NamedFolder& folder) {
@@ -103,8 +103,8 @@ void AddVolumes(Findings& findings, const Installation& shop, const std::vector<
   }
 }
 
-/// Whether a file is of a kind that the program is installed with, or writes; logs and the command file,
-/// which no mask makes tickets of, aside.
+/// Whether a file is of a kind that the program installs or writes. Logs and the command file are left out:
+/// no mask takes them for tickets.
 bool IsOfProgram(const std::string& name) {
   constexpr std::string_view kEndings[] = {".EXE", ".DLL", ".OCX", ".INI", ".WAV", ".BMP", ".ICO", ".MD"};
   const std::string upper = ToUpperAscii(name);
@@ -113,7 +113,7 @@ bool IsOfProgram(const std::string& name) {
                      [&](std::string_view ending) { return upper.ends_with(ending); });
 }
 
-/// Tickets may lie in the program folder, as long as their mask is not that of the program's own files.
+/// Tickets may be in the program folder, as long as their mask does not match the program's own files.
 void AddSharedFolder(Findings& findings, const Installation& shop, const std::vector<NamedFolder>& folders) {
   if (folders.size() < 2) return;
   const std::string tickets = SettingsPath(folders[1].path);
@@ -124,7 +124,7 @@ void AddSharedFolder(Findings& findings, const Installation& shop, const std::ve
       if (!entry.isFolder && IsOfProgram(entry.name)) taken.push_back(entry.name);
     }
   } catch (const SystemError&) {
-    return;  // Of a folder that cannot be read, others speak.
+    return;  // An unreadable folder has findings of its own.
   }
   if (taken.empty()) return;
   findings.push_back({Severity::kWarning, "folder.program",

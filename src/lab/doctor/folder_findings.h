@@ -5,7 +5,7 @@
 
 namespace orvenza {
 
-/// Whether the folders can be used: there, writable, on one volume, with room left.
+/// Whether the folders are usable: existing, writable, on one volume, with free space.
 Findings FindInFolders(const Installation& shop);
 
 }  // namespace orvenza

@@ -18,17 +18,17 @@ FolderListing Sorted(const Installation& shop, const std::string& pattern) {
   return listing;
 }
 
-/// The historic folder of the latest earlier day, with a "\" at its end; "" for none.
+/// The historic folder of the latest earlier day, with a trailing "\"; "" for none.
 std::string LatestEarlierDay(const Installation& shop) {
   try {
     const std::vector<std::string> days = EarlierDays(shop.folders, shop.Settings().HistoricFolder);
     return days.empty() ? std::string() : days.back();
   } catch (const SystemError&) {
-    return {};  // the folder above is missing too
+    return {};  // the parent is missing, too
   }
 }
 
-/// Each folder once, though settings may name one of them twice.
+/// `folders` without duplicates: two settings may name the same folder.
 std::vector<std::string> WithoutRepetition(const std::vector<std::string>& folders) {
   std::vector<std::string> once;
   for (const std::string& folder : folders) {
@@ -80,7 +80,7 @@ std::vector<FoundTicket> LatestTickets(const Installation& shop, std::size_t cou
         if (!entry.isFolder) tickets.push_back({place.name, place.folder + entry.name, std::move(entry)});
       }
     } catch (const SystemError&) {
-      // Nothing to be had from there.
+      // The folder cannot be listed.
     }
   }
   const auto isNewer = [](const FoundTicket& a, const FoundTicket& b) {

@@ -8,19 +8,18 @@
 
 namespace orvenza {
 
-/// The folders of an installation and what lies in them: times, sizes, attributes and names, by name.
+/// Lists the folders of an installation: times, sizes, attributes and names, sorted by name.
 std::string ListFolders(const Installation& shop);
 
-/// A ticket that lies in one of the folders.
+/// A ticket in one of the folders.
 struct FoundTicket {
-  std::string place;  ///< "waiting", "inproces", "abort", "historic", or "earlier" of an earlier day.
+  std::string place;  ///< "waiting", "inproces", "abort", "historic", or "earlier" for an earlier day.
   std::string path;
   FolderEntry entry;
 };
 
-/// At most `count` of the tickets that wait, are in process, were given up or printed, newest first. Of the
-/// historic folders of earlier days the latest is looked at too. Folders that cannot be listed count as
-/// empty.
+/// At most `count` tickets, waiting, in process, given up or printed, newest first. Among the historic
+/// folders of earlier days only the latest is searched. Folders that cannot be listed count as empty.
 std::vector<FoundTicket> LatestTickets(const Installation& shop, std::size_t count);
 
 }  // namespace orvenza

@@ -6,10 +6,10 @@
 
 namespace orvenza {
 
-/// Makes, renames and removes a file of its own in an existing folder, which ends in "\": what the connector
-/// does with tickets. No listing shows that file, so a running connector never takes it for a ticket. Returns
-/// what cannot be done and why, "" where all of it can. The file is gone afterwards, unless none can be
-/// removed there.
+/// Creates, renames and removes a file of its own in an existing folder, which ends in "\", as the connector
+/// does with tickets. Listings never show that file, so a running connector cannot take it for a ticket.
+/// Returns the step that failed and why; "" if all succeeded. The file is removed afterwards, unless the
+/// folder does not allow it.
 std::string TryFolder(Files& files, const std::string& folder);
 
 }  // namespace orvenza

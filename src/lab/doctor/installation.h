@@ -10,7 +10,7 @@
 
 namespace orvenza {
 
-/// An installation that is looked at, and what is known of it before its parts are.
+/// An installation under examination.
 struct Installation {
   Files& files;
   const Folders& folders;
@@ -18,7 +18,7 @@ struct Installation {
   const Clock& clock;
   ProgramPaths paths;
   LocalTime now;
-  bool isServed = false;  ///< A connector runs on it.
+  bool isServed = false;  ///< A connector runs in it.
   SettingsReview review;
 
   const AppSettings& Settings() const { return review.settings; }

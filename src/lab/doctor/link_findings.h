@@ -5,7 +5,7 @@
 
 namespace orvenza {
 
-/// The link control and the serial port.
+/// Examines the link control and the serial port.
 Findings FindInLink(const Installation& shop);
 
 }  // namespace orvenza

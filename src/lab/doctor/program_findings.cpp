@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t kLargestSettings = IniProfileFile::kLargestFile;
 constexpr std::uintmax_t kNearRotation = Logs::kRotationSize / 10 * 9;
 
-/// What every line of today's begins with: the part of a stamp that three times of the day have in common.
+/// Start of every line of today's log: the common prefix of stamps at three times of the day.
 std::string StampOfToday(const Installation& shop) {
   std::string common;
   for (const int hour : {3, 12, 21}) {
@@ -76,7 +76,7 @@ void AddFallback(Findings& findings, const Installation& shop) {
   try {
     if (!shop.files.Exists(shop.paths.AppPath + "\\" + Logs::kErrFallback)) return;
   } catch (const SystemError&) {
-    return;  // Where files cannot even be looked at, others speak.
+    return;  // If even checking for files fails, other findings report it.
   }
   findings.push_back(
       {Severity::kNote, "log.fallback",
@@ -88,7 +88,7 @@ void AddLogs(Findings& findings, const Installation& shop) {
     try {
       AddLog(findings, shop, path);
     } catch (const SystemError&) {
-      // Gone since it was found.
+      // Removed since it was found.
     }
   }
   try {
@@ -138,7 +138,7 @@ void AddTexts(Findings& findings, const Installation& shop) {
   findings.push_back({Severity::kNote, "texts.missing", "ErrDesc.ini is missing; the next start writes it."});
 }
 
-/// Folders hold files of this kind that are about something else, as desktop.ini is.
+/// Other programs have settings files of this kind, e.g. desktop.ini.
 bool IsSettingsFile(const Installation& shop, const std::string& path) {
   try {
     const std::vector<IniLine> lines = IniText(ReadWhole(shop.files, path, kLargestSettings)).Lines();
@@ -151,7 +151,7 @@ bool IsSettingsFile(const Installation& shop, const std::string& path) {
   }
 }
 
-/// A connector that was renamed has settings of another name.
+/// A connector whose executable was renamed has settings under another name.
 void AddOtherSettings(Findings& findings, const Installation& shop) {
   if (shop.review.state != SettingsReview::State::kNew) return;
   try {
@@ -163,11 +163,11 @@ void AddOtherSettings(Findings& findings, const Installation& shop) {
                               entry.name.substr(0, entry.name.rfind('.')) + ")."});
     }
   } catch (const SystemError&) {
-    // Of the folder, others speak.
+    // The folder has findings of its own.
   }
 }
 
-/// The settings, the program or a log is enough of one.
+/// The settings, the program or a log is enough to recognise one.
 bool IsInstallation(const Installation& shop) {
   const std::string program = shop.paths.AppPath + "\\" + shop.paths.ExecutableName;
   const std::string signs[] = {shop.paths.Ini(), shop.paths.ErrDesc(),    program,

@@ -5,7 +5,7 @@
 
 namespace orvenza {
 
-/// The program's own files: its logs, the command file, the texts; and whether it runs already.
+/// Examines the program's own files (logs, command file, texts) and whether it is running.
 Findings FindInProgram(const Installation& shop);
 
 }  // namespace orvenza

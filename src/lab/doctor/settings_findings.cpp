@@ -30,7 +30,7 @@ bool IsRepaired(const SettingsReview& review, const ReviewedKey& key) {
                      [&](const auto& value) { return value.section == key.section && value.key == key.key; });
 }
 
-/// Whether `found` says `used` and nothing besides, as a number.
+/// Whether `found` is the number `used` and nothing else.
 bool IsPlainNumber(std::string_view found, const std::string& used) {
   const std::string_view digits = found.substr(found.starts_with('-') || found.starts_with('+') ? 1 : 0);
   const bool plain = !digits.empty() && digits.find_first_not_of("0123456789.") == std::string_view::npos &&
@@ -38,7 +38,7 @@ bool IsPlainNumber(std::string_view found, const std::string& used) {
   return plain && LeadingNumber(found) == LeadingNumber(used);
 }
 
-/// Whether the connector takes the text of a key for what it says. Folders are only ever completed.
+/// Whether the connector uses the text unchanged. Folders are only completed, so they always count.
 bool IsTakenAsItStands(const ReviewedKey& key) {
   const std::string found(Trim(key.found));
   if (key.section == "Database" || key.key == setting::kLineSettings) return true;
@@ -105,7 +105,7 @@ void AddTicketFiles(Findings& findings, const AppSettings& settings) {
                       "Write the whole path with a mask, such as C:\\Orvenza\\data\\*.txt."});
 }
 
-/// A name that a mask fits.
+/// An example of a name that matches the mask.
 std::string ExampleOf(std::string mask) {
   std::replace_if(
       mask.begin(), mask.end(), [](char c) { return c == '*' || c == '?'; }, 'x');
@@ -126,7 +126,7 @@ bool IsWholePath(const std::string& path) {
   return path.empty() || path.front() == '\\' || (path.size() > 2 && path[1] == ':' && path[2] == '\\');
 }
 
-/// Such a path begins at whatever folder the program happens to be started in.
+/// A relative path depends on the folder in which the program is started.
 void AddRelative(Findings& findings, const char* key, const std::string& path) {
   if (IsWholePath(path)) return;
   findings.push_back({Severity::kWarning, "settings.relative",
@@ -176,7 +176,7 @@ Findings FindInSettings(const SettingsReview& review, const std::string& name) {
   }
   AddVersion(findings, review, name);
   for (Finding& finding : FindInLines(review)) findings.push_back(std::move(finding));
-  // Of a file that is not even read, a list of all that it lacks would only hide the one fact that counts.
+  // The file is not even read, so a list of its missing keys would only hide that.
   if (review.state == State::kWrongVersion) return findings;
   for (const ReviewedKey& key : review.keys) {
     if (auto finding = OfKey(review, key)) findings.push_back(std::move(*finding));

@@ -5,7 +5,7 @@
 
 namespace orvenza {
 
-/// What is to be said about a settings file called `name`.
+/// Examines the settings file called `name`.
 Findings FindInSettings(const SettingsReview& review, const std::string& name);
 
 }  // namespace orvenza

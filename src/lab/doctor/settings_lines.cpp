@@ -18,12 +18,12 @@ std::string At(const IniLine& line, const char* what) {
   return "Line " + std::to_string(line.number) + ": " + what + Quoted(ToUtf8(line.name));
 }
 
-/// A hint ends in a question mark, which closes the sentence.
+/// A hint ends in a question mark, which ends the sentence.
 std::string Sentence(const std::string& text, const std::string& hint) {
   return text + (hint.empty() ? "." : hint);
 }
 
-/// Goes through the lines in their order, as the connector looks for its keys.
+/// Visits the lines in order, the way the connector looks for its keys.
 class LineWalk {
  public:
   LineWalk(const KnownSettings& known, Findings& findings) : known_(known), findings_(findings) {}
@@ -90,7 +90,7 @@ class LineWalk {
   const KnownSettings& known_;
   Findings& findings_;
   std::optional<std::string> section_;
-  bool isRead_ = false;  // the section that the walk is in
+  bool isRead_ = false;  // of the current section
   std::set<std::string> sections_;
   std::set<std::string> keys_;
   std::vector<std::size_t> meaningless_;

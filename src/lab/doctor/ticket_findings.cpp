@@ -12,7 +12,7 @@
 namespace orvenza {
 namespace {
 
-/// The files of a folder, in numbers.
+/// A summary of the files in a folder.
 struct Contents {
   std::size_t count = 0;
   std::uintmax_t bytes = 0;
@@ -24,8 +24,7 @@ std::string EntryOf(const FolderEntry& file) {
   return DateDigits(file.modified) + TimeDigits(file.modified) + file.name;
 }
 
-/// Nothing where there is no such folder, or where it cannot be listed. `counts` says which files do; all
-/// where there is none.
+/// Empty if the folder does not exist or cannot be listed. `counts` selects the files; null means all.
 std::optional<Contents> ContentsOf(const Installation& shop, const std::string& folder,
                                    const std::string& mask,
                                    const std::function<bool(const FolderEntry&)>& counts = {}) {
@@ -83,7 +82,7 @@ void AddInProcess(Findings& findings, const Installation& shop, const Remembered
   }
 }
 
-/// What the connector remembers, so that no start prints it again.
+/// The files that the connector remembers, so as not to print them again after a restart.
 RememberedFiles ReadRemembered(Findings& findings, const Installation& shop) {
   const std::string path = RememberedFilesPath(shop.paths.AppPath);
   try {

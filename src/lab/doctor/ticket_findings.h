@@ -5,7 +5,7 @@
 
 namespace orvenza {
 
-/// What lies in the folders of the tickets: waiting, left over, given up, printed.
+/// Examines the ticket folders: waiting, left over, given up and printed tickets.
 Findings FindInTickets(const Installation& shop);
 
 }  // namespace orvenza

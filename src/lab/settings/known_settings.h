@@ -7,7 +7,7 @@
 
 namespace orvenza {
 
-/// The sections and keys that a settings file may hold. Letter case in names does not count.
+/// The sections and keys that a settings file may contain. Letter case in names is ignored.
 class KnownSettings {
  public:
   /// Those of a new file.
@@ -15,14 +15,14 @@ class KnownSettings {
 
   explicit KnownSettings(std::vector<ProfileValue> values) : values_(std::move(values)) {}
 
-  /// In their order.
+  /// In file order.
   std::vector<std::string> Sections() const;
   std::vector<std::string> Keys(const std::string& section) const;
 
   bool HasSection(const std::string& section) const;
   bool HasKey(const std::string& section, const std::string& key) const;
 
-  /// The section that `key` belongs in; "" for none.
+  /// The section that `key` belongs to; "" for none.
   std::string SectionOf(const std::string& key) const;
 
  private:

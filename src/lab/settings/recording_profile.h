@@ -8,28 +8,28 @@
 
 namespace orvenza {
 
-/// A settings file that never changes: what is written to it is kept here, and read back from here. It notes
-/// what it was asked. It stands for one file, whatever path it is given.
+/// A settings file that is never changed: written values are kept in memory and read back from there. It
+/// records every access, and stands for one file, whatever path it is given.
 class RecordingProfile : public ProfileFile {
  public:
-  /// One key that was read.
+  /// A key that was read.
   struct Asked {
-    ProfileValue value;  ///< With the text that was found; empty where it is missing.
+    ProfileValue value;  ///< The text found; empty if the key is missing.
     bool missing = false;
   };
 
-  /// Stands before `behind`, which must outlive it.
+  /// Reads from `behind`, which must outlive it.
   explicit RecordingProfile(const ProfileContent& behind) : behind_(behind) {}
 
-  /// What it returns notes what it is asked, and must not outlive this.
+  /// The returned content records its accesses in this object and must not outlive it.
   std::unique_ptr<ProfileContent> Load(const std::string& path) const override;
   void Write(const std::string& path, const std::string& section, const std::string& key,
              const std::string& value) override;
   void WriteAll(const std::vector<ProfileValue>& values);
 
-  /// In the order in which they were first asked for; of a key asked for twice, the last answer.
+  /// In order of the first read. If a key is read twice, the last answer counts.
   const std::vector<Asked>& AllAsked() const { return asked_; }
-  /// In the order in which they were first written; of a key written twice, the last value.
+  /// In order of the first write. If a key is written twice, the last value counts.
   const std::vector<ProfileValue>& AllWritten() const { return written_; }
 
  private:

@@ -13,7 +13,7 @@
 namespace orvenza {
 namespace {
 
-/// The connector's settings file on a profile that only records.
+/// Runs the connector's settings code on a profile that only records.
 class DryRun {
  public:
   DryRun(RecordingProfile& profile, Clock& clock, const ProgramPaths& paths)
@@ -37,7 +37,7 @@ std::string NumberText(double number) {
   return {digits.data(), end.ptr};
 }
 
-/// Where the value of a key ends up, as it could stand in the file.
+/// The value that the connector uses for a key, in the form of the file.
 struct UsedValue {
   const char* key;
   std::string (*text)(const AppSettings& settings);
@@ -64,7 +64,7 @@ constexpr UsedValue kUsedValues[] = {
     {"File Parser", [](const AppSettings& s) { return FlagText(s.FileParser); }},
 };
 
-/// What there is in `after` that was not in `before`, or not so.
+/// Entries of `after` that are new or changed.
 std::vector<ProfileValue> Added(const std::vector<ProfileValue>& before,
                                 const std::vector<ProfileValue>& after) {
   std::vector<ProfileValue> added;
@@ -93,14 +93,14 @@ std::vector<ReviewedKey> ReviewKeys(const RecordingProfile& profile, const Setti
   return keys;
 }
 
-/// A larger file is no settings file for the connector either.
+/// The connector rejects a larger file, too.
 std::string ContentOf(const Files& files, const std::string& path) {
   std::string content = ReadWhole(files, path, IniProfileFile::kLargestFile + 1);
   if (content.size() > IniProfileFile::kLargestFile) throw SystemError(error_number::kPathFileAccess, path);
   return content;
 }
 
-/// Reads the file as one whole, as the connector does.
+/// Reads the whole file, like the connector.
 SettingsReview::State Look(const Files& files, const ProgramPaths& paths, SettingsReview& review) {
   try {
     if (!files.Exists(paths.Ini())) return SettingsReview::State::kNew;

@@ -11,38 +11,38 @@
 
 namespace orvenza {
 
-/// One key as the connector reads it.
+/// A key as the connector reads it.
 struct ReviewedKey {
   std::string section;
   std::string key;
-  std::string found;     ///< The text in the file; empty where it is missing. UTF-8.
-  bool missing = false;  ///< The default of reading was used.
-  std::string used;      ///< What the connector makes of it, as it could stand in the file.
-  std::string usual;     ///< The same for the value that a new file is written with.
-  std::string written;   ///< That value itself.
+  std::string found;     ///< The text in the file, in UTF-8; empty if missing.
+  bool missing = false;  ///< The default was used.
+  std::string used;      ///< The value that the connector uses, in the form of the file.
+  std::string usual;     ///< The same for the default of a new file.
+  std::string written;   ///< That default as a new file contains it.
 };
 
-/// What the next start would make of a settings file.
+/// The effect of a settings file at the next start.
 struct SettingsReview {
   enum class State {
-    kNew,           ///< There is none; the start writes one with the defaults, as which it is reviewed.
-    kUnreadable,    ///< There is one, but it cannot be read. Nothing below is filled but the settings.
-    kWrongVersion,  ///< The start would end. Below is what would be read if it did not.
+    kNew,           ///< Does not exist: the start writes one with the defaults, which are reviewed here.
+    kUnreadable,    ///< Exists but cannot be read. Only `settings` is filled.
+    kWrongVersion,  ///< The start would fail. The rest shows what would be read otherwise.
     kRead,
   };
 
   State state = State::kRead;
   std::string version;                 ///< As found.
   std::string content;                 ///< The file's bytes.
-  std::vector<IniLine> lines;          ///< What they say.
-  std::vector<ProfileValue> upgraded;  ///< What bringing it up to date would write.
-  std::vector<ProfileValue> repaired;  ///< What reading it would write back.
-  std::vector<ProfileValue> defaults;  ///< Every key that there is, with what a new file holds.
+  std::vector<IniLine> lines;          ///< Its parsed lines.
+  std::vector<ProfileValue> upgraded;  ///< What the upgrade would write.
+  std::vector<ProfileValue> repaired;  ///< What reading would write back.
+  std::vector<ProfileValue> defaults;  ///< Every key with its value in a new file.
   std::vector<ReviewedKey> keys;       ///< In the order of `defaults`, without the version.
   AppSettings settings;                ///< As the connector would use them.
 };
 
-/// Runs the connector's own reading of the settings, with everything that it would write kept in memory.
+/// Runs the connector's own code for reading the settings; whatever it would write is kept in memory.
 SettingsReview ReviewSettings(const Files& files, Clock& clock, const ProgramPaths& paths);
 
 }  // namespace orvenza

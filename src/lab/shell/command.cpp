@@ -13,7 +13,7 @@ namespace {
 constexpr const char* kProgram = "orvenza-lab";
 constexpr std::size_t kOptionColumn = 24;
 
-/// `text` with every line moved to the right.
+/// `text` with every line indented.
 std::string Indented(const std::string& text) {
   std::string indented;
   std::istringstream lines(text);
@@ -21,7 +21,7 @@ std::string Indented(const std::string& text) {
   return indented;
 }
 
-/// `name` in a column of its own, then `text`, each further line of it below the first.
+/// `name` in its column, then `text` with its further lines aligned below the first.
 std::string Row(const std::string& name, const std::string& text) {
   std::string row = "  " + name;
   row += row.size() + 2 > kOptionColumn ? "\n" + std::string(kOptionColumn, ' ')

@@ -13,46 +13,46 @@
 
 namespace orvenza {
 
-/// The machine as the lab sees it. All of it outlives the lab.
+/// The lab's environment. Everything here outlives the lab.
 struct LabSurroundings {
   Files& files;
   Folders& folders;
   Clock& clock;
   Machine& machine;
   Console& console;
-  std::string homeFolder;  ///< Where the executable lies, without a "\" at its end.
+  std::string homeFolder;  ///< The executable's folder, without a trailing "\".
 };
 
-/// A command of the lab. Each lives in a <name>_command file and is one row of Commands().
+/// A command of the lab. Each is in a <name>_command file and has a row in Commands().
 struct Command {
   std::string name;
   std::string summary;          ///< One line, for the list of commands.
-  std::string synopsis;         ///< What follows the name: "FILE... [--json]".
-  std::string description;      ///< Paragraphs of the help page, lines of at most 80 characters.
-  std::vector<Option> options;  ///< Without --help, which every command has.
-  std::string statuses;         ///< The exit statuses, one a line.
-  std::string examples;         ///< Command lines, one a line.
-  /// Carries it out and returns the exit status.
+  std::string synopsis;         ///< The arguments after the name: "FILE... [--json]".
+  std::string description;      ///< Paragraphs of the help page, in lines of at most 80 characters.
+  std::vector<Option> options;  ///< Except --help, which every command has.
+  std::string statuses;         ///< The exit codes, one per line.
+  std::string examples;         ///< Command lines, one per line.
+  /// Runs the command and returns the exit code.
   int (*run)(const Arguments& arguments, LabSurroundings& surroundings);
 };
 
-/// Thrown by a command whose command line makes no sense, with the reason.
+/// Thrown for an invalid command line, with the reason.
 class UsageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// Exit status of a command line that cannot be understood, and of every failure.
+/// Exit code for an invalid command line and for every failure.
 inline constexpr int kFailed = 2;
 
 /// The help page of a command.
 std::string HelpPage(const Command& command);
 
-/// Writes "orvenza-lab: `reason`" and where to read more to the error output; returns kFailed.
+/// Writes "orvenza-lab: `reason`" and a pointer to the help to the error output; returns kFailed.
 int RefuseUsage(Console& console, const std::string& command, const std::string& reason);
 
-/// The program: carries out the command that `words`, those behind the program's name, ask for and returns
-/// the exit status.
+/// The program: runs the command that `words`, the arguments without the program name, select, and returns
+/// the exit code.
 int RunLab(const std::vector<std::string>& words, const std::vector<Command>& commands,
            LabSurroundings& surroundings);
 

@@ -6,17 +6,17 @@
 
 namespace orvenza {
 
-/// Where a command of the lab reads and writes. All texts are UTF-8.
+/// Input and output of the lab's commands. All texts are UTF-8.
 struct Console {
   std::istream& in;
   std::ostream& out;
   std::ostream& err;
-  bool colours = false;   ///< `out` is a terminal that shows colours, and NO_COLOR is not set.
-  bool progress = false;  ///< `err` is a terminal: a line there may be written over.
-  bool terminal = false;  ///< `out` is a terminal, whatever it shows.
+  bool colours = false;   ///< `out` is a terminal with colours, and NO_COLOR is not set.
+  bool progress = false;  ///< `err` is a terminal, so a line can be overwritten.
+  bool terminal = false;  ///< `out` is a terminal, with or without colours.
 };
 
-/// Whether the user's environment does not refuse colours with NO_COLOR.
+/// False if the environment variable NO_COLOR is set.
 inline bool WantsColours() {
   const char* refused = std::getenv("NO_COLOR");
   return refused == nullptr || *refused == '\0';

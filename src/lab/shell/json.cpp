@@ -44,7 +44,7 @@ void JsonWriter::Text(std::string_view text) {
 
 void JsonWriter::Number(std::int64_t number) {
   BeginValue();
-  out_ << std::to_string(number);  // not the stream's own way, which a locale may change
+  out_ << std::to_string(number);  // stream output would depend on the locale
 }
 
 void JsonWriter::Flag(bool flag) {

@@ -7,9 +7,9 @@
 
 namespace orvenza {
 
-/// Writes one JSON value, as it is told its pieces. The two outer levels of brackets take a line an entry,
-/// deeper ones stand in one line, so that the output reads well and can be compared line by line. Its caller
-/// keeps the grammar: a key before each value of an object, every bracket closed.
+/// Writes one JSON value piece by piece. The two outer levels have one entry per line, deeper ones stay on
+/// one line, so that the output is readable and can be compared line by line. The caller keeps the grammar: a
+/// key before each value of an object, every bracket closed.
 class JsonWriter {
  public:
   explicit JsonWriter(std::ostream& out) : out_(out) {}
@@ -21,7 +21,7 @@ class JsonWriter {
 
   void Key(std::string_view key);
 
-  /// Valid UTF-8 stands as it is; other bytes are read as Windows-1252.
+  /// Valid UTF-8 is kept; other bytes are read as Windows-1252.
   void Text(std::string_view text);
   void Number(std::int64_t number);
   void Flag(bool flag);
@@ -39,7 +39,7 @@ class JsonWriter {
   void WriteQuoted(std::string_view text);
 
   std::ostream& out_;
-  std::vector<bool> filled_;  // of each open bracket: whether it holds an entry already
+  std::vector<bool> filled_;  // per open bracket: whether it has an entry
   bool afterKey_ = false;
 };
 

@@ -5,8 +5,7 @@
 
 namespace orvenza {
 
-/// Files in which there is nothing and nothing is ever put, though whoever appends or moves is not told: for
-/// logs that must stay silent, and for trying out what writing would do.
+/// An empty file system that silently discards all writes: for logs that must stay silent, and for dry runs.
 class NoFiles : public Files {
  public:
   bool Exists(const std::string&) const override { return false; }

@@ -58,7 +58,7 @@ std::string ShownBytes(std::string_view bytes) {
   for (std::size_t i = 0; i < shown.size(); ++i) {
     const auto code = static_cast<unsigned char>(shown[i]);
     if (code < ' ' || code == 127) shown[i] = ' ';
-    // The control characters 128 to 159, which some terminals obey, are two bytes.
+    // The control characters 128 to 159, which some terminals interpret, are two bytes in UTF-8.
     if (code == 0xC2 && static_cast<unsigned char>(shown[i + 1]) < 0xA0) shown.replace(i, 2, " ");
   }
   return shown;

@@ -1,4 +1,4 @@
-// The integrator's tool in a terminal: builds the objects, wires them, runs.
+// The integrator's tool in a terminal: creates the objects, wires them and runs.
 
 #include <unistd.h>
 

@@ -1,4 +1,4 @@
-// The integrator's tool at the Windows console: builds the objects, wires them, runs.
+// The integrator's tool at the Windows console: creates the objects, wires them and runs.
 
 #include <windows.h>
 
@@ -22,10 +22,10 @@ int main() {
   std::ostream output(mode.OutputIsConsole() ? &outputBuffer : std::cout.rdbuf());
   std::ostream error(mode.ErrorIsConsole() ? &errorBuffer : std::cerr.rdbuf());
   error << std::unitbuf;
-  // As the standard streams are.
+  // As with the standard streams.
   error.tie(&output);
   std::cin.tie(&output);
-  // The connector may be at work: it must not find a log taken.
+  // A running connector must never find a log locked.
   WindowsFiles files(WhileRead::kEverything);
   WindowsFolders folders;
   WindowsClock clock;
@@ -38,6 +38,6 @@ int main() {
                   mode.OutputIsConsole()};
   LabSurroundings surroundings{files, folders, clock, machine, console, HomeFolder()};
   const int status = RunLab(CommandWords(), Commands(), surroundings);
-  output.flush();  // before the console is put back as it was
+  output.flush();  // before the console is restored
   return status;
 }

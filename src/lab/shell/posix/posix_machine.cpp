@@ -14,7 +14,7 @@
 namespace orvenza {
 namespace {
 
-/// A path that leads nowhere where `path` cannot be one of this system.
+/// The native path, or one that does not exist if `path` is impossible on this system.
 std::string NativeOrNone(const std::string& path) {
   try {
     return NativePath(path);

@@ -4,7 +4,7 @@
 
 namespace orvenza {
 
-/// A POSIX system. It has neither controls nor numbered ports.
+/// A POSIX system, which has neither controls nor numbered ports.
 class PosixMachine : public Machine {
  public:
   std::string SystemName() const override;

@@ -9,7 +9,7 @@
 namespace orvenza {
 namespace {
 
-// The number that the console's headers give it from Windows 10 on.
+// ENABLE_VIRTUAL_TERMINAL_PROCESSING, missing from headers older than Windows 10.
 constexpr DWORD kVirtualTerminal = 0x0004;
 
 }  // namespace

@@ -2,8 +2,8 @@
 
 namespace orvenza {
 
-/// Readies the console for a program that writes UTF-8, and puts it back as it was. Standard input and output
-/// pass bytes on as they are, so that redirected output is the same on every system.
+/// Sets up the console for UTF-8 output and restores it afterwards. Standard input and output become binary,
+/// so that redirected output is the same on every system.
 class ConsoleMode {
  public:
   ConsoleMode();
@@ -12,7 +12,7 @@ class ConsoleMode {
   ConsoleMode& operator=(const ConsoleMode&) = delete;
 
   bool OutputIsConsole() const { return outputIsConsole_; }  ///< Standard output is a console.
-  bool ShowsColours() const { return showsColours_; }        ///< Standard output is a console that does.
+  bool ShowsColours() const { return showsColours_; }        ///< Standard output is a console with colours.
   bool ErrorIsConsole() const { return errorIsConsole_; }    ///< Standard error is a console.
 
  private:

@@ -20,7 +20,7 @@ struct RegistryKeyTraits {
 };
 using RegistryKey = Unique<RegistryKeyTraits>;
 
-/// The text that a key of the registered classes stands for, in the view of programs of `view` bits; "" where
+/// The default value of a registry key of the registered classes, seen by programs of `view` bits; "" if
 /// there is none.
 std::wstring ClassText(const std::wstring& path, REGSAM view) {
   HKEY opened = nullptr;
@@ -30,7 +30,7 @@ std::wstring ClassText(const std::wstring& path, REGSAM view) {
   const RegistryKey key(opened);
   std::wstring text(32768, L'\0');
   DWORD size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
-  // Expands what names a variable of the environment.
+  // Expands environment variables.
   if (::RegGetValueW(key.Get(), nullptr, nullptr, RRF_RT_REG_SZ, nullptr, text.data(), &size) !=
       ERROR_SUCCESS) {
     return {};
@@ -44,7 +44,7 @@ std::string Unquoted(const std::wstring& text) {
   return ToUtf8(quoted ? text.substr(1, text.size() - 2) : text);
 }
 
-/// A name alone is looked for where the system looks for libraries.
+/// A bare file name is searched for in the system's library path.
 std::string Located(const std::string& server) {
   if (server.empty() || server.find('\\') != std::string::npos) return server;
   std::wstring path(32768, L'\0');
@@ -54,7 +54,7 @@ std::string Located(const std::string& server) {
   return path.empty() ? server : ToUtf8(path);
 }
 
-/// The processor that a library's header names; 0 for a file that is no library.
+/// The processor type in a library's header; 0 for a file that is no library.
 WORD ProcessorOf(const std::string& path) {
   constexpr std::size_t kPlaceOfHeader = 0x3C;
   try {

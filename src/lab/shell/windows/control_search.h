@@ -4,7 +4,7 @@
 
 namespace orvenza {
 
-/// Follows the link control's registration from its name to the library.
+/// Follows the link control's registration from its name to its library.
 ControlRegistration SearchControl();
 
 }  // namespace orvenza

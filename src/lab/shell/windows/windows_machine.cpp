@@ -17,10 +17,10 @@ namespace orvenza {
 namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-/// Room for the names of all devices, of which a PC has hundreds.
+/// Large enough for the names of all devices, of which a PC has hundreds.
 constexpr std::size_t kAllDevices = 256 * 1024;
 
-/// "" where `path` cannot be one of this system.
+/// Empty if `path` is impossible on this system.
 std::wstring NativeOrNone(const std::string& path) {
   try {
     return NativePath(path);
@@ -29,14 +29,13 @@ std::wstring NativeOrNone(const std::string& path) {
   }
 }
 
-/// Opens what exists, a folder too, with the right asked for: opening alone changes nothing.
+/// Opens an existing file or folder with the requested right; opening changes nothing.
 FileHandle Open(const std::string& path, DWORD right) {
   return FileHandle(::CreateFileW(NativeOrNone(path).c_str(), right, kShareAll, nullptr, OPEN_EXISTING,
                                   FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
 
-/// The version as the system itself has it: the usual question answers with what the program's manifest
-/// names.
+/// The real version: the ordinary function reports the version that the program's manifest names.
 OSVERSIONINFOW VersionOfSystem() {
   OSVERSIONINFOW version{};
   version.dwOSVersionInfoSize = sizeof version;
@@ -80,7 +79,7 @@ bool WindowsMachine::MayWrite(const std::string& path) const {
   const DWORD attributes = ::GetFileAttributesW(NativeOrNone(path).c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return false;
   const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  // A folder's read-only mark has another meaning and does not keep files out.
+  // A folder's read-only attribute has another meaning and does not prevent creating files.
   if (!isFolder && (attributes & FILE_ATTRIBUTE_READONLY) != 0) return false;
   return Open(path, isFolder ? FILE_ADD_FILE : FILE_APPEND_DATA).Valid();
 }

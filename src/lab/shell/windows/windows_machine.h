@@ -4,8 +4,7 @@
 
 namespace orvenza {
 
-/// A Windows system. What is registered is looked up as programs of 32 bits see it, as which the connector
-/// runs.
+/// A Windows system. The registry is read as 32-bit programs see it, since the connector is one.
 class WindowsMachine : public Machine {
  public:
   std::string SystemName() const override;
