@@ -1,4 +1,5 @@
-// What hosts, disks and people get wrong: the program runs on, no ticket is lost and none is printed twice.
+// Mistakes of hosts, disks and people: the program keeps running, no ticket is lost and none is printed
+// twice.
 
 #include <gtest/gtest.h>
 
@@ -360,18 +361,18 @@ TEST(BadFolder, TicketChangedByTheHostWhileItCouldNotBeRemovedIsATicketOfItsOwn)
   EXPECT_EQ(shop.device.Receipts()[1].total, 300);
 }
 
-/// A full disk at one kind of write, for the first five seconds of a life with one ticket.
+/// A full disk for one kind of write, during the first five seconds of a run with one ticket.
 struct FullDisk {
   const char* operation;
   std::vector<const char*> paths;
-  const char* archivedIn;  ///< Folder in which the ticket ends.
+  const char* archivedIn;  ///< The folder where the ticket ends up.
 };
 
 class FullDiskAt : public testing::TestWithParam<FullDisk> {};
 
 TEST_P(FullDiskAt, PrintsTheTicketOnceAndKeepsIt) {
   Shop shop;
-  shop.files.FailAlways("Move", "", 75);  // folders on volumes of their own
+  shop.files.FailAlways("Move", "", 75);  // folders on different volumes
   for (const char* path : GetParam().paths) shop.files.FailAlways(GetParam().operation, path, 61);
   shop.After(5s, [&] { shop.files.Heal(); });
   shop.Drop("a.txt", {kItem, kPayment});
@@ -442,7 +443,7 @@ TEST(FullDiskEverywhere, ClosureRequestThatCannotBeWrittenIsLogged) {
                               "\\data\\zzzzzzzzzzzzzzzz.txt )"});
 }
 
-/// A file that is no logo the register could take.
+/// A file that is not a logo for the register.
 struct RefusedBitmap {
   const char* what;
   std::string content;

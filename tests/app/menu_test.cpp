@@ -57,7 +57,7 @@ TEST(Menu, NoTicketIsTakenWhileTheUtilitiesAreOpen) {
   });
   shop.After(6s, [&] { sentMeanwhile = shop.link.SentCount(); });
   shop.Run(10s);
-  EXPECT_EQ(sentMeanwhile, 2U);  // status and identity of the start
+  EXPECT_EQ(sentMeanwhile, 2U);  // the start's status and identity queries
   EXPECT_EQ(shop.SentAt("104901"), std::vector<std::int64_t>{7500}) << "polling begins anew after the dialog";
 }
 
@@ -98,8 +98,8 @@ TEST(Menu, ConfiguringDuringAnExchangeLeavesItsPortOpen) {
 }
 
 struct MenuUse {
-  const char* item;    ///< As an answer of the operator.
-  const char* answer;  ///< Of the dialog that opens.
+  const char* item;    ///< The operator's answer that chooses it.
+  const char* answer;  ///< The answer to the dialog that opens.
   DialogKind opened;
 };
 
@@ -109,7 +109,7 @@ TEST_P(MenuAction, ClosesAPendingMessageFirst) {
   Shop shop("absent 2\n");
   shop.Answer(GetParam().item);
   shop.Answer(GetParam().answer);
-  shop.Answer("Ok");  // of the second alarm
+  shop.Answer("Ok");  // to the second alarm
   shop.Run(5s);
   ASSERT_EQ(shop.person.Shown().size(), 3U);
   EXPECT_EQ(shop.DialogTexts()[0], "Dispositivo Spento o Non Collegato !");
@@ -154,7 +154,7 @@ TEST(Menu, DialogInTheMiddleOfATickDoesNotStartASecondTick) {
   shop.Answer("Esci");
   shop.person.Answer("Abortire la stampa dello scontrino", 5s);
   shop.Run(20s);
-  // The open receipt of the aborted ticket is voided before the next one, which waited for the operator.
+  // The open receipt of the ticket given up is voided before the next ticket, which waited for the operator.
   EXPECT_EQ(shop.Names("data\\abort"), Lines{"a.txt.abort.txt"});
   EXPECT_EQ(shop.SentForTickets().back(), "104901");
 }

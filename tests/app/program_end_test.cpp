@@ -1,4 +1,4 @@
-// The program is ended at an awkward moment: what becomes of the ticket in hand, now and at the next start.
+// The program is ended at an awkward moment: what happens to the current ticket, now and at the next start.
 
 #include <gtest/gtest.h>
 
@@ -104,7 +104,7 @@ TEST(NextStart, PrintsAnInterruptedTicketOnceAfterVoidingWhatItLeftOpen) {
 
   EventLoop secondLife(shop.clock, shop.clock);
   ScriptedOperator person(secondLife);
-  person.Answer("Ok");  // the start finds the receipt open
+  person.Answer("Ok");  // at the start, which finds the receipt open
   Connector connector(
       {shop.files, shop.folders, shop.profile, shop.clock, secondLife, person, shop.icon, shop.link},
       {shop.folder.Path(), "Orvenza"});

@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 using Lines = std::vector<std::string>;
 
-/// A simulated register whose paper is shown, and added to a file.
+/// A simulated register whose paper is shown and appended to a file.
 struct SimulationTest : testing::Test {
   void Print(const std::string& text) {
     simulation.Control().SetMessage("105801" + text + std::string(27 - text.size(), ' '));

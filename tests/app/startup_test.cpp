@@ -8,7 +8,7 @@ namespace {
 using namespace std::chrono_literals;
 using Lines = Shop::Lines;
 
-/// Expects a message with which the program ends, as the operator sees it.
+/// Expects the message with which the program ends.
 void ExpectFatal(const ShownDialog& dialog, const std::string& text) {
   EXPECT_EQ(dialog.kind, DialogKind::kMessage);
   EXPECT_EQ(dialog.caption, "Orvenza");
@@ -42,7 +42,7 @@ TEST_F(FirstRun, WritesTheSettingsAndShowsThePortDialogBeforeTheIcon) {
 TEST_F(FirstRun, LogsTheDefaultsThroughTheFallbackFile) {
   shop.Answer("&Ok");
   shop.Run(5s);
-  // Where letter case does not count, the fallback file is the log itself.
+  // On a case-insensitive file system the fallback file is the log itself.
   const std::string fallback = shop.folder.Read("log.txt");
   EXPECT_EQ(fallback.substr(0, fallback.find('\n') + 1),
             "WrLog : Path/File access error 75 ( 16/11/2026 09:00:00 - Default INI ! )\r\n");
@@ -191,7 +191,7 @@ TEST(Startup, UnknownSettingsVersionEndsTheProgram) {
   EXPECT_EQ(shop.status, exit_status::kSettings);
 }
 
-/// Settings that exist and cannot be read, by the operation that fails.
+/// Existing settings that cannot be read; the parameter is the operation that fails.
 class UnreadableSettings : public testing::TestWithParam<const char*> {
  protected:
   UnreadableSettings() {

@@ -1,4 +1,4 @@
-// `orvenza-lab check` as a program: its arguments, its input, its output, its exit status.
+// `orvenza-lab check` as a program: its arguments, input, output and exit code.
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 namespace orvenza::test {
 namespace {
 
-/// What the program shows, and its exit status in a last line.
+/// The program's output, followed by a line with its exit code.
 std::string Check(std::vector<std::string> words) {
   words.insert(words.begin(), {ORVENZA_LAB, "check"});
   RunningProgram lab(words);

@@ -1,4 +1,4 @@
-// The finished orvenza-lab before an installation, driven as a person at a terminal drives it.
+// Drives the finished orvenza-lab on an installation, like a person at a terminal.
 
 #include <gtest/gtest.h>
 

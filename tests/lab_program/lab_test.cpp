@@ -1,4 +1,4 @@
-// The finished orvenza-lab, driven as a person at a terminal drives it.
+// Drives the finished orvenza-lab like a person at a terminal.
 
 #include <gtest/gtest.h>
 

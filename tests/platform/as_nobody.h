@@ -7,7 +7,7 @@
 
 namespace orvenza::test {
 
-/// The text that `action` returns in a process of its own, without the rights of an administrator.
+/// Runs `action` in a process without administrator rights and returns its text.
 template <typename Action>
 std::string AsNobody(Action action) {
   int ends[2] = {-1, -1};
@@ -15,7 +15,8 @@ std::string AsNobody(Action action) {
   const pid_t child = ::fork();
   if (child == 0) {
     constexpr uid_t kNobody = 65534;
-    [[maybe_unused]] const int dropped = ::setresuid(kNobody, kNobody, kNobody);  // Nobody else needs to.
+    [[maybe_unused]] const int dropped =
+        ::setresuid(kNobody, kNobody, kNobody);  // Without administrator rights there is nothing to drop.
     const std::string result = action();
     ::_exit(::write(ends[1], result.data(), result.size()) < 0 ? 1 : 0);
   }

@@ -28,7 +28,7 @@ TEST(PosixClock, TellsLocalTime) {
   const TimeZone zone("AAA-5:30");
   std::time_t before = 0;
   LocalTime now;
-  do {  // Again when a second ended in between.
+  do {  // Repeated if a second ended in between.
     before = std::time(nullptr);
     now = PosixClock().Now();
   } while (before != std::time(nullptr));
@@ -45,7 +45,7 @@ TEST(PosixClock, CountsSecondsFromLocalMidnight) {
   LocalTime before;
   double seconds = 0;
   LocalTime after;
-  do {  // Again when midnight came in between.
+  do {  // Repeated if midnight came in between.
     before = clock.Now();
     seconds = clock.SecondsSinceMidnight();
     after = clock.Now();
@@ -61,7 +61,7 @@ TEST(PosixClock, UptimeNeverGoesBack) {
   EXPECT_GE(clock.Uptime(), first);
 }
 
-/// The calendar time of a moment in seconds since 1970.
+/// The calendar time `time`, in seconds since 1970.
 std::tm CalendarAt(std::time_t seconds) {
   std::tm calendar{};
   ::localtime_r(&seconds, &calendar);

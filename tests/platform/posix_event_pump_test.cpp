@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A pump that writes down its events, and a pipe for its input.
+/// A pump that records its events, and a pipe for its input.
 class PosixEventPumpTest : public testing::Test {
  protected:
   PosixEventPumpTest() {
@@ -210,7 +210,7 @@ TEST_F(PosixEventPumpTest, ALineHandlerThatThrowsLosesOnlyItsLine) {
 }
 
 TEST_F(PosixEventPumpTest, AHandlerMayWatchAnotherInput) {
-  const std::string own(100, 'x');  // What the handler holds must outlive its replacement.
+  const std::string own(100, 'x');  // The handler's captures must outlive its replacement.
   const auto replace = [this, own](const std::string&) {
     Watch();
     Note(own);

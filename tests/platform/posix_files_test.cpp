@@ -14,7 +14,7 @@
 namespace orvenza::test {
 namespace {
 
-/// No file may grow beyond `bytes` while it lives: a disk that is full.
+/// Simulates a full disk: during its lifetime no file may grow beyond `bytes`.
 class FullDisk {
  public:
   explicit FullDisk(rlim_t bytes) {
@@ -274,7 +274,7 @@ TEST_F(PosixFilesTest, AnUnfinishedFileIsNotUnderItsName) {
   EXPECT_EQ(EntryCount(), 0);
 }
 
-/// Every operation on `path`, or on `path` and a good one.
+/// Calls every operation on `path`, or on `path` and a valid one.
 std::vector<std::string> AllFailures(const std::string& path, const std::string& good) {
   PosixFiles files;
   return {FailureOf([&] { files.Size(path); }),

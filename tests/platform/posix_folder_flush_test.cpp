@@ -11,12 +11,12 @@
 
 namespace {
 
-/// What was flushed, by path, in order.
+/// The flushed paths, in order.
 std::vector<std::string> flushed;
 
 }  // namespace
 
-/// In place of the system's, for this test program.
+/// Replaces the system's function in this test program.
 extern "C" int fsync(int descriptor) {
   const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
   flushed.push_back(std::filesystem::read_symlink(link).string());

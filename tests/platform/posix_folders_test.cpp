@@ -19,7 +19,7 @@ namespace {
 
 class PosixFoldersTest : public testing::Test {
  protected:
-  /// The names that a mask lists in the folder, sorted, with commas between them.
+  /// The names that match a mask in the folder, sorted and separated by commas.
   std::string Names(const std::string& mask) const {
     std::vector<std::string> names;
     for (const FolderEntry& entry : folders.ListFolder(folder.Path(mask))) names.push_back(entry.name);
@@ -107,7 +107,7 @@ TEST_F(PosixFoldersTest, TellsTimesInLocalTime) {
   const TimeZone zone("CET-1CEST,M3.5.0,M10.5.0/3");
   folder.Write("winter", "x");
   folder.Write("summer", "x");
-  folder.SetModified("winter", 1'704'067'199);  // 31 December 2023, 23:59:59 universal time.
+  folder.SetModified("winter", 1'704'067'199);  // 31 December 2023, 23:59:59 UTC.
   folder.SetModified("summer", 1'719'792'000);  // 1 July 2024, 0:00.
   EXPECT_EQ(Entry("winter").modified, (LocalTime{2024, 1, 1, 0, 59, 59}));
   EXPECT_EQ(Entry("summer").modified, (LocalTime{2024, 7, 1, 2, 0, 0}));

@@ -11,7 +11,7 @@
 namespace orvenza::test {
 namespace {
 
-/// Whether another process could lock the folder. It dies with the lock in its hands.
+/// Whether another process can lock the folder. It ends while holding the lock.
 bool AnotherProcessGets(const std::string& folder) {
   const pid_t child = ::fork();
   if (child == 0) {
@@ -60,7 +60,7 @@ TEST(IsFolderServed, TakesNoLockThatAStartingConnectorCouldMeet) {
   const TempFolder folder;
   const Descriptor held(::open(folder.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   ASSERT_EQ(::flock(held.Get(), LOCK_EX), 0);
-  EXPECT_FALSE(IsFolderServed(folder.Path()));  // it would be refused what a connector takes
+  EXPECT_FALSE(IsFolderServed(folder.Path()));  // a connector's lock would be refused
 }
 
 TEST(IsFolderServed, SeesALockWithoutTakingOne) {

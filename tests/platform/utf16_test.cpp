@@ -10,7 +10,7 @@ using std::string_literals::operator""s;
 TEST(Utf16, IsTheSameTextThereAndBack) {
   const struct {
     std::string text;
-    std::string bytes;  ///< The lower byte of a unit first.
+    std::string bytes;  ///< Little-endian.
   } rows[] = {
       {"", ""},
       {"A\r\n", "A\0\r\0\n\0"s},

@@ -10,7 +10,7 @@
 namespace orvenza::test {
 namespace {
 
-/// The user's picture for dates or times, such as "dd/MM/yyyy".
+/// The user's format for dates or times, such as "dd/MM/yyyy".
 std::wstring Picture(LCTYPE which) {
   wchar_t text[100] = L"";
   ::GetLocaleInfoW(LOCALE_USER_DEFAULT, which, text, 100);
@@ -47,7 +47,7 @@ TEST(WindowsClock, TellsLocalTime) {
   SYSTEMTIME before{};
   SYSTEMTIME after{};
   LocalTime now;
-  do {  // Again when a second ended in between.
+  do {  // Repeated if a second ended in between.
     ::GetLocalTime(&before);
     now = WindowsClock().Now();
     ::GetLocalTime(&after);
@@ -62,7 +62,7 @@ TEST(WindowsClock, CountsSecondsFromLocalMidnight) {
   LocalTime before;
   double seconds = 0;
   LocalTime after;
-  do {  // Again when midnight came in between.
+  do {  // Repeated if midnight came in between.
     before = clock.Now();
     seconds = clock.SecondsSinceMidnight();
     after = clock.Now();

@@ -11,7 +11,7 @@
 namespace orvenza::test {
 namespace {
 
-/// A page of a console, not to be seen. Where the tests have no console to have pages they are given one.
+/// A hidden console screen buffer. If the tests have no console, one is created.
 class ConsolePage {
  public:
   ConsolePage() {
@@ -58,7 +58,7 @@ TEST(ConsoleBuffer, TakesTextsOfAnyLength) {
   const ConsolePage page;
   ConsoleBuffer buffer(page.Handle());
   std::ostream out(&buffer);
-  // 4093 bytes: the second of the letters behind them lies on both sides of the limit of what is kept back.
+  // 4093 bytes: the second of the letters after them crosses the limit of what is buffered.
   out << "\r";
   for (int i = 0; i < 1364; ++i) out << "xy\r";
   out << "\u00E8\u00E8\u00E8\u00E8 fine" << std::flush;

@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 constexpr UINT kNote = WM_APP;
 constexpr int kButton = 7;
 
-/// A window that hands its messages to a handler.
+/// A window that passes its messages to a handler.
 class TestWindow {
  public:
   explicit TestWindow(std::function<void(UINT, WPARAM)> handler) : handler_(std::move(handler)) {
@@ -51,14 +51,14 @@ class TestWindow {
   HWND window_ = nullptr;
 };
 
-/// A pump that writes down its events.
+/// A pump that records its events.
 class WindowsEventPumpTest : public testing::Test {
  protected:
   void Note(const std::string& event) { events += (events.empty() ? "" : " ") + event; }
   std::function<void()> Noting(const std::string& event) {
     return [this, event] { Note(event); };
   }
-  /// Does `action` when the message kNote comes.
+  /// Runs `action` when the message kNote arrives.
   std::function<void(UINT, WPARAM)> OnNote(std::function<void()> action) {
     return [action](UINT message, WPARAM) {
       if (message == kNote) action();

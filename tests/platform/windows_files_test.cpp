@@ -239,7 +239,7 @@ TEST_F(WindowsFilesTest, AnUnfinishedFileIsNotUnderItsName) {
   EXPECT_EQ(EntryCount(), 0);
 }
 
-/// Every operation on `path`, or on `path` and a good one.
+/// Calls every operation on `path`, or on `path` and a valid one.
 std::vector<std::string> AllFailures(const std::string& path, const std::string& good) {
   WindowsFiles files;
   return {FailureOf([&] { files.Size(path); }),

@@ -16,7 +16,7 @@ namespace {
 
 class WindowsFoldersTest : public testing::Test {
  protected:
-  /// The names that a mask lists in the folder, sorted, with commas between them.
+  /// The names that match a mask in the folder, sorted and separated by commas.
   std::string Names(const std::string& mask) const {
     std::vector<std::string> names;
     for (const FolderEntry& entry : folders.ListFolder(folder.Path(mask))) names.push_back(entry.name);
@@ -31,7 +31,7 @@ class WindowsFoldersTest : public testing::Test {
     return listing.empty() ? FolderEntry{} : listing.front();
   }
 
-  /// Sets the three times of a file, in seconds after the year 2020 began, universal time.
+  /// Sets the three times of a file, in seconds since the start of 2020, UTC.
   void SetTimes(const std::string& name, std::uint64_t created, std::uint64_t accessed,
                 std::uint64_t modified) const {
     const FileHandle file(::CreateFileW(ToWide(folder.Path(name)).c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr,
@@ -115,7 +115,7 @@ TEST_F(WindowsFoldersTest, TellsTheAttributesByTheirPositions) {
     ::SetFileAttributesW(ToWide(folder.Path(row.name)).c_str(), row.set);
     std::string attributes = Entry(row.name).attributes;
     ASSERT_EQ(attributes.size(), 6u);
-    attributes[0] = ' ';  // Not every file system keeps the archive attribute.
+    attributes[0] = ' ';  // Some file systems do not keep the archive attribute.
     EXPECT_EQ(attributes, row.attributes);
   }
 }

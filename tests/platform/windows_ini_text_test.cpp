@@ -8,7 +8,7 @@
 namespace orvenza::test {
 namespace {
 
-// Settings files as the system's own functions read and write them: IniText is to do the same.
+// Settings files as the system's own functions read and write them: IniText must do the same.
 
 class WindowsIniTextTest : public testing::Test {
  protected:

@@ -1,4 +1,4 @@
-// Paths beyond what the system's file functions take in their plain form.
+// Paths longer than the system's file functions accept in their plain form.
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -11,8 +11,7 @@
 namespace orvenza::test {
 namespace {
 
-/// Two folders in each other whose names have 120 characters, so that whatever lies in the inner one is out
-/// of the ordinary reach.
+/// Two nested folders with names of 120 characters each, so that paths inside exceed the ordinary limit.
 class LongPathsTest : public testing::Test {
  protected:
   LongPathsTest() {

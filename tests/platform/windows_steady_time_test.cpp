@@ -18,7 +18,7 @@ nanoseconds Counted() {
   return DurationOfTicks(ticks.QuadPart, frequency.QuadPart);
 }
 
-// The PC clock counts from another year, so it would lie outside.
+// The PC clock counts from another year, so its value would lie outside.
 TEST(SteadyTime, IsThatOfThePerformanceCounter) {
   const auto before = Counted();
   const auto steady = SteadyTime();

@@ -26,7 +26,7 @@ TEST(SystemFunctions, AreNotTakenFromALibraryBesideTheProgram) {
   const std::wstring planted = ToWide(HomeFolder()) + L"\\orvenza_planted.dll";
   ASSERT_TRUE(CopyFileW((std::wstring(folder) + L"\\winmm.dll").c_str(), planted.c_str(), FALSE));
   EXPECT_EQ(FindFunction<CountType>(L"orvenza_planted.dll", "timeGetTime"), nullptr);
-  // Asked plainly, the system would find it there.
+  // Given the plain name, the system would find it there.
   const HMODULE found = LoadLibraryW(L"orvenza_planted.dll");
   EXPECT_NE(found, nullptr);
   FreeLibrary(found);

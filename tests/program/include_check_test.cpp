@@ -1,4 +1,4 @@
-// The check of the include lines, on small trees with one planted violation each.
+// The check of the include lines on small trees, each with one violation.
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 namespace orvenza::test {
 namespace {
 
-/// What the check shows about a tree with one file; its exit status follows in a last line.
+/// The check's output for a tree with one file, followed by a line with its exit code.
 std::string Check(const std::string& file, const std::string& content) {
   const TempFolder tree;
   tree.Write("src\\" + file, content);

@@ -1,4 +1,4 @@
-// The finished terminal program, driven as a person and a host application drive it.
+// Drives the finished terminal program like a person and a host application.
 
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@ using Lines = std::vector<std::string>;
 constexpr const char* kProgram = ORVENZA_PROGRAM;
 const std::string kCaption = std::string("Orvenza - ") + kVersionText;
 
-/// A shop folder without settings file, and with a register script that lets no time pass on the line.
+/// A shop folder without a settings file, with a register script for a line without delays.
 struct NewShop {
   NewShop() { folder.Write("register.script", "speed instant\n"); }
 
@@ -28,7 +28,7 @@ struct NewShop {
     return {kProgram, "--folder", folder.Path(), "--simulate", folder.Path() + "/register.script"};
   }
 
-  /// Written elsewhere and renamed, as a host does.
+  /// Written elsewhere and renamed, like a host does.
   void Drop(const std::string& name, const std::string& content) const {
     folder.Write(name + ".tmp", content);
     std::filesystem::create_directories(folder.Native("data"));
@@ -54,7 +54,7 @@ struct NewShop {
   TempFolder folder;
 };
 
-/// A shop with a settings file: ";" as separator, the ticket folder in the spelling of this system.
+/// A shop with a settings file: ";" as separator, the ticket folder in this system's spelling.
 struct Shop : NewShop {
   Shop() {
     folder.Write("Orvenza.ini", "[Version]\r\nVersion=1.06\r\n[Database]\r\nTicketFiles=" + folder.Path() +

@@ -15,13 +15,13 @@
 
 namespace orvenza::test {
 
-/// A program that runs beside the test, with its input and its output (error output included) in our hands.
-/// Whatever is waited for must come within kPatience.
+/// A program that runs beside the test, which controls its input and output (error output included).
+/// Everything waited for must come within kPatience.
 class RunningProgram {
  public:
   static constexpr std::chrono::seconds kPatience{30};
 
-  /// `words` are the program's path and its arguments.
+  /// `words` are the program's path and arguments.
   explicit RunningProgram(std::vector<std::string> words) {
     ::signal(SIGPIPE, SIG_IGN);  // writing to a program that has ended must not end the test
     std::array<int, 2> in{};
@@ -58,10 +58,10 @@ class RunningProgram {
   RunningProgram(const RunningProgram&) = delete;
   RunningProgram& operator=(const RunningProgram&) = delete;
 
-  /// Everything shown so far.
+  /// The whole output so far.
   const std::string& Shown() const { return shown_; }
 
-  /// Waits until `text` is shown behind what was last waited for. False when it does not come.
+  /// Waits for `text` in the output after the last match. False when it does not come.
   bool Shows(const std::string& text) {
     const auto end = std::chrono::steady_clock::now() + kPatience;
     std::size_t found = 0;
@@ -72,7 +72,7 @@ class RunningProgram {
     return true;
   }
 
-  /// Waits for the next whole line behind what was last waited for. False when none comes.
+  /// Waits for the next complete line after the last match. False when none comes.
   bool NextLine(std::string& line) {
     const std::size_t from = seen_;
     if (!Shows("\n")) return false;
@@ -91,8 +91,8 @@ class RunningProgram {
 
   void Send(int signal) { ::kill(process_, signal); }
 
-  /// Waits for the program's end and returns its exit status; 128 and the signal's number for one that was
-  /// ended by a signal, -1 for one that does not end.
+  /// Waits for the program's end and returns its exit code: 128 plus the signal's number if a signal ended
+  /// it, -1 if it does not end.
   int ExitStatus() {
     const auto end = std::chrono::steady_clock::now() + kPatience;
     while (ReadMore(end)) {
@@ -104,7 +104,7 @@ class RunningProgram {
   }
 
  private:
-  /// False at the end of the output and when nothing came until `end`.
+  /// False at the end of the output, or when nothing came before `end`.
   bool ReadMore(std::chrono::steady_clock::time_point end) {
     const auto left =
         std::chrono::duration_cast<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());

@@ -5,7 +5,7 @@
 
 #include "tickets/translation_world.h"
 
-// The page for those who write tickets shows commands beside its lines: they are those of the connector.
+// The ticket format page shows the commands of its example lines: they must be the connector's.
 
 namespace orvenza::test {
 namespace {
@@ -14,7 +14,7 @@ class TicketFormatPageTest : public TranslationTest {
  protected:
   TicketFormatPageTest() { files.content["C:\\shop\\logo.bmp"] = LogoBitmap(254); }
 
-  /// The command of a line as the page shows it, each blank as a dot.
+  /// A line's command in the form of the page, with each blank as a dot.
   std::string Shown(const std::string& line) const {
     std::string shown;
     for (const char c : Translate(line)) shown += c == ' ' ? std::string("·") : std::string(1, c);

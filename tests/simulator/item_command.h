@@ -5,7 +5,7 @@
 
 namespace orvenza::test {
 
-/// An item command: `code`, one line of `description` (16 characters at most), `quantity` in thousandths,
+/// An item command: `code`, a `description` of at most 16 characters on one line, `quantity` in thousandths,
 /// `price` in cents.
 inline std::string ItemCommand(const std::string& code, std::string description, int quantity, int price) {
   char numbers[40];

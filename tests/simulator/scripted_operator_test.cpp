@@ -253,7 +253,7 @@ TEST_F(ScriptedOperatorTest, ADialogOnTopTakesTheAnswer) {
   person.Answer("Sì", 2s);
   person.Answer("No", 4s);
   EXPECT_EQ(person.ShowMessage(question), 2);
-  // One second until the dialog on top came, two for its answer, one for what was left of the wait below it,
+  // One second until the dialog on top appeared, two for its answer, one for the rest of the wait below it,
   // four for the second answer.
   EXPECT_EQ(clock.Uptime(), 8s);
 }

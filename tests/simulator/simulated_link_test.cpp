@@ -17,7 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 using Events = std::vector<std::string>;
 
-/// The program's end of the link: notes each event, replies by their text.
+/// The program's end of the link: records each event, replies by their text.
 class Listener : public EcrLinkEvents {
  public:
   explicit Listener(EcrLink& link) : link_(link) {}
@@ -35,7 +35,7 @@ class Listener : public EcrLinkEvents {
 
 class SimulatedLinkTest : public testing::Test {
  protected:
-  /// Puts a link with a script in front of the register and opens it.
+  /// Creates a link with a script to the register and opens it.
   void Connect(const std::string& script) {
     link = std::make_unique<SimulatedLink>(device, clock, ParseFaultScript("prova.sim", script));
     listener = std::make_unique<Listener>(*link);
@@ -48,7 +48,7 @@ class SimulatedLinkTest : public testing::Test {
     link->Send();
   }
 
-  /// Sends a command, waits longer than any reply takes, and returns what came.
+  /// Sends a command, waits longer than any reply takes, and returns the events.
   Events Exchange(const std::string& command) {
     listener->events.clear();
     Send(command);

@@ -19,7 +19,7 @@ class VirtualDiskTest : public ::testing::Test {
  protected:
   VirtualDiskTest() { disk.MakeFolder("C:\\shop"); }
 
-  /// The number that an operation fails with, 0 when it succeeds.
+  /// The number of the failure, 0 on success.
   template <typename Operation>
   static int Failure(Operation operation) {
     try {

@@ -24,8 +24,8 @@ namespace orvenza::test {
 
 using Lines = std::vector<std::string>;
 
-/// Everything that talks to the register, over a scripted control. It is nine o'clock of 16 November 2026,
-/// the settings are the defaults and the port is open.
+/// Everything that communicates with the register, on a scripted control. It is nine o'clock on 16 November
+/// 2026, the settings are the defaults, and the port is open.
 class DeviceBench : public ::testing::Test {
  protected:
   DeviceBench() {
@@ -49,7 +49,7 @@ class DeviceBench : public ::testing::Test {
 
   const Lines& Sent() const { return control.sent; }
 
-  /// The next answers of the operator, who gives them at once.
+  /// The operator's next answers, given without delay.
   template <typename... Texts>
   void Answer(const Texts&... answers) {
     (person.Answer(answers), ...);
@@ -66,15 +66,15 @@ class DeviceBench : public ::testing::Test {
     return shown;
   }
 
-  /// One of them, from 0; no such dialog fails the test.
+  /// A dialog by index, from 0. The test fails if there is no such dialog.
   const ShownDialog& Dialog(std::size_t number) const { return person.Shown().at(number); }
 
   static std::string Last(const Lines& lines) { return lines.empty() ? "" : lines.back(); }
 
-  /// Milliseconds that have passed since the test began.
+  /// Milliseconds since the start of the test.
   double Elapsed() const { return std::chrono::duration<double, std::milli>(clock.Uptime()).count(); }
 
-  /// The program is to end after `delay`.
+  /// Ends the program after `delay`.
   void EndAfter(std::chrono::milliseconds delay) {
     clock.After(delay, [this] { loop.RequestEnd({.unload = true}); });
   }
@@ -115,7 +115,7 @@ class DeviceBench : public ::testing::Test {
   }
 };
 
-/// Dialogs as Shown gives them.
+/// Dialogs in the form of Shown.
 inline std::string AbsentAlarm(const std::string& answer = "Ok") {
   return "message \"Orvenza - Attenzione, Errori di Comunicazione !\" "
          "\"\\r\\nDispositivo Spento o Non Collegato !\" [Ok] <- " +

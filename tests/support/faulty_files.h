@@ -16,15 +16,15 @@
 
 namespace orvenza::test {
 
-/// What shall go wrong, by the names of the operations: "OpenForReading", "Read" (of the reader it returns),
-/// "Exists", "Size", "Append", "Write", "Copy", "Move", "Remove", "ClearAttributes"; "ListFolder", "Create",
-/// "Rename". A failing operation does nothing.
+/// Injects failures into operations by name: "OpenForReading", "Read" (of the reader it returns), "Exists",
+/// "Size", "Append", "Write", "Copy", "Move", "Remove", "ClearAttributes"; "ListFolder", "Create", "Rename".
+/// A failing operation has no effect.
 class Faults {
  public:
   /// The next `operation` fails with error `number`.
   void FailNext(const std::string& operation, int number) { FailNth(operation, 1, number); }
 
-  /// The `n`-th `operation` from now, counted from 1, fails; the others work.
+  /// The `n`-th `operation` from now, counted from 1, fails; the others succeed.
   void FailNth(const std::string& operation, int n, int number) {
     faults_.push_back({operation, "", number, n, false});
   }
@@ -34,22 +34,22 @@ class Faults {
     faults_.push_back({operation, pathPart, number, 1, true});
   }
 
-  /// Calls `action` with the path before each `operation`, also one that then fails.
+  /// Calls `action` with the path before each `operation`, even if that then fails.
   void Before(const std::string& operation, std::function<void(const std::string& path)> action) {
     before_[operation] = std::move(action);
   }
 
-  /// From now on everything works again, and nothing is called before.
+  /// Ends all failures and all calls of Before.
   void Heal() {
     faults_.clear();
     before_.clear();
   }
 
  protected:
-  /// Called by each operation first. `other` is its second path.
+  /// Every operation calls this first. `other` is its second path.
   void Meet(const std::string& operation, const std::string& path, const std::string& other = {}) const {
     if (const auto found = before_.find(operation); found != before_.end()) {
-      const auto action = found->second;  // It may heal.
+      const auto action = found->second;  // A copy, since it may call Heal.
       action(path);
     }
     for (Fault& fault : faults_) {
@@ -83,7 +83,7 @@ class FaultyFiles : public Files, public Faults {
  public:
   explicit FaultyFiles(Files& real) : real_(real) {}
 
-  /// Readers opened from now on fail with `number` once they have delivered `bytes` bytes.
+  /// Readers opened from now on fail with `number` after delivering `bytes` bytes.
   void FailReadAfter(std::size_t bytes, int number) {
     readLimit_ = bytes;
     readNumber_ = number;
@@ -166,12 +166,12 @@ class FaultyFiles : public Files, public Faults {
   int readNumber_ = 0;  ///< 0: reading does not fail.
 };
 
-/// Folders that fail on demand, and drives that can be taken away.
+/// Folders that fail on demand, and drives that can be removed.
 class FaultyFolders : public Folders, public Faults {
  public:
   explicit FaultyFolders(Folders& real) : real_(real) {}
 
-  /// Paths that contain `pathPart` lie on the drive `drive`, which is missing until Heal.
+  /// Paths that contain `pathPart` are on the drive `drive`, which is missing until Heal.
   void TakeDriveAway(const std::string& pathPart, const std::string& drive = "Z:") {
     missingPart_ = pathPart;
     missingDrive_ = drive;

@@ -12,7 +12,7 @@
 
 namespace orvenza::test {
 
-/// Files in memory, by the path as it was given.
+/// Files in memory, keyed by their path as given.
 class MemoryFiles : public Files {
  public:
   std::map<std::string, std::string> content;

@@ -14,28 +14,29 @@
 
 namespace orvenza::test {
 
-/// A link control that plays prepared replies and records what it was told.
+/// A link control that plays prepared replies and records its calls.
 class ScriptedLink : public EcrLink {
  public:
   explicit ScriptedLink(Scheduler& scheduler) : scheduler_(scheduler) {}
 
-  std::vector<std::string> sent;   ///< Every command transmitted.
+  std::vector<std::string> sent;   ///< Every command sent.
   std::vector<std::string> calls;  ///< Every property set: "reset 1", "port number 3", "open 1".
-  std::deque<bool> presence;       ///< What the next reads of "present" give; then the last of them, or true.
+  std::deque<bool>
+      presence;  ///< Results of the next presence queries; after them the last one repeats, by default true.
   int presenceReads = 0;
-  int refusedOpens = 0;  ///< How many more openings fail.
+  int refusedOpens = 0;  ///< Number of further attempts to open the port that fail.
   bool open = false;
 
-  /// The answer to the next command without one. "ERR-1" to "ERR-3" are raised as link errors.
+  /// Adds the reply to the next command without one. "ERR-1" to "ERR-3" are raised as link errors.
   void Reply(std::string text, std::chrono::nanoseconds after = {}) {
     replies_.push_back({std::move(text), after});
   }
   void NoReply() { replies_.push_back({std::nullopt, {}}); }
 
-  /// The answer to every command that begins with `code` and finds no other; without one, there is silence.
+  /// The reply to every command that begins with `code` and has no other. Without any reply there is silence.
   void Always(const std::string& code, std::string text) { standing_[code] = std::move(text); }
 
-  /// An event that no command asked for.
+  /// Raises an event that no command asked for.
   void Raise(const std::string& text) {
     if (text == "ERR-1") return events_->LinkError1();
     if (text == "ERR-2") return events_->LinkError2();
@@ -114,7 +115,7 @@ class ScriptedLink : public EcrLink {
   std::string received_;
 };
 
-/// A link control that fails on demand, by the names of its members; a failing member does nothing.
+/// A link control whose members fail on demand, by name; a failing member has no effect.
 class FaultyLink : public EcrLink, public Faults {
  public:
   explicit FaultyLink(EcrLink& real) : real_(real) {}

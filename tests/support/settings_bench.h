@@ -13,7 +13,7 @@
 
 namespace orvenza::test {
 
-/// The settings file of a program in C:\shop, at nine o'clock. Lines of the error log begin with kStamp.
+/// The settings file of a program in C:\shop at nine o'clock. Lines of the error log begin with kStamp.
 class SettingsBench : public ::testing::Test {
  protected:
   static constexpr const char* kStamp = "16/11/2026 09:00:00 - ";
@@ -28,7 +28,7 @@ class SettingsBench : public ::testing::Test {
     return settings;
   }
 
-  /// The error journal, before or after the settings were read, without its stamps.
+  /// The error log from before and after reading the settings, without stamps.
   std::string Errors() const {
     std::string errors;
     for (const char* path : {"C:\\shop\\error.txt", "C:\\shop\\Err.txt"}) {

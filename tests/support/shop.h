@@ -26,7 +26,7 @@
 
 namespace orvenza::test {
 
-/// The notification icon, as a test sees it.
+/// Records the state of the notification icon.
 class RecordedIcon : public NotificationIcon {
  public:
   void CreateIcon(const std::string& tip) override {
@@ -46,9 +46,9 @@ class RecordedIcon : public NotificationIcon {
   std::optional<std::string> tip_;
 };
 
-/// A shop in a folder of its own: the whole connector on the virtual clock, with the simulated register and a
-/// scripted operator. The settings file is the default one with ";" as separator and the line at no time,
-/// until a test changes it.
+/// A shop in its own folder: the whole connector on the virtual clock, with the simulated register and a
+/// scripted operator. The settings file is the default one with ";" as separator; transmission takes no time
+/// until a test changes that.
 class Shop {
  public:
   using Lines = std::vector<std::string>;
@@ -66,7 +66,7 @@ class Shop {
     link.SetObserver([this](LineEvent event, const std::string& text) {
       if (event == LineEvent::kSent) sentAt_.emplace_back(text, clock.Uptime());
     });
-    // At one go: each single value would wait for the disk.
+    // Written at once: each single value would wait for the disk.
     const std::string tickets = folder.Path("data\\*.txt");
     const std::string historic = folder.Path("storico\\");
     folder.Write("Orvenza.ini",
@@ -83,7 +83,7 @@ class Shop {
     profile.Write(folder.Path("Orvenza.ini"), section, key, value);
   }
 
-  /// The host writes a ticket, one second younger than the one before.
+  /// The host writes a ticket, dated one second after the previous one.
   void Drop(const std::string& name, const Lines& lines) { DropBytes(name, Joined(lines)); }
 
   void DropBytes(const std::string& name, const std::string& content) {
@@ -98,26 +98,26 @@ class Shop {
     files.FailAlways("Remove", part, error_number::kPermissionDenied);
   }
 
-  /// The disk is full where the path of a new file contains `part`.
+  /// The disk is full for new files whose path contains `part`.
   void Fill(const std::string& part) {
     files.FailAlways("Move", part, error_number::kDiskFull);
     files.FailAlways("Copy", part, error_number::kDiskFull);
   }
 
-  /// Runs `action` after `delay` of the connector's life.
+  /// Runs `action` after the connector has run for `delay`.
   void After(std::chrono::milliseconds delay, std::function<void()> action) {
     clock.After(delay, std::move(action));
   }
 
   void Answer(const std::string& answer) { person.Answer(answer); }
 
-  /// Starts the connector and has the host end it after `life`.
+  /// Starts the connector and lets the host end it after `life`.
   void Run(std::chrono::milliseconds life = std::chrono::seconds(30)) {
     After(life, [this] { folder.Write("command.txt", "QUIT\r\n"); });
     RunToItsEnd();
   }
 
-  /// Starts the connector and waits until it ends by itself. Every planned answer must have been asked for.
+  /// Starts the connector and waits until it ends by itself. Every planned answer must have been used.
   void RunToItsEnd(bool anotherInstanceRuns = false) {
     Connector connector({files, folders, profile, clock, loop, person, icon, link},
                         {folder.Path(), "Orvenza"});
@@ -135,7 +135,7 @@ class Shop {
   /// Every command sent, oldest first.
   Lines Sent() const { return {link.Sent().begin(), link.Sent().end()}; }
 
-  /// When each command that begins with `prefix` was sent, in milliseconds of the connector's life.
+  /// The times when commands that begin with `prefix` were sent, in milliseconds since the connector's start.
   std::vector<std::int64_t> SentAt(const std::string& prefix) const {
     std::vector<std::int64_t> times;
     for (const auto& [command, time] : sentAt_) {
@@ -144,7 +144,7 @@ class Shop {
     return times;
   }
 
-  /// The commands of tickets: without the queries of start-up and the status before each ticket.
+  /// The commands of tickets: without the start-up queries and the status query before each ticket.
   Lines SentForTickets() const {
     Lines sent;
     for (const std::string& command : link.Sent()) {
@@ -189,7 +189,7 @@ class Shop {
     return names;
   }
 
-  /// What each dialog showed, without leading line breaks, in order.
+  /// The text of each dialog, without leading line breaks, in order.
   Lines DialogTexts() const {
     Lines texts;
     for (const ShownDialog& dialog : person.Shown()) {
@@ -199,7 +199,7 @@ class Shop {
     return texts;
   }
 
-  /// A path of the shop as dialogs and logs show those of the settings file.
+  /// A path of the shop in the form in which dialogs and logs show settings.
   std::string Spelled(const std::string& relative) const { return SettingsPath(folder.Path(relative)); }
 
   static std::string Joined(const Lines& lines) {
@@ -209,7 +209,7 @@ class Shop {
   }
 
   TempFolder folder;
-  int status = -1;  ///< With which the connector ended last.
+  int status = -1;  ///< The connector's last exit code.
 
  private:
   SystemFiles realFiles_;

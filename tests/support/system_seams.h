@@ -1,6 +1,6 @@
 #pragma once
 
-// The seams of the system that the tests run on, under names of their own.
+// The system's seams for the tests, under names common to all systems.
 
 #ifdef _WIN32
 #include "platform/windows/windows_files.h"

@@ -11,7 +11,7 @@
 
 namespace orvenza::test {
 
-/// A folder of its own for one test, removed with all its content.
+/// A folder for one test, removed with its content.
 class TempFolder {
  public:
   TempFolder() {
@@ -33,9 +33,9 @@ class TempFolder {
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
 
-  /// The folder as the program spells it: without a trailing "\".
+  /// The folder in the program's spelling, without a trailing "\".
   std::string Path() const { return folder_.string(); }
-  /// A path below the folder as the program spells it; `relative` with "\" between its levels.
+  /// A path below the folder in the program's spelling; `relative` has "\" as separator.
   std::string Path(const std::string& relative) const { return Path() + "\\" + relative; }
 
   std::filesystem::path Native(std::string relative) const {
@@ -45,19 +45,19 @@ class TempFolder {
 
   bool Has(const std::string& relative) const { return std::filesystem::exists(Native(relative)); }
 
-  /// Content of a file, empty when it is missing.
+  /// Content of a file; empty if it is missing.
   std::string Read(const std::string& relative) const {
     std::ifstream in(Native(relative), std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
   }
 
-  /// Writes a file, making its folders.
+  /// Writes a file, creating its folders.
   void Write(const std::string& relative, const std::string& content) const {
     std::filesystem::create_directories(Native(relative).parent_path());
     std::ofstream(Native(relative), std::ios::binary) << content;
   }
 
-  /// Sets a file's modification time, in seconds since 1 January 1970, universal time.
+  /// Sets a file's modification time, in seconds since 1 January 1970 UTC.
   void SetModified(const std::string& relative, std::int64_t seconds) const {
     using namespace std::chrono;
     const auto system = system_clock::time_point(std::chrono::seconds(seconds));

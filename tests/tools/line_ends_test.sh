@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Checks files out with a git that is set to write CR LF, and fails when .gitattributes lets it change one.
+# Checks files out with a git configured to write CR LF, and fails when .gitattributes lets it change one.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 
-# Sources may have come without git.
+# The sources may have come without git.
 command -v git >/dev/null || exit 77
-# Inside a hook these would name the project's own repository.
+# Inside a git hook these would refer to the project's own repository.
 unset "${!GIT_@}"
 
 copy=$(mktemp -d)

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Hands over the README's first ticket as the README says, and fails when the connector would refuse a line of it:
+# Drops the README's first ticket as the README says, and fails when the connector would reject a line of it:
 #   readme_ticket_test.sh ORVENZA_LAB
 set -euo pipefail
 

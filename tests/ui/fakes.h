@@ -23,7 +23,7 @@
 
 namespace orvenza::test {
 
-/// Answers dialogs from queues and remembers what each showed. An empty queue closes the dialog.
+/// Answers dialogs from queues and records their content. An empty queue closes the dialog.
 class FakeOperator : public Operator {
  public:
   std::deque<std::optional<int>> messageAnswers;
@@ -70,7 +70,7 @@ class FakeOperator : public Operator {
   }
 };
 
-/// A clock that stands still until it is moved.
+/// A clock that stands still until it is set.
 class FakeClock : public Clock {
  public:
   std::chrono::nanoseconds uptime{0};
@@ -82,13 +82,13 @@ class FakeClock : public Clock {
   std::string Stamp(const LocalTime&) const override { return "01/02/26 10:30"; }
 };
 
-/// Delivers one queued event at a time; a wait without one moves the clock on by its limit.
+/// Delivers one queued event at a time; a wait without one advances the clock by its limit.
 class FakePump : public EventPump {
  public:
   explicit FakePump(FakeClock& clock) : clock_(clock) {}
 
   std::deque<std::function<void()>> events;   ///< Arrive during waits.
-  std::deque<std::function<void()>> arrived;  ///< Have arrived before the next Dispatch.
+  std::deque<std::function<void()>> arrived;  ///< Arrived before the next Dispatch.
 
   void Dispatch() override {
     if (!arrived.empty()) RunFirst(arrived);
@@ -109,7 +109,7 @@ class FakePump : public EventPump {
   FakeClock& clock_;
 };
 
-/// Files in memory that can refuse to be written.
+/// Files in memory whose writing can fail.
 class FakeFiles : public Files {
  public:
   std::vector<std::pair<std::string, std::string>> written;
@@ -134,7 +134,7 @@ class FakeFiles : public Files {
   void CopyModified(const std::string&, const std::string&) override {}
 };
 
-/// A settings file that remembers what was written to it and can refuse to be written.
+/// A settings file that records what is written to it and can fail.
 class FakeProfile : public ProfileFile {
  public:
   std::vector<std::string> written;  ///< "path|section|key=value".

@@ -16,10 +16,10 @@ namespace {
 constexpr int kResolutions[] = {96, 120, 144, 192};
 constexpr int kMessagePoints = 13;
 
-/// A screen of the same size in inches at every resolution.
+/// A screen with the same size in inches at every resolution.
 Extent Screen(int dpi) { return {1024 * dpi / 96, 768 * dpi / 96}; }
 
-/// A plain typeface: every character half as wide as the type is high, every line a fifth higher.
+/// A simple typeface: characters are half as wide as the type is high, lines a fifth higher.
 class Typeface {
  public:
   Typeface(int points, int dpi) : height_(points * dpi / 72) {}
@@ -76,7 +76,7 @@ std::string Lines(MessageId first, MessageId second) {
   return LoadMessage(first) + std::string(kLineBreak) + LoadMessage(second);
 }
 
-/// A short message below its empty line, as it is shown.
+/// A short message with its empty line, as it is shown.
 std::string Short(const std::string& text) { return std::string(kLineBreak) + text; }
 
 /// The longest messages of the program.

@@ -21,7 +21,7 @@ class PortDialogTest : public ::testing::Test {
     settings.ComPortNumber = port;
     settings.ComSettings = text;
   }
-  /// What saving `selected` leaves as the current values.
+  /// Saves `selected` and returns the resulting values.
   std::string Save(const Selection& selected) {
     dialog.SavePortSettingsFromDialog(selected);
     return std::to_string(settings.ComPortNumber) + " " + settings.ComSettings;

@@ -19,7 +19,7 @@ inline constexpr const char* kNoQuestion = "Nessuna domanda in attesa. Menu: m +
 inline constexpr const char* kClosed = "Chiuso senza risposta.\n";
 inline constexpr const char* kMenuHint = "Numero + Invio (solo Invio: chiudi il menu)\n";
 
-/// A terminal operator on a clock and a pump of its own; the menu's items are noted.
+/// A terminal operator with its own clock and pump; chosen menu items are recorded.
 class TerminalOperatorTest : public ::testing::Test {
  protected:
   TerminalOperatorTest() {
@@ -30,7 +30,7 @@ class TerminalOperatorTest : public ::testing::Test {
     terminal.CreateIcon("Orvenza - 1.0.0");
     out.str("");
   }
-  /// A line that arrives during one of the next waits.
+  /// Enters a line during one of the next waits.
   void Type(const std::string& line) {
     pump.events.push_back([this, line] { terminal.OnLine(line); });
   }
@@ -66,14 +66,14 @@ class TerminalOperatorTest : public ::testing::Test {
   std::function<void()> menuAction;
 };
 
-/// A choice of two with `selected` marked.
+/// A choice of two options with `selected` marked.
 inline ChoiceContent Options(int selected) {
   return {"Orvenza", "Attenzione ! Errore ECR :",  "08-Tasto Errato",
           true,      {"Continuare", "Ristampare"}, selected,
           "&Ok"};
 }
 
-/// A choice dialog with its button only.
+/// A choice dialog with only its button.
 inline ChoiceContent PaperOut() {
   return {"Orvenza", "Attenzione !", "Ripristinare la carta e confermare", false, {}, 0, "&Ok"};
 }

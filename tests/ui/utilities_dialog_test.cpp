@@ -13,7 +13,7 @@ namespace {
 
 using Written = std::vector<std::pair<std::string, std::string>>;
 
-/// Tickets that wait, or cannot be counted; what is put behind them fails on demand.
+/// Waiting tickets; counting or reordering them can fail.
 class FakeTickets : public WaitingTickets {
  public:
   std::function<std::size_t()> count = [] { return std::size_t{0}; };
