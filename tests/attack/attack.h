@@ -7,31 +7,31 @@
 
 namespace orvenza::test {
 
-/// Thrown where the program is killed. Not a std::exception on purpose: no trap may hold it up.
+/// Thrown to kill the program. Deliberately not a std::exception: no trap may stop it.
 struct Killed {};
 
-/// What is done to one file call of a run.
+/// What happens to one file call of a run.
 enum class Blow {
   kNone,
-  kKillBefore,  ///< The program is gone before the call does anything.
-  kKillWithin,  ///< The program is gone with the call half done; it counts only the calls that can be.
-  kFail,        ///< The call does nothing and fails with the number `error`.
+  kKillBefore,  ///< The program is killed before the call has any effect.
+  kKillWithin,  ///< The program is killed halfway through the call. Only divisible calls are counted.
+  kFail,        ///< The call has no effect and fails with the number `error`.
 };
 
 struct Attack {
   Blow blow = Blow::kNone;
-  std::size_t call = 0;  ///< Which call, from 1.
+  std::size_t call = 0;  ///< Number of the call, from 1.
   int error = 0;
 };
 
-/// Counts a program's file calls and strikes one of them. Behind a kill it lets nothing through any more, so
-/// that what runs while the stack is unwound leaves the disk as the kill left it.
+/// Counts a program's file calls and attacks one of them. After a kill every further call is ignored, so that
+/// stack unwinding leaves the disk as it was at the kill.
 class FileCalls {
  public:
   explicit FileCalls(const Attack& attack) : attack_(attack) {}
 
-  /// To be called first by each file call. False: the program is gone, and the call must do nothing. Throws
-  /// Killed or SystemError where this call is the one.
+  /// Every file call calls this first. False: the program is dead and the call must have no effect. Throws
+  /// Killed or SystemError if this call is under attack.
   bool Admit(const std::string& operation, const std::string& path, const std::string& to = {}) {
     if (gone_) return false;
     ++count_;
@@ -43,8 +43,7 @@ class FileCalls {
     return false;
   }
 
-  /// To be called by each call that can be half done, before it is done whole: true where it is to be left
-  /// half done and Kill to be called.
+  /// Every divisible call calls this before its full effect. True: do half of it, then call Kill.
   bool IsCutOff(const std::string& operation, const std::string& path) {
     ++parts_;
     if (attack_.blow != Blow::kKillWithin || parts_ != attack_.call) return false;
@@ -57,10 +56,10 @@ class FileCalls {
     throw Killed{};
   }
 
-  /// The next program on this disk.
+  /// Starts the next program on this disk.
   void Begin() { gone_ = false; }
 
-  /// No blow falls from now on, and nothing is counted any more.
+  /// Ends the attack and the counting.
   void Cease() {
     attack_.blow = Blow::kNone;
     ceased_ = {count_, parts_};
@@ -70,12 +69,12 @@ class FileCalls {
 
   struct Counts {
     std::size_t calls = 0;
-    std::size_t parts = 0;  ///< Those that can be half done.
+    std::size_t parts = 0;  ///< The divisible ones.
   };
-  /// Up to Cease.
+  /// The counts at Cease.
   const Counts& Counted() const { return ceased_; }
 
-  /// The call that was struck; empty when none was.
+  /// The attacked call; empty if there was none.
   const std::string& Struck() const { return struck_; }
 
  private:

@@ -104,7 +104,7 @@ class AttackedFolders : public Folders {
     try {
       if (calls_.Admit("RemoveUnfinished", folder)) real_.RemoveUnfinished(folder);
     } catch (const SystemError&) {
-      // It never fails: what cannot be removed stays.
+      // RemoveUnfinished never fails: what cannot be removed stays.
     }
   }
   std::string DriveOf(const std::string& path) const override { return real_.DriveOf(path); }

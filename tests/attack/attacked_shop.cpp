@@ -22,7 +22,7 @@ FaultScript InNoTime() {
   return script;
 }
 
-/// A ticket line, with the separator of a first start.
+/// A ticket line with the separator of a new installation.
 std::string Line(std::string text) {
   std::replace(text.begin(), text.end(), ';', '\x7f');
   return text + "\r\n";
@@ -70,7 +70,7 @@ void AttackedShop::FirstDay() {
   RunUntilQuit();
 }
 
-/// Sets up the shop by hand, once there are settings.
+/// Changes the settings by hand once they exist.
 void AttackedShop::Technician() {
   IniProfileFile byHand(disk_.FileSeam());
   const auto settings = disk_.Content(kIni);
@@ -111,7 +111,7 @@ void AttackedShop::SecondDay() {
 
 void AttackedShop::ThirdDay() {
   if (kind_ == ShopKind::kTicketHeld) {
-    // The host has found out, and lets go in the course of the day.
+    // The host notices and releases the file during the day.
     After(30s, [this] {
       if (disk_.Content(kData + kHeldTicket)) disk_.Hold(kData + kHeldTicket, FileHold::kNone);
     });
@@ -122,11 +122,11 @@ void AttackedShop::ThirdDay() {
   After(1s, [this, last] { disk_.Put(kData + "0010.txt", ReceiptOf(last)); });
   const auto starts = Starts();
   RunUntilQuit();
-  // Two, where the host's command of the day before could not be removed and ended the first of them.
+  // A second start is possible if the previous day's command could not be removed and ended the first one.
   if (Starts() == starts) Violate("the next start is not in the log");
 }
 
-/// How often a start is in the activity log.
+/// The number of starts in the activity log.
 int AttackedShop::Starts() const {
   const std::string log = disk_.Content(kFolder + "\\Log.txt").value_or("");
   int starts = 0;
@@ -142,7 +142,7 @@ void AttackedShop::After(std::chrono::milliseconds delay, std::function<void()> 
   });
 }
 
-/// Starts the connector until it ends because the host asked it to.
+/// Starts the connector until it ends at the host's request.
 void AttackedShop::RunUntilQuit() {
   constexpr int kMostStarts = 4;
   quitAsked_ = false;

@@ -27,31 +27,32 @@ namespace orvenza::test {
 enum class ShopKind {
   kPlain,
   kArchiveElsewhere,  ///< The historic folder is on another volume, so tickets are copied there.
-  kTicketHeld,        ///< Another program reads a ticket of the second day until its end.
+  kTicketHeld,        ///< Another program reads a ticket of the second day until the day ends.
 };
 
 /// One receipt of a ticket.
 struct Slip {
-  std::string item;        ///< Unique; stands on the receipt and in the ticket file.
-  std::int64_t total = 0;  ///< Cents.
+  std::string item;        ///< Unique; printed on the receipt and part of the ticket file.
+  std::int64_t total = 0;  ///< In cents.
   bool abandoned = false;  ///< The operator gives this ticket up.
 };
 
-/// Three days of a shop with one blow in the first two: the first start ever; the rotation, a file of several
-/// receipts, one that is given up, "Configura" and the fiscal closure; and a quiet day to see what is left.
-/// A program that was killed is started again at once, on the same disk and in front of the same register.
+/// Three days of a shop with one attack during the first two: the first start ever; then a day with the
+/// rotation, a file of several receipts, one that is given up, "Configura" and the fiscal closure; then a
+/// quiet day to see what is left. A killed program is restarted at once on the same disk and with the same
+/// register.
 class AttackedShop {
  public:
   AttackedShop(ShopKind kind, const Attack& attack);
 
   void LiveThreeDays();
 
-  /// What must not be, in sentences; empty when all is well.
+  /// Violated expectations, as sentences; empty when all is well.
   const std::vector<std::string>& Violations() const { return violations_; }
 
   const FileCalls& Calls() const { return calls_; }
 
-  /// Whether the kill fell between the printing of a ticket and its archiving: it may be printed again.
+  /// Whether the kill came between printing a ticket and archiving it, so that it may be printed again.
   bool StruckAfterPrinting() const { return !printedAtKill_.empty() || closedAtKill_; }
 
  private:
@@ -89,7 +90,7 @@ class AttackedShop {
   AttackedFolders folders_;
   IniProfileFile profile_;
   std::optional<BoundedPump> pump_;
-  std::optional<EventLoop> loop_;  ///< Both are made anew in their places for each start.
+  std::optional<EventLoop> loop_;  ///< Both are recreated for each start.
   ScriptedOperator person_;
   NoIcon icon_;
   PaperRoll paper_;
@@ -100,7 +101,7 @@ class AttackedShop {
   std::vector<Slip> expected_;
   int eventsToCome_ = 0;
   bool quitAsked_ = false;
-  bool settingsOfTheShop_ = false;  ///< The technician has been there.
+  bool settingsOfTheShop_ = false;  ///< The settings were changed by hand.
   std::set<std::string> printedAtKill_;
   bool closedAtKill_ = false;
   std::vector<std::string> violations_;

@@ -10,7 +10,7 @@ namespace {
 const std::string kFolder = "C:\\Orvenza";
 const std::string kIni = kFolder + "\\Orvenza.ini";
 
-/// A key of a whole settings file, and the values it may have in the days of the shop.
+/// A key of a complete settings file, and the values that it may have during the three days.
 struct WholeKey {
   std::string key;
   std::vector<std::string> values;
@@ -52,7 +52,7 @@ std::size_t AttackedShop::Printed(const Slip& slip) const {
       receipts.begin(), receipts.end(), [&](const auto& receipt) { return IsCountedFor(receipt, slip); }));
 }
 
-/// Files that hold the item's line, logs left out.
+/// Files that contain the item's line, except logs.
 std::vector<std::string> AttackedShop::FilesWith(const std::string& item, const std::string& folder) const {
   std::vector<std::string> found;
   for (const std::string& path : disk_.Paths()) {
@@ -89,7 +89,7 @@ void AttackedShop::JudgeSlip(const Slip& slip) {
       Violate(slip.item + " with another total");
   }
   const auto files = FilesWith(slip.item, "");
-  // The rotation may switch the archive off until the next start; the error log then says so.
+  // The rotation may disable the archive until the next start; the error log then says so.
   const std::string errors = disk_.Content(kFolder + "\\Err.txt").value_or("");
   const bool archiveOff = errors.find(LoadMessage(MessageId::kHistoricFolderNotMade)) != std::string::npos;
   if (files.empty() && !(archiveOff && printed > 0)) Violate(slip.item + " is in no file");

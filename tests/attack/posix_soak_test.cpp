@@ -1,4 +1,4 @@
-// Five thousand tickets in one run of the connector: what it holds of the system must not grow.
+// Five thousand tickets in one run of the connector: the system resources that it holds must not grow.
 
 #include <gtest/gtest.h>
 #include <malloc.h>
@@ -31,10 +31,10 @@ class NoIcon : public NotificationIcon {
   void DeleteIcon() override {}
 };
 
-/// What this process holds now.
+/// The resources that this process holds now.
 struct Held {
   std::size_t bytes = 0;    ///< Allocated and not freed.
-  std::size_t handles = 0;  ///< Open descriptors.
+  std::size_t handles = 0;  ///< Open file descriptors.
 };
 
 Held HeldNow() {
@@ -43,8 +43,7 @@ Held HeldNow() {
   return {::mallinfo2().uordblks, static_cast<std::size_t>(handles)};
 }
 
-/// A host that has a new ticket ready on every tick, and a register that takes everything and remembers
-/// nothing.
+/// A host with a new ticket on every tick, and a register that accepts everything and keeps nothing.
 class Soak {
  public:
   static constexpr int kWarmUp = 1000;
@@ -75,7 +74,7 @@ class Soak {
 
  private:
   void OnTick() {
-    // What the test itself remembers must not count.
+    // The test's own records must not count.
     link_.sent.clear();
     link_.calls.clear();
     if (dropped > 0 && dropped % 500 == 0) CarryArchiveAway();
@@ -89,7 +88,7 @@ class Soak {
     }
   }
 
-  /// Every hundredth file holds two receipts, every fiftieth is read-only.
+  /// Every hundredth file has two receipts, every fiftieth is read-only.
   void Drop() {
     const std::string receipt = "1;PANE;1,000;150;1;;;1;;\r\n1;LATTE;2,000;129;1;;;1;;\r\n2;1;0;;;;;;;;\r\n";
     const std::string name = "data\\" + std::to_string(dropped) + ".txt";
@@ -108,7 +107,7 @@ class Soak {
     return holdsFiles("data") || holdsFiles("data\\inproces");
   }
 
-  /// As at the end of a day.
+  /// Like at the end of a day.
   void CarryArchiveAway() {
     if (!folder_.Has("storico")) return;
     for (const auto& entry : fs::directory_iterator(folder_.Native("storico"))) {
@@ -136,7 +135,7 @@ TEST(Soak, FiveThousandTicketsLeaveNothingBehind) {
   std::printf("after %d tickets %zu bytes and %zu handles, after %d %zu and %zu\n", Soak::kWarmUp,
               soak.early.bytes, soak.early.handles, Soak::kTickets, soak.late.bytes, soak.late.handles);
   EXPECT_EQ(soak.late.handles, soak.early.handles);
-  // A leak of four bytes a ticket would show.
+  // A leak of four bytes per ticket would show.
   EXPECT_LE(soak.late.bytes, soak.early.bytes + 16 * 1024);
 }
 

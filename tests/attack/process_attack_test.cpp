@@ -1,6 +1,6 @@
-// The finished program in real time, with one of its file calls struck by a library that is loaded before it.
-//   ORVENZA_TEST_BLOWS=N     how many blows, drawn with a fixed seed (a few, when it is not set)
-//   ORVENZA_TEST_BLOWS=all   every call killed, and failing with each error
+// The finished program in real time; a preloaded library attacks one of its file calls.
+//   ORVENZA_TEST_BLOWS=N     number of attacks, drawn with a fixed seed (a few if unset)
+//   ORVENZA_TEST_BLOWS=all   every call is killed, and fails with each error
 
 #include <gtest/gtest.h>
 
@@ -21,14 +21,14 @@ namespace orvenza::test {
 namespace {
 
 constexpr std::size_t kFewBlows = 12;
-/// The program waits most of the time.
+/// Processes at a time; each spends most of its time waiting.
 constexpr unsigned kAtOnce = 6;
 
 std::vector<ProcessAttack> AllAttacks(const ProcessShop& calm) {
   std::vector<ProcessAttack> attacks;
   for (const int start : {1, 2}) {
     for (std::size_t call = 1; call <= calm.CallsOf(start); ++call) {
-      // A kill as often as the four errors together.
+      // Kills are as frequent as the four errors together.
       for (const int error : {0, ENOSPC, 0, EIO, 0, EACCES, 0, EMFILE})
         attacks.push_back({start, call, error});
     }
@@ -50,7 +50,7 @@ std::vector<ProcessAttack> Drawn(std::vector<ProcessAttack> attacks) {
   }
   const std::size_t blows = asked == nullptr ? kFewBlows : std::strtoul(asked, nullptr, 10);
   std::mt19937 draw(20261122);
-  // Not std::shuffle, whose order is the library's own.
+  // Not std::shuffle, whose order depends on the library.
   for (std::size_t i = 0; i < std::min(blows, attacks.size()); ++i) {
     std::swap(attacks[i], attacks[i + draw() % (attacks.size() - i)]);
   }
@@ -86,7 +86,7 @@ TEST(ProcessAttack, LeavesTheShopWhole) {
   }
   for (std::thread& thread : threads) thread.join();
   std::printf("%zu and %zu calls, %zu blows\n", calm.CallsOf(1), calm.CallsOf(2), struck.load());
-  // The last calls of a start may not come where its ticks fall otherwise.
+  // The last calls of a start may not happen if its ticks fall differently.
   EXPECT_GE(struck + attacks.size() / 10 + 1, attacks.size());
 }
 

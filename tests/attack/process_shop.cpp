@@ -44,7 +44,7 @@ void ProcessShop::LiveThreeDays() {
   Judge();
 }
 
-/// Starts the program until it ends because the host asked it to.
+/// Starts the program until it ends at the host's request.
 void ProcessShop::Live(int start, const std::vector<std::string>& items) {
   items_.insert(items_.end(), items.begin(), items.end());
   constexpr int kMostStarts = 3;
@@ -113,13 +113,13 @@ void ProcessShop::Drop(const std::string& name, const std::string& content) cons
   Write("data\\" + name, content);
 }
 
-/// Written elsewhere and renamed, as a host does.
+/// Written elsewhere and renamed, like a host does.
 void ProcessShop::Write(const std::string& path, const std::string& content) const {
   beside_.Write("draft", content);
   fs::rename(beside_.Native("draft"), shop_.Native(path));
 }
 
-/// Sets up the shop by hand, and lets a day pass over the archived tickets.
+/// Changes the settings by hand, and lets the archived tickets become a day old.
 void ProcessShop::Technician() {
   std::string settings = shop_.Read("Orvenza.ini");
   const std::size_t parser = settings.find("File Parser=0");
@@ -140,7 +140,7 @@ void ProcessShop::NoteKill() {
 }
 
 void ProcessShop::Judge() {
-  // The rotation may switch the archive off until the next start; the error log then says so.
+  // The rotation may disable the archive until the next start; the error log then says so.
   const bool archiveOff =
       shop_.Read("Err.txt").find("Errore creazione cartella storico") != std::string::npos;
   for (const std::string& item : items_) {
@@ -163,7 +163,7 @@ void ProcessShop::Judge() {
   }
 }
 
-/// Closed receipts with this item. One that a kill has left open stands before the heading of the next.
+/// Closed receipts with this item. A receipt left open by a kill is followed by the next one's heading.
 int ProcessShop::Printed(const std::string& item) const {
   const std::string paper = beside_.Read("carta.txt");
   int printed = 0;
@@ -175,7 +175,7 @@ int ProcessShop::Printed(const std::string& item) const {
   return printed;
 }
 
-/// Ticket files with this item, by a part of their path.
+/// Ticket files with this item whose path contains `part`.
 std::vector<std::string> ProcessShop::FilesWith(const std::string& item, const std::string& part) const {
   std::vector<std::string> found;
   for (const auto& entry : fs::recursive_directory_iterator(shop_.Native("."))) {

@@ -10,29 +10,29 @@
 
 namespace orvenza::test {
 
-/// One blow against one start of the finished program.
+/// One attack on one start of the finished program.
 struct ProcessAttack {
-  int start = 0;         ///< 1: the first start ever, 2: the day after; 0: none is struck.
-  std::size_t call = 0;  ///< Which of its file calls, from 1.
-  int error = 0;         ///< The error it fails with; 0: the process is killed.
+  int start = 0;         ///< 1: the first start ever, 2: the day after; 0: no attack.
+  std::size_t call = 0;  ///< Number of the file call, from 1.
+  int error = 0;         ///< The error of the call; 0: the process is killed.
 };
 
-/// The finished program at a till, in three starts in real time: the first ever; the day after, with the
-/// rotation, a file of two receipts and "Configura"; and one more to see what is left. It is started again at
-/// once when it was killed.
+/// The finished program at a till, started three times in real time: the first start ever; the day after,
+/// with the rotation, a file of two receipts and "Configura"; and one more to see what is left. A killed
+/// program is restarted at once.
 class ProcessShop {
  public:
   explicit ProcessShop(const ProcessAttack& attack);
 
   void LiveThreeDays();
 
-  /// What must not be, in sentences; empty when all is well.
+  /// Violated expectations, as sentences; empty when all is well.
   const std::vector<std::string>& Violations() const { return violations_; }
 
-  /// How many file calls a start (1 or 2) made, when none was struck.
+  /// Number of file calls in a start (1 or 2) without an attack.
   std::size_t CallsOf(int start) const;
 
-  /// The call that was struck, with its number; empty when none was.
+  /// The attacked call and its number; empty if there was none.
   std::string Struck() const;
 
  private:
@@ -53,7 +53,8 @@ class ProcessShop {
 
   ProcessAttack attack_;
   TempFolder shop_;
-  TempFolder beside_;  ///< What is not the program's: the script, the paper, the report of the calls.
+  TempFolder
+      beside_;  ///< Files outside the program's folder: the script, the paper, the report of the calls.
   std::vector<std::string> items_;
   std::map<std::string, bool> printedAtKill_;
   bool settingsOfTheShop_ = false;

@@ -1,5 +1,5 @@
-// A kill before every file call, a kill within every one that can be half done, and one failing call at every
-// one of them, in three days of a shop on the virtual disk.
+// Three days of a shop on the virtual disk: a kill before every file call, a kill halfway through every
+// divisible one, and a failure of every one.
 
 #include <gtest/gtest.h>
 
@@ -13,11 +13,11 @@
 namespace orvenza::test {
 namespace {
 
-/// Without optimisation, or with sanitizers, not every call is struck.
+/// Without optimisation, or with sanitizers, only some calls are attacked.
 constexpr std::size_t kStep = ORVENZA_THINNED_ATTACK ? 13 : 1;
 
-/// Most file calls between the reply to a ticket's last command and the end of its way to the archive, where
-/// a kill has the ticket printed again; and how many things are printed in the first two days.
+/// Most file calls between the reply to a ticket's last command and the end of its archiving, during which a
+/// kill causes the ticket to be printed again; and the number of things printed on the first two days.
 constexpr std::size_t kCallsAfterPrinting = 12;
 constexpr std::size_t kCallsAfterPrintingElsewhere = 16;
 constexpr std::size_t kPrinted = 6;

@@ -6,8 +6,8 @@
 
 namespace orvenza::fuzz {
 
-/// Cuts an input into choices, one byte each, and a text. Where the input ends, every choice is the first
-/// one.
+/// Reads an input as a series of choices, one byte each, and a text. After the end of the input every choice
+/// is the first one.
 class Choices {
  public:
   explicit Choices(std::string_view input) : rest_(input) {}
@@ -24,7 +24,7 @@ class Choices {
 
   bool Yes() { return Below(2) == 1; }
 
-  /// One of the elements of `list`.
+  /// An element of `list`.
   template <typename List>
   const auto& Of(const List& list) {
     return std::begin(list)[static_cast<std::ptrdiff_t>(Below(std::size(list)))];

@@ -1,5 +1,5 @@
-// The host's command file. Property: the program is asked to end exactly when the first line says "QUIT", in
-// any letter case, or nothing.
+// The host's command file. Property: the program is asked to end if and only if the first line is "QUIT", in
+// any letter case, or empty.
 
 #include <algorithm>
 #include <string>
@@ -11,7 +11,7 @@
 namespace orvenza::fuzz {
 namespace {
 
-/// A longer first line is no command.
+/// A longer first line is not a command.
 constexpr std::size_t kLongestLine = 64 * 1024;
 
 bool SaysQuit(std::string_view input) {

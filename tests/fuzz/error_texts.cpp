@@ -1,5 +1,5 @@
-// ErrDesc.ini. Properties: every text of the error dialog is there, in UTF-8, and no longer than a value is
-// read; what the shop's file says stands in place of the catalogue's text.
+// ErrDesc.ini. Properties: every text of the error dialog exists, in UTF-8, within the length limit of a
+// value; texts in the shop's file replace the catalogue's.
 
 #include "device/error_texts.h"
 #include "core/catalogue.h"

@@ -1,5 +1,5 @@
-// The values of ticket lines. Property: a form returns nothing or a text of its width, of characters that it
-// may hold.
+// The values of ticket lines. Property: a form returns nothing or a text of its width, made of allowed
+// characters.
 
 #include <algorithm>
 #include <string>
@@ -18,7 +18,7 @@ constexpr ValueForm kForms[] = {
     FmtDigit0to5,   FmtDigit0to3, FmtDigit0to9,    FmtQuantity,      NumberWithin(7),  NumberWithin(99),
     TextOf(1),      TextOf(16),   TextOf(40)};
 
-/// Amounts and quantities are never cut, and a digit keeps the zeros before it.
+/// Amounts and quantities are never shortened, and a digit keeps its leading zeros.
 bool MayBeLonger(const ValueForm& form) {
   return form.kind == ValueKind::kAmount || form.kind == ValueKind::kQuantity ||
          form.kind == ValueKind::kDigit;

@@ -1,5 +1,5 @@
 // A logo's bitmap. Properties: it has no more rows than the register stores, and only a file with the marks
-// of a bitmap of the register's width is one.
+// of a bitmap of the register's width is accepted.
 
 #include "device/logo_check.h"
 

@@ -1,4 +1,4 @@
-// Plays every file of the kept corpus through its target. A property that does not hold ends the program.
+// Runs every file of the stored corpus through its target. A violated property ends the program.
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-// A scenario. Properties: it is read, or a line of it is named with what is expected there; one that is read
-// can be played, and tells the same twice.
+// A scenario. Properties: it is parsed, or the error names a line and what is expected there; a parsed one
+// can be played, with the same transcript twice.
 
 #include "lab/rehearsal/scenario.h"
 

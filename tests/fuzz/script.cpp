@@ -1,4 +1,4 @@
-// A script of the simulated register. Property: it is read, or a line of it is named with what is expected
+// A script of the simulated register. Property: it is parsed, or the error names a line and what is expected
 // there.
 
 #include "simulator/fault_script.h"

@@ -8,7 +8,7 @@
 
 namespace orvenza::fuzz {
 
-/// That `failure` names a line of `input` and says what is expected there.
+/// Requires that `failure` names a line of `input` and what is expected there.
 inline void RequireNamedLine(const ScriptError& failure, std::string_view file, std::string_view input) {
   const auto lines = 1 + static_cast<std::size_t>(std::count(input.begin(), input.end(), '\n'));
   Require(failure.file == file, "the file is named");

@@ -1,5 +1,5 @@
-// The settings file. Properties: whatever it says, an upgrade knows its version or leaves it as it is, and
-// what is read can be worked with, is the same when it is read again, and stays when one value is written.
+// The settings file. Properties: an upgrade either recognises its version or leaves it unchanged. The
+// settings read are valid, the same when read again, and preserved when one value is written.
 
 #include "core/settings.h"
 

@@ -6,7 +6,7 @@
 
 namespace orvenza::fuzz {
 
-// The targets: each takes any bytes and ends the process where a property does not hold.
+// The targets: each accepts any bytes and ends the process when a property is violated.
 
 void FuzzCommandFile(std::string_view input);
 void FuzzErrorTexts(std::string_view input);
@@ -19,7 +19,7 @@ void FuzzText(std::string_view input);
 void FuzzTicket(std::string_view input);
 void FuzzTranslation(std::string_view input);
 
-/// Ends the process, saying which property does not hold.
+/// Ends the process with the name of the violated property unless it holds.
 inline void Require(bool holds, const char* property) {
   if (holds) return;
   std::fprintf(stderr, "Does not hold: %s\n", property);

@@ -1,4 +1,4 @@
-// Text of unknown encoding. Properties: what is made of it is UTF-8, and cutting and counting agree.
+// Text of unknown encoding. Properties: the result is UTF-8, and cutting and counting agree.
 
 #include "core/text.h"
 

@@ -1,7 +1,7 @@
-// A ticket, the faults of the register on its way, and the operator's answers, through the whole connector.
-// Properties: the run ends; the ticket's file is then in the historic or in the abort folder, once; every
-// command is well-formed; where nothing is refused or asked exactly the ticket's commands are sent; and no
-// receipt comes twice that nobody chose to print again.
+// A ticket, the register's faults meanwhile, and the operator's answers, through the whole connector.
+// Properties: the run ends; the ticket's file is then in the historic or the abort folder, once; every
+// command is well-formed; without refusals and questions exactly the ticket's commands are sent; and no
+// receipt is printed twice unless the operator chose that.
 
 #include <algorithm>
 #include <chrono>
@@ -36,14 +36,14 @@ constexpr std::string_view kEffects[] = {
     "link-error 2", "link-error 3",      "reply ##",          "reply ERR",   "reply ERR08",
     "reply ERR11",  "reply ERR16",       "reply ERR17",       "reply ERR99", "absent 3",
     "port-fails 2", "paper-out receipt", "paper-out journal", "reply ERR23", "reply ERR2323"};
-/// Those from here on may have a file printed from its beginning, or add a payment of their own.
+/// From here on, events may cause the whole file to be printed again, or add a payment.
 constexpr std::size_t kPrintsAgain = 16;
 constexpr EventKind kEvents[] = {EventKind::kMenu, EventKind::kQuit, EventKind::kSessionEnds,
                                  EventKind::kPowerFails};
-/// Faults end after some commands, so an operator who goes on is not asked as often as this.
+/// Faults stop after some commands, so an operator who chooses to go on never reaches this.
 constexpr std::size_t kMostDialogs = 300;
 
-/// One run: what the input says goes wrong, and what follows.
+/// One run: the faults taken from the input, and their consequences.
 class Run {
  public:
   explicit Run(std::string_view input) : choices_(input) {
@@ -103,7 +103,7 @@ class Run {
     if (splits_) scenario_.settings.push_back({setting::kGeneral, "File Parser", "1"});
   }
 
-  /// The input's answers, and then those that go on.
+  /// The input's answers, and afterwards answers that go on.
   std::string Decide(const ShownDialog& dialog) {
     if (++dialogs_ > kMostDialogs) return {};
     std::vector<std::string> replies = dialog.options.empty() ? dialog.buttons : dialog.options;
@@ -140,7 +140,7 @@ class Run {
             "a command is ASCII without control characters");
   }
 
-  /// What the ticket's lines become, in front of a register without rules of its own.
+  /// The commands of the ticket's lines, for a register without rules of its own.
   std::vector<std::string> Commands() const {
     MemoryShop shop;
     const RegisterIdentity identity;

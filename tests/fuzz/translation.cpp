@@ -1,5 +1,5 @@
-// A ticket line for any register. Properties: it becomes nothing, a logo, or a command of ASCII
-// characters that begins with its code; the notes and the checker of tickets say the same of it.
+// A ticket line for any register. Properties: it becomes nothing, a logo, or a command of ASCII characters
+// that begins with its code; the notes and the ticket check agree with it.
 
 #include "tickets/translation.h"
 
@@ -21,7 +21,7 @@ constexpr std::string_view kReleases[] = {"", "1.00.00", "  2.04.00", "2.03.99",
 constexpr char kSeparators[] = {';', 127, ',', ' ', '1', 0};
 constexpr std::size_t kCodeLength = 4;
 
-/// With another separator, 127 is a character like others.
+/// With another separator, 127 is an ordinary character.
 bool IsAscii(char c) { return c >= ' ' && static_cast<unsigned char>(c) <= 127; }
 
 }  // namespace

@@ -1,4 +1,4 @@
-# What the tests of the package share.
+# Functions shared by the tests of the package.
 
 failures=0
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# The part of package_test.sh that runs beside Wine, with "wine" and a screen at hand:
+# The part of package_test.sh that needs "wine" and a screen:
 #   installed_test.sh SETUP UNPACKED ANSWER
-# UNPACKED is the zip's folder, ANSWER the program made of answer.nsi. Works in a Wine prefix of its own.
+# UNPACKED is the zip's folder, ANSWER the program built from answer.nsi. Uses its own Wine prefix.
 set -uo pipefail
 cd "$(dirname "$0")/../.."
 . tests/package/checks.sh
@@ -14,7 +14,7 @@ export WINEPREFIX
 trap 'wineserver -k; wineserver -w; rm -rf "$WINEPREFIX"' EXIT
 wineboot --init >/dev/null 2>&1
 
-# A folder with a blank in it.
+# A folder with a blank in its name.
 target='C:\Il negozio\Orvenza'
 shop="$WINEPREFIX/drive_c/Il negozio/Orvenza"
 profile=$WINEPREFIX/drive_c/users/root/AppData
@@ -23,42 +23,42 @@ menu_entry="$profile/Roaming/Microsoft/Windows/Start Menu/Programs/Orvenza.lnk"
 uninstall_key='HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Orvenza'
 run_key='HKCU\Software\Microsoft\Windows\CurrentVersion\Run'
 
-# Runs setup silently with these options; its exit code is left in $code. A folder with a blank is handed over
-# as two words: setup wants it without quotes.
+# Runs setup silently with these options and leaves its exit code in $code. A folder with a blank is passed as two
+# arguments, since setup wants it without quotes.
 run_setup() {
   wine "$setup" /S "$@"
   code=$?
 }
 
-# open_setup OPTION...: starts setup with its windows and goes through its pages up to the installation.
+# open_setup OPTION...: starts setup with its windows and steps through its pages up to the installation.
 open_setup() {
   wine "$setup" /LANG=en /RUN=0 "$@" &
   setup_pid=$!
   press 1 'Choose Install Location' && press 1 'Choose Components'
 }
-# press BUTTON TEXT: of the dialog with a text that begins so. 1 is also OK and the button that goes on, 2 Cancel.
-# The text, too, is wanted without quotes.
+# press BUTTON TEXT: presses a button of the dialog that has a text with this beginning. 1 is OK or the default
+# button, 2 Cancel. TEXT is passed without quotes, too.
 press() { wine "$answer" /BUTTON="$1" /TEXT=$2; }
 yes_button=6
 no_button=7
-# Leaves setup's exit code in $code. One that still waits for a button is killed.
+# Leaves setup's exit code in $code. A setup that still waits for a button is killed.
 close_setup() {
   eventually fails kill -0 "$setup_pid" || kill "$setup_pid"
   wait "$setup_pid"
   code=$?
 }
 
-# The uninstaller goes on in a copy of itself after it has returned.
+# The uninstaller continues in a copy of itself after it has returned.
 run_uninstaller() {
   wine "$target\\uninstall.exe" /S "$@"
   eventually fails installed && eventually fails runs '~nsu'
 }
 
-# Lines as Wine's own programs write them, without their returns.
+# Output of Wine's own programs, without carriage returns.
 plain() { "$@" 2>/dev/null | tr -d '\r'; }
 value() { plain wine reg query "$1" /v "$2" | sed -n 's/.*    REG_[A-Z]*    //p'; }
 installed() { wine reg query "$uninstall_key" >/dev/null 2>&1; }
-# runs TEXT: a Windows program runs whose path holds TEXT behind a "\". (Wine has no list of tasks.)
+# runs TEXT: whether a Windows program is running whose path contains TEXT after a "\". (Wine has no task list.)
 runs() {
   local process
   for process in /proc/[0-9]*/cmdline; do
@@ -80,7 +80,7 @@ quit_program() {
   eventually fails runs Orvenza.exe
 }
 
-# What a shop has of its own: the settings say port 3, the bell is another one, and a text lies among the papers.
+# The shop's own data: the settings say port 3, the sound is a different one, and a text is among the documents.
 write_shop() {
   mkdir -p "$shop/data/abort" "$shop/storico_20261101" "$shop/docs"
   cat >"$shop/Orvenza.ini" <<INI

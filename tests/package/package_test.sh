@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Looks at what ./package made, then installs, runs, upgrades and removes it under Wine:
+# Examines the output of ./package, then installs, runs, upgrades and removes it under Wine:
 #   tests/package/package_test.sh SETUP ZIP
-# Says every check, and exits with 1 when one failed.
+# Prints every check, and exits with 1 if one failed.
 set -uo pipefail
 cd "$(dirname "$0")/../.."
 . tests/package/checks.sh
@@ -10,9 +10,9 @@ setup=$(realpath "$1")
 zip=$(realpath "$2")
 unpacked=build/package/unpacked
 imported() { i686-w64-mingw32-objdump -p "$1" | sed -n 's/.*DLL Name: //p'; }
-# Resource 24 is a manifest, 1 that of a program.
+# Resource type 24 is a manifest, number 1 that of the executable.
 has_manifest() { i686-w64-mingw32-windres -J coff -O rc "$1" | grep "^1 24 "; }
-# Papers and pictures that the papers of a folder link to, but which are not there.
+# Documents and images that the documents of a folder link to but which do not exist.
 links_missing() {
   local paper target
   for paper in "$1"/*.md; do

@@ -1,11 +1,9 @@
-// Stands between the connector and the C library, and strikes one of its file calls. What is wanted comes in
-// the environment:
-//   ORVENZA_ATTACK_FOLDER  calls about this folder and what is in it count, and about descriptors opened
-//   there ORVENZA_ATTACK_CALL    which one is struck, from 1; 0 or none: it is only counted
-//   ORVENZA_ATTACK_ERROR   the error that it fails with; 0 or none: the process ends before the call, and
-//   half
-//                          way through a write
-//   ORVENZA_ATTACK_REPORT  a file that is told how many calls there were, or which one ended the process
+// Intercepts the connector's calls of the C library and attacks one of its file calls. The environment sets:
+//   ORVENZA_ATTACK_FOLDER  counted are calls on this folder, its content, and descriptors opened there
+//   ORVENZA_ATTACK_CALL    number of the attacked call, from 1; 0 or unset: calls are only counted
+//   ORVENZA_ATTACK_ERROR   error of that call; 0 or unset: the process ends before the call, or halfway
+//                          through a write
+//   ORVENZA_ATTACK_REPORT  file that receives the number of calls, or the call that ended the process
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -29,7 +27,7 @@ const char* Setting(const char* name) {
   return value == nullptr ? "" : value;
 }
 
-/// The function that the C library has under this name.
+/// The C library's function of this name.
 template <typename Function>
 Function Real(const char* name) {
   return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
@@ -40,7 +38,7 @@ struct Attack {
   long call = std::atol(Setting("ORVENZA_ATTACK_CALL"));
   int error = std::atoi(Setting("ORVENZA_ATTACK_ERROR"));
   long count = 0;
-  std::array<bool, 4096> opened{};  ///< By descriptor: it was opened in the folder.
+  std::array<bool, 4096> opened{};  ///< By descriptor: whether it was opened in the folder.
 
   ~Attack() { Report("calls", ""); }
 
@@ -83,7 +81,7 @@ Attack& TheAttack() {
 
 enum class Fate { kGoOn, kFail, kEnd };
 
-/// What becomes of this call; errno is set where it fails.
+/// Decides the result of this call; sets errno if it fails.
 Fate Decide(bool concerned, const char* name, const char* path) {
   Attack& attack = TheAttack();
   if (!concerned || ++attack.count != attack.call) return Fate::kGoOn;
