@@ -6,35 +6,34 @@
 
 namespace orvenza::test {
 
-/// How the stand-in differs from a well-behaved control. Words separated by blanks, read from an environment
-/// variable whenever they matter:
+/// Deviations of the stand-in from a well-behaved control: words separated by blanks, read from an environment
+/// variable at each use.
 ///
 ///     refuses            cannot be created
 ///     no-members         has no members to call
 ///     no-state, no-site  refuses to be initialised, to be sited
-///     no-events, deaf    has no events, refuses to be listened to
+///     no-events, deaf    has no events, refuses a connection to them
 ///     asleep             cannot be activated
-///     invisible          neither, but is invisible at run time and works all the same
+///     invisible          cannot be activated either, but is invisible at run time and works anyway
 ///     shows-only         can be activated by the verb "show" only
 ///     site-first         wants its site before it is initialised
 ///     short, bytes       declares and takes integers of 16 or of 8 bits
-///     flags-as-numbers   gives its booleans as integers of 16 bits
+///     flags-as-numbers   returns its booleans as 16-bit integers
 ///     variables          declares its integers as variables, not as functions
 ///     inherited          its event interface lists a restricted method first
 ///     few-events         its event interface ends after its second entry
 ///     custom-events      its event interface is for calls by position, not by number
-///     noisy              raises an event that its interface does not list, before every reply, and gives
-///                        the reply up where a listener fails it
-///     at-once            raises the events that are due from inside the method that sends
-///     registry-status    refers to the registry for what it asks of its container, where site-first stands
-///     state=KIND         is initialised by a stream (as it is otherwise), storage, bag, by none of them, or
-///                        by storage because of an unimplemented-stream
-///     types=KIND         describes itself by class2 (otherwise), class or library; by guid only, or not at
-///                        all (none), and then its events have the numbers 1 to 4
-///     dies-with=PREFIX   is gone when it is to send such a command; its successor is well-behaved
+///     noisy              raises an unlisted event before every reply, and drops the reply if a listener fails
+///     at-once            raises the due events from inside the method that sends
+///     registry-status    refers to the registry for its status flags, which then include site-first
+///     state=KIND         is initialised by a stream (the default), storage, bag, none of them, or by storage
+///                        because of an unimplemented-stream
+///     types=KIND         describes itself by class2 (the default), class or library; or by guid only, or not
+///                        at all (none), and then its events have the numbers 1 to 4
+///     dies-with=PREFIX   dies when it is to send such a command; the next instance is well-behaved
 ///     fails=N:HOW        member N fails with the number HOW (0x80004005), with exception or deferred (which
-///                        carry a description), with unfailing (an exception whose number is no failure's),
-///                        or gives a text that it should not
+///                        have a description), with unfailing (an exception whose number is no failure), or
+///                        returns a text where none is expected (text)
 class Behaviour {
  public:
   static constexpr const char* kVariable = "ORVENZA_STANDIN_BEHAVIOUR";
@@ -43,13 +42,13 @@ class Behaviour {
 
   bool Is(const std::string& word) const { return words_.count(word) > 0; }
 
-  /// What follows `start` in the word that begins with it, "" when none does.
+  /// The rest of the word that begins with `start`; "" if there is none.
   std::string After(std::string_view start) const;
 
-  /// What initialises and what describes the control.
+  /// How the control is initialised, and how it is described.
   std::string State() const { return Or("stream", After("state=")); }
   std::string Types() const { return Or("class2", After("types=")); }
-  /// Whether its members and events are described by type information.
+  /// Whether type information describes its members and events.
   bool Described() const { return Types() != "guid" && Types() != "none"; }
 
  private:

@@ -10,7 +10,7 @@
 namespace orvenza::test {
 namespace {
 
-/// Present in many controls, of no use to the program.
+/// Present in many controls, but not used by the program.
 class PropertyPoint : public ComObject<IConnectionPoint> {
  public:
   STDMETHODIMP GetConnectionInterface(IID* iid) override {
@@ -38,7 +38,7 @@ void NoteFailure(DISPID event, HRESULT result) {
 long Alive::count = 0;
 
 HRESULT EventSource::Raise(DISPID event) {
-  // Held here, since a handler may disconnect itself.
+  // A copy, since a handler may disconnect itself.
   std::vector<ComPtr<IDispatch>> sinks;
   for (const auto& [cookie, sink] : sinks_) sinks.push_back(ComPtr<IDispatch>::Share(sink.Get()));
   for (const auto& sink : sinks) {

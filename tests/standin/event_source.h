@@ -6,7 +6,7 @@
 
 namespace orvenza::test {
 
-/// The objects of this library that are alive; it may be unloaded when there are none.
+/// Counts the living objects of this library, which may be unloaded when there are none.
 class Alive {
  public:
   Alive() { ++count; }
@@ -17,10 +17,10 @@ class Alive {
   static long count;
 };
 
-/// Where a container connects itself to hear the stand-in's events.
+/// The connection point of the stand-in's events.
 class EventSource : public ComObject<IConnectionPoint> {
  public:
-  /// Raises the event in every connected sink, up to the first that fails. Returns its failure.
+  /// Raises the event in every connected sink until one fails, and returns that failure.
   HRESULT Raise(DISPID event);
 
   STDMETHODIMP GetConnectionInterface(IID* iid) override;
@@ -35,7 +35,7 @@ class EventSource : public ComObject<IConnectionPoint> {
   DWORD lastCookie_ = 0;
 };
 
-/// The points of a container: one for changed properties, then the one for the events.
+/// Enumerates the connection points: one for changed properties, then the one for the events.
 class ConnectionPoints : public ComObject<IEnumConnectionPoints> {
  public:
   explicit ConnectionPoints(const ComPtr<EventSource>& source)

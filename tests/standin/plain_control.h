@@ -4,7 +4,7 @@
 
 namespace orvenza::test {
 
-/// The interfaces of a control, with everything refused that the stand-in does not need.
+/// The interfaces of a control; everything that the stand-in does not need is refused.
 class PlainControl
     : public ComObject<IOleObject, IOleInPlaceObject, IPersistStreamInit, IPersistStorage,
                        IPersistPropertyBag, IProvideClassInfo2, IConnectionPointContainer, IDispatch> {

@@ -20,7 +20,8 @@ std::wstring ClassName() {
 
 std::wstring ClassKey() { return kClasses + L"CLSID\\" + ClassName(); }
 
-/// The user's classes. The registry of Wine is all one user's, and Wine 8 finds only classes of the machine.
+/// The user's classes. Under Wine also the machine's: Wine 8 finds only those, and its registry belongs to a
+/// single user.
 std::vector<HKEY> Roots() {
   std::vector<HKEY> roots{HKEY_CURRENT_USER};
   const HMODULE system = ::GetModuleHandleW(L"ntdll.dll");
@@ -28,7 +29,7 @@ std::vector<HKEY> Roots() {
   return roots;
 }
 
-/// The default value of a key, empty when there is none.
+/// The default value of a key; empty if there is none.
 std::wstring Read(HKEY root, const std::wstring& key) {
   wchar_t text[100];
   DWORD size = sizeof text;

@@ -4,15 +4,15 @@
 
 namespace orvenza::test {
 
-/// Registers `library` (a full path) as the link control, for the current user only and for programs of this
-/// one's kind. Under a Wine that does not look at the classes of the user, for its whole prefix. Throws
-/// std::runtime_error, also when another control goes by that name for this user.
+/// Registers `library` (an absolute path) as the link control, for the current user only and for programs of
+/// the same bitness. Under a Wine that ignores per-user classes it is registered for the whole prefix. Throws
+/// std::runtime_error, also when this user has another control of that name.
 void RegisterStandIn(const std::wstring& library);
 
-/// Takes the registration back. Leaves another control's alone.
+/// Removes the registration. Another control's is kept.
 void UnregisterStandIn();
 
-/// The stand-in's library beside this program, as a full path.
+/// The absolute path of the stand-in's library beside this program.
 std::wstring StandInLibraryPath();
 
 }  // namespace orvenza::test

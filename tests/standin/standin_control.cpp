@@ -13,7 +13,7 @@ HRESULT Refuse(const std::string& what) {
   return E_UNEXPECTED;
 }
 
-/// A control is told by its surroundings that the program runs, as opposed to being designed.
+/// Whether the control's container is in run mode as opposed to design mode.
 bool ProgramRuns(const ComPtr<IOleClientSite>& site) {
   Variant running = Ambient(site, DISPID_AMBIENT_USERMODE);
   return running.Get()->vt == VT_BOOL && running.AsBoolean();
@@ -176,7 +176,7 @@ HRESULT StandInControl::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
 }
 
 void StandInControl::Raise(std::size_t event) {
-  // Somebody who hears it may let go of the control.
+  // A listener may release the control.
   const auto self = ComPtr<IOleObject>::Share(this);
   if (event == 0 && behaviour_.Is("noisy") && FAILED(events_->Raise(kUnlistedEvent))) return;
   events_->Raise(behaviour_.Described() ? Events()[event].number : static_cast<DISPID>(event + 1));

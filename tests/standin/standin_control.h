@@ -11,10 +11,10 @@
 
 namespace orvenza::test {
 
-/// A control in the place of the real one, as strict as a real one may be: it works only when it was sited,
-/// initialised and activated in the right order, in a program that runs and tells of its surroundings, and
-/// takes arguments of the declared types only. While its port is open its integers stay as they are; while it
-/// is closed nothing is sent. What is done to it goes to the log.
+/// A stand-in for the link control, as strict as a real one may be: it works only after being sited,
+/// initialised and activated in the right order, in a container in run mode with ambient properties, and
+/// accepts only arguments of the declared types. Its integers cannot be changed while its port is open;
+/// nothing is sent while it is closed. Calls are logged.
 class StandInControl : public PlainControl, private EcrLinkEvents {
  public:
   StandInControl();

@@ -8,7 +8,7 @@
 namespace orvenza::test {
 namespace {
 
-/// A script that cannot be read is noted, and the register is an ordinary one.
+/// An invalid script is logged, and the register is an ordinary one.
 FaultScript ReadScript() {
   char path[MAX_PATH];
   const DWORD length = ::GetEnvironmentVariableA("ORVENZA_STANDIN_SCRIPT", path, sizeof path);

@@ -12,16 +12,15 @@
 
 namespace orvenza::test {
 
-/// The simulated register and the line to it. It behaves as the script file says that the environment
-/// variable ORVENZA_STANDIN_SCRIPT names, and what happens on the line goes to the log. The register's
-/// clock stands still.
+/// The simulated register and its line. The script file in the environment variable ORVENZA_STANDIN_SCRIPT
+/// sets their behaviour, and the traffic is logged. The register's clock stands still.
 class StandInLine {
  public:
   StandInLine();
 
   SimulatedLink& Link() { return *link_; }
 
-  /// Does what is due now, without waiting for a message loop.
+  /// Runs the due actions without waiting for a message loop.
   void RunDue() { scheduler_.RunDue(); }
 
  private:

@@ -21,7 +21,7 @@ std::string Spelled(UINT codePage, const Variant& text) {
   return {bytes, static_cast<std::size_t>(length)};
 }
 
-/// In a form for the log: True, 19200, text in UTF-8.
+/// In the format of the log: True, 19200, text in UTF-8.
 std::string Shown(Variant value) {
   switch (value.Get()->vt) {
     case VT_BOOL: return value.AsBoolean() ? "True" : "False";
@@ -36,7 +36,7 @@ HRESULT STDMETHODCALLTYPE DescribeLater(EXCEPINFO* exception) {
   return S_OK;
 }
 
-/// Fails in the way `how`; "text" is a value of a kind that no member should have, and no failure.
+/// Fails in the way `how`. "text" is no failure but a value of a type that no member should have.
 HRESULT Fail(const std::string& how, VARIANT* result, EXCEPINFO* exception) {
   if (how == "text") {
     std::swap(*result, *Variant::Text(Bstr(L"x")).Get());
@@ -136,7 +136,7 @@ HRESULT StandInControl::Send() {
   const std::string diesWith = Behaviour::Now().After("dies-with=");
   if (!diesWith.empty() && message_.starts_with(diesWith)) {
     dead_ = true;
-    // Its successor is to live.
+    // The next instance must live.
     ::SetEnvironmentVariableA(Behaviour::kVariable, nullptr);
     Note("died");
     return RPC_E_DISCONNECTED;

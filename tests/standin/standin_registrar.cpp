@@ -1,5 +1,5 @@
-// Registers the stand-in beside this program as the link control of the current user, or takes that back:
-//   orvenza_standin_registrar register | unregister
+// Registers the stand-in beside this program as the link control of the current user, or removes the
+// registration: orvenza_standin_registrar register | unregister
 
 #include <cstdio>
 #include <exception>

@@ -1,4 +1,4 @@
-// The entries of the library through which the system creates the stand-in.
+// The library's exports, through which the system creates the stand-in.
 
 #include "standin/behaviour.h"
 #include "standin/standin_control.h"

@@ -13,7 +13,7 @@ constexpr UINT_PTR kTimer = 1;
 }  // namespace
 
 TimerScheduler::TimerScheduler()
-    // A class of the system's, since one of our own would outlive the library that holds its procedure.
+    // A window class of the system: a class of our own would outlive its window procedure in this library.
     : window_(::CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr)) {
   ::SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   ::SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&OnMessage));
@@ -46,7 +46,7 @@ void TimerScheduler::RunDue() {
     const auto action = std::move(actions_.begin()->second);
     actions_.erase(actions_.begin());
     action();
-    // The action may have been the end of the control and of this.
+    // The action may have destroyed the control and this object.
     if (::IsWindow(window) == FALSE) return;
   }
   Arm();

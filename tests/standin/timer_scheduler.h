@@ -11,7 +11,7 @@
 
 namespace orvenza::test {
 
-/// Runs actions from the message loop of whoever hosts the stand-in.
+/// Runs actions from the message loop of the stand-in's host.
 class TimerScheduler : public Scheduler {
  public:
   TimerScheduler();
@@ -21,7 +21,7 @@ class TimerScheduler : public Scheduler {
 
   void After(std::chrono::nanoseconds delay, std::function<void()> action) override;
 
-  /// Runs those that are due, without waiting for the message loop.
+  /// Runs the due actions without waiting for the message loop.
   void RunDue();
 
  private:

@@ -88,7 +88,7 @@ HRESULT AddEvents(ICreateTypeInfo& type, const Behaviour& behaviour) {
   return result;
 }
 
-/// Every interface for automation inherits the one of the system.
+/// Every automation interface inherits the system's.
 HRESULT Inherit(ICreateTypeInfo& type) {
   constexpr GUID kStandardLibrary = {0x00020430, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
   ComPtr<ITypeLib> library;
@@ -102,7 +102,7 @@ HRESULT Inherit(ICreateTypeInfo& type) {
 
 using Filler = HRESULT (*)(ICreateTypeInfo& type, const Behaviour& behaviour);
 
-/// `fill` is not asked for one that is called by position.
+/// `fill` is not called for an interface that is called by position.
 ComPtr<ITypeInfo> AddInterface(ICreateTypeLib2& library, TYPEKIND kind, const wchar_t* name, REFIID iid,
                                Filler fill, const Behaviour& behaviour) {
   ComPtr<ICreateTypeInfo> type;
@@ -150,7 +150,7 @@ VARTYPE IntegerType(const Behaviour& behaviour) {
 
 TypeLibrary BuildTypeLibrary(const Behaviour& behaviour) {
   ComPtr<ICreateTypeLib2> library;
-  // Never saved, so the file of this name does not come to be.
+  // Never saved, so no file of this name is created.
   if (FAILED(::CreateTypeLib2(SYS_WIN32, L"standin.tlb", library.Put()))) return {};
   library->SetGuid(kStandInLibrary);
   library->SetName(Name(L"StandInLibrary"));

@@ -17,7 +17,8 @@ inline constexpr IID kStandInEvents = {
 inline constexpr GUID kStandInLibrary = {
     0x6E0F7C55, 0x3B1D, 0x4E6A, {0x9C, 0x41, 0x5D, 0x0A, 0x7E, 0x83, 0x12, 0xB4}};
 
-/// A member of the stand-in, or an event. The names are not the ones the program uses: nobody may go by them.
+/// A member or event of the stand-in. The names differ from those in the program, which must not rely on
+/// them.
 struct Member {
   DISPID number;
   const wchar_t* name;
@@ -25,22 +26,22 @@ struct Member {
   VARTYPE type;
 };
 
-/// The events in the order in which the interface lists them, which is not the order of their numbers.
+/// The events in the order of the interface, which differs from the order of their numbers.
 std::span<const Member> Events();
 
-/// Null when there is none of this number.
+/// Null if no member has this number.
 const Member* FindMember(DISPID number);
 
 /// The type of the stand-in's integers.
 VARTYPE IntegerType(const Behaviour& behaviour);
 
-/// What describes one class of the stand-in to a container.
+/// Describes one class of the stand-in to a container.
 struct TypeLibrary {
   ComPtr<ITypeInfo> classInfo;
   ComPtr<ITypeInfo> members;
 };
 
-/// Builds the descriptions in memory, as `behaviour` wants them. Empty when that fails.
+/// Builds the descriptions in memory according to `behaviour`. Empty on failure.
 TypeLibrary BuildTypeLibrary(const Behaviour& behaviour);
 
 }  // namespace orvenza::test

@@ -1,4 +1,4 @@
-// The program without windows: what it says to whoever started it.
+// The program without windows: what it reports to the user who started it.
 
 #include <gtest/gtest.h>
 
@@ -43,7 +43,7 @@ TEST(CommandLine, RefusesWhatItCannotStartWith) {
   }
 }
 
-/// As for a program that a shortcut starts: there is no console to write to.
+/// Like a program started by a shortcut: there is no console to write to.
 class NoConsole {
  public:
   NoConsole() { FreeConsole(); }

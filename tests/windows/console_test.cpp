@@ -1,4 +1,4 @@
-// The program at a console that it was started from.
+// The program in the console that started it.
 
 #include <gtest/gtest.h>
 
@@ -9,14 +9,14 @@
 namespace orvenza::test {
 namespace {
 
-/// The folder of the tests and programs.
+/// A path in the folder of the tests and programs.
 std::wstring Beside(const std::wstring& name) {
   std::wstring path(MAX_PATH, L'\0');
   path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
   return path.substr(0, path.rfind(L'\\') + 1) + name;
 }
 
-/// The program simulating, in a console of its own where nobody sees it.
+/// The program with the simulated register, in a hidden console of its own.
 class AtConsole {
  public:
   explicit AtConsole(const Shop& shop)
@@ -43,7 +43,7 @@ class AtConsole {
 
   void PressCtrlC() const { SetEvent(keys_.Get()); }
 
-  /// Waits for up to `milliseconds`, and tells whether the program has ended.
+  /// Waits up to `milliseconds` for the program's end.
   bool EndsWithin(DWORD milliseconds) const {
     return WaitForSingleObject(host_.Get(), milliseconds) == WAIT_OBJECT_0;
   }

@@ -4,11 +4,11 @@
 
 namespace orvenza::test {
 
-/// The stand-in of the link control: registered for as long as the object lives, for the programs that are
-/// started meanwhile. No time passes on its line. What is done to it stands in "standin.log" of the folder.
+/// The stand-in for the link control, registered during the object's lifetime for the programs started
+/// meanwhile. Transmission takes no time. Calls are logged in "standin.log" of the folder.
 class Control {
  public:
-  /// `script` is what the register behind it does.
+  /// `script` configures the register behind it.
   explicit Control(const TempFolder& folder, const std::string& script = {});
   ~Control();
   Control(const Control&) = delete;

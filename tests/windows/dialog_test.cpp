@@ -19,11 +19,11 @@ constexpr int kConfigure = 4;
 constexpr const char* kTicket = "1;Caffe' espresso;2,000;120;1;;;1;;\r\n2;1;500;\r\n";
 const std::string kAlarm = "Orvenza - " + LoadMessage(MessageId::kCommunicationWarning);
 
-/// The first status query fails: the operator is asked by a message with three buttons.
+/// The first status query fails: a message with three buttons asks the operator.
 struct MessageTest : testing::Test {
   MessageTest() : form(till.Form(window_class::kOrvMsg, kAlarm)) {}
 
-  /// Waits until the register has been identified after all.
+  /// Waits until the retry identifies the register.
   void ExpectsRetry() {
     till.Gone(form);
     till.Await("the identity", [&] { return shop.Journal("Log.txt").size() == 2; });
@@ -143,7 +143,7 @@ TEST(LongMessage, IsShownInFull) {
   EXPECT_EQ(till.ExitCode(), 5U);
 }
 
-/// A line that the register rejects: the operator chooses.
+/// The register rejects a line: the operator chooses what to do.
 struct ChoiceTest : testing::Test {
   ChoiceTest() {
     shop.Drop("0001.txt", kTicket);
@@ -161,7 +161,7 @@ struct ChoiceTest : testing::Test {
     till->Await(answer.c_str(), [&] { return shop.Journal("Err.txt").back() == answer; });
   }
 
-  /// The ticket goes on with its next line, and the log knows of no answer.
+  /// The ticket continues with its next line, and no answer is logged.
   void ExpectsNoAnswer() {
     till->Gone(form);
     till->Await("the archive", [&] { return shop.folder.Has("storico\\1.txt"); });
@@ -262,7 +262,7 @@ TEST(PaperOut, OfTheJournalIsSettledWithTheTicketPrintedAgain) {
             (Lines{LoadMessage(MessageId::kJournalPaperOut), LoadMessage(MessageId::kResumedAfterPaperOut)}));
 }
 
-/// The port dialog, opened by the menu.
+/// The port dialog, opened from the menu.
 struct PortTest : testing::Test {
   PortTest() {
     till.AwaitStart();
@@ -351,7 +351,7 @@ TEST_F(PortTest, ClosedOtherwiseItSavesNothing) {
   EXPECT_TRUE(Saved("ComPort=1"));
 }
 
-/// The utilities, opened by the menu.
+/// The utilities dialog, opened from the menu.
 struct UtilitiesTest : testing::Test {
   UtilitiesTest() {
     till.AwaitStart();

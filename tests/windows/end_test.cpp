@@ -1,4 +1,4 @@
-// The ways the program ends, whatever it is doing.
+// The ways to end the program, whatever it is doing.
 
 #include <gtest/gtest.h>
 
@@ -37,7 +37,7 @@ void CloseMainForm(const Till& till) { PostMessageW(till.Main(), WM_CLOSE, 0, 0)
 struct WaitingDialog {
   const char* script;
   const wchar_t* form;
-  int menuItem;  ///< That opens it; 0 for one that comes with the ticket or before it.
+  int menuItem;  ///< The item that opens it; 0 for a dialog that comes with the ticket or before it.
 };
 
 const WaitingDialog kDialogs[] = {
@@ -73,7 +73,7 @@ struct EarlyDialog {
   const wchar_t* form;
 };
 
-/// The menu is the icon's, so there is none yet.
+/// The menu belongs to the icon, so there is none yet.
 const EarlyDialog kEarlyDialogs[] = {
     {"", false, window_class::kOrvConf},
     {"port-fails 9\n", true, window_class::kOrvMsg},
@@ -152,7 +152,7 @@ TEST(End, DoesNotComeWithASessionThatGoesOn) {
 TEST(End, ComesWhenAnotherProgramClosesTheMainForm) {
   const Shop shop("on 3217 link-error 1\n");
   const Till till(shop);
-  till.Form(window_class::kOrvMsg);  // whatever waits
+  till.Form(window_class::kOrvMsg);  // whichever message is open
   PostMessageW(till.Main(), WM_CLOSE, 0, 0);
   EXPECT_EQ(till.ExitCode(), 0U);
   EXPECT_EQ(shop.Journal("Log.txt").back(), "End");

@@ -1,8 +1,8 @@
-// What the program holds stays the same however long it runs. ORVENZA_TEST_TICKETS sets how many ticket files
-// are printed in a row through the control, at two a second, instead of kFiles.
+// The program's resources do not grow over time. ORVENZA_TEST_TICKETS sets how many ticket files are printed
+// in a row through the control, at two per second, instead of kFiles.
 
 #include <windows.h>
-// After <windows.h>.
+// These require <windows.h>.
 #include <gtest/gtest.h>
 #include <psapi.h>
 
@@ -27,13 +27,13 @@ constexpr int kFiles = 40;
 constexpr int kWarmUp = 10;
 constexpr int kDialogs = 60;
 
-/// However many rounds there are: what comes and goes by itself.
+/// Tolerance for objects that come and go by themselves, for any number of rounds.
 constexpr DWORD kSlack = 10;
-/// The simulated register remembers its last 10000 commands, settings and lines of paper, a hundred bytes
+/// The simulated register keeps its last 10000 commands, settings and lines of paper, at a hundred bytes
 /// each.
 constexpr SIZE_T kMemorySlack = 4 * 1024 * 1024;
 
-/// What a process holds of the system.
+/// The system resources held by a process.
 struct Holdings {
   DWORD handles = 0;
   DWORD gdiObjects = 0;   ///< Always 0 under Wine 8, which does not count them.
@@ -41,7 +41,7 @@ struct Holdings {
   SIZE_T memory = 0;      ///< Committed, in bytes.
 };
 
-/// Handles of a process, out of the list of all: Wine 8 does not count those of one.
+/// Handles of a process, counted in the list of all handles: Wine 8 does not count those of one process.
 DWORD CountHandles(DWORD process) {
   struct Entry {
     USHORT process;

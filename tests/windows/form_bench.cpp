@@ -17,8 +17,8 @@ using namespace std::chrono_literals;
 constexpr auto kPatience = 30s;
 constexpr auto kGlance = 2ms;
 
-/// What a control draws around its text, in form units: the mark of an option, the edges of a button, the
-/// ends of a frame's caption.
+/// Width of what a control draws around its text, in form units: the mark of an option, the edges of a
+/// button, the ends of a frame's caption.
 int BesidesText(HWND control) {
   switch (GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) {
     case BS_AUTORADIOBUTTON: return 270;
@@ -75,7 +75,7 @@ bool ShowsAllOf(HWND control, int dpi) {
   return TextOf(control).empty() || ShowsAllOfText(control, kind, client, dpi);
 }
 
-/// How far a control may lie above its form: by the empty first line of a centred message.
+/// How far a control may lie above its form: the height of a centred message's empty first line.
 int MayLieAbove(HWND control) {
   const bool centred = ClassOf(control) == L"Edit" && (GetWindowLongW(control, GWL_STYLE) & ES_CENTER) != 0;
   return centred && TextOf(control).starts_with("\r\n") ? SizeOfText(control, "X", 0, DT_SINGLELINE).cy : 0;
@@ -115,7 +115,7 @@ void FormBench::Await(const char* what, const std::function<bool()>& condition) 
   }
 }
 
-/// Another form is asked for only when this one has gone.
+/// Another form is expected only once this one is closed.
 void FormBench::ExpectGone(int number) {
   if (number != asked_) return;
   if (std::chrono::steady_clock::now() > end_) throw std::runtime_error("the form was not answered");

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <windows.h>
-// After <windows.h>.
+// Requires <windows.h>.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -20,22 +20,21 @@
 
 namespace orvenza::test {
 
-/// The operator's windows in this very process, with nobody behind them who would give a meaning to the
-/// answers.
+/// The operator's windows in this process, without a program that acts on the answers.
 class FormBench : public testing::Test {
  protected:
-  /// The next form is given to `answer` once it is in front and has the focus. What it does there closes the
-  /// form. A form that does not come, or does not go, fails the test by an exception.
+  /// Passes the next form to `answer` once it is in front and has the focus; `answer` must close it. If a
+  /// form does not open or close, an exception fails the test.
   void WhenShown(std::function<void(HWND)> answer);
 
-  /// Delivers events until `condition` holds, for an answer that takes several looks. Throws after a while.
+  /// Delivers events until `condition` holds, for an answer that needs several steps. Throws after a timeout.
   void Await(const char* what, const std::function<bool()>& condition);
 
   WindowsClock clock;
   WindowsEventPump pump;
   EventLoop loop{clock, pump};
   TempFolder folder;
-  std::vector<std::pair<std::string, UINT>> sounds;  ///< Path and flags of each that the operator would hear.
+  std::vector<std::pair<std::string, UINT>> sounds;  ///< Path and flags of each sound played.
   WindowsOperator person{loop, pump, folder.Path(), "Orvenza", [this](const char* path, UINT flags) {
                            sounds.emplace_back(path, flags);
                            return TRUE;
@@ -50,7 +49,7 @@ class FormBench : public testing::Test {
   std::chrono::steady_clock::time_point end_;
 };
 
-/// The bench with all dialogs as the program shows them.
+/// Opens each dialog the way the program does.
 class DialogBench : public FormBench {
  protected:
   const ChoiceContent kPaper{"Orvenza",
@@ -81,20 +80,20 @@ class DialogBench : public FormBench {
       {LoadMessage(MessageId::kExitButton), LoadMessage(MessageId::kClosureButton),
        LoadMessage(MessageId::kClosureWithReportButton)}};
 
-  /// Shows a question, given to `answer`.
+  /// Shows a question and passes it to `answer`.
   void ShowMessage(const std::string& text, const std::function<void(HWND)>& answer);
 
-  /// Shows every dialog but messages, each given to `answer`.
+  /// Shows every dialog except messages and passes each to `answer`.
   void ShowAll(const std::function<void(HWND)>& answer);
 
   OperatorMessages messages{person, "Orvenza"};
 };
 
-/// Tells a form of this process that its screen has `dpi` pixels an inch now.
+/// Notifies a form of this process that its screen now has `dpi` pixels per inch.
 void ChangeDpi(HWND form, int dpi);
 
-/// Whether a form that is laid out for `dpi` pixels an inch fits the screen, all its parts lie in it, and all
-/// its texts are shown in full.
+/// Whether a form laid out for `dpi` pixels per inch fits the screen, contains all its controls and shows all
+/// its texts in full.
 testing::AssertionResult ShowsEverything(HWND form, int dpi);
 
 }  // namespace orvenza::test

@@ -1,8 +1,7 @@
-// What the operator sees of the forms: colours, fonts, icons, the flashing of the title bar; and what the
-// choice dialog returns.
+// The look of the forms: colours, fonts, icons, the flashing title bar; and the result of the choice dialog.
 
 #include <windows.h>
-// After <windows.h>.
+// Requires <windows.h>.
 #include <commctrl.h>
 
 #include <optional>
@@ -23,7 +22,7 @@ using namespace control_id;
 constexpr COLORREF kBackground = RGB(150, 187, 213);
 
 struct FormLookTest : DialogBench {
-  /// Every form, messages with them.
+  /// Shows every form, messages included.
   void ShowEveryForm(const std::function<void(HWND)>& answer) {
     ShowMessage("Sei sicuro ?", answer);
     ShowAll(answer);
@@ -32,7 +31,7 @@ struct FormLookTest : DialogBench {
 
 std::string NameOf(HWND form) { return ToUtf8(ClassOf(form)); }
 
-/// What is drawn at this pixel of the window.
+/// The colour of this pixel of the window.
 COLORREF ColourAt(HWND window, LONG x, LONG y) {
   RedrawWindow(GetAncestor(window, GA_ROOT), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
   const HDC dc = GetDC(window);
@@ -123,7 +122,7 @@ TEST_F(FormLookTest, TheSmallIconOfAFormFollowsItsScreen) {
   });
 }
 
-/// The buttons that are drawn as the one that Enter presses.
+/// The buttons drawn as the default button.
 std::vector<int> DefaultButtons(HWND form) {
   std::vector<int> found;
   for (HWND control = GetWindow(form, GW_CHILD); control != nullptr;
@@ -158,7 +157,7 @@ TEST_F(FormLookTest, TheButtonWithTheFocusLooksLikeTheOneThatEnterPresses) {
   person.ShowPortSettings(kPorts);
 }
 
-/// Closes a menu of this thread, and notes that there was one.
+/// Closes this thread's menu and records that there was one.
 void CALLBACK CloseMenu(HWND, UINT, UINT_PTR, DWORD) {
   GUITHREADINFO state{};
   state.cbSize = sizeof state;
@@ -177,7 +176,7 @@ TEST_F(FormLookTest, TheTextOfAMessageHasNoMenu) {
   });
 }
 
-/// Whether `upper` lies in front of `lower`.
+/// Whether `upper` is above `lower` in z-order.
 bool IsAbove(HWND upper, HWND lower) {
   while (upper != nullptr && upper != lower) upper = GetWindow(upper, GW_HWNDNEXT);
   return upper != nullptr;
@@ -199,7 +198,7 @@ TEST_F(FormLookTest, AFlashBringsTheFormInFrontAgainAndLeavesTheFocusAlone) {
   person.ShowChoice(kChoice);
 }
 
-/// Notes how the title bar of a form is drawn from now on: true as that of the active form.
+/// Records how a form's title bar is drawn from now on: true for the active state.
 class TitleBar {
  public:
   explicit TitleBar(HWND form) : form_(form) {
@@ -240,7 +239,7 @@ TEST_F(FormLookTest, TitleBarsOfMessagesAndChoicesFlash) {
 TEST_F(FormLookTest, OnlyMessagesAndChoicesFlash) {
   ShowEveryForm([](HWND form) {
     const bool flashes = ClassOf(form) == window_class::kOrvMsg || ClassOf(form) == window_class::kOrvInfo;
-    // Only a timer that is there can be killed.
+    // Only an existing timer can be killed.
     EXPECT_EQ(KillTimer(form, kTmrFlash) != FALSE, flashes) << NameOf(form);
     CloseByCross(form);
   });

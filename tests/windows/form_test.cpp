@@ -1,4 +1,4 @@
-// The forms by themselves: every way to answer them, at every resolution, with every text.
+// The forms alone: every way to answer them, at every resolution, with every text.
 
 #include "windows/form_bench.h"
 
@@ -14,7 +14,7 @@ namespace {
 
 using namespace control_id;
 
-/// None below the screen's own: its title bars stay as high as they are.
+/// None below the screen's own, whose title bars do not shrink.
 std::vector<int> Resolutions() {
   std::vector<int> resolutions{96, 120, 144, 192};
   std::erase_if(resolutions, [](int dpi) { return dpi < ScreenDpi(); });
@@ -77,7 +77,7 @@ TEST_F(MessageFormTest, EveryButtonIsReachedByArrowsAndPressedBySpace) {
   for (const auto& [buttons, results, closed] : ButtonSets()) {
     for (std::size_t i = 0; i < results.size(); ++i) {
       const auto answer = [&](HWND) {
-        // The last one backwards, from the first.
+        // The last one is reached backwards from the first.
         if (i == 2) Press(VK_LEFT);
         if (i == 1) Press(VK_RIGHT);
         Press(VK_SPACE);
@@ -138,8 +138,8 @@ TEST_F(MessageFormTest, HasItsButtonsInARowOfFixedPlacesAtEveryResolution) {
   });
 }
 
-/// Every text of the catalogue, some together as they are shown, and the longest that the shop, or a ticket,
-/// can bring about.
+/// Every text of the catalogue, some combined as the program shows them, and the longest texts that the shop
+/// or a ticket can cause.
 std::vector<std::string> Texts() {
   using enum MessageId;
   std::vector<std::string> texts{

@@ -1,7 +1,7 @@
-// Other programs at the files that the program works with.
+// Other programs that use the program's files.
 
 #include <windows.h>
-// After <windows.h>.
+// Requires <windows.h>.
 #include <gtest/gtest.h>
 
 #include "core/catalogue.h"
@@ -20,8 +20,7 @@ constexpr int kUtilities = 2;
 constexpr const char* kCoffee = "1;Caffe' espresso;2,000;120;1;;;1;;\r\n2;1;500;\r\n";
 constexpr const char* kBread = "1;Pane;1,000;250;1;;;1;;\r\n2;1;250;\r\n";
 
-/// A file that another program has open, for reading if nothing else is said, and lets others do with it as
-/// `sharing` says.
+/// A file opened by another program, by default for reading; `sharing` is what it permits others.
 class HeldFile {
  public:
   HeldFile(const Shop& shop, const std::string& name, DWORD sharing, DWORD access = GENERIC_READ)
@@ -185,7 +184,7 @@ TEST(HeldCommand, ThatCannotBeRemovedIsFollowed) {
   shop.folder.Write("command.txt", "QUIT\r\n");
   const HeldFile held(shop, "command.txt", FILE_SHARE_READ);
   const Till till(shop);
-  till.Form(window_class::kOrvMsg);  // the program is still there to be asked for its icon
+  till.Form(window_class::kOrvMsg);  // the program is still running and can be asked for its icon
   till.AwaitIcon();
   Press(VK_RETURN);
   till.ExpectEnd();
@@ -202,7 +201,7 @@ TEST(HeldClosureRequest, IsLoggedAndLeavesTheUtilitiesOpen) {
   shop.folder.Write("data\\zzzzzzzzzzzzzzzz.txt", kBread);
   HeldFile held(shop, "data\\zzzzzzzzzzzzzzzz.txt", FILE_SHARE_READ);
   PressWithAlt('C');
-  for (int question = 1; question <= 2; ++question) {  // the second one because a ticket waits
+  for (int question = 1; question <= 2; ++question) {  // the second one because a ticket is waiting
     const HWND message = till.Form(window_class::kOrvMsg);
     Click(message, kCommand0 + 1);
     till.Gone(message);

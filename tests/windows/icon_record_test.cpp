@@ -1,4 +1,4 @@
-// What the shell is told of the icon.
+// The icon's data for the shell.
 
 #include "ui/windows/icon_record.h"
 

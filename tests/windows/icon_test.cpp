@@ -71,7 +71,7 @@ TEST(Icon, OpensNoMenuForOtherNewsOfTheMouse) {
   const Till till(shop);
   till.AwaitStart();
   for (const LPARAM news : {WM_MOUSEMOVE, WM_LBUTTONUP, WM_RBUTTONUP, WM_LBUTTONDBLCLK, WM_MBUTTONDOWN}) {
-    SendMessageW(till.Picture1(), kIconMessage, 1, news);  // returns when all is done
+    SendMessageW(till.Picture1(), kIconMessage, 1, news);  // returns when everything is done
     EXPECT_EQ(till.MenuNow(), nullptr) << news;
   }
 }

@@ -1,5 +1,5 @@
-// Which libraries the programs are bound to. Windows looks for others beside the program first, where anybody
-// who may write to the shop's folder could put one.
+// The libraries that the programs import. Windows searches the program's folder first, where anyone with
+// write access to the shop's folder could plant a library.
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@
 namespace orvenza::test {
 namespace {
 
-/// Those that Windows never looks for beside the program: it knows them by heart, or the manifest names them.
+/// Libraries for which Windows never searches the program's folder: known DLLs, or named by the manifest.
 const std::set<std::string> kSafe{"advapi32.dll", "comctl32.dll", "gdi32.dll",   "kernel32.dll", "msvcrt.dll",
                                   "ole32.dll",    "oleaut32.dll", "shell32.dll", "user32.dll"};
 

@@ -1,4 +1,4 @@
-// What reaches the hidden main form: the keyboard, the system, the shell.
+// Input of the hidden main form: from the keyboard, the system and the shell.
 
 #include <gtest/gtest.h>
 
@@ -93,7 +93,7 @@ TEST(MainForm, ClosesAMenuThatWasLeftOpen) {
   till.AwaitStart();
   till.TellIcon(WM_LBUTTONDOWN);
   till.AwaitMenu();
-  PostMessageW(till.Main(), WM_TIMER, kTmrMenu, 0);  // as if its time were over
+  PostMessageW(till.Main(), WM_TIMER, kTmrMenu, 0);  // as if its time had expired
   till.AwaitNoMenu();
   EXPECT_TRUE(till.HasIcon());
 }

@@ -5,7 +5,7 @@
 namespace orvenza::test {
 namespace {
 
-/// Without it, a screen with more than 96 pixels an inch would be shown to this program as if it had 96.
+/// Without it, Windows would present any screen to this program as having 96 pixels per inch.
 [[maybe_unused]] const BOOL kSeesPixels = SetProcessDPIAware();
 
 void Send(WORD key, DWORD flags) {
@@ -79,7 +79,7 @@ void PressWithAlt(WORD key) { PressWith(VK_MENU, key); }
 void ClickAt(LONG x, LONG y) {
   INPUT input{};
   input.type = INPUT_MOUSE;
-  // In parts of a screen that is 65536 wide and high.
+  // Coordinates on a screen that is 65536 wide and high.
   input.mi.dx = MulDiv(x, 65536, GetSystemMetrics(SM_CXSCREEN));
   input.mi.dy = MulDiv(y, 65536, GetSystemMetrics(SM_CYSCREEN));
   for (const DWORD button : {DWORD{0}, DWORD{MOUSEEVENTF_LEFTDOWN}, DWORD{MOUSEEVENTF_LEFTUP}}) {

@@ -15,10 +15,10 @@ namespace {
 
 constexpr int kLooks = 40;
 constexpr DWORD kBetweenLooks = 50;
-/// Of one test: some show every text there is, again and again.
+/// Per test: some show every text repeatedly.
 constexpr int kMostPictures = 20;
 
-/// A bitmap of 24 bits a pixel, from the bottom line up; each line is a multiple of four bytes.
+/// A bitmap with 24 bits per pixel, bottom-up; each row is padded to a multiple of four bytes.
 struct Bitmap {
   BITMAPINFOHEADER header{};
   std::vector<char> pixels;
@@ -44,7 +44,7 @@ Bitmap Capture(const RECT& place) {
   return result;
 }
 
-/// What is on the screen once it no longer changes: a window may be there before it is drawn.
+/// The screen's content once it no longer changes: a window may exist before it is drawn.
 Bitmap CaptureSettled(const RECT& place) {
   Bitmap last = Capture(place);
   for (int look = 0; look < kLooks; ++look) {
@@ -67,7 +67,7 @@ void Save(const Bitmap& bitmap, const std::filesystem::path& path) {
   out.write(bitmap.pixels.data(), static_cast<std::streamsize>(bitmap.pixels.size()));
 }
 
-/// Where the pictures go; empty when none are wanted.
+/// The folder for pictures; empty if none are wanted.
 std::filesystem::path Folder() {
   wchar_t folder[MAX_PATH];
   const DWORD length = GetEnvironmentVariableW(L"ORVENZA_TEST_PICTURES", folder, MAX_PATH);
@@ -87,7 +87,7 @@ void TakePicture(const RECT& place, const wchar_t* name) {
   lastTest = test;
   if (count > kMostPictures) return;
   std::filesystem::create_directories(folder);
-  SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, 0);  // a control below the pointer looks chosen
+  SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, 0);  // a control below the pointer would look highlighted
   Save(CaptureSettled(place), folder / (test + "-" + std::to_string(count) + "-" + ToUtf8(name) + ".bmp"));
 }
 

@@ -1,4 +1,4 @@
-// What stands in the icon's menu.
+// The content of the icon's menu.
 
 #include "platform/windows/wide.h"
 #include "ui/windows/names.h"
@@ -10,7 +10,7 @@ namespace {
 
 using Entries = std::vector<std::string>;
 
-/// The captions, "-" for a separator.
+/// The captions; "-" for a separator.
 Entries EntriesOf(HMENU menu) {
   Entries entries;
   for (int i = 0; i < GetMenuItemCount(menu); ++i) {
@@ -35,7 +35,7 @@ BOOL CALLBACK ReadAndCloseMenu(HWND window, LPARAM entries) {
 }
 
 struct PopupTest : FormBench {
-  /// An open menu keeps the pump's timers waiting, but not those of the system.
+  /// An open menu blocks the pump's timers, but not the system's.
   static void CALLBACK Look(HWND, UINT, UINT_PTR, DWORD) {
     EnumThreadWindows(GetCurrentThreadId(), ReadAndCloseMenu, reinterpret_cast<LPARAM>(&seen));
   }
@@ -56,8 +56,8 @@ TEST_F(PopupTest, HasFourItemsAndASeparatorBetweenAnyTwo) {
 struct PopupPressedAgainTest : FormBench {
   static HWND Main() { return FindWindowW(window_class::kOrvMain, L"Orvenza"); }
 
-  /// While the menu is open: presses the icon once more, looks whether the menu's time still runs, and closes
-  /// it.
+  /// Runs while the menu is open: clicks the icon again, checks whether the menu's timer still runs, and
+  /// closes the menu.
   static void CALLBACK PressAgain(HWND, UINT, UINT_PTR, DWORD) {
     if ((StateOf(Main()).flags & GUI_INMENUMODE) == 0) return;
     if (!pressedAgain) {

@@ -1,4 +1,4 @@
-// The icon of the program, which the tests carry as well.
+// The program's icon, which the tests contain as well.
 
 #include <gtest/gtest.h>
 #include <windows.h>

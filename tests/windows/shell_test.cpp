@@ -1,4 +1,4 @@
-// The main form and a shell that is not ready, or tells where the icon is.
+// The main form with a shell that is not ready, or reports the icon's position.
 
 #include "ui/windows/shell.h"
 
@@ -14,7 +14,7 @@ namespace {
 using Operations = std::vector<DWORD>;
 
 struct ShellTest : FormBench {
-  /// As when the time until the next try is over.
+  /// Acts as if the interval before the next attempt had passed.
   void NextTry() { SendMessageW(form.Handle(), WM_TIMER, kTmrIcon, 0); }
 
   bool ready = false;
@@ -60,12 +60,12 @@ struct MenuPlaceTest : ShellTest {
     EndMenu();
     return FALSE;
   }
-  /// An open menu keeps the pump's timers waiting, but not those of the system.
+  /// An open menu blocks the pump's timers, but not the system's.
   static void CALLBACK Look(HWND, UINT, UINT_PTR, DWORD) {
     EnumThreadWindows(GetCurrentThreadId(), NotePlace, 0);
   }
 
-  /// Where the menu opens while the pointer is at `x` and `y`.
+  /// Where the menu opens while the pointer is at `x`, `y`.
   RECT OpenWithPointerAt(int x, int y) {
     menu = {};
     SetCursorPos(x, y);

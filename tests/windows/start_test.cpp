@@ -1,4 +1,4 @@
-// The ways the program starts, up to its icon.
+// The ways to start the program, up to its icon.
 
 #include <gtest/gtest.h>
 

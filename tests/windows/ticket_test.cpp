@@ -1,4 +1,4 @@
-// Tickets on their way, with the program and its control, and commands to end.
+// The processing of tickets with the program and its control, and commands to end.
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kCoffee = "1;Caffe' espresso;2,000;120;1;;;1;;\r\n2;1;500;\r\n";
 
-/// The rest of the lines that begin with `start`.
+/// The rest of each line that begins with `start`.
 Lines LinesOf(const std::string& text, const std::string& start) {
   Lines lines;
   std::istringstream in(text);
@@ -58,7 +58,7 @@ TEST(Quit, ComesInManyForms) {
   }
 }
 
-/// Whether the host's command could be replaced: not while the program reads it.
+/// Whether the host's command could be replaced, which fails while the program reads it.
 bool Replaced(const Shop& shop, const std::string& command) {
   std::error_code failed;
   shop.folder.Write("command.tmp", command);
@@ -73,7 +73,7 @@ TEST(Quit, IsNothingElse) {
   int number = 0;
   for (const std::string command : {"QUIT NOW\r\n", "QUI\r\nQUIT\r\n", "x", "\"QUIT\"", "QUIT;"}) {
     till.Await("the command", [&] { return Replaced(shop, command); });
-    // The command is read before the ticket is taken.
+    // The command is read before the ticket is taken in.
     shop.Drop(std::to_string(++number) + ".txt", kCoffee);
     till.AwaitArchived(std::to_string(number) + ".txt", kCoffee);
     EXPECT_EQ(shop.folder.Read("command.txt"), command);

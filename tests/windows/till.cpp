@@ -1,7 +1,7 @@
 #include "windows/till.h"
 
 #include <windows.h>
-// After windows.h, on which it builds.
+// These require windows.h.
 #include <gtest/gtest.h>
 #include <shellapi.h>
 
@@ -19,7 +19,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr DWORD kGlance = 5;  ///< Milliseconds between two looks.
+constexpr DWORD kGlance = 5;  ///< Milliseconds between two checks.
 
 PROCESS_INFORMATION Start(const std::wstring& program, const std::wstring& options, HANDLE output) {
   std::wstring line = L"\"" + program + L"\" " + options;
@@ -110,7 +110,7 @@ Lifetime::~Lifetime() { DeleteTimerQueueTimer(nullptr, timer_, INVALID_HANDLE_VA
 
 Till::Till(const Shop& shop, Link link, std::chrono::seconds lifetime) : shop_(shop) {
   const std::wstring path = ToWide(shop.folder.Path());
-  // What the register prints is not to be mixed with the report of the tests.
+  // The register's paper must not mix with the test report.
   SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
   const FileHandle nowhere(CreateFileW(L"NUL", GENERIC_WRITE, 0, &inherited, OPEN_EXISTING, 0, nullptr));
   std::wstring options = L"--folder \"" + path + L"\"";
@@ -131,7 +131,7 @@ void Till::Begin(const std::wstring& options, HANDLE output, std::chrono::second
 
 Till::~Till() {
   lifetime_.reset();
-  // A killed program leaves its icon behind, and a later one's window may be given the number of its owner.
+  // A killed program leaves its icon behind, and a later program's window may get the same handle.
   if (Find([](HWND window) { return ClassOf(window) == window_class::kOrvMain; }) != nullptr) LoseIcon();
   TerminateProcess(process_.Get(), 99);
   WaitForSingleObject(process_.Get(), INFINITE);
@@ -212,7 +212,7 @@ HWND Till::Picture1() const {
   return picture1_;
 }
 
-/// Only an icon that is there can be changed; without flags nothing changes.
+/// Only an existing icon can be modified; without flags nothing changes.
 bool Till::HasIcon() const {
   NOTIFYICONDATAA record = IconOf(Picture1());
   return Shell_NotifyIconA(NIM_MODIFY, &record) != FALSE;
@@ -257,7 +257,7 @@ void Till::Menu(int number) const {
   TellIcon(WM_RBUTTONDOWN);
   RECT place{};
   GetWindowRect(AwaitMenu(), &place);
-  // The separators are low, so each item has its quarter.
+  // Separators are low, so each item has about a quarter.
   ClickAt((place.left + place.right) / 2, place.top + (place.bottom - place.top) * (2 * number - 1) / 8);
   AwaitNoMenu();
 }
@@ -273,7 +273,7 @@ DWORD Till::ExitCode() const {
 }
 
 void Till::ExpectEnd() const {
-  Picture1();  // still known when the program has ended
+  Picture1();  // still known after the program's end
   EXPECT_EQ(ExitCode(), 0U);
   EXPECT_EQ(shop_.Journal("Log.txt").back(), "End");
   EXPECT_FALSE(HasIcon());

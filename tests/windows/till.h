@@ -18,13 +18,13 @@ using Lines = std::vector<std::string>;
 /// The shop's folder: the program's settings, logs and tickets.
 class Shop {
  public:
-  /// `script` is what the simulated register does; no time passes on its line. A shop without settings is one
+  /// `script` configures the simulated register; transmission takes no time. Without settings it is a shop
   /// before its first start.
   explicit Shop(const std::string& script = {}, bool withSettings = true);
 
-  /// Puts a ticket where the program takes it, as a host does: whole at once.
+  /// Drops a complete ticket into the ticket folder, like a host.
   void Drop(const std::string& name, const std::string& content) const;
-  /// Asks the program to end, as a host does.
+  /// Asks the program to end, like a host.
   void Quit() const;
   /// The messages of a log without their stamps.
   Lines Journal(const std::string& name) const;
@@ -32,7 +32,7 @@ class Shop {
   TempFolder folder;
 };
 
-/// Kills a process that outlives its time, so that nothing hangs with it.
+/// Kills a process that exceeds its lifetime, so that the tests do not hang.
 class Lifetime {
  public:
   /// `process` outlives the object.
@@ -48,12 +48,11 @@ class Lifetime {
 constexpr const wchar_t* kProgram = L"Orvenza.exe";
 constexpr const wchar_t* kLab = L"orvenza-lab.exe";
 
-/// Of a program beside the tests.
+/// Path of a program beside the tests.
 std::wstring ProgramPath(const wchar_t* name = kProgram);
 
-/// The running program, with its windows. What is waited for must come within kPatience; what does not come
-/// fails the test by an exception. A program that outlives its lifetime is killed, so that nothing hangs with
-/// it.
+/// The running program with its windows. Everything waited for must come within kPatience; otherwise an
+/// exception fails the test. A program that exceeds its lifetime is killed, so that the tests do not hang.
 class Till {
  public:
   static constexpr std::chrono::seconds kPatience{30};
@@ -61,42 +60,41 @@ class Till {
 
   enum class Link { kSimulated, kControl };
 
-  /// `shop` outlives the till. The register is simulated by the program, or stands behind the registered
-  /// control.
+  /// `shop` outlives the till. The register is simulated by the program or is behind the registered control.
   explicit Till(const Shop& shop, Link link = Link::kSimulated, std::chrono::seconds lifetime = kLifetime);
-  /// The program with `options` alone, and no place to write to.
+  /// Starts the program with only `options`, and without an output.
   Till(const Shop& shop, const std::string& options);
   ~Till();
   Till(const Till&) = delete;
   Till& operator=(const Till&) = delete;
 
-  /// The visible form of this class, waited for until it is in front and has the focus.
+  /// Waits until the form of this class is visible, in front and focused.
   HWND Form(const wchar_t* className) const;
-  /// The same, with this title.
+  /// The same for a form with this title.
   HWND Form(const wchar_t* className, const std::string& title) const;
-  /// The visible form of this class now; null when there is none.
+  /// The form of this class if it is visible now; otherwise null.
   HWND FormNow(const wchar_t* className) const;
-  /// Waits until the window is no more.
+  /// Waits until the window is destroyed.
   void Gone(HWND window) const;
 
-  /// Every visible top-level window of the program, by class.
+  /// Class names of the program's visible top-level windows.
   std::vector<std::wstring> Visible() const;
 
   HWND Main() const;
   HWND Picture1() const;
   HWND SessionWindow() const;
   bool HasIcon() const;
-  /// Takes the icon away behind the program's back, as a shell that breaks down does.
+  /// Removes the icon behind the program's back, like a crashing shell.
   void LoseIcon() const;
   void AwaitIcon() const;
-  /// Waits until tickets are taken: an undisturbed start has its two lines in the log.
+  /// Waits until the program polls: a normal start logs two lines.
   void AwaitStart() const;
-  /// Waits until a ticket of this content lies in the historic folder as `name`.
+  /// Waits until a ticket with this content is in the historic folder as `name`.
   void AwaitArchived(const std::string& name, const std::string& content) const;
 
-  /// The shell tells of the mouse on the icon, and does not wait for what comes of it.
+  /// Sends the icon a mouse message from the shell, without waiting for the effect.
   void TellIcon(LPARAM mouseMessage) const;
-  /// Opens the menu and clicks on its item `number`, from 1.
+  /// Opens the menu and clicks its item `number`, from 1.
   void Menu(int number) const;
   HWND MenuNow() const;
   HWND AwaitMenu() const;
@@ -104,7 +102,7 @@ class Till {
 
   /// Waits for the end of the program and returns its exit code.
   DWORD ExitCode() const;
-  /// Waits for its end in order: exit code 0, "End" in the log, and the icon taken away.
+  /// Waits for an orderly end: exit code 0, "End" in the log, and no icon.
   void ExpectEnd() const;
   bool Runs() const;
   HANDLE Process() const { return process_.Get(); }
@@ -127,7 +125,7 @@ struct ProgramRun {
   DWORD exitCode = 0;
   std::string output;
 };
-/// Runs a program with `options` that it ends with by itself.
+/// Runs a program with `options` that make it end by itself.
 ProgramRun RunProgram(const std::string& options, const wchar_t* name = kProgram);
 
 }  // namespace orvenza::test

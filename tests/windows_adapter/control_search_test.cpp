@@ -1,7 +1,7 @@
 #include "lab/shell/windows/control_search.h"
 
 #include <windows.h>
-// After <windows.h>.
+// Requires <windows.h>.
 #include <gtest/gtest.h>
 
 #include "platform/windows/wide.h"
@@ -11,7 +11,7 @@
 namespace orvenza::test {
 namespace {
 
-/// What is found while `library` is registered as the link control.
+/// The registration found while `library` is registered as the link control.
 ControlRegistration FoundWith(const std::wstring& library) {
   RegisterStandIn(library);
   const ControlRegistration found = SearchControl();

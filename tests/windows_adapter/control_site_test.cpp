@@ -7,7 +7,7 @@
 namespace orvenza::test {
 namespace {
 
-/// What a site gives as an ambient property.
+/// An ambient property as a site returns it.
 Variant Ambient(DISPID property) {
   const auto site = MakeCom<ControlSite>(nullptr);
   DISPPARAMS none{};

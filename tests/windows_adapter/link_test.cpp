@@ -9,7 +9,7 @@
 namespace orvenza::test {
 namespace {
 
-/// Window messages are real, time is not: what the stand-in says comes as soon as it is waited for.
+/// Window messages are real, time is not: the stand-in's replies arrive as soon as the program waits.
 class TestPump : public EventPump {
  public:
   TestPump(EventPump& messages, VirtualClock& clock) : messages_(messages), clock_(clock) {}
@@ -28,7 +28,7 @@ class TestPump : public EventPump {
   VirtualClock& clock_;
 };
 
-/// The connector's side of the link, over the adapter.
+/// The connector's side of the link, on the adapter.
 class LinkTest : public StandInBench {
  protected:
   LinkTest() {

@@ -5,7 +5,7 @@ namespace {
 
 class MembersTest : public StandInBench {
  protected:
-  /// What the stand-in was set to by `action`, with a fresh control in this behaviour.
+  /// The properties set on a fresh stand-in with this behaviour by `action`.
   template <typename Action>
   Lines SetBy(const std::string& behaviour, Action action) {
     Behave(behaviour);

@@ -1,13 +1,13 @@
-// Texts that go to the control and come from it are freed.
+// Texts passed to and from the control are freed.
 
 #include "windows_adapter/standin_bench.h"
-// After <windows.h>.
+// Requires <windows.h>.
 #include <psapi.h>
 
 namespace orvenza::test {
 namespace {
 
-/// Texts of 2 kB each: those of a single call for each round would come to 20 MB.
+/// Texts of 2 kB: a leak of one text per round would total 20 MB.
 constexpr int kRounds = 10000;
 constexpr std::size_t kLength = 1000;
 constexpr SIZE_T kMemorySlack = 4 * 1024 * 1024;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <windows.h>
-// After <windows.h>.
+// These require <windows.h>.
 #include <gtest/gtest.h>
 #include <ole2.h>
 
@@ -20,7 +20,7 @@ namespace orvenza::test {
 
 using Lines = std::vector<std::string>;
 
-/// Notes the events it hears.
+/// Records the events.
 struct Listener : EcrLinkEvents {
   Lines heard;
 
@@ -30,8 +30,8 @@ struct Listener : EcrLinkEvents {
   void LinkError2() override { heard.push_back("error 2"); }
 };
 
-/// The adapter and the stand-in, which is registered as the link control during each test. No time passes on
-/// its line. At the end nothing of the control may be left.
+/// The adapter and the stand-in, which is registered as the link control during each test. Transmission takes
+/// no time. At the end no object of the control may be left.
 class StandInBench : public ::testing::Test {
  protected:
   StandInBench() {
@@ -39,7 +39,7 @@ class StandInBench : public ::testing::Test {
     Set("ORVENZA_STANDIN_LOG", folder.Native("standin.log").string());
     Script("");
     Behave("");
-    // Keeps the library loaded, so that it can be asked at the end.
+    // Keeps the library loaded, so that it can be queried at the end.
     EXPECT_HRESULT_SUCCEEDED(::OleInitialize(nullptr));
     adapter.emplace();
     adapter->SetEvents(&listener);
@@ -57,14 +57,14 @@ class StandInBench : public ::testing::Test {
     EXPECT_TRUE(NothingIsLeft());
   }
 
-  /// How a control that is created from now on behaves.
+  /// The behaviour of controls created from now on.
   void Behave(const std::string& words) { Set("ORVENZA_STANDIN_BEHAVIOUR", words); }
   void Script(const std::string& lines) {
     folder.Write("standin.sim", "speed instant\n" + lines);
     Set("ORVENZA_STANDIN_SCRIPT", folder.Native("standin.sim").string());
   }
 
-  /// What was done to the stand-in since the last call.
+  /// The stand-in's calls since the last one of this function.
   Lines Done() {
     std::istringstream text(folder.Read("standin.log").substr(read_));
     Lines lines;
@@ -84,13 +84,13 @@ class StandInBench : public ::testing::Test {
     adapter->Send();
   }
 
-  /// Sends a command and delivers what it brings about.
+  /// Sends a command and delivers its events.
   void Exchange(const std::string& command) {
     Send(command);
     pump.Dispatch();
   }
 
-  /// The description of the failure of `action`, preceded by its number; "" when it does not fail.
+  /// Number and description of the failure of `action`; "" if it does not fail.
   template <typename Action>
   static std::string Failure(Action action) {
     try {

@@ -1,5 +1,5 @@
-// console_host EVENT COMMAND: starts the command in this program's console, presses Ctrl+C there as soon as
-// the event of that name is set, and ends as the command did.
+// console_host EVENT COMMAND: runs the command in this program's console, presses Ctrl+C there once the named
+// event is set, and ends with the command's exit code.
 
 #include <windows.h>
 
@@ -10,7 +10,7 @@ int main(int, char** words) {
   if (!CreateProcessA(nullptr, words[2], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process))
     return 99;
   WaitForSingleObject(OpenEventA(SYNCHRONIZE, FALSE, words[1]), INFINITE);
-  SetConsoleCtrlHandler(nullptr, TRUE);  // only now: the command would inherit it
+  SetConsoleCtrlHandler(nullptr, TRUE);  // not earlier: the command would inherit it
   GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
   WaitForSingleObject(process.hProcess, INFINITE);
   DWORD exitCode = 0;

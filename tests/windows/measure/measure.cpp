@@ -1,8 +1,8 @@
-// What the finished program costs, with its windows and the stand-in of the control. It only measures: a
-// program of its own, and no test.
+// Measures the cost of the finished program with its windows and the stand-in for the control. A program of
+// its own, not a test.
 
 #include <windows.h>
-// After <windows.h>.
+// Requires <windows.h>.
 #include <psapi.h>
 
 #include <algorithm>
@@ -30,7 +30,7 @@ void Report(const char* what, std::vector<double> values, const char* unit) {
             << values.back() << " " << unit << std::endl;
 }
 
-/// Processor time so far, in milliseconds.
+/// Processor time used so far, in milliseconds.
 double UsedBy(HANDLE process) {
   FILETIME created;
   FILETIME ended;
