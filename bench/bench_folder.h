@@ -8,7 +8,7 @@
 
 namespace orvenza {
 
-/// A folder of its own for one benchmark, removed with all its content.
+/// A folder for one benchmark, removed with its content.
 class BenchFolder {
  public:
   BenchFolder()

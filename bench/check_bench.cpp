@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kLines = 1'000'000;
 
-/// A receipt as shops print it, over and over: `kLines` lines that are never in memory as a whole.
+/// A typical receipt repeated to `kLines` lines, which are never all in memory.
 class LongTicket : public ByteReader {
  public:
   std::size_t Read(char* buffer, std::size_t capacity) override {
@@ -36,7 +36,7 @@ class LongTicket : public ByteReader {
   int line_ = 0;
 };
 
-/// Takes everything, keeps nothing.
+/// Discards everything.
 class Nowhere : public std::streambuf {
  protected:
   int_type overflow(int_type c) override { return traits_type::not_eof(c); }

@@ -1,4 +1,4 @@
-// The connector's own time per exchange, beyond what register and line take, beside a loop that always sleeps
+// The connector's own time per exchange, without register and line, compared with a loop that always sleeps
 // its whole slice of 10 ms. Real time: the reply is an event that falls due after a fixed line time.
 
 #include <benchmark/benchmark.h>
@@ -22,7 +22,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// What an item command of 85 characters and its reply take at 19200 bits a second.
+/// Transmission time of an item command of 85 characters and its reply at 19200 bits per second.
 constexpr auto kLineTime = 46ms;
 
 /// Answers every command after the line time.
@@ -46,7 +46,7 @@ class PromptControl : public EcrLink {
   EcrLinkEvents* events_ = nullptr;
 };
 
-/// A pump whose waits are not ended by events.
+/// A pump whose waits do not end early when an event arrives.
 class WholeSlices : public EventPump {
  public:
   explicit WholeSlices(EventPump& real) : real_(real) {}

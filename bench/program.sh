@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# What the idle program costs: processor time and resident memory of the real Orvenza over SECONDS of polling.
+# The cost of the idle program: processor time and resident memory of the real Orvenza over SECONDS of polling.
 #
 #   bench/program.sh [PROGRAM [SECONDS]]      default: build/release/Orvenza, 60
 set -euo pipefail
@@ -18,7 +18,7 @@ exec 3> "$folder/input"
 until grep -q 'Dati Cash' "$folder/Log.txt" 2>/dev/null; do sleep 0.1; done
 sleep 1
 
-# Nanoseconds on a processor so far.
+# Processor time so far, in nanoseconds.
 used() { awk '{ print $1 }' "/proc/$pid/schedstat"; }
 before=$(used)
 sleep "$seconds"

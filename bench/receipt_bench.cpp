@@ -1,5 +1,5 @@
-// A receipt of 40 items printed by the whole connector on the simulated register at 19200-O-7-1, in real
-// time, beside the time that the line itself needs for the same characters.
+// The whole connector prints a receipt of 40 items on the simulated register at 19200-O-7-1, in real time,
+// compared with the transmission time of the same characters.
 
 #include <benchmark/benchmark.h>
 
@@ -55,7 +55,7 @@ void Receipt(benchmark::State& state) {
     SimulatedRegister device(clock, paper);
     SimulatedLink link(device, pump);
 
-    // From the status query that precedes the ticket to the reply that closes it.
+    // From the status query before the ticket to the reply that closes it.
     std::chrono::nanoseconds start{};
     std::chrono::nanoseconds end{};
     std::size_t characters = 0;

@@ -1,6 +1,6 @@
-// One tick over 10, 1,000 and 10,000 waiting ticket files, beside a bare listing with times of the same
-// folders. "Look" is what every tick does: both lists and the command file. "Tick" also takes one ticket in,
-// prints it on a register that answers at once, and archives it.
+// One tick with 10, 1,000 and 10,000 waiting ticket files, compared with a bare listing of the same folders
+// with times. "Look" is the work of every tick: both lists and the command file. "Tick" also takes one ticket
+// in, prints it on a register without delays, and archives it.
 
 #include <benchmark/benchmark.h>
 #include <dirent.h>
@@ -24,7 +24,7 @@ namespace {
 
 constexpr const char* kTicket = "1;PANE;1,000;150;1;;;1;;\r\n2;1;150;;;\r\n";
 
-/// The polling loop with all it needs, in a folder with `count` waiting tickets.
+/// The polling loop and its objects, in a folder with `tickets` waiting tickets.
 struct PollingShop {
   explicit PollingShop(int tickets) {
     for (int ticket = 0; ticket < tickets; ++ticket) Drop(ticket);

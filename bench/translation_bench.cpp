@@ -21,7 +21,7 @@ class StoppedClock : public Clock {
   std::string Stamp(const LocalTime&) const override { return {}; }
 };
 
-/// A receipt as shops print it: mostly items, some texts, a payment.
+/// A typical receipt: mostly items, some texts, a payment.
 const std::vector<std::string>& Lines() {
   static const std::vector<std::string> lines = {
       "1;Pane casereccio al kg;1,250;450;3;;;1;;",
@@ -44,7 +44,7 @@ std::vector<RecordFields> Records() {
   return records;
 }
 
-/// A translator of its own surroundings.
+/// A translator with everything it needs.
 struct World {
   RegisterIdentity identity{"  TOVEST 8", "2.02.00", 20200};
   AppSettings settings;

@@ -1,8 +1,8 @@
-# GoogleTest, and orvenza_discover_tests(TARGET), which makes the tests of a program known to ctest.
+# GoogleTest, and orvenza_discover_tests(TARGET), which registers a program's tests with ctest.
 
 set(googletest_source /usr/src/googletest)
 if(CMAKE_CROSSCOMPILING)
-  # No library is packaged for the other system, so it is built from the sources of the package googletest.
+  # No library is packaged for cross builds, so it is built from the sources in the package googletest.
   if(NOT EXISTS ${googletest_source}/CMakeLists.txt)
     message(FATAL_ERROR "The tests need ${googletest_source} (package googletest); -DORVENZA_TESTS=OFF does without")
   endif()
@@ -20,11 +20,11 @@ else()
   include(GoogleTest)
 endif()
 
-# Asking each program for its tests costs a start under the emulator, so there a program is one test.
+# Listing a program's tests means starting it in the emulator, so there each program is one test.
 function(orvenza_discover_tests target)
   if(CMAKE_CROSSCOMPILING)
     add_test(NAME ${target} COMMAND ${target})
-    # Not universal time, so that confusing it with local time shows.
+    # Not UTC, so that a confusion of UTC and local time shows.
     set_tests_properties(${target} PROPERTIES TIMEOUT 1800 RESOURCE_LOCK wine ENVIRONMENT TZ=Europe/Rome)
   else()
     gtest_discover_tests(${target} NO_PRETTY_VALUES PROPERTIES TIMEOUT 300 DISCOVERY_TIMEOUT 60)

@@ -1,19 +1,19 @@
-# One static library a room. The linker keeps the plan of the house: a room sees only the rooms it names.
+# One static library per room. The linker enforces the layers: a room sees only the rooms it names.
 
 add_library(orvenza_options INTERFACE)
 if(MSVC)
   target_compile_options(orvenza_options INTERFACE /W4 /WX /utf-8 /permissive-)
-  # Functions of the standard, such as std::getenv, are not to be warned of.
+  # No warnings about standard functions such as std::getenv.
   target_compile_definitions(orvenza_options INTERFACE _CRT_SECURE_NO_WARNINGS)
 else()
   target_compile_options(orvenza_options INTERFACE -Wall -Wextra -Wconversion -Wsign-conversion -Wshadow -Werror)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # GCC 12 sees overlaps in std::string that are not there (its bug 105651).
+    # GCC 12 wrongly reports overlaps in std::string (its bug 105651).
     target_compile_options(orvenza_options INTERFACE -Wno-restrict)
   endif()
 endif()
 if(WIN32)
-  # Windows 7 is the oldest system served.
+  # Windows 7 is the oldest supported version.
   target_compile_definitions(orvenza_options INTERFACE WIN32_LEAN_AND_MEAN= NOMINMAX= _WIN32_WINNT=0x0601)
   set(orvenza_system windows)
 else()
@@ -29,9 +29,9 @@ if(ORVENZA_FUZZ)
   target_compile_options(orvenza_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# orvenza_room(NAME [FOLDERS FOLDER...] [SYSTEM FOLDER...] [USES ROOM...] [LIBRARIES LIBRARY...]) makes the library
-# orvenza_NAME from the sources in the current folder and in each FOLDER below it; those of SYSTEM belong to the operating
-# system this build is for, and so do the LIBRARIES.
+# orvenza_room(NAME [FOLDERS FOLDER...] [SYSTEM FOLDER...] [USES ROOM...] [LIBRARIES LIBRARY...]) creates the library
+# orvenza_NAME from the sources in the current folder and in each FOLDER below it. The folders after SYSTEM are for
+# the target operating system, as are the LIBRARIES.
 function(orvenza_room name)
   cmake_parse_arguments(ROOM "" "" "FOLDERS;SYSTEM;USES;LIBRARIES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)

@@ -1,8 +1,8 @@
-# Cross build for 32-bit Windows with MinGW. The programs carry their run time in themselves: one file, no DLL beside it.
+# Cross build for 32-bit Windows with MinGW. The programs contain their run-time library: one file, no DLL beside it.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 
-# Debian's variant with the threads of Windows itself. The C compiler is GoogleTest's wish.
+# Debian's variant with Windows threads. GoogleTest requires the C compiler.
 set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-win32)
 set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-win32)
 set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Fails when a source file is not laid out as .clang-format says. With --fix, lays all of them out.
+# Fails if a source file is not formatted according to .clang-format. With --fix, formats all of them.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-# Other versions lay out a few things differently.
+# Other versions format a few things differently.
 formatter=$(command -v clang-format-14 || command -v clang-format) || {
   echo "check_format: clang-format is not installed" >&2
   exit 1

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Checks that the include lines keep the plan of the house: tools/check_includes.sh [ROOT]. Every finding is
-# one line, and any finding fails.
+# Checks that the include lines respect the layers: tools/check_includes.sh [ROOT]. Prints one line per finding
+# and fails if there is one.
 #
 #   - a room includes itself and the rooms below it, written as "room/file.h";
-#   - headers of an operating system stand only below posix/, windows/ and terminal/, and so do includes of
-#     those folders;
-#   - no test of the operating system outside posix/ and windows/;
+#   - headers of an operating system are included only below posix/, windows/ and terminal/, and so are headers
+#     from those folders;
+#   - the operating system is tested only in posix/ and windows/;
 #   - std::chrono::steady_clock only below posix/: in some builds of GCC for Windows it is the PC clock, which
 #     can be set. Everything else takes its time from a Clock.
 set -euo pipefail
@@ -47,7 +47,7 @@ find . \( -name '*.cpp' -o -name '*.h' \) -print | sed 's|^\./||' | LC_ALL=C sor
         else if (name ~ /\/(posix|windows|terminal)\// && !ofSystem)
           find("\"" name "\" belongs to one system")
       }
-      # The standard headers of C++ have no extension and no folder.
+      # The standard headers of C++ have neither extension nor folder.
       /^[ \t]*#[ \t]*include[ \t]*</ {
         name = $0
         sub(/^[^<]*</, "", name)

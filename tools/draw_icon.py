@@ -21,7 +21,7 @@ EDGE = (24, 62, 98)
 RING = (0, 112, 178)
 PRINT = (150, 172, 192)
 
-# Points a pixel is looked at in each direction; odd places only, so that no edge is hit exactly.
+# Samples per pixel in each direction, at odd positions only, so that no edge is hit exactly.
 GRID = 8
 UNIT = 2 * GRID
 
@@ -70,7 +70,7 @@ def above_stair(drawing, x, y, inset):
 def above_slopes(drawing, x, y, inset):
     """The same for a torn edge of slopes, in which the outline is as thick as along the sides."""
     width, height = drawing.tooth
-    # Twice the distance from the middle of the tooth, whose tip hangs there.
+    # Twice the distance from the middle of the tooth, where its tip is.
     off = abs(2 * ((x - drawing.left * UNIT) % (width * UNIT)) - width * UNIT)
     slanted = int(inset * UNIT * (1 + (2 * height / width) ** 2) ** 0.5)
     return y < (drawing.top + drawing.height) * UNIT - off * height // width - slanted

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Hands tickets over as a host application does: tools/drop.sh SHOP FILE...
+# Drops tickets like a host application: tools/drop.sh SHOP FILE...
 #
-# The examples are kept readable. On the way into the shop their ";" become the separator of the default
-# settings (character 127), their letters those of Windows-1252 and their line ends CR LF. Each file is written
-# beside the ticket folder and renamed into it, so that the connector never sees half a ticket.
+# The examples are readable text. On the way into the shop ";" becomes the separator of the default settings
+# (character 127), the encoding becomes Windows-1252 and line breaks become CR LF. Each file is written beside the
+# ticket folder and renamed into it, so that the connector never sees half a ticket.
 set -euo pipefail
 
 [ $# -ge 2 ] || { echo "usage: tools/drop.sh SHOP FILE..." >&2; exit 2; }

@@ -16,14 +16,14 @@ TARGET = Path(__file__).resolve().parent.parent / "assets/ding.wav"
 
 RATE = 22050
 LENGTH = 0.85  # seconds
-FADE = 0.05  # at the end, so that it does not end with a click
+FADE = 0.05  # at the end, to avoid a click
 RISE = 0.003  # at the start of a tone, for the same reason
 PEAK = 0.7 * 32767
 
-# Start in seconds and frequency: G6 and, when that has half died away, E flat 6.
+# Start in seconds and frequency: G6 and, once it has faded by half, E flat 6.
 TONES = [(0.0, 1567.98), (0.22, 1244.51)]
 
-# A small bell: multiples of the frequency, loudness, and seconds to fall to a third.
+# A small bell: multiple of the frequency, loudness, and seconds until it fades to a third.
 PARTIALS = [(1.0, 1.0, 0.22), (2.0, 0.35, 0.12), (3.01, 0.18, 0.07), (4.2, 0.08, 0.04)]
 
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Installs the packages that building and testing need, as far as they are missing.
+# Installs the missing packages needed for building and testing.
 #
-#   tools/setup.sh            what ./demo and ./test need
+#   tools/setup.sh            the packages for ./demo and ./test
 #   tools/setup.sh PACKAGE... these packages as well
 set -euo pipefail
 

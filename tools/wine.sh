@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs Windows programs under Wine, in a system of their own with a screen of their own: see usage below.
+# Runs Windows programs under Wine in an isolated system with its own screen: see usage below.
 set -euo pipefail
 
 usage() {
@@ -50,14 +50,14 @@ check() {
   command -v debootstrap >/dev/null || fail "debootstrap is missing, and there is no system in $root yet"
 }
 
-# Made beside its place and moved there when it is whole. Nothing that was there before is ever removed.
+# Built beside its final place and moved there when complete. Existing files are never removed.
 make_root() {
   [ ! -e "$mark" ] || return 0
   echo "wine.sh: making the system in $root (log: $root.log)" >&2
   local part
   part=$(mktemp -d "$root.part.XXXXXX")
   chmod 755 "$part"
-  # In a mount namespace of its own: what debootstrap mounts is never seen from here, where $part may be removed.
+  # In its own mount namespace: debootstrap's mounts stay invisible here, where $part may be removed.
   if unshare --mount --propagation private \
     debootstrap --arch=i386 --variant=minbase --include="$packages" "$debian" "$part" >"$root.log" 2>&1; then
     rm -f "$part"/var/cache/apt/archives/*.deb
@@ -70,8 +70,8 @@ make_root() {
   fi
 }
 
-# Run in mounts and processes of its own, which end with it. Of the outside, the root folder shows only the folders
-# given, below their own names; its devices are its own.
+# Runs with its own mounts and processes, which end with it. The root folder shows only the given folders of the
+# outside, under their own names, and has its own devices.
 enter() {
   exec 9>&-
   for folder in "$@"; do
@@ -87,7 +87,7 @@ enter() {
   done
 }
 
-# Run within that system: the first argument is the folder to work in, the others are the command.
+# Runs inside that system: the first argument is the working folder, the others are the command.
 within() {
   cd "$1"
   shift
@@ -97,9 +97,9 @@ within() {
   if [ ! -e "$WINEPREFIX/orvenza-ready" ]; then
     mkdir -p "$(dirname "$WINEPREFIX")"
     wineboot --init </dev/null >/dev/null 2>&1
-    # Tahoma and the signs of the title bar.
+    # Tahoma and the symbols of the title bar.
     cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
-    # Every program is on a desktop of this name, which has a taskbar with a notification area.
+    # Every program runs on a desktop of this name, which has a taskbar with a notification area.
     wine reg add "HKCU\\Software\\Wine\\Explorer" /v Desktop /d shell /f >/dev/null
     wine reg add "HKCU\\Software\\Wine\\Explorer\\Desktops" /v shell /d 1024x768 /f >/dev/null
     wineserver -w
@@ -107,7 +107,7 @@ within() {
   fi
   result=0
   "$@" || result=$?
-  # Wine ends in order, so that its registry is on the disk.
+  # Ends Wine in an orderly way, so that its registry is saved.
   wineserver -k || true
   wineserver -w || true
   exit "$result"
@@ -115,10 +115,10 @@ within() {
 
 recipe=$({ declare -f make_root within; echo "$debian $packages"; } | cksum | cut -d ' ' -f 1)
 root=${ORVENZA_WINE_ROOT:-/opt/orvenza-wine-$recipe}
-# Only a system with this file in it is used: it was made here, to its end.
+# Only a system that contains this file is used: it was built here completely.
 mark=$root/etc/orvenza-wine
 
-# Folders outside the project that a run may show. Those of the system itself are another one's within.
+# Whether a folder outside the project may be shown to a run. The system's own folders exist inside, too.
 may_be_shown() {
   case "$1/" in
     "$project"/*) return 1 ;;
@@ -158,7 +158,7 @@ flock 9
 make_root
 export root
 export -f enter within
-# shellcheck disable=SC2016  # what stands in these quotes is for the shell within
+# shellcheck disable=SC2016  # the quoted text is for the inner shell
 exec unshare --mount --pid --fork --kill-child --propagation private bash -euc '
   count=$1; shift
   enter "${@:1:count}"

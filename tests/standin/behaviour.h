@@ -6,8 +6,8 @@
 
 namespace orvenza::test {
 
-/// Deviations of the stand-in from a well-behaved control: words separated by blanks, read from an environment
-/// variable at each use.
+/// Deviations of the stand-in from a well-behaved control: words separated by blanks, read from an
+/// environment variable at each use.
 ///
 ///     refuses            cannot be created
 ///     no-members         has no members to call
@@ -23,7 +23,8 @@ namespace orvenza::test {
 ///     inherited          its event interface lists a restricted method first
 ///     few-events         its event interface ends after its second entry
 ///     custom-events      its event interface is for calls by position, not by number
-///     noisy              raises an unlisted event before every reply, and drops the reply if a listener fails
+///     noisy              raises an unlisted event before every reply, and drops the reply if a listener
+///                        fails
 ///     at-once            raises the due events from inside the method that sends
 ///     registry-status    refers to the registry for its status flags, which then include site-first
 ///     state=KIND         is initialised by a stream (the default), storage, bag, none of them, or by storage

@@ -1,7 +1,7 @@
 #pragma once
 
-// GoogleTest's own place for what a port must bring along. The compiler's variant with the threads of Windows
-// has no std::mutex, from which GoogleTest would make this class; it is used by GoogleTest's own tests only.
+// GoogleTest's own place for a port's definitions. The compiler's variant with Windows threads lacks
+// std::mutex, which GoogleTest needs for this class; only GoogleTest's own tests use it.
 
 #include <atomic>
 
