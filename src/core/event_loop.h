@@ -33,6 +33,9 @@ class EventLoop {
   /// Sleeps at most one slice, less when an event arrives. Never throws ProgramEnd.
   void Slice() { pump_.WaitForEvent(kSlice); }
 
+  /// To be called before Slice by a wait that only an event or the uptime `until` can end.
+  void SkipIdle(std::chrono::nanoseconds until) { pump_.SkipIdle(kSlice, until); }
+
   /// Delivers what waits, without sleeping. Never throws ProgramEnd.
   void Dispatch() { pump_.Dispatch(); }
 

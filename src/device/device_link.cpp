@@ -17,8 +17,8 @@ constexpr const char* kFailureLabel = "EcrLinkX1 - ";
 constexpr int kPresenceReads = 3;
 constexpr std::size_t kCodeLength = 4;
 constexpr double kSecondsPerDay = 86400;
-/// Longest time, in seconds, that the end of the program waits for a reply.
-constexpr double kLongestHold = 60;
+/// Longest time that the end of the program waits for a reply.
+constexpr auto kLongestHold = 60s;
 /// A delivery that takes longer was a loop of its own, such as an open menu, behind which a reply may wait.
 constexpr auto kLongDelivery = 100ms;
 /// How long a wait goes on after such a delivery, at least.
@@ -194,10 +194,12 @@ bool DeviceLink::WaitReply(double replyWait, std::string_view code) {
   // The time of day starts again at midnight: an ordinary wait begun just before ends only with a reply, on
   // purpose. Otherwise the wait is measured by a clock that nobody sets.
   const bool endless = replyWait == kReplyWait && clock_.SecondsSinceMidnight() + replyWait >= kSecondsPerDay;
-  const auto deadline = clock_.Uptime() + std::chrono::duration<double>(replyWait);
+  const auto ordinary =
+      std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::duration<double>(replyWait));
+  const auto deadline = clock_.Uptime() + ordinary;
   // The end of the program is held back while the register may still answer, so that no command is left in
   // doubt.
-  const auto held = clock_.Uptime() + std::chrono::duration<double>(std::min(replyWait, kLongestHold));
+  const auto held = clock_.Uptime() + std::min<std::chrono::nanoseconds>(ordinary, kLongestHold);
   auto grace = clock_.Uptime();
   for (auto last = grace;; loop_.Slice()) {
     loop_.Dispatch();
@@ -208,6 +210,8 @@ bool DeviceLink::WaitReply(double replyWait, std::string_view code) {
     if (now < grace) continue;
     if (!endless && now >= deadline) break;
     if (now >= held) loop_.CheckEnd();
+    loop_.SkipIdle(now < held ? held : endless ? now + ordinary : deadline);
+    last = clock_.Uptime();
   }
   unanswered_.emplace(code);
   return false;

@@ -1,26 +1,29 @@
 #include "platform/clock.h"
 
-#include <cstdio>
+#include <algorithm>
 
 namespace orvenza {
+namespace {
+
+/// `number` with zeros in front, at least `width` digits.
+std::string Digits(int number, std::size_t width) {
+  const std::string digits = std::to_string(number);
+  return std::string(width - std::min(width, digits.size()), '0') + digits;
+}
+
+}  // namespace
 
 std::string DateDigits(const LocalTime& time) {
-  char digits[40];
-  std::snprintf(digits, sizeof digits, "%04d%02d%02d", time.year, time.month, time.day);
-  return digits;
+  return Digits(time.year, 4) + Digits(time.month, 2) + Digits(time.day, 2);
 }
 
 std::string TimeDigits(const LocalTime& time) {
-  char digits[40];
-  std::snprintf(digits, sizeof digits, "%02d%02d%02d", time.hour, time.minute, time.second);
-  return digits;
+  return Digits(time.hour, 2) + Digits(time.minute, 2) + Digits(time.second, 2);
 }
 
 std::string FixedStamp(const LocalTime& time) {
-  char text[80];
-  std::snprintf(text, sizeof text, "%02d/%02d/%04d %02d:%02d:%02d", time.day, time.month, time.year,
-                time.hour, time.minute, time.second);
-  return text;
+  return Digits(time.day, 2) + "/" + Digits(time.month, 2) + "/" + Digits(time.year, 4) + " " +
+         Digits(time.hour, 2) + ":" + Digits(time.minute, 2) + ":" + Digits(time.second, 2);
 }
 
 }  // namespace orvenza

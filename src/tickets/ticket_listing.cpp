@@ -37,12 +37,14 @@ std::string SortKey(std::string_view entry) {
 }  // namespace
 
 TicketListing::SortedList TicketListing::Read(const std::string& folder) const {
+  const FolderListing files = folders_.ListFolder(folder + settings_.TicketMask);
+  if (files.empty()) return {};
   const std::vector<std::string> own = OwnNames(folder);
   const auto isOwn = [&](const std::string& name) {
     return !own.empty() && std::find(own.begin(), own.end(), ToUpperAscii(name)) != own.end();
   };
   std::vector<std::pair<std::string, std::string>> keyed;  // the key of an entry, and the entry
-  for (const FolderEntry& file : folders_.ListFolder(folder + settings_.TicketMask)) {
+  for (const FolderEntry& file : files) {
     if (file.isFolder || isOwn(file.name)) continue;
     std::string entry = DateDigits(file.modified) + TimeDigits(file.modified) + file.name;
     keyed.emplace_back(SortKey(entry), std::move(entry));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -23,6 +24,9 @@ class BoundedPump : public EventPump {
   void WaitForEvent(std::chrono::nanoseconds limit) override {
     Count();
     clock_.WaitForEvent(limit);
+  }
+  void SkipIdle(std::chrono::nanoseconds slice, std::chrono::nanoseconds until) override {
+    clock_.SkipIdle(slice, std::min<std::chrono::nanoseconds>(until, limit_));
   }
 
  private:

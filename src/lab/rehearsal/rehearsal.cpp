@@ -179,6 +179,12 @@ void Stage::SetUpEvents() {
 }
 
 void Stage::SetUpObservers() {
+  link_.SetObserver([this](LineEvent event, const std::string& text) { OnLine(event, text); });
+  paper_.SetSink([this](const std::string& line) {
+    outcome_.paper.push_back(line);
+    if (scenario_.transcript) transcript_.Add("paper", "|" + Printable(line));
+  });
+  if (!scenario_.transcript) return;
   disk_.SetObserver([this](const DiskEvent& event) { watch_.OnDisk(event); });
   clock_.SetObserver(
       [this](const LocalTime& time) { transcript_.Add("clock", "set to " + clock_.Stamp(time)); });
@@ -188,19 +194,16 @@ void Stage::SetUpObservers() {
     else
       transcript_.Add("answer", std::string(answer));
   });
-  link_.SetObserver([this](LineEvent event, const std::string& text) { OnLine(event, text); });
-  paper_.SetSink([this](const std::string& line) {
-    outcome_.paper.push_back(line);
-    transcript_.Add("paper", "|" + Printable(line));
-  });
 }
 
 void Stage::OnLine(LineEvent event, const std::string& text) {
+  if (event == LineEvent::kSent) {
+    outcome_.sent.push_back(text);
+    outcome_.lastSent = std::chrono::floor<milliseconds>(clock_.Uptime());
+  }
+  if (!scenario_.transcript) return;
   switch (event) {
-    case LineEvent::kSent:
-      outcome_.sent.push_back(text);
-      transcript_.Add("sent", Printable(text));
-      break;
+    case LineEvent::kSent: transcript_.Add("sent", Printable(text)); break;
     case LineEvent::kReceived: transcript_.Add("reply", Printable(text)); break;
     case LineEvent::kLinkError: transcript_.Add("reply", "link error " + text); break;
     case LineEvent::kAbsent: transcript_.Add("absent"); break;
@@ -336,7 +339,7 @@ void Stage::TakeStock() {
     Miss("the connector has ended before " + TimeText(event.at) + ": " + EventText(event));
   }
   if (outcome_.ended) MissFaults();
-  outcome_.events = transcript_.Events();
+  if (scenario_.transcript) outcome_.events = transcript_.Events();
   outcome_.receipts = device_.Receipts();
   outcome_.receiptOpen = device_.ReceiptOpen();
   for (const std::string& path : disk_.Paths()) outcome_.files[path] = disk_.Content(path).value_or("");

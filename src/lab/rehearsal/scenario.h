@@ -93,6 +93,8 @@ struct Scenario {
   bool untilPrinted = false;
   std::chrono::milliseconds limit{3'600'000};  ///< A run that takes longer is broken off.
   std::vector<Expectation> expectations;
+  bool transcript =
+      true;  ///< False: the outcome holds no events, which makes the rehearsal a good deal faster.
 };
 
 /// Reads a scenario; docs/rehearsal.md describes its form. `name` is for messages. Throws ScriptError.

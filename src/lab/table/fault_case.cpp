@@ -70,9 +70,7 @@ FileEnd EndOf(const std::string& content, const RehearsalOutcome& outcome) {
 
 /// Whether nothing was sent for longer than any wait for a reply takes.
 bool WaitsForOneReply(const RehearsalOutcome& outcome) {
-  const auto last = std::find_if(outcome.events.rbegin(), outcome.events.rend(),
-                                 [](const RehearsalEvent& event) { return event.kind == "sent"; });
-  return last != outcome.events.rend() && last->at + kLongWait < kForever;
+  return !outcome.sent.empty() && outcome.lastSent + kLongWait < kForever;
 }
 
 /// What all faults at a step begin with.
@@ -100,6 +98,7 @@ class Exploration {
       event.at = ground.moment + fault.delay;
       scenario_.events.insert(scenario_.events.begin(), event);
     }
+    scenario_.transcript = false;
     const FaultScript script = ParseFaultScript(ground.step.name, FaultLines(ground.step, fault));
     scenario_.device.faults.insert(scenario_.device.faults.end(), script.faults.begin(), script.faults.end());
   }

@@ -42,6 +42,19 @@ TEST(Rehearsal, GivesTheSameTranscriptEachTime) {
   EXPECT_EQ(first.back(), "     5085  end");
 }
 
+TEST(Rehearsal, RunsTheSameWithoutATranscript) {
+  Scenario scenario = ParseScenario("day", std::string(kReceipt) + "at 5s quit\n");
+  const RehearsalOutcome told = Rehearse(scenario);
+  scenario.transcript = false;
+  const RehearsalOutcome quiet = Rehearse(scenario);
+  EXPECT_TRUE(quiet.events.empty());
+  EXPECT_TRUE(quiet.ended);
+  EXPECT_EQ(quiet.sent, told.sent);
+  EXPECT_EQ(quiet.lastSent, told.lastSent);
+  EXPECT_EQ(quiet.paper, told.paper);
+  EXPECT_EQ(quiet.files, told.files);
+}
+
 TEST(Rehearsal, BreaksOffAtADialogWithoutAnAnswer) {
   const RehearsalOutcome outcome = Play("register absent 1\nat 5s quit\n");
   EXPECT_FALSE(outcome.ended);
