@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "lab/rehearsal/rehearsal.h"
+#include "lab/rehearsal/scenario_reader.h"
 
 namespace orvenza::test {
 namespace {

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "core/text.h"
-#include "lab/rehearsal/transcript.h"
+#include "lab/rehearsal/transcript_text.h"
 
 namespace orvenza {
 namespace {

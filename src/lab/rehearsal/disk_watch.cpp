@@ -1,8 +1,11 @@
 #include "lab/rehearsal/disk_watch.h"
 
+#include <string>
+#include <string_view>
+
 #include "core/folder_path.h"
 #include "core/text.h"
-#include "lab/rehearsal/scenario.h"
+#include "lab/rehearsal/transcript_text.h"
 
 namespace orvenza {
 namespace {
@@ -23,11 +26,6 @@ std::string_view WithoutStamp(std::string_view line) {
 }
 
 }  // namespace
-
-std::string ShownPath(std::string_view path) {
-  const std::string prefix = std::string(kRehearsalFolder) + "\\";
-  return Printable(path.starts_with(prefix) ? path.substr(prefix.size()) : path);
-}
 
 void DiskWatch::OnDisk(const DiskEvent& event) {
   switch (event.act) {

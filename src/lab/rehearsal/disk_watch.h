@@ -1,16 +1,10 @@
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "core/settings.h"
 #include "lab/rehearsal/transcript.h"
 #include "simulator/virtual_disk.h"
 
 namespace orvenza {
-
-/// `path` as a transcript shows it: within the program folder of rehearsals without that.
-std::string ShownPath(std::string_view path);
 
 /// Tells a transcript what the connector does with the disk, in the words of tickets: taken, split, archived,
 /// aborted, deleted; and the lines of the two logs.

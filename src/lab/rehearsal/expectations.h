@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "lab/rehearsal/rehearsal.h"
+#include "lab/rehearsal/rehearsal_outcome.h"
 #include "lab/rehearsal/scenario.h"
 
 namespace orvenza {

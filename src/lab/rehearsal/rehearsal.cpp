@@ -15,6 +15,7 @@
 #include "lab/rehearsal/disk_watch.h"
 #include "lab/rehearsal/event_text.h"
 #include "lab/rehearsal/expectations.h"
+#include "lab/rehearsal/transcript_text.h"
 #include "platform/ini_profile_file.h"
 #include "platform/program_end.h"
 #include "platform/system_error.h"

@@ -3,9 +3,9 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "lab/rehearsal/disk_watch.h"
 #include "lab/rehearsal/rehearsal.h"
-#include "lab/rehearsal/scenario.h"
+#include "lab/rehearsal/scenario_reader.h"
+#include "lab/rehearsal/transcript_text.h"
 #include "platform/system_error.h"
 
 namespace orvenza {

@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/clock.h"
@@ -96,8 +95,5 @@ struct Scenario {
   bool transcript =
       true;  ///< False: the outcome holds no events, which makes the rehearsal a good deal faster.
 };
-
-/// Reads a scenario; docs/rehearsal.md describes its form. `name` is for messages. Throws ScriptError.
-Scenario ParseScenario(const std::string& name, std::string_view text);
 
 }  // namespace orvenza

@@ -3,8 +3,6 @@
 #include <cstdio>
 #include <utility>
 
-#include "core/text.h"
-
 namespace orvenza {
 namespace {
 
@@ -22,21 +20,6 @@ std::string TranscriptLine(const RehearsalEvent& event) {
   if (event.text.empty()) line.erase(line.find_last_not_of(' ') + 1);
   if (!event.text.empty()) line += " " + event.text;
   if (event.times > 1) line += " (" + std::to_string(event.times) + " times)";
-  return line;
-}
-
-std::string Printable(std::string_view bytes) {
-  std::string line;
-  for (const char c : ToUtf8(bytes)) {
-    const auto code = static_cast<unsigned char>(c);
-    if (code >= 32 && code != 127) {
-      line += c;
-      continue;
-    }
-    char number[8];
-    std::snprintf(number, sizeof number, "<%02X>", unsigned{code});
-    line += number;
-  }
   return line;
 }
 

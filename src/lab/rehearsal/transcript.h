@@ -7,24 +7,13 @@
 #include <string_view>
 #include <vector>
 
+#include "lab/rehearsal/rehearsal_outcome.h"
 #include "platform/clock.h"
 
 namespace orvenza {
 
-/// One event of a rehearsal.
-struct RehearsalEvent {
-  std::chrono::milliseconds at{};  ///< Since the start, rounded down.
-  std::string_view kind;           ///< "sent", "reply", "dialog" and so on; a constant.
-  std::string text;                ///< UTF-8 without control characters; may be empty.
-  std::size_t times = 1;           ///< How often it happened in a row at this moment.
-};
-
 /// The line of the transcript for an event.
 std::string TranscriptLine(const RehearsalEvent& event);
-
-/// `bytes` as one line of UTF-8: bytes that are not well-formed are read as Windows-1252, and a control
-/// character stands as its number in angle brackets, "<7F>".
-std::string Printable(std::string_view bytes);
 
 /// The events of a rehearsal in their order. Those that repeat themselves at once are one, and so are ticks
 /// in which nothing happens.

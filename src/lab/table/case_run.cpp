@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/catalogue.h"
+#include "lab/rehearsal/rehearsal.h"
 
 namespace orvenza {
 namespace {

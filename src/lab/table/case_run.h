@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "lab/rehearsal/rehearsal.h"
+#include "lab/rehearsal/rehearsal_outcome.h"
+#include "lab/rehearsal/scenario.h"
 #include "lab/table/fault_case.h"
 
 namespace orvenza {

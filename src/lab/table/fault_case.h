@@ -1,15 +1,38 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
-#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "lab/rehearsal/rehearsal.h"
-#include "lab/table/case_grid.h"
+#include "lab/rehearsal/scenario.h"
 #include "lab/table/slips.h"
 
 namespace orvenza {
+
+/// A command of a ticket, or another moment of it, at which something goes wrong.
+struct TicketStep {
+  std::string name;
+  /// A scenario (docs/rehearsal.md) without anything that goes wrong at the step itself. Its last file is the
+  /// ticket; one before it is an earlier ticket that leaves its receipt open.
+  std::string scenario;
+  /// What the command begins with, and which one in the scenario it is; empty where the ticket itself goes
+  /// wrong.
+  std::string command;
+  std::size_t occurrence = 1;
+};
+
+/// Something that goes wrong with a command.
+struct StepFault {
+  std::string name;
+  /// What the simulated register does, a fault a line, without the words that say with which command.
+  std::vector<std::string> effects;
+  bool eachTime = false;  ///< It strikes this command whenever it is sent from then on.
+  /// What happens while the connector waits for the reply.
+  std::optional<EventKind> meanwhile;
+  std::chrono::milliseconds delay{};  ///< How long after the command was sent.
+};
 
 /// Where a ticket's file is in the end.
 enum class FileEnd { kHistoric, kAbort, kWaiting, kGone };
@@ -21,12 +44,11 @@ enum class Verdict {
   kTwiceByChoice,  ///< More than that was printed, as the operator chose.
   kLostByChoice,   ///< Less than that was printed, as the operator chose.
   kAsksOn,         ///< The operator is asked for as long as the fault lasts.
-  kLost,           ///< The forbidden ones: less was printed, and nobody chose so;
-  kTwice,          ///< more was printed, and nobody chose so;
-  kHang,           ///< the connector goes on for ever without asking anybody.
+  // Forbidden unless a rule explains them:
+  kLost,   ///< Part of the ticket was not printed although nobody chose that.
+  kTwice,  ///< More than the ticket was printed although nobody chose that.
+  kHang,   ///< The connector goes on forever without asking the operator.
 };
-
-bool IsForbidden(Verdict verdict);
 
 /// What the operator answered to a dialog that left a choice.
 enum class Answer {
@@ -61,17 +83,5 @@ struct FaultCase {
   StepFault fault;
   std::vector<TicketEnd> ends;
 };
-
-/// Dialogs with a choice whose every answer is tried; later ones are answered in the way that goes forward.
-inline constexpr std::size_t kCaseDepth = 2;
-
-/// Tries every answer of the operator, systematically.
-FaultCase PlayCase(const TicketStep& step, const StepFault& fault, std::size_t depth = kCaseDepth,
-                   TableHour hour = TableHour::kDay);
-
-/// Plays steps with each of their faults, in order. `progress` is told after each how many of how many are
-/// done; null: nobody.
-std::vector<FaultCase> PlayCases(const std::vector<TicketStep>& steps, TableExtent extent, TableHour hour,
-                                 const std::function<void(std::size_t done, std::size_t all)>& progress = {});
 
 }  // namespace orvenza

@@ -6,6 +6,7 @@
 
 #include "core/text.h"
 #include "lab/table/failure_table.h"
+#include "lab/table/play_cases.h"
 
 namespace orvenza {
 namespace {
@@ -87,13 +88,13 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
   const std::vector<TicketStep> steps = ChosenSteps(arguments);
   const TableExtent extent = arguments.Has(kThinned) ? TableExtent::kThinned : TableExtent::kWhole;
   Progress progress(lab.console, lab.clock);
-  const auto settle = [&](TableHour hour, std::size_t before) {
+  const auto play = [&](TableHour hour, std::size_t before) {
     return PlayCases(steps, extent, hour, [&progress, before](std::size_t done, std::size_t all) {
       progress.Tell(before * all + done, 2 * all);
     });
   };
-  const auto byDay = settle(TableHour::kDay, 0);
-  const auto atMidnight = settle(TableHour::kMidnight, 1);
+  const auto byDay = play(TableHour::kDay, 0);
+  const auto atMidnight = play(TableHour::kMidnight, 1);
   progress.End();
   const std::string table = FailureTable(byDay, atMidnight);
   const auto output = arguments.Value(kOutput);

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "core/text.h"
+#include "lab/rehearsal/scenario.h"
 
 namespace orvenza {
 namespace {

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "lab/rehearsal/rehearsal_outcome.h"
 #include "lab/table/fault_case.h"
 
 namespace orvenza {
@@ -10,6 +11,8 @@ namespace orvenza {
 /// The lines of the error log, each once, in the order of their first appearance. What differs from one error
 /// or line to the next is left out.
 std::vector<std::string> ErrorLines(const RehearsalOutcome& outcome);
+
+bool IsForbidden(Verdict verdict);
 
 /// What `end` comes to, by its answers, its paper and its file.
 Verdict VerdictOf(const TicketEnd& end);

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "lab/rehearsal/scenario_reader.h"
+
 namespace orvenza::test {
 namespace {
 

@@ -61,11 +61,5 @@ TEST_F(TranscriptTest, TellsEachLineAsSoonAsTheNextBegins) {
   EXPECT_EQ(lines, Lines{"        0  sent      1"});
 }
 
-TEST(Printable, ShowsEveryByteOnOneLine) {
-  EXPECT_EQ(Printable("a\r\n\x7F"), "a<0D><0A><7F>");
-  EXPECT_EQ(Printable("Caff\xE8"), "Caffè");
-  EXPECT_EQ(Printable("Caffè"), "Caffè");
-}
-
 }  // namespace
 }  // namespace orvenza::test

@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "lab/table/failure_table.h"
+#include "lab/table/play_cases.h"
 #include "lab/table/table_rows.h"
 #include "lab/table/verdict.h"
 
@@ -29,7 +30,7 @@ std::string NameOf(const FaultCase& faultCase) {
 }
 
 /// A slow build tries less, and then cannot compare.
-std::vector<FaultCase> SettleAllAt(TableHour hour) {
+std::vector<FaultCase> PlayAllAt(TableHour hour) {
 #ifdef ORVENZA_THINNED_TABLE
   return PlayCases(TicketSteps(), TableExtent::kThinned, hour);
 #else
@@ -58,8 +59,8 @@ void ExpectRule(const FaultCase& faultCase, std::set<std::string>& used) {
 
 TEST(FailureTableDocument, SaysHowThingsEnd) {
   const std::string document = Document();
-  const std::vector<FaultCase> byDay = SettleAllAt(TableHour::kDay);
-  const std::vector<FaultCase> atMidnight = SettleAllAt(TableHour::kMidnight);
+  const std::vector<FaultCase> byDay = PlayAllAt(TableHour::kDay);
+  const std::vector<FaultCase> atMidnight = PlayAllAt(TableHour::kMidnight);
   const auto placed = PlaceTable(document, FailureTable(byDay, atMidnight));
   ASSERT_TRUE(placed);
 #ifndef ORVENZA_THINNED_TABLE

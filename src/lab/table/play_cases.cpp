@@ -1,9 +1,10 @@
-#include "lab/table/fault_case.h"
+#include "lab/table/play_cases.h"
 
 #include <algorithm>
 #include <stdexcept>
 #include <utility>
 
+#include "lab/rehearsal/scenario_reader.h"
 #include "lab/table/case_run.h"
 #include "lab/table/verdict.h"
 

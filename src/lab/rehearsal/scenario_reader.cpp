@@ -1,4 +1,4 @@
-#include "lab/rehearsal/scenario.h"
+#include "lab/rehearsal/scenario_reader.h"
 
 #include <algorithm>
 #include <charconv>
@@ -8,8 +8,8 @@
 
 #include "core/arguments.h"
 #include "core/text.h"
-#include "lab/rehearsal/disk_watch.h"
 #include "lab/rehearsal/scenario_events.h"
+#include "lab/rehearsal/transcript_text.h"
 #include "lab/settings/known_settings.h"
 #include "simulator/script_line.h"
 

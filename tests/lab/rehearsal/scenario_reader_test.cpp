@@ -1,4 +1,4 @@
-#include "lab/rehearsal/scenario.h"
+#include "lab/rehearsal/scenario_reader.h"
 
 #include <gtest/gtest.h>
 
