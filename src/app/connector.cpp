@@ -52,7 +52,8 @@ Connector::Connector(const Surroundings& around, const ProgramPaths& paths)
       processor_(files_, settings_, logs_, loop_, link_, cash_, recovery_, logo_, translator_, archive_),
       polling_(files_, folders_, settings_, logs_, loop_, timer1_, link_, queries_, clockCorrection_,
                splitter_, processor_, archive_, remembered_),
-      orvUti_(person_, messages_, files_, logs_, settings_, polling_) {}
+      closureRequests_(files_, folders_, settings_, logs_, remembered_),
+      orvUti_(person_, messages_, logs_, closureRequests_) {}
 
 int Connector::Run(bool anotherInstanceRuns) {
   try {

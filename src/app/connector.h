@@ -18,6 +18,7 @@
 #include "device/register_queries.h"
 #include "platform/files.h"
 #include "platform/folders.h"
+#include "tickets/closure_requests.h"
 #include "tickets/remembered_tickets.h"
 #include "tickets/ticket_archive.h"
 #include "tickets/ticket_polling.h"
@@ -112,6 +113,7 @@ class Connector {
   TicketSplitter splitter_;
   TicketProcessor processor_;
   TicketPolling polling_;
+  ClosureRequests closureRequests_;
   UtilitiesDialog orvUti_;
 
   std::function<void()> tickObserver_;

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <optional>
 
-#include "core/poll_timer.h"
 #include "core/text.h"
 #include "platform/system_error.h"
 
@@ -24,14 +23,6 @@ std::optional<int> TwoDigits(std::string_view reply, std::size_t start, int limi
 
 }  // namespace
 
-bool ClockCorrection::CountTick() {
-  if (settings_.PcTimeCorrection <= 0) return false;
-  seconds_ += std::chrono::duration<double>(PollTimer::kInterval).count();
-  if (seconds_ <= settings_.PcTimeCorrection) return false;
-  seconds_ = 0;
-  return true;
-}
-
 bool ClockCorrection::NearMidnight() const {
   const double guard = std::nearbyint(settings_.TimeShift + kMidnightMargin);
   // Two readings: midnight may pass between them.
@@ -49,7 +40,7 @@ void ClockCorrection::Correct(std::string_view reply) {
   if (std::abs(difference) <= settings_.TimeShift) return;
   try {
     clock_.SetTimeOfDay(*hour, *minute, 0);
-    seconds_ = 0;
+    ++corrections_;
   } catch (const SystemError& refusal) {
     if (!refusalLogged_) logs_.WrFailure("Timer1 - ", refusal.Number(), refusal.Description());
     refusalLogged_ = true;

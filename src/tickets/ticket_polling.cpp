@@ -61,7 +61,8 @@ TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& 
       processor_(processor),
       archive_(archive),
       remembered_(remembered),
-      listing_(folders, settings, logs, remembered.Path()) {}
+      listing_(folders, settings, logs, remembered.Path()),
+      clockCheck_(settings, clockCorrection) {}
 
 void TicketPolling::Tick() {
   timer_.SetEnabled(false);
@@ -99,19 +100,6 @@ void TicketPolling::ForgetGone() {
   std::erase_if(heldUp_, [&](const auto& tried) { return hasGone(tried.first); });
   std::erase_if(waiting_, hasGone);
   std::erase_if(single_, hasGone);
-}
-
-std::size_t TicketPolling::CountWaitingTickets() {
-  const TicketListing::SortedList list = listing_.Read(settings_.TicketFolder);
-  const auto waits = [&](const std::string& entry) { return !remembered_.Get().takenIn.contains(entry); };
-  return static_cast<std::size_t>(std::count_if(list.begin(), list.end(), waits));
-}
-
-void TicketPolling::PutLast(const std::string& name) {
-  const TicketListing::SortedList list = listing_.Read(settings_.TicketFolder);
-  if (list.empty() || TicketListing::NameOf(list.back()) == name) return;
-  files_.CopyModified(settings_.TicketFolder + TicketListing::NameOf(list.back()),
-                      settings_.TicketFolder + name);
 }
 
 bool TicketPolling::QuitAsked() {
@@ -305,7 +293,7 @@ void TicketPolling::RemoveSource(const std::string& entry) {
 }
 
 void TicketPolling::CorrectClock() {
-  if (!clockCorrection_.CountTick()) return;
+  if (!clockCheck_.CountTick()) return;
   queries_.StatusQuery("*");
   if (link_.ReplyText.starts_with("4201")) clockCorrection_.Correct(link_.ReplyText);
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <functional>
 #include <map>
 #include <set>
@@ -16,13 +15,13 @@
 #include "device/register_queries.h"
 #include "platform/files.h"
 #include "platform/folders.h"
+#include "tickets/clock_check.h"
 #include "tickets/piece_reader.h"
 #include "tickets/remembered_tickets.h"
 #include "tickets/ticket_archive.h"
 #include "tickets/ticket_listing.h"
 #include "tickets/ticket_processor.h"
 #include "tickets/ticket_splitter.h"
-#include "ui/utilities_dialog.h"
 
 namespace orvenza {
 
@@ -35,7 +34,7 @@ bool AsksToQuit(const Files& files, const std::string& commandFile);
 ///
 /// A ticket that cannot be taken in, split or read is tried again on every tick. For ten ticks it holds up
 /// all that come after it; then they pass, but never a closure or a report that is younger.
-class TicketPolling : public WaitingTickets {
+class TicketPolling {
  public:
   TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Logs& logs, EventLoop& loop,
                 PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
@@ -51,11 +50,6 @@ class TicketPolling : public WaitingTickets {
   /// Reads `List2`, the tickets taken in, again, making their folder where it has gone. Throws SystemError;
   /// the list is then empty.
   void RefreshInProcessList();
-
-  /// Counts the new tickets still to be printed, by a listing of its own: it may be asked for in the middle
-  /// of a tick.
-  std::size_t CountWaitingTickets() override;
-  void PutLast(const std::string& name) override;
 
  private:
   /// What came of a ticket, and what follows in this tick.
@@ -103,6 +97,7 @@ class TicketPolling : public WaitingTickets {
   TicketArchive& archive_;
   RememberedTickets& remembered_;
   TicketListing listing_;
+  ClockCheck clockCheck_;
   BetweenPieces breathe_ = [this] { Breathe(); };
   int pieces_ = 0;  // of large files, since the last look for the command file
 
