@@ -7,7 +7,6 @@
 #include "core/catalogue.h"
 #include "core/create_all_dirs.h"
 #include "core/folder_path.h"
-#include "core/text.h"
 #include "tickets/ticket_archive.h"
 
 namespace orvenza {

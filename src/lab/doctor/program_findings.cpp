@@ -5,7 +5,6 @@
 
 #include "core/folder_path.h"
 #include "core/logs.h"
-#include "core/text.h"
 #include "lab/shell/wording.h"
 #include "platform/ini_profile_file.h"
 #include "platform/ini_text.h"

@@ -9,7 +9,6 @@
 #include "app/connector.h"
 #include "core/event_loop.h"
 #include "core/logs.h"
-#include "core/text.h"
 #include "lab/rehearsal/bounded_pump.h"
 #include "lab/rehearsal/dialog_text.h"
 #include "lab/rehearsal/disk_watch.h"
