@@ -5,11 +5,11 @@
 #include "core/own_texts.h"
 #include "core/text.h"
 #include "core/version.h"
-#include "device/end_confirmation.h"
 #include "platform/system_error.h"
 #include "tickets/historic_rotation.h"
+#include "ui/end_confirmation.h"
 #include "ui/open_mark.h"
-#include "ui/wrong_path.h"
+#include "ui/path_reports.h"
 
 namespace orvenza {
 namespace {

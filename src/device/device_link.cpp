@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "core/catalogue.h"
-#include "device/end_confirmation.h"
 #include "platform/system_error.h"
+#include "ui/end_confirmation.h"
 
 namespace orvenza {
 namespace {

@@ -4,8 +4,8 @@
 
 #include "core/catalogue.h"
 #include "core/text.h"
-#include "device/end_confirmation.h"
 #include "device/quiet_query.h"
+#include "ui/end_confirmation.h"
 
 namespace orvenza {
 namespace {

@@ -11,7 +11,7 @@
 #include "core/text.h"
 #include "platform/program_end.h"
 #include "platform/system_error.h"
-#include "ui/wrong_path.h"
+#include "ui/path_reports.h"
 
 namespace orvenza {
 namespace {

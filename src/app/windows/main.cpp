@@ -12,13 +12,13 @@
 #include "platform/ini_profile_file.h"
 #include "platform/instance_lock.h"
 #include "platform/program_end.h"
+#include "platform/windows/parent_console.h"
 #include "platform/windows/program_place.h"
 #include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_event_pump.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_folders.h"
 #include "ui/operator_message.h"
-#include "ui/windows/parent_console.h"
 #include "ui/windows/windows_operator.h"
 
 namespace {
