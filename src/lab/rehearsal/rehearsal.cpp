@@ -72,8 +72,8 @@ const FirstFiles& FilesOfAFirstStart() {
 
 std::string TimeText(milliseconds time) { return std::to_string(time.count()) + " ms"; }
 
-/// Events that are events even before any time has passed.
-bool IsEvent(const ScenarioEvent& event) {
+/// Events that need a running connector: at 0 they happen in its first wait, not before its start.
+bool NeedsConnector(const ScenarioEvent& event) {
   return event.kind == EventKind::kMenu || event.kind == EventKind::kQuit ||
          event.kind == EventKind::kSessionEnds || event.kind == EventKind::kPowerFails;
 }
@@ -156,7 +156,8 @@ void Stage::SetUpFiles() {
   }
   const auto prepare = [this](bool comesOrGoes) {
     for (const ScenarioEvent& event : scenario_.events) {
-      if (event.at.count() == 0 && !IsEvent(event) && ComesOrGoes(event) == comesOrGoes) DoToDisk(event);
+      if (event.at.count() == 0 && !NeedsConnector(event) && ComesOrGoes(event) == comesOrGoes)
+        DoToDisk(event);
     }
   };
   prepare(true);
@@ -172,7 +173,7 @@ void Stage::SetUpFiles() {
 
 void Stage::SetUpEvents() {
   for (const ScenarioEvent& event : scenario_.events) {
-    if (event.at.count() == 0 && !IsEvent(event)) continue;
+    if (event.at.count() == 0 && !NeedsConnector(event)) continue;
     due_.insert(&event);
     clock_.After(event.at, [this, &event] { Do(event); });
   }
@@ -219,7 +220,8 @@ std::string Stage::PortText() const {
          " bits a second, end-of-text wait " + value(LinkProperty::kEndOfTextWait) + " ms";
 }
 
-/// A event of its moment. It is an event like others, so nothing of it may reach the connector's traps.
+/// An event at its moment. The connector is inside a wait, so no failure of it may reach the connector's
+/// traps.
 void Stage::Do(const ScenarioEvent& event) {
   due_.erase(&event);
   transcript_.Add(EventKindText(event), EventText(event));

@@ -70,7 +70,7 @@ struct TicketEnd {
   CustomerPaper paper;
   FileEnd file = FileEnd::kWaiting;
   Verdict verdict = Verdict::kFine;
-  std::string reason;            ///< Of a forbidden one: what prescribes it; empty: nothing does.
+  std::string reason;            ///< Of a forbidden one: the rule that explains it; empty: none does.
   std::vector<std::string> log;  ///< Lines of the error log, each once, in order, without what varies.
   bool waits = false;            ///< Of one that hangs: it waits for one reply all the time.
 

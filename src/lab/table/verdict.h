@@ -26,7 +26,7 @@ struct Rule {
 /// All of them. The first one that explains an end counts.
 const std::vector<Rule>& Rules();
 
-/// What prescribes a forbidden end; empty where nothing does, and for every other end.
+/// The rule that explains a forbidden end; empty where none does, and for every other end.
 std::string RuleFor(const TicketStep& step, const StepFault& fault, const TicketEnd& end);
 
 }  // namespace orvenza
