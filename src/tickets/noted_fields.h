@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tickets/command_text.h"
 #include "tickets/field_format.h"
 #include "tickets/record.h"
 
@@ -15,10 +16,12 @@ struct FieldNote {
   enum class Kind {
     kFormatted,     ///< It became a value of the command by `form`, which rejects it or not.
     kReplaced,      ///< `text` is sent in place of what it holds, which `form` rejects.
-    kRead,          ///< It was read, to choose a command or otherwise, but is no value of the command.
+    kRead,          ///< It was read as any text, to choose a command, but is no value of the command.
+    kChoice,        ///< It was compared with the texts that choose a command; any other text is lost.
     kUnknownType,   ///< Field 0: there is no such record type.
     kNoSuchChoice,  ///< It is none of the alternatives in `text`.
     kLogoNumber,    ///< It was read as the number of a logo.
+    kLogo,          ///< It names a bitmap that can be a logo.
     kNoLogo,        ///< It names no bitmap that can be a logo.
     kEmptyLogo,     ///< It names one without any row.
   };
@@ -62,6 +65,16 @@ class NotedFields {
   std::string_view Read(std::size_t field, FieldNote::Kind kind = FieldNote::Kind::kRead) const {
     Note({kind, field});
     return fields_[field];
+  }
+
+  /// A field that chooses between alternatives; an empty one chooses the `first`.
+  std::string_view Choice(std::size_t field, std::string_view first) const {
+    return Chosen(Read(field, FieldNote::Kind::kChoice), first);
+  }
+
+  /// Whether a field that chooses between two alternatives is `text`.
+  bool Is(std::size_t field, std::string_view text) const {
+    return Read(field, FieldNote::Kind::kChoice) == text;
   }
 
   /// Makes the record invalid: returns "". `accepted` is a literal.

@@ -55,14 +55,6 @@ class RecordFields {
   bool empty_ = true;
 };
 
-/// Whether a record of this type ends a ticket in a file that holds several.
-inline bool IsClosingType(std::string_view type) {
-  return type == "2" || type == "4" || type == "5" || type == "15";
-}
-
-/// Whether a record of this type carries out a closure or a report of the register.
-inline bool IsReportType(std::string_view type) { return type == "21" || type == "22" || type == "32"; }
-
 /// Cuts one line (without its line end) into `out`. Control characters (0 to 31) and characters that are not
 /// ASCII (128 to 255) become blanks first, deliberately, and the blanks around the line are removed. Every
 /// field, the last one too, is closed by `separator`: text after the last separator, or after the ninth, is

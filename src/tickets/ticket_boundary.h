@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tickets/record.h"
+#include "tickets/record_types.h"
 
 namespace orvenza {
 
@@ -18,8 +18,9 @@ class TicketBoundary {
   /// Takes the next line; true when it is the first of another ticket.
   bool Begins(std::string_view line) {
     const std::string_view type = TypeOf(line);
-    const bool begins = closing_ && !IsClosingType(type) && type != "14";
-    closing_ = begins ? false : closing_ || IsClosingType(type);
+    const bool closes = HasRole(type, &RecordRoles::closesTicket);
+    const bool begins = closing_ && !closes && !HasRole(type, &RecordRoles::followsClosing);
+    closing_ = !begins && (closing_ || closes);
     return begins;
   }
 

@@ -13,6 +13,7 @@
 #include "platform/system_error.h"
 #include "tickets/line_reader.h"
 #include "tickets/record.h"
+#include "tickets/record_types.h"
 
 namespace orvenza {
 namespace {
@@ -221,7 +222,7 @@ bool TicketPolling::HoldsReport(const std::string& text) {
   RecordFields fields;
   for (std::string line; reader.ReadLine(line);) {
     SplitRecord(line, settings_.SeparatorChar, fields);
-    if (IsReportType(fields[0])) return true;
+    if (HasRole(fields[0], &RecordRoles::reports)) return true;
   }
   return false;
 }

@@ -5,7 +5,9 @@
 
 #include "core/catalogue.h"
 #include "core/text.h"
+#include "tickets/logo_request.h"
 #include "tickets/piece_reader.h"
+#include "tickets/record_types.h"
 
 namespace orvenza {
 namespace {
@@ -28,12 +30,6 @@ bool IsFailure(std::string_view reply) { return reply.empty() || IsErrorReply(re
 bool IsRefusal(std::string_view reply) {
   const std::string_view code = Right(reply, 2);
   return IsErrorReply(reply) && !IsLinkError(reply) && code != "01" && code != "02";
-}
-
-/// Records after which something is on paper for good: payments, the end of a document, cash movements.
-bool MayCompleteSomething(std::string_view type) {
-  return type == "2" || type == "5" || type == "14" || type == "15" || type == "31" || type == "34" ||
-         type == "35";
 }
 
 /// Link error 2 counts as success, deliberately.
@@ -152,7 +148,7 @@ TicketProcessor::Next TicketProcessor::HandleLine(const Line& line) {
   if (IsLongRunning(command)) return SendLongRunning(command.substr(0, command.size() - 1));
   link_.AwaitDevice();
   const Next before = ifEnded_;
-  if (MayCompleteSomething(fields_[0])) ifEnded_ = Next::kAbort;
+  if (HasRole(fields_[0], &RecordRoles::completes)) ifEnded_ = Next::kAbort;
   link_.Transmit(command);
   if (IsRefusal(link_.ReplyText)) ifEnded_ = before;
   return HandleReply(line);

@@ -12,24 +12,12 @@
 
 namespace orvenza {
 
-/// The translation of a valid logo record: no command, but a logo to download.
-inline constexpr std::string_view kLogoMarker = "BMP";
-
 /// Ends the translation of a long-running command. It is not sent.
 inline constexpr char kLongRunningMark = '*';
 
 /// Whether a translation is a long-running command: a report ("20..") or a fiscal closure ("3001", "3002")
 /// with its mark. Any other command may end in a text that ends in that character.
 bool IsLongRunning(std::string_view translation);
-
-/// What a logo record asks for.
-struct LogoRequest {
-  /// The number in F1, a fraction rounded (a half up), as the download sends it: in two digits, "00" where F1
-  /// begins with none, more digits above 99.
-  std::string number;
-  std::string path;  ///< F2, with "\" between its levels.
-};
-LogoRequest LogoRequestOf(const RecordFields& fields);
 
 /// Turns the records of ticket lines into the register's command texts, by the register's model and the
 /// settings as they stand at each call.
@@ -50,5 +38,9 @@ class RecordTranslator {
   const Files& files_;
   Logs& logs_;
 };
+
+/// What the translation asks of the fields of a record, whatever the register and the settings. No file is
+/// looked at: any path is taken for a bitmap's.
+TranslationNotes NotesOf(const RecordFields& fields);
 
 }  // namespace orvenza

@@ -3,7 +3,7 @@
 #include "simulator/command_fields.h"
 #include "simulator/commands.h"
 #include "simulator/paper_layout.h"
-#include "tickets/record.h"
+#include "tickets/record_types.h"
 
 namespace orvenza {
 namespace {
@@ -68,7 +68,7 @@ void ReceiptWatch::Miss(std::string_view type) {
   allKnown_ = false;
   if (!receipt_ && !documentOpen_) return;
   sumKnown_ = false;
-  if (type.empty() || IsClosingType(type) || type == "14" || type == "31") endKnown_ = false;
+  if (type.empty() || HasRole(type, &RecordRoles::endsReceipt)) endKnown_ = false;
 }
 
 void ReceiptWatch::End(std::string_view where, TicketFindings& findings) {
