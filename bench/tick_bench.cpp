@@ -67,10 +67,9 @@ struct PollingShop {
   ClockCorrection correction{clock, settings, logs};
   CashDialogues cash{link, settings, logs, messages, loop, correction};
   ErrorRecovery recovery{texts, cash, nobody, logs, "bench"};
-  RegisterIdentity identity;
-  RegisterQueries queries{link, cash, recovery, messages, ports, settings, logs, loop, timer, identity};
+  RegisterQueries queries{link, cash, recovery, messages, ports, settings, logs, loop, timer};
   LogoDownload logo{link, recovery, files, logs, messages};
-  RecordTranslator translator{identity, settings, files, logs};
+  RecordTranslator translator{queries.Identity(), settings, files, logs};
   RememberedTickets remembered{files, logs, folder.Path()};
   TicketArchive archive{files, folders, settings, logs, messages, remembered};
   TicketSplitter splitter{files, settings, logs, archive};

@@ -43,9 +43,9 @@ Connector::Connector(const Surroundings& around, const ProgramPaths& paths)
       clockCorrection_(clock_, settings_, logs_),
       cash_(link_, settings_, logs_, messages_, loop_, clockCorrection_),
       recovery_(errorTexts_, cash_, person_, logs_, paths.ExecutableName),
-      queries_(link_, cash_, recovery_, messages_, orvConf_, settings_, logs_, loop_, timer1_, identity_),
+      queries_(link_, cash_, recovery_, messages_, orvConf_, settings_, logs_, loop_, timer1_),
       logo_(link_, recovery_, files_, logs_, messages_),
-      translator_(identity_, settings_, files_, logs_),
+      translator_(queries_.Identity(), settings_, files_, logs_),
       remembered_(files_, logs_, paths_.AppPath),
       archive_(files_, folders_, settings_, logs_, messages_, remembered_),
       splitter_(files_, settings_, logs_, archive_),
@@ -190,13 +190,8 @@ void Connector::MakeWorkFolder(const std::string& folder) {
 }
 
 void Connector::IdentifyRegister() {
-  std::string answer;
-  while (answer.empty()) {
-    loop_.CheckEnd();
-    answer = queries_.StatusQuery({});
-  }
-  if (answer != "-") answer = queries_.IdentityQuery({});
-  if (answer == "-") throw ProgramEnd{.unload = true};
+  if (!queries_.StatusQuery(Asking::kAttended) || !queries_.IdentityQuery(Asking::kAttended))
+    throw ProgramEnd{.unload = true};
 }
 
 void Connector::RunMainLoop() {

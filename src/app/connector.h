@@ -14,7 +14,6 @@
 #include "device/error_recovery.h"
 #include "device/error_texts.h"
 #include "device/logo_download.h"
-#include "device/register_identity.h"
 #include "device/register_queries.h"
 #include "platform/files.h"
 #include "platform/folders.h"
@@ -103,7 +102,6 @@ class Connector {
   ClockCorrection clockCorrection_;
   CashDialogues cash_;
   ErrorRecovery recovery_;
-  RegisterIdentity identity_;
   RegisterQueries queries_;
   LogoDownload logo_;
 

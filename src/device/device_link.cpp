@@ -26,10 +26,6 @@ constexpr auto kAfterLongDelivery = 1s;
 
 }  // namespace
 
-bool IsErrorReply(std::string_view reply) { return reply.starts_with("ERR"); }
-
-bool IsLinkError(std::string_view reply) { return reply.starts_with("ERR-"); }
-
 DeviceLink::DeviceLink(EcrLink& control, const AppSettings& settings, Logs& logs, OperatorMessages& messages,
                        PortDialog& portDialog, EventLoop& loop, const Clock& clock)
     : control_(control),
@@ -173,21 +169,30 @@ void DeviceLink::AwaitDevice() {
   if (endBeforeSending_) loop_.CheckEnd();
 }
 
-void DeviceLink::Exchange(const std::string& command, double replyWait) {
+Reply DeviceLink::Exchange(const std::string& command, double replyWait) {
   AwaitDevice();
-  Transmit(command, replyWait);
+  return Transmit(command, replyWait);
 }
 
-void DeviceLink::Transmit(const std::string& command, double replyWait) {
+Reply DeviceLink::Transmit(const std::string& command, double replyWait) {
   ReplyArrived = false;
+  code_ = command.substr(0, kCodeLength);
   waiting_ = true;
   const bool sent = logs_.Attempt(kFailureLabel, [&] {
     control_.SetMessage(command);
     control_.Send();
   });
-  const bool replied = sent && WaitReply(replyWait, std::string_view(command).substr(0, kCodeLength));
+  const bool replied = sent && WaitReply(replyWait, code_);
   waiting_ = false;
-  if (!replied) ReplyText.clear();
+  const Reply reply = TakeReply();
+  return replied ? reply : Reply();
+}
+
+Reply DeviceLink::LatestReply(const Reply& reply) { return ReplyArrived ? TakeReply() : reply; }
+
+Reply DeviceLink::TakeReply() {
+  ReplyArrived = false;
+  return {std::exchange(ReplyText, {}), code_};
 }
 
 bool DeviceLink::WaitReply(double replyWait, std::string_view code) {

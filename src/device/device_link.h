@@ -8,17 +8,12 @@
 #include "core/logs.h"
 #include "core/settings.h"
 #include "device/ecr_link.h"
+#include "device/reply.h"
 #include "device/serial_settings.h"
 #include "ui/operator_message.h"
 #include "ui/port_dialog.h"
 
 namespace orvenza {
-
-/// True for a reply that reports an error: it begins with "ERR".
-bool IsErrorReply(std::string_view reply);
-
-/// True for a link error raised by the control: "ERR-1", "ERR-2", "ERR-3".
-bool IsLinkError(std::string_view reply);
 
 /// The link to the register: opening it, and the single exchange of a command for a reply. A failure of the
 /// control itself is written to the error log and then counts as an absent register or a command without
@@ -35,11 +30,6 @@ class DeviceLink : private EcrLinkEvents {
   ~DeviceLink() override;
   DeviceLink(const DeviceLink&) = delete;
   DeviceLink& operator=(const DeviceLink&) = delete;
-
-  /// The last reply: as the control delivered it, a link-error marker, or empty (none, or consumed).
-  std::string ReplyText;
-  /// Set by the control's events, cleared before each transmission.
-  bool ReplyArrived = false;
 
   /// Configures and opens the port, asking the operator again and again until it opens. `endOfTextWait` in
   /// milliseconds. Throws ProgramEnd when the operator gives up.
@@ -70,12 +60,15 @@ class DeviceLink : private EcrLinkEvents {
   /// Waits, without limit, until the register is ready.
   void AwaitDevice();
 
-  /// Sends a command, once the register is ready, and waits for its reply, which `ReplyText` then holds.
-  void Exchange(const std::string& command, double replyWait = kReplyWait);
+  /// Sends a command, once the register is ready, and waits for its reply.
+  Reply Exchange(const std::string& command, double replyWait = kReplyWait);
 
   /// Exchange without waiting for the register to be ready: to be called right after a look or a wait, so
   /// that no event, such as a late reply, is left to be delivered.
-  void Transmit(const std::string& command, double replyWait = kReplyWait);
+  Reply Transmit(const std::string& command, double replyWait = kReplyWait);
+
+  /// The reply that has come since the last exchange ended, once; `reply` where none has.
+  Reply LatestReply(const Reply& reply);
 
  private:
   friend class EndBeforeSending;
@@ -97,6 +90,7 @@ class DeviceLink : private EcrLinkEvents {
   void SetPort(bool open);
   bool WaitReply(double replyWait, std::string_view code);
   bool DropLateReply(std::string_view code);
+  Reply TakeReply();
 
   EcrLink& control_;
   const AppSettings& settings_;
@@ -107,6 +101,9 @@ class DeviceLink : private EcrLinkEvents {
   const Clock& clock_;
   int endOfTextWait_ = 0;
   bool reapply_ = false;
+  std::string ReplyText;           ///< The last reply: as it was delivered, or empty (none, or taken).
+  bool ReplyArrived = false;       ///< Set by the control's events, cleared before each transmission.
+  std::string code_;               ///< The last command's code.
   bool waiting_ = false;           ///< A command is under way.
   bool endBeforeSending_ = false;  ///< See EndBeforeSending.
   std::set<std::string, std::less<>>

@@ -6,6 +6,7 @@
 
 #include "core/catalogue.h"
 #include "device/logo_check.h"
+#include "device/reply_policy.h"
 #include "platform/system_error.h"
 
 namespace orvenza {
@@ -60,23 +61,23 @@ bool LogoDownload::SendRows(const std::string& number, const std::vector<std::st
                             const std::string& commandLine, const std::function<void()>& givenUp) {
   int silentRepeats = 0;
   for (std::size_t row = 0; row < rows.size();) {
-    link_.Exchange(RowCommand(number, row + 1, rows[row]));
-    if (!link_.ReplyText.empty() && !IsErrorReply(link_.ReplyText)) {
+    const Reply reply = link_.Exchange(RowCommand(number, row + 1, rows[row]));
+    if (reply_policy::Answered(reply)) {
       ++row;
       silentRepeats = 0;
       continue;
     }
-    const int decision = recovery_.DecodeDeviceError(link_.ReplyText, commandLine, true);
-    if (decision == recovery::kAbort) givenUp();
+    const Decision decision = recovery_.DecodeDeviceError(reply, commandLine, Choices::kOffered);
+    if (decision == Decision::kAbort) givenUp();
     link_.Bounce();
     switch (decision) {
-      case recovery::kPrinted: ++row; break;
-      case recovery::kReprint: row = 0; break;
-      case recovery::kAbort: return false;
-      case recovery::kNothing:
+      case Decision::kPrinted: ++row; break;
+      case Decision::kReprint: row = 0; break;
+      case Decision::kAbort: return false;
+      case Decision::kNothing:
         if (++silentRepeats > kSilentRepeats) return false;
         break;
-      default: break;
+      case Decision::kGoOn: break;
     }
   }
   return true;

@@ -294,9 +294,9 @@ void TicketPolling::RemoveSource(const std::string& entry) {
 }
 
 void TicketPolling::CorrectClock() {
-  if (!clockCheck_.CountTick()) return;
-  queries_.StatusQuery("*");
-  if (link_.ReplyText.starts_with("4201")) clockCorrection_.Correct(link_.ReplyText);
+  if (!clockCorrection_.CountTick()) return;
+  if (!queries_.StatusQuery(Asking::kQuiet)) return;
+  if (const auto reply = queries_.ClockQuery(Asking::kQuiet)) clockCorrection_.Correct(*reply);
 }
 
 }  // namespace orvenza

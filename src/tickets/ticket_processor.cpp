@@ -5,7 +5,7 @@
 
 #include "core/catalogue.h"
 #include "core/text.h"
-#include "tickets/logo_request.h"
+#include "device/reply_policy.h"
 #include "tickets/piece_reader.h"
 #include "tickets/record_types.h"
 
@@ -15,25 +15,17 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr const char* kLabel = "Trasmissione ";
-constexpr int kVoidTries = 3;
-/// Accepted voids in a row that leave the receipt open all the same, before the operator is asked.
-constexpr int kVainVoids = 10;
 /// Payment 01 of nothing, which closes the receipt. Its separator is 127 whatever is configured.
 constexpr const char* kReceiptSplitLine =
     "2\x7f"
     "1\x7f"
     "0\x7f\x7f\x7f\x7f\x7f\x7f\x7f\x7f";
 
-bool IsFailure(std::string_view reply) { return reply.empty() || IsErrorReply(reply); }
-
-/// Whether the register has certainly not carried the command out. Paper-out may leave it half done.
-bool IsRefusal(std::string_view reply) {
-  const std::string_view code = Right(reply, 2);
-  return IsErrorReply(reply) && !IsLinkError(reply) && code != "01" && code != "02";
+/// Records after which something is on paper for good: payments, the end of a document, cash movements.
+bool MayCompleteSomething(std::string_view type) {
+  return type == "2" || type == "5" || type == "14" || type == "15" || type == "31" || type == "34" ||
+         type == "35";
 }
-
-/// Link error 2 counts as success, deliberately.
-bool IsTolerated(std::string_view reply) { return reply.starts_with("ERR-2"); }
 
 }  // namespace
 
@@ -77,7 +69,8 @@ TicketProcessor::Next TicketProcessor::Print(const std::string& workFile, std::s
   for (bool again = false;; again = true) {
     ifEnded_ = Next::kLeave;
     logs_.WrLog(LoadMessage(MessageId::kReceiptStart));
-    if (!logs_.Attempt(kLabel, [&] { CloseOpenReceipt(); })) return Next::kLeave;
+    // Nothing of the ticket has been sent yet.
+    if (!logs_.Attempt(kLabel, [&] { cash_.CloseReceiptLeftOpen(); })) return Next::kLeave;
     loop_.CheckEnd();
     if (!MayExist(files_, workFile)) return Next::kLeave;
     // The file may have been corrected while the operator was asked.
@@ -86,27 +79,6 @@ TicketProcessor::Next TicketProcessor::Print(const std::string& workFile, std::s
     const Next end = SendLines(text);
     if (end != Next::kRestart) return end;
   }
-}
-
-void TicketProcessor::CloseOpenReceipt() {
-  // Nothing of the ticket has been sent yet, so the program may end between any two tries.
-  const EndBeforeSending heeded(link_);
-  int tries = kVoidTries;
-  int accepted = 0;
-  while (cash_.QueryCashStatus()) {
-    logs_.WrErr(LoadMessage(MessageId::kVoidingReceipt));
-    cash_.InvioVOID();
-    if (IsFailure(link_.ReplyText) ? --tries >= 1 : ++accepted < kVainVoids) continue;
-    if (cash_.OperatorWantsAutomaticClose()) SendClosingPayment();
-    tries = kVoidTries;
-    accepted = 0;
-  }
-}
-
-void TicketProcessor::SendClosingPayment() {
-  const std::string& reply = link_.ReplyText;
-  const std::string code(IsErrorReply(reply) ? Middle(reply, 4, 2) : "00");
-  link_.Exchange("1036" + code + "000000000");
 }
 
 TicketProcessor::Next TicketProcessor::SendLines(std::string_view text) {
@@ -148,23 +120,23 @@ TicketProcessor::Next TicketProcessor::HandleLine(const Line& line) {
   if (IsLongRunning(command)) return SendLongRunning(command.substr(0, command.size() - 1));
   link_.AwaitDevice();
   const Next before = ifEnded_;
-  if (HasRole(fields_[0], &RecordRoles::completes)) ifEnded_ = Next::kAbort;
-  link_.Transmit(command);
-  if (IsRefusal(link_.ReplyText)) ifEnded_ = before;
-  return HandleReply(line);
+  if (MayCompleteSomething(fields_[0])) ifEnded_ = Next::kAbort;
+  const Reply reply = link_.Transmit(command);
+  if (reply_policy::NotDone(reply)) ifEnded_ = before;
+  return HandleReply(line, reply);
 }
 
 TicketProcessor::Next TicketProcessor::HandleUnreadableLine(const std::string& line) {
-  link_.ReplyText = "ERR**";
-  const auto next = FromDecision(recovery_.DecodeDeviceError(link_.ReplyText, line, true));
-  return next.value_or(Next::kGiveUp);
+  return AskAboutInvalidLine(line).value_or(Next::kGiveUp);
 }
 
 TicketProcessor::Next TicketProcessor::HandleInvalidLine(const std::string& line) {
   logs_.WrErr(LoadMessage(MessageId::kInvalidLine) + " " + LoggedLine(line));
-  link_.ReplyText = "ERR**";
-  const auto next = FromDecision(recovery_.DecodeDeviceError(link_.ReplyText, line, true));
-  return next.value_or(Next::kNextLine);
+  return AskAboutInvalidLine(line).value_or(Next::kNextLine);
+}
+
+std::optional<TicketProcessor::Next> TicketProcessor::AskAboutInvalidLine(const std::string& line) {
+  return FromDecision(recovery_.DecodeDeviceError(Reply::InvalidLine(), line, Choices::kOffered));
 }
 
 TicketProcessor::Next TicketProcessor::SendLongRunning(const std::string& command) {
@@ -172,9 +144,10 @@ TicketProcessor::Next TicketProcessor::SendLongRunning(const std::string& comman
   link_.Reopen(settings_.TimeWaitForLONGEtx);
   if (!link_.DeviceReady()) return Next::kGiveUp;
   ifEnded_ = Next::kAbort;
-  link_.Transmit(command, std::max(DeviceLink::kReplyWait, settings_.TimeWaitForLONGEtx / 1000.0));
-  if (IsFailure(link_.ReplyText))
-    logs_.WrErr(LoadMessage(MessageId::kEcrError) + " " + FromWindows1252(link_.ReplyText));
+  const Reply reply =
+      link_.Transmit(command, std::max(DeviceLink::kReplyWait, settings_.TimeWaitForLONGEtx / 1000.0));
+  if (!reply_policy::Answered(reply))
+    logs_.WrErr(LoadMessage(MessageId::kEcrError) + " " + FromWindows1252(reply.Text()));
   return Next::kNextLine;
 }
 
@@ -184,45 +157,37 @@ void TicketProcessor::RestoreNormalWait() {
   logs_.Attempt(kLabel, [&] { link_.Reopen(settings_.TimeWaitForEtx); });
 }
 
-TicketProcessor::Next TicketProcessor::HandleReply(const Line& line) {
-  // Each test looks at the reply as it then stands: settling one may have changed it.
-  const std::string& reply = link_.ReplyText;
-  if (reply.empty()) {
-    if (const auto next = SettleSilence(line.text)) return *next;
+TicketProcessor::Next TicketProcessor::HandleReply(const Line& line, Reply reply) {
+  if (reply.Is(Reply::Kind::kSilence)) {
+    if (const auto next = SettleSilence(line.text, reply)) return *next;
+    reply = link_.LatestReply(reply);
   }
-  if (IsLinkError(reply) && !IsTolerated(reply)) {
-    if (const auto next = SettleSilence(line.text)) return *next;
+  if (reply.Is(Reply::Kind::kLinkError) && !reply_policy::LineIsDone(reply)) {
+    if (const auto next = SettleSilence(line.text, reply)) return *next;
+    reply = link_.LatestReply(reply);
   }
-  if (!IsErrorReply(reply) || IsTolerated(reply)) return Next::kNextLine;
+  if (reply_policy::LineIsDone(reply)) return Next::kNextLine;
   // A line that a fresh receipt refuses again would be split for ever: the operator decides about it.
-  if (Middle(reply, 6, 2) == "23" && !line.fromSplit) {
+  if (reply.IsReceiptTooLong() && !line.fromSplit) {
     SplitReceipt(line.text);
     return Next::kNextLine;
   }
-  return SettleDeviceError(line.text);
+  return SettleDeviceError(line.text, reply);
 }
 
-std::optional<TicketProcessor::Next> TicketProcessor::SettleSilence(const std::string& line) {
-  const auto next = FromDecision(recovery_.DecodeDeviceError(link_.ReplyText, line, true));
+/// The register may answer after all while the operator is asked: the caller looks again.
+std::optional<TicketProcessor::Next> TicketProcessor::SettleSilence(const std::string& line,
+                                                                    const Reply& reply) {
+  const auto next = FromDecision(recovery_.DecodeDeviceError(reply, line, Choices::kOffered));
   if (next) ifEnded_ = *next;
   link_.Bounce();
   return next;
 }
 
-TicketProcessor::Next TicketProcessor::SettleDeviceError(const std::string& line) {
-  const int decision = recovery_.DecodeDeviceError(link_.ReplyText, line, true);
-  if (decision == recovery::kGoOn) return GoOnAfterFault();
+TicketProcessor::Next TicketProcessor::SettleDeviceError(const std::string& line, const Reply& reply) {
+  const Decision decision = recovery_.DecodeDeviceError(reply, line, Choices::kOffered);
+  if (decision == Decision::kGoOn && cash_.VoidInterruptedReceipt()) return Next::kRestart;
   return FromDecision(decision).value_or(Next::kNextLine);
-}
-
-TicketProcessor::Next TicketProcessor::GoOnAfterFault() {
-  // A query that finds a receipt open leaves no reply behind, so none can be an error here.
-  if (!cash_.QueryCashStatus()) return Next::kNextLine;
-  logs_.WrErr(LoadMessage(MessageId::kResumedAfterPaperOut));
-  cash_.InvioVOID();
-  // A receipt that could not be voided is still open when the file starts again, and is dealt with there.
-  if (!IsErrorReply(link_.ReplyText)) loop_.Pause(300ms);
-  return Next::kRestart;
 }
 
 void TicketProcessor::SplitReceipt(const std::string& rejectedLine) {
@@ -232,13 +197,15 @@ void TicketProcessor::SplitReceipt(const std::string& rejectedLine) {
   logs_.WrErr(LoadMessage(MessageId::kInvalidLine) + " " + LoggedLine(rejectedLine));
 }
 
-std::optional<TicketProcessor::Next> TicketProcessor::FromDecision(int decision) {
+std::optional<TicketProcessor::Next> TicketProcessor::FromDecision(Decision decision) {
   switch (decision) {
-    case recovery::kPrinted: return Next::kFinish;
-    case recovery::kReprint: return Next::kRestart;
-    case recovery::kAbort: return Next::kAbort;
-    default: return std::nullopt;
+    case Decision::kPrinted: return Next::kFinish;
+    case Decision::kReprint: return Next::kRestart;
+    case Decision::kAbort: return Next::kAbort;
+    case Decision::kNothing:
+    case Decision::kGoOn: break;
   }
+  return std::nullopt;
 }
 
 }  // namespace orvenza

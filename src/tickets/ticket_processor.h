@@ -44,23 +44,21 @@ class TicketProcessor {
   };
 
   Next Print(const std::string& workFile, std::string& text);
-  void CloseOpenReceipt();
-  void SendClosingPayment();
 
   Next SendLines(std::string_view text);
   bool TakeLine(LineReader& reader, Line& line);
   Next HandleLine(const Line& line);
   Next HandleUnreadableLine(const std::string& line);
   Next HandleInvalidLine(const std::string& line);
+  std::optional<Next> AskAboutInvalidLine(const std::string& line);
   Next SendLongRunning(const std::string& command);
   void RestoreNormalWait();
 
-  Next HandleReply(const Line& line);
-  std::optional<Next> SettleSilence(const std::string& line);
-  Next SettleDeviceError(const std::string& line);
-  Next GoOnAfterFault();
+  Next HandleReply(const Line& line, Reply reply);
+  std::optional<Next> SettleSilence(const std::string& line, const Reply& reply);
+  Next SettleDeviceError(const std::string& line, const Reply& reply);
   void SplitReceipt(const std::string& rejectedLine);
-  static std::optional<Next> FromDecision(int decision);
+  static std::optional<Next> FromDecision(Decision decision);
 
   Files& files_;
   const AppSettings& settings_;

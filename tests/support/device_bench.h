@@ -96,8 +96,7 @@ class DeviceBench : public ::testing::Test {
   ErrorTexts texts{profile, "C:\\shop\\ErrDesc.ini"};
   ErrorRecovery recovery{texts, cash, person, logs, "Orvenza"};
   PollTimer timer{clock};
-  RegisterIdentity identity;
-  RegisterQueries queries{link, cash, recovery, messages, portDialog, settings, logs, loop, timer, identity};
+  RegisterQueries queries{link, cash, recovery, messages, portDialog, settings, logs, loop, timer};
 
  private:
   static LocalTime Start() { return {2026, 11, 16, 9, 0, 0}; }

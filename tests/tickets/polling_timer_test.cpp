@@ -26,7 +26,7 @@ class PollingTimerTest : public DeviceBench {
   SystemFolders realFolders;
   FaultyFolders folders{realFolders};
   LogoDownload logo{link, recovery, files, logs, messages};
-  RecordTranslator translator{identity, settings, files, logs};
+  RecordTranslator translator{queries.Identity(), settings, files, logs};
   RememberedTickets remembered{files, logs, folder.Path()};
   TicketArchive archive{files, folders, settings, logs, messages, remembered};
   TicketSplitter splitter{files, settings, logs, archive};

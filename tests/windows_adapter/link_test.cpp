@@ -93,16 +93,16 @@ TEST_F(LinkTest, OpeningSetsTheControlUpAndOpensThePort) {
 
 TEST_F(LinkTest, ACommandIsExchangedForItsReply) {
   OpenLink();
-  link->Exchange("321701");
-  EXPECT_EQ(link->ReplyText, "321700");
+  const Reply reply = link->Exchange("321701");
+  EXPECT_EQ(reply.Text(), "321700");
   EXPECT_EQ(Done(), (Lines{"set 17 321701", "call 2", "sent 321701", "received 321700"}));
 }
 
 TEST_F(LinkTest, AReplyFromInsideTheMethodThatSendsIsNotLost) {
   Behave("at-once");
   OpenLink();
-  link->Exchange("321701");
-  EXPECT_EQ(link->ReplyText, "321700");
+  const Reply reply = link->Exchange("321701");
+  EXPECT_EQ(reply.Text(), "321700");
   EXPECT_EQ(Done(), (Lines{"set 17 321701", "call 2", "sent 321701", "received 321700"}));
 }
 
@@ -121,8 +121,7 @@ TEST_F(LinkTest, LinkErrorsBecomeTheirMarkers) {
   OpenLink();
   Lines replies;
   for (const char* command : {"200101", "200201", "200301"}) {
-    link->Exchange(command);
-    replies.push_back(link->ReplyText);
+    replies.push_back(link->Exchange(command).Text());
   }
   EXPECT_EQ(replies, (Lines{"ERR-1", "ERR-2", "ERR-3"}));
 }
@@ -130,17 +129,16 @@ TEST_F(LinkTest, LinkErrorsBecomeTheirMarkers) {
 TEST_F(LinkTest, ACommandWithoutReplyIsGivenUp) {
   Script("on 2001 silence");
   OpenLink();
-  link->Exchange("200101");
-  EXPECT_EQ(link->ReplyText, "");
-  EXPECT_FALSE(link->ReplyArrived);
+  const Reply reply = link->Exchange("200101");
+  EXPECT_EQ(reply.Text(), "");
 }
 
 TEST_F(LinkTest, APrintedReceiptComesOutOfTheStandIn) {
   OpenLink();
   link->Exchange("106300");
-  link->Exchange("1064001PROVA");
+  const Reply reply = link->Exchange("1064001PROVA");
   const Lines done = Done();
-  EXPECT_EQ(link->ReplyText, "106400");
+  EXPECT_EQ(reply.Text(), "106400");
   EXPECT_EQ(done.at(done.size() - 2), "printed PROVA");
 }
 
@@ -158,22 +156,22 @@ TEST_F(LinkTest, AControlRegisteredDuringTheAlarmOpensAtTheNextTry) {
   person.Answer("Riprova");
   OpenLink();
   EXPECT_EQ(Errors(), (Lines{kNotCreated, kClosed, kNotCreated}));
-  link->Exchange("321701");
-  EXPECT_EQ(link->ReplyText, "321700");
+  const Reply reply = link->Exchange("321701");
+  EXPECT_EQ(reply.Text(), "321700");
 }
 
 TEST_F(LinkTest, AControlThatDiesLosesItsCommandAndIsReplacedAtTheNextOpening) {
   OpenLink();
   Behave("dies-with=2001");
-  link->Exchange("200101");
-  EXPECT_EQ(link->ReplyText, "");
+  const Reply reply = link->Exchange("200101");
+  EXPECT_EQ(reply.Text(), "");
   EXPECT_FALSE(link->Present());
   const Lines errors{"EcrLinkX1 - 57 - Device I/O error ( member 2: 0x80010108 the control is gone )",
                      "EcrLinkX1 - 57 - Device I/O error ( member 5: 0x80010108 the control is gone )"};
   EXPECT_EQ(Errors(), errors);
   link->OpenDeviceLink(777);
-  link->Exchange("200101");
-  EXPECT_EQ(link->ReplyText, "200100");
+  const Reply reply = link->Exchange("200101");
+  EXPECT_EQ(reply.Text(), "200100");
   EXPECT_EQ(Errors(), errors);
 }
 
