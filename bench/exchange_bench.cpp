@@ -98,7 +98,8 @@ void Exchange(benchmark::State& state, bool wholeSlices) {
   OperatorMessages messages(nobody, "bench");
   PortDialog ports(nobody, settings, profile, {folder.Path(), "bench"});
   PromptControl control(realPump);
-  DeviceLink link(control, settings, logs, messages, ports, loop, clock);
+  LinkDialogs dialogs(messages, ports, logs);
+  DeviceLink link(control, settings, logs, dialogs, loop, clock);
 
   std::vector<double> own;
   for ([[maybe_unused]] auto iteration : state) {

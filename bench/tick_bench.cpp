@@ -63,17 +63,19 @@ struct PollingShop {
   PaperRoll paper;
   SimulatedRegister device{clock, paper};
   SimulatedLink control{device, clock, ParseFaultScript("bench", "speed instant\n")};
-  DeviceLink link{control, settings, logs, messages, ports, loop, clock};
+  LinkDialogs dialogs{messages, ports, logs};
+  DeviceLink link{control, settings, logs, dialogs, loop, clock};
   ClockCorrection correction{clock, settings, logs};
   CashDialogues cash{link, settings, logs, messages, loop, correction};
   ErrorRecovery recovery{texts, cash, nobody, logs, "bench"};
-  RegisterQueries queries{link, cash, recovery, messages, ports, settings, logs, loop, timer};
+  RegisterQueries queries{link, cash, recovery, dialogs, logs, loop, timer};
   LogoDownload logo{link, recovery, files, logs, messages};
   RecordTranslator translator{queries.Identity(), settings, files, logs};
   RememberedTickets remembered{files, logs, folder.Path()};
   TicketArchive archive{files, folders, settings, logs, messages, remembered};
   TicketSplitter splitter{files, settings, logs, archive};
-  TicketProcessor processor{files, settings, logs, loop, link, cash, recovery, logo, translator, archive};
+  LineSender sender{link, cash, recovery, logo, translator, logs};
+  TicketProcessor processor{files, settings, logs, loop, cash, sender, archive};
   TicketPolling polling{files,   folders,    settings, logs,      loop,    timer,     link,
                         queries, correction, splitter, processor, archive, remembered};
 };

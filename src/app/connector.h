@@ -13,11 +13,12 @@
 #include "device/device_link.h"
 #include "device/error_recovery.h"
 #include "device/error_texts.h"
+#include "device/link_dialogs.h"
 #include "device/logo_download.h"
 #include "device/register_queries.h"
 #include "platform/files.h"
 #include "platform/folders.h"
-#include "tickets/closure_requests.h"
+#include "tickets/line_sender.h"
 #include "tickets/remembered_tickets.h"
 #include "tickets/ticket_archive.h"
 #include "tickets/ticket_polling.h"
@@ -98,6 +99,7 @@ class Connector {
   PortDialog orvConf_;
 
   ErrorTexts errorTexts_;
+  LinkDialogs linkDialogs_;
   DeviceLink link_;
   ClockCorrection clockCorrection_;
   CashDialogues cash_;
@@ -109,6 +111,7 @@ class Connector {
   RememberedTickets remembered_;
   TicketArchive archive_;
   TicketSplitter splitter_;
+  LineSender sender_;
   TicketProcessor processor_;
   TicketPolling polling_;
   ClosureRequests closureRequests_;

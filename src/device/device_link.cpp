@@ -26,15 +26,9 @@ constexpr auto kAfterLongDelivery = 1s;
 
 }  // namespace
 
-DeviceLink::DeviceLink(EcrLink& control, const AppSettings& settings, Logs& logs, OperatorMessages& messages,
-                       PortDialog& portDialog, EventLoop& loop, const Clock& clock)
-    : control_(control),
-      settings_(settings),
-      logs_(logs),
-      messages_(messages),
-      portDialog_(portDialog),
-      loop_(loop),
-      clock_(clock) {
+DeviceLink::DeviceLink(EcrLink& control, const AppSettings& settings, Logs& logs, LinkDialogs& dialogs,
+                       EventLoop& loop, const Clock& clock)
+    : control_(control), settings_(settings), logs_(logs), dialogs_(dialogs), loop_(loop), clock_(clock) {
   control_.SetEvents(this);
 }
 
@@ -44,13 +38,18 @@ void DeviceLink::OpenDeviceLink(int endOfTextWait) {
   endOfTextWait_ = endOfTextWait;
   while (!TryOpen()) {
     loop_.CheckEnd();
-    AskAboutClosedPort();
+    const std::string port = " ( COM" + std::to_string(settings_.ComPortNumber) + " )";
+    if (!dialogs_.AskRetry(LoadMessage(MessageId::kPortNotOpened) + port)) throw ProgramEnd{.unload = false};
     SetPort(false);
     loop_.Pause(1000ms);
   }
 }
 
 void DeviceLink::ClosePort() { SetPort(false); }
+
+void DeviceLink::Reopen() { Reopen(settings_.TimeWaitForEtx); }
+
+void DeviceLink::ReopenForLongCommand() { Reopen(settings_.TimeWaitForLONGEtx); }
 
 void DeviceLink::Reopen(int endOfTextWait) {
   ClosePort();
@@ -114,23 +113,6 @@ void DeviceLink::SetProperty(LinkProperty property, int value) {
   logs_.Attempt(kFailureLabel, [&] { control_.SetProperty(property, value); });
 }
 
-void DeviceLink::AskAboutClosedPort() {
-  const std::string text =
-      LoadMessage(MessageId::kPortNotOpened) + " ( COM" + std::to_string(settings_.ComPortNumber) + " )";
-  logs_.WrErr(std::string(text));
-  const MessageResult answer =
-      messages_.ShowOperatorMessage(text, {MessageIcon::kInformation, MessageButtons::kRetryCancelConfigure},
-                                    LoadMessage(MessageId::kCommunicationWarning));
-  if (answer == MessageResult::kConfigure) {
-    portDialog_.Show();
-  } else if (answer == MessageResult::kCancel) {
-    if (ConfirmEnd(messages_, MessageIcon::kStop)) {
-      logs_.WrErr(LoadMessage(MessageId::kLinkCancelled));
-      throw ProgramEnd{.unload = false};
-    }
-  }
-}
-
 void DeviceLink::SetPort(bool open) {
   logs_.Attempt(kFailureLabel, [&] { control_.SetPortOpen(open); });
 }
@@ -148,9 +130,7 @@ bool DeviceLink::Present() {
 bool DeviceLink::DeviceReady() {
   for (int read = 0; read < kPresenceReads; ++read) {
     if (Present()) return read == 0;
-    logs_.WrErr(LoadMessage(MessageId::kDeviceOff));
-    messages_.ShowOperatorMessage(LoadMessage(MessageId::kDeviceOff), {MessageIcon::kStop},
-                                  LoadMessage(MessageId::kCommunicationWarning));
+    dialogs_.AlarmAbsent();
   }
   return false;
 }
@@ -186,6 +166,10 @@ Reply DeviceLink::Transmit(const std::string& command, double replyWait) {
   waiting_ = false;
   const Reply reply = TakeReply();
   return replied ? reply : Reply();
+}
+
+Reply DeviceLink::TransmitLong(const std::string& command) {
+  return Transmit(command, std::max(kReplyWait, settings_.TimeWaitForLONGEtx / 1000.0));
 }
 
 Reply DeviceLink::LatestReply(const Reply& reply) { return ReplyArrived ? TakeReply() : reply; }

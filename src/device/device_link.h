@@ -8,10 +8,9 @@
 #include "core/logs.h"
 #include "core/settings.h"
 #include "device/ecr_link.h"
+#include "device/link_dialogs.h"
 #include "device/reply.h"
 #include "device/serial_settings.h"
-#include "ui/operator_message.h"
-#include "ui/port_dialog.h"
 
 namespace orvenza {
 
@@ -25,8 +24,8 @@ class DeviceLink : private EcrLinkEvents {
   /// Longest wait for the reply to an ordinary command, in seconds.
   static constexpr double kReplyWait = 15.0;
 
-  DeviceLink(EcrLink& control, const AppSettings& settings, Logs& logs, OperatorMessages& messages,
-             PortDialog& portDialog, EventLoop& loop, const Clock& clock);
+  DeviceLink(EcrLink& control, const AppSettings& settings, Logs& logs, LinkDialogs& dialogs, EventLoop& loop,
+             const Clock& clock);
   ~DeviceLink() override;
   DeviceLink(const DeviceLink&) = delete;
   DeviceLink& operator=(const DeviceLink&) = delete;
@@ -37,8 +36,11 @@ class DeviceLink : private EcrLinkEvents {
 
   void ClosePort();
 
-  /// Closes the port, waits 100 ms and opens the link with another end-of-text wait.
-  void Reopen(int endOfTextWait);
+  /// Closes the port, waits 100 ms and opens the link again, with the ordinary end-of-text wait.
+  void Reopen();
+
+  /// The same for a long-running command, with the long end-of-text wait.
+  void ReopenForLongCommand();
 
   /// Closes the port for 1000 ms and opens it again as it was.
   void Bounce();
@@ -54,7 +56,7 @@ class DeviceLink : private EcrLinkEvents {
   /// The serial settings have changed: the link is to be opened anew, as soon as no command is under way.
   void ReapplySettings() { reapply_ = true; }
 
-  /// Opens the link anew if that is wanted. To be called when no command is under way.
+  /// Opens the link anew if that is wanted, as it was. To be called when no command is under way.
   void ApplyChangedSettings();
 
   /// Waits, without limit, until the register is ready.
@@ -66,6 +68,9 @@ class DeviceLink : private EcrLinkEvents {
   /// Exchange without waiting for the register to be ready: to be called right after a look or a wait, so
   /// that no event, such as a late reply, is left to be delivered.
   Reply Transmit(const std::string& command, double replyWait = kReplyWait);
+
+  /// Transmit with the wait for a long-running command.
+  Reply TransmitLong(const std::string& command);
 
   /// The reply that has come since the last exchange ended, once; `reply` where none has.
   Reply LatestReply(const Reply& reply);
@@ -79,6 +84,7 @@ class DeviceLink : private EcrLinkEvents {
   void LinkError2() override { Arrived("ERR-2"); }
   void Arrived(std::string reply);
 
+  void Reopen(int endOfTextWait);
   bool TryOpen();
   /// False when there is no control.
   bool Reset();
@@ -86,7 +92,6 @@ class DeviceLink : private EcrLinkEvents {
   /// Whether the port then reads open: that alone decides, not whether the control complained.
   bool OpenPort();
   void SetProperty(LinkProperty property, int value);
-  void AskAboutClosedPort();
   void SetPort(bool open);
   bool WaitReply(double replyWait, std::string_view code);
   bool DropLateReply(std::string_view code);
@@ -95,8 +100,7 @@ class DeviceLink : private EcrLinkEvents {
   EcrLink& control_;
   const AppSettings& settings_;
   Logs& logs_;
-  OperatorMessages& messages_;
-  PortDialog& portDialog_;
+  LinkDialogs& dialogs_;
   EventLoop& loop_;
   const Clock& clock_;
   int endOfTextWait_ = 0;

@@ -26,14 +26,11 @@ bool WantsOtherForm(const std::string& code, const Reply& reply) {
 }  // namespace
 
 RegisterQueries::RegisterQueries(DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery,
-                                 OperatorMessages& messages, PortDialog& portDialog,
-                                 const AppSettings& settings, Logs& logs, EventLoop& loop, PollTimer& timer)
+                                 LinkDialogs& dialogs, Logs& logs, EventLoop& loop, PollTimer& timer)
     : link_(link),
       cash_(cash),
       recovery_(recovery),
-      messages_(messages),
-      portDialog_(portDialog),
-      settings_(settings),
+      dialogs_(dialogs),
       logs_(logs),
       loop_(loop),
       timer_(timer) {}
@@ -96,28 +93,18 @@ bool RegisterQueries::SettleFailure(const Reply& reply) {
 }
 
 bool RegisterQueries::AskRetry(const std::string& text) {
-  logs_.WrErr(std::string(text));
-  const MessageResult answer =
-      messages_.ShowOperatorMessage(text, {MessageIcon::kInformation, MessageButtons::kRetryCancelConfigure},
-                                    LoadMessage(MessageId::kCommunicationWarning));
-  if (answer == MessageResult::kConfigure) portDialog_.Show();
-  if (answer == MessageResult::kCancel && ConfirmEnd(messages_, MessageIcon::kStop)) {
-    logs_.WrErr(LoadMessage(MessageId::kLinkCancelled));
-    return false;
-  }
+  if (!dialogs_.AskRetry(text)) return false;
   ReopenLink();
   return true;
 }
 
 void RegisterQueries::ReopenLink() {
   const PollingPause pause(timer_);
-  link_.Reopen(settings_.TimeWaitForEtx);
+  link_.Reopen();
 }
 
 void RegisterQueries::VoidOpenReceipt() {
-  const std::string text =
-      LoadMessage(MessageId::kSendingVoid) + std::string(kLineBreak) + LoadMessage(MessageId::kCheckKey);
-  messages_.ShowOperatorMessage(text, {MessageIcon::kExclamation}, LoadMessage(MessageId::kWarning));
+  dialogs_.AnnounceVoid();
   cash_.InvioVOID();
   loop_.Pause(1000ms);
   ReopenLink();

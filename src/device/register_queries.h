@@ -24,9 +24,8 @@ enum class Asking {
 /// gave an attended one up, or a quiet one failed.
 class RegisterQueries {
  public:
-  RegisterQueries(DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery, OperatorMessages& messages,
-                  PortDialog& portDialog, const AppSettings& settings, Logs& logs, EventLoop& loop,
-                  PollTimer& timer);
+  RegisterQueries(DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery, LinkDialogs& dialogs,
+                  Logs& logs, EventLoop& loop, PollTimer& timer);
 
   /// Whether the register answers.
   [[nodiscard]] std::optional<std::string> StatusQuery(Asking asking);
@@ -53,9 +52,7 @@ class RegisterQueries {
   DeviceLink& link_;
   CashDialogues& cash_;
   ErrorRecovery& recovery_;
-  OperatorMessages& messages_;
-  PortDialog& portDialog_;
-  const AppSettings& settings_;
+  LinkDialogs& dialogs_;
   Logs& logs_;
   EventLoop& loop_;
   PollTimer& timer_;

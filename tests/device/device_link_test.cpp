@@ -207,12 +207,20 @@ TEST_F(OpenLinkTest, AControlThatCannotBeCreatedIsAskedNoFurther) {
 }
 
 TEST_F(OpenLinkTest, ReopeningClosesAndWaits100Milliseconds) {
-  link.Reopen(50000);
+  settings.TimeWaitForLONGEtx = 50000;
+  link.ReopenForLongCommand();
   EXPECT_EQ(Calls().at(0), "open 0");
   EXPECT_EQ(Calls().at(1), "reset 1");
   EXPECT_EQ(Calls().at(9), "end-of-text wait 50000");
   EXPECT_TRUE(control.open);
   EXPECT_EQ(Elapsed(), 100);
+}
+
+TEST_F(OpenLinkTest, ReopeningRestoresTheOrdinaryWait) {
+  link.OpenDeviceLink(50000);
+  control.calls.clear();
+  link.Reopen();
+  EXPECT_EQ(Calls().at(9), "end-of-text wait 10002");
 }
 
 TEST_F(OpenLinkTest, ClosingThatFailsIsLoggedAndNoMore) {

@@ -369,7 +369,7 @@ TEST_F(ExchangeTest, AControlThatCannotSayWhetherTheRegisterIsThereCountsAsAbsen
 
 TEST_F(ExchangeTest, TheControlTellsNobodyOnceTheLinkIsGone) {
   {
-    DeviceLink other(control, settings, logs, messages, portDialog, loop, clock);
+    DeviceLink other(control, settings, logs, dialogs, loop, clock);
     control.Raise("200100");
     EXPECT_EQ(other.LatestReply({}).Text(), "200100");
   }

@@ -13,6 +13,7 @@
 #include "device/clock_correction.h"
 #include "device/device_link.h"
 #include "device/error_recovery.h"
+#include "device/link_dialogs.h"
 #include "device/register_queries.h"
 #include "platform/ini_profile_file.h"
 #include "simulator/scripted_operator.h"
@@ -90,13 +91,14 @@ class DeviceBench : public ::testing::Test {
   PortDialog portDialog{person, settings, profile, {"C:\\shop", "Orvenza"}};
   ScriptedLink control{clock};
   FaultyLink faulty{control};
-  DeviceLink link{faulty, settings, logs, messages, portDialog, loop, clock};
+  LinkDialogs dialogs{messages, portDialog, logs};
+  DeviceLink link{faulty, settings, logs, dialogs, loop, clock};
   ClockCorrection correction{clock, settings, logs};
   CashDialogues cash{link, settings, logs, messages, loop, correction};
   ErrorTexts texts{profile, "C:\\shop\\ErrDesc.ini"};
   ErrorRecovery recovery{texts, cash, person, logs, "Orvenza"};
   PollTimer timer{clock};
-  RegisterQueries queries{link, cash, recovery, messages, portDialog, settings, logs, loop, timer};
+  RegisterQueries queries{link, cash, recovery, dialogs, logs, loop, timer};
 
  private:
   static LocalTime Start() { return {2026, 11, 16, 9, 0, 0}; }

@@ -30,7 +30,8 @@ class PollingTimerTest : public DeviceBench {
   RememberedTickets remembered{files, logs, folder.Path()};
   TicketArchive archive{files, folders, settings, logs, messages, remembered};
   TicketSplitter splitter{files, settings, logs, archive};
-  TicketProcessor processor{files, settings, logs, loop, link, cash, recovery, logo, translator, archive};
+  LineSender sender{link, cash, recovery, logo, translator, logs};
+  TicketProcessor processor{files, settings, logs, loop, cash, sender, archive};
   TicketPolling polling{files,   folders,    settings, logs,      loop,    timer,     link,
                         queries, correction, splitter, processor, archive, remembered};
 };

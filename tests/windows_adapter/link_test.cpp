@@ -74,7 +74,8 @@ class LinkTest : public StandInBench {
   OperatorMessages messages{person, "Orvenza"};
   IniProfileFile profile{files};
   PortDialog portDialog{person, settings, profile, {"C:\\shop", "Orvenza"}};
-  std::optional<DeviceLink> link{std::in_place, *adapter, settings, logs, messages, portDialog, loop, clock};
+  LinkDialogs dialogs{messages, portDialog, logs};
+  std::optional<DeviceLink> link{std::in_place, *adapter, settings, logs, dialogs, loop, clock};
 };
 
 constexpr const char* kNotCreated =
@@ -108,7 +109,7 @@ TEST_F(LinkTest, AReplyFromInsideTheMethodThatSendsIsNotLost) {
 
 TEST_F(LinkTest, OpeningAgainSetsTheControlUpWhileThePortIsClosed) {
   OpenLink();
-  link->Reopen(50000);
+  link->ReopenForLongCommand();
   const Lines done = Done();
   EXPECT_EQ(Lines(done.begin(), done.begin() + 4),
             (Lines{"set 6 False", "port closed", "set 18 True", "set 16 1"}));
