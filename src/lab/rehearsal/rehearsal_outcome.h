@@ -25,8 +25,9 @@ struct RehearsalOutcome {
   /// What went wrong, in sentences: why the run was broken off, an event that could not be done, answers that
   /// were never asked for, expectations that did not come true. Empty: the rehearsal went as it should.
   std::vector<std::string> problems;
-  std::vector<RehearsalEvent> events;
+  std::vector<RehearsalEvent> events;        ///< Empty without a transcript.
   std::vector<std::string> sent;             ///< Every command, in the register's bytes.
+  std::chrono::milliseconds lastSent{};      ///< When the last command was sent.
   std::vector<std::string> paper;            ///< Every line, in the register's bytes.
   std::vector<PrintedReceipt> receipts;      ///< Closed and voided ones.
   bool receiptOpen = false;                  ///< One is still open.
