@@ -9,9 +9,12 @@ namespace orvenza {
 namespace {
 
 std::string_view NameOf(const ShownDialog& dialog) {
-  if (dialog.kind == DialogKind::kChoice) return " (choice)";
-  if (dialog.kind == DialogKind::kPortSettings) return " (port)";
-  if (dialog.kind == DialogKind::kUtilities) return " (utilities)";
+  switch (dialog.kind) {
+    case DialogKind::kChoice: return " (choice)";
+    case DialogKind::kPortSettings: return " (port)";
+    case DialogKind::kUtilities: return " (utilities)";
+    case DialogKind::kMessage: break;
+  }
   switch (dialog.icon) {
     case MessageIcon::kStop: return " (stop)";
     case MessageIcon::kQuestion: return " (question)";

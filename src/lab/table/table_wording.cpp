@@ -1,25 +1,12 @@
 #include "lab/table/table_wording.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
-#include <utility>
 
 namespace orvenza {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-constexpr std::array<std::pair<Verdict, const char*>, 8> kVerdicts{{
-    {Verdict::kFine, "fine"},
-    {Verdict::kInDoubt, "printed, but given up"},
-    {Verdict::kTwiceByChoice, "printed twice by choice"},
-    {Verdict::kLostByChoice, "lost by choice"},
-    {Verdict::kAsksOn, "asks on"},
-    {Verdict::kTwice, "**printed twice**"},
-    {Verdict::kLost, "**lost**"},
-    {Verdict::kHang, "**hangs**"},
-}};
 
 /// Times that an answer is written out.
 constexpr std::size_t kWrittenOut = 3;
@@ -62,15 +49,22 @@ std::string FaultList(const Texts& names) {
 }  // namespace
 
 std::vector<Verdict> AllVerdicts() {
-  std::vector<Verdict> all;
-  all.reserve(std::size(kVerdicts));
-  for (const auto& [verdict, name] : kVerdicts) all.push_back(verdict);
-  return all;
+  return {Verdict::kFine,   Verdict::kInDoubt, Verdict::kTwiceByChoice, Verdict::kLostByChoice,
+          Verdict::kAsksOn, Verdict::kTwice,   Verdict::kLost,          Verdict::kHang};
 }
 
 std::string NameOf(Verdict verdict) {
-  return std::find_if(kVerdicts.begin(), kVerdicts.end(), [&](const auto& v) { return v.first == verdict; })
-      ->second;
+  switch (verdict) {
+    case Verdict::kFine: return "fine";
+    case Verdict::kInDoubt: return "printed, but given up";
+    case Verdict::kTwiceByChoice: return "printed twice by choice";
+    case Verdict::kLostByChoice: return "lost by choice";
+    case Verdict::kAsksOn: return "asks on";
+    case Verdict::kTwice: return "**printed twice**";
+    case Verdict::kLost: return "**lost**";
+    case Verdict::kHang: return "**hangs**";
+  }
+  return {};
 }
 
 std::string NameOf(FileEnd file) {

@@ -50,7 +50,17 @@ bool MoreWasChosen(const TicketEnd& end) {
 }  // namespace
 
 bool IsForbidden(Verdict verdict) {
-  return verdict == Verdict::kLost || verdict == Verdict::kTwice || verdict == Verdict::kHang;
+  switch (verdict) {
+    case Verdict::kLost:
+    case Verdict::kTwice:
+    case Verdict::kHang: return true;
+    case Verdict::kFine:
+    case Verdict::kInDoubt:
+    case Verdict::kTwiceByChoice:
+    case Verdict::kLostByChoice:
+    case Verdict::kAsksOn: break;
+  }
+  return false;
 }
 
 std::vector<std::string> ErrorLines(const RehearsalOutcome& outcome) {
