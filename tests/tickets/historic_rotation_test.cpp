@@ -41,14 +41,14 @@ class RotationTest : public ::testing::Test {
   }
 
   void Keep(const std::string& name, Date date) { KeepInHistoric(shop, name, date); }
-  void MakeFolder(const std::string& name) { std::filesystem::create_directories(shop.folder.Native(name)); }
+  void MakeFolder(const std::string& name) { shop.folder.MakeFolder(name); }
   void Rotate() { RotateHistoricFolder(shop.folders, shop.clock, logs, settings); }
 
   /// The folders of the shop, sorted.
   Lines FoldersInShop() {
     Lines names;
-    for (const auto& entry : std::filesystem::directory_iterator(shop.folder.Native(""))) {
-      if (entry.is_directory()) names.push_back(entry.path().filename().string());
+    for (const FolderEntry& entry : shop.disk.FolderSeam().ListFolder(shop.folder.Path("*"))) {
+      if (entry.isFolder) names.push_back(entry.name);
     }
     std::sort(names.begin(), names.end());
     return names;
@@ -123,7 +123,7 @@ TEST_F(RotationTest, CountsArchivedTicketsUnderAMaskThatTheirNumbersDoNotFit) {
     Keep(archived, kToday);
     Rotate();
     EXPECT_EQ(FoldersInShop(), Lines{"storico"}) << mask;
-    std::filesystem::remove(shop.folder.Native("storico\\" + std::string(archived)));
+    shop.folder.Remove("storico\\" + std::string(archived));
   }
 }
 

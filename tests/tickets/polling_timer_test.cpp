@@ -2,8 +2,7 @@
 
 #include "support/device_bench.h"
 #include "support/faulty_files.h"
-#include "support/system_seams.h"
-#include "support/temp_folder.h"
+#include "support/virtual_folder.h"
 #include "tickets/ticket_polling.h"
 
 // What a tick does with `Timer1`.
@@ -22,9 +21,9 @@ class PollingTimerTest : public DeviceBench {
     timer.SetEnabled(true);
   }
 
-  TempFolder folder;
-  SystemFolders realFolders;
-  FaultyFolders folders{realFolders};
+  VirtualDisk disk{clock};
+  VirtualFolder folder{disk};
+  FaultyFolders folders{disk.FolderSeam()};
   LogoDownload logo{link, recovery, files, logs, messages};
   RecordTranslator translator{queries.Identity(), settings, files, logs};
   RememberedTickets remembered{files, logs, folder.Path()};

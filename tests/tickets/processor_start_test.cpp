@@ -199,7 +199,7 @@ TEST(TicketFile, OneThatVanishesEndsInSilence) {
   Shop shop;
   shop.Drop("ticket.txt", {"0;1;"});
   shop.link.SetObserver([&](LineEvent, const std::string& text) {
-    if (text == "321701") std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
+    if (text == "321701") shop.folder.Remove("data\\inproces\\ticket.txt");
   });
   shop.Run();
   EXPECT_EQ(shop.SentForTickets(), Lines{});

@@ -77,7 +77,7 @@ TEST_F(ArchiveTest, NumbersOneAboveTheLargest) {
                         {{"5000000000000000.txt", "5.txt"}, "6.txt"},
                         {{"99999999999999999999999999.txt", "5.txt"}, "6.txt"}};
   for (const Case& row : cases) {
-    std::filesystem::remove_all(shop.folder.Native("storico"));
+    shop.folder.Remove("storico");
     Keep(row.kept);
     shop.folder.Write("data\\inproces\\ticket.txt", "new");
     archive.Archive(workFile, kText);
@@ -96,7 +96,7 @@ TEST_F(ArchiveTest, TakesTheExtensionFromTheLastThreeCharactersOfTheMask) {
       {"x", "1.x"},        {"*.tx?", "1.txt"},
   };
   for (const auto& [mask, name] : extensions) {
-    std::filesystem::remove_all(shop.folder.Native("storico"));
+    shop.folder.Remove("storico");
     shop.folder.Write("data\\inproces\\ticket.txt", "new");
     settings.TicketMask = mask;
     archive.Archive(workFile, kText);
@@ -202,7 +202,7 @@ TEST_F(ArchiveTest, AHistoricFolderThatCannotBeListedReplacesNoTicket) {
 }
 
 TEST_F(ArchiveTest, ATicketThatHasGoneIsOneLineInTheErrorLog) {
-  std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
+  shop.folder.Remove("data\\inproces\\ticket.txt");
   archive.Archive(workFile, kText);
   EXPECT_EQ(shop.Err(), Lines{kNotArchived});
   archive.RetrySettled();
@@ -210,7 +210,7 @@ TEST_F(ArchiveTest, ATicketThatHasGoneIsOneLineInTheErrorLog) {
 }
 
 TEST_F(ArchiveTest, ATicketThatHasGoneAndNeedNotBeKeptIsNoLine) {
-  std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
+  shop.folder.Remove("data\\inproces\\ticket.txt");
   archive.Abort(workFile, kText);
   settings.HistoricFolder.clear();
   archive.Archive(workFile, kText);
@@ -220,7 +220,7 @@ TEST_F(ArchiveTest, ATicketThatHasGoneAndNeedNotBeKeptIsNoLine) {
 }
 
 TEST_F(ArchiveTest, ATicketThatWasOnlyOutOfSightGoesToTheAbortFolder) {
-  std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
+  shop.folder.Remove("data\\inproces\\ticket.txt");
   archive.Archive(workFile, kText);
   shop.folder.Write("data\\inproces\\ticket.txt", "1;a;\r\n");
   EXPECT_TRUE(archive.IsSettled(workFile)) << "it must not be printed again";
@@ -258,10 +258,9 @@ TEST_F(ArchiveTest, ATicketWhoseFolderCannotBeLookedAtIsSettled) {
 }
 
 TEST_F(ArchiveTest, ATicketWhoseFolderCannotBeSeenIsSettled) {
-  const auto data = shop.folder.Native("data");
-  std::filesystem::rename(data, shop.folder.Native("elsewhere"));
+  shop.folder.RenameFolder("data", "elsewhere");
   archive.Archive(workFile, kText);
-  std::filesystem::rename(shop.folder.Native("elsewhere"), data);
+  shop.folder.RenameFolder("elsewhere", "data");
   EXPECT_TRUE(archive.IsSettled(workFile)) << "it must not be printed again";
 }
 
@@ -317,7 +316,7 @@ TEST_F(ArchiveTest, ATicketThatIsArchivedButCannotBeRemovedIsNotCopiedAgain) {
 TEST_F(ArchiveTest, ASettledTicketThatHasGoneIsForgotten) {
   shop.Hold("inproces");
   archive.Archive(workFile, kText);
-  std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
+  shop.folder.Remove("data\\inproces\\ticket.txt");
   archive.RetrySettled();
   EXPECT_FALSE(archive.IsSettled(workFile));
   EXPECT_EQ(Aborted(), Lines{});
@@ -326,10 +325,9 @@ TEST_F(ArchiveTest, ASettledTicketThatHasGoneIsForgotten) {
 TEST_F(ArchiveTest, ASettledTicketIsNotForgottenWhileItsFolderCannotBeSeen) {
   shop.Hold("inproces");
   archive.Archive(workFile, kText);
-  const auto data = shop.folder.Native("data");
-  std::filesystem::rename(data, shop.folder.Native("elsewhere"));
+  shop.folder.RenameFolder("data", "elsewhere");
   archive.RetrySettled();
-  std::filesystem::rename(shop.folder.Native("elsewhere"), data);
+  shop.folder.RenameFolder("elsewhere", "data");
   EXPECT_TRUE(archive.IsSettled(workFile));
 }
 
