@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "core/folder_path.h"
+#include "core/text.h"
 #include "platform/system_error.h"
 #include "simulator/virtual_disk.h"
 
@@ -84,6 +85,8 @@ class VirtualDisk::FilesOfDisk : public Files {
       throw SystemError(error_number::kPathFileAccess, path);
     }
     Node& node = disk_.Place(path, path);
+    // A file that was left half written beside it is written over and renamed.
+    disk_.nodes_.erase(disk_.KeyOf(path) + ToUpperAscii(kUnfinishedSuffix));
     node.content = std::move(content);
     node.created = disk_.clock_.Now();
     node.modified = modified;
