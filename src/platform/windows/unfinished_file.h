@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -21,7 +22,13 @@ class UnfinishedFile {
 
   void Add(std::string_view bytes);
   void SetModified(const FILETIME& time);
-  void Finish();
+  /// Moves the file into the target's place. While another program has the old target open, the replacement
+  /// is retried for a fifth of a second; `pause` sleeps between two attempts.
+  void Finish(const std::function<void()>& pause = [] { ::Sleep(kReplacePause); });
+
+  /// Attempts to replace the target, and the pause between them in milliseconds.
+  static constexpr int kReplaceTries = 10;
+  static constexpr DWORD kReplacePause = 20;
 
  private:
   std::string target_;
