@@ -5,7 +5,7 @@
 #include <chrono>
 #include <vector>
 
-#include "simulator/virtual_clock.h"
+#include "support/test_clock.h"
 
 namespace orvenza {
 namespace {
@@ -23,7 +23,7 @@ class EventLoopTest : public ::testing::Test {
     clock.After(delay, [this, end] { loop.RequestEnd(end); });
   }
 
-  VirtualClock clock;
+  TestClock clock;
   EventLoop loop{clock, clock};
   std::vector<nanoseconds> moments;
 };

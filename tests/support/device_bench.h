@@ -17,9 +17,9 @@
 #include "device/register_queries.h"
 #include "platform/ini_profile_file.h"
 #include "simulator/scripted_operator.h"
-#include "simulator/virtual_clock.h"
 #include "support/memory_files.h"
 #include "support/scripted_link.h"
+#include "support/test_clock.h"
 
 namespace orvenza::test {
 
@@ -80,7 +80,7 @@ class DeviceBench : public ::testing::Test {
     clock.After(delay, [this] { loop.RequestEnd({.unload = true}); });
   }
 
-  VirtualClock clock{Start()};
+  TestClock clock{Start()};
   MemoryFiles files;
   AppSettings settings;
   Logs logs{files, clock, settings, "C:\\shop"};

@@ -18,8 +18,8 @@
 #include "simulator/scripted_operator.h"
 #include "simulator/simulated_link.h"
 #include "simulator/simulated_register.h"
-#include "simulator/virtual_clock.h"
 #include "support/faulty_files.h"
+#include "support/test_clock.h"
 #include "support/virtual_folder.h"
 #include "ui/notification_icon.h"
 
@@ -198,7 +198,7 @@ class Shop {
     return text;
   }
 
-  VirtualClock clock;
+  TestClock clock;
   VirtualDisk disk{clock, "C:\\shop"};
   VirtualFolder folder{disk};
   int status = -1;  ///< The connector's last exit code.
