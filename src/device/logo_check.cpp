@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kHeaderLength = 30;
 
 /// The first bytes of the file, fewer when it is shorter.
-std::string ReadHeader(const Files& files, const std::string& path) {
+std::string ReadHeader(const FileReader& files, const std::string& path) {
   const std::unique_ptr<ByteReader> reader = files.OpenForReading(path);
   std::array<char, kHeaderLength> header{};
   std::size_t length = 0;
@@ -50,7 +50,7 @@ std::uint32_t LogoHeaderValue(std::string_view bytes) {
   return number;
 }
 
-std::optional<std::uint32_t> LogoRows(const Files& files, const std::string& path) {
+std::optional<std::uint32_t> LogoRows(const FileReader& files, const std::string& path) {
   try {
     if (files.Exists(path)) return RowsInHeader(ReadHeader(files, path));
   } catch (const SystemError&) {
@@ -59,7 +59,7 @@ std::optional<std::uint32_t> LogoRows(const Files& files, const std::string& pat
   return {};
 }
 
-bool IsValidLogoBitmap(const Files& files, const std::string& path) {
+bool IsValidLogoBitmap(const FileReader& files, const std::string& path) {
   return LogoRows(files, path).has_value();
 }
 

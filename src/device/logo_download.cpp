@@ -34,7 +34,7 @@ std::string RowCommand(const std::string& number, std::size_t counter, const std
 
 }  // namespace
 
-std::vector<std::string> ReadLogoRows(const Files& files, const std::string& path) {
+std::vector<std::string> ReadLogoRows(const FileReader& files, const std::string& path) {
   const std::optional<std::uint32_t> count = LogoRows(files, path);
   const std::size_t length = kLogoDataOffset + count.value_or(0) * kLogoRowBytes;
   const std::string bytes = ReadWhole(files, path, length);

@@ -14,7 +14,7 @@ namespace orvenza {
 /// Sends a logo bitmap, already checked, to the register: one command a row, the picture's top row first.
 class LogoDownload {
  public:
-  LogoDownload(DeviceLink& link, ErrorRecovery& recovery, const Files& files, Logs& logs,
+  LogoDownload(DeviceLink& link, ErrorRecovery& recovery, const FileReader& files, Logs& logs,
                OperatorMessages& messages)
       : link_(link), recovery_(recovery), files_(files), logs_(logs), messages_(messages) {}
 
@@ -30,13 +30,13 @@ class LogoDownload {
 
   DeviceLink& link_;
   ErrorRecovery& recovery_;
-  const Files& files_;
+  const FileReader& files_;
   Logs& logs_;
   OperatorMessages& messages_;
 };
 
 /// The rows of the bitmap `path`, top row first, each as 112 upper-case hexadecimal digits. Throws
 /// SystemError when the file cannot be read or holds less than its headers promise.
-std::vector<std::string> ReadLogoRows(const Files& files, const std::string& path);
+std::vector<std::string> ReadLogoRows(const FileReader& files, const std::string& path);
 
 }  // namespace orvenza

@@ -7,7 +7,7 @@
 
 namespace orvenza {
 
-bool MayExist(const Files& files, const std::string& path) {
+bool MayExist(const FileReader& files, const std::string& path) {
   try {
     return files.Exists(path);
   } catch (const SystemError&) {
@@ -15,7 +15,8 @@ bool MayExist(const Files& files, const std::string& path) {
   }
 }
 
-std::string ReadWhole(const Files& files, const std::string& path, std::size_t limit) {
+std::string ReadWhole(const FileReader& files, const std::string& path, std::size_t limit) {
+  std::string bytes;
   const auto reader = files.OpenForReading(path);
   std::array<char, 16 * 1024> piece;
   std::string bytes;

@@ -15,7 +15,7 @@ std::size_t PieceReader::Read(char* buffer, std::size_t capacity) {
   return count;
 }
 
-std::string ReadInPieces(const Files& files, const std::string& path, const BetweenPieces& between) {
+std::string ReadInPieces(const FileReader& files, const std::string& path, const BetweenPieces& between) {
   PieceReader reader(files.OpenForReading(path), between);
   std::array<char, PieceReader::kPiece> piece;
   std::string text;

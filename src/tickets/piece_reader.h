@@ -32,6 +32,6 @@ class PieceReader : public ByteReader {
 };
 
 /// All bytes of a file, read in pieces. Throws SystemError.
-std::string ReadInPieces(const Files& files, const std::string& path, const BetweenPieces& between);
+std::string ReadInPieces(const FileReader& files, const std::string& path, const BetweenPieces& between);
 
 }  // namespace orvenza

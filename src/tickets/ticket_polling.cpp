@@ -33,7 +33,7 @@ bool Holds(const TicketListing::SortedList& list, const std::string& entry) {
 
 }  // namespace
 
-bool AsksToQuit(const Files& files, const std::string& commandFile) {
+bool AsksToQuit(const FileReader& files, const std::string& commandFile) {
   LineReader reader(std::make_unique<TextBytes>(ReadWhole(files, commandFile, kLongestCommand)));
   std::string line;
   reader.ReadLine(line);

@@ -27,7 +27,7 @@ namespace orvenza {
 
 /// Whether the first line of the host's command file, which exists, asks the program to end: "QUIT", or
 /// nothing at all. Throws SystemError.
-bool AsksToQuit(const Files& files, const std::string& commandFile);
+bool AsksToQuit(const FileReader& files, const std::string& commandFile);
 
 /// The polling loop's work on each tick of `Timer1`: the host's command file, then at most one ticket, then
 /// the clock.

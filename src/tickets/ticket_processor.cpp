@@ -19,8 +19,10 @@ constexpr const char* kReceiptSplitLine =
 
 }  // namespace
 
-TicketProcessor::TicketProcessor(Files& files, const AppSettings& settings, Logs& logs, EventLoop& loop,
-                                 CashDialogues& cash, LineSender& sender, TicketArchive& archive)
+TicketProcessor::TicketProcessor(const FileReader& files, const AppSettings& settings, Logs& logs,
+                                 EventLoop& loop, DeviceLink& link, CashDialogues& cash,
+                                 ErrorRecovery& recovery, LogoDownload& logo, RecordTranslator& translator,
+                                 TicketArchive& archive)
     : files_(files),
       settings_(settings),
       logs_(logs),

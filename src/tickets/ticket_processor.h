@@ -20,8 +20,9 @@ namespace orvenza {
 /// Drives one ticket file through the register, from its first line to the archive.
 class TicketProcessor {
  public:
-  TicketProcessor(Files& files, const AppSettings& settings, Logs& logs, EventLoop& loop, CashDialogues& cash,
-                  LineSender& sender, TicketArchive& archive);
+  TicketProcessor(const FileReader& files, const AppSettings& settings, Logs& logs, EventLoop& loop,
+                  DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery, LogoDownload& logo,
+                  RecordTranslator& translator, TicketArchive& archive);
 
   /// Prints the ticket `text`, the whole of `workFile`, a full path; a printing from the start again reads
   /// the file anew. On return the file has been archived or moved to the abort folder, or has disappeared;
@@ -43,7 +44,7 @@ class TicketProcessor {
   Next HandleLine(const Line& line);
   void SplitReceipt(const std::string& rejectedLine);
 
-  Files& files_;
+  const FileReader& files_;
   const AppSettings& settings_;
   Logs& logs_;
   EventLoop& loop_;

@@ -24,7 +24,7 @@ bool IsLongRunning(std::string_view translation);
 class RecordTranslator {
  public:
   /// `files` is asked about logo bitmaps, `logs` hears of wrong ones. All must outlive the translator.
-  RecordTranslator(const RegisterIdentity& identity, const AppSettings& settings, const Files& files,
+  RecordTranslator(const RegisterIdentity& identity, const AppSettings& settings, const FileReader& files,
                    Logs& logs);
 
   /// The command of a record: code, values and fixed characters with nothing between them, long-running ones
@@ -35,7 +35,7 @@ class RecordTranslator {
  private:
   const RegisterIdentity& identity_;
   const AppSettings& settings_;
-  const Files& files_;
+  const FileReader& files_;
   Logs& logs_;
 };
 

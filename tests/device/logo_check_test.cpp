@@ -6,6 +6,8 @@
 #include <string>
 
 #include "device/logo_files.h"
+#include "simulator/virtual_clock.h"
+#include "simulator/virtual_disk.h"
 #include "support/faulty_files.h"
 
 namespace orvenza::test {
@@ -102,9 +104,10 @@ TEST(LogoCheck, RefusesAFileThatCannotBeOpened) {
 }
 
 TEST(LogoCheck, RefusesAFileThatCannotBeLookedAt) {
-  LogoFiles files;
-  files.content[kPath] = LogoBitmap(100);
-  FaultyFiles faulty(files);
+  const VirtualClock clock;
+  VirtualDisk disk(clock);
+  disk.Put(kPath, LogoBitmap(100));
+  FaultyFiles faulty(disk.FileSeam());
   faulty.FailNext("Exists", error_number::kDeviceError);
   EXPECT_FALSE(IsValidLogoBitmap(faulty, kPath));
 }

@@ -14,8 +14,8 @@
 
 namespace orvenza::test {
 
-/// Files in memory, by path, for what reads bitmaps and writes a log.
-class LogoFiles : public Files {
+/// Bitmaps in memory, by path.
+class LogoFiles : public FileReader {
  public:
   std::map<std::string, std::string> content;
   /// Existing paths that cannot be opened.
@@ -32,16 +32,6 @@ class LogoFiles : public Files {
     if (path == locked) throw SystemError(error_number::kPermissionDenied, path);
     return std::make_unique<Reader>(*this, content.at(path));
   }
-  void Append(const std::string& path, std::string_view text) override { content[path] += text; }
-  void Write(const std::string& path, std::string_view text) override { content[path] = text; }
-  void Move(const std::string& from, const std::string& to) override {
-    Copy(from, to);
-    content.erase(from);
-  }
-  void Copy(const std::string& from, const std::string& to) override { content[to] = content.at(from); }
-  void Remove(const std::string& path) override { content.erase(path); }
-  void ClearAttributes(const std::string&) override {}
-  void CopyModified(const std::string&, const std::string&) override {}
 
  private:
   class Reader : public ByteReader {

@@ -8,6 +8,7 @@
 
 #include "core/logs.h"
 #include "device/logo_files.h"
+#include "simulator/virtual_disk.h"
 #include "tickets/translation.h"
 
 namespace orvenza::test {
@@ -30,7 +31,7 @@ class TranslationTest : public ::testing::Test {
     identity.DeviceReleaseNumber = ReleaseNumber(identity.DeviceRelease);
   }
 
-  const std::string& ErrorLog() { return files.content["Err.txt"]; }
+  std::string ErrorLog() const { return disk.Content("Err.txt").value_or(""); }
 
   RegisterIdentity identity;
   AppSettings settings;
@@ -45,7 +46,8 @@ class TranslationTest : public ::testing::Test {
     std::string Stamp(const LocalTime&) const override { return "now"; }
   };
   StoppedClock clock;
-  Logs logs{files, clock, settings, "C:\\shop"};
+  VirtualDisk disk{clock};
+  Logs logs{disk.FileSeam(), clock, settings, "C:\\shop"};
 
  protected:
   RecordTranslator translator{identity, settings, files, logs};

@@ -24,7 +24,7 @@ constexpr std::size_t kMostTickets = 10;
 constexpr const char* kMasked = "texts masked";
 
 /// A longer log is cut at the start of a line: a quotation cut in the middle could not be masked.
-std::string ReadEnd(const Files& files, const std::string& path) {
+std::string ReadEnd(const FileReader& files, const std::string& path) {
   std::string end;
   std::string piece(65536, '\0');
   const auto reader = files.OpenForReading(path);

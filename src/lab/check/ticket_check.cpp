@@ -19,7 +19,7 @@ std::string CharacterName(char c) {
 
 }  // namespace
 
-TicketCheck::TicketCheck(CheckRules rules, const Files& files, Clock& clock)
+TicketCheck::TicketCheck(CheckRules rules, const FileReader& files, Clock& clock)
     : rules_(std::move(rules)),
       silence_(noFiles_, clock, rules_.settings, {}),
       translator_(rules_.identity, rules_.settings, files, silence_),

@@ -29,7 +29,7 @@ struct CheckRules {
 class TicketCheck {
  public:
   /// `files` is only used to look for logo bitmaps; nothing is written.
-  TicketCheck(CheckRules rules, const Files& files, Clock& clock);
+  TicketCheck(CheckRules rules, const FileReader& files, Clock& clock);
   TicketCheck(const TicketCheck&) = delete;
   TicketCheck& operator=(const TicketCheck&) = delete;
 
