@@ -94,9 +94,7 @@ void Connector::RefuseStart(int status, const std::function<void()>& tell, const
 }
 
 void Connector::PrepareSettings() {
-  bool isThere = false;
-  ReadSettings([&] { isThere = files_.Exists(paths_.Ini()); });
-  if (!isThere) {
+  if (!ReadSettings([&] { return files_.Exists(paths_.Ini()); })) {
     settings_.IniCreated = true;
     logs_.Attempt(kMainLabel, [&] { settingsFile_.WriteDefaultIni(); });
     logs_.WrLog(LoadMessage(MessageId::kDefaultIni));
@@ -105,16 +103,17 @@ void Connector::PrepareSettings() {
   const auto stepDone = [&] {
     messages_.ShowOperatorMessage(LoadMessage(MessageId::kIniUpgraded), {MessageIcon::kInformation}, {});
   };
-  bool isKnown = false;
-  ReadSettings([&] { isKnown = settingsFile_.UpgradeIni(settings_, stepDone); });
-  if (!isKnown) {
+  if (!ReadSettings([&] { return settingsFile_.UpgradeIni(settings_, stepDone); })) {
     RefuseStart(exit_status::kSettings, [&] {
       messages_.ShowOperatorMessage(LoadMessage(MessageId::kWrongIniVersion) + std::string(kLineBreak) +
                                         LoadMessage(MessageId::kProgramEnded),
                                     {MessageIcon::kStop}, {});
     });
   }
-  ReadSettings([&] { settingsFile_.ReadIni(settings_); });
+  ReadSettings([&] {
+    settingsFile_.ReadIni(settings_);
+    return true;
+  });
   logs_.Attempt(kMainLabel, [&] {
     if (!files_.Exists(paths_.ErrDesc())) settingsFile_.WriteDefaultErrDesc();
   });
@@ -122,7 +121,7 @@ void Connector::PrepareSettings() {
 
 /// With defaults in place of unreadable settings, receipts would be printed wrong and printed tickets thrown
 /// away. So reading is retried for a few seconds, and then the start is refused.
-void Connector::ReadSettings(const std::function<void()>& read) {
+bool Connector::ReadSettings(const std::function<bool()>& read) {
   for (int retry = 0; retry < kSettingsRetries; ++retry) {
     try {
       return read();
@@ -130,7 +129,7 @@ void Connector::ReadSettings(const std::function<void()>& read) {
       loop_.Pause(kSettingsPause);
     }
   }
-  if (logs_.Attempt(kMainLabel, read)) return;
+  if (const auto answer = logs_.Attempt(kMainLabel, read)) return *answer;
   RefuseStart(exit_status::kSettings, [&] { ReportUnreadableSettings(messages_, logs_, paths_.Ini()); });
 }
 

@@ -68,7 +68,7 @@ class Connector {
   [[noreturn]] void RefuseStart(int status, const std::function<void()>& tell,
                                 const std::function<void()>& log = {});
   void PrepareSettings();
-  void ReadSettings(const std::function<void()>& read);
+  bool ReadSettings(const std::function<bool()>& read);
   void RemoveUnfinished();
   void LoadMainForm();
   void RotateHistoric();

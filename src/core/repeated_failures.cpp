@@ -14,7 +14,7 @@ std::string WithCount(const char* what, int count, const std::string& line) {
 }  // namespace
 
 bool RepeatedFailures::Attempt(std::string_view label, const std::function<void()>& step) {
-  const auto line = Logs::Try(label, step);
+  const auto line = Logs::FailureOf(label, step);
   if (line) Note(*line);
   return !line;
 }

@@ -5,16 +5,15 @@
 #include <string>
 #include <vector>
 
+#include "core/logs.h"
 #include "platform/files.h"
 #include "platform/profile_file.h"
 
 namespace orvenza {
 
-class Logs;
-
 /// The settings record: filled once at start-up. Only the port dialog changes it later (the two serial
 /// values).
-struct AppSettings {
+struct AppSettings : LogPaths {
   std::string TicketFilesSpec;  ///< Folder and mask of the incoming tickets, as read.
   std::string TicketFolder;     ///< Its part up to and including the last "\"; empty when there is none.
   std::string TicketMask;       ///< The rest.
@@ -22,8 +21,6 @@ struct AppSettings {
   std::string InProcessFolder;  ///< Ends in "\".
   std::string AbortFolder;      ///< Ends in "\".
   std::string CommandFilePath;
-  std::string LogPath;  ///< Empty until the settings are read.
-  std::string ErrPath;  ///< Empty until the settings are read or the first error is written.
   int ComPortNumber = 0;
   std::string ComSettings;  ///< Speed, parity, data bits, stop bits: "19200,O,7,1".
   int FrameRetry = 0;

@@ -84,9 +84,9 @@ void TicketArchive::LogNotArchived(const std::string& workFile) {
 
 bool TicketArchive::Store(const std::string& workFile, std::string_view text,
                           const std::function<std::string()>& target) {
-  bool moved = false;
-  if (!logs_.Attempt(kLabel, [&] { moved = MoveOrCopy(files_, workFile, target()); })) return false;
-  if (!moved) Remove(workFile, text);
+  const auto moved = logs_.Attempt(kLabel, [&] { return MoveOrCopy(files_, workFile, target()); });
+  if (!moved) return false;
+  if (!*moved) Remove(workFile, text);
   return true;
 }
 

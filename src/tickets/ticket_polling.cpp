@@ -72,9 +72,7 @@ void TicketPolling::Tick() {
   const bool listed = failures_.Attempt(kLabel, [&] { RefreshInProcessList(); });
   const bool recalled = remembered_.Recall();
   if (newListed && listed) ForgetGone();
-  bool quit = false;
-  failures_.Attempt(kLabel, [&] { quit = QuitAsked(); });
-  if (quit) Quit();
+  failures_.Attempt(kLabel, [&] { QuitIfAsked(); });
   if (listed && recalled) failures_.Attempt(kLabel, [&] { ProcessOneTicket(); });
   failures_.Attempt(kLabel, [&] { CorrectClock(); });
   failures_.EndRound();
@@ -103,13 +101,24 @@ void TicketPolling::ForgetGone() {
   std::erase_if(single_, hasGone);
 }
 
-bool TicketPolling::QuitAsked() {
-  return files_.Exists(settings_.CommandFilePath) && AsksToQuit(files_, settings_.CommandFilePath);
+std::size_t TicketPolling::CountWaitingTickets() {
+  const TicketListing::SortedList list = listing_.Read(settings_.TicketFolder);
+  const auto waits = [&](const std::string& entry) { return !remembered_.Get().takenIn.contains(entry); };
+  return static_cast<std::size_t>(std::count_if(list.begin(), list.end(), waits));
 }
 
-void TicketPolling::Quit() {
+void TicketPolling::PutLast(const std::string& name) {
+  const TicketListing::SortedList list = listing_.Read(settings_.TicketFolder);
+  if (list.empty() || TicketListing::NameOf(list.back()) == name) return;
+  files_.CopyModified(settings_.TicketFolder + TicketListing::NameOf(list.back()),
+                      settings_.TicketFolder + name);
+}
+
+void TicketPolling::QuitIfAsked() {
+  const std::string& commandFile = settings_.CommandFilePath;
+  if (!files_.Exists(commandFile) || !AsksToQuit(files_, commandFile)) return;
   link_.ClosePort();
-  logs_.Attempt(kLabel, [&] { RemoveReadOnlyToo(files_, settings_.CommandFilePath); });
+  logs_.Attempt(kLabel, [&] { RemoveReadOnlyToo(files_, commandFile); });
   logs_.WrLog(LoadMessage(MessageId::kQuitCommand));
   throw ProgramEnd{.unload = true};
 }
@@ -119,9 +128,7 @@ void TicketPolling::Breathe() {
   loop_.Dispatch();
   loop_.CheckEnd();
   if (++pieces_ % kPiecesBetweenLooks != 0) return;
-  bool quit = false;
-  logs_.Attempt(kLabel, [&] { quit = QuitAsked(); });
-  if (quit) Quit();
+  logs_.Attempt(kLabel, [&] { QuitIfAsked(); });
 }
 
 void TicketPolling::ProcessOneTicket() {
@@ -248,11 +255,10 @@ TicketPolling::Outcome TicketPolling::HeldUp(const std::string& entry) const {
 void TicketPolling::TakeIn(const std::string& entry, const std::string& file) {
   const bool moved = MoveOrCopy(files_, settings_.TicketFolder + TicketListing::NameOf(entry), file);
   if (moved || logs_.Attempt(kLabel, [&] { RemoveSource(entry); })) return;
-  std::optional<Fingerprint> text;
   // The program must not end before the source is remembered.
   const auto deliver = [&] { loop_.Dispatch(); };
-  logs_.Attempt(kLabel, [&] { text = FingerprintOf(ReadInPieces(files_, file, deliver)); });
-  remembered_.TakeIn(entry, text);
+  const auto read = [&] { return FingerprintOf(ReadInPieces(files_, file, deliver)); };
+  remembered_.TakeIn(entry, logs_.Attempt(kLabel, read));
 }
 
 /// A ticket that was copied by a program that ended before it could remove or remember the source: name, time

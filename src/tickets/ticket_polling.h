@@ -59,8 +59,7 @@ class TicketPolling {
     kSplit,  ///< Replaced by its parts: the lists are to be read again.
   };
 
-  bool QuitAsked();
-  [[noreturn]] void Quit();
+  void QuitIfAsked();
   void Breathe();
   void ForgetGone();
 

@@ -56,14 +56,14 @@ class DriveFolders : public Folders {
 
 class CreateAllDirsTest : public ::testing::Test {
  protected:
-  CreateAllDirsTest() { settings.ErrPath = "Err.txt"; }
+  CreateAllDirsTest() { paths.ErrPath = "Err.txt"; }
 
   bool Create(const std::string& path) { return CreateAllDirs(folders, logs, path); }
 
   VirtualClock clock{{2026, 11, 15, 13, 45, 10}};
   MemoryFiles files;
-  AppSettings settings;
-  Logs logs{files, clock, settings, "C:\\shop"};
+  LogPaths paths;
+  Logs logs{files, clock, paths, "C:\\shop"};
   DriveFolders folders;
 };
 

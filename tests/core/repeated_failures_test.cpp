@@ -17,7 +17,7 @@ constexpr auto kTick = 500ms;
 
 class RepeatedFailuresTest : public ::testing::Test {
  protected:
-  RepeatedFailuresTest() { settings.ErrPath = "C:\\shop\\Err.txt"; }
+  RepeatedFailuresTest() { paths.ErrPath = "C:\\shop\\Err.txt"; }
 
   /// Ticks for this long, each with a failure at every path.
   void FailFor(std::chrono::nanoseconds time, const std::vector<std::string>& paths) {
@@ -39,8 +39,8 @@ class RepeatedFailuresTest : public ::testing::Test {
 
   VirtualClock clock;
   MemoryFiles files;
-  AppSettings settings;
-  Logs logs{files, clock, settings, "C:\\shop"};
+  LogPaths paths;
+  Logs logs{files, clock, paths, "C:\\shop"};
   RepeatedFailures failures{logs};
 };
 
