@@ -29,7 +29,8 @@ struct Arguments {
 };
 
 /// Reads "--name VALUE" and "--name=VALUE". A lone "-" is a word like others, and after "--" all are.
-Arguments ReadArguments(const std::vector<std::string>& words, const std::vector<Option>& options);
+[[nodiscard]] Arguments ReadArguments(const std::vector<std::string>& words,
+                                      const std::vector<Option>& options);
 
 /// The one of `known` that `word` was probably meant to be; "" when none is close.
 std::string ClosestTo(std::string_view word, const std::vector<std::string>& known);

@@ -50,7 +50,8 @@ class Logs {
 
   /// Runs one step of a procedure inside its error trap. Returns the line of its failure, which has not been
   /// written; nothing when the step ran to its end. ProgramEnd passes.
-  static std::optional<std::string> FailureOf(std::string_view label, const std::function<void()>& step);
+  [[nodiscard]] static std::optional<std::string> FailureOf(std::string_view label,
+                                                            const std::function<void()>& step);
 
   /// Runs one step of a procedure inside its error trap. A failure is written to the error log under `label`,
   /// and the caller goes on with its next step. Returns whether the step ran to its end. ProgramEnd passes.
@@ -58,7 +59,8 @@ class Logs {
 
   /// The same for a step with a value: returns it, or nothing after a failure.
   template <typename Step, typename Value = std::invoke_result_t<Step>>
-  requires(!std::is_void_v<Value>) std::optional<Value> Attempt(std::string_view label, Step step) {
+  requires(!std::is_void_v<Value>)
+      [[nodiscard]] std::optional<Value> Attempt(std::string_view label, Step step) {
     std::optional<Value> value;
     Attempt(label, [&] { value.emplace(step()); });
     return value;

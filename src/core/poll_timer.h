@@ -35,7 +35,7 @@ class PollTimer {
 
 /// Switches polling off for its lifetime and then restores what was: a dialog opened in the middle of a tick
 /// must not switch polling on.
-class PollingPause {
+class [[nodiscard]] PollingPause {
  public:
   explicit PollingPause(PollTimer& timer) : timer_(timer), wasEnabled_(timer.Enabled()) {
     timer_.SetEnabled(false);

@@ -63,8 +63,8 @@ inline constexpr std::size_t kLongestValue = 99;  ///< Characters of a value tha
 
 /// One value of a settings file in UTF-8 (bytes that are not are read as Windows-1252), at most its first
 /// `kLongestValue` characters; `fallback` where it is missing.
-std::string ReadProfileValue(const ProfileContent& content, const std::string& section,
-                             const std::string& key, const std::string& fallback = {});
+[[nodiscard]] std::string ReadProfileValue(const ProfileContent& content, const std::string& section,
+                                           const std::string& key, const std::string& fallback = {});
 
 /// What a new settings file holds, in its order. `appPath` without a trailing "\".
 std::vector<ProfileValue> DefaultSettings(const std::string& appPath);
@@ -81,7 +81,7 @@ class SettingsFile {
   /// Returns false for an unknown version, which has then been written to the error log. A file that cannot
   /// be written is used as it stands, after a line in the error log. Throws SystemError when the file cannot
   /// be read.
-  bool UpgradeIni(AppSettings& settings, const std::function<void()>& stepDone);
+  [[nodiscard]] bool UpgradeIni(AppSettings& settings, const std::function<void()>& stepDone);
 
   /// Fills `settings` from the file, read as one whole, and repairs a wrong port number or separator in the
   /// file too. Throws SystemError when it cannot be read; nothing has been changed then.

@@ -116,7 +116,7 @@ class DeviceLink : private EcrLinkEvents {
 
 /// While one lives, DeviceLink::AwaitDevice throws ProgramEnd once the end of the program is asked for, also
 /// where the register is ready: no further command goes out.
-class EndBeforeSending {
+class [[nodiscard]] EndBeforeSending {
  public:
   explicit EndBeforeSending(DeviceLink& link) : link_(link) { link_.endBeforeSending_ = true; }
   ~EndBeforeSending() { link_.endBeforeSending_ = false; }

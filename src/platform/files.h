@@ -16,7 +16,7 @@ class ByteReader {
   virtual ~ByteReader() = default;
 
   /// Reads up to `capacity` bytes and returns how many; 0 at the end of the file. Throws SystemError.
-  virtual std::size_t Read(char* buffer, std::size_t capacity) = 0;
+  [[nodiscard]] virtual std::size_t Read(char* buffer, std::size_t capacity) = 0;
 };
 
 /// A ByteReader of a text in memory.
@@ -84,15 +84,15 @@ class Files : public FileReader {
 inline constexpr std::string_view kUnfinishedSuffix = ".orv~";
 
 /// Whether the file exists or may exist: a failed check counts as a file. Never fails.
-bool MayExist(const FileReader& files, const std::string& path);
+[[nodiscard]] bool MayExist(const Files& files, const std::string& path);
 
 /// The first `limit` bytes of a file, or all of a shorter one. Throws SystemError.
-std::string ReadWhole(const FileReader& files, const std::string& path,
-                      std::size_t limit = std::numeric_limits<std::size_t>::max());
+[[nodiscard]] std::string ReadWhole(const Files& files, const std::string& path,
+                                    std::size_t limit = std::numeric_limits<std::size_t>::max());
 
 /// Renames a file, or copies it where it cannot be renamed. True when it was renamed, so that nothing is left
 /// at the old path. Throws SystemError when both fail.
-bool MoveOrCopy(Files& files, const std::string& from, const std::string& to);
+[[nodiscard]] bool MoveOrCopy(Files& files, const std::string& from, const std::string& to);
 
 /// Removes a file, even a read-only one. Throws SystemError.
 void RemoveReadOnlyToo(Files& files, const std::string& path);

@@ -59,7 +59,7 @@ TEST_F(UpgradeTest, TheOldestFileTakesTwoSteps) {
 TEST_F(UpgradeTest, TheBoxComesAfterTheFileWasWritten) {
   Ini() = "[Version]\r\nVersion=1.05\r\n";
   std::string seen;
-  file.UpgradeIni(settings, [&] { seen = Ini(); });
+  EXPECT_TRUE(file.UpgradeIni(settings, [&] { seen = Ini(); }));
   EXPECT_EQ(seen, "[Version]\r\nVersion=1.06\r\n[Database]\r\nHistoricTickets=C:\\shop\\storico\\\r\n");
 }
 

@@ -12,7 +12,7 @@
 namespace orvenza {
 
 /// Prepares this thread for COM objects with windows, and undoes it when that succeeded.
-class OleGuard {
+class [[nodiscard]] OleGuard {
  public:
   OleGuard() : result_(::OleInitialize(nullptr)) {}
   ~OleGuard() {

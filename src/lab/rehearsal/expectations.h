@@ -9,7 +9,7 @@
 namespace orvenza {
 
 /// The expectations that `outcome` does not fulfil, each in a sentence.
-std::vector<std::string> Unfulfilled(const std::vector<Expectation>& expectations,
-                                     const RehearsalOutcome& outcome);
+[[nodiscard]] std::vector<std::string> Unfulfilled(const std::vector<Expectation>& expectations,
+                                                   const RehearsalOutcome& outcome);
 
 }  // namespace orvenza

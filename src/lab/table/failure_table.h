@@ -16,6 +16,6 @@ std::string FailureTable(const std::vector<FaultCase>& byDay, const std::vector<
 
 /// `document` with `table` between the two lines that mark its place; the table alone, between such lines,
 /// where `document` is empty; nothing where it lacks them.
-std::optional<std::string> PlaceTable(const std::string& document, const std::string& table);
+[[nodiscard]] std::optional<std::string> PlaceTable(const std::string& document, const std::string& table);
 
 }  // namespace orvenza

@@ -9,7 +9,7 @@
 namespace orvenza {
 
 /// Writes all of `text` to a file. False, with the system's last error set, on failure.
-bool WriteAll(HANDLE file, std::string_view text);
+[[nodiscard]] bool WriteAll(HANDLE file, std::string_view text);
 
 /// A file being written under a temporary name beside its target. It replaces the target when finished. If
 /// destroyed earlier, it leaves nothing behind. Errors are SystemErrors about the target.
