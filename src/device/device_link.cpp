@@ -65,10 +65,10 @@ void DeviceLink::Bounce() {
 }
 
 bool DeviceLink::TryOpen() {
-  std::optional<SerialSettings> serial;
-  logs_.Attempt(kFailureLabel, [&] {
-    serial = SplitSerialSettings(settings_.ComSettings);
-    if (!serial) throw SystemError(error_number::kInvalidArgument, "Settings=" + settings_.ComSettings);
+  const auto serial = logs_.Attempt(kFailureLabel, [&] {
+    const auto parts = SplitSerialSettings(settings_.ComSettings);
+    if (!parts) throw SystemError(error_number::kInvalidArgument, "Settings=" + settings_.ComSettings);
+    return *parts;
   });
   if (!serial || !Reset()) return false;
   SetProperties(*serial);
@@ -103,9 +103,7 @@ void DeviceLink::SetProperties(const SerialSettings& serial) {
 
 bool DeviceLink::OpenPort() {
   SetPort(true);
-  bool open = false;
-  logs_.Attempt(kFailureLabel, [&] { open = control_.PortOpen(); });
-  return open;
+  return logs_.Attempt(kFailureLabel, [&] { return control_.PortOpen(); }).value_or(false);
 }
 
 /// A value that the control does not take leaves it with its own; whether the port then opens is its affair.
@@ -121,10 +119,10 @@ bool DeviceLink::Present() {
   // Before the look rather than after it: a dialog of the menu may be open for long, and the register must be
   // there when the command goes out. Besides, a reply that came too late must not pass for the next one.
   loop_.Dispatch();
-  bool present = false;
   // A control that fails here is opened anew, which also replaces one that has died.
-  if (!logs_.Attempt(kFailureLabel, [&] { present = control_.DevicePresent(); })) reapply_ = true;
-  return present;
+  const auto present = logs_.Attempt(kFailureLabel, [&] { return control_.DevicePresent(); });
+  if (!present) reapply_ = true;
+  return present.value_or(false);
 }
 
 bool DeviceLink::DeviceReady() {
@@ -213,9 +211,7 @@ bool DeviceLink::DropLateReply(std::string_view code) {
 }
 
 void DeviceLink::ReplyReceived() {
-  std::string reply;
-  logs_.Attempt(kFailureLabel, [&] { reply = control_.RxMessage(); });
-  Arrived(std::move(reply));
+  Arrived(logs_.Attempt(kFailureLabel, [&] { return control_.RxMessage(); }).value_or(""));
 }
 
 void DeviceLink::Arrived(std::string reply) {

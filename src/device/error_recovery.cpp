@@ -70,9 +70,8 @@ ChoiceContent ErrorRecovery::DescribeError(const Reply& reply, const std::string
 
 std::string ErrorRecovery::TableText(std::string_view code) {
   // A code outside the table is an error of its own in the log; the operator decides about it all the same.
-  std::string text;
-  logs_.Attempt("DecodeDeviceError - ", [&] { text = texts_.EcrErrorText(LeadingInteger(code)); });
-  return text;
+  const auto find = [&] { return texts_.EcrErrorText(LeadingInteger(code)); };
+  return logs_.Attempt("DecodeDeviceError - ", find).value_or("");
 }
 
 void ErrorRecovery::AddChoices(ChoiceContent& form) const {

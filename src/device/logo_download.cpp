@@ -49,9 +49,8 @@ std::vector<std::string> ReadLogoRows(const FileReader& files, const std::string
 
 bool LogoDownload::Download(const std::string& number, const std::string& path,
                             const std::string& commandLine, const std::function<void()>& givenUp) {
-  std::vector<std::string> rows;
-  const bool read = logs_.Attempt("Trasmissione ", [&] { rows = ReadLogoRows(files_, path); });
-  if (read && SendRows(number, rows, commandLine, givenUp)) return true;
+  const auto rows = logs_.Attempt("Trasmissione ", [&] { return ReadLogoRows(files_, path); });
+  if (rows && SendRows(number, *rows, commandLine, givenUp)) return true;
   messages_.ShowOperatorMessage(LoadMessage(MessageId::kCheckPower), {MessageIcon::kExclamation},
                                 LoadMessage(MessageId::kWarning));
   return false;

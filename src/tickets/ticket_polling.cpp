@@ -167,7 +167,7 @@ TicketListing::SortedList TicketPolling::InProcessOrder() {
 
 TicketPolling::Outcome TicketPolling::TryNew(const std::string& entry) {
   const std::string name = TicketListing::NameOf(entry);
-  if (IsTakenIn(entry)) {
+  if (RemoveIfTakenIn(entry)) {
     heldUp_.erase(entry);  // It is printed, so nothing need wait for it.
     return Outcome::kNext;
   }
@@ -278,7 +278,7 @@ void TicketPolling::FinishTakingIn(const std::string& entry) {
 
 /// A ticket that was copied but could not be removed comes again on every tick: only its removal is tried
 /// again, for its copy has been processed. Another text under its name and time is a new ticket.
-bool TicketPolling::IsTakenIn(const std::string& entry) {
+bool TicketPolling::RemoveIfTakenIn(const std::string& entry) {
   const auto& takenIn = remembered_.Get().takenIn;
   const auto copied = takenIn.find(entry);
   if (copied == takenIn.end()) return false;

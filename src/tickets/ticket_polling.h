@@ -77,7 +77,7 @@ class TicketPolling {
 
   void FinishTakingIn(const std::string& entry);
   void TakeIn(const std::string& entry, const std::string& file);
-  bool IsTakenIn(const std::string& entry);
+  bool RemoveIfTakenIn(const std::string& entry);
   void RemoveSource(const std::string& entry);
   void CorrectClock();
 

@@ -61,8 +61,12 @@ Next TicketProcessor::Print(const std::string& workFile, std::string& text) {
     loop_.CheckEnd();
     if (!MayExist(files_, workFile)) return Next::kLeave;
     // The file may have been corrected while the operator was asked.
-    const auto read = [&] { text = ReadInPieces(files_, workFile, [&] { loop_.Dispatch(); }); };
-    if (again && !logs_.Attempt(kLabel, read)) return Next::kLeave;
+    if (again) {
+      const auto read = [&] { return ReadInPieces(files_, workFile, [&] { loop_.Dispatch(); }); };
+      auto anew = logs_.Attempt(kLabel, read);
+      if (!anew) return Next::kLeave;
+      text = std::move(*anew);
+    }
     const Next end = SendLines(text);
     if (end != Next::kRestart) return end;
   }
@@ -75,8 +79,7 @@ Next TicketProcessor::SendLines(std::string_view text) {
       std::make_unique<PieceReader>(std::make_unique<ViewBytes>(text), [&] { loop_.Dispatch(); }));
   for (Line line; TakeLine(reader, line);) {
     // A receipt must not go on without one of its lines.
-    Next next = Next::kGiveUp;
-    logs_.Attempt(kLabel, [&] { next = HandleLine(line); });
+    const Next next = logs_.Attempt(kLabel, [&] { return HandleLine(line); }).value_or(Next::kGiveUp);
     if (next != Next::kNextLine) return next;
   }
   return Next::kFinish;

@@ -42,9 +42,7 @@ bool UtilitiesDialog::Confirmed(const std::string& question) {
 
 /// If counting fails, the operator is warned as well: closing the fiscal day too early cannot be undone.
 bool UtilitiesDialog::TicketsWaiting() {
-  std::size_t count = 1;
-  logs_.Attempt(kLabel, [&] { count = tickets_.CountWaitingTickets(); });
-  return count > 0;
+  return logs_.Attempt(kLabel, [&] { return tickets_.CountWaitingTickets(); }).value_or(1) > 0;
 }
 
 }  // namespace orvenza
