@@ -1,7 +1,7 @@
 ; The setup program. ./package compiles it, with
 ;   VERSION  the program's version
 ;   STAGE    the folder of the files to install
-;   PAPERS   the list of those below docs: macros to install and to remove them
+;   MANUALS   the list of those below docs: macros to install and to remove them
 ;   OUTPUT   the setup program to write
 
 Unicode true
@@ -17,7 +17,7 @@ AllowSkipFiles off
 !include LogicLib.nsh
 !include Sections.nsh
 !include texts.nsh
-!include "${PAPERS}"
+!include "${MANUALS}"
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Orvenza"
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
@@ -239,10 +239,10 @@ Section "-Program" SectionProgram
   File "${STAGE}\Orvenza.exe"
   SetOverwrite off  ; a shop may have put a sound of its own there
   File "${STAGE}\ding.wav"
-  SetOverwrite try  ; a paper that somebody is reading stays as it was
+  SetOverwrite try  ; a manual that is open in a reader stays unchanged
   File "${STAGE}\LICENSE.txt"
-  !insertmacro RemovePapers  ; an earlier version may have had others
-  !insertmacro InstallPapers
+  !insertmacro RemoveManuals  ; an earlier version may have had others
+  !insertmacro InstallManuals
   SetOverwrite on
   SetOutPath "$INSTDIR"  ; where the entry in the Start menu starts the program
   ClearErrors
@@ -422,7 +422,7 @@ Section "un.$(TEXT_PROGRAM)" SectionRemoveProgram
   ${If} $0 = 1
     Delete "$INSTDIR\ding.wav"
   ${EndIf}
-  !insertmacro RemovePapers
+  !insertmacro RemoveManuals
   Delete "$INSTDIR\uninstall.exe"
   Call un.RemoveAutostart
   ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"

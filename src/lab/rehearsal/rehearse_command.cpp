@@ -16,16 +16,15 @@ constexpr const char* kKeep = "--keep";
 constexpr int kWentWrong = 1;
 
 constexpr const char* kDescription =
-    "Runs the whole connector, from its entry to its end, against the simulated\n"
-    "register, with the operator's answers taken from a script. Nothing of the PC is\n"
-    "touched: the shop is a disk in memory, C:\\Orvenza, and time passes only while\n"
-    "somebody waits, so that a day at the till takes a moment. What happens is\n"
-    "printed, an event a line, with the milliseconds since the start. The same\n"
-    "scenario gives the same transcript on every system.\n"
+    "Runs the whole connector, from start to exit, with the simulated register and\n"
+    "the operator's answers from a script. It does not touch the PC: the shop is a\n"
+    "disk in memory, C:\\Orvenza, and time passes only while something waits, so a day\n"
+    "at the till takes a moment. Prints one event per line, with the milliseconds\n"
+    "since the start. The same scenario gives the same transcript on every system.\n"
     "\n"
-    "SCENARIO is a text file, or - for the standard input. It says which settings\n"
-    "differ, which tickets come and when, what goes wrong, what the operator answers,\n"
-    "when to stop, and what to expect. docs/rehearsal.md describes it.";
+    "SCENARIO is a text file, or - for the standard input. It lists the settings that\n"
+    "differ, the tickets and their times, what goes wrong, what the operator answers,\n"
+    "when to stop, and what to expect. docs/rehearsal.md describes its form.";
 
 std::string ReadScenarioText(const std::string& name, LabSurroundings& around) {
   if (name == "-") return {std::istreambuf_iterator<char>(around.console.in), {}};
@@ -108,22 +107,21 @@ int Run(const Arguments& arguments, LabSurroundings& around) {
 }  // namespace
 
 Command RehearseCommand() {
-  return {
-      "rehearse",
-      "play a day at the till against the simulated register",
-      "SCENARIO [--keep | --folder DIR]",
-      kDescription,
-      {{kKeep, "", "write what is left of the shop to a new folder\nrehearsal-N here, and print its name"},
-       {kFolder, "DIR", "write it to DIR, which must be missing or empty"}},
-      "0  the connector ran to its end, and all came true\n"
-      "1  a dialog found no answer that fits, an answer was never asked for, the run\n"
-      "   did not end, or ended before something that was to happen, something could\n"
-      "   not be done, a fault never struck, or an expectation did not come true\n"
-      "2  the scenario cannot be read, or the command line cannot be understood",
-      "orvenza-lab rehearse carta-finita.scenario\n"
-      "orvenza-lab rehearse carta-finita.scenario --folder shop\n"
-      "orvenza-lab rehearse - < carta-finita.scenario",
-      Run};
+  return {"rehearse",
+          "play a day at the till with the simulated register",
+          "SCENARIO [--keep | --folder DIR]",
+          kDescription,
+          {{kKeep, "", "save the shop's files in a new folder rehearsal-N\nhere, and print its name"},
+           {kFolder, "DIR", "save them in DIR, which must be missing or empty"}},
+          "0  the connector ran to its end, and all expectations came true\n"
+          "1  a dialog found no answer that fits, an answer was not used, the run did not\n"
+          "   end or ended before a scheduled event, a line could not be carried out, a\n"
+          "   fault never struck, or an expectation did not come true\n"
+          "2  the scenario or the command line cannot be understood",
+          "orvenza-lab rehearse carta-finita.scenario\n"
+          "orvenza-lab rehearse carta-finita.scenario --folder shop\n"
+          "orvenza-lab rehearse - < carta-finita.scenario",
+          Run};
 }
 
 }  // namespace orvenza

@@ -105,7 +105,7 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
   const std::string document = lab.files.Exists(*output) ? ReadWhole(lab.files, *output) : std::string();
   const auto placed = PlaceTable(document, table);
   if (!placed) {
-    lab.console.err << "orvenza-lab table: " << *output << " exists and has no place for a table\n";
+    lab.console.err << "orvenza-lab table: " << *output << " exists and has no marker lines for a table\n";
     return kFailed;
   }
   lab.files.Write(*output, *placed);
@@ -119,16 +119,15 @@ Command TableCommand() {
           "show what becomes of a ticket when something goes wrong",
           "[--output FILE] [--step TEXT] [--thinned]",
           "Rehearses each kind of command with each fault of the register, its line, the\n"
-          "program and the PC, and with each answer that the operator can give, and writes\n"
-          "down what the customer gets, where the file ends, and what is in the error log.\n"
-          "The table is in Markdown; docs/failure-table.md holds it, and\n"
+          "program and the PC, through each answer of the operator. For each case the table\n"
+          "shows what the customer gets, where the file is in the end, and the lines of the\n"
+          "error log. The format is Markdown. docs/failure-table.md holds the table, and\n"
           "docs/failure-scenarios.md explains it.",
           {{kOutput, "FILE",
-            "write to FILE, which is new or empty, or has a line that\nbegins and one that ends the table"},
+            "write to FILE, which is new or empty, or contains the\ntwo marker lines of a table"},
            {kStep, "TEXT",
-            "only the commands whose names in the table contain TEXT,\nor one of several texts with \";\" "
-            "between them"},
-           {kThinned, "", "of the error codes that are treated alike, try one"}},
+            "only the steps whose names contain TEXT, or one of\nseveral texts separated by \";\""},
+           {kThinned, "", "try one of each group of similar error codes"}},
           "0  written\n"
           "2  not written",
           "orvenza-lab table --step 'part payment'\n"

@@ -95,7 +95,7 @@ TEST(TableCommand, LeavesAFileAloneThatHasNoPlaceForATable) {
   TableLab lab;
   lab.files.Write("C:\\notes.md", "My notes.\n");
   EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "cash movement", "--output", "C:\\notes.md"}), 2);
-  EXPECT_EQ(lab.err.str(), "orvenza-lab table: C:\\notes.md exists and has no place for a table\n");
+  EXPECT_EQ(lab.err.str(), "orvenza-lab table: C:\\notes.md exists and has no marker lines for a table\n");
   EXPECT_EQ(ReadWhole(lab.files, "C:\\notes.md"), "My notes.\n");
 }
 
