@@ -9,7 +9,7 @@
 namespace orvenza {
 namespace {
 
-/// The levels of a path that ".." does not lead out of: the server and its share, or the drive.
+/// Levels that ".." cannot leave: the server and its share, or the drive.
 std::size_t LevelsOfRoot(const std::string& path) {
   if (path.starts_with("\\\\") && !path.starts_with("\\\\\\")) return 2;
   return path.size() > 1 && path[1] == ':' ? 1 : 0;

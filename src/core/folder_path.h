@@ -10,7 +10,7 @@ namespace orvenza {
 /// program is started in. A link, and another drive letter for the same place, stay other texts.
 [[nodiscard]] std::string NormalisedFolder(const std::string& folder);
 
-/// The last level of a path: what stands behind its last "\".
+/// The last level of a path: everything after its last "\".
 std::string FileNameOf(std::string_view path);
 
 }  // namespace orvenza

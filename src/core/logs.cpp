@@ -73,10 +73,10 @@ void Logs::Write(const std::string& path, std::string& message, std::string_view
     try {
       files_.Append(fallback, line);
     } catch (const SystemError&) {
-      // Nowhere left to write: the caller must not suffer for it.
+      // There is no other place to write to, and the caller must not fail because of that.
     }
   } catch (const std::exception&) {
-    // No memory for a line: no caller could do better.
+    // Out of memory, which no caller could handle better.
   }
 }
 

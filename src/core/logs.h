@@ -24,14 +24,14 @@ struct LogPaths {
 /// fallback files.
 class Logs {
  public:
-  /// Length in bytes above which a log is moved to its "Bak" copy before the next line.
+  /// Size in bytes above which a log is moved to its "Bak" copy before the next line.
   static constexpr std::uintmax_t kRotationSize = 250000;
 
-  /// Files of the program folder for lines that the logs do not take.
+  /// Files in the program folder for lines that cannot be written to the logs.
   static constexpr const char* kLogFallback = "log.txt";
   static constexpr const char* kErrFallback = "error.txt";
 
-  /// The "Bak" copy of the log `path`, whatever the extension.
+  /// The "Bak" copy of the log `path`, whatever its extension.
   static std::string BakOf(const std::string& path) { return path.substr(0, path.size() - 3) + "Bak"; }
 
   /// `programFolder` without a trailing "\".
@@ -45,7 +45,7 @@ class Logs {
   void WrErr(std::string& message);
   void WrErr(std::string&& message) { WrErr(message); }
 
-  /// Writes `label`, `number`, " - " and `description` to the error log: the form of every trapped failure.
+  /// Writes `label`, `number`, " - " and `description` to the error log, the format of every trapped failure.
   void WrFailure(std::string_view label, int number, std::string_view description);
 
   /// Runs one step of a procedure inside its error trap. Returns the line of its failure, which has not been
@@ -53,8 +53,8 @@ class Logs {
   [[nodiscard]] static std::optional<std::string> FailureOf(std::string_view label,
                                                             const std::function<void()>& step);
 
-  /// Runs one step of a procedure inside its error trap. A failure is written to the error log under `label`,
-  /// and the caller goes on with its next step. Returns whether the step ran to its end. ProgramEnd passes.
+  /// Runs one step of a procedure in its trap. A failure is written to the error log under `label`, and the
+  /// caller goes on with its next step. Returns whether the step succeeded. ProgramEnd passes through.
   bool Attempt(std::string_view label, const std::function<void()>& step);
 
   /// The same for a step with a value: returns it, or nothing after a failure.
@@ -69,8 +69,7 @@ class Logs {
   /// The clock of the stamps.
   const Clock& StampClock() const { return clock_; }
 
-  /// The files that the logs and their fallbacks are written to, and their "Bak" copies. Some may not
-  /// be there.
+  /// The logs and their fallback files, with their "Bak" copies. Some may not exist.
   std::vector<std::string> Paths() const;
 
  private:

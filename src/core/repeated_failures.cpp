@@ -21,7 +21,7 @@ bool RepeatedFailures::Attempt(std::string_view label, const std::function<void(
 
 void RepeatedFailures::Note(const std::string& line) {
   Failure& failure = failures_[line];
-  failure.roundsWithout = -1;  // with this one
+  failure.roundsWithout = -1;  // counted up to 0 at the end of this round
   ++failure.count;
   const auto now = logs_.StampClock().Uptime();
   if (failure.count <= kWrittenAtFirst) {

@@ -6,7 +6,7 @@
 
 namespace orvenza {
 
-/// Line end of the connector's dialogs and files.
+/// Line break of the connector's dialogs and files.
 inline constexpr std::string_view kLineBreak = "\r\n";
 
 /// `text` without its leading and trailing blanks (the character 32 only).
@@ -22,17 +22,17 @@ inline constexpr std::string_view kLineBreak = "\r\n";
 /// The last `count` characters (bytes) of `text`, all of it when it is shorter.
 [[nodiscard]] std::string_view Right(std::string_view text, std::size_t count);
 
-/// Whether there is nothing but digits in `text`, as in an empty one.
+/// Whether `text` contains only digits or is empty.
 bool OnlyDigits(std::string_view text);
 
 /// `digits` without the zeros that they begin with; "" for zeros only.
 [[nodiscard]] std::string_view WithoutLeadingZeros(std::string_view digits);
 
-/// The number that `text` begins with (sign, digits, decimal point), blanks ignored anywhere; 0 when it
-/// begins with none.
+/// The number at the start of `text` (sign, digits, decimal point), ignoring blanks anywhere; 0 when there is
+/// none.
 double LeadingNumber(std::string_view text);
 
-/// The same with the fraction cut off, kept within 32 bits.
+/// The same without its fraction, clamped to 32 bits.
 int LeadingInteger(std::string_view text);
 
 /// The first `count` characters of UTF-8 `text`.
@@ -45,7 +45,7 @@ std::size_t CountCharacters(std::string_view text);
 /// same number.
 [[nodiscard]] std::string FromWindows1252(std::string_view bytes);
 
-/// The Windows-1252 byte of the first character of UTF-8 `text`; "?" when it has none.
+/// The first character of UTF-8 `text` as a Windows-1252 byte; "?" when it has none there.
 char FirstInWindows1252(std::string_view text);
 
 /// Bytes that are valid UTF-8 as they stand, others read as Windows-1252.

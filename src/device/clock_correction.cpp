@@ -10,10 +10,10 @@ namespace orvenza {
 namespace {
 
 constexpr double kSecondsPerDay = 86400;
-/// Added to the tolerance on both sides of midnight.
+/// In seconds; added to the tolerance on both sides of midnight.
 constexpr double kMidnightMargin = 120;
 
-/// The two-digit number at the 1-based `start`, nothing when it is none below `limit`.
+/// The two-digit number at the 1-based `start`; empty if there is none below `limit`.
 std::optional<int> TwoDigits(std::string_view reply, std::size_t start, int limit) {
   const std::string_view digits = Middle(reply, start, 2);
   if (digits.size() != 2 || !OnlyDigits(digits)) return std::nullopt;
@@ -25,7 +25,7 @@ std::optional<int> TwoDigits(std::string_view reply, std::size_t start, int limi
 
 bool ClockCorrection::NearMidnight() const {
   const double guard = std::nearbyint(settings_.TimeShift + kMidnightMargin);
-  // Two readings: midnight may pass between them.
+  // Read twice: midnight may pass in between.
   const double first = clock_.SecondsSinceMidnight();
   const double second = clock_.SecondsSinceMidnight();
   return second < guard || first > kSecondsPerDay - guard;

@@ -9,7 +9,7 @@
 
 namespace orvenza {
 
-/// Keeps the PC's time of day with the register's, which always wins.
+/// Keeps the PC's time of day equal to the register's, which always wins.
 class ClockCorrection {
  public:
   ClockCorrection(Clock& clock, const AppSettings& settings, Logs& logs)

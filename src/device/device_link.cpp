@@ -21,7 +21,7 @@ constexpr double kSecondsPerDay = 86400;
 constexpr auto kLongestHold = 60s;
 /// A delivery that takes longer was a loop of its own, such as an open menu, behind which a reply may wait.
 constexpr auto kLongDelivery = 100ms;
-/// How long a wait goes on after such a delivery, at least.
+/// Minimum remaining wait after such a delivery.
 constexpr auto kAfterLongDelivery = 1s;
 
 }  // namespace
@@ -60,7 +60,7 @@ void DeviceLink::Reopen(int endOfTextWait) {
 void DeviceLink::Bounce() {
   ClosePort();
   loop_.Pause(1000ms);
-  // Nobody else would notice a port that stays closed: the register would only look absent for ever.
+  // A port that stays closed would go unnoticed: the register would only appear absent forever.
   if (!OpenPort()) OpenDeviceLink(endOfTextWait_);
 }
 
@@ -106,7 +106,7 @@ bool DeviceLink::OpenPort() {
   return logs_.Attempt(kFailureLabel, [&] { return control_.PortOpen(); }).value_or(false);
 }
 
-/// A value that the control does not take leaves it with its own; whether the port then opens is its affair.
+/// If the control refuses a value, it keeps its own; the result shows when the port is opened.
 void DeviceLink::SetProperty(LinkProperty property, int value) {
   logs_.Attempt(kFailureLabel, [&] { control_.SetProperty(property, value); });
 }
@@ -116,8 +116,8 @@ void DeviceLink::SetPort(bool open) {
 }
 
 bool DeviceLink::Present() {
-  // Before the look rather than after it: a dialog of the menu may be open for long, and the register must be
-  // there when the command goes out. Besides, a reply that came too late must not pass for the next one.
+  // Events are delivered before the check, not after it: a menu's dialog may be open for long, and the
+  // register must be present when the command is sent. Also, a late reply must not be taken for the next one.
   loop_.Dispatch();
   // A control that fails here is opened anew, which also replaces one that has died.
   const auto present = logs_.Attempt(kFailureLabel, [&] { return control_.DevicePresent(); });
@@ -139,7 +139,7 @@ void DeviceLink::ApplyChangedSettings() {
 
 void DeviceLink::AwaitDevice() {
   ApplyChangedSettings();
-  // The settings may be changed during a look, too.
+  // The settings may change during a check, too.
   while (!DeviceReady() || reapply_) {
     loop_.CheckEnd();
     ApplyChangedSettings();
@@ -178,8 +178,8 @@ Reply DeviceLink::TakeReply() {
 }
 
 bool DeviceLink::WaitReply(double replyWait, std::string_view code) {
-  // The time of day starts again at midnight: an ordinary wait begun just before ends only with a reply, on
-  // purpose. Otherwise the wait is measured by a clock that nobody sets.
+  // The time of day restarts at midnight, so an ordinary wait begun just before deliberately ends only with a
+  // reply. All other waits use a clock that cannot be set.
   const bool endless = replyWait == kReplyWait && clock_.SecondsSinceMidnight() + replyWait >= kSecondsPerDay;
   const auto ordinary =
       std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::duration<double>(replyWait));
@@ -215,7 +215,7 @@ void DeviceLink::ReplyReceived() {
 }
 
 void DeviceLink::Arrived(std::string reply) {
-  if (!waiting_) unanswered_.erase(reply.substr(0, kCodeLength));  // the late reply to a command given up
+  if (!waiting_) unanswered_.erase(reply.substr(0, kCodeLength));  // the late reply to an earlier command
   ReplyText = std::move(reply);
   ReplyArrived = true;
 }

@@ -21,7 +21,7 @@ namespace orvenza {
 /// further.
 class DeviceLink : private EcrLinkEvents {
  public:
-  /// Longest wait for the reply to an ordinary command, in seconds.
+  /// Timeout for the reply to an ordinary command, in seconds.
   static constexpr double kReplyWait = 15.0;
 
   DeviceLink(EcrLink& control, const AppSettings& settings, Logs& logs, LinkDialogs& dialogs, EventLoop& loop,
@@ -42,24 +42,24 @@ class DeviceLink : private EcrLinkEvents {
   /// The same for a long-running command, with the long end-of-text wait.
   void ReopenForLongCommand();
 
-  /// Closes the port for 1000 ms and opens it again as it was.
+  /// Closes the port for 1000 ms and opens it again unchanged.
   void Bounce();
 
-  /// One look whether the register is there, without telling anybody. What waits to be delivered comes first.
+  /// Checks once whether the register is present, without an alarm. Waiting events are delivered first.
   bool Present();
 
-  /// Looks up to three times whether the register is there, alarming the operator after each look that finds
-  /// it absent. True only when the first look finds it: a register that came up after an alarm is found by
+  /// Checks up to three times whether the register is present, with an alarm to the operator after each
+  /// failed check. True only if the first check succeeds: a register that appears after an alarm is found by
   /// the next call.
   bool DeviceReady();
 
-  /// The serial settings have changed: the link is to be opened anew, as soon as no command is under way.
+  /// The serial settings have changed: the link is reopened as soon as no command is in progress.
   void ReapplySettings() { reapply_ = true; }
 
   /// Opens the link anew if that is wanted, as it was. To be called when no command is under way.
   void ApplyChangedSettings();
 
-  /// Waits, without limit, until the register is ready.
+  /// Waits without limit until the register is ready.
   void AwaitDevice();
 
   /// Sends a command, once the register is ready, and waits for its reply.
@@ -89,7 +89,7 @@ class DeviceLink : private EcrLinkEvents {
   /// False when there is no control.
   bool Reset();
   void SetProperties(const SerialSettings& serial);
-  /// Whether the port then reads open: that alone decides, not whether the control complained.
+  /// Whether the port then reads as open: only that counts, even if the control reported a failure.
   bool OpenPort();
   void SetProperty(LinkProperty property, int value);
   void SetPort(bool open);
@@ -111,7 +111,7 @@ class DeviceLink : private EcrLinkEvents {
   bool waiting_ = false;           ///< A command is under way.
   bool endBeforeSending_ = false;  ///< See EndBeforeSending.
   std::set<std::string, std::less<>>
-      unanswered_;  ///< Codes of commands given up whose replies may still come.
+      unanswered_;  ///< Codes of commands given up whose replies may still arrive.
 };
 
 /// While one lives, DeviceLink::AwaitDevice throws ProgramEnd once the end of the program is asked for, also

@@ -10,7 +10,7 @@
 namespace orvenza {
 namespace {
 
-/// Longest part of a ticket line that a dialog carries.
+/// Longest part of a ticket line shown in a dialog.
 constexpr std::size_t kShownLine = 60;
 /// `OperatorChoice` for the first of the options.
 constexpr int kFirstOption = 2;

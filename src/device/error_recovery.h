@@ -21,14 +21,14 @@ enum class Decision {
 /// Whether the operator may choose between printed, reprint and abort.
 enum class Choices { kNone, kOffered };
 
-/// The dialogue that settles an error reply with the operator.
+/// Resolves an error reply with the operator.
 class ErrorRecovery {
  public:
-  /// `caption` is the title of the form.
+  /// `caption` is the dialog's title.
   ErrorRecovery(const ErrorTexts& texts, CashDialogues& cash, Operator& person, Logs& logs,
                 std::string caption);
 
-  /// The choice last made: 0 or 1 none, 2 to 4 the options in their order.
+  /// The last choice: 0 or 1 none, 2 to 4 the options in order.
   int OperatorChoice = 0;
 
   /// Writes an error, or silence, to the error log, shows the form that it needs and returns what the

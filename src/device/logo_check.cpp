@@ -8,7 +8,7 @@
 namespace orvenza {
 namespace {
 
-/// Bytes up to the end of the last field that is looked at.
+/// Bytes up to the end of the last header field read.
 constexpr std::size_t kHeaderLength = 30;
 
 /// The first bytes of the file, fewer when it is shorter.
@@ -54,7 +54,7 @@ std::optional<std::uint32_t> LogoRows(const FileReader& files, const std::string
   try {
     if (files.Exists(path)) return RowsInHeader(ReadHeader(files, path));
   } catch (const SystemError&) {
-    // One that cannot be read is no logo.
+    // An unreadable file is not a logo.
   }
   return {};
 }

@@ -12,7 +12,7 @@
 namespace orvenza {
 namespace {
 
-/// How often a row is sent again without anybody having been asked.
+/// How often a row is sent again without a question to the operator.
 constexpr int kSilentRepeats = 3;
 
 std::string Hexadecimal(std::string_view bytes) {

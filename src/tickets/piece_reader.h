@@ -10,12 +10,12 @@
 
 namespace orvenza {
 
-/// What is done between two pieces of a large file, such as delivering events. It may throw ProgramEnd, which
-/// ends the reading. None does nothing.
+/// Called between two pieces of a large file, to deliver events for example. It may throw ProgramEnd, which
+/// ends the reading. May be empty.
 using BetweenPieces = std::function<void()>;
 
-/// The bytes of a file, with a call of `between` after each piece. A small file, of one piece, is read
-/// without any.
+/// The bytes of a file, calling `between` after each piece. A small file, of a single piece, is read without
+/// a call.
 class PieceReader : public ByteReader {
  public:
   static constexpr std::size_t kPiece = 64 * 1024;

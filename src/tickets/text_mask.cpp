@@ -43,7 +43,7 @@ std::string MaskAll(std::string_view bytes) {
 }
 
 std::string MaskTexts(std::string_view line, char separator) {
-  // Control characters and blanks would all be separators, and are too easily mistaken.
+  // Any control character or blank would be a separator, which is too easily confused.
   if (separator <= ' ') return MaskAll(line);
   RecordFields fields;
   SplitRecord(line, separator, fields);

@@ -20,11 +20,11 @@ namespace {
 
 constexpr const char* kLabel = "Timer1 - ";
 constexpr const char* kReadLabel = "Trasmissione ";
-/// Five seconds of ticks.
+/// Ten ticks take five seconds.
 constexpr int kEagerTries = 10;
-/// Bytes of the command file that are looked at. A longer first line is no command.
+/// Longest part of the command file that is read, in bytes. A longer first line is not a command.
 constexpr std::size_t kLongestCommand = 64 * 1024;
-/// A megabyte: some hundredths of a second.
+/// A megabyte; takes some hundredths of a second.
 constexpr int kPiecesBetweenLooks = 16;
 
 bool Holds(const TicketListing::SortedList& list, const std::string& entry) {
@@ -39,7 +39,7 @@ bool AsksToQuit(const FileReader& files, const std::string& commandFile) {
   reader.ReadLine(line);
   if (line.size() == kLongestCommand) return false;
   const std::string command = ToUpperAscii(Trim(line));
-  // An empty first line is a request to quit too, deliberately.
+  // Deliberate: an empty first line is a request to quit, too.
   return command.empty() || command == "QUIT";
 }
 
@@ -68,7 +68,7 @@ TicketPolling::TicketPolling(Files& files, Folders& folders, const AppSettings& 
 void TicketPolling::Tick() {
   timer_.SetEnabled(false);
   const bool newListed = failures_.Attempt(kLabel, [&] { RefreshNewList(); });
-  // Without the list of what was taken in, a new ticket could replace one of the same name.
+  // Without the list of tickets taken in, a new ticket could replace one of the same name.
   const bool listed = failures_.Attempt(kLabel, [&] { RefreshInProcessList(); });
   const bool recalled = remembered_.Recall();
   if (newListed && listed) ForgetGone();
@@ -90,7 +90,7 @@ void TicketPolling::RefreshInProcessList() {
   list2_ = listing_.Read(settings_.InProcessFolder);
 }
 
-/// What another program has removed meanwhile must not stand for a later ticket.
+/// An entry that another program removed must not stand for a later ticket.
 void TicketPolling::ForgetGone() {
   remembered_.KeepTakenIn(list1_);
   const auto hasGone = [&](const std::string& entry) {
@@ -123,7 +123,7 @@ void TicketPolling::QuitIfAsked() {
   throw ProgramEnd{.unload = true};
 }
 
-/// Between two pieces of a large file, as long as nothing of it has been sent.
+/// Called between two pieces of a large file, as long as nothing of it has been sent.
 void TicketPolling::Breathe() {
   loop_.Dispatch();
   loop_.CheckEnd();
@@ -150,8 +150,8 @@ TicketPolling::Outcome TicketPolling::TryAll() {
   return Outcome::kEnd;
 }
 
-/// A file that is yet to be split goes first: its parts, where an interrupted split has left some, are known
-/// as such only as long as it has not been split again.
+/// A file that still has to be split goes first: parts left by an interrupted split are recognised only until
+/// it is split again.
 TicketListing::SortedList TicketPolling::InProcessOrder() {
   TicketListing::SortedList order = list2_;
   if (!settings_.FileParser) return order;
@@ -172,12 +172,12 @@ TicketPolling::Outcome TicketPolling::TryNew(const std::string& entry) {
     return Outcome::kNext;
   }
   if (MayExist(files_, settings_.InProcessFolder + name)) {
-    // Where a file of that name still lies, settled or unreadable, the new one waits until it has gone.
+    // While a settled or unreadable file of that name exists, the new one waits.
     heldUp_.try_emplace(entry);
     return Outcome::kNext;
   }
   if (HeldUpBefore(entry) != nullptr) {
-    // Looked at where it lies: once taken in, it would come first after a restart.
+    // Read before it is taken in, since then it would come first after a restart.
     std::string text;
     if (!Try(entry, kLabel, [&] { text = ReadInPieces(files_, settings_.TicketFolder + name, breathe_); }))
       return HeldUp(entry);
@@ -193,8 +193,7 @@ TicketPolling::Outcome TicketPolling::TryTakenIn(const std::string& entry) {
   bool split = false;
   if (!Try(entry, kLabel, [&] { split = splitter_.SplitTicketFile(file, breathe_); })) return HeldUp(entry);
   if (split) return Outcome::kSplit;
-  // Read as a whole before anything is sent: a file that cannot be read must not be found so with half of it
-  // printed.
+  // Read completely before anything is sent: a read error must not occur with half of it printed.
   std::string text;
   if (!Try(entry, kReadLabel, [&] { text = ReadInPieces(files_, file, breathe_); })) return HeldUp(entry);
   return MustWait(entry, text) ? Outcome::kNext : Print(entry, file, std::move(text));
@@ -211,8 +210,8 @@ TicketPolling::Outcome TicketPolling::Print(const std::string& entry, const std:
   return Outcome::kEnd;
 }
 
-/// Whether the ticket carries out a closure or a report while an older one could not be printed: that one
-/// would fall into the wrong day.
+/// Whether the ticket is a closure or a report while an older ticket could not be printed, which would then
+/// fall into the wrong day.
 bool TicketPolling::MustWait(const std::string& entry, const std::string& text) {
   const std::string* const older = HeldUpBefore(entry);
   if (older == nullptr || !HoldsReport(text)) return false;
@@ -223,7 +222,7 @@ bool TicketPolling::MustWait(const std::string& entry, const std::string& text) 
   return true;
 }
 
-/// Whether a line of the ticket carries out a closure or a report.
+/// Whether a line of the ticket is a closure or a report.
 bool TicketPolling::HoldsReport(const std::string& text) {
   LineReader reader(std::make_unique<PieceReader>(std::make_unique<ViewBytes>(text), breathe_));
   RecordFields fields;
@@ -241,7 +240,7 @@ const std::string* TicketPolling::HeldUpBefore(const std::string& entry) const {
   return nullptr;
 }
 
-/// A step of making a ticket ready.
+/// Runs one step of making a ticket ready.
 bool TicketPolling::Try(const std::string& entry, const char* label, const std::function<void()>& step) {
   const bool done = failures_.Attempt(label, step);
   if (!done) ++heldUp_[entry];
@@ -261,8 +260,9 @@ void TicketPolling::TakeIn(const std::string& entry, const std::string& file) {
   remembered_.TakeIn(entry, logs_.Attempt(kLabel, read));
 }
 
-/// A ticket that was copied by a program that ended before it could remove or remember the source: name, time
-/// and text are those of the copy. It must not be taken for another one when the copy has been printed.
+/// Completes taking in a ticket that was copied by a program that ended before it removed or remembered the
+/// source: name, time and text equal the copy's. The source must not be taken for another ticket once the
+/// copy is printed.
 void TicketPolling::FinishTakingIn(const std::string& entry) {
   const std::string name = TicketListing::NameOf(entry);
   const std::string file = settings_.InProcessFolder + name;
@@ -272,7 +272,7 @@ void TicketPolling::FinishTakingIn(const std::string& entry) {
     if (ReadWhole(files_, settings_.TicketFolder + name) != text) return;
     if (!logs_.Attempt(kLabel, [&] { RemoveSource(entry); })) remembered_.TakeIn(entry, FingerprintOf(text));
   } catch (const SystemError&) {
-    // What cannot be read is not printed now, and comes here again.
+    // An unreadable ticket is not printed now and comes here again.
   }
 }
 
@@ -290,7 +290,7 @@ bool TicketPolling::RemoveIfTakenIn(const std::string& entry) {
     remembered_.ForgetTakenIn(entry);
     return !isNew;
   } catch (const SystemError&) {
-    return true;  // logged when it happened first
+    return true;  // already logged at the first failure
   }
 }
 

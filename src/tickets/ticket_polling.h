@@ -29,8 +29,7 @@ namespace orvenza {
 /// nothing at all. Throws SystemError.
 bool AsksToQuit(const FileReader& files, const std::string& commandFile);
 
-/// The polling loop's work on each tick of `Timer1`: the host's command file, then at most one ticket, then
-/// the clock.
+/// The work of each tick of `Timer1`: the host's command file, then at most one ticket, then the clock.
 ///
 /// A ticket that cannot be taken in, split or read is tried again on every tick. For ten ticks it holds up
 /// all that come after it; then they pass, but never a closure or a report that is younger.
@@ -41,22 +40,22 @@ class TicketPolling {
                 ClockCorrection& clockCorrection, TicketSplitter& splitter, TicketProcessor& processor,
                 TicketArchive& archive, RememberedTickets& remembered);
 
-  /// One tick, with polling switched off meanwhile. Throws ProgramEnd when the host asks for the end.
+  /// One tick, with polling disabled meanwhile. Throws ProgramEnd when the host requests the end.
   void Tick();
 
-  /// Reads `List1`, the new tickets, again. Throws SystemError; the list is then empty.
+  /// Refreshes `List1`, the new tickets. Throws SystemError; the list is then empty.
   void RefreshNewList();
 
-  /// Reads `List2`, the tickets taken in, again, making their folder where it has gone. Throws SystemError;
-  /// the list is then empty.
+  /// Refreshes `List2`, the tickets taken in, creating their folder if it is missing. Throws SystemError; the
+  /// list is then empty.
   void RefreshInProcessList();
 
  private:
-  /// What came of a ticket, and what follows in this tick.
+  /// The result of handling a ticket, which decides how the tick continues.
   enum class Outcome {
-    kNext,   ///< Passed over: the next ticket.
-    kEnd,    ///< Printed, or nothing may overtake it yet: no other ticket.
-    kSplit,  ///< Replaced by its parts: the lists are to be read again.
+    kNext,   ///< Skipped: go on with the next ticket.
+    kEnd,    ///< Printed, or must not be overtaken yet: no other ticket.
+    kSplit,  ///< Replaced by its parts: read the lists again.
   };
 
   void QuitIfAsked();
@@ -85,7 +84,7 @@ class TicketPolling {
   Folders& folders_;
   const AppSettings& settings_;
   Logs& logs_;
-  RepeatedFailures failures_;  ///< Of what runs on every tick.
+  RepeatedFailures failures_;  ///< The trap for everything that runs on every tick.
   EventLoop& loop_;
   PollTimer& timer_;
   DeviceLink& link_;
@@ -98,13 +97,13 @@ class TicketPolling {
   TicketListing listing_;
   ClockCheck clockCheck_;
   BetweenPieces breathe_ = [this] { Breathe(); };
-  int pieces_ = 0;  // of large files, since the last look for the command file
+  int pieces_ = 0;  // of large files, since the last check for the command file
 
   TicketListing::SortedList list1_;
   TicketListing::SortedList list2_;
-  std::map<std::string, int> heldUp_;  // entries that could not be made ready, and how often they were tried
+  std::map<std::string, int> heldUp_;  // entries that could not be made ready, with the number of attempts
   std::set<std::string> single_;       // entries taken in that need no splitting
-  std::set<std::string> waiting_;      // entries of closures that wait for such a one, as the log has told
+  std::set<std::string> waiting_;      // entries of closures that wait for one of those and have been logged
 };
 
 }  // namespace orvenza

@@ -74,7 +74,7 @@ Next TicketProcessor::Print(const std::string& workFile, std::string& text) {
 
 Next TicketProcessor::SendLines(std::string_view text) {
   pending_.clear();
-  // Lines that send nothing wait for nothing.
+  // Lines without a command cause no wait.
   LineReader reader(
       std::make_unique<PieceReader>(std::make_unique<ViewBytes>(text), [&] { loop_.Dispatch(); }));
   for (Line line; TakeLine(reader, line);) {

@@ -17,17 +17,17 @@
 
 namespace orvenza {
 
-/// Drives one ticket file through the register, from its first line to the archive.
+/// Sends one ticket file to the register, from its first line to the archive.
 class TicketProcessor {
  public:
   TicketProcessor(const FileReader& files, const AppSettings& settings, Logs& logs, EventLoop& loop,
                   DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery, LogoDownload& logo,
                   RecordTranslator& translator, TicketArchive& archive);
 
-  /// Prints the ticket `text`, the whole of `workFile`, a full path; a printing from the start again reads
-  /// the file anew. On return the file has been archived or moved to the abort folder, or has disappeared;
-  /// one that could not be read anew stays where it is, for a later call. Throws ProgramEnd; where nothing of
-  /// the ticket was sent, the file then stays too.
+  /// Prints the ticket `text`, the whole content of the path `workFile`; when printing is restarted, the file
+  /// is read again. On return the file has been archived, moved to the abort folder, or has disappeared; a
+  /// file that could not be read again stays for a later call. Throws ProgramEnd; if nothing of the ticket
+  /// was sent, the file stays, too.
   void ProcessTicketFile(const std::string& workFile, std::string text);
 
  private:

@@ -9,10 +9,10 @@ namespace {
 /// An empty type counts as this one.
 constexpr std::string_view kFirstType = "0";
 
-/// A logo number beyond this is sent as this.
+/// Larger logo numbers are sent as this.
 constexpr double kLargestLogo = 999'999'999;
 
-/// What translation depends on besides the record.
+/// Everything besides the record that affects its translation.
 struct Surroundings {
   const RegisterIdentity& identity;
   const AppSettings& settings;
@@ -26,7 +26,7 @@ using With = const Surroundings&;
 std::string NumberOr01(Record f, std::size_t field) { return f.FormatOr(field, FmtNum2Max20, "01"); }
 std::string AmountOrZero(Record f, std::size_t field) { return f.FormatOr(field, FmtAmount9, "000000000"); }
 
-/// Invalid: the field that decides between alternatives is none of `accepted`.
+/// Invalid: the field that selects an alternative is not one of `accepted`.
 std::string NoSuchChoice(Record f, std::size_t field, std::string_view accepted) {
   return f.Refuse(FieldNote::Kind::kNoSuchChoice, field, accepted);
 }

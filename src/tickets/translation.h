@@ -16,7 +16,7 @@ namespace orvenza {
 inline constexpr char kLongRunningMark = '*';
 
 /// Whether a translation is a long-running command: a report ("20..") or a fiscal closure ("3001", "3002")
-/// with its mark. Any other command may end in a text that ends in that character.
+/// with its mark. Other commands may end in a text with that character.
 bool IsLongRunning(std::string_view translation);
 
 /// Turns the records of ticket lines into the register's command texts, by the register's model and the
@@ -27,9 +27,9 @@ class RecordTranslator {
   RecordTranslator(const RegisterIdentity& identity, const AppSettings& settings, const FileReader& files,
                    Logs& logs);
 
-  /// The command of a record: code, values and fixed characters with nothing between them, long-running ones
-  /// followed by kLongRunningMark; kLogoMarker for a logo record; "" when the record is invalid. Adds to
-  /// `notes`, where given, what became of each field that was asked for.
+  /// The command of a record: code, values and fixed characters without gaps, followed by kLongRunningMark
+  /// for long-running ones; kLogoMarker for a logo record; "" when the record is invalid. If `notes` is
+  /// given, adds the use of each field that was read.
   std::string TranslateRecord(const RecordFields& fields, TranslationNotes* notes = nullptr) const;
 
  private:

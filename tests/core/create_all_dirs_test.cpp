@@ -20,13 +20,13 @@ std::string WithoutEnd(std::string path) {
   return path;
 }
 
-/// Drives C: and \\server\share, and the folders on them.
+/// Folders on the drives C: and \\server\share.
 class DriveFolders : public Folders {
  public:
   std::set<std::string> folders;
   std::set<std::string> filesInTheWay;
   Paths created;
-  std::string unseen;  ///< A folder at which looks fail.
+  std::string unseen;  ///< A folder that cannot be checked.
 
   bool Exists(const std::string& path) const override {
     const std::string name = WithoutEnd(path);

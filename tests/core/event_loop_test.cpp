@@ -15,7 +15,7 @@ using std::chrono::nanoseconds;
 
 class EventLoopTest : public ::testing::Test {
  protected:
-  /// An event after `delay` that notes when it ran.
+  /// Schedules an event after `delay` that records when it ran.
   void EventAfter(nanoseconds delay) {
     clock.After(delay, [this] { moments.push_back(clock.Uptime()); });
   }

@@ -21,7 +21,7 @@ constexpr const char* kErr = "C:\\shop\\Err.txt";
 constexpr const char* kLogFallback = "C:\\shop\\log.txt";
 constexpr const char* kErrFallback = "C:\\shop\\error.txt";
 
-/// The logs at 13:45:10 of 15 November 2026, the settings read.
+/// The logs at 13:45:10 on 15 November 2026, after the settings were read.
 class LogsTest : public ::testing::Test {
  protected:
   LogsTest() {

@@ -9,7 +9,7 @@ namespace {
 
 class UpgradeTest : public SettingsBench {
  protected:
-  /// Brings a file of this version and nothing else up to date.
+  /// Upgrades a file that contains only this version.
   bool Upgrade(const std::string& version) {
     Ini() = "[Version]\r\nVersion=" + version + "\r\n";
     boxes = 0;

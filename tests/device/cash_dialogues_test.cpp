@@ -9,8 +9,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// One dialogue over prepared replies. A test states what was sent, what the error log says and how long it
-/// took; replies come at once.
+/// One dialogue with prepared replies, which come without delay. A test states what was sent, the error log
+/// and the elapsed time.
 class CashDialoguesTest : public DeviceBench {
  protected:
   void Replies(const Lines& replies) {

@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Corrections every 30 seconds, tolerance 60 seconds.
+/// Corrections every 30 seconds, with a tolerance of 60 seconds.
 class ClockCorrectionTest : public ::testing::Test {
  protected:
   ClockCorrectionTest() {
@@ -64,7 +64,7 @@ TEST_F(ClockCorrectionTest, IsNotMadeNearMidnight) {
   EXPECT_FALSE(Corrects(23, 59, 59, "1200"));
 }
 
-/// A clock that midnight passes between two readings, the next of which is noon.
+/// A clock for which midnight passes between two readings; the next one is noon.
 class MidnightPasses : public VirtualClock {
  public:
   double SecondsSinceMidnight() const override {

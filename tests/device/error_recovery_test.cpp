@@ -21,12 +21,12 @@ class ErrorRecoveryTest : public DeviceBench {
     return recovery.DecodeDeviceError(Reply(text, "1003"), line, choices);
   }
 
-  /// The form as Shown gives it, with the choice list.
+  /// The dialog with the choice list, in the form of Shown.
   static std::string ChoiceForm(const std::string& text, const std::string& answer) {
     return "choice \"Orvenza\" \"Attenzione ! Errore ECR :\" \"" + text + "\" (" + kPrinted + "|" + kReprint +
            "|" + kAbort + ") [&Ok] <- " + answer;
   }
-  /// The form without it.
+  /// The dialog without it.
   static std::string PlainForm(const std::string& heading, const std::string& text,
                                const std::string& answer = "&Ok") {
     return "choice \"Orvenza\" \"" + heading + "\" \"" + text + "\" [&Ok] <- " + answer;

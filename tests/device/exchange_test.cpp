@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 
 class ExchangeTest : public DeviceBench {
  protected:
-  /// Lets the time pass until this time of the first day.
+  /// Lets time pass until this time of the first day.
   void WaitUntil(int hour, int minute, int second) {
     clock.Advance(std::chrono::hours(hour) + std::chrono::minutes(minute) + std::chrono::seconds(second) -
                   9h);
@@ -150,7 +150,7 @@ TEST_F(ExchangeTest, TheWaitCanBeLonger) {
 
 TEST_F(ExchangeTest, AReplyHeldUpByALongDeliveryIsNoSilence) {
   for (const auto lineTime : {0ms, 7ms, 30ms, 900ms}) {
-    // The simulated line: the command arrives, and only then the reply sets out.
+    // Like the simulated line: the reply starts only after the command has arrived.
     clock.After(1ms, [&] { clock.Stall(20s); });
     clock.After(2ms, [&] { clock.After(lineTime, [&] { control.Raise("200100"); }); });
     const Reply reply = link.Transmit("200100");

@@ -44,7 +44,7 @@ TEST(LogoCheck, RefusesOtherWidths) {
 }
 
 TEST(LogoCheck, RefusesOtherDataOffsets) {
-  // 54 is where the rows of a bitmap without a palette begin, one of 24 bits a pixel.
+  // 54 is the offset of the rows in a bitmap without a palette, with 24 bits per pixel.
   for (const std::uint32_t offset : {0U, 54U, 61U, 63U, 62U << 24}) {
     EXPECT_FALSE(IsValid(LogoBitmap(100, 448, offset))) << offset;
   }

@@ -20,7 +20,7 @@ class LogoFiles : public FileReader {
   std::map<std::string, std::string> content;
   /// Existing paths that cannot be opened.
   std::string locked;
-  /// Number of bytes read so far, and how many one read gives at most.
+  /// Number of bytes read so far, and most bytes per read.
   mutable std::size_t bytesRead = 0;
   std::size_t bytesAtOnce = 4096;
   mutable int opened = 0;
@@ -51,7 +51,7 @@ class LogoFiles : public FileReader {
   };
 };
 
-/// `value` in `width` bytes, least significant first.
+/// `value` in `width` bytes, little-endian.
 inline std::string LittleEndian(std::uint32_t value, int width) {
   std::string bytes;
   for (int i = 0; i < width; ++i) bytes += static_cast<char>((value >> (8 * i)) & 0xFF);

@@ -6,8 +6,7 @@
 namespace orvenza::test {
 namespace {
 
-/// The quiet form of the queries. Whatever happens, nobody is asked: a dialog finds no answer and fails the
-/// test.
+/// The quiet form of the queries never asks the operator: a dialog would find no answer and fail the test.
 class QuietQueryTest : public DeviceBench {
  protected:
   void Replies(const Lines& replies) {

@@ -13,7 +13,7 @@ constexpr const char* kSilent = "Nessuna risposta dal Dispositivo !";
 constexpr const char* kWrongReply = "Errore di risposta dal Dispositivo !";
 constexpr const char* kGaveUp = "Collegamento Annullato dall'Operatore";
 
-/// Queries with the operator in the loop.
+/// Queries that may involve the operator.
 class AttendedQueryTest : public DeviceBench {
  protected:
   void Replies(const Lines& replies) {

@@ -207,7 +207,7 @@ TEST(FieldFormat, FmtQuantityRejectsASecondSeparator) {
 TEST(FieldFormat, FmtQuantityRejectsOtherCharacters) {
   ExpectAll(FmtQuantity,
             {{"", ""}, {"   ", ""}, {"-1.0", ""}, {"1.5x", ""}, {"x1.5", ""}, {"1 .5", ""}, {"abcd", ""}});
-  // Also where the character lies behind the decimals that are kept.
+  // Also if the character comes after the decimals that are kept.
   EXPECT_EQ(FmtQuantity("1.000x"), "");
 }
 

@@ -5,7 +5,7 @@
 #include "support/virtual_folder.h"
 #include "tickets/ticket_polling.h"
 
-// What a tick does with `Timer1`.
+// The effect of a tick on `Timer1`.
 
 namespace orvenza::test {
 namespace {

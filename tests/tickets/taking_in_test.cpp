@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 using Lines = Shop::Lines;
 using Times = std::vector<std::int64_t>;
 
-/// Another program has the ticket open: it can be neither moved nor read.
+/// Another program has locked the ticket: it can be neither moved nor read.
 void KeepOutOfReach(Shop& shop, const std::string& path) {
   for (const char* operation : {"Move", "Copy"}) {
     shop.files.FailAlways(operation, path, error_number::kPermissionDenied);
@@ -152,7 +152,7 @@ TEST(TakingIn, ANewTicketOfTheSameNameAndTimeIsPrintedHoweverTheOlderOneWent) {
       shop.files.Heal();
       if (!removedByUs) shop.folder.Remove("data\\ticket.txt");
     });
-    // After the tick of 5.5 seconds, and before the next one where that has removed the older ticket.
+    // After the tick at 5.5 seconds, and before the next one if that tick has removed the older ticket.
     shop.After(removedByUs ? 5700ms : 6200ms, [&] { DropAt(shop, "ticket.txt", 2, 1000); });
     shop.Run();
     EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"})) << removedByUs;

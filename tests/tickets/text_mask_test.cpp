@@ -39,10 +39,10 @@ TEST(TextMask, MasksWhatIsNoValueOfAKnownRecord) {
     const char* masked;
   } kCases[] = {
       {"1 Pane 450", "9 Xxxx 999"},                            // no separator
-      {"10;Anna;333;", "99;Xxxx;999;"},                        // no such type
-      {"01;Anna;333;", "99;Xxxx;999;"},                        // nor this one
-      {"4;5;Anna", "4;5;Xxxx"},                                // behind the last separator
-      {"2;1;50 EURO;", "2;1;99 XXXX;"},                        // no number
+      {"10;Anna;333;", "99;Xxxx;999;"},                        // unknown type
+      {"01;Anna;333;", "99;Xxxx;999;"},                        // unknown, too
+      {"4;5;Anna", "4;5;Xxxx"},                                // after the last separator
+      {"2;1;50 EURO;", "2;1;99 XXXX;"},                        // not a number
       {"21;1;2;3;4;5;6;7;8;9;", "21;9;9;9;9;9;9;9;9;9;"},      // none of its values
       {"1;a;1;1;1;1;1;1;1;0000;", "1;x;1;1;1;9;9;1;1;9999;"},  // a tenth field
       {"", ""},

@@ -17,7 +17,7 @@ using Lines = Shop::Lines;
 const char* const kText = "1;a;\r\n";
 const char* const kNotArchived = "Scontrino stampato ma non archiviato : ticket.txt";
 
-/// The archive alone, in a shop whose connector does not run.
+/// The archive alone, in a shop without a running connector.
 class ArchiveTest : public ::testing::Test {
  protected:
   ArchiveTest() {
@@ -30,7 +30,7 @@ class ArchiveTest : public ::testing::Test {
     remembered.Recall();
   }
 
-  /// The historic folder holds these files.
+  /// Puts these files into the historic folder.
   void Keep(const Lines& names) {
     for (const auto& name : names) shop.folder.Write("storico\\" + name, "older");
   }

@@ -255,7 +255,7 @@ TEST(LeftFile, OneThatCannotBeLookedAtIsReadAllTheSame) {
   EXPECT_EQ(shop.Err(), Lines{});
 }
 
-// Folders that are missing or cannot be read.
+// Folders that are missing or unreadable.
 
 TEST(PolledFolders, AnInProcessFolderRemovedWhileRunningIsMadeAgain) {
   Shop shop;
@@ -327,7 +327,7 @@ TEST(PolledFolders, NewTicketsAreNotTakenFromAnOldListEither) {
 // Files of several tickets.
 
 const Lines kThreeTickets = {"0;1;", "4;1;", "0;2;", "4;2;", "0;3;", "4;3;"};
-/// A void without a receipt is refused; here it is only the record that closes a ticket.
+/// A void without a receipt is refused; here only its effect of closing a ticket matters.
 const char* const kVoidsAccepted = "on 1028 x* reply 102800";
 
 TEST(FileParser, MakesThreeFilesOfThreeTicketsAndPrintsOneATick) {

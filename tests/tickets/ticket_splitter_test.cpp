@@ -20,7 +20,7 @@ const std::string kSecond = "1;second;\r\n2;1;\r\n";
 const std::string kThird = "1;third;\r\n2;1;\r\n";
 const std::string kThreeTickets = kFirst + kSecond + kThird;
 
-/// Splits files with ";" as separator, in memory.
+/// Splits files in memory, with ";" as separator.
 class SplitterTest : public ::testing::Test {
  protected:
   SplitterTest() {
@@ -35,7 +35,7 @@ class SplitterTest : public ::testing::Test {
     return splitter.SplitTicketFile(path);
   }
 
-  /// The parts that `content` becomes, or the content itself where it is one ticket.
+  /// The parts of `content`, or `content` itself if it is one ticket.
   Contents PartsOf(const std::string& content) {
     memory.content.clear();
     Split("t.txt", content);
@@ -184,7 +184,8 @@ TEST_F(SplitterTest, PutsTheNumberBeforeTheNameWhereTheMaskFitsOnlyThat) {
 }
 
 TEST_F(SplitterTest, NamesAllPartsInOneWay) {
-  settings.TicketMask = "*1.txt";  // fits the first part with its number behind the name, but not the second
+  settings.TicketMask =
+      "*1.txt";  // matches the first part with its number after the name, but not the second
   EXPECT_TRUE(Split("a1.txt", kFirst + kSecond));
   EXPECT_EQ(memory.content, (Contents{{"1a1.txt", kFirst}, {"2a1.txt", kSecond}}));
 }

@@ -7,7 +7,7 @@
 namespace orvenza::test {
 namespace {
 
-/// "field:kind" of each note, with the form's width or the note's text.
+/// Shows each note as "field:kind" with the form's width or the note's text.
 class TranslationNotesTest : public TranslationTest {
  protected:
   std::string NotesOf(std::string_view line) const {

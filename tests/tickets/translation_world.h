@@ -13,7 +13,7 @@
 
 namespace orvenza::test {
 
-/// A translator with default settings and an unknown register. Lines are written with ";" as separator.
+/// A translator with default settings and an unknown register. The lines use ";" as separator.
 class TranslationTest : public ::testing::Test {
  protected:
   TranslationTest() { settings.ErrPath = "Err.txt"; }
@@ -24,7 +24,7 @@ class TranslationTest : public ::testing::Test {
     return translator.TranslateRecord(fields);
   }
 
-  /// The register's labels and release as start-up learns them.
+  /// The register's label and release as learned at start-up.
   void Register(std::string model, std::string release) {
     identity.DeviceModel = std::move(model);
     identity.DeviceRelease = std::move(release);

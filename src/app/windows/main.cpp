@@ -27,8 +27,7 @@ using namespace orvenza;
 
 constexpr const char* kMenu = "While it runs, its icon in the notification area opens the menu.";
 
-/// For whoever started the program: at the console, or where nobody would see that, as a message of the
-/// connector.
+/// Informs the user: on the console, or in a message of the connector if console output would not be seen.
 void Tell(const std::string& text, MessageIcon icon) {
   const ParentConsole console;
   if (console.IsThere()) return console.Write(text);

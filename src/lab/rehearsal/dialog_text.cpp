@@ -25,7 +25,7 @@ std::string_view NameOf(const ShownDialog& dialog) {
   return "";
 }
 
-/// `text` with its lines side by side; the blank line before a short message does not count.
+/// `text` on one line; the blank line before a short message is dropped.
 std::string SideBySide(std::string_view text) {
   if (text.starts_with(kLineBreak)) text.remove_prefix(kLineBreak.size());
   std::string joined;

@@ -13,7 +13,7 @@ class DiskWatch {
   /// `transcript` must outlive the watch.
   explicit DiskWatch(Transcript& transcript) : transcript_(transcript) {}
 
-  /// The settings of the connector, which knows its folders once it has read them. They must outlive the
+  /// Sets the connector's settings, which contain its folders once they have been read. They must outlive the
   /// last event.
   void SetSettings(const AppSettings& settings) { settings_ = &settings; }
 

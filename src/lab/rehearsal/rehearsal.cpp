@@ -34,7 +34,7 @@ const ProgramPaths kPaths{kFolder, "Orvenza"};
 const std::string kCommandFile = kFolder + "\\command.txt";
 constexpr const char* kQuit = "QUIT\r\n";
 
-/// Thrown when the PC loses its power. Not a std::exception on purpose: no trap may hold it up.
+/// Thrown when the PC loses its power. Deliberately not a std::exception: no trap may stop it.
 struct PowerFailure {};
 
 class TranscriptIcon : public NotificationIcon {
@@ -47,7 +47,7 @@ class TranscriptIcon : public NotificationIcon {
   Transcript& transcript_;
 };
 
-/// What a first start writes.
+/// The files that a first start writes.
 struct FirstFiles {
   std::string settings;  ///< With the separator of the examples.
   std::string errDesc;
@@ -78,13 +78,13 @@ bool NeedsConnector(const ScenarioEvent& event) {
          event.kind == EventKind::kSessionEnds || event.kind == EventKind::kPowerFails;
 }
 
-/// Whether an event is about what there is on the disk, not about what may be done to it.
+/// Whether an event creates or removes something on the disk, as opposed to restricting its use.
 bool ComesOrGoes(const ScenarioEvent& event) {
   return event.kind == EventKind::kPut || event.kind == EventKind::kMakeFolder ||
          event.kind == EventKind::kDelete;
 }
 
-/// The connector and its world. The members are in the order in which they need each other.
+/// The connector and its environment. The members are in order of dependence.
 class Stage {
  public:
   Stage(const Scenario& scenario, Transcript::Sink sink)
@@ -129,13 +129,13 @@ class Stage {
 
   const Scenario& scenario_;
   RehearsalOutcome outcome_;
-  std::set<const ScenarioEvent*> due_;  ///< Events whose moment has not come yet.
+  std::set<const ScenarioEvent*> due_;  ///< Events that are still to come.
   VirtualClock clock_;
   Transcript transcript_;
   VirtualDisk disk_;
   IniProfileFile profile_;
   BoundedPump pump_;
-  std::optional<EventLoop> loop_;  ///< Made anew in its place for each start of the connector.
+  std::optional<EventLoop> loop_;  ///< Recreated for each start of the connector.
   ScriptedOperator person_;
   TranscriptIcon icon_;
   PaperRoll paper_;
@@ -143,7 +143,7 @@ class Stage {
   SimulatedLink link_;
   DiskWatch watch_;
   Connector* connector_ = nullptr;
-  int status_ = exit_status::kInOrder;  ///< Of the last start.
+  int status_ = exit_status::kInOrder;  ///< Exit code of the last start.
 };
 
 void Stage::SetUpFiles() {
@@ -295,7 +295,7 @@ void Stage::RunOnce() {
   try {
     status_ = connector.Run(scenario_.secondInstance);
   } catch (const PowerFailure&) {
-    // Nothing of the connector is left but what is on the disk.
+    // Only the disk's content survives.
   }
 }
 
@@ -311,11 +311,11 @@ void Stage::AskToQuit() {
     disk_.Put(kCommandFile, kQuit);
     transcript_.Add(EventKindText(quit), EventText(quit));
   } catch (const SystemError&) {
-    // Somebody holds the file; the host tries again at the next tick.
+    // The file is held; the host tries again at the next tick.
   }
 }
 
-/// In the folders of a first start. What is on a drive that is away still waits.
+/// Checks the folders of a first start. Tickets on a drive that is away count as waiting.
 bool Stage::TicketsWait() {
   const Folders& folders = disk_.FolderSeam();
   if (!folders.DriveAvailable(kFolder)) return true;
@@ -348,7 +348,7 @@ void Stage::TakeStock() {
   for (std::string& problem : Unfulfilled(scenario_.expectations, outcome_)) Miss(std::move(problem));
 }
 
-/// Faults whose command was not sent as often as they wait for.
+/// Reports faults whose command was not sent often enough.
 void Stage::MissFaults() {
   for (const Fault& fault : scenario_.device.faults) {
     if (fault.prefix.empty()) continue;

@@ -43,13 +43,13 @@ void MakeFolders(Folders& folders, const std::string& path) {
   }
 }
 
-/// Where a file of the rehearsal's disk is kept: those of the program folder at the top.
+/// Where to save a file of the rehearsal's disk: files of the program folder at the top level.
 std::string KeptPath(const std::string& path) {
   const std::string shown = ShownPath(path);
   return shown == path ? "drive-" + path.substr(0, 1) + path.substr(2) : shown;
 }
 
-/// Makes the folder, and fails when nothing can be written to it.
+/// Creates the folder, and throws if nothing can be written to it.
 void MakeFolderToKeep(const std::string& folder, LabSurroundings& around) {
   MakeFolders(around.folders, folder);
   const std::string trial = folder + "\\trial";
@@ -65,7 +65,7 @@ void WriteOut(const RehearsalOutcome& outcome, const std::string& folder, LabSur
   }
 }
 
-/// The folder to write to, empty when none is wanted. One of the user's must be new or empty.
+/// The folder to save to; empty when none is wanted. A folder named by the user must be missing or empty.
 std::string FolderToKeep(const Arguments& arguments, LabSurroundings& around, std::string& error) {
   if (const auto named = arguments.Value(kFolder)) {
     const bool taken = around.files.Exists(*named) ||

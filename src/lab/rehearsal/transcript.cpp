@@ -50,7 +50,7 @@ void Transcript::Close() {
   told_ = events_.size();
 }
 
-/// The last event is held back: it may repeat itself.
+/// The last event is held back, since it may be repeated.
 void Transcript::Append(RehearsalEvent event) {
   Close();
   events_.push_back(std::move(event));
@@ -58,7 +58,7 @@ void Transcript::Append(RehearsalEvent event) {
 
 void Transcript::TellTicks() {
   if (ticks_ == 0) return;
-  // The tick in which something happens now is no idle one.
+  // The current tick is not idle if something happens now.
   const std::size_t acting = lastTick_ == Now() ? 1 : 0;
   const std::size_t idle = std::exchange(ticks_, 0) - acting;
   const std::string until = idle > 1 ? std::to_string(idle) + " idle ones" : "idle";

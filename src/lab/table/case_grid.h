@@ -10,21 +10,21 @@ namespace orvenza {
 /// When a ticket is printed.
 enum class TableHour {
   kDay,
-  kMidnight,  ///< So late that its waits for replies begin in the last 15 s of the day.
+  kMidnight,  ///< So late that timeouts for replies begin in the last 15 s of the day.
 };
 
-/// Which faults are tried.
+/// The extent of the faults to try.
 enum class TableExtent {
   kWhole,
-  kThinned,  ///< Of the error codes that the connector treats alike, one.
+  kThinned,  ///< Only one error code of each group that the connector treats alike.
 };
 
 std::vector<TicketStep> TicketSteps();
 
-/// What the PC's clock shows when the connector starts.
+/// The PC's time when the connector starts.
 LocalTime StartAt(TableHour hour);
 
-/// For a step without a command: that nothing else goes wrong.
+/// The faults of a step. For a step without a command it is a single one without effects.
 std::vector<StepFault> StepFaults(const TicketStep& step, TableExtent extent);
 
 }  // namespace orvenza

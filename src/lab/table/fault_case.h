@@ -37,7 +37,7 @@ struct StepFault {
 /// Where a ticket's file is in the end.
 enum class FileEnd { kHistoric, kAbort, kWaiting, kGone };
 
-/// What became of a ticket, as its customer sees it.
+/// What happened to a ticket, from its customer's point of view.
 enum class Verdict {
   kFine,           ///< Everything was printed once.
   kInDoubt,        ///< The same, but the file was given up, so that the host cannot tell.
@@ -55,16 +55,16 @@ enum class Answer {
   kPrinted,       ///< "Scontrino stampato, continuare".
   kReprint,       ///< "Ristampare lo scontrino ( annullare automaticamente )".
   kGiveUp,        ///< "Abortire la stampa dello scontrino".
-  kNoChoice,      ///< The form with these three was closed without a choice.
-  kCloseReceipt,  ///< That a receipt which cannot be voided is to be closed automatically,
-  kLeaveReceipt,  ///< or not to be.
-  kTryPort,       ///< That the port is to be tried again, as it is or configured.
-  kLeavePort,     ///< That it is not, followed by kEndProgram or kStay.
-  kEndProgram,    ///< That the program is to end.
-  kStay,          ///< That it is not.
+  kNoChoice,      ///< The dialog with these three was closed without a choice.
+  kCloseReceipt,  ///< Close a receipt that cannot be voided automatically,
+  kLeaveReceipt,  ///< or do not.
+  kTryPort,       ///< Try the port again, as it is or with other settings.
+  kLeavePort,     ///< Do not, followed by kEndProgram or kStay.
+  kEndProgram,    ///< End the program.
+  kStay,          ///< Do not.
 };
 
-/// One way in which a step that goes wrong may end.
+/// One possible end of a step with a fault.
 struct TicketEnd {
   std::vector<Answer> answers;
   CustomerPaper paper;

@@ -17,7 +17,7 @@ constexpr const char* kOutput = "--output";
 constexpr const char* kStep = "--step";
 constexpr const char* kThinned = "--thinned";
 
-/// How far the table is, told from the second on that it takes, on a terminal.
+/// Progress in percent, shown on a terminal once the run takes longer than a second.
 class Progress {
  public:
   Progress(Console& console, const Clock& clock) : console_(console), clock_(clock), start_(clock.Uptime()) {}
@@ -30,7 +30,7 @@ class Progress {
     console_.err << "\rplayed: " << percent << " %" << std::flush;
   }
 
-  /// Takes the line away.
+  /// Erases the line.
   void End() {
     if (shown_ > 0) console_.err << "\r" << std::string(16, ' ') << "\r" << std::flush;
   }
@@ -42,7 +42,7 @@ class Progress {
   std::size_t shown_ = 0;
 };
 
-/// Refuses a part of a name that no step has: names the step that was probably meant, or all.
+/// Refuses a part of a name that no step has: names the similar step, or all.
 [[noreturn]] void RefuseStep(const std::string& part) {
   std::vector<std::string> names;
   std::string all = "; there are";
@@ -54,7 +54,7 @@ class Progress {
   throw UsageError("no step is called '" + part + "'" + (hint.empty() ? all : hint));
 }
 
-/// Marks the steps whose names contain `part`, in any letter case.
+/// Selects the steps whose names contain `part`, ignoring letter case.
 void Choose(const std::string& part, const std::vector<TicketStep>& steps, std::set<std::string>& chosen) {
   bool known = false;
   for (const TicketStep& step : steps) {
@@ -65,8 +65,8 @@ void Choose(const std::string& part, const std::vector<TicketStep>& steps, std::
   if (!known) RefuseStep(part);
 }
 
-/// The steps that the user asks for, by parts of their names with ";" between them, as in the titles of the
-/// table; all where the user does not say.
+/// The steps that the user selects by parts of their names, separated by ";", as in the headings of the
+/// table. Without a selection, all steps.
 std::vector<TicketStep> ChosenSteps(const Arguments& arguments) {
   std::vector<TicketStep> steps = TicketSteps();
   const auto text = arguments.Value(kStep);

@@ -29,7 +29,7 @@ std::string NameOf(Answer answer) {
 
 bool IsCode(const std::string& name) { return name.starts_with("ERR") && name.size() == 5; }
 
-/// Names of faults, three or more error codes that follow each other as a range.
+/// Names of faults; three or more consecutive error codes become a range.
 std::string FaultList(const Texts& names) {
   Texts texts;
   for (std::size_t i = 0; i < names.size();) {
@@ -84,7 +84,7 @@ std::string PaperText(const CaseOutcome& outcome) {
   const auto add = [&](int count, const std::string& what) {
     if (count > 0) parts.push_back(std::to_string(count) + " " + what);
   };
-  // How many is only a matter of the operator's patience.
+  // Their exact number depends only on the operator's patience.
   const auto addSeries = [&](const std::string& what) { parts.push_back(what + ", one after the other"); };
   const bool manyInPart = asksOn && paper.other > 1;
   const bool manyVoided = asksOn && paper.voided > 0;

@@ -24,7 +24,7 @@ bool Logged(const TicketEnd& end, std::string_view text) {
 
 bool Strikes(const StepFault& fault, std::string_view effect) { return fault.effects.front() == effect; }
 
-/// A line of the log without its time, and without what differs from one error or line to the next.
+/// A line of the log without its time and the parts that vary between errors or lines.
 std::string Alike(std::string_view line) {
   line.remove_prefix(std::min(kStamp, line.size()));
   const std::string text(Trim(line.substr(0, line.find('\r'))));
@@ -35,8 +35,8 @@ std::string Alike(std::string_view line) {
   return text;
 }
 
-/// A program that was ended gives up a ticket of which it cannot know whether it is printed; any other is
-/// printed when it starts again.
+/// A program that is ended gives up a ticket that may already be printed; any other ticket is printed after
+/// the restart.
 bool LessWasChosen(const TicketEnd& end) {
   return Answered(end, Answer::kGiveUp) || Answered(end, Answer::kPrinted) ||
          Answered(end, Answer::kNoChoice) || Answered(end, Answer::kCloseReceipt) ||

@@ -15,7 +15,7 @@ namespace {
 constexpr const char* kGood = "24;Cassa 3;1;\r\n4;1;\r\n";
 constexpr const char* kBad = "4;x;\n\n4;25;\n";
 
-/// The command on files in memory, ";" as separator.
+/// The command on files in memory, with ";" as separator.
 class CheckCommandTest : public ::testing::Test {
  protected:
   int Check(std::vector<std::string> words) {
@@ -206,7 +206,7 @@ TEST_F(CheckCommandTest, TakesBinaryFilesAsLinesToo) {
 }
 
 TEST_F(CheckCommandTest, DoesNotLookAtALineWithoutEnd) {
-  // Nor does it say that the receipt is not closed: that line may have done it.
+  // An open receipt is not reported, since that line may have closed it.
   const std::string endless = "24;" + std::string(FileCheck::kLongestLine, 'x') + ";1;\n";
   lab.files.content["a.txt"] = kItem + endless + "20;1;\n";
   EXPECT_EQ(Check({"--quiet", "a.txt"}), 1);
@@ -316,7 +316,7 @@ TEST_F(CheckCommandTest, RefusesACommandLineThatMakesNoSense) {
   EXPECT_EQ(lab.out.str(), "");
 }
 
-/// A long file, during whose reading time passes.
+/// A long file; time passes while it is read.
 class SlowFiles : public MemoryFiles {
  public:
   explicit SlowFiles(VirtualClock& clock) : clock_(clock) {}

@@ -189,7 +189,7 @@ TEST(Rehearsal, WritesTheSettingsOfTheScenarioIntoTheFile) {
   EXPECT_EQ(outcome.problems, Lines{});
 }
 
-/// A scenario in which the connector is started again until the ticket is printed.
+/// A scenario in which the connector is restarted until the ticket is printed.
 Scenario UntilPrinted(const std::string& faults, EventKind kind) {
   Scenario scenario = ParseScenario("day", kReceipt + faults);
   scenario.untilPrinted = true;

@@ -1,4 +1,4 @@
-// The document says what the connector does: its table is made anew and compared.
+// The document shows what the connector does: its table is generated again and compared.
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ std::string Document() {
   std::ostringstream text;
   text << file.rdbuf();
   std::string content = text.str();
-  std::erase(content, '\r');  // A checkout may have added them.
+  std::erase(content, '\r');  // Checkouts may have added them.
   return content;
 }
 
@@ -38,8 +38,8 @@ std::vector<FaultCase> PlayAllAt(TableHour hour) {
 #endif
 }
 
-/// A message that is closed counts as its "No" or "Riprova", so it must lead to the same end. Where the
-/// program was ended it matters at which dialog.
+/// Closing a message counts as its "No" or "Riprova", so it must lead to the same end. When the program is
+/// ended, it matters at which dialog.
 void ExpectOneEndForEachSeriesOfAnswers(const FaultCase& faultCase) {
   std::map<std::vector<Answer>, int> ends;
   for (const TicketEnd& end : faultCase.ends) {

@@ -25,7 +25,7 @@ StepFault FaultWhile(const std::string& effect, EventKind meanwhile) {
   return {effect, {effect}, false, meanwhile, 500ms};
 }
 
-/// Paper: whole, other, mixed, earlier, voided, one left open.
+/// The fields of the paper are: whole, other, mixed, earlier, voided, open.
 TicketEnd End(std::vector<Answer> answers, CustomerPaper paper, FileEnd file, Verdict verdict, Log log) {
   return {std::move(answers), paper, file, verdict, {}, std::move(log)};
 }

@@ -7,14 +7,14 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A clock on which a moment passes with each look at it.
+/// A clock that moves on with each reading.
 struct RestlessClock : VirtualClock {
   std::chrono::nanoseconds Uptime() const override { return now += step; }
   std::chrono::nanoseconds step{};
   mutable std::chrono::nanoseconds now{};
 };
 
-/// A lab whose time passes.
+/// A lab with that clock.
 struct TableLab : LabBench {
   RestlessClock restless;
   LabSurroundings passing{files, folders, restless, machine, console, "home"};
