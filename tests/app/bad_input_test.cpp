@@ -181,7 +181,7 @@ TEST(BadTicket, VanishedWhileItIsPrintedIsPrintedOnceAndNamedInTheErrorLog) {
   EXPECT_EQ(shop.Err(), Lines{"Scontrino stampato ma non archiviato : a.txt"});
 }
 
-TEST(BadTicket, LockedBySomebodyIsPrintedWhenItIsFree) {
+TEST(BadTicket, LockedByAnotherProgramIsPrintedOnceItIsReleased) {
   Shop shop;
   shop.Drop("a.txt", {kItem, kPayment});
   shop.files.FailAlways("OpenForReading", "inproces", 70);
@@ -231,7 +231,7 @@ TEST(BadSettings, InUtf16AreReadAndStayInIt) {
   EXPECT_NE(Utf8FromUtf16(after.substr(2), false).find("ComPort=1\r\n"), std::string::npos);
 }
 
-TEST(BadSettings, LockedBySomebodyEndTheStartAndAreLeftAsTheyAre) {
+TEST(BadSettings, LockedByAnotherProgramEndTheStartAndStayUnchanged) {
   Shop shop;
   const std::string before = shop.folder.Read("Orvenza.ini");
   shop.files.FailAlways("OpenForReading", "Orvenza.ini", 70);

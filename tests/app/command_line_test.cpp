@@ -42,13 +42,13 @@ TEST(CommandLine, RefusesWhatItDoesNotKnow) {
   }
 }
 
-TEST(CommandLine, ReadsValuesBehindAnEqualsSign) {
+TEST(CommandLine, ReadsValuesAfterAnEqualsSign) {
   const CommandLine line = ParseCommandLine({"--folder=/srv/shop", "--simulate=faults.script"});
   EXPECT_EQ(line.folder, "/srv/shop");
   EXPECT_EQ(line.script, "faults.script");
 }
 
-TEST(CommandLine, UsageTellsHowTheMenuIsOpened) {
+TEST(CommandLine, UsageExplainsHowTheMenuIsOpened) {
   EXPECT_NE(Usage("The icon opens it.").find("\n\nThe icon opens it.\nIt ends through the menu"),
             std::string::npos);
 }

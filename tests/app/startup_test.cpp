@@ -318,7 +318,7 @@ TEST(Startup, ErrorTextsThatCannotBeWrittenAreLoggedAndStartUpGoesOn) {
   EXPECT_EQ(shop.Log().back(), "End");
 }
 
-TEST(Startup, ErrorTextsThatCannotBeLookedAtAreNotReplaced) {
+TEST(Startup, ErrorTextsThatCannotBeCheckedAreNotReplaced) {
   Shop shop;
   shop.folder.Write("ErrDesc.ini", "own");
   shop.files.FailAlways("Exists", "ErrDesc.ini", error_number::kDeviceError);

@@ -115,7 +115,7 @@ TEST_F(CreateAllDirsTest, AFileInTheWayIsLogged) {
   EXPECT_EQ(folders.created, Paths{});
 }
 
-TEST_F(CreateAllDirsTest, ALookThatFailsIsLoggedAndNothingIsMade) {
+TEST_F(CreateAllDirsTest, AFailedCheckIsLoggedAndNothingIsCreated) {
   for (const char* unseen : {"C:\\a\\b\\c", "C:\\a"}) {
     folders.unseen = unseen;
     files.content.clear();

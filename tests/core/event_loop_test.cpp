@@ -57,7 +57,7 @@ TEST_F(EventLoopTest, AWaitEndsWithTheFirstEvent) {
   EXPECT_EQ(moments.size(), 1U);
 }
 
-TEST_F(EventLoopTest, AWaitLastsOneSliceUnlessToldOtherwise) {
+TEST_F(EventLoopTest, AWaitLastsOneSliceByDefault) {
   loop.Wait();
   EXPECT_EQ(clock.Uptime(), 10ms);
   loop.Wait(500ms);
@@ -101,7 +101,7 @@ TEST_F(EventLoopTest, ADeliveryDoesNotSleep) {
   EXPECT_EQ(moments.size(), 1U);
 }
 
-TEST_F(EventLoopTest, TheFirstWishToEndCounts) {
+TEST_F(EventLoopTest, TheFirstRequestToEndCounts) {
   loop.RequestEnd({.unload = true});
   loop.RequestEnd({.unload = false});
   try {

@@ -80,7 +80,7 @@ TEST_F(UpgradeTest, AFileWithoutAVersionIsRefused) {
   EXPECT_EQ(Ini(), "[Com Settings]\r\nVersion=1.06\r\n");
 }
 
-TEST_F(UpgradeTest, AReadOnlyFileIsUsedAsItStands) {
+TEST_F(UpgradeTest, AReadOnlyFileIsUsedAsItIs) {
   for (const char* version : {"1.00", "1.01", "1.05"}) {
     files.FailAlways("Write", "", error_number::kPermissionDenied);
     EXPECT_TRUE(Upgrade(version));

@@ -145,7 +145,7 @@ TEST(FromWindows1252, ReadsTheOtherBytesAsTheirOwnNumber) {
   EXPECT_EQ(FromWindows1252("a\x7F\0z"s), "a\x7F\0z"s);
 }
 
-TEST(ToUtf8, LeavesValidSequencesAsTheyStand) {
+TEST(ToUtf8, LeavesValidSequencesUnchanged) {
   for (const char* text : {"", "plain", "già", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF",
                            "\xEE\x80\x80", "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
     EXPECT_EQ(ToUtf8(text), text);

@@ -92,7 +92,7 @@ TEST_F(OpenLinkTest, ConfiguredSettingsAreUsedForTheNextTry) {
   EXPECT_EQ(Elapsed(), 1000);
 }
 
-TEST_F(OpenLinkTest, AConfigurationGivenUpIsARetryAllTheSame) {
+TEST_F(OpenLinkTest, AConfigurationGivenUpIsARetryAnyway) {
   control.refusedOpens = 1;
   Answer("Configura", "close");
   link.OpenDeviceLink(777);
@@ -303,7 +303,7 @@ TEST_F(ChangedSettingsTest, StayWaitingWhileACommandIsUnderWay) {
   EXPECT_EQ(Elapsed(), 5000);
 }
 
-TEST_F(ChangedSettingsTest, AControlThatFailsBetweenTwoCommandsIsOpenedAnew) {
+TEST_F(ChangedSettingsTest, AControlThatFailsBetweenTwoCommandsIsReopened) {
   link.OpenDeviceLink(777);
   const std::size_t callsOfOpening = Calls().size();
   faulty.FailNext("DevicePresent", error_number::kDeviceError);

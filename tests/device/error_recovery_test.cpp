@@ -184,7 +184,7 @@ TEST_F(ErrorRecoveryTest, APaperFormThatIsClosedRestartsToo) {
   EXPECT_EQ(Sent(), (Lines{"114900", "321701"}));
 }
 
-TEST_F(ErrorRecoveryTest, ARestartThatFailsGoesOnAllTheSame) {
+TEST_F(ErrorRecoveryTest, ARestartThatFailsGoesOnAnyway) {
   Answer("&Ok");
   for (int i = 0; i < 4; ++i) control.Reply("ERR01");
   EXPECT_EQ(Decode("ERR01"), Decision::kGoOn);

@@ -31,7 +31,7 @@ TEST_F(ExchangeTest, ThePresentRegisterIsReadyAtTheFirstLook) {
   EXPECT_EQ(Shown(), Lines{});
 }
 
-TEST_F(ExchangeTest, EveryAbsentLookIsAnAlarmAndTheRegisterIsNotReady) {
+TEST_F(ExchangeTest, EveryFailedCheckIsAnAlarmAndTheRegisterIsNotReady) {
   struct {
     std::deque<bool> presence;
     int reads;
@@ -207,7 +207,7 @@ TEST_F(ExchangeTest, TheProgramCanEndInAWaitAcrossMidnightAfter15Seconds) {
   EXPECT_EQ(Waited(), 15000);
 }
 
-TEST_F(ExchangeTest, ALongWaitAcrossMidnightIsMeasuredAllTheSame) {
+TEST_F(ExchangeTest, ALongWaitAcrossMidnightIsMeasuredAnyway) {
   WaitUntil(23, 59, 50);
   link.Exchange("200100", 50);
   EXPECT_EQ(Waited(), 50000);
@@ -247,7 +247,7 @@ TEST_F(ExchangeTest, ALateReplyIsNotTakenForTheNextOne) {
   EXPECT_EQ(Elapsed(), 50);
 }
 
-TEST_F(ExchangeTest, ALateReplyIsPassedOverInTheNextWait) {
+TEST_F(ExchangeTest, ALateReplyIsSkippedInTheNextWait) {
   control.Reply("200100", 16s);
   link.Transmit("200100");
   control.Reply("321701", 5s);
@@ -264,7 +264,7 @@ TEST_F(ExchangeTest, ALateReplyLeavesSilenceSilent) {
   EXPECT_EQ(Elapsed(), 30000);
 }
 
-TEST_F(ExchangeTest, OnlyAsManyRepliesArePassedOverAsAreOutstanding) {
+TEST_F(ExchangeTest, OnlyOutstandingRepliesAreSkipped) {
   link.Transmit("200100");
   clock.After(1s, [&] { control.Raise("200100"); });
   control.Reply("110900", 5s);
@@ -312,7 +312,7 @@ TEST_F(ExchangeTest, AReplyThatCameJustBeforeTheNextCommandIsNoLongerOutstanding
   EXPECT_EQ(reply.Text(), "200100");
 }
 
-TEST_F(ExchangeTest, ALateReplyIsPassedOverAlsoWhenThePortWasOpenedAnew) {
+TEST_F(ExchangeTest, ALateReplyIsSkippedEvenWhenThePortWasReopened) {
   control.Reply("200100", 17s);
   link.Transmit("200100");
   link.Bounce();
@@ -367,7 +367,7 @@ TEST_F(ExchangeTest, AControlThatCannotSayWhetherTheRegisterIsThereCountsAsAbsen
   EXPECT_EQ(Errors(), (Lines{"EcrLinkX1 - 57 - Device I/O error", "Dispositivo Spento o Non Collegato !"}));
 }
 
-TEST_F(ExchangeTest, TheControlTellsNobodyOnceTheLinkIsGone) {
+TEST_F(ExchangeTest, TheControlHasNoReceiverOnceTheLinkIsGone) {
   {
     DeviceLink other(control, settings, logs, dialogs, loop, clock);
     control.Raise("200100");

@@ -59,7 +59,7 @@ TEST_F(PosixFilesTest, FindsFilesByTheSystemsSpellingToo) {
   EXPECT_FALSE(files.Exists(folder.Path(std::string(300, 'x'))));
 }
 
-TEST_F(PosixFilesTest, ALookThatFailsIsNoMissingFile) {
+TEST_F(PosixFilesTest, AFailedCheckIsNotAMissingFile) {
   folder.Write("shop\\a.txt", "x");
   ::chmod(folder.Native("shop").c_str(), 0000);
   const std::string path = folder.Path("shop\\a.txt");

@@ -40,7 +40,7 @@ class PosixFoldersTest : public testing::Test {
 
 TEST_F(PosixFoldersTest, FindsTheRoot) { EXPECT_TRUE(folders.Exists("\\")); }
 
-TEST_F(PosixFoldersTest, ALookThatFailsIsNoMissingFolder) {
+TEST_F(PosixFoldersTest, AFailedCheckIsNotAMissingFolder) {
   std::filesystem::create_directories(folder.Native("shop\\a"));
   ::chmod(folder.Native("shop").c_str(), 0000);
   const std::string path = folder.Path("shop\\a\\");
@@ -159,7 +159,7 @@ TEST_F(PosixFoldersTest, AFolderThatMayNotBeListedIsError70) {
             "70 Permission denied ( " + path + " )");
 }
 
-TEST_F(PosixFoldersTest, FilesThatCannotBeLookedAtAreReported) {
+TEST_F(PosixFoldersTest, FilesThatCannotBeCheckedAreReported) {
   folder.Write("shop\\a.txt", "x");
   ::chmod(folder.Native("shop").c_str(), 0444);
   const std::string path = folder.Path("shop\\");

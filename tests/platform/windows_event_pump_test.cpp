@@ -189,7 +189,7 @@ TEST_F(WindowsEventPumpTest, AMessageSentFromOutsideEndsTheWait) {
   ::WaitForSingleObject(thread.Get(), INFINITE);
 }
 
-TEST_F(WindowsEventPumpTest, TheWishToEndIsAnEvent) {
+TEST_F(WindowsEventPumpTest, TheRequestToEndIsAnEvent) {
   pump.OnTerminate(Noting("terminate"));
   ::PostQuitMessage(0);
   AwaitEvent();
@@ -197,7 +197,7 @@ TEST_F(WindowsEventPumpTest, TheWishToEndIsAnEvent) {
   EXPECT_EQ(events, "terminate");
 }
 
-TEST_F(WindowsEventPumpTest, TheWishToEndIsPassedOverWhereNobodyListens) {
+TEST_F(WindowsEventPumpTest, TheRequestToEndIsIgnoredWithoutAHandler) {
   ::PostQuitMessage(0);
   pump.Post(Noting("timer"));
   pump.Dispatch();

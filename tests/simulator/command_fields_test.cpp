@@ -15,7 +15,7 @@ TEST(CommandFields, TakesTheDataApart) {
   EXPECT_TRUE(fields.Complete());
 }
 
-TEST(CommandFields, RefusesWhatIsNoDigit) {
+TEST(CommandFields, RefusesOtherCharactersThanDigits) {
   CommandFields fields("10361x");
   EXPECT_EQ(fields.Digits(2), 0);
   EXPECT_FALSE(fields.Complete());

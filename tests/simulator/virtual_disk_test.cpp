@@ -124,7 +124,7 @@ TEST_F(VirtualDiskTest, LetsAFileThatAnotherProgramReadsOnlyBeRead) {
   EXPECT_EQ(disk.Paths(), Lines{});
 }
 
-TEST_F(VirtualDiskTest, LetsNobodyIntoAFileThatAnotherProgramWrites) {
+TEST_F(VirtualDiskTest, LocksAFileThatAnotherProgramWrites) {
   disk.Put("C:\\shop\\a.txt", "half");
   disk.Hold("C:\\shop\\a.txt", FileHold::kWriting);
   EXPECT_TRUE(files.Exists("C:\\shop\\a.txt"));
@@ -179,7 +179,7 @@ TEST_F(VirtualDiskTest, KnowsWhichDrivesThereAre) {
   EXPECT_TRUE(folders.DriveAvailable("shop\\"));
 }
 
-TEST_F(VirtualDiskTest, TellsWhatTheProgramDoesAndNothingElse) {
+TEST_F(VirtualDiskTest, ReportsWhatTheProgramDoesAndNothingElse) {
   Lines told;
   disk.SetObserver([&told](const DiskEvent& event) {
     told.push_back(std::to_string(static_cast<int>(event.act)) + " " + std::string(event.path) + " " +

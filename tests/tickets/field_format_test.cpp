@@ -145,7 +145,7 @@ TEST(FieldFormat, FmtDigit0to9AcceptsEveryDigit) {
   ExpectAll(FmtDigit0to9, {{"0", "0"}, {"9", "9"}, {"10", ""}, {"99", ""}});
 }
 
-TEST(FieldFormat, SingleDigitsAreReturnedAsTheyStand) {
+TEST(FieldFormat, SingleDigitsAreReturnedUnchanged) {
   ExpectAll(FmtDigit0to5, {{"05", "05"}, {"000", "000"}, {"06", ""}});
   ExpectAll(FmtDigit0to9, {{"009", "009"}, {"010", ""}});
 }

@@ -193,7 +193,7 @@ TEST_F(RotationTest, ArchivingIsOffWhereTheFolderCannotBeMadeAgain) {
                                "Errore creazione cartella storico scontrini : " + historic}));
 }
 
-TEST_F(RotationTest, AFolderThatCannotBeLookedAtIsLeftAsItIs) {
+TEST_F(RotationTest, AFolderThatCannotBeCheckedIsLeftAsItIs) {
   Keep("1.txt", kYesterday);
   shop.folders.FailNext("Exists", error_number::kDeviceError);
   EXPECT_EQ(FailureOf([&] { Rotate(); }).substr(0, 19), "57 Device I/O error");

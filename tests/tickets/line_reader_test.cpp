@@ -100,7 +100,7 @@ TEST(LineReader, StaysAtTheEnd) {
   EXPECT_EQ(line, "") << "nothing is left of the line before";
 }
 
-TEST(LineReader, KeepsNoMoreOfALineThanItIsTold) {
+TEST(LineReader, KeepsLinesUpToItsLimit) {
   LineReader reader(std::make_unique<TextBytes>(std::string(3 * kPiece, 'y') + "\nabcde\nabcd\n"), 4);
   std::string line;
   EXPECT_TRUE(reader.ReadLine(line));

@@ -123,7 +123,7 @@ TEST(CommandFile, AFolderOfThatNameIsNone) {
   EXPECT_EQ(shop.clock.Uptime(), 3000ms);
 }
 
-TEST(CommandFile, OfOneWithoutEndOnlyTheBeginningIsRead) {
+TEST(CommandFile, OnlyTheBeginningOfAnEndlessOneIsRead) {
   Shop shop;
   shop.folder.Write("command.txt", std::string(1'000'000, '\0'));
   int reads = 0;
@@ -135,7 +135,7 @@ TEST(CommandFile, OfOneWithoutEndOnlyTheBeginningIsRead) {
   EXPECT_EQ(shop.clock.Uptime(), 2000ms);
 }
 
-TEST(CommandFile, OneThatCannotBeDeletedEndsTheProgramAllTheSame) {
+TEST(CommandFile, OneThatCannotBeDeletedEndsTheProgramAnyway) {
   Shop shop;
   shop.folder.Write("command.txt", "QUIT");
   shop.files.FailAlways("Remove", "command.txt", error_number::kPermissionDenied);

@@ -85,7 +85,7 @@ TEST(EndInATicket, APaymentThatWasRefusedChangesNothingInWhatWentBefore) {
   EXPECT_EQ(shop.Names("data\\abort"), Lines{"ticket.txt.abort.txt"});
 }
 
-TEST(EndInATicket, AReprintBeginsAnewAlsoInThis) {
+TEST(EndInATicket, AReprintStartsThisOverToo) {
   Shop shop("on 1036 silence\non 1003 #2 silence");
   shop.Answer(kReprint);
   EndFromTheDialog(shop, {kCoffee, kPayment});

@@ -56,7 +56,7 @@ TEST(LongCommand, RestoresTheLinkAlsoAtTheEndOfTheFile) {
   EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
 }
 
-TEST(LongCommand, ConfiguresTheWholeLinkAnew) {
+TEST(LongCommand, ConfiguresTheWholeLinkAgain) {
   Shop shop;
   shop.Drop("ticket.txt", {"21;"});
   shop.Run();

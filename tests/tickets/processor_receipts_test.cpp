@@ -183,7 +183,7 @@ TEST(PaperOut, TheRestartFollowsTheOperatorsOk) {
   EXPECT_EQ(shop.SentAt("1149"), std::vector<std::int64_t>{500 + 120000});
 }
 
-TEST(PaperOut, AVoidThatFailsRestartsTheTicketAllTheSame) {
+TEST(PaperOut, AVoidThatFailsRestartsTheTicketAnyway) {
   Shop shop("on 1003 paper-out journal\non 1028 x4 reply ERR08");
   shop.Drop("ticket.txt", {kCoffee, kPayment});
   shop.Answer("Ok");

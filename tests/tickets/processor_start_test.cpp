@@ -241,7 +241,7 @@ TEST(TicketFile, OneThatCannotBeReadToItsEndIsNotBegun) {
   EXPECT_EQ(shop.device.Receipts().size(), 1U);
 }
 
-TEST(TicketFile, IsReadAnewForEachPrinting) {
+TEST(TicketFile, IsReadAgainForEachPrinting) {
   Shop shop("on 105102 reply ERR08");
   shop.Drop("ticket.txt", {"0;1;", "0;2;"});
   shop.Answer(kReprint);

@@ -47,7 +47,7 @@ TEST(TakingIn, MakesAReadOnlyTicketWritableBeforeItIsDeleted) {
   EXPECT_EQ(shop.Err(), Lines{});
 }
 
-TEST(TakingIn, ATicketThatVanishesBeforeItIsTakenIsPassedOver) {
+TEST(TakingIn, ATicketThatVanishesBeforeItIsTakenInIsSkipped) {
   Shop shop;
   shop.Drop("a.txt", {"0;1;"});
   shop.Drop("b.txt", {"0;2;"});
@@ -228,7 +228,7 @@ TEST(TakingIn, AFiscalClosureDoesNotOvertakeATicketThatIsHeldForAMoment) {
   EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "300101"}));
 }
 
-TEST(TakingIn, ATicketThatCannotBeTakenInDoesNotHoldUpTheOthersForEver) {
+TEST(TakingIn, ATicketThatCannotBeTakenInDoesNotHoldUpTheOthersForever) {
   Shop shop;
   DropAt(shop, "held.txt", 1, 1000);
   DropAt(shop, "b.txt", 2, 2000);
@@ -239,7 +239,7 @@ TEST(TakingIn, ATicketThatCannotBeTakenInDoesNotHoldUpTheOthersForEver) {
   EXPECT_EQ(Waiting(shop), Lines{"held.txt"});
 }
 
-TEST(TakingIn, ATicketThatCannotBeTakenInIsTriedOnEveryTickAndRarelySpokenOf) {
+TEST(TakingIn, ATicketThatCannotBeTakenInIsTriedOnEveryTickAndRarelyLogged) {
   Shop shop;
   shop.Drop("held.txt", {"0;1;"});
   KeepOutOfReach(shop, "data\\held.txt");

@@ -50,7 +50,7 @@ TEST(TextMask, MasksWhatIsNoValueOfAKnownRecord) {
   for (const auto& [line, masked] : kCases) EXPECT_EQ(MaskTexts(line, ';'), masked);
 }
 
-TEST(TextMask, FindsTheFieldsBehindWhatCountsAsABlank) {
+TEST(TextMask, FindsTheFieldsAfterLeadingBlanks) {
   EXPECT_EQ(MaskTexts("\xEF\xBB\xBF 4;5;", ';'), "xxx 4;5;");
   EXPECT_EQ(MaskTexts("1\x7fPane\x7f"
                       "1000\x7f",

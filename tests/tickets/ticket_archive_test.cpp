@@ -155,7 +155,7 @@ TEST_F(ArchiveTest, AMissingHistoricDriveIsReportedAndTheTicketGoesToTheAbortFol
   EXPECT_EQ(shop.person.Shown()[0].buttons, Lines{"Ok"});
 }
 
-TEST_F(ArchiveTest, TheTicketHasGoneBeforeTheOperatorIsTold) {
+TEST_F(ArchiveTest, TheTicketIsMovedBeforeTheOperatorIsInformed) {
   settings.HistoricFolder = "Q:\\storico\\";
   shop.Answer("Ok");
   Lines inProcess{"not asked"};
@@ -228,7 +228,7 @@ TEST_F(ArchiveTest, ATicketThatWasOnlyOutOfSightGoesToTheAbortFolder) {
   EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
 }
 
-TEST_F(ArchiveTest, ATicketThatCannotBeLookedAtIsArchivedAllTheSame) {
+TEST_F(ArchiveTest, ATicketThatCannotBeCheckedIsArchivedAnyway) {
   shop.files.FailAlways("Exists", "inproces", error_number::kDeviceError);
   archive.Archive(workFile, kText);
   EXPECT_EQ(Historic(), Lines{"1.txt"});
@@ -236,7 +236,7 @@ TEST_F(ArchiveTest, ATicketThatCannotBeLookedAtIsArchivedAllTheSame) {
   EXPECT_EQ(shop.Err(), Lines{});
 }
 
-TEST_F(ArchiveTest, ATicketThatCanNeitherBeLookedAtNorMovedIsSettled) {
+TEST_F(ArchiveTest, ATicketThatCanNeitherBeCheckedNorMovedIsSettled) {
   for (const char* operation : {"Exists", "Move", "Copy"}) {
     shop.files.FailAlways(operation, "inproces", error_number::kDeviceError);
   }
@@ -248,7 +248,7 @@ TEST_F(ArchiveTest, ATicketThatCanNeitherBeLookedAtNorMovedIsSettled) {
   EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
 }
 
-TEST_F(ArchiveTest, ATicketWhoseFolderCannotBeLookedAtIsSettled) {
+TEST_F(ArchiveTest, ATicketWhoseFolderCannotBeCheckedIsSettled) {
   shop.folders.FailAlways("Exists", "inproces", error_number::kDeviceError);
   shop.Fill("storico");
   shop.Fill("abort");
@@ -313,7 +313,7 @@ TEST_F(ArchiveTest, ATicketThatIsArchivedButCannotBeRemovedIsNotCopiedAgain) {
       << "the retries are silent";
 }
 
-TEST_F(ArchiveTest, ASettledTicketThatHasGoneIsForgotten) {
+TEST_F(ArchiveTest, ASettledTicketThatIsGoneIsForgotten) {
   shop.Hold("inproces");
   archive.Archive(workFile, kText);
   shop.folder.Remove("data\\inproces\\ticket.txt");
@@ -414,7 +414,7 @@ TEST(Archiving, ATicketThatCannotBeRemovedIsPrintedOnlyOnce) {
   EXPECT_EQ(shop.Err().size(), 1U);
 }
 
-TEST(Archiving, ATicketThatCannotBeLookedAtOnceItIsReadIsPrintedOnlyOnce) {
+TEST(Archiving, ATicketThatCannotBeCheckedOnceItIsReadIsPrintedOnlyOnce) {
   Shop shop;
   shop.Drop("ticket.txt", {"0;1;"});
   shop.files.Before("OpenForReading", [&](const std::string& path) {

@@ -166,7 +166,7 @@ TEST(LeftFile, IsTriedTenTimesAndThenHoldsUpTheOthersNoLonger) {
   EXPECT_EQ(Waiting(shop), Lines{"inproces\\a.txt"});
 }
 
-TEST(LeftFile, IsTriedOnEveryTickWithoutAWordToTheRegister) {
+TEST(LeftFile, IsTriedOnEveryTickWithoutACommandToTheRegister) {
   Shop shop;
   LeaveInProcess(shop, "a.txt", 1, 1000);
   shop.files.FailAlways("OpenForReading", "inproces\\a.txt", error_number::kPermissionDenied);
@@ -178,7 +178,7 @@ TEST(LeftFile, IsTriedOnEveryTickWithoutAWordToTheRegister) {
   EXPECT_EQ(Waiting(shop), Lines{});
 }
 
-TEST(LeftFile, OneThatWasPrintedAtLastStartsAnewWithItsTries) {
+TEST(LeftFile, OneThatWasFinallyPrintedStartsItsTriesOver) {
   Shop shop;
   LeaveInProcess(shop, "a.txt", 1, 1000);
   const auto lock = [&] {
@@ -209,7 +209,7 @@ TEST(LeftFile, OneOfAPrintedTicketsNameHasAllItsTries) {
   EXPECT_EQ(shop.Err().size(), 1U + 10U) << "the file held, and the tries of the one that cannot be read";
 }
 
-TEST(LeftFile, OneThatVanishesAfterItWasListedIsPassedOver) {
+TEST(LeftFile, OneThatVanishesAfterItWasListedIsSkipped) {
   Shop shop;
   LeaveInProcess(shop, "a.txt", 1, 1000);
   DropAt(shop, "b.txt", 2, 2000);
@@ -234,7 +234,7 @@ TEST(LeftFile, ANewTicketOfItsNameDoesNotReplaceIt) {
   EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
 }
 
-TEST(LeftFile, ANewTicketOfItsNameDoesNotReplaceItThoughALookFails) {
+TEST(LeftFile, ANewTicketOfItsNameDoesNotReplaceItEvenIfACheckFails) {
   Shop shop;
   LeaveInProcess(shop, "a.txt", 1, 1000);
   DropAt(shop, "a.txt", 2, 2000);
@@ -246,7 +246,7 @@ TEST(LeftFile, ANewTicketOfItsNameDoesNotReplaceItThoughALookFails) {
   EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"}));
 }
 
-TEST(LeftFile, OneThatCannotBeLookedAtIsReadAllTheSame) {
+TEST(LeftFile, OneThatCannotBeCheckedIsReadAnyway) {
   Shop shop;
   LeaveInProcess(shop, "a.txt", 1, 1000);
   shop.files.FailAlways("Exists", "inproces\\a.txt", error_number::kDeviceError);

@@ -74,17 +74,17 @@ TEST_F(TranslationNotesTest, CountAllOfAnItemsDescription) {
             "8 choice, 2 width 7, 7 width 2, 1 width 20, 3 width 9, 4 width 2");
 }
 
-TEST_F(TranslationNotesTest, GoOnBehindARejectedValue) {
+TEST_F(TranslationNotesTest, GoOnAfterARejectedValue) {
   EXPECT_EQ(NotesOf("15;x;y;"), "1 width 2, 2 width 9");
 }
 
-TEST_F(TranslationNotesTest, TellWhatIsSentInstead) {
+TEST_F(TranslationNotesTest, NoteWhatIsSentInstead) {
   EXPECT_EQ(NotesOf("23;Grazie;x;"), "2 sent as 01, 1 width 32");
   EXPECT_EQ(NotesOf("5;x;1;;;y;"), "4 choice, 2 width 2, 1 sent as 00, 5 sent as 000000000");
   EXPECT_EQ(NotesOf("30;1;4;Ciao;"), "2 width 1, 2 sent as 3, 1 width 2, 3 width 27");
 }
 
-TEST_F(TranslationNotesTest, TellWhyARecordIsNone) {
+TEST_F(TranslationNotesTest, NoteWhyARecordIsInvalid) {
   EXPECT_EQ(NotesOf("10;1;"), "0 unknown type");
   EXPECT_EQ(NotesOf("1;4;1;;;;;;-1;"), "8 choice, 1 choice, 6 choice, 1 not of 1, 2, 3");
   EXPECT_EQ(NotesOf("6;1;1;5;"), "1 choice, 1 not of 2, 3");

@@ -59,7 +59,7 @@ TEST_F(Trial, SucceedsOverAFileThatAnEarlierOneHadToLeave) {
 
 class FolderTrialFindings : public ShopBench {};
 
-TEST_F(FolderTrialFindings, TellOfEachFolderOfTicketsThatCannotBeUsed) {
+TEST_F(FolderTrialFindings, ReportEachFolderOfTicketsThatCannotBeUsed) {
   disk.SetFull("C:", true);
   const std::string said = Said();
   for (const char* folder :

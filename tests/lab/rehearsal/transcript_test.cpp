@@ -54,7 +54,7 @@ TEST_F(TranscriptTest, GathersIdleTicksAndTellsTheActingOneApart) {
                           "     2000  tick      idle", "     2001  end"}));
 }
 
-TEST_F(TranscriptTest, TellsEachLineAsSoonAsTheNextBegins) {
+TEST_F(TranscriptTest, WritesEachLineAsSoonAsTheNextBegins) {
   transcript.Add("sent", "1");
   EXPECT_EQ(lines, Lines{});
   transcript.Add("reply", "2");

@@ -40,7 +40,7 @@ TEST(TableCommand, TriesEveryCodeUnlessItIsThinned) {
   EXPECT_NE(lab.out.str().find("ERR01 to 16, ERR18 to 31"), std::string::npos);
 }
 
-TEST(TableCommand, TellsOnATerminalHowFarItIs) {
+TEST(TableCommand, ShowsItsProgressOnATerminal) {
   TableLab lab;
   lab.console.progress = true;
   lab.restless.step = 100ms;
@@ -54,14 +54,14 @@ TEST(TableCommand, TellsOnATerminalHowFarItIs) {
   EXPECT_TRUE(lab.files.Exists("C:\\table.md"));
 }
 
-TEST(TableCommand, TellsNothingWithinASecond) {
+TEST(TableCommand, ShowsNoProgressWithinASecond) {
   TableLab lab;
   lab.console.progress = true;
   EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "cash movement"}), 0);
   EXPECT_EQ(lab.err.str(), "");
 }
 
-TEST(TableCommand, TakesItsStepsAsTheyStandInTheTable) {
+TEST(TableCommand, TakesItsStepsByTheirNamesInTheTable) {
   TableLab lab;
   EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "Line without a separator; CASH MOVEMENT"}), 0);
   const std::string table = lab.out.str();
