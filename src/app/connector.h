@@ -18,6 +18,7 @@
 #include "device/register_queries.h"
 #include "platform/files.h"
 #include "platform/folders.h"
+#include "tickets/closure_requests.h"
 #include "tickets/line_sender.h"
 #include "tickets/remembered_tickets.h"
 #include "tickets/ticket_archive.h"

@@ -2,7 +2,7 @@
 
 #include "core/catalogue.h"
 #include "core/text.h"
-#include "device/end_confirmation.h"
+#include "ui/end_confirmation.h"
 
 namespace orvenza {
 

@@ -16,7 +16,6 @@ bool MayExist(const FileReader& files, const std::string& path) {
 }
 
 std::string ReadWhole(const FileReader& files, const std::string& path, std::size_t limit) {
-  std::string bytes;
   const auto reader = files.OpenForReading(path);
   std::array<char, 16 * 1024> piece;
   std::string bytes;

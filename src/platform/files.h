@@ -84,10 +84,10 @@ class Files : public FileReader {
 inline constexpr std::string_view kUnfinishedSuffix = ".orv~";
 
 /// Whether the file exists or may exist: a failed check counts as a file. Never fails.
-[[nodiscard]] bool MayExist(const Files& files, const std::string& path);
+[[nodiscard]] bool MayExist(const FileReader& files, const std::string& path);
 
 /// The first `limit` bytes of a file, or all of a shorter one. Throws SystemError.
-[[nodiscard]] std::string ReadWhole(const Files& files, const std::string& path,
+[[nodiscard]] std::string ReadWhole(const FileReader& files, const std::string& path,
                                     std::size_t limit = std::numeric_limits<std::size_t>::max());
 
 /// Renames a file, or copies it where it cannot be renamed. True when it was renamed, so that nothing is left

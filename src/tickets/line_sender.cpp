@@ -5,17 +5,13 @@
 #include "core/catalogue.h"
 #include "core/text.h"
 #include "device/reply_policy.h"
+#include "tickets/logo_request.h"
+#include "tickets/record_types.h"
 
 namespace orvenza {
 namespace {
 
 constexpr const char* kLabel = "Trasmissione ";
-
-/// Records after which something is on paper for good: payments, the end of a document, cash movements.
-bool MayCompleteSomething(std::string_view type) {
-  return type == "2" || type == "5" || type == "14" || type == "15" || type == "31" || type == "34" ||
-         type == "35";
-}
 
 std::optional<Next> FromDecision(Decision decision) {
   switch (decision) {
@@ -43,7 +39,7 @@ Next LineSender::Send(const std::string& line, const RecordFields& fields, bool 
   if (IsLongRunning(command)) return SendLongRunning(command.substr(0, command.size() - 1));
   link_.AwaitDevice();
   const Next before = ifEnded_;
-  if (MayCompleteSomething(fields[0])) ifEnded_ = Next::kAbort;
+  if (HasRole(fields[0], &RecordRoles::completes)) ifEnded_ = Next::kAbort;
   const Reply reply = link_.Transmit(command);
   if (reply_policy::NotDone(reply)) ifEnded_ = before;
   return HandleReply(line, reply, maySplit);

@@ -8,7 +8,7 @@
 
 namespace orvenza {
 
-class Files;
+class FileReader;
 class Logs;
 struct AppSettings;
 struct RegisterIdentity;
@@ -17,8 +17,8 @@ struct RegisterIdentity;
 struct TranslationContext {
   const RegisterIdentity& identity;
   const AppSettings& settings;
-  const Files* files;  ///< Null: no bitmap is looked at, any path will do.
-  Logs* logs;          ///< Hears of wrong bitmaps; null only without files.
+  const FileReader* files;  ///< Null: no bitmap is looked at, any path will do.
+  Logs* logs;               ///< Hears of wrong bitmaps; null only without files.
 };
 
 /// What the handling of whole tickets depends on.

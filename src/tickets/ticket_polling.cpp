@@ -101,19 +101,6 @@ void TicketPolling::ForgetGone() {
   std::erase_if(single_, hasGone);
 }
 
-std::size_t TicketPolling::CountWaitingTickets() {
-  const TicketListing::SortedList list = listing_.Read(settings_.TicketFolder);
-  const auto waits = [&](const std::string& entry) { return !remembered_.Get().takenIn.contains(entry); };
-  return static_cast<std::size_t>(std::count_if(list.begin(), list.end(), waits));
-}
-
-void TicketPolling::PutLast(const std::string& name) {
-  const TicketListing::SortedList list = listing_.Read(settings_.TicketFolder);
-  if (list.empty() || TicketListing::NameOf(list.back()) == name) return;
-  files_.CopyModified(settings_.TicketFolder + TicketListing::NameOf(list.back()),
-                      settings_.TicketFolder + name);
-}
-
 void TicketPolling::QuitIfAsked() {
   const std::string& commandFile = settings_.CommandFilePath;
   if (!files_.Exists(commandFile) || !AsksToQuit(files_, commandFile)) return;
@@ -300,7 +287,7 @@ void TicketPolling::RemoveSource(const std::string& entry) {
 }
 
 void TicketPolling::CorrectClock() {
-  if (!clockCorrection_.CountTick()) return;
+  if (!clockCheck_.CountTick()) return;
   if (!queries_.StatusQuery(Asking::kQuiet)) return;
   if (const auto reply = queries_.ClockQuery(Asking::kQuiet)) clockCorrection_.Correct(*reply);
 }

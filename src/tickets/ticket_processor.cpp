@@ -20,8 +20,7 @@ constexpr const char* kReceiptSplitLine =
 }  // namespace
 
 TicketProcessor::TicketProcessor(const FileReader& files, const AppSettings& settings, Logs& logs,
-                                 EventLoop& loop, DeviceLink& link, CashDialogues& cash,
-                                 ErrorRecovery& recovery, LogoDownload& logo, RecordTranslator& translator,
+                                 EventLoop& loop, CashDialogues& cash, LineSender& sender,
                                  TicketArchive& archive)
     : files_(files),
       settings_(settings),

@@ -21,8 +21,7 @@ namespace orvenza {
 class TicketProcessor {
  public:
   TicketProcessor(const FileReader& files, const AppSettings& settings, Logs& logs, EventLoop& loop,
-                  DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery, LogoDownload& logo,
-                  RecordTranslator& translator, TicketArchive& archive);
+                  CashDialogues& cash, LineSender& sender, TicketArchive& archive);
 
   /// Prints the ticket `text`, the whole content of the path `workFile`; when printing is restarted, the file
   /// is read again. On return the file has been archived, moved to the abort folder, or has disappeared; a

@@ -9,26 +9,11 @@ namespace {
 /// An empty type counts as this one.
 constexpr std::string_view kFirstType = "0";
 
-/// Larger logo numbers are sent as this.
-constexpr double kLargestLogo = 999'999'999;
-
-/// Everything besides the record that affects its translation.
-struct Surroundings {
-  const RegisterIdentity& identity;
-  const AppSettings& settings;
-  const FileReader& files;
-  Logs& logs;
-};
-
-using Record = const NotedFields&;
-using With = const Surroundings&;
-
-std::string NumberOr01(Record f, std::size_t field) { return f.FormatOr(field, FmtNum2Max20, "01"); }
-std::string AmountOrZero(Record f, std::size_t field) { return f.FormatOr(field, FmtAmount9, "000000000"); }
-
-/// Invalid: the field that selects an alternative is not one of `accepted`.
-std::string NoSuchChoice(Record f, std::size_t field, std::string_view accepted) {
-  return f.Refuse(FieldNote::Kind::kNoSuchChoice, field, accepted);
+std::string Translate(const RecordFields& fields, TranslationNotes* notes,
+                      const TranslationContext& context) {
+  const NotedFields noted(fields, notes);
+  const RecordType* const type = FindRecordType(Chosen(fields[0], kFirstType));
+  return type == nullptr ? noted.Refuse(FieldNote::Kind::kUnknownType, 0) : type->translate(noted, context);
 }
 
 }  // namespace

@@ -49,7 +49,7 @@ TEST(CommandLine, ReadsValuesAfterAnEqualsSign) {
 }
 
 TEST(CommandLine, UsageExplainsHowTheMenuIsOpened) {
-  EXPECT_NE(Usage("The icon opens it.").find("\n\nThe icon opens it.\nIt ends through the menu"),
+  EXPECT_NE(Usage("The icon opens it.").find("\n\nThe icon opens it.\nTo end the program use the menu"),
             std::string::npos);
 }
 

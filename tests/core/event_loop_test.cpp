@@ -23,7 +23,7 @@ class EventLoopTest : public ::testing::Test {
     clock.After(delay, [this, end] { loop.RequestEnd(end); });
   }
 
-  TestClock clock;
+  test::TestClock clock;
   EventLoop loop{clock, clock};
   std::vector<nanoseconds> moments;
 };

@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 
 class ScriptedOperatorTest : public testing::Test {
  protected:
-  TestClock clock;
+  test::TestClock clock;
   EventLoop loop{clock, clock};
   ScriptedOperator person{loop};
 

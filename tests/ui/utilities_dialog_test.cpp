@@ -27,7 +27,7 @@ class FakeTickets : public WaitingTickets {
 
 class UtilitiesDialogTest : public ::testing::Test {
  protected:
-  UtilitiesDialogTest() { settings.ErrPath = "C:\\Orvenza\\Err.txt"; }
+  UtilitiesDialogTest() { logPaths.ErrPath = "C:\\Orvenza\\Err.txt"; }
 
   /// Opens the dialog, presses `button`, and answers the questions with `answers` (1 yes, 2 no, nothing
   /// closed).
@@ -41,8 +41,8 @@ class UtilitiesDialogTest : public ::testing::Test {
   OperatorMessages messages{person, "Orvenza"};
   FakeFiles files;
   FakeClock clock;
-  AppSettings settings;
-  Logs logs{files, clock, settings, "C:\\Orvenza"};
+  LogPaths logPaths;
+  Logs logs{files, clock, logPaths, "C:\\Orvenza"};
   FakeTickets tickets;
   std::function<std::size_t()>& count = tickets.count;
   UtilitiesDialog dialog{person, messages, logs, tickets};
