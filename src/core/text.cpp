@@ -152,7 +152,9 @@ std::string FromWindows1252(std::string_view bytes) {
 }
 
 char FirstInWindows1252(std::string_view text) {
-  for (int code = 0; code < 256; ++code) {
+  // ASCII stands for itself.
+  if (!text.empty() && static_cast<unsigned char>(text[0]) < 128) return text[0];
+  for (int code = 128; code < 256; ++code) {
     const char byte = static_cast<char>(code);
     if (text.starts_with(FromWindows1252({&byte, 1}))) return byte;
   }

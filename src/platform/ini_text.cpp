@@ -38,6 +38,7 @@ bool EndsLine(char c) { return c == '\r' || c == '\n'; }
 /// The lines of `text`, each with its line break (CR LF, LF or CR).
 std::vector<std::string_view> SplitLines(std::string_view text) {
   std::vector<std::string_view> lines;
+  lines.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1);
   while (!text.empty()) {
     const auto end = std::find_if(text.begin(), text.end() - 1, EndsLine);
     auto length = static_cast<std::size_t>(end - text.begin()) + 1;
@@ -170,9 +171,11 @@ void IniText::Set(const std::string& section, const std::string& key, std::strin
 }
 
 void IniText::ListEntries() {
+  const auto lines = SplitLines(text_);
   sections_.clear();
   entries_.clear();
-  for (const std::string_view line : SplitLines(text_)) {
+  entries_.reserve(lines.size());
+  for (const std::string_view line : lines) {
     if (const auto section = SectionName(line)) {
       sections_.push_back(*section);
     } else if (const auto entry = ParseEntry(line); entry && !sections_.empty()) {

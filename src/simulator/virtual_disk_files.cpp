@@ -23,11 +23,13 @@ class VirtualDisk::FilesOfDisk : public Files {
   }
 
   void Append(const std::string& path, std::string_view text) override {
-    if (const Node* const node = disk_.Find(path)) {
-      if (node->hold != FileHold::kNone) throw SystemError(error_number::kPermissionDenied, path);
+    Node* const older = disk_.Find(path);
+    if (older != nullptr && older->hold != FileHold::kNone) {
+      throw SystemError(error_number::kPermissionDenied, path);
     }
     if (disk_.IsFull(disk_.KeyOf(path))) throw SystemError(error_number::kDiskFull, path);
-    Node& node = disk_.Place(path, path);
+    const bool writable = older != nullptr && !older->isFolder && !older->readOnly;
+    Node& node = writable ? *older : disk_.Place(path, path);
     node.content.append(text);
     node.modified = disk_.clock_.Now();
     disk_.Tell({DiskAct::kAppended, path, {}, text});
