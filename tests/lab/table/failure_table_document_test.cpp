@@ -17,7 +17,7 @@ namespace orvenza::test {
 namespace {
 
 std::string Document() {
-  std::ifstream file(ORVENZA_FAILURE_SCENARIOS, std::ios::binary);
+  std::ifstream file(ORVENZA_FAILURE_TABLE, std::ios::binary);
   std::ostringstream text;
   text << file.rdbuf();
   std::string content = text.str();
@@ -66,7 +66,7 @@ TEST(FailureTableDocument, SaysHowThingsEnd) {
 #ifndef ORVENZA_THINNED_TABLE
   EXPECT_TRUE(*placed == document)
       << "Things end otherwise than the document says. If that is meant: orvenza-lab table --output "
-      << ORVENZA_FAILURE_SCENARIOS << ", and read the difference.";
+      << ORVENZA_FAILURE_TABLE << ", and read the difference.";
 #endif
   std::set<std::string> used;
   for (const auto* cases : {&byDay, &atMidnight}) {
