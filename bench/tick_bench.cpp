@@ -76,8 +76,13 @@ struct PollingShop {
   TicketSplitter splitter{files, settings, logs, archive};
   LineSender sender{link, cash, recovery, logo, translator, logs};
   TicketProcessor processor{files, settings, logs, loop, cash, sender, archive};
-  TicketPolling polling{files,   folders,    settings, logs,      loop,    timer,     link,
-                        queries, correction, splitter, processor, archive, remembered};
+  RepeatedFailures failures{logs};
+  CommandFile commandFile{files, settings, logs, loop, link};
+  TicketFolders ticketFolders{files, folders, settings, logs, loop, archive, remembered};
+  TicketQueue queue{files,         settings, logs,      failures, commandFile,
+                    ticketFolders, splitter, processor, archive};
+  ClockCheck clockCheck{settings, queries, correction};
+  TicketPolling polling{timer, failures, commandFile, ticketFolders, queue, clockCheck};
 };
 
 std::size_t ListBarely(const std::string& path) {
@@ -104,8 +109,8 @@ void BareListing(benchmark::State& state) {
 void Look(benchmark::State& state) {
   PollingShop shop(static_cast<int>(state.range(0)));
   for ([[maybe_unused]] auto iteration : state) {
-    shop.polling.RefreshNewList();
-    shop.polling.RefreshInProcessList();
+    shop.ticketFolders.RefreshNewList();
+    shop.ticketFolders.RefreshInProcessList();
     benchmark::DoNotOptimize(shop.files.Exists(shop.settings.CommandFilePath));
   }
   state.SetComplexityN(state.range(0));

@@ -52,8 +52,13 @@ Connector::Connector(const Surroundings& around, const ProgramPaths& paths)
       splitter_(files_, settings_, logs_, archive_),
       sender_(link_, cash_, recovery_, logo_, translator_, logs_),
       processor_(files_, settings_, logs_, loop_, cash_, sender_, archive_),
-      polling_(files_, folders_, settings_, logs_, loop_, timer1_, link_, queries_, clockCorrection_,
-               splitter_, processor_, archive_, remembered_),
+      tickFailures_(logs_),
+      commandFile_(files_, settings_, logs_, loop_, link_),
+      ticketFolders_(files_, folders_, settings_, logs_, loop_, archive_, remembered_),
+      queue_(files_, settings_, logs_, tickFailures_, commandFile_, ticketFolders_, splitter_, processor_,
+             archive_),
+      clockCheck_(settings_, queries_, clockCorrection_),
+      polling_(timer1_, tickFailures_, commandFile_, ticketFolders_, queue_, clockCheck_),
       closureRequests_(files_, folders_, settings_, logs_, remembered_),
       orvUti_(person_, messages_, logs_, closureRequests_) {}
 

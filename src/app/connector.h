@@ -7,6 +7,7 @@
 #include "core/event_loop.h"
 #include "core/logs.h"
 #include "core/poll_timer.h"
+#include "core/repeated_failures.h"
 #include "core/settings.h"
 #include "device/cash_dialogues.h"
 #include "device/clock_correction.h"
@@ -18,12 +19,16 @@
 #include "device/register_queries.h"
 #include "platform/files.h"
 #include "platform/folders.h"
+#include "tickets/clock_check.h"
 #include "tickets/closure_requests.h"
+#include "tickets/command_file.h"
 #include "tickets/line_sender.h"
 #include "tickets/remembered_tickets.h"
 #include "tickets/ticket_archive.h"
+#include "tickets/ticket_folders.h"
 #include "tickets/ticket_polling.h"
 #include "tickets/ticket_processor.h"
+#include "tickets/ticket_queue.h"
 #include "tickets/ticket_splitter.h"
 #include "tickets/translation.h"
 #include "ui/menu.h"
@@ -114,6 +119,11 @@ class Connector {
   TicketSplitter splitter_;
   LineSender sender_;
   TicketProcessor processor_;
+  RepeatedFailures tickFailures_;
+  CommandFile commandFile_;
+  TicketFolders ticketFolders_;
+  TicketQueue queue_;
+  ClockCheck clockCheck_;
   TicketPolling polling_;
   ClosureRequests closureRequests_;
   UtilitiesDialog orvUti_;

@@ -6,6 +6,11 @@
 
 namespace orvenza {
 
+void ClockCheck::Tick() {
+  if (!CountTick() || !queries_.StatusQuery(Asking::kQuiet)) return;
+  if (const auto reply = queries_.ClockQuery(Asking::kQuiet)) correction_.Correct(*reply);
+}
+
 bool ClockCheck::CountTick() {
   if (settings_.PcTimeCorrection <= 0) return false;
   if (correctionsSeen_ != correction_.Corrections()) {

@@ -4,22 +4,28 @@
 
 #include "core/settings.h"
 #include "device/clock_correction.h"
+#include "device/register_queries.h"
 
 namespace orvenza {
 
-/// Says when the PC's clock is to be compared with the register's again.
+/// Compares the PC clock with the register's from time to time.
 class ClockCheck {
  public:
-  ClockCheck(const AppSettings& settings, const ClockCorrection& correction)
-      : settings_(settings), correction_(correction) {}
+  ClockCheck(const AppSettings& settings, RegisterQueries& queries, ClockCorrection& correction)
+      : settings_(settings), queries_(queries), correction_(correction) {}
+
+  /// Counts one polling interval; when a check is due, asks the register for its time and corrects the PC
+  /// clock.
+  void Tick();
 
   /// Counts one polling interval, however long the tick really took. True when a check has fallen due; the
   /// count then starts again, as it does after every correction. Never when corrections are switched off.
-  bool CountTick();
+  [[nodiscard]] bool CountTick();
 
  private:
   const AppSettings& settings_;
-  const ClockCorrection& correction_;
+  RegisterQueries& queries_;
+  ClockCorrection& correction_;
   double seconds_ = 0;
   std::size_t correctionsSeen_ = 0;
 };

@@ -4,8 +4,7 @@
 
 #include <string>
 
-#include "simulator/virtual_clock.h"
-#include "support/memory_files.h"
+#include "support/device_bench.h"
 
 namespace orvenza::test {
 namespace {
@@ -13,13 +12,9 @@ namespace {
 using namespace std::chrono_literals;
 
 /// It is nine o'clock, and the clock is checked every 30 seconds with a tolerance of 60 seconds.
-class ClockCheckTest : public ::testing::Test {
+class ClockCheckTest : public DeviceBench {
  protected:
-  ClockCheckTest() {
-    settings.ErrPath = "Err.txt";
-    settings.PcTimeCorrection = 30;
-    settings.TimeShift = 60;
-  }
+  ClockCheckTest() { settings.PcTimeCorrection = 30; }
 
   /// How many ticks pass until a check is due, 0 when none is within 1000.
   int TicksUntilDue() {
@@ -31,12 +26,7 @@ class ClockCheckTest : public ::testing::Test {
 
   void RegisterShows(const std::string& hhmm) { correction.Correct("4201161126" + hhmm); }
 
-  VirtualClock clock;
-  MemoryFiles files;
-  AppSettings settings;
-  Logs logs{files, clock, settings, "C:\\shop"};
-  ClockCorrection correction{clock, settings, logs};
-  ClockCheck check{settings, correction};
+  ClockCheck check{settings, queries, correction};
 };
 
 TEST_F(ClockCheckTest, IsDueAtThe61stTickAndThenEvery61) {
@@ -65,22 +55,44 @@ TEST_F(ClockCheckTest, IsNeverDueWhenSwitchedOff) {
 }
 
 TEST_F(ClockCheckTest, ACorrectionStartsTheCountAgain) {
-  for (int i = 0; i < 40; ++i) check.CountTick();
+  for (int i = 0; i < 40; ++i) EXPECT_FALSE(check.CountTick());
   RegisterShows("1400");
   EXPECT_EQ(TicksUntilDue(), 61);
 }
 
 TEST_F(ClockCheckTest, ACheckThatCorrectsNothingLetsTheCountGoOn) {
-  for (int i = 0; i < 40; ++i) check.CountTick();
+  for (int i = 0; i < 40; ++i) EXPECT_FALSE(check.CountTick());
   RegisterShows("0900");
   EXPECT_EQ(TicksUntilDue(), 21);
 }
 
 TEST_F(ClockCheckTest, ARefusalLetsTheCountGoOn) {
-  for (int i = 0; i < 40; ++i) check.CountTick();
+  for (int i = 0; i < 40; ++i) EXPECT_FALSE(check.CountTick());
   clock.RefuseSetTime(true);
   RegisterShows("1400");
   EXPECT_EQ(TicksUntilDue(), 21);
+}
+
+TEST_F(ClockCheckTest, ATickInWhichACheckIsDueAsksForStatusAndTime) {
+  settings.PcTimeCorrection = 0.1;
+  control.Reply("3217");
+  control.Reply("42011611260930");
+  check.Tick();
+  EXPECT_EQ(Sent(), (Lines{"321700", "420100"}));
+  EXPECT_EQ(clock.TimesSet(), (std::vector<LocalTime>{{2026, 11, 16, 9, 30, 0}}));
+}
+
+TEST_F(ClockCheckTest, TheTimeIsNotAskedForAfterAStatusThatFailed) {
+  settings.PcTimeCorrection = 0.1;
+  control.Reply("ERR08");
+  check.Tick();
+  EXPECT_EQ(Sent(), Lines{"321700"});
+  EXPECT_EQ(Errors(), Lines{"ECR Error : ERR08"});
+}
+
+TEST_F(ClockCheckTest, NothingIsAskedInTheOtherTicks) {
+  for (int tick = 1; tick <= 60; ++tick) check.Tick();
+  EXPECT_EQ(Sent(), Lines{});
 }
 
 }  // namespace

@@ -31,8 +31,13 @@ class PollingTimerTest : public DeviceBench {
   TicketSplitter splitter{files, settings, logs, archive};
   LineSender sender{link, cash, recovery, logo, translator, logs};
   TicketProcessor processor{files, settings, logs, loop, cash, sender, archive};
-  TicketPolling polling{files,   folders,    settings, logs,      loop,    timer,     link,
-                        queries, correction, splitter, processor, archive, remembered};
+  RepeatedFailures failures{logs};
+  CommandFile commandFile{files, settings, logs, loop, link};
+  TicketFolders ticketFolders{files, folders, settings, logs, loop, archive, remembered};
+  TicketQueue queue{files,         settings, logs,      failures, commandFile,
+                    ticketFolders, splitter, processor, archive};
+  ClockCheck clockCheck{settings, queries, correction};
+  TicketPolling polling{timer, failures, commandFile, ticketFolders, queue, clockCheck};
 };
 
 TEST_F(PollingTimerTest, IsOffDuringATickAndOnAfterIt) {

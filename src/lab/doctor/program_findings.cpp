@@ -9,8 +9,8 @@
 #include "platform/ini_profile_file.h"
 #include "platform/ini_text.h"
 #include "platform/system_error.h"
+#include "tickets/command_file.h"
 #include "tickets/line_reader.h"
-#include "tickets/ticket_polling.h"
 
 namespace orvenza {
 namespace {
