@@ -52,7 +52,7 @@ class CashDialogues {
   void CorrectClock();
   void AwaitStatus();
   Reply PauseAfterVoid(const Reply& reply);
-  bool OperatorWantsAutomaticClose();
+  [[nodiscard]] bool OperatorWantsAutomaticClose();
   void LogReply(const Reply& reply);
 
   DeviceLink& link_;

@@ -46,12 +46,12 @@ class DeviceLink : private EcrLinkEvents {
   void Bounce();
 
   /// Checks once whether the register is present, without an alarm. Waiting events are delivered first.
-  bool Present();
+  [[nodiscard]] bool Present();
 
   /// Checks up to three times whether the register is present, with an alarm to the operator after each
   /// failed check. True only if the first check succeeds: a register that appears after an alarm is found by
   /// the next call.
-  bool DeviceReady();
+  [[nodiscard]] bool DeviceReady();
 
   /// The serial settings have changed: the link is reopened as soon as no command is in progress.
   void ReapplySettings() { reapply_ = true; }
@@ -73,7 +73,7 @@ class DeviceLink : private EcrLinkEvents {
   Reply TransmitLong(const std::string& command);
 
   /// The reply that has come since the last exchange ended, once; `reply` where none has.
-  Reply LatestReply(const Reply& reply);
+  [[nodiscard]] Reply LatestReply(const Reply& reply);
 
  private:
   friend class EndBeforeSending;
@@ -85,17 +85,17 @@ class DeviceLink : private EcrLinkEvents {
   void Arrived(std::string reply);
 
   void Reopen(int endOfTextWait);
-  bool TryOpen();
+  [[nodiscard]] bool TryOpen();
   /// False when there is no control.
-  bool Reset();
+  [[nodiscard]] bool Reset();
   void SetProperties(const SerialSettings& serial);
   /// Whether the port then reads as open: only that counts, even if the control reported a failure.
-  bool OpenPort();
+  [[nodiscard]] bool OpenPort();
   void SetProperty(LinkProperty property, int value);
   void SetPort(bool open);
-  bool WaitReply(double replyWait, std::string_view code);
-  bool DropLateReply(std::string_view code);
-  Reply TakeReply();
+  [[nodiscard]] bool WaitReply(double replyWait, std::string_view code);
+  [[nodiscard]] bool DropLateReply(std::string_view code);
+  [[nodiscard]] Reply TakeReply();
 
   EcrLink& control_;
   const AppSettings& settings_;

@@ -26,9 +26,9 @@ std::uint32_t LogoHeaderValue(std::string_view bytes);
 /// Number of rows of the logo in `path`, 0 to 254; none when the file is missing, cannot be read or is not of
 /// the register's shape. Only the headers are looked at: the rows themselves may still be cut short. Never
 /// fails.
-std::optional<std::uint32_t> LogoRows(const FileReader& files, const std::string& path);
+[[nodiscard]] std::optional<std::uint32_t> LogoRows(const FileReader& files, const std::string& path);
 
 /// Whether `path` is a bitmap that the register can store as its logo, be it one without rows. Never fails.
-bool IsValidLogoBitmap(const FileReader& files, const std::string& path);
+[[nodiscard]] bool IsValidLogoBitmap(const FileReader& files, const std::string& path);
 
 }  // namespace orvenza

@@ -21,12 +21,12 @@ class LogoDownload {
   /// Sends the bitmap `path` as logo `number`, usually two digits; `commandLine` is the ticket line that
   /// requests it. Returns whether the download was completed; otherwise the operator has been informed.
   /// `givenUp` is called as soon as the operator gives it up, before any further wait.
-  bool Download(const std::string& number, const std::string& path, const std::string& commandLine,
-                const std::function<void()>& givenUp);
+  [[nodiscard]] bool Download(const std::string& number, const std::string& path,
+                              const std::string& commandLine, const std::function<void()>& givenUp);
 
  private:
-  bool SendRows(const std::string& number, const std::vector<std::string>& rows,
-                const std::string& commandLine, const std::function<void()>& givenUp);
+  [[nodiscard]] bool SendRows(const std::string& number, const std::vector<std::string>& rows,
+                              const std::string& commandLine, const std::function<void()>& givenUp);
 
   DeviceLink& link_;
   ErrorRecovery& recovery_;
@@ -37,6 +37,6 @@ class LogoDownload {
 
 /// The rows of the bitmap `path`, top row first, each as 112 upper-case hexadecimal digits. Throws
 /// SystemError when the file cannot be read or holds less than its headers promise.
-std::vector<std::string> ReadLogoRows(const FileReader& files, const std::string& path);
+[[nodiscard]] std::vector<std::string> ReadLogoRows(const FileReader& files, const std::string& path);
 
 }  // namespace orvenza

@@ -40,11 +40,11 @@ class RegisterQueries {
   [[nodiscard]] const RegisterIdentity& Identity() const { return identity_; }
 
  private:
-  std::optional<std::string> Query(const std::string& code, Asking asking);
-  std::optional<std::string> QuietlyQuery(const std::string& code);
-  std::optional<std::string> AttendedQuery(const std::string& code);
-  bool SettleFailure(const Reply& reply);
-  bool AskRetry(const std::string& text);
+  [[nodiscard]] std::optional<std::string> Query(const std::string& code, Asking asking);
+  [[nodiscard]] std::optional<std::string> QuietlyQuery(const std::string& code);
+  [[nodiscard]] std::optional<std::string> AttendedQuery(const std::string& code);
+  [[nodiscard]] bool SettleFailure(const Reply& reply);
+  [[nodiscard]] bool AskRetry(const std::string& text);
   void ReopenLink();
   void VoidOpenReceipt();
   void LearnIdentity(const std::string& reply);

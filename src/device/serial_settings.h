@@ -17,6 +17,6 @@ struct SerialSettings {
 
 /// Parses line settings such as "19200,O,7,1", in UTF-8. Parity, data bits and stop bits are single
 /// characters at fixed distances from the first comma. Empty when there is no comma.
-std::optional<SerialSettings> SplitSerialSettings(std::string_view text);
+[[nodiscard]] std::optional<SerialSettings> SplitSerialSettings(std::string_view text);
 
 }  // namespace orvenza

@@ -32,6 +32,7 @@ class PieceReader : public ByteReader {
 };
 
 /// All bytes of a file, read in pieces. Throws SystemError.
-std::string ReadInPieces(const FileReader& files, const std::string& path, const BetweenPieces& between);
+[[nodiscard]] std::string ReadInPieces(const FileReader& files, const std::string& path,
+                                       const BetweenPieces& between);
 
 }  // namespace orvenza

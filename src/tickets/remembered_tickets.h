@@ -58,7 +58,7 @@ class RememberedTickets {
   /// Reads what earlier runs left behind and writes changes that could not be written so far, until both have
   /// succeeded. Call it on each tick before looking for a ticket. False while the file cannot be read, for at
   /// most ten ticks: then printing goes on without it, and it is not overwritten until it has been read.
-  bool Recall();
+  [[nodiscard]] bool Recall();
 
   const RememberedFiles& Get() const { return remembered_; }
 

@@ -36,7 +36,7 @@ class TicketArchive {
   void Abort(const std::string& workFile, std::string_view text);
 
   /// Whether this file has been processed although it still exists.
-  bool IsSettled(const std::string& workFile) const;
+  [[nodiscard]] bool IsSettled(const std::string& workFile) const;
 
   /// Tries again to move the settled files away, without logging. A file with a new text is a ticket of its
   /// own, and no longer settled.
@@ -45,7 +45,8 @@ class TicketArchive {
  private:
   bool HasGone(const std::string& workFile) const;
   void LogNotArchived(const std::string& workFile);
-  bool Store(const std::string& workFile, std::string_view text, const std::function<std::string()>& target);
+  [[nodiscard]] bool Store(const std::string& workFile, std::string_view text,
+                           const std::function<std::string()>& target);
   std::string NextHistoricPath() const;
   std::string AbortPath(const std::string& workFile);
   void ReportMissingDrive(const std::string& folder);

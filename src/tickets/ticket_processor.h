@@ -39,7 +39,7 @@ class TicketProcessor {
   Next Print(const std::string& workFile, std::string& text);
 
   Next SendLines(std::string_view text);
-  bool TakeLine(LineReader& reader, Line& line);
+  [[nodiscard]] bool TakeLine(LineReader& reader, Line& line);
   Next HandleLine(const Line& line);
   void SplitReceipt(const std::string& rejectedLine);
 

@@ -28,10 +28,10 @@ class TicketSplitter {
   /// whether the file was replaced. Returns false if "File Parser" is off, and, with a line in the error log,
   /// if neither name matches the mask, since such parts would never be printed. Throws SystemError and the
   /// exceptions of `between`; then the file is unchanged and no part is left.
-  bool SplitTicketFile(const std::string& path, const BetweenPieces& between = {});
+  [[nodiscard]] bool SplitTicketFile(const std::string& path, const BetweenPieces& between = {});
 
   /// Whether SplitTicketFile would replace the file; also true for an unreadable one, which may need it.
-  bool WouldSplit(const std::string& path, const BetweenPieces& between = {}) const;
+  [[nodiscard]] bool WouldSplit(const std::string& path, const BetweenPieces& between = {}) const;
 
  private:
   bool HoldsSecondTicket(const std::string& path, const BetweenPieces& between) const;

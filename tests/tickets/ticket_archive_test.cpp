@@ -27,7 +27,7 @@ class ArchiveTest : public ::testing::Test {
     settings.AbortFolder = shop.folder.Path("data\\abort\\");
     settings.ErrPath = shop.folder.Path("Err.txt");
     shop.folder.Write("data\\inproces\\ticket.txt", kText);
-    remembered.Recall();
+    EXPECT_TRUE(remembered.Recall());
   }
 
   /// Puts these files into the historic folder.
