@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "simulator/virtual_disk.h"
 #include "ui/fakes.h"
 
 namespace orvenza::test {
@@ -27,7 +28,10 @@ class FakeTickets : public WaitingTickets {
 
 class UtilitiesDialogTest : public ::testing::Test {
  protected:
-  UtilitiesDialogTest() { logPaths.ErrPath = "C:\\Orvenza\\Err.txt"; }
+  UtilitiesDialogTest() {
+    logPaths.ErrPath = "C:\\Orvenza\\Err.txt";
+    disk.MakeFolder("C:\\Orvenza");
+  }
 
   /// Opens the dialog, presses `button`, and answers the questions with `answers` (1 yes, 2 no, nothing
   /// closed).
@@ -39,10 +43,10 @@ class UtilitiesDialogTest : public ::testing::Test {
 
   FakeOperator person;
   OperatorMessages messages{person, "Orvenza"};
-  FakeFiles files;
   FakeClock clock;
+  VirtualDisk disk{clock};
   LogPaths logPaths;
-  Logs logs{files, clock, logPaths, "C:\\Orvenza"};
+  Logs logs{disk.FileSeam(), clock, logPaths, "C:\\Orvenza"};
   FakeTickets tickets;
   std::function<std::size_t()>& count = tickets.count;
   UtilitiesDialog dialog{person, messages, logs, tickets};
@@ -117,7 +121,7 @@ TEST_F(UtilitiesDialogTest, AsksTwiceWhenTheTicketsCannotBeCounted) {
   Press(2, {1, 2});
   EXPECT_EQ(person.messages.size(), 2U);
   EXPECT_TRUE(tickets.requests.empty());
-  EXPECT_EQ(files.appended, "01/02/26 10:30 - Orv_Uti - 76 - Path not found\r\n");
+  EXPECT_EQ(disk.Content(logPaths.ErrPath), "01/02/26 10:30 - Orv_Uti - 76 - Path not found\r\n");
 }
 
 TEST_F(UtilitiesDialogTest, CountsTheTicketsAfterTheFirstQuestionOnly) {
