@@ -28,7 +28,7 @@ class TestClock : public VirtualClock {
   }
 
  private:
-  /// The longest test needs a tenth of it.
+  /// A run that would go on for ever comes to its end within a minute.
   static constexpr int kMostDeliveries = 500'000;
 
   int deliveries_ = 0;
