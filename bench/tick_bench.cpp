@@ -63,20 +63,26 @@ struct PollingShop {
   PaperRoll paper;
   SimulatedRegister device{clock, paper};
   SimulatedLink control{device, clock, ParseFaultScript("bench", "speed instant\n")};
-  DeviceLink link{control, settings, logs, messages, ports, loop, clock};
+  LinkDialogs dialogs{messages, ports, logs};
+  DeviceLink link{control, settings, logs, dialogs, loop, clock};
   ClockCorrection correction{clock, settings, logs};
   CashDialogues cash{link, settings, logs, messages, loop, correction};
   ErrorRecovery recovery{texts, cash, nobody, logs, "bench"};
-  RegisterIdentity identity;
-  RegisterQueries queries{link, cash, recovery, messages, ports, settings, logs, loop, timer, identity};
+  RegisterQueries queries{link, cash, recovery, dialogs, logs, loop, timer};
   LogoDownload logo{link, recovery, files, logs, messages};
-  RecordTranslator translator{identity, settings, files, logs};
+  RecordTranslator translator{queries.Identity(), settings, files, logs};
   RememberedTickets remembered{files, logs, folder.Path()};
   TicketArchive archive{files, folders, settings, logs, messages, remembered};
   TicketSplitter splitter{files, settings, logs, archive};
-  TicketProcessor processor{files, settings, logs, loop, link, cash, recovery, logo, translator, archive};
-  TicketPolling polling{files,   folders,    settings, logs,      loop,    timer,     link,
-                        queries, correction, splitter, processor, archive, remembered};
+  LineSender sender{link, cash, recovery, logo, translator, logs};
+  TicketProcessor processor{files, settings, logs, loop, cash, sender, archive};
+  RepeatedFailures failures{logs};
+  CommandFile commandFile{files, settings, logs, loop, link};
+  TicketFolders ticketFolders{files, folders, settings, logs, loop, archive, remembered};
+  TicketQueue queue{files,         settings, logs,      failures, commandFile,
+                    ticketFolders, splitter, processor, archive};
+  ClockCheck clockCheck{settings, queries, correction};
+  TicketPolling polling{timer, failures, commandFile, ticketFolders, queue, clockCheck};
 };
 
 std::size_t ListBarely(const std::string& path) {
@@ -103,8 +109,8 @@ void BareListing(benchmark::State& state) {
 void Look(benchmark::State& state) {
   PollingShop shop(static_cast<int>(state.range(0)));
   for ([[maybe_unused]] auto iteration : state) {
-    shop.polling.RefreshNewList();
-    shop.polling.RefreshInProcessList();
+    shop.ticketFolders.RefreshNewList();
+    shop.ticketFolders.RefreshInProcessList();
     benchmark::DoNotOptimize(shop.files.Exists(shop.settings.CommandFilePath));
   }
   state.SetComplexityN(state.range(0));

@@ -1,7 +1,7 @@
 ; The setup program. ./package compiles it, with
 ;   VERSION  the program's version
 ;   STAGE    the folder of the files to install
-;   PAPERS   the list of those below docs: macros to install and to remove them
+;   MANUALS   the list of those below docs: macros to install and to remove them
 ;   OUTPUT   the setup program to write
 
 Unicode true
@@ -9,7 +9,7 @@ ManifestDPIAware true
 ManifestSupportedOS all
 ManifestLongPathAware true
 SetCompressor /SOLID lzma
-; A file that cannot be replaced fails the setup: new and old programs do not go together.
+; If a file cannot be replaced, setup fails: new and old programs must not be mixed.
 AllowSkipFiles off
 
 !include MUI2.nsh
@@ -17,29 +17,29 @@ AllowSkipFiles off
 !include LogicLib.nsh
 !include Sections.nsh
 !include texts.nsh
-!include "${PAPERS}"
+!include "${MANUALS}"
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Orvenza"
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
 !define SHORTCUT "$SMPROGRAMS\Orvenza.lnk"
 
-; Beside 0, and NSIS's own 1 (cancelled) and 2 (failed).
+; Exit codes besides 0, and NSIS's own 1 (cancelled) and 2 (failed).
 !define EXIT_RUNNING 3
 !define EXIT_NOT_WRITABLE 4
 !define EXIT_FILE_HELD 5
 
-; How long a running program is waited for, in seconds, unless /WAIT= says otherwise. It may be in the middle of
-; a receipt, and ends only after it. With a person before the screen, setup soon asks again.
+; Default timeout for a running program in seconds; /WAIT= overrides it. The program may be in the middle of a
+; receipt, and ends only after it. In interactive mode setup soon asks again.
 !define SILENT_WAIT 60
 !define SHORT_WAIT 10
 
-; A right of OpenProcess.
+; An access right of OpenProcess.
 !define PROCESS_QUERY_LIMITED_INFORMATION 0x1000
 
 Name "Orvenza"
 OutFile "${OUTPUT}"
 RequestExecutionLevel user
-; The program keeps settings and logs beside itself: the folder must be its user's own.
+; The program keeps settings and logs in its folder, which must therefore be the user's own.
 InstallDir "$LOCALAPPDATA\Programs\Orvenza"
 InstallDirRegKey HKCU "${UNINSTALL_KEY}" "InstallLocation"
 BrandingText "Orvenza ${VERSION}"
@@ -67,14 +67,14 @@ Var Wait
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_UNPAGE_COMPONENTS
 !insertmacro MUI_UNPAGE_INSTFILES
-; The first is the language where the system's is neither.
+; The first language is the default when the system's is neither.
 !insertmacro MUI_LANGUAGE "Italian"
 !insertmacro MUI_LANGUAGE "English"
 !insertmacro SetupTexts
 !insertmacro VersionTexts ${LANG_ITALIAN} "Installazione di Orvenza"
 !insertmacro VersionTexts ${LANG_ENGLISH} "Orvenza setup"
 
-; What the installer and the uninstaller share; `un` begins the names of the latter's functions.
+; Shared by the installer and the uninstaller, whose functions have names beginning with `un`.
 !macro SharedFunctions un
 
 ; Reads /LANG= and /WAIT=.
@@ -99,7 +99,7 @@ Function ${un}ReadCommonOptions
   ${EndIf}
 FunctionEnd
 
-; Pushes 1 while the program of this folder runs: a running program's file cannot be opened for writing.
+; Pushes 1 if the program in this folder is running: its file cannot be opened for writing then.
 Function ${un}IsRunning
   Push $0
   StrCpy $0 0
@@ -117,7 +117,7 @@ Function ${un}IsRunning
   Exch $0
 FunctionEnd
 
-; Asks the program to end, by its command file, and waits until it has. Pushes 1 when it still runs.
+; Asks the program to end through its command file, and waits for the end. Pushes 1 if it is still running.
 Function ${un}QuitAndWait
   Push $0
   Push $1
@@ -136,7 +136,7 @@ Function ${un}QuitAndWait
     Sleep 250
     IntOp $1 $1 - 1
   ${Loop}
-  ; Left behind, it would end the next start at once.
+  ; If left there, it would end the next start at once.
   Delete "$INSTDIR\command.txt"
   StrCpy $0 $2
   Pop $2
@@ -144,8 +144,8 @@ Function ${un}QuitAndWait
   Exch $0
 FunctionEnd
 
-; Closes the hidden main form of each program that runs from this folder. It then ends as it does with the session,
-; whatever it waits for.
+; Closes the hidden main form of each program running from this folder. The program then ends like at the end of the
+; Windows session, whatever it is waiting for.
 Function ${un}CloseProgram
   Push $0
   Push $1
@@ -176,14 +176,14 @@ Function ${un}CloseProgram
   Pop $0
 FunctionEnd
 
-; Ends the setup program and leaves the connector running.
+; Ends the setup program; the connector keeps running.
 Function ${un}LeaveRunning
   SetErrorLevel ${EXIT_RUNNING}
   Quit
 FunctionEnd
 
-; Returns when the program does not run, or else ends the setup program. A program in which a dialog waits for an
-; answer does not hear its command file: its main form is closed then, if the person before the screen wants that.
+; Returns if the program is not running, otherwise ends the setup program. A program with an open dialog does not
+; read its command file: its main form is closed then, if the user agrees.
 Function ${un}EndProgram
   Call ${un}IsRunning
   Pop $0
@@ -208,7 +208,7 @@ Function ${un}EndProgram
   ${Loop}
 FunctionEnd
 
-; Takes the start with Windows back, unless it is another folder's.
+; Removes the start with Windows, unless it belongs to another folder.
 Function ${un}RemoveAutostart
   Push $0
   ReadRegStr $0 HKCU "${RUN_KEY}" "Orvenza"
@@ -235,16 +235,16 @@ Section "-Program" SectionProgram
   Call EndProgram
 
   SetOutPath "$INSTDIR"
-  File "${STAGE}\orvenza-lab.exe"  ; the only one that may be held: before anything is replaced
+  File "${STAGE}\orvenza-lab.exe"  ; the only file that may be in use, so it comes before anything is replaced
   File "${STAGE}\Orvenza.exe"
-  SetOverwrite off  ; a shop may have put a sound of its own there
+  SetOverwrite off  ; the shop may have its own sound
   File "${STAGE}\ding.wav"
-  SetOverwrite try  ; a paper that somebody is reading stays as it was
+  SetOverwrite try  ; a manual that is open in a reader stays unchanged
   File "${STAGE}\LICENSE.txt"
-  !insertmacro RemovePapers  ; an earlier version may have had others
-  !insertmacro InstallPapers
+  !insertmacro RemoveManuals  ; an earlier version may have had others
+  !insertmacro InstallManuals
   SetOverwrite on
-  SetOutPath "$INSTDIR"  ; where the entry in the Start menu starts the program
+  SetOutPath "$INSTDIR"  ; the working folder of the entry in the Start menu
   ClearErrors
   WriteUninstaller "$INSTDIR\uninstall.exe"
   ${If} ${Errors}
@@ -287,7 +287,7 @@ Section "$(TEXT_RUN)" SectionRun
   Exec '"$INSTDIR\Orvenza.exe"'
 SectionEnd
 
-; Switches a section on or off where the option says so; any value but 0 is on.
+; Selects or deselects a section if the option is given; any value but 0 selects it.
 !macro SectionOption option section
   ${GetOptions} $0 "${option}" $1
   ${IfNot} ${Errors}
@@ -301,7 +301,7 @@ SectionEnd
 
 Function .onInit
   Call ReadCommonOptions
-  ; What an earlier installation has chosen holds, unless the command line says otherwise.
+  ; The choices of an earlier installation apply, unless the command line overrides them.
   ReadRegStr $1 HKCU "${RUN_KEY}" "Orvenza"
   ${If} $1 == '"$INSTDIR\Orvenza.exe"'
     !insertmacro SelectSection ${SectionAutostart}
@@ -325,7 +325,7 @@ Function .onInstFailed
   SetErrorLevel ${EXIT_FILE_HELD}
 FunctionEnd
 
-; Sets $0 to 0 when the folder, which exists, lies below this one: only an administrator could write there later.
+; Sets $0 to 0 if the existing folder is below this one, where only an administrator could write later.
 !macro RefuseBelow folder
   Push $1
   Push $2
@@ -342,7 +342,7 @@ FunctionEnd
   Pop $1
 !macroend
 
-; Pushes 1 when the folder can be made, and written to by a user without special rights too.
+; Pushes 1 if the folder can be created, and is writable for a user without special rights, too.
 Function IsWritable
   Push $0
   SetDetailsPrint none
@@ -358,7 +358,7 @@ Function IsWritable
   ${EndIf}
   !insertmacro RefuseBelow "$PROGRAMFILES32"
   !insertmacro RefuseBelow "$PROGRAMFILES64"
-  RMDir "$INSTDIR"  ; only where it is empty
+  RMDir "$INSTDIR"  ; only if it is empty
   SetDetailsPrint lastused
   Exch $0
 FunctionEnd
@@ -380,7 +380,7 @@ FunctionEnd
 
 ; ---- Removing ----
 
-; Pushes 1 when the sound in the folder is the one that setup puts there, byte by byte, and not the shop's own.
+; Pushes 1 if the sound in the folder is byte for byte the one that setup installs, and not the shop's own.
 Function un.IsOwnSound
   Push $0
   Push $1
@@ -422,7 +422,7 @@ Section "un.$(TEXT_PROGRAM)" SectionRemoveProgram
   ${If} $0 = 1
     Delete "$INSTDIR\ding.wav"
   ${EndIf}
-  !insertmacro RemovePapers
+  !insertmacro RemoveManuals
   Delete "$INSTDIR\uninstall.exe"
   Call un.RemoveAutostart
   ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
@@ -456,7 +456,7 @@ SectionEnd
 
 Section "-un.Folder"
   SetOutPath "$TEMP"  ; a folder in use cannot be removed
-  RMDir "$INSTDIR"  ; only where it is empty
+  RMDir "$INSTDIR"  ; only if it is empty
 SectionEnd
 
 Function un.onInit

@@ -1,4 +1,4 @@
-; The setup program's own texts. The Italian ones say "tu", as NSIS's own pages do.
+; The setup program's own texts. The Italian ones say "tu", like NSIS's own pages.
 
 !macro SetupText name italian english
   LangString ${name} ${LANG_ITALIAN} "${italian}"

@@ -5,7 +5,7 @@ set -euo pipefail
 cd "${1:-$(dirname "$0")/..}"
 
 find . -name '*.md' ! -path './build/*' ! -path './dist/*' -print0 | LC_ALL=C sort -z | xargs -0 -r perl -CSDA -e '
-  # Calls the function with each line outside code blocks, and with the number of the line.
+  # Calls the function with each line outside code blocks and its number.
   sub lines {
     my ($file, $see) = @_;
     open(my $in, "<", $file) or die "$file: $!\n";
@@ -16,7 +16,7 @@ find . -name '*.md' ! -path './build/*' ! -path './dist/*' -print0 | LC_ALL=C so
     }
   }
 
-  # The anchors of a file, one for each heading, made as GitHub makes them.
+  # The anchors of a file, one per heading, generated like on GitHub.
   my %known;
   sub anchors {
     my ($file) = @_;

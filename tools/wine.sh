@@ -8,25 +8,25 @@ Usage: tools/wine.sh PROGRAM.exe [ARGUMENT...]
        tools/wine.sh --in-root COMMAND [ARGUMENT...]
        tools/wine.sh --check | --setup | --help
 
-Runs a Windows program under a 32-bit Wine, waits for it and exits as it did. Wine lies in a small Debian system of
-its own, because few systems have a 32-bit Wine; where it is missing it is made, which downloads about 300 MB. Each
-run has its own screen (1024x768, with a taskbar) and leaves neither a process nor a mount behind; runs wait for
-each other.
+Runs a Windows program under a 32-bit Wine, waits for it and exits with its exit code. Few systems have a 32-bit Wine,
+so the script uses a small Debian system of its own and creates it on first use, which downloads about 300 MB. Each run
+has its own screen (1024x768, with a taskbar) and leaves neither a process nor a mount behind. Runs wait for each
+other.
 
-  --in-root  runs a command of that system instead of a program, with DISPLAY and WINEPREFIX set, so that it can
-             start programs by "wine", press keys by "xdotool" and take pictures by "import"
-  --check    exits 0 when programs can be run (after --setup, if need be), else says what is missing
-  --setup    makes that system and Wine's own files, and runs nothing
+  --in-root  runs a command in that system instead of a Windows program, with DISPLAY and WINEPREFIX set; the command
+             can use "wine", "xdotool" for keys and "import" for screenshots
+  --check    exits with 0 if programs can be run (after --setup if necessary); otherwise says what is missing
+  --setup    creates that system and the Wine prefix, and runs nothing
 
-Needs root, debootstrap and unshare. The project, the program's folder and the current folder are seen under their
-own names.
+Needs root, debootstrap and unshare. The project, the program's folder and the current folder have the same paths
+inside.
 
-  ORVENZA_WINE_DEBIAN  the Debian whose Wine is used: trixie (13, Wine 10; the default) or bookworm (12, Wine 8);
-                       each has a system of its own
-  ORVENZA_WINE_ROOT    folder of that system (default: /opt/orvenza-wine-N, N being a number that changes with
-                       what is put into it, so that none that was made otherwise is used)
-  ORVENZA_WINE_PREFIX  folder of Wine's own files within it (default: /var/lib/orvenza-wine)
-  ORVENZA_TEST_...     handed on to the program
+  ORVENZA_WINE_DEBIAN  the Debian release whose Wine is used: trixie (13, Wine 10; the default) or bookworm (12,
+                       Wine 8), each in a separate system
+  ORVENZA_WINE_ROOT    folder of that system (default: /opt/orvenza-wine-N; N changes with the way it is built, so an
+                       outdated system is never used)
+  ORVENZA_WINE_PREFIX  the Wine prefix inside (default: /var/lib/orvenza-wine)
+  ORVENZA_TEST_...     passed on to the program
 TEXT
 }
 

@@ -30,23 +30,23 @@ std::string Usage(const std::string& menu) {
          "Prints the ticket files of a point-of-sale program on a fiscal cash register.\n"
          "\n"
          "  --folder DIR         program folder: settings, logs, default ticket folders\n"
-         "                       (default: where the executable lies)\n"
+         "                       (default: the folder of the executable)\n"
          "  --simulate [SCRIPT]  use a simulated register, with the faults of SCRIPT if given;\n"
          "                       what it prints is shown here\n"
-         "  --version            show the version and end\n"
-         "  --help               show this page and end\n"
+         "  --version            show the version and exit\n"
+         "  --help               show this page and exit\n"
          "\n" +
          menu +
          "\n"
-         "It ends through the menu, or when the host writes QUIT into command.txt in the program\n"
-         "folder.\n"
+         "To end the program use the menu, or let the host write QUIT into command.txt in the\n"
+         "program folder.\n"
          "\n"
-         "Exit status:\n"
-         "  0  ended as asked for: by the operator, the host, the system\n"
-         "  2  the command line, the folder or the script cannot be used, or a failure\n"
+         "Exit codes:\n"
+         "  0  ended as requested by the operator, the host or the system\n"
+         "  2  the command line, the folder or the script cannot be used, or another failure\n"
          "  3  another Orvenza serves the folder\n"
-         "  4  the settings cannot be read, or are of a version that is not known\n"
-         "  5  a folder that the settings name cannot be made\n";
+         "  4  the settings cannot be read, or have an unknown version\n"
+         "  5  a folder named in the settings cannot be created\n";
 }
 
 }  // namespace orvenza

@@ -17,7 +17,7 @@ struct CommandLine {
 };
 
 /// Parses the arguments, without the program name.
-CommandLine ParseCommandLine(const std::vector<std::string>& words);
+[[nodiscard]] CommandLine ParseCommandLine(const std::vector<std::string>& words);
 
 /// The help page. `menu` explains how to open this program's menu.
 std::string Usage(const std::string& menu);

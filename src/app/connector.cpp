@@ -5,11 +5,11 @@
 #include "core/own_texts.h"
 #include "core/text.h"
 #include "core/version.h"
-#include "device/end_confirmation.h"
 #include "platform/system_error.h"
 #include "tickets/historic_rotation.h"
+#include "ui/end_confirmation.h"
 #include "ui/open_mark.h"
-#include "ui/wrong_path.h"
+#include "ui/path_reports.h"
 
 namespace orvenza {
 namespace {
@@ -39,20 +39,28 @@ Connector::Connector(const Surroundings& around, const ProgramPaths& paths)
       messages_(person_, paths.ExecutableName),
       orvConf_(person_, settings_, around.profile, paths),
       errorTexts_(around.profile, paths.ErrDesc()),
-      link_(around.control, settings_, logs_, messages_, orvConf_, loop_, clock_),
+      linkDialogs_(messages_, orvConf_, logs_),
+      link_(around.control, settings_, logs_, linkDialogs_, loop_, clock_),
       clockCorrection_(clock_, settings_, logs_),
       cash_(link_, settings_, logs_, messages_, loop_, clockCorrection_),
       recovery_(errorTexts_, cash_, person_, logs_, paths.ExecutableName),
-      queries_(link_, cash_, recovery_, messages_, orvConf_, settings_, logs_, loop_, timer1_, identity_),
+      queries_(link_, cash_, recovery_, linkDialogs_, logs_, loop_, timer1_),
       logo_(link_, recovery_, files_, logs_, messages_),
-      translator_(identity_, settings_, files_, logs_),
+      translator_(queries_.Identity(), settings_, files_, logs_),
       remembered_(files_, logs_, paths_.AppPath),
       archive_(files_, folders_, settings_, logs_, messages_, remembered_),
       splitter_(files_, settings_, logs_, archive_),
-      processor_(files_, settings_, logs_, loop_, link_, cash_, recovery_, logo_, translator_, archive_),
-      polling_(files_, folders_, settings_, logs_, loop_, timer1_, link_, queries_, clockCorrection_,
-               splitter_, processor_, archive_, remembered_),
-      orvUti_(person_, messages_, files_, logs_, settings_, polling_) {}
+      sender_(link_, cash_, recovery_, logo_, translator_, logs_),
+      processor_(files_, settings_, logs_, loop_, cash_, sender_, archive_),
+      tickFailures_(logs_),
+      commandFile_(files_, settings_, logs_, loop_, link_),
+      ticketFolders_(files_, folders_, settings_, logs_, loop_, archive_, remembered_),
+      queue_(files_, settings_, logs_, tickFailures_, commandFile_, ticketFolders_, splitter_, processor_,
+             archive_),
+      clockCheck_(settings_, queries_, clockCorrection_),
+      polling_(timer1_, tickFailures_, commandFile_, ticketFolders_, queue_, clockCheck_),
+      closureRequests_(files_, folders_, settings_, logs_, remembered_),
+      orvUti_(person_, messages_, logs_, closureRequests_) {}
 
 int Connector::Run(bool anotherInstanceRuns) {
   try {
@@ -91,9 +99,7 @@ void Connector::RefuseStart(int status, const std::function<void()>& tell, const
 }
 
 void Connector::PrepareSettings() {
-  bool isThere = false;
-  ReadSettings([&] { isThere = files_.Exists(paths_.Ini()); });
-  if (!isThere) {
+  if (!ReadSettings([&] { return files_.Exists(paths_.Ini()); })) {
     settings_.IniCreated = true;
     logs_.Attempt(kMainLabel, [&] { settingsFile_.WriteDefaultIni(); });
     logs_.WrLog(LoadMessage(MessageId::kDefaultIni));
@@ -102,16 +108,17 @@ void Connector::PrepareSettings() {
   const auto stepDone = [&] {
     messages_.ShowOperatorMessage(LoadMessage(MessageId::kIniUpgraded), {MessageIcon::kInformation}, {});
   };
-  bool isKnown = false;
-  ReadSettings([&] { isKnown = settingsFile_.UpgradeIni(settings_, stepDone); });
-  if (!isKnown) {
+  if (!ReadSettings([&] { return settingsFile_.UpgradeIni(settings_, stepDone); })) {
     RefuseStart(exit_status::kSettings, [&] {
       messages_.ShowOperatorMessage(LoadMessage(MessageId::kWrongIniVersion) + std::string(kLineBreak) +
                                         LoadMessage(MessageId::kProgramEnded),
                                     {MessageIcon::kStop}, {});
     });
   }
-  ReadSettings([&] { settingsFile_.ReadIni(settings_); });
+  ReadSettings([&] {
+    settingsFile_.ReadIni(settings_);
+    return true;
+  });
   logs_.Attempt(kMainLabel, [&] {
     if (!files_.Exists(paths_.ErrDesc())) settingsFile_.WriteDefaultErrDesc();
   });
@@ -119,7 +126,7 @@ void Connector::PrepareSettings() {
 
 /// With defaults in place of unreadable settings, receipts would be printed wrong and printed tickets thrown
 /// away. So reading is retried for a few seconds, and then the start is refused.
-void Connector::ReadSettings(const std::function<void()>& read) {
+bool Connector::ReadSettings(const std::function<bool()>& read) {
   for (int retry = 0; retry < kSettingsRetries; ++retry) {
     try {
       return read();
@@ -127,7 +134,7 @@ void Connector::ReadSettings(const std::function<void()>& read) {
       loop_.Pause(kSettingsPause);
     }
   }
-  if (logs_.Attempt(kMainLabel, read)) return;
+  if (const auto answer = logs_.Attempt(kMainLabel, read)) return *answer;
   RefuseStart(exit_status::kSettings, [&] { ReportUnreadableSettings(messages_, logs_, paths_.Ini()); });
 }
 
@@ -189,13 +196,8 @@ void Connector::MakeWorkFolder(const std::string& folder) {
 }
 
 void Connector::IdentifyRegister() {
-  std::string answer;
-  while (answer.empty()) {
-    loop_.CheckEnd();
-    answer = queries_.StatusQuery({});
-  }
-  if (answer != "-") answer = queries_.IdentityQuery({});
-  if (answer == "-") throw ProgramEnd{.unload = true};
+  if (!queries_.StatusQuery(Asking::kAttended) || !queries_.IdentityQuery(Asking::kAttended))
+    throw ProgramEnd{.unload = true};
 }
 
 void Connector::RunMainLoop() {

@@ -7,21 +7,28 @@
 #include "core/event_loop.h"
 #include "core/logs.h"
 #include "core/poll_timer.h"
+#include "core/repeated_failures.h"
 #include "core/settings.h"
 #include "device/cash_dialogues.h"
 #include "device/clock_correction.h"
 #include "device/device_link.h"
 #include "device/error_recovery.h"
 #include "device/error_texts.h"
+#include "device/link_dialogs.h"
 #include "device/logo_download.h"
-#include "device/register_identity.h"
 #include "device/register_queries.h"
 #include "platform/files.h"
 #include "platform/folders.h"
+#include "tickets/clock_check.h"
+#include "tickets/closure_requests.h"
+#include "tickets/command_file.h"
+#include "tickets/line_sender.h"
 #include "tickets/remembered_tickets.h"
 #include "tickets/ticket_archive.h"
+#include "tickets/ticket_folders.h"
 #include "tickets/ticket_polling.h"
 #include "tickets/ticket_processor.h"
+#include "tickets/ticket_queue.h"
 #include "tickets/ticket_splitter.h"
 #include "tickets/translation.h"
 #include "ui/menu.h"
@@ -67,7 +74,7 @@ class Connector {
   [[noreturn]] void RefuseStart(int status, const std::function<void()>& tell,
                                 const std::function<void()>& log = {});
   void PrepareSettings();
-  void ReadSettings(const std::function<void()>& read);
+  bool ReadSettings(const std::function<bool()>& read);
   void RemoveUnfinished();
   void LoadMainForm();
   void RotateHistoric();
@@ -98,11 +105,11 @@ class Connector {
   PortDialog orvConf_;
 
   ErrorTexts errorTexts_;
+  LinkDialogs linkDialogs_;
   DeviceLink link_;
   ClockCorrection clockCorrection_;
   CashDialogues cash_;
   ErrorRecovery recovery_;
-  RegisterIdentity identity_;
   RegisterQueries queries_;
   LogoDownload logo_;
 
@@ -110,8 +117,15 @@ class Connector {
   RememberedTickets remembered_;
   TicketArchive archive_;
   TicketSplitter splitter_;
+  LineSender sender_;
   TicketProcessor processor_;
+  RepeatedFailures tickFailures_;
+  CommandFile commandFile_;
+  TicketFolders ticketFolders_;
+  TicketQueue queue_;
+  ClockCheck clockCheck_;
   TicketPolling polling_;
+  ClosureRequests closureRequests_;
   UtilitiesDialog orvUti_;
 
   std::function<void()> tickObserver_;

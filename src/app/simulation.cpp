@@ -33,7 +33,7 @@ Simulation::Simulation(Files& files, const Clock& clock, Scheduler& scheduler, c
   });
 }
 
-FaultScript ReadFaultScript(const Files& files, const std::string& path) {
+FaultScript ReadFaultScript(const FileReader& files, const std::string& path) {
   std::string text;
   try {
     text = ReadWhole(files, path);

@@ -31,6 +31,6 @@ class Simulation {
 };
 
 /// Reads the script file `path`. Throws ScriptError, even if the file cannot be read.
-FaultScript ReadFaultScript(const Files& files, const std::string& path);
+FaultScript ReadFaultScript(const FileReader& files, const std::string& path);
 
 }  // namespace orvenza

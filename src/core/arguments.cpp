@@ -6,7 +6,7 @@
 namespace orvenza {
 namespace {
 
-/// Letters to add, drop or exchange until one word is the other.
+/// Edit distance: letters to insert, delete or replace until the words are equal.
 std::size_t Distance(std::string_view from, std::string_view to) {
   std::vector<std::size_t> row(to.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
@@ -29,7 +29,7 @@ std::vector<std::string> NamesOf(const std::vector<Option>& options) {
   return names;
 }
 
-/// Takes the option at words[i], with its value; returns what is wrong with it.
+/// Reads the option at words[i] with its value; returns the error, if any.
 std::string TakeOption(const std::vector<std::string>& words, std::size_t& i,
                        const std::vector<Option>& options, Arguments& arguments) {
   const std::string& word = words[i];
@@ -79,7 +79,7 @@ Arguments ReadArguments(const std::vector<std::string>& words, const std::vector
 
 std::string ClosestTo(std::string_view word, const std::vector<std::string>& known) {
   std::string closest;
-  // More than a third of its letters wrong is another word.
+  // With more than a third of the letters wrong it is a different word.
   std::size_t least = word.size() / 3 + 1;
   for (const std::string& candidate : known) {
     const std::size_t distance = Distance(word, candidate);

@@ -11,30 +11,32 @@ namespace orvenza {
 /// An option of a program or a command.
 struct Option {
   std::string name;  ///< With its dashes: "--json".
-  /// The word that stands for its value on the help page, in brackets where it may be left out: "[SCRIPT]".
-  /// Empty: it takes none.
+  /// Placeholder of its value on the help page, in brackets if the value is optional: "[SCRIPT]". Empty: no
+  /// value.
   std::string value;
-  std::string help;  ///< What it does, in a line or two.
+  std::string help;  ///< Its effect, in a line or two.
 };
 
-/// The words of a command line, read by the options of its command.
+/// A parsed command line.
 struct Arguments {
-  std::vector<std::string> words;  ///< Those that are neither options nor values of one, in order.
-  std::map<std::string, std::string> options;  ///< Values by option name; of one given twice the last.
-  std::string error;                           ///< What is wrong with the words; empty: nothing.
+  std::vector<std::string> words;  ///< Arguments other than options and their values, in order.
+  std::map<std::string, std::string>
+      options;        ///< Values by option name; if an option is given twice, the last one counts.
+  std::string error;  ///< Why the command line is invalid; empty if it is valid.
 
   bool Has(const std::string& name) const { return options.count(name) > 0; }
-  /// Nothing where the option was not given, empty where its value was left out.
+  /// Empty optional: the option was not given. Empty text: its value was left out.
   std::optional<std::string> Value(const std::string& name) const;
 };
 
 /// Reads "--name VALUE" and "--name=VALUE". A lone "-" is a word like others, and after "--" all are.
-Arguments ReadArguments(const std::vector<std::string>& words, const std::vector<Option>& options);
+[[nodiscard]] Arguments ReadArguments(const std::vector<std::string>& words,
+                                      const std::vector<Option>& options);
 
-/// The one of `known` that `word` was probably meant to be; "" when none is close.
+/// The word in `known` that `word` was probably meant to be; "" when none is similar.
 std::string ClosestTo(std::string_view word, const std::vector<std::string>& known);
 
-/// "; did you mean 'WORD'?" for the one of `known` that is close to `word`, "" when none is.
+/// "; did you mean 'WORD'?" for the word in `known` that is similar to `word`; "" when none is.
 std::string Hint(std::string_view word, const std::vector<std::string>& known);
 
 }  // namespace orvenza

@@ -11,7 +11,7 @@ struct Message {
   const char* text;
 };
 
-/// Ascending by number. The texts stand exactly as operators know them, spelling included.
+/// Ascending by number. The texts are exactly those that operators know, spelling included.
 constexpr Message kMessageCatalogue[] = {
     {MessageId::kDefaultIni, "Default INI !"},
     {MessageId::kProgramStart, "Start"},

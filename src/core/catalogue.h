@@ -4,7 +4,7 @@
 
 namespace orvenza {
 
-/// The messages by what they say. The numbers are those by which shops replace texts in `ErrDesc.ini`.
+/// The messages by content. The numbers are those by which shops replace texts in `ErrDesc.ini`.
 enum class MessageId : int {
   kDefaultIni = 101,
   kProgramStart = 102,
@@ -94,12 +94,12 @@ enum class MessageId : int {
   kDeviceData = 199,
 };
 
-/// The message of the register's error `code`, 1 to 31.
+/// The message for the register's error `code`, 1 to 31.
 constexpr MessageId EcrErrorMessage(int code) { return MessageId{500 + code}; }
 
 constexpr int NumberOf(MessageId id) { return static_cast<int>(id); }
 
 /// The connector's own text of message `id`, in UTF-8. Empty for a number that has none. Never fails.
-std::string LoadMessage(MessageId id);
+[[nodiscard]] std::string LoadMessage(MessageId id);
 
 }  // namespace orvenza

@@ -9,6 +9,6 @@ namespace orvenza {
 
 /// Makes the folder `path` level by level, with or without a "\" at its end. Returns whether the whole path
 /// exists afterwards; a failure is written to the error log.
-bool CreateAllDirs(Folders& folders, Logs& logs, const std::string& path);
+[[nodiscard]] bool CreateAllDirs(Folders& folders, Logs& logs, const std::string& path);
 
 }  // namespace orvenza

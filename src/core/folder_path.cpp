@@ -9,7 +9,7 @@
 namespace orvenza {
 namespace {
 
-/// The levels of a path that ".." does not lead out of: the server and its share, or the drive.
+/// Levels that ".." cannot leave: the server and its share, or the drive.
 std::size_t LevelsOfRoot(const std::string& path) {
   if (path.starts_with("\\\\") && !path.starts_with("\\\\\\")) return 2;
   return path.size() > 1 && path[1] == ':' ? 1 : 0;
@@ -21,10 +21,10 @@ std::string NormalisedFolder(const std::string& folder) {
   const std::string path = ToUpperAscii(SettingsPath(folder));
   const std::size_t rootLevels = LevelsOfRoot(path);
   const bool relative = rootLevels == 0 && !path.starts_with('\\');
-  std::vector<std::string> levels;
+  std::vector<std::string_view> levels;
   for (std::size_t at = 0; at < path.size();) {
     const std::size_t end = std::min(path.find('\\', at), path.size());
-    const std::string level = path.substr(at, end - at);
+    const std::string_view level = std::string_view(path).substr(at, end - at);
     at = end + 1;
     if (level.empty() || level == ".") continue;
     const bool up = level == "..";
@@ -35,7 +35,7 @@ std::string NormalisedFolder(const std::string& folder) {
     }
   }
   std::string text = rootLevels == 2 ? "\\\\" : rootLevels == 1 ? "" : relative ? ".\\" : "\\";
-  for (const std::string& level : levels) text += level + "\\";
+  for (const std::string_view level : levels) text.append(level) += '\\';
   return text;
 }
 

@@ -14,25 +14,25 @@ std::string FailureLine(std::string_view label, int number, std::string_view des
 
 }  // namespace
 
-Logs::Logs(Files& files, Clock& clock, AppSettings& settings, const std::string& programFolder)
+Logs::Logs(Files& files, Clock& clock, LogPaths& paths, const std::string& programFolder)
     : files_(files),
       clock_(clock),
-      settings_(settings),
+      paths_(paths),
       logFallback_(programFolder + "\\" + kLogFallback),
       errFallback_(programFolder + "\\" + kErrFallback) {}
 
-void Logs::WrLog(std::string& message) { Write(settings_.LogPath, message, "WrLog", logFallback_); }
+void Logs::WrLog(std::string& message) { Write(paths_.LogPath, message, "WrLog", logFallback_); }
 
 void Logs::WrErr(std::string& message) {
-  if (settings_.ErrPath.empty()) settings_.ErrPath = errFallback_;
-  Write(settings_.ErrPath, message, "WrErr", errFallback_);
+  if (paths_.ErrPath.empty()) paths_.ErrPath = errFallback_;
+  Write(paths_.ErrPath, message, "WrErr", errFallback_);
 }
 
 void Logs::WrFailure(std::string_view label, int number, std::string_view description) {
   WrErr(FailureLine(label, number, description));
 }
 
-std::optional<std::string> Logs::Try(std::string_view label, const std::function<void()>& step) {
+std::optional<std::string> Logs::FailureOf(std::string_view label, const std::function<void()>& step) {
   try {
     step();
     return std::nullopt;
@@ -46,17 +46,17 @@ std::optional<std::string> Logs::Try(std::string_view label, const std::function
 }
 
 bool Logs::Attempt(std::string_view label, const std::function<void()>& step) {
-  auto failure = Try(label, step);
+  auto failure = FailureOf(label, step);
   if (failure) WrErr(*failure);
   return !failure;
 }
 
 std::vector<std::string> Logs::Paths() const {
-  std::vector<std::string> paths;
-  for (const std::string& path : {settings_.LogPath, settings_.ErrPath, logFallback_, errFallback_}) {
-    if (!path.empty()) paths.insert(paths.end(), {path, BakOf(path)});
+  std::vector<std::string> all;
+  for (const std::string& path : {paths_.LogPath, paths_.ErrPath, logFallback_, errFallback_}) {
+    if (!path.empty()) all.insert(all.end(), {path, BakOf(path)});
   }
-  return paths;
+  return all;
 }
 
 void Logs::Write(const std::string& path, std::string& message, std::string_view routine,
@@ -73,10 +73,10 @@ void Logs::Write(const std::string& path, std::string& message, std::string_view
     try {
       files_.Append(fallback, line);
     } catch (const SystemError&) {
-      // Nowhere left to write: the caller must not suffer for it.
+      // There is no other place to write to, and the caller must not fail because of that.
     }
   } catch (const std::exception&) {
-    // No memory for a line: no caller could do better.
+    // Out of memory, which no caller could handle better.
   }
 }
 

@@ -1,34 +1,41 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
-#include "core/settings.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 
 namespace orvenza {
 
+/// Where the logs lie: a part of the settings.
+struct LogPaths {
+  std::string LogPath;  ///< Empty until the settings are read.
+  std::string ErrPath;  ///< Empty until the settings are read or the first error is written.
+};
+
 /// The two logs of the program folder: `Log.txt` (activity) and `Err.txt` (errors). Every line is on its
-/// way to the disk when a call returns; no call ever fails. Their paths are `LogPath` and `ErrPath` of the
-/// settings; before those are read, lines go to the fallback files.
+/// way to the disk when a call returns; no call ever fails. As long as they have no paths, lines go to the
+/// fallback files.
 class Logs {
  public:
-  /// Length in bytes above which a log is moved to its "Bak" copy before the next line.
+  /// Size in bytes above which a log is moved to its "Bak" copy before the next line.
   static constexpr std::uintmax_t kRotationSize = 250000;
 
-  /// Files of the program folder for lines that the logs do not take.
+  /// Files in the program folder for lines that cannot be written to the logs.
   static constexpr const char* kLogFallback = "log.txt";
   static constexpr const char* kErrFallback = "error.txt";
 
-  /// The "Bak" copy of the log `path`, whatever the extension.
+  /// The "Bak" copy of the log `path`, whatever its extension.
   static std::string BakOf(const std::string& path) { return path.substr(0, path.size() - 3) + "Bak"; }
 
   /// `programFolder` without a trailing "\".
-  Logs(Files& files, Clock& clock, AppSettings& settings, const std::string& programFolder);
+  Logs(Files& files, Clock& clock, LogPaths& paths, const std::string& programFolder);
 
   /// Appends one line to the activity log. On return `message` holds the stamped line.
   void WrLog(std::string& message);
@@ -38,22 +45,31 @@ class Logs {
   void WrErr(std::string& message);
   void WrErr(std::string&& message) { WrErr(message); }
 
-  /// Writes `label`, `number`, " - " and `description` to the error log: the form of every trapped failure.
+  /// Writes `label`, `number`, " - " and `description` to the error log, the format of every trapped failure.
   void WrFailure(std::string_view label, int number, std::string_view description);
 
-  /// Runs one step of a procedure inside its error trap. Returns nothing when the step ran to its end, or
-  /// else the line of its failure, which has not been written. ProgramEnd passes.
-  static std::optional<std::string> Try(std::string_view label, const std::function<void()>& step);
+  /// Runs one step of a procedure inside its error trap. Returns the line of its failure, which has not been
+  /// written; nothing when the step ran to its end. ProgramEnd passes.
+  [[nodiscard]] static std::optional<std::string> FailureOf(std::string_view label,
+                                                            const std::function<void()>& step);
 
-  /// Runs one step of a procedure inside its error trap. A failure is written to the error log under `label`,
-  /// and the caller goes on with its next step. Returns whether the step ran to its end. ProgramEnd passes.
+  /// Runs one step of a procedure in its trap. A failure is written to the error log under `label`, and the
+  /// caller goes on with its next step. Returns whether the step succeeded. ProgramEnd passes through.
   bool Attempt(std::string_view label, const std::function<void()>& step);
+
+  /// The same for a step with a value: returns it, or nothing after a failure.
+  template <typename Step, typename Value = std::invoke_result_t<Step>>
+  requires(!std::is_void_v<Value>)
+      [[nodiscard]] std::optional<Value> Attempt(std::string_view label, Step step) {
+    std::optional<Value> value;
+    Attempt(label, [&] { value.emplace(step()); });
+    return value;
+  }
 
   /// The clock of the stamps.
   const Clock& StampClock() const { return clock_; }
 
-  /// The files that the logs and their fallbacks are written to, and their "Bak" copies. Some may not
-  /// be there.
+  /// The logs and their fallback files, with their "Bak" copies. Some may not exist.
   std::vector<std::string> Paths() const;
 
  private:
@@ -63,7 +79,7 @@ class Logs {
 
   Files& files_;
   Clock& clock_;
-  AppSettings& settings_;
+  LogPaths& paths_;
   std::string logFallback_;
   std::string errFallback_;
 };

@@ -2,9 +2,9 @@
 
 namespace orvenza {
 
-/// The connector's own fixed texts: what the catalogue, whose numbers are closed, has no text for. Like those
-/// of the catalogue they are Italian, in UTF-8, and stand nowhere else. A text that ends in " :" is followed
-/// by a blank and a value. Labels of procedures, and what the simulated register prints, are no such texts.
+/// The connector's own texts that are missing from the catalogue, whose numbers are fixed. Like those of the
+/// catalogue they are Italian, in UTF-8, and defined nowhere else. A text that ends in " :" is followed by a
+/// blank and a value. Labels of procedures and texts printed by the simulated register do not belong here.
 namespace own_text {
 
 // The error log.
@@ -14,15 +14,15 @@ inline constexpr const char* kPrintedNotArchived = "Scontrino stampato ma non ar
 inline constexpr const char* kReportWaits = "Chiusura o rapporto in attesa :";
 inline constexpr const char* kFirstComes = "prima va stampato lo scontrino";
 
-inline constexpr const char* kFailureRepeated = "Errore ripetuto";  ///< Followed by how often, and its line.
+inline constexpr const char* kFailureRepeated = "Errore ripetuto";  ///< Followed by the count and the line.
 inline constexpr const char* kFailureEnded = "Errore cessato";      ///< The same.
 inline constexpr const char* kTimes = "volte";
 
 // Dialogs, with their lines in the error log.
 inline constexpr const char* kSettingsUnreadable = "Impossibile leggere il file INI :";
-inline constexpr const char* kMissingText = "Miss Messagge !!!";  ///< Spelled so on purpose.
+inline constexpr const char* kMissingText = "Miss Messagge !!!";  ///< Deliberately spelled like this.
 
-/// What Windows shows whoever waits for the session to end.
+/// Shown by Windows while the session's end waits for the program.
 inline constexpr const char* kCompletesReceipt = "Orvenza completa lo scontrino in corso.";
 
 // The terminal: the program, its menu.
@@ -37,7 +37,7 @@ inline constexpr const char* kMenuClosed = "Menu chiuso.";
 inline constexpr const char* kMenuTooEarly = "Il menu si apre quando il programma è in funzione.";
 inline constexpr const char* kNothingAsked = "Nessuna domanda in attesa.";
 
-// The terminal: icons, and what may be typed.
+// The terminal: icons, and possible input.
 inline constexpr const char* kStop = "STOP";
 inline constexpr const char* kQuestion = "DOMANDA";
 inline constexpr const char* kExclamation = "ATTENZIONE";

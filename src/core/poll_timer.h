@@ -7,7 +7,7 @@
 
 namespace orvenza {
 
-/// `Timer1`: says when the next tick is due. Ticks run from the main loop alone, so they never overlap.
+/// `Timer1`: knows when the next tick is due. Only the main loop runs ticks, so they never overlap.
 class PollTimer {
  public:
   static constexpr std::chrono::milliseconds kInterval{500};
@@ -16,13 +16,13 @@ class PollTimer {
 
   bool Enabled() const { return enabled_; }
 
-  /// Switching on starts a whole interval, also when the timer was on before.
+  /// Enabling starts a full interval, even if the timer was already enabled.
   void SetEnabled(bool enabled) {
     enabled_ = enabled;
     due_ = clock_.Uptime() + kInterval;
   }
 
-  /// Time to the next tick, zero when it is due. Only meaningful while enabled.
+  /// Time until the next tick; zero when it is due. Only meaningful while enabled.
   std::chrono::nanoseconds TimeLeft() const {
     return std::max(std::chrono::nanoseconds::zero(), due_ - clock_.Uptime());
   }
@@ -35,7 +35,7 @@ class PollTimer {
 
 /// Switches polling off for its lifetime and then restores what was: a dialog opened in the middle of a tick
 /// must not switch polling on.
-class PollingPause {
+class [[nodiscard]] PollingPause {
  public:
   explicit PollingPause(PollTimer& timer) : timer_(timer), wasEnabled_(timer.Enabled()) {
     timer_.SetEnabled(false);

@@ -14,14 +14,14 @@ std::string WithCount(const char* what, int count, const std::string& line) {
 }  // namespace
 
 bool RepeatedFailures::Attempt(std::string_view label, const std::function<void()>& step) {
-  const auto line = Logs::Try(label, step);
+  const auto line = Logs::FailureOf(label, step);
   if (line) Note(*line);
   return !line;
 }
 
 void RepeatedFailures::Note(const std::string& line) {
   Failure& failure = failures_[line];
-  failure.roundsWithout = -1;  // with this one
+  failure.roundsWithout = -1;  // counted up to 0 at the end of this round
   ++failure.count;
   const auto now = logs_.StampClock().Uptime();
   if (failure.count <= kWrittenAtFirst) {

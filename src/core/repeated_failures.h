@@ -10,9 +10,9 @@
 
 namespace orvenza {
 
-/// The error trap of what runs in rounds, tick after tick. A failure that comes back in each of them would
-/// fill both error logs within half an hour: it is written the first ten times, then once a minute with how
-/// often it has come, and once more when it has ended.
+/// The trap for steps that run in rounds, tick after tick. A failure in every round would fill both error
+/// logs within half an hour. So it is written the first ten times, then once a minute with its count, and
+/// once more when it has ended.
 class RepeatedFailures {
  public:
   static constexpr int kWrittenAtFirst = 10;
@@ -21,10 +21,10 @@ class RepeatedFailures {
 
   explicit RepeatedFailures(Logs& logs) : logs_(logs) {}
 
-  /// As Logs::Attempt. A failure is the same as an earlier one when its line is.
+  /// Like Logs::Attempt. Failures with the same line are the same failure.
   bool Attempt(std::string_view label, const std::function<void()>& step);
 
-  /// A round is over. A failure has ended when it has not come for ten rounds: not every round gets as far as
+  /// Ends a round. A failure has ended when it has not occurred for ten rounds, as not every round reaches
   /// its step.
   void EndRound();
 
@@ -32,13 +32,13 @@ class RepeatedFailures {
   struct Failure {
     int count = 0;
     int roundsWithout = 0;
-    std::chrono::nanoseconds written{};  ///< When its last line was.
+    std::chrono::nanoseconds written{};  ///< When its last line was written.
   };
 
   void Note(const std::string& line);
 
   Logs& logs_;
-  std::map<std::string, Failure> failures_;  ///< By their lines.
+  std::map<std::string, Failure> failures_;  ///< Keyed by their lines.
 };
 
 }  // namespace orvenza

@@ -32,8 +32,8 @@ struct UpgradeStep {
   std::vector<UpgradeKey> keys;
 };
 
-/// Only the step from "1.00" goes one version at a time. Every later one writes its own keys and jumps to the
-/// current version on purpose: what it skips is covered by the defaults of reading.
+/// Only the step from "1.00" goes to the next version. Every later one deliberately writes its own keys and
+/// jumps to the current version: the defaults on reading cover the skipped keys.
 std::vector<UpgradeStep> UpgradeSteps(const std::string& appPath) {
   return {
       {"1.00", "1.01", {{kComSettings, "TimeWaitForLONGEtx", "50000"}}},
@@ -125,7 +125,7 @@ void SettingsFile::ReadIni(AppSettings& settings) {
 void SettingsFile::ReadFolders(const ProfileContent& content, AppSettings& settings) const {
   settings.TicketFilesSpec =
       SettingsPath(ReadProfileValue(content, kDatabase, "TicketFiles", paths_.AppPath + "\\data\\*.txt"));
-  // The default of reading differs from the written one ("\storico\") on purpose.
+  // The default on reading deliberately differs from the written one ("\storico\").
   std::string& historic = settings.HistoricFolder;
   historic = SettingsPath(
       ReadProfileValue(content, kDatabase, "HistoricTickets", paths_.AppPath + "\\data\\inproces\\"));

@@ -5,43 +5,40 @@
 #include <string>
 #include <vector>
 
+#include "core/logs.h"
 #include "platform/files.h"
 #include "platform/profile_file.h"
 
 namespace orvenza {
 
-class Logs;
-
 /// The settings record: filled once at start-up. Only the port dialog changes it later (the two serial
 /// values).
-struct AppSettings {
+struct AppSettings : LogPaths {
   std::string TicketFilesSpec;  ///< Folder and mask of the incoming tickets, as read.
-  std::string TicketFolder;     ///< Its part up to and including the last "\"; empty when there is none.
+  std::string TicketFolder;     ///< The part up to and including the last "\"; empty when there is none.
   std::string TicketMask;       ///< The rest.
-  std::string HistoricFolder;   ///< Ends in "\"; empty: printed tickets are deleted.
+  std::string HistoricFolder;   ///< Ends in "\"; if empty, printed tickets are deleted.
   std::string InProcessFolder;  ///< Ends in "\".
   std::string AbortFolder;      ///< Ends in "\".
   std::string CommandFilePath;
-  std::string LogPath;  ///< Empty until the settings are read.
-  std::string ErrPath;  ///< Empty until the settings are read or the first error is written.
   int ComPortNumber = 0;
   std::string ComSettings;  ///< Speed, parity, data bits, stop bits: "19200,O,7,1".
   int FrameRetry = 0;
   int TimeWaitForAck = 0;      ///< Milliseconds.
   int TimeWaitForEtx = 0;      ///< Milliseconds.
-  int TimeWaitForLONGEtx = 0;  ///< Milliseconds, around long-running commands.
+  int TimeWaitForLONGEtx = 0;  ///< Milliseconds, for long-running commands.
   int TxMessageRetry = 0;
   char Ident = 'V';             ///< In Windows-1252.
   double PcTimeCorrection = 0;  ///< Seconds between two clock corrections; 0 or less: never.
-  double TimeShift = 0;         ///< Seconds the PC clock may differ from the register's.
+  double TimeShift = 0;  ///< Tolerated difference between the PC's clock and the register's, in seconds.
   char SeparatorChar = 127;
   bool SingleQuantity = false;
   bool FileParser = false;
-  bool IniCreated = false;      ///< Start-up had to write a default settings file.
-  bool IniUpgradeDone = false;  ///< The version check has finished.
+  bool IniCreated = false;      ///< Start-up wrote a default settings file.
+  bool IniUpgradeDone = false;  ///< The version check is finished.
 };
 
-/// Where the settings file and its companions lie.
+/// Paths of the settings file and the files beside it.
 struct ProgramPaths {
   std::string AppPath;         ///< Program folder, without a trailing "\".
   std::string ExecutableName;  ///< Base name, without extension.
@@ -50,26 +47,26 @@ struct ProgramPaths {
   std::string ErrDesc() const { return AppPath + "\\ErrDesc.ini"; }
 };
 
-/// The layout version that this program reads and writes.
+/// The version of the settings file that this program reads and writes.
 inline constexpr const char* kIniVersion = "1.06";
 
-/// Sections, keys and limits of the settings file that more than its reader names.
+/// Sections, keys and limits of the settings file that are used in several places.
 namespace setting {
 inline constexpr const char* kGeneral = "General";
 inline constexpr const char* kSeparator = "Separator (ascii,max 127)";  ///< The key is the whole phrase.
 inline constexpr const char* kComSettings = "Com Settings";
 inline constexpr const char* kComPort = "ComPort";
 inline constexpr const char* kLineSettings = "Settings";
-inline constexpr int kPorts = 16;                 ///< Port numbers run from 1 to this.
-inline constexpr std::size_t kLongestValue = 99;  ///< Characters of a value that are seen.
+inline constexpr int kPorts = 16;                 ///< Ports are numbered from 1 to this.
+inline constexpr std::size_t kLongestValue = 99;  ///< Longer values are cut to this many characters.
 }  // namespace setting
 
 /// One value of a settings file in UTF-8 (bytes that are not are read as Windows-1252), at most its first
 /// `kLongestValue` characters; `fallback` where it is missing.
-std::string ReadProfileValue(const ProfileContent& content, const std::string& section,
-                             const std::string& key, const std::string& fallback = {});
+[[nodiscard]] std::string ReadProfileValue(const ProfileContent& content, const std::string& section,
+                                           const std::string& key, const std::string& fallback = {});
 
-/// What a new settings file holds, in its order. `appPath` without a trailing "\".
+/// The content of a new settings file, in file order. `appPath` without a trailing "\".
 std::vector<ProfileValue> DefaultSettings(const std::string& appPath);
 
 /// Reads, creates and upgrades the settings file.
@@ -77,20 +74,20 @@ class SettingsFile {
  public:
   SettingsFile(ProfileFile& profile, Files& files, Logs& logs, ProgramPaths paths);
 
-  /// Writes every key with its default, whole or not at all. Throws SystemError.
+  /// Writes every key with its default, all or nothing. Throws SystemError.
   void WriteDefaultIni();
 
   /// Brings the file to the current layout, calling `stepDone` after each step, and sets `IniUpgradeDone`.
   /// Returns false for an unknown version, which has then been written to the error log. A file that cannot
   /// be written is used as it stands, after a line in the error log. Throws SystemError when the file cannot
   /// be read.
-  bool UpgradeIni(AppSettings& settings, const std::function<void()>& stepDone);
+  [[nodiscard]] bool UpgradeIni(AppSettings& settings, const std::function<void()>& stepDone);
 
-  /// Fills `settings` from the file, read as one whole, and repairs a wrong port number or separator in the
-  /// file too. Throws SystemError when it cannot be read; nothing has been changed then.
+  /// Fills `settings` from the file, read as a whole, and repairs a wrong port number or separator, in the
+  /// file too. If it throws a SystemError, the file cannot be read and `settings` is unchanged.
   void ReadIni(AppSettings& settings);
 
-  /// Writes `ErrDesc.ini` with the texts of messages 110 to 116, whole or not at all. Throws SystemError.
+  /// Writes `ErrDesc.ini` with the texts of messages 110 to 116, all or nothing. Throws SystemError.
   void WriteDefaultErrDesc();
 
  private:

@@ -7,7 +7,7 @@
 namespace orvenza {
 namespace {
 
-/// Most characters of a ticket line in the error log.
+/// Longest quotation of a ticket line in the error log, in characters.
 constexpr std::size_t kLoggedLine = 500;
 
 /// Code points of the Windows-1252 bytes 128 to 159.
@@ -31,7 +31,7 @@ void AppendUtf8(std::string& out, char32_t code) {
 
 bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
-/// Length of the well-formed UTF-8 sequence at the start of `text`, 0 when there is none.
+/// Length of the valid UTF-8 sequence at the start of `text`; 0 when there is none.
 std::size_t SequenceLength(std::string_view text) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   const unsigned char first = byte(0);
@@ -56,7 +56,7 @@ bool IsUtf8(std::string_view bytes) {
   return true;
 }
 
-/// At most `limit` bytes in UTF-8, those below the blank as blanks.
+/// At most `limit` bytes converted to UTF-8, with control characters as blanks.
 std::string Quoted(std::string_view bytes, std::size_t limit) {
   std::string quoted(bytes.substr(0, limit));
   for (char& c : quoted) {
@@ -152,7 +152,9 @@ std::string FromWindows1252(std::string_view bytes) {
 }
 
 char FirstInWindows1252(std::string_view text) {
-  for (int code = 0; code < 256; ++code) {
+  // ASCII stands for itself.
+  if (!text.empty() && static_cast<unsigned char>(text[0]) < 128) return text[0];
+  for (int code = 128; code < 256; ++code) {
     const char byte = static_cast<char>(code);
     if (text.starts_with(FromWindows1252({&byte, 1}))) return byte;
   }

@@ -3,6 +3,7 @@
 #include "core/catalogue.h"
 #include "core/text.h"
 #include "device/quiet_query.h"
+#include "device/reply_policy.h"
 
 namespace orvenza {
 namespace {
@@ -11,96 +12,118 @@ using namespace std::chrono_literals;
 
 constexpr int kStatusTries = 10;
 constexpr int kCommandTries = 4;
+constexpr int kVoidTries = 3;
+/// Accepted voids in a row that leave the receipt open all the same, before the operator is asked.
+constexpr int kVainVoids = 10;
 constexpr const char* kStatusCommand = "321701";
 constexpr const char* kNoError = "00";
-constexpr const char* kZeroAmount = "000000000";
 
-bool IsReceiptOpen(std::string_view reply) { return IsErrorReply(reply) && Right(reply, 2) == "17"; }
-
-std::string ErrorCode(std::string_view reply) { return std::string(Middle(reply, 4, 2)); }
+/// The payment of nothing that closes a receipt. `data` is the register's last error code.
+std::string ClosingPayment(const std::string& data) { return "1036" + data + "000000000"; }
 
 }  // namespace
 
-bool CashDialogues::QueryCashStatus() {
-  for (int tries = kStatusTries; tries > 0;) {
-    link_.Exchange(kStatusCommand);
-    if (IsReceiptOpen(link_.ReplyText)) {
-      link_.ReplyText.clear();
-      return true;
+CashStatus CashDialogues::QueryCashStatus() {
+  for (int tries = kStatusTries;;) {
+    const Reply reply = link_.Exchange(kStatusCommand);
+    if (reply.IsError("17")) return {.receiptOpen = true, .unread = {}};
+    if (reply.Is(Reply::Kind::kDone)) {
+      CorrectClock();
+      return {};
     }
-    if (link_.ReplyText.starts_with("3217")) {
-      link_.ReplyText.clear();
-      FollowStatusRead();
-      return false;
+    LogReply(reply);
+    if (--tries == 0) {
+      logs_.WrErr(LoadMessage(MessageId::kStatusNotRead));
+      return {.receiptOpen = false, .unread = reply};
     }
-    LogReply();
-    if (--tries > 0) loop_.Pause(500ms);
+    loop_.Pause(500ms);
   }
-  logs_.WrErr(LoadMessage(MessageId::kStatusNotRead));
-  return false;
 }
 
-void CashDialogues::FollowStatusRead() {
+void CashDialogues::CorrectClock() {
   if (settings_.PcTimeCorrection <= 0) return;
-  if (QuietQuery(link_, logs_, "4201", kNoError)) clockCorrection_.Correct(link_.ReplyText);
-  link_.ReplyText.clear();
+  const Reply reply = QuietQuery(link_, logs_, "4201", kNoError);
+  if (reply.Is(Reply::Kind::kDone)) clockCorrection_.Correct(reply.Text());
 }
 
 void CashDialogues::InvioRIAVVIO() {
   std::string data = kNoError;
   for (int tries = kCommandTries; tries > 0;) {
-    link_.Exchange("1149" + data);
-    if (!IsErrorReply(link_.ReplyText)) {  // silence counts as accepted
-      bool receiptOpen = false;
-      do {
-        loop_.CheckEnd();
-        loop_.Pause(3000ms);
-        receiptOpen = QueryCashStatus();
-      } while (!link_.ReplyText.empty() && !receiptOpen);
-      return;
-    }
-    if (IsLinkError(link_.ReplyText)) {
-      LogReply();
+    const Reply reply = link_.Exchange("1149" + data);
+    if (reply_policy::Accepted(reply)) return AwaitStatus();
+    if (reply.Is(Reply::Kind::kLinkError)) {
+      LogReply(reply);
     } else {
-      data = ErrorCode(link_.ReplyText);  // the register wants its own error code back
+      data = reply.FirstCode();  // the register wants its own error code back
     }
     if (--tries > 0) loop_.Pause(200ms);
   }
   logs_.WrErr(LoadMessage(MessageId::kRestartNotSent));
 }
 
-void CashDialogues::InvioVOID() {
+void CashDialogues::AwaitStatus() {
+  CashStatus status;
+  do {
+    loop_.CheckEnd();
+    loop_.Pause(3000ms);
+    status = QueryCashStatus();
+  } while (!status.unread.Is(Reply::Kind::kSilence));
+}
+
+Reply CashDialogues::InvioVOID() {
   std::string data = kNoError;
-  std::string message = "1028" + data;
+  bool close = false;
   for (int tries = kCommandTries;;) {
-    link_.Exchange(message);
-    const VoidStep step = ExamineVoidReply(data);
-    if (step == VoidStep::kDone) return;
-    const bool close = step == VoidStep::kCloseReceipt;
+    const Reply reply = link_.Exchange(close ? ClosingPayment(data) : "1028" + data);
+    if (reply_policy::Accepted(reply)) return PauseAfterVoid(reply);
+    close = false;
+    if (reply.Is(Reply::Kind::kLinkError)) {
+      LogReply(reply);
+    } else {
+      data = reply.FirstCode();
+    }
+    if (reply.Is(Reply::Kind::kRefused) && reply.Code() == "11") {
+      const CashStatus status = QueryCashStatus();
+      if (!status.receiptOpen) return status.unread;
+      close = OperatorWantsAutomaticClose();
+      if (!close) return PauseAfterVoid({});
+    }
     if (--tries <= 0 && !close) {
       logs_.WrErr(LoadMessage(MessageId::kVoidNotSent));
-      return;
+      return reply;
     }
     loop_.Pause(200ms);
-    message = close ? "1036" + data + kZeroAmount : "1028" + data;
   }
 }
 
-CashDialogues::VoidStep CashDialogues::ExamineVoidReply(std::string& data) {
-  if (!IsErrorReply(link_.ReplyText)) {  // silence counts as voided
-    loop_.Pause(1000ms);
-    return VoidStep::kDone;
-  }
-  if (IsLinkError(link_.ReplyText)) {
-    LogReply();
-    return VoidStep::kVoidAgain;
-  }
-  data = ErrorCode(link_.ReplyText);
-  if (Right(link_.ReplyText, 2) != "11") return VoidStep::kVoidAgain;
-  if (!QueryCashStatus()) return VoidStep::kDone;
-  if (OperatorWantsAutomaticClose()) return VoidStep::kCloseReceipt;
+Reply CashDialogues::PauseAfterVoid(const Reply& reply) {
   loop_.Pause(1000ms);
-  return VoidStep::kDone;
+  return link_.LatestReply(reply);
+}
+
+void CashDialogues::CloseReceiptLeftOpen() {
+  const EndBeforeSending heeded(link_);
+  int tries = kVoidTries;
+  int accepted = 0;
+  while (QueryCashStatus().receiptOpen) {
+    logs_.WrErr(LoadMessage(MessageId::kVoidingReceipt));
+    const Reply reply = InvioVOID();
+    if (reply_policy::Answered(reply) ? ++accepted < kVainVoids : --tries >= 1) continue;
+    if (OperatorWantsAutomaticClose()) {
+      const Reply latest = link_.LatestReply(reply);
+      link_.Exchange(ClosingPayment(latest.IsError() ? latest.FirstCode() : kNoError));
+    }
+    tries = kVoidTries;
+    accepted = 0;
+  }
+}
+
+bool CashDialogues::VoidInterruptedReceipt() {
+  if (!QueryCashStatus().receiptOpen) return false;
+  logs_.WrErr(LoadMessage(MessageId::kResumedAfterPaperOut));
+  // A receipt that could not be voided is still open when the ticket starts again, and is dealt with there.
+  if (!InvioVOID().IsError()) loop_.Pause(300ms);
+  return true;
 }
 
 bool CashDialogues::OperatorWantsAutomaticClose() {
@@ -111,8 +134,8 @@ bool CashDialogues::OperatorWantsAutomaticClose() {
          MessageResult::kYes;
 }
 
-void CashDialogues::LogReply() {
-  logs_.WrErr(LoadMessage(MessageId::kEcrError) + " " + FromWindows1252(link_.ReplyText));
+void CashDialogues::LogReply(const Reply& reply) {
+  logs_.WrErr(LoadMessage(MessageId::kEcrError) + " " + FromWindows1252(reply.Text()));
 }
 
 }  // namespace orvenza

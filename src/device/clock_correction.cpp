@@ -3,7 +3,6 @@
 #include <cmath>
 #include <optional>
 
-#include "core/poll_timer.h"
 #include "core/text.h"
 #include "platform/system_error.h"
 
@@ -11,10 +10,10 @@ namespace orvenza {
 namespace {
 
 constexpr double kSecondsPerDay = 86400;
-/// Added to the tolerance on both sides of midnight.
+/// In seconds; added to the tolerance on both sides of midnight.
 constexpr double kMidnightMargin = 120;
 
-/// The two-digit number at the 1-based `start`, nothing when it is none below `limit`.
+/// The two-digit number at the 1-based `start`; empty if there is none below `limit`.
 std::optional<int> TwoDigits(std::string_view reply, std::size_t start, int limit) {
   const std::string_view digits = Middle(reply, start, 2);
   if (digits.size() != 2 || !OnlyDigits(digits)) return std::nullopt;
@@ -24,17 +23,9 @@ std::optional<int> TwoDigits(std::string_view reply, std::size_t start, int limi
 
 }  // namespace
 
-bool ClockCorrection::CountTick() {
-  if (settings_.PcTimeCorrection <= 0) return false;
-  seconds_ += std::chrono::duration<double>(PollTimer::kInterval).count();
-  if (seconds_ <= settings_.PcTimeCorrection) return false;
-  seconds_ = 0;
-  return true;
-}
-
 bool ClockCorrection::NearMidnight() const {
   const double guard = std::nearbyint(settings_.TimeShift + kMidnightMargin);
-  // Two readings: midnight may pass between them.
+  // Read twice: midnight may pass in between.
   const double first = clock_.SecondsSinceMidnight();
   const double second = clock_.SecondsSinceMidnight();
   return second < guard || first > kSecondsPerDay - guard;
@@ -49,7 +40,7 @@ void ClockCorrection::Correct(std::string_view reply) {
   if (std::abs(difference) <= settings_.TimeShift) return;
   try {
     clock_.SetTimeOfDay(*hour, *minute, 0);
-    seconds_ = 0;
+    ++corrections_;
   } catch (const SystemError& refusal) {
     if (!refusalLogged_) logs_.WrFailure("Timer1 - ", refusal.Number(), refusal.Description());
     refusalLogged_ = true;

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "core/catalogue.h"
-#include "device/end_confirmation.h"
 #include "platform/system_error.h"
+#include "ui/end_confirmation.h"
 
 namespace orvenza {
 namespace {
@@ -17,28 +17,18 @@ constexpr const char* kFailureLabel = "EcrLinkX1 - ";
 constexpr int kPresenceReads = 3;
 constexpr std::size_t kCodeLength = 4;
 constexpr double kSecondsPerDay = 86400;
-/// Longest time, in seconds, that the end of the program waits for a reply.
-constexpr double kLongestHold = 60;
+/// Longest time that the end of the program waits for a reply.
+constexpr auto kLongestHold = 60s;
 /// A delivery that takes longer was a loop of its own, such as an open menu, behind which a reply may wait.
 constexpr auto kLongDelivery = 100ms;
-/// How long a wait goes on after such a delivery, at least.
+/// Minimum remaining wait after such a delivery.
 constexpr auto kAfterLongDelivery = 1s;
 
 }  // namespace
 
-bool IsErrorReply(std::string_view reply) { return reply.starts_with("ERR"); }
-
-bool IsLinkError(std::string_view reply) { return reply.starts_with("ERR-"); }
-
-DeviceLink::DeviceLink(EcrLink& control, const AppSettings& settings, Logs& logs, OperatorMessages& messages,
-                       PortDialog& portDialog, EventLoop& loop, const Clock& clock)
-    : control_(control),
-      settings_(settings),
-      logs_(logs),
-      messages_(messages),
-      portDialog_(portDialog),
-      loop_(loop),
-      clock_(clock) {
+DeviceLink::DeviceLink(EcrLink& control, const AppSettings& settings, Logs& logs, LinkDialogs& dialogs,
+                       EventLoop& loop, const Clock& clock)
+    : control_(control), settings_(settings), logs_(logs), dialogs_(dialogs), loop_(loop), clock_(clock) {
   control_.SetEvents(this);
 }
 
@@ -48,13 +38,18 @@ void DeviceLink::OpenDeviceLink(int endOfTextWait) {
   endOfTextWait_ = endOfTextWait;
   while (!TryOpen()) {
     loop_.CheckEnd();
-    AskAboutClosedPort();
+    const std::string port = " ( COM" + std::to_string(settings_.ComPortNumber) + " )";
+    if (!dialogs_.AskRetry(LoadMessage(MessageId::kPortNotOpened) + port)) throw ProgramEnd{.unload = false};
     SetPort(false);
     loop_.Pause(1000ms);
   }
 }
 
 void DeviceLink::ClosePort() { SetPort(false); }
+
+void DeviceLink::Reopen() { Reopen(settings_.TimeWaitForEtx); }
+
+void DeviceLink::ReopenForLongCommand() { Reopen(settings_.TimeWaitForLONGEtx); }
 
 void DeviceLink::Reopen(int endOfTextWait) {
   ClosePort();
@@ -65,15 +60,15 @@ void DeviceLink::Reopen(int endOfTextWait) {
 void DeviceLink::Bounce() {
   ClosePort();
   loop_.Pause(1000ms);
-  // Nobody else would notice a port that stays closed: the register would only look absent for ever.
+  // A port that stays closed would go unnoticed: the register would only appear absent forever.
   if (!OpenPort()) OpenDeviceLink(endOfTextWait_);
 }
 
 bool DeviceLink::TryOpen() {
-  std::optional<SerialSettings> serial;
-  logs_.Attempt(kFailureLabel, [&] {
-    serial = SplitSerialSettings(settings_.ComSettings);
-    if (!serial) throw SystemError(error_number::kInvalidArgument, "Settings=" + settings_.ComSettings);
+  const auto serial = logs_.Attempt(kFailureLabel, [&] {
+    const auto parts = SplitSerialSettings(settings_.ComSettings);
+    if (!parts) throw SystemError(error_number::kInvalidArgument, "Settings=" + settings_.ComSettings);
+    return *parts;
   });
   if (!serial || !Reset()) return false;
   SetProperties(*serial);
@@ -108,31 +103,12 @@ void DeviceLink::SetProperties(const SerialSettings& serial) {
 
 bool DeviceLink::OpenPort() {
   SetPort(true);
-  bool open = false;
-  logs_.Attempt(kFailureLabel, [&] { open = control_.PortOpen(); });
-  return open;
+  return logs_.Attempt(kFailureLabel, [&] { return control_.PortOpen(); }).value_or(false);
 }
 
-/// A value that the control does not take leaves it with its own; whether the port then opens is its affair.
+/// If the control refuses a value, it keeps its own; the result shows when the port is opened.
 void DeviceLink::SetProperty(LinkProperty property, int value) {
   logs_.Attempt(kFailureLabel, [&] { control_.SetProperty(property, value); });
-}
-
-void DeviceLink::AskAboutClosedPort() {
-  const std::string text =
-      LoadMessage(MessageId::kPortNotOpened) + " ( COM" + std::to_string(settings_.ComPortNumber) + " )";
-  logs_.WrErr(std::string(text));
-  const MessageResult answer =
-      messages_.ShowOperatorMessage(text, {MessageIcon::kInformation, MessageButtons::kRetryCancelConfigure},
-                                    LoadMessage(MessageId::kCommunicationWarning));
-  if (answer == MessageResult::kConfigure) {
-    portDialog_.Show();
-  } else if (answer == MessageResult::kCancel) {
-    if (ConfirmEnd(messages_, MessageIcon::kStop)) {
-      logs_.WrErr(LoadMessage(MessageId::kLinkCancelled));
-      throw ProgramEnd{.unload = false};
-    }
-  }
 }
 
 void DeviceLink::SetPort(bool open) {
@@ -140,21 +116,19 @@ void DeviceLink::SetPort(bool open) {
 }
 
 bool DeviceLink::Present() {
-  // Before the look rather than after it: a dialog of the menu may be open for long, and the register must be
-  // there when the command goes out. Besides, a reply that came too late must not pass for the next one.
+  // Events are delivered before the check, not after it: a menu's dialog may be open for long, and the
+  // register must be present when the command is sent. Also, a late reply must not be taken for the next one.
   loop_.Dispatch();
-  bool present = false;
   // A control that fails here is opened anew, which also replaces one that has died.
-  if (!logs_.Attempt(kFailureLabel, [&] { present = control_.DevicePresent(); })) reapply_ = true;
-  return present;
+  const auto present = logs_.Attempt(kFailureLabel, [&] { return control_.DevicePresent(); });
+  if (!present) reapply_ = true;
+  return present.value_or(false);
 }
 
 bool DeviceLink::DeviceReady() {
   for (int read = 0; read < kPresenceReads; ++read) {
     if (Present()) return read == 0;
-    logs_.WrErr(LoadMessage(MessageId::kDeviceOff));
-    messages_.ShowOperatorMessage(LoadMessage(MessageId::kDeviceOff), {MessageIcon::kStop},
-                                  LoadMessage(MessageId::kCommunicationWarning));
+    dialogs_.AlarmAbsent();
   }
   return false;
 }
@@ -165,7 +139,7 @@ void DeviceLink::ApplyChangedSettings() {
 
 void DeviceLink::AwaitDevice() {
   ApplyChangedSettings();
-  // The settings may be changed during a look, too.
+  // The settings may change during a check, too.
   while (!DeviceReady() || reapply_) {
     loop_.CheckEnd();
     ApplyChangedSettings();
@@ -173,31 +147,46 @@ void DeviceLink::AwaitDevice() {
   if (endBeforeSending_) loop_.CheckEnd();
 }
 
-void DeviceLink::Exchange(const std::string& command, double replyWait) {
+Reply DeviceLink::Exchange(const std::string& command, double replyWait) {
   AwaitDevice();
-  Transmit(command, replyWait);
+  return Transmit(command, replyWait);
 }
 
-void DeviceLink::Transmit(const std::string& command, double replyWait) {
+Reply DeviceLink::Transmit(const std::string& command, double replyWait) {
   ReplyArrived = false;
+  code_ = command.substr(0, kCodeLength);
   waiting_ = true;
   const bool sent = logs_.Attempt(kFailureLabel, [&] {
     control_.SetMessage(command);
     control_.Send();
   });
-  const bool replied = sent && WaitReply(replyWait, std::string_view(command).substr(0, kCodeLength));
+  const bool replied = sent && WaitReply(replyWait, code_);
   waiting_ = false;
-  if (!replied) ReplyText.clear();
+  const Reply reply = TakeReply();
+  return replied ? reply : Reply();
+}
+
+Reply DeviceLink::TransmitLong(const std::string& command) {
+  return Transmit(command, std::max(kReplyWait, settings_.TimeWaitForLONGEtx / 1000.0));
+}
+
+Reply DeviceLink::LatestReply(const Reply& reply) { return ReplyArrived ? TakeReply() : reply; }
+
+Reply DeviceLink::TakeReply() {
+  ReplyArrived = false;
+  return {std::exchange(ReplyText, {}), code_};
 }
 
 bool DeviceLink::WaitReply(double replyWait, std::string_view code) {
-  // The time of day starts again at midnight: an ordinary wait begun just before ends only with a reply, on
-  // purpose. Otherwise the wait is measured by a clock that nobody sets.
+  // The time of day restarts at midnight, so an ordinary wait begun just before deliberately ends only with a
+  // reply. All other waits use a clock that cannot be set.
   const bool endless = replyWait == kReplyWait && clock_.SecondsSinceMidnight() + replyWait >= kSecondsPerDay;
-  const auto deadline = clock_.Uptime() + std::chrono::duration<double>(replyWait);
+  const auto ordinary =
+      std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::duration<double>(replyWait));
+  const auto deadline = clock_.Uptime() + ordinary;
   // The end of the program is held back while the register may still answer, so that no command is left in
   // doubt.
-  const auto held = clock_.Uptime() + std::chrono::duration<double>(std::min(replyWait, kLongestHold));
+  const auto held = clock_.Uptime() + std::min<std::chrono::nanoseconds>(ordinary, kLongestHold);
   auto grace = clock_.Uptime();
   for (auto last = grace;; loop_.Slice()) {
     loop_.Dispatch();
@@ -208,6 +197,8 @@ bool DeviceLink::WaitReply(double replyWait, std::string_view code) {
     if (now < grace) continue;
     if (!endless && now >= deadline) break;
     if (now >= held) loop_.CheckEnd();
+    loop_.SkipIdle(now < held ? held : endless ? now + ordinary : deadline);
+    last = clock_.Uptime();
   }
   unanswered_.emplace(code);
   return false;
@@ -220,13 +211,11 @@ bool DeviceLink::DropLateReply(std::string_view code) {
 }
 
 void DeviceLink::ReplyReceived() {
-  std::string reply;
-  logs_.Attempt(kFailureLabel, [&] { reply = control_.RxMessage(); });
-  Arrived(std::move(reply));
+  Arrived(logs_.Attempt(kFailureLabel, [&] { return control_.RxMessage(); }).value_or(""));
 }
 
 void DeviceLink::Arrived(std::string reply) {
-  if (!waiting_) unanswered_.erase(reply.substr(0, kCodeLength));  // the late reply to a command given up
+  if (!waiting_) unanswered_.erase(reply.substr(0, kCodeLength));  // the late reply to an earlier command
   ReplyText = std::move(reply);
   ReplyArrived = true;
 }

@@ -8,17 +8,11 @@
 #include "core/logs.h"
 #include "core/settings.h"
 #include "device/ecr_link.h"
+#include "device/link_dialogs.h"
+#include "device/reply.h"
 #include "device/serial_settings.h"
-#include "ui/operator_message.h"
-#include "ui/port_dialog.h"
 
 namespace orvenza {
-
-/// True for a reply that reports an error: it begins with "ERR".
-bool IsErrorReply(std::string_view reply);
-
-/// True for a link error raised by the control: "ERR-1", "ERR-2", "ERR-3".
-bool IsLinkError(std::string_view reply);
 
 /// The link to the register: opening it, and the single exchange of a command for a reply. A failure of the
 /// control itself is written to the error log and then counts as an absent register or a command without
@@ -27,19 +21,14 @@ bool IsLinkError(std::string_view reply);
 /// further.
 class DeviceLink : private EcrLinkEvents {
  public:
-  /// Longest wait for the reply to an ordinary command, in seconds.
+  /// Timeout for the reply to an ordinary command, in seconds.
   static constexpr double kReplyWait = 15.0;
 
-  DeviceLink(EcrLink& control, const AppSettings& settings, Logs& logs, OperatorMessages& messages,
-             PortDialog& portDialog, EventLoop& loop, const Clock& clock);
+  DeviceLink(EcrLink& control, const AppSettings& settings, Logs& logs, LinkDialogs& dialogs, EventLoop& loop,
+             const Clock& clock);
   ~DeviceLink() override;
   DeviceLink(const DeviceLink&) = delete;
   DeviceLink& operator=(const DeviceLink&) = delete;
-
-  /// The last reply: as the control delivered it, a link-error marker, or empty (none, or consumed).
-  std::string ReplyText;
-  /// Set by the control's events, cleared before each transmission.
-  bool ReplyArrived = false;
 
   /// Configures and opens the port, asking the operator again and again until it opens. `endOfTextWait` in
   /// milliseconds. Throws ProgramEnd when the operator gives up.
@@ -47,35 +36,44 @@ class DeviceLink : private EcrLinkEvents {
 
   void ClosePort();
 
-  /// Closes the port, waits 100 ms and opens the link with another end-of-text wait.
-  void Reopen(int endOfTextWait);
+  /// Closes the port, waits 100 ms and opens the link again, with the ordinary end-of-text wait.
+  void Reopen();
 
-  /// Closes the port for 1000 ms and opens it again as it was.
+  /// The same for a long-running command, with the long end-of-text wait.
+  void ReopenForLongCommand();
+
+  /// Closes the port for 1000 ms and opens it again unchanged.
   void Bounce();
 
-  /// One look whether the register is there, without telling anybody. What waits to be delivered comes first.
-  bool Present();
+  /// Checks once whether the register is present, without an alarm. Waiting events are delivered first.
+  [[nodiscard]] bool Present();
 
-  /// Looks up to three times whether the register is there, alarming the operator after each look that finds
-  /// it absent. True only when the first look finds it: a register that came up after an alarm is found by
+  /// Checks up to three times whether the register is present, with an alarm to the operator after each
+  /// failed check. True only if the first check succeeds: a register that appears after an alarm is found by
   /// the next call.
-  bool DeviceReady();
+  [[nodiscard]] bool DeviceReady();
 
-  /// The serial settings have changed: the link is to be opened anew, as soon as no command is under way.
+  /// The serial settings have changed: the link is reopened as soon as no command is in progress.
   void ReapplySettings() { reapply_ = true; }
 
-  /// Opens the link anew if that is wanted. To be called when no command is under way.
+  /// Opens the link anew if that is wanted, as it was. To be called when no command is under way.
   void ApplyChangedSettings();
 
-  /// Waits, without limit, until the register is ready.
+  /// Waits without limit until the register is ready.
   void AwaitDevice();
 
-  /// Sends a command, once the register is ready, and waits for its reply, which `ReplyText` then holds.
-  void Exchange(const std::string& command, double replyWait = kReplyWait);
+  /// Sends a command, once the register is ready, and waits for its reply.
+  Reply Exchange(const std::string& command, double replyWait = kReplyWait);
 
   /// Exchange without waiting for the register to be ready: to be called right after a look or a wait, so
   /// that no event, such as a late reply, is left to be delivered.
-  void Transmit(const std::string& command, double replyWait = kReplyWait);
+  Reply Transmit(const std::string& command, double replyWait = kReplyWait);
+
+  /// Transmit with the wait for a long-running command.
+  Reply TransmitLong(const std::string& command);
+
+  /// The reply that has come since the last exchange ended, once; `reply` where none has.
+  [[nodiscard]] Reply LatestReply(const Reply& reply);
 
  private:
   friend class EndBeforeSending;
@@ -86,36 +84,39 @@ class DeviceLink : private EcrLinkEvents {
   void LinkError2() override { Arrived("ERR-2"); }
   void Arrived(std::string reply);
 
-  bool TryOpen();
+  void Reopen(int endOfTextWait);
+  [[nodiscard]] bool TryOpen();
   /// False when there is no control.
-  bool Reset();
+  [[nodiscard]] bool Reset();
   void SetProperties(const SerialSettings& serial);
-  /// Whether the port then reads open: that alone decides, not whether the control complained.
-  bool OpenPort();
+  /// Whether the port then reads as open: only that counts, even if the control reported a failure.
+  [[nodiscard]] bool OpenPort();
   void SetProperty(LinkProperty property, int value);
-  void AskAboutClosedPort();
   void SetPort(bool open);
-  bool WaitReply(double replyWait, std::string_view code);
-  bool DropLateReply(std::string_view code);
+  [[nodiscard]] bool WaitReply(double replyWait, std::string_view code);
+  [[nodiscard]] bool DropLateReply(std::string_view code);
+  [[nodiscard]] Reply TakeReply();
 
   EcrLink& control_;
   const AppSettings& settings_;
   Logs& logs_;
-  OperatorMessages& messages_;
-  PortDialog& portDialog_;
+  LinkDialogs& dialogs_;
   EventLoop& loop_;
   const Clock& clock_;
   int endOfTextWait_ = 0;
   bool reapply_ = false;
+  std::string ReplyText;           ///< The last reply: as it was delivered, or empty (none, or taken).
+  bool ReplyArrived = false;       ///< Set by the control's events, cleared before each transmission.
+  std::string code_;               ///< The last command's code.
   bool waiting_ = false;           ///< A command is under way.
   bool endBeforeSending_ = false;  ///< See EndBeforeSending.
   std::set<std::string, std::less<>>
-      unanswered_;  ///< Codes of commands given up whose replies may still come.
+      unanswered_;  ///< Codes of commands given up whose replies may still arrive.
 };
 
 /// While one lives, DeviceLink::AwaitDevice throws ProgramEnd once the end of the program is asked for, also
 /// where the register is ready: no further command goes out.
-class EndBeforeSending {
+class [[nodiscard]] EndBeforeSending {
  public:
   explicit EndBeforeSending(DeviceLink& link) : link_(link) { link_.endBeforeSending_ = true; }
   ~EndBeforeSending() { link_.endBeforeSending_ = false; }

@@ -1,15 +1,19 @@
 #include "device/error_recovery.h"
 
+#include <array>
+
 #include "core/catalogue.h"
 #include "core/text.h"
-#include "device/device_link.h"
+#include "device/reply_policy.h"
 #include "ui/choice_dialog.h"
 
 namespace orvenza {
 namespace {
 
-/// Longest part of a ticket line that a dialog carries.
+/// Longest part of a ticket line shown in a dialog.
 constexpr std::size_t kShownLine = 60;
+/// `OperatorChoice` for the first of the options.
+constexpr int kFirstOption = 2;
 
 }  // namespace
 
@@ -17,32 +21,29 @@ ErrorRecovery::ErrorRecovery(const ErrorTexts& texts, CashDialogues& cash, Opera
                              std::string caption)
     : texts_(texts), cash_(cash), person_(person), logs_(logs), caption_(std::move(caption)) {}
 
-int ErrorRecovery::DecodeDeviceError(std::string& reply, const std::string& commandLine, bool offerChoices) {
-  if (reply.empty()) reply = "ERR..";
-  if (!IsErrorReply(reply)) return recovery::kNothing;
-  const std::string_view code = Right(reply, 2);
-  if (code == "01" || code == "02") return SettlePaperOut(code == "01");
-  if (code == "11") {
+Decision ErrorRecovery::DecodeDeviceError(const Reply& reply, const std::string& commandLine,
+                                          Choices choices) {
+  if (reply_policy::Answered(reply)) return Decision::kNothing;
+  if (reply.Is(Reply::Kind::kPaperOut)) return SettlePaperOut(reply.Code() == "01");
+  if (reply.Is(Reply::Kind::kRefused) && reply.Code() == "11") {
     LogSequenceError();
     cash_.InvioVOID();
-    return recovery::kNothing;
+    return Decision::kNothing;
   }
   ChoiceContent form = DescribeError(reply, commandLine);
-  if (offerChoices) AddChoices(form);
-  const int result = Ask(form);
-  if (result >= recovery::kPrinted) reply.clear();
-  return result;
+  if (choices == Choices::kOffered) AddChoices(form);
+  return Ask(form);
 }
 
-int ErrorRecovery::SettlePaperOut(bool journalPaper) {
+Decision ErrorRecovery::SettlePaperOut(bool journalPaper) {
   logs_.WrErr(texts_.MessageText(journalPaper ? MessageId::kJournalPaperOut : MessageId::kReceiptPaperOut));
   ChoiceContent form;
   form.heading = texts_.MessageText(journalPaper ? MessageId::kJournalPaperOutWarning
                                                  : MessageId::kReceiptPaperOutWarning);
   form.text = texts_.MessageText(MessageId::kReplacePaper);
-  const int result = Ask(form);
+  const Decision decision = Ask(form);
   cash_.InvioRIAVVIO();
-  return result;
+  return decision;
 }
 
 void ErrorRecovery::LogSequenceError() {
@@ -50,19 +51,18 @@ void ErrorRecovery::LogSequenceError() {
   logs_.WrErr(texts_.MessageText(MessageId::kVoidingReceipt));
 }
 
-ChoiceContent ErrorRecovery::DescribeError(std::string_view reply, const std::string& commandLine) {
-  const std::string_view code = Right(reply, 2);
+ChoiceContent ErrorRecovery::DescribeError(const Reply& reply, const std::string& commandLine) {
   ChoiceContent form;
   form.heading = LoadMessage(MessageId::kEcrErrorWarning);
-  if (code == ".." || IsLinkError(reply)) {
+  if (reply.Is(Reply::Kind::kSilence) || reply.Is(Reply::Kind::kLinkError) || reply.Code() == "..") {
     form.text = LoadMessage(MessageId::kNoReplyMisspelt);
     logs_.WrErr(std::string(form.text));
-  } else if (code == "**") {
+  } else if (reply.Is(Reply::Kind::kInvalidLine)) {
     logs_.WrErr(LoadMessage(MessageId::kInvalidLine) + " " + LoggedLine(commandLine));
     form.heading = LoadMessage(MessageId::kInvalidLine) + " " + ShownLine(commandLine, kShownLine);
     form.text = LoadMessage(MessageId::kInvalidReceiptLine);
   } else {
-    form.text = TableText(code);
+    form.text = TableText(reply.Code());
     logs_.WrErr(LoadMessage(MessageId::kEcrError) + " " + form.text);
   }
   return form;
@@ -70,9 +70,8 @@ ChoiceContent ErrorRecovery::DescribeError(std::string_view reply, const std::st
 
 std::string ErrorRecovery::TableText(std::string_view code) {
   // A code outside the table is an error of its own in the log; the operator decides about it all the same.
-  std::string text;
-  logs_.Attempt("DecodeDeviceError - ", [&] { text = texts_.EcrErrorText(LeadingInteger(code)); });
-  return text;
+  const auto find = [&] { return texts_.EcrErrorText(LeadingInteger(code)); };
+  return logs_.Attempt("DecodeDeviceError - ", find).value_or("");
 }
 
 void ErrorRecovery::AddChoices(ChoiceContent& form) const {
@@ -82,16 +81,16 @@ void ErrorRecovery::AddChoices(ChoiceContent& form) const {
   form.selected = 2;
 }
 
-int ErrorRecovery::Ask(const ChoiceContent& content) {
+Decision ErrorRecovery::Ask(const ChoiceContent& content) {
   ChoiceContent form = content;
   form.caption = caption_;
   form.button = texts_.MessageText(MessageId::kOkButton);
   OperatorChoice = 0;
   OperatorChoice = ShowChoiceDialog(person_, form);
-  if (OperatorChoice < recovery::kPrinted) return recovery::kGoOn;
-  const auto option = static_cast<std::size_t>(OperatorChoice - recovery::kPrinted);
+  if (OperatorChoice < kFirstOption) return Decision::kGoOn;
+  const auto option = static_cast<std::size_t>(OperatorChoice - kFirstOption);
   logs_.WrErr(LoadMessage(MessageId::kOperatorAnswer) + " " + form.options.at(option));
-  return OperatorChoice;
+  return std::array{Decision::kPrinted, Decision::kReprint, Decision::kAbort}.at(option);
 }
 
 }  // namespace orvenza

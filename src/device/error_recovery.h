@@ -10,37 +10,39 @@
 namespace orvenza {
 
 /// What follows from an error reply, by the operator's answer.
-namespace recovery {
-inline constexpr int kNothing = 0;  ///< Not an error, or the receipt was voided at once.
-inline constexpr int kGoOn = 1;     ///< Paper-out restart sent, or the form closed without a choice.
-inline constexpr int kPrinted = 2;  ///< The receipt is printed: finish the file.
-inline constexpr int kReprint = 3;  ///< Void and print the receipt again.
-inline constexpr int kAbort = 4;    ///< Give the receipt up.
-}  // namespace recovery
+enum class Decision {
+  kNothing,  ///< Not an error, or the receipt was voided at once.
+  kGoOn,     ///< Paper-out restart sent, or the form closed without a choice.
+  kPrinted,  ///< The receipt is printed: finish the file.
+  kReprint,  ///< Void and print the receipt again.
+  kAbort,    ///< Give the receipt up.
+};
 
-/// The dialogue that settles an error reply with the operator.
+/// Whether the operator may choose between printed, reprint and abort.
+enum class Choices { kNone, kOffered };
+
+/// Resolves an error reply with the operator.
 class ErrorRecovery {
  public:
-  /// `caption` is the title of the form.
+  /// `caption` is the dialog's title.
   ErrorRecovery(const ErrorTexts& texts, CashDialogues& cash, Operator& person, Logs& logs,
                 std::string caption);
 
-  /// The choice last made: 0 or 1 none, 2 to 4 the options in their order.
+  /// The last choice: 0 or 1 none, 2 to 4 the options in order.
   int OperatorChoice = 0;
 
-  /// Classifies `reply`, writes it to the error log, shows the form that it needs and returns one of the
-  /// results above. `commandLine` is the ticket line that was being sent; `offerChoices` whether the operator
-  /// may choose between printed, reprint and abort. An empty `reply` becomes "ERR.."; it is emptied when a
-  /// choice settled it.
-  int DecodeDeviceError(std::string& reply, const std::string& commandLine, bool offerChoices);
+  /// Writes an error, or silence, to the error log, shows the form that it needs and returns what the
+  /// operator decides. `commandLine` is the ticket line that was being sent.
+  [[nodiscard]] Decision DecodeDeviceError(const Reply& reply, const std::string& commandLine,
+                                           Choices choices);
 
  private:
-  int SettlePaperOut(bool journalPaper);
+  Decision SettlePaperOut(bool journalPaper);
   void LogSequenceError();
-  ChoiceContent DescribeError(std::string_view reply, const std::string& commandLine);
+  ChoiceContent DescribeError(const Reply& reply, const std::string& commandLine);
   std::string TableText(std::string_view code);
   void AddChoices(ChoiceContent& form) const;
-  int Ask(const ChoiceContent& form);
+  Decision Ask(const ChoiceContent& form);
 
   const ErrorTexts& texts_;
   CashDialogues& cash_;

@@ -8,23 +8,23 @@
 
 namespace orvenza {
 
-/// The texts of the register's errors, and the texts of the error dialog with the shop's own replacements.
+/// The texts of the register's errors, and those of the error dialog with the shop's own replacements.
 class ErrorTexts {
  public:
-  /// `errDescPath` is the path of `ErrDesc.ini`, which need not exist, nor be readable.
+  /// `errDescPath` is the path of `ErrDesc.ini`, which may be missing or unreadable.
   ErrorTexts(const ProfileFile& profile, std::string errDescPath);
 
   /// The replacement of message `id` in `ErrDesc.ini`; empty when there is none. Never fails.
   std::string ErrorDescription(MessageId id) const;
 
-  /// The replacement of message `id`, or else the catalogue's text.
+  /// The replacement of message `id`, otherwise the catalogue's text.
   std::string MessageText(MessageId id) const;
 
   /// Fills the error table from the catalogue.
   void LoadEcrErrorTable();
 
-  /// The register's error text by code, which stands in front of it; empty for 0 and 32 to 50. Throws
-  /// SystemError 9 for a code outside 0 to 50.
+  /// The register's error text for `code`, preceded by the code; empty for 0 and 32 to 50. Throws SystemError
+  /// 9 for a code outside 0 to 50.
   const std::string& EcrErrorText(int code) const;
 
  private:

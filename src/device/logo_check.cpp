@@ -8,11 +8,11 @@
 namespace orvenza {
 namespace {
 
-/// Bytes up to the end of the last field that is looked at.
+/// Bytes up to the end of the last header field read.
 constexpr std::size_t kHeaderLength = 30;
 
 /// The first bytes of the file, fewer when it is shorter.
-std::string ReadHeader(const Files& files, const std::string& path) {
+std::string ReadHeader(const FileReader& files, const std::string& path) {
   const std::unique_ptr<ByteReader> reader = files.OpenForReading(path);
   std::array<char, kHeaderLength> header{};
   std::size_t length = 0;
@@ -50,16 +50,16 @@ std::uint32_t LogoHeaderValue(std::string_view bytes) {
   return number;
 }
 
-std::optional<std::uint32_t> LogoRows(const Files& files, const std::string& path) {
+std::optional<std::uint32_t> LogoRows(const FileReader& files, const std::string& path) {
   try {
     if (files.Exists(path)) return RowsInHeader(ReadHeader(files, path));
   } catch (const SystemError&) {
-    // One that cannot be read is no logo.
+    // An unreadable file is not a logo.
   }
   return {};
 }
 
-bool IsValidLogoBitmap(const Files& files, const std::string& path) {
+bool IsValidLogoBitmap(const FileReader& files, const std::string& path) {
   return LogoRows(files, path).has_value();
 }
 

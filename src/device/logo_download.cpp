@@ -6,12 +6,13 @@
 
 #include "core/catalogue.h"
 #include "device/logo_check.h"
+#include "device/reply_policy.h"
 #include "platform/system_error.h"
 
 namespace orvenza {
 namespace {
 
-/// How often a row is sent again without anybody having been asked.
+/// How often a row is sent again without a question to the operator.
 constexpr int kSilentRepeats = 3;
 
 std::string Hexadecimal(std::string_view bytes) {
@@ -33,7 +34,7 @@ std::string RowCommand(const std::string& number, std::size_t counter, const std
 
 }  // namespace
 
-std::vector<std::string> ReadLogoRows(const Files& files, const std::string& path) {
+std::vector<std::string> ReadLogoRows(const FileReader& files, const std::string& path) {
   const std::optional<std::uint32_t> count = LogoRows(files, path);
   const std::size_t length = kLogoDataOffset + count.value_or(0) * kLogoRowBytes;
   const std::string bytes = ReadWhole(files, path, length);
@@ -48,9 +49,8 @@ std::vector<std::string> ReadLogoRows(const Files& files, const std::string& pat
 
 bool LogoDownload::Download(const std::string& number, const std::string& path,
                             const std::string& commandLine, const std::function<void()>& givenUp) {
-  std::vector<std::string> rows;
-  const bool read = logs_.Attempt("Trasmissione ", [&] { rows = ReadLogoRows(files_, path); });
-  if (read && SendRows(number, rows, commandLine, givenUp)) return true;
+  const auto rows = logs_.Attempt("Trasmissione ", [&] { return ReadLogoRows(files_, path); });
+  if (rows && SendRows(number, *rows, commandLine, givenUp)) return true;
   messages_.ShowOperatorMessage(LoadMessage(MessageId::kCheckPower), {MessageIcon::kExclamation},
                                 LoadMessage(MessageId::kWarning));
   return false;
@@ -60,23 +60,23 @@ bool LogoDownload::SendRows(const std::string& number, const std::vector<std::st
                             const std::string& commandLine, const std::function<void()>& givenUp) {
   int silentRepeats = 0;
   for (std::size_t row = 0; row < rows.size();) {
-    link_.Exchange(RowCommand(number, row + 1, rows[row]));
-    if (!link_.ReplyText.empty() && !IsErrorReply(link_.ReplyText)) {
+    const Reply reply = link_.Exchange(RowCommand(number, row + 1, rows[row]));
+    if (reply_policy::Answered(reply)) {
       ++row;
       silentRepeats = 0;
       continue;
     }
-    const int decision = recovery_.DecodeDeviceError(link_.ReplyText, commandLine, true);
-    if (decision == recovery::kAbort) givenUp();
+    const Decision decision = recovery_.DecodeDeviceError(reply, commandLine, Choices::kOffered);
+    if (decision == Decision::kAbort) givenUp();
     link_.Bounce();
     switch (decision) {
-      case recovery::kPrinted: ++row; break;
-      case recovery::kReprint: row = 0; break;
-      case recovery::kAbort: return false;
-      case recovery::kNothing:
+      case Decision::kPrinted: ++row; break;
+      case Decision::kReprint: row = 0; break;
+      case Decision::kAbort: return false;
+      case Decision::kNothing:
         if (++silentRepeats > kSilentRepeats) return false;
         break;
-      default: break;
+      case Decision::kGoOn: break;
     }
   }
   return true;

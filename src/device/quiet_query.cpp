@@ -5,25 +5,23 @@
 
 namespace orvenza {
 
-bool QuietQuery(DeviceLink& link, Logs& logs, std::string_view code, std::string_view data) {
+Reply QuietQuery(DeviceLink& link, Logs& logs, std::string_view code, std::string_view data) {
   if (!link.Present()) {
-    link.ReplyText.clear();
     logs.WrErr(LoadMessage(MessageId::kDeviceOff));
-    return false;
+    return {};
   }
-  link.Transmit(std::string(code).append(data));
-  if (link.ReplyText.starts_with(code)) return true;
-  logs.WrErr(QueryFailureText(link.ReplyText, code));
-  return false;
+  const Reply reply = link.Transmit(std::string(code).append(data));
+  if (!reply.Is(Reply::Kind::kDone)) logs.WrErr(QueryFailureText(reply));
+  return reply;
 }
 
-std::string QueryFailureText(std::string_view reply, std::string_view code) {
-  if (reply.starts_with(code)) return {};
-  if (reply.empty()) return LoadMessage(MessageId::kNoReply);
-  const std::string shown = FromWindows1252(reply);
-  if (IsLinkError(reply)) return LoadMessage(MessageId::kCommunicationError) + " " + shown;
-  if (IsErrorReply(reply)) return LoadMessage(MessageId::kEcrError) + " " + shown;
-  return LoadMessage(MessageId::kWrongReply);
+std::string QueryFailureText(const Reply& reply) {
+  if (reply.Is(Reply::Kind::kSilence)) return LoadMessage(MessageId::kNoReply);
+  if (!reply.IsError()) return LoadMessage(MessageId::kWrongReply);
+  const std::string shown = " " + FromWindows1252(reply.Text());
+  return (reply.Is(Reply::Kind::kLinkError) ? LoadMessage(MessageId::kCommunicationError)
+                                            : LoadMessage(MessageId::kEcrError)) +
+         shown;
 }
 
 }  // namespace orvenza

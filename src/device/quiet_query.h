@@ -7,12 +7,12 @@
 
 namespace orvenza {
 
-/// One query of the register that shows nothing to the operator: sends `code` and `data` once and returns
-/// whether the reply, in `ReplyText`, is an answer to it. Any failure is one line in the error log.
-bool QuietQuery(DeviceLink& link, Logs& logs, std::string_view code, std::string_view data);
+/// One query of the register that shows nothing to the operator: sends `code` and `data` once. Any failure, a
+/// register that is not there included, is one line in the error log.
+[[nodiscard]] Reply QuietQuery(DeviceLink& link, Logs& logs, std::string_view code, std::string_view data);
 
-/// The error-log text for a reply to the query `code` that is no answer: silence, a link error, a device
-/// error, a reply to something else.
-std::string QueryFailureText(std::string_view reply, std::string_view code);
+/// The error-log text for the reply to a query that is no answer: silence, a link error, a device error, a
+/// reply to something else.
+[[nodiscard]] std::string QueryFailureText(const Reply& reply);
 
 }  // namespace orvenza

@@ -4,8 +4,8 @@
 
 #include "core/catalogue.h"
 #include "core/text.h"
-#include "device/end_confirmation.h"
 #include "device/quiet_query.h"
+#include "ui/end_confirmation.h"
 
 namespace orvenza {
 namespace {
@@ -17,113 +17,94 @@ constexpr const char* kIdentity = "1999";
 constexpr const char* kClock = "4201";
 constexpr const char* kFirstData = "00";
 constexpr const char* kSecondData = "01";
-constexpr const char* kGaveUp = "-";
-constexpr const char* kQuiet = "*";
 
-bool EndsWithCode(const std::string& reply, const char* code) {
-  return IsErrorReply(reply) && reply.ends_with(code);
+/// Whether a status query is to be sent again in its other form.
+bool WantsOtherForm(const std::string& code, const Reply& reply) {
+  return code == kStatus && reply.IsError("16");
 }
 
 }  // namespace
 
 RegisterQueries::RegisterQueries(DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery,
-                                 OperatorMessages& messages, PortDialog& portDialog,
-                                 const AppSettings& settings, Logs& logs, EventLoop& loop, PollTimer& timer,
-                                 RegisterIdentity& identity)
+                                 LinkDialogs& dialogs, Logs& logs, EventLoop& loop, PollTimer& timer)
     : link_(link),
       cash_(cash),
       recovery_(recovery),
-      messages_(messages),
-      portDialog_(portDialog),
-      settings_(settings),
+      dialogs_(dialogs),
       logs_(logs),
       loop_(loop),
-      timer_(timer),
-      identity_(identity) {}
+      timer_(timer) {}
 
-std::string RegisterQueries::StatusQuery(const std::string& argument) {
-  std::string answer = Query(kStatus, argument);
-  if (argument == kQuiet && !answer.empty() && settings_.PcTimeCorrection > 0) ClockQuery(kQuiet);
-  return answer;
-}
+std::optional<std::string> RegisterQueries::StatusQuery(Asking asking) { return Query(kStatus, asking); }
 
-std::string RegisterQueries::IdentityQuery(const std::string& argument) {
+std::optional<std::string> RegisterQueries::IdentityQuery(Asking asking) {
   identity_ = RegisterIdentity{};
-  std::string answer = Query(kIdentity, argument);
-  if (!answer.empty() && answer != kGaveUp) LearnIdentity(answer);
-  return answer;
+  auto reply = Query(kIdentity, asking);
+  if (reply) LearnIdentity(*reply);
+  return reply;
 }
 
-std::string RegisterQueries::ClockQuery(const std::string& argument) { return Query(kClock, argument); }
+std::optional<std::string> RegisterQueries::ClockQuery(Asking asking) { return Query(kClock, asking); }
 
-std::string RegisterQueries::Query(const std::string& code, const std::string& argument) {
-  if (argument != kQuiet) return AttendedQuery(code);
-  bool answered = QuietQuery(link_, logs_, code, kFirstData);
-  if (!answered && code == kStatus && EndsWithCode(link_.ReplyText, "16")) {
-    answered = QuietQuery(link_, logs_, code, kSecondData);
-  }
-  return answered ? link_.ReplyText : std::string();
+std::optional<std::string> RegisterQueries::Query(const std::string& code, Asking asking) {
+  return asking == Asking::kQuiet ? QuietlyQuery(code) : AttendedQuery(code);
 }
 
-std::string RegisterQueries::AttendedQuery(const std::string& code) {
+std::optional<std::string> RegisterQueries::QuietlyQuery(const std::string& code) {
+  Reply reply = QuietQuery(link_, logs_, code, kFirstData);
+  if (WantsOtherForm(code, reply)) reply = QuietQuery(link_, logs_, code, kSecondData);
+  if (!reply.Is(Reply::Kind::kDone)) return std::nullopt;
+  return reply.Text();
+}
+
+std::optional<std::string> RegisterQueries::AttendedQuery(const std::string& code) {
   std::string data = kFirstData;
   for (;;) {
     loop_.CheckEnd();
     link_.ApplyChangedSettings();
     if (!link_.DeviceReady()) {
       // Three alarms went unheeded: the operator may give the register up.
-      if (!link_.Present() && !AskRetry(LoadMessage(MessageId::kNoReply))) return kGaveUp;
+      if (!link_.Present() && !AskRetry(LoadMessage(MessageId::kNoReply))) return std::nullopt;
       continue;
     }
-    link_.Transmit(code + data);
-    if (link_.ReplyText.starts_with(code)) return link_.ReplyText;
-    if (!SettleReply(code, data)) return kGaveUp;
+    const Reply reply = link_.Transmit(code + data);
+    if (reply.Is(Reply::Kind::kDone)) return reply.Text();
+    if (data == kFirstData && WantsOtherForm(code, reply)) {
+      data = kSecondData;
+    } else if (!SettleFailure(reply)) {
+      return std::nullopt;
+    }
   }
 }
 
-bool RegisterQueries::SettleReply(const std::string& code, std::string& data) {
-  std::string& reply = link_.ReplyText;
-  if (code == kStatus && data == kFirstData && EndsWithCode(reply, "16")) {
-    data = kSecondData;
-    return true;
-  }
-  if (EndsWithCode(reply, "17")) {
+bool RegisterQueries::SettleFailure(const Reply& reply) {
+  if (reply.IsError("17")) {
     VoidOpenReceipt();
     return true;
   }
-  const bool deviceError = IsErrorReply(reply) && !IsLinkError(reply);
+  const bool deviceError = reply.IsError() && !reply.Is(Reply::Kind::kLinkError);
   // A decoding that settled the error in silence is followed by a question, so that a register that goes on
   // refusing does not keep the program busy unseen.
-  if (deviceError && recovery_.DecodeDeviceError(reply, {}, false) != recovery::kNothing) {
+  if (deviceError && recovery_.DecodeDeviceError(reply, {}, Choices::kNone) != Decision::kNothing) {
     ReopenLink();
     return true;
   }
-  return AskRetry(deviceError ? LoadMessage(MessageId::kWrongReply) : QueryFailureText(reply, code));
+  return AskRetry(deviceError ? LoadMessage(MessageId::kWrongReply) : QueryFailureText(reply));
 }
 
 bool RegisterQueries::AskRetry(const std::string& text) {
-  logs_.WrErr(std::string(text));
-  const MessageResult answer =
-      messages_.ShowOperatorMessage(text, {MessageIcon::kInformation, MessageButtons::kRetryCancelConfigure},
-                                    LoadMessage(MessageId::kCommunicationWarning));
-  if (answer == MessageResult::kConfigure) portDialog_.Show();
-  if (answer == MessageResult::kCancel && ConfirmEnd(messages_, MessageIcon::kStop)) {
-    logs_.WrErr(LoadMessage(MessageId::kLinkCancelled));
-    return false;
-  }
+  if (!dialogs_.AskRetry(text)) return false;
   ReopenLink();
   return true;
 }
 
 void RegisterQueries::ReopenLink() {
   const PollingPause pause(timer_);
-  link_.Reopen(settings_.TimeWaitForEtx);
+  link_.Reopen();
 }
 
 void RegisterQueries::VoidOpenReceipt() {
-  const std::string text =
-      LoadMessage(MessageId::kSendingVoid) + std::string(kLineBreak) + LoadMessage(MessageId::kCheckKey);
-  messages_.ShowOperatorMessage(text, {MessageIcon::kExclamation}, LoadMessage(MessageId::kWarning));
+  dialogs_.AnnounceVoid();
   cash_.InvioVOID();
   loop_.Pause(1000ms);
   ReopenLink();

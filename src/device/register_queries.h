@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/event_loop.h"
@@ -13,31 +14,37 @@
 
 namespace orvenza {
 
-/// The register queries that run with the operator in the loop. Each is attended (empty argument: a failure
-/// is shown with the choice to try again) or quiet (argument "*": nothing is shown, the first failure ends
-/// it). Each returns a non-empty text on success, "-" when the operator gave up, and an empty text when a
-/// quiet query failed.
+/// How a query meets a failure.
+enum class Asking {
+  kAttended,  ///< Shown to the operator, who may try again or give up.
+  kQuiet,     ///< Nothing is shown, and the first failure ends the query.
+};
+
+/// What the program asks the register. Each query returns the register's reply; nothing when the operator
+/// gave an attended one up, or a quiet one failed.
 class RegisterQueries {
  public:
-  RegisterQueries(DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery, OperatorMessages& messages,
-                  PortDialog& portDialog, const AppSettings& settings, Logs& logs, EventLoop& loop,
-                  PollTimer& timer, RegisterIdentity& identity);
+  RegisterQueries(DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery, LinkDialogs& dialogs,
+                  Logs& logs, EventLoop& loop, PollTimer& timer);
 
-  /// Whether the register answers. The quiet form, where corrections of the PC clock are switched on, goes on
-  /// to the clock query, whose reply is then in `ReplyText`.
-  std::string StatusQuery(const std::string& argument);
+  /// Whether the register answers.
+  [[nodiscard]] std::optional<std::string> StatusQuery(Asking asking);
 
   /// Learns model and release; a failure leaves the model blank.
-  std::string IdentityQuery(const std::string& argument);
+  [[nodiscard]] std::optional<std::string> IdentityQuery(Asking asking);
 
-  /// The register's time of day, in `ReplyText`: hours and minutes at characters 11 to 14.
-  std::string ClockQuery(const std::string& argument);
+  /// The register's time of day: hours and minutes at characters 11 to 14 of the reply.
+  [[nodiscard]] std::optional<std::string> ClockQuery(Asking asking);
+
+  /// What the identity query has learned.
+  [[nodiscard]] const RegisterIdentity& Identity() const { return identity_; }
 
  private:
-  std::string Query(const std::string& code, const std::string& argument);
-  std::string AttendedQuery(const std::string& code);
-  bool SettleReply(const std::string& code, std::string& data);
-  bool AskRetry(const std::string& text);
+  [[nodiscard]] std::optional<std::string> Query(const std::string& code, Asking asking);
+  [[nodiscard]] std::optional<std::string> QuietlyQuery(const std::string& code);
+  [[nodiscard]] std::optional<std::string> AttendedQuery(const std::string& code);
+  [[nodiscard]] bool SettleFailure(const Reply& reply);
+  [[nodiscard]] bool AskRetry(const std::string& text);
   void ReopenLink();
   void VoidOpenReceipt();
   void LearnIdentity(const std::string& reply);
@@ -45,13 +52,11 @@ class RegisterQueries {
   DeviceLink& link_;
   CashDialogues& cash_;
   ErrorRecovery& recovery_;
-  OperatorMessages& messages_;
-  PortDialog& portDialog_;
-  const AppSettings& settings_;
+  LinkDialogs& dialogs_;
   Logs& logs_;
   EventLoop& loop_;
   PollTimer& timer_;
-  RegisterIdentity& identity_;
+  RegisterIdentity identity_;
 };
 
 }  // namespace orvenza

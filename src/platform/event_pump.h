@@ -18,6 +18,13 @@ class EventPump {
   /// Sleeps until an event arrives, at most `limit`, then delivers the waiting events. Returns early after
   /// the first delivery, so callers that must wait the whole time check the clock and call again.
   virtual void WaitForEvent(std::chrono::nanoseconds limit) = 0;
+
+  /// Passes over whole slices of a wait in which nothing can happen: those that end before the uptime `until`
+  /// and before the next event. Only virtual time can be passed over, and knows what comes next.
+  virtual void SkipIdle(std::chrono::nanoseconds slice, std::chrono::nanoseconds until) {
+    static_cast<void>(slice);
+    static_cast<void>(until);
+  }
 };
 
 /// Runs actions later, from inside the event pump.

@@ -1,18 +1,13 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <array>
 
 #include "platform/system_error.h"
 
 namespace orvenza {
-namespace {
 
-/// Size of the first read; later ones double the buffer. Most files are small.
-constexpr std::size_t kPiece = 4 * 1024;
-
-}  // namespace
-
-bool MayExist(const Files& files, const std::string& path) {
+bool MayExist(const FileReader& files, const std::string& path) {
   try {
     return files.Exists(path);
   } catch (const SystemError&) {
@@ -20,15 +15,14 @@ bool MayExist(const Files& files, const std::string& path) {
   }
 }
 
-std::string ReadWhole(const Files& files, const std::string& path, std::size_t limit) {
-  std::string bytes;
+std::string ReadWhole(const FileReader& files, const std::string& path, std::size_t limit) {
   const auto reader = files.OpenForReading(path);
-  for (std::size_t got = 1; got > 0 && bytes.size() < limit;) {
-    const std::size_t filled = bytes.size();
-    const std::size_t piece = std::min(std::max(kPiece, filled), limit - filled);
-    bytes.resize(filled + piece);
-    got = reader->Read(bytes.data() + filled, piece);
-    bytes.resize(filled + got);
+  std::array<char, 16 * 1024> piece;
+  std::string bytes;
+  while (bytes.size() < limit) {
+    const std::size_t got = reader->Read(piece.data(), std::min(piece.size(), limit - bytes.size()));
+    if (got == 0) break;
+    bytes.append(piece.data(), got);
   }
   return bytes;
 }

@@ -16,7 +16,7 @@ class ByteReader {
   virtual ~ByteReader() = default;
 
   /// Reads up to `capacity` bytes and returns how many; 0 at the end of the file. Throws SystemError.
-  virtual std::size_t Read(char* buffer, std::size_t capacity) = 0;
+  [[nodiscard]] virtual std::size_t Read(char* buffer, std::size_t capacity) = 0;
 };
 
 /// A ByteReader of a text in memory.
@@ -34,11 +34,11 @@ class TextBytes : public ByteReader {
   std::size_t next_ = 0;
 };
 
-/// The connector's file operations. Paths are UTF-8 with "\" as separator. Every operation throws SystemError
+/// Looks at files and reads them. Paths are UTF-8 with "\" as separator. Every operation throws SystemError
 /// when it fails.
-class Files {
+class FileReader {
  public:
-  virtual ~Files() = default;
+  virtual ~FileReader() = default;
 
   /// True when `path` names an existing file that is not a folder; false when the system says that there is
   /// none. A check that fails for another reason (missing rights, a disk or share in trouble) throws
@@ -49,7 +49,11 @@ class Files {
   virtual std::uintmax_t Size(const std::string& path) const = 0;
 
   virtual std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const = 0;
+};
 
+/// The connector's file operations, under the same rules.
+class Files : public FileReader {
+ public:
   /// Appends `text` to the file and creates it when missing. On return the text is with the operating system:
   /// ending the process loses nothing.
   virtual void Append(const std::string& path, std::string_view text) = 0;
@@ -80,15 +84,15 @@ class Files {
 inline constexpr std::string_view kUnfinishedSuffix = ".orv~";
 
 /// Whether the file exists or may exist: a failed check counts as a file. Never fails.
-bool MayExist(const Files& files, const std::string& path);
+[[nodiscard]] bool MayExist(const FileReader& files, const std::string& path);
 
 /// The first `limit` bytes of a file, or all of a shorter one. Throws SystemError.
-std::string ReadWhole(const Files& files, const std::string& path,
-                      std::size_t limit = std::numeric_limits<std::size_t>::max());
+[[nodiscard]] std::string ReadWhole(const FileReader& files, const std::string& path,
+                                    std::size_t limit = std::numeric_limits<std::size_t>::max());
 
 /// Renames a file, or copies it where it cannot be renamed. True when it was renamed, so that nothing is left
 /// at the old path. Throws SystemError when both fail.
-bool MoveOrCopy(Files& files, const std::string& from, const std::string& to);
+[[nodiscard]] bool MoveOrCopy(Files& files, const std::string& from, const std::string& to);
 
 /// Removes a file, even a read-only one. Throws SystemError.
 void RemoveReadOnlyToo(Files& files, const std::string& path);

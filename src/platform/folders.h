@@ -58,9 +58,9 @@ class Folders {
 };
 
 /// Whether the folder exists or may exist: a failed check counts as a folder. Never fails.
-bool MayExist(const Folders& folders, const std::string& path);
+[[nodiscard]] bool MayExist(const Folders& folders, const std::string& path);
 
 /// A folder or file path from the settings file, its separators turned into "\".
-std::string SettingsPath(std::string text);
+[[nodiscard]] std::string SettingsPath(std::string text);
 
 }  // namespace orvenza

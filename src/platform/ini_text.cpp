@@ -1,6 +1,7 @@
 #include "platform/ini_text.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "platform/utf16.h"
 
@@ -24,11 +25,12 @@ struct Place {
   std::optional<std::size_t> key;
 };
 
+bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
 std::string_view TrimBlanks(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\v\f\r\n";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 bool EndsLine(char c) { return c == '\r' || c == '\n'; }
@@ -36,6 +38,7 @@ bool EndsLine(char c) { return c == '\r' || c == '\n'; }
 /// The lines of `text`, each with its line break (CR LF, LF or CR).
 std::vector<std::string_view> SplitLines(std::string_view text) {
   std::vector<std::string_view> lines;
+  lines.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1);
   while (!text.empty()) {
     const auto end = std::find_if(text.begin(), text.end() - 1, EndsLine);
     auto length = static_cast<std::size_t>(end - text.begin()) + 1;
@@ -146,17 +149,39 @@ IniText::IniText(std::string_view bytes) {
   }
   bytes.remove_prefix(mark_.size());
   text_ = form_ == Form::kBytes ? std::string(bytes) : Utf8FromUtf16(bytes, form_ == Form::kUtf16BigEndian);
+  ListEntries();
 }
 
 std::optional<std::string> IniText::Value(const std::string& section, const std::string& key) const {
-  const auto lines = SplitLines(text_);
-  const auto place = Find(lines, section, key);
-  if (!place || !place->key) return std::nullopt;
-  return std::string(WithoutQuotes(ParseEntry(lines[*place->key])->value));
+  const std::string_view wanted = TrimBlanks(section);
+  const auto place = std::find_if(sections_.begin(), sections_.end(),
+                                  [&](std::string_view name) { return IsSameIniName(name, wanted); });
+  const std::string_view name = TrimBlanks(key);
+  const auto isWanted = [&, index = place - sections_.begin()](const IniEntry& entry) {
+    return entry.section == index && IsSameIniName(entry.key, name);
+  };
+  const auto found = std::find_if(entries_.begin(), entries_.end(), isWanted);
+  if (found == entries_.end()) return std::nullopt;
+  return std::string(found->value);
 }
 
 void IniText::Set(const std::string& section, const std::string& key, std::string_view value) {
   text_ = WithValue(text_, section, key, value);
+  ListEntries();
+}
+
+void IniText::ListEntries() {
+  const auto lines = SplitLines(text_);
+  sections_.clear();
+  entries_.clear();
+  entries_.reserve(lines.size());
+  for (const std::string_view line : lines) {
+    if (const auto section = SectionName(line)) {
+      sections_.push_back(*section);
+    } else if (const auto entry = ParseEntry(line); entry && !sections_.empty()) {
+      entries_.push_back({std::ssize(sections_) - 1, entry->name, WithoutQuotes(entry->value)});
+    }
+  }
 }
 
 std::vector<IniLine> IniText::Lines() const {

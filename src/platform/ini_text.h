@@ -27,6 +27,8 @@ bool IsSameIniName(std::string_view a, std::string_view b);
 class IniText : public ProfileContent {
  public:
   explicit IniText(std::string_view bytes = {});
+  IniText(const IniText&) = delete;
+  IniText& operator=(const IniText&) = delete;
 
   std::optional<std::string> Value(const std::string& section, const std::string& key) const override;
 
@@ -44,10 +46,20 @@ class IniText : public ProfileContent {
 
  private:
   enum class Form { kBytes, kUtf16, kUtf16BigEndian };
+  struct IniEntry {
+    std::ptrdiff_t section;  ///< In `sections_`.
+    std::string_view key;
+    std::string_view value;
+  };
+
+  void ListEntries();
 
   Form form_ = Form::kBytes;
   std::string_view mark_;  ///< The byte-order mark; may be empty.
   std::string text_;       ///< Converted to UTF-8 if the file is UTF-16.
+  // Views of `text_`.
+  std::vector<std::string_view> sections_;
+  std::vector<IniEntry> entries_;
 };
 
 }  // namespace orvenza

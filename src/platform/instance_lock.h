@@ -6,7 +6,7 @@
 namespace orvenza {
 
 /// Marks a program folder as served by this process, for as long as the object lives.
-class InstanceLock {
+class [[nodiscard]] InstanceLock {
  public:
   explicit InstanceLock(const std::string& programFolder);
   ~InstanceLock();
@@ -15,7 +15,7 @@ class InstanceLock {
 
   /// False when another running process serves the same folder. A folder that cannot be marked counts as
   /// free.
-  bool Acquired() const;
+  [[nodiscard]] bool Acquired() const;
 
  private:
   struct State;
@@ -23,6 +23,6 @@ class InstanceLock {
 };
 
 /// Whether a running process serves the folder. Only checks: sets no mark and leaves nothing behind.
-bool IsFolderServed(const std::string& programFolder);
+[[nodiscard]] bool IsFolderServed(const std::string& programFolder);
 
 }  // namespace orvenza

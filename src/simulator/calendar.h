@@ -7,6 +7,6 @@
 namespace orvenza {
 
 /// The date and time `delay` after the valid `time`.
-LocalTime Later(const LocalTime& time, std::chrono::seconds delay);
+[[nodiscard]] LocalTime Later(const LocalTime& time, std::chrono::seconds delay);
 
 }  // namespace orvenza

@@ -12,9 +12,7 @@ namespace orvenza {
 class CommandFields {
  public:
   /// `command` begins with its four-digit code and must outlive this object.
-  explicit CommandFields(std::string_view command) : code_(command.substr(0, 4)), rest_(command.substr(4)) {}
-
-  std::string_view Code() const { return code_; }
+  explicit CommandFields(std::string_view command) : rest_(command.substr(4)) {}
 
   /// A number of exactly `count` digits.
   std::int64_t Digits(std::size_t count);
@@ -34,13 +32,15 @@ class CommandFields {
   /// The literal characters `text`.
   void Literal(std::string_view text);
 
+  /// A mismatch unless `holds`.
+  void Require(bool holds) { fits_ = fits_ && holds; }
+
   /// Whether everything matched and nothing is left.
   bool Complete() const { return fits_ && rest_.empty(); }
 
  private:
   std::string_view Take(std::size_t count);
 
-  std::string_view code_;
   std::string_view rest_;
   bool fits_ = true;
 };

@@ -3,8 +3,6 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/command_fields.h"
-
 namespace orvenza {
 
 /// The error codes of the simulated register.
@@ -28,6 +26,6 @@ inline std::string Refusal(std::string_view code) {
 }
 
 /// The start of the reply to an executed command; the whole reply if it returns no data.
-inline std::string Done(const CommandFields& fields) { return std::string(fields.Code()) + "00"; }
+inline std::string Done(std::string_view code) { return std::string(code) + "00"; }
 
 }  // namespace orvenza

@@ -30,10 +30,6 @@ void Keep(std::deque<std::string>& list, std::string text) {
   if (list.size() > SimulatedLink::kKept) list.pop_front();
 }
 
-bool ReplacesExchange(FaultKind kind) {
-  return kind != FaultKind::kPaperOut && kind != FaultKind::kAbsent && kind != FaultKind::kPortFails;
-}
-
 }  // namespace
 
 SimulatedLink::SimulatedLink(SimulatedRegister& device, Scheduler& scheduler, FaultScript script)
@@ -102,32 +98,47 @@ SimulatedLink::Disturbance SimulatedLink::Disturb(const std::string& command) {
     if (occurrence < fault.first || occurrence - fault.first >= fault.times) continue;
     if (fault.kind == FaultKind::kPaperOut)
       disturbance.paperOut = fault.paper;
-    else if (!ReplacesExchange(fault.kind))
-      Strike(fault);
-    else if (disturbance.fault == nullptr)
+    else if (!Strike(fault) && disturbance.fault == nullptr)
       disturbance.fault = &fault;
   }
   return disturbance;
 }
 
-void SimulatedLink::Strike(const Fault& fault) {
-  if (fault.kind == FaultKind::kAbsent) absentReads_ = fault.number;
-  if (fault.kind == FaultKind::kPortFails) failingOpens_ = fault.number;
-  if (fault.kind == FaultKind::kPaperOut) device_.RunOutOfPaper(fault.paper);
+bool SimulatedLink::Strike(const Fault& fault) {
+  switch (fault.kind) {
+    case FaultKind::kAbsent: absentReads_ = fault.number; return true;
+    case FaultKind::kPortFails: failingOpens_ = fault.number; return true;
+    case FaultKind::kPaperOut: device_.RunOutOfPaper(fault.paper); return true;
+    case FaultKind::kReply:
+    case FaultKind::kSilence:
+    case FaultKind::kLinkError:
+    case FaultKind::kLoseReply:
+    case FaultKind::kLate: break;
+  }
+  return false;
 }
 
 void SimulatedLink::Transmitted(const std::string& command, const Disturbance& disturbance) {
   if (disturbance.paperOut) device_.RunOutOfPaper(*disturbance.paperOut);
-  Fault none;
-  none.kind = FaultKind::kLate;  // A delay of zero.
-  const Fault& fault = disturbance.fault == nullptr ? none : *disturbance.fault;
-  if (fault.kind == FaultKind::kSilence) return;
-  if (fault.kind == FaultKind::kLinkError) return RaiseLinkError(fault.number);
-  const std::string reply = fault.kind == FaultKind::kReply ? fault.text : device_.Execute(command);
-  if (fault.kind == FaultKind::kLoseReply) return;
+  if (disturbance.fault == nullptr) return Answer(command, device_.Execute(command));
+  const Fault& fault = *disturbance.fault;
+  switch (fault.kind) {
+    case FaultKind::kReply: return Answer(command, fault.text);
+    case FaultKind::kSilence: return;
+    case FaultKind::kLinkError: return RaiseLinkError(fault.number);
+    case FaultKind::kLoseReply: device_.Execute(command); return;
+    case FaultKind::kLate:
+      return Answer(command, device_.Execute(command), std::chrono::milliseconds(fault.number));
+    case FaultKind::kPaperOut:
+    case FaultKind::kAbsent:
+    case FaultKind::kPortFails: return;  // Struck already.
+  }
+}
+
+void SimulatedLink::Answer(const std::string& command, const std::string& reply,
+                           std::chrono::nanoseconds late) {
   // Measured over both texts together, so that rounding errors of the two parts do not add up.
-  auto delay = LineTime(command.size() + reply.size()) - LineTime(command.size());
-  if (fault.kind == FaultKind::kLate) delay += std::chrono::milliseconds(fault.number);
+  const auto delay = LineTime(command.size() + reply.size()) - LineTime(command.size()) + late;
   if (delay.count() == 0) return Deliver(reply);
   At(connection_, delay, [this, reply] { Deliver(reply); });
 }

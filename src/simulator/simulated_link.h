@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <cstddef>
-#include <cstdint>
 #include <deque>
 #include <functional>
 #include <map>
@@ -78,8 +77,11 @@ class SimulatedLink : public EcrLink {
   };
 
   Disturbance Disturb(const std::string& command);
-  void Strike(const Fault& fault);
+  /// Carries out a fault of the register, its paper or the port. False for one of an exchange.
+  bool Strike(const Fault& fault);
   void Transmitted(const std::string& command, const Disturbance& disturbance);
+  /// Sends `reply` to `command`, later than the line takes by `late`.
+  void Answer(const std::string& command, const std::string& reply, std::chrono::nanoseconds late = {});
   void Deliver(const std::string& reply);
   void RaiseLinkError(int number);
   /// Runs `action` after `delay`, unless the object behind `token` is gone by then.

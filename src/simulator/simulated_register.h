@@ -16,8 +16,8 @@
 
 namespace orvenza {
 
-class CommandFields;
-struct ItemLine;
+struct RegisterCommand;
+struct CommandData;
 
 /// A receipt that was closed or voided.
 struct PrintedReceipt {
@@ -42,8 +42,8 @@ class SimulatedRegister {
 
   SimulatedRegister(const Clock& clock, PaperRoll& paper, RegisterProfile profile = {});
 
-  /// Executes `command` and returns the reply text.
-  std::string Execute(const std::string& command);
+  /// Executes the command in `text` and returns the reply text.
+  std::string Execute(const std::string& text);
 
   /// The paper runs out now. The next printing command is still accepted, but its lines are held back and its
   /// reply is the paper's error. Further ones and the status query are refused with that error until "1149",
@@ -68,31 +68,24 @@ class SimulatedRegister {
   std::size_t LogoRows() const { return logoRows_; }
 
  private:
-  struct Rule;
-  static const Rule* FindRule(std::string_view code);
+  std::string CarryOut(const RegisterCommand& command, const CommandData& data);
+  std::string Status(const RegisterCommand& command) const;
+  std::string TimeOfDay(const RegisterCommand& command) const;
 
-  // One function per group of commands: reads the data and returns the reply.
-  std::string Status(CommandFields& fields);
-  std::string Identity(CommandFields& fields);
-  std::string TimeOfDay(CommandFields& fields);
-  std::string Restart(CommandFields& fields);
-  std::string Void(CommandFields& fields);
-  std::string Sell(CommandFields& fields);
-  std::string TakeBack(CommandFields& fields);
-  std::string ChangeItem(CommandFields& fields);
-  std::string ChangeTotal(CommandFields& fields);
-  std::string Subtotal(CommandFields& fields);
-  std::string Pay(CommandFields& fields);
-  std::string PrintText(CommandFields& fields);
-  std::string SetFootLine(CommandFields& fields);
-  std::string OpenDocument(CommandFields& fields);
-  std::string PrintInDocument(CommandFields& fields);
-  std::string CloseDocument(CommandFields& fields);
-  std::string MoveCash(CommandFields& fields);
-  std::string Report(CommandFields& fields);
-  std::string FiscalClosure(CommandFields& fields);
-  std::string LogoRow(CommandFields& fields);
-  std::string Accept(CommandFields& fields);
+  // One function per group of commands: returns the error code of a refusal, "" on success.
+  std::string_view Sell(const RegisterCommand& command, const CommandData& data);
+  std::string_view TakeBack(const RegisterCommand& command, const CommandData& data);
+  std::string_view ChangePrice(const RegisterCommand& command, const CommandData& data);
+  std::string_view Subtotal(const RegisterCommand& command);
+  std::string_view Pay(const RegisterCommand& command, const CommandData& data);
+  std::string_view Void();
+  std::string_view PrintText(const CommandData& data);
+  std::string_view MoveCash(const RegisterCommand& command, const CommandData& data);
+
+  void OpenDocument();
+  void Report(const RegisterCommand& command);
+  void FiscalClosure(const RegisterCommand& command);
+  void Restart();
 
   LocalTime Now() const;
   bool ReceiptFull() const;
@@ -101,7 +94,7 @@ class SimulatedRegister {
   void PutOnPaper(const std::string& line);
   void Print(const std::string& line);
   void PrintEntry(const std::string& line);
-  void PrintItem(const ItemLine& item, std::int64_t amount);
+  void PrintItem(const CommandData& item, std::int64_t amount);
   void PrintHead();
   void PrintEnd(std::string_view title);
   void PrintDay(const std::string& title);

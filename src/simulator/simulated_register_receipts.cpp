@@ -1,7 +1,6 @@
 #include <utility>
 
-#include "simulator/command_fields.h"
-#include "simulator/command_layouts.h"
+#include "simulator/commands.h"
 #include "simulator/paper_layout.h"
 #include "simulator/register_replies.h"
 #include "simulator/simulated_register.h"
@@ -10,127 +9,92 @@
 
 namespace orvenza {
 
-std::string SimulatedRegister::Void(CommandFields& fields) {
-  fields.OperatorDigits();
-  if (!fields.Complete()) return Refusal(refusal::kMalformed);
+std::string_view SimulatedRegister::Void() {
   // Once payment has begun, a receipt cannot be voided, only paid completely.
-  if (!ReceiptOpen() || (receipt_ && receipt_->Paying())) return Refusal(refusal::kOutOfSequence);
+  if (receipt_ && receipt_->Paying()) return refusal::kOutOfSequence;
   Print(Spread("ANNULLO", receipt_ ? FormatCents(-receipt_->Total()) : ""));
   if (receipt_) {
     EndReceipt(true);
   } else {
     EndDocument("DOCUMENTO ANNULLATO");
   }
-  return Done(fields);
+  return {};
 }
 
-std::string SimulatedRegister::Sell(CommandFields& fields) {
-  const ItemLine item = ReadItem(fields);
-  if (!fields.Complete() || !QuantityFits(fields.Code(), item.quantity)) return Refusal(refusal::kMalformed);
-  if (documentOpen_) return Refusal(refusal::kOutOfSequence);
+std::string_view SimulatedRegister::Sell(const RegisterCommand& command, const CommandData& data) {
   const bool opens = !receipt_;
   if (opens) receipt_.emplace();
-  const std::int64_t amount = PriceOf(item.price, item.quantity);
+  const std::int64_t amount = AmountOf(command, data, *receipt_);
   auto refused = EntryRefused();
-  if (refused.empty()) refused = receipt_->Sell(amount);
+  if (refused.empty()) refused = ChangeSums(*receipt_, command.effect, amount);
   if (!refused.empty()) {
     if (opens) receipt_.reset();
-    return Refusal(refused);
+    return refused;
   }
   if (opens) PrintHead();
-  PrintItem(item, amount);
-  return Done(fields);
+  PrintItem(data, amount);
+  return {};
 }
 
-std::string SimulatedRegister::TakeBack(CommandFields& fields) {
-  const ItemLine item = ReadItem(fields);
-  if (!fields.Complete() || !QuantityFits(fields.Code(), item.quantity)) return Refusal(refusal::kMalformed);
-  if (const auto refused = EntryRefused(); !refused.empty()) return Refusal(refused);
-  const std::int64_t amount = PriceOf(item.price, item.quantity);
-  if (const auto refused = receipt_->TakeBack(amount); !refused.empty()) return Refusal(refused);
-  Print(fields.Code() < "1015" ? "RESO" : "STORNO");
-  PrintItem(item, -amount);
-  return Done(fields);
+std::string_view SimulatedRegister::TakeBack(const RegisterCommand& command, const CommandData& data) {
+  if (const auto refused = EntryRefused(); !refused.empty()) return refused;
+  const std::int64_t amount = AmountOf(command, data, *receipt_);
+  if (const auto refused = ChangeSums(*receipt_, command.effect, amount); !refused.empty()) return refused;
+  Print(std::string(command.title));
+  PrintItem(data, -amount);
+  return {};
 }
 
-std::string SimulatedRegister::ChangeItem(CommandFields& fields) {
-  const PriceChange change = ReadPriceChange(fields, receipt_ ? receipt_->LastItem() : 0);
-  if (!fields.Complete()) return Refusal(refusal::kMalformed);
-  if (const auto refused = EntryRefused(); !refused.empty()) return Refusal(refused);
-  if (const auto refused = receipt_->ChangeItem(change.amount); !refused.empty()) return Refusal(refused);
-  PrintEntry(Spread(change.name, FormatCents(change.amount)));
-  return Done(fields);
-}
-
-std::string SimulatedRegister::ChangeTotal(CommandFields& fields) {
-  const PriceChange change = ReadPriceChange(fields, receipt_ ? receipt_->Total() : 0);
-  if (!fields.Complete()) return Refusal(refusal::kMalformed);
-  if (const auto refused = EntryRefused(); !refused.empty()) return Refusal(refused);
+std::string_view SimulatedRegister::ChangePrice(const RegisterCommand& command, const CommandData& data) {
+  if (const auto refused = EntryRefused(); !refused.empty()) return refused;
   const std::int64_t subtotal = receipt_->Total();
-  if (const auto refused = receipt_->ChangeTotal(change.amount); !refused.empty()) return Refusal(refused);
-  Print(Spread("SUBTOTALE", FormatCents(subtotal)));
-  PrintEntry(Spread(change.name, FormatCents(change.amount)));
-  return Done(fields);
+  const std::int64_t amount = AmountOf(command, data, *receipt_);
+  if (const auto refused = ChangeSums(*receipt_, command.effect, amount); !refused.empty()) return refused;
+  if (command.effect == CommandEffect::kChangeTotal) Print(Spread("SUBTOTALE", FormatCents(subtotal)));
+  PrintEntry(Spread(std::string(command.title) + data.text, FormatCents(amount)));
+  return {};
 }
 
-std::string SimulatedRegister::Subtotal(CommandFields& fields) {
-  fields.OperatorDigits();
-  if (!fields.Complete()) return Refusal(refusal::kMalformed);
-  if (const auto refused = EntryRefused(); !refused.empty()) return Refusal(refused);
-  receipt_->EndItem();
-  PrintEntry(Spread("SUBTOTALE", FormatCents(receipt_->Total())));
-  return Done(fields);
+std::string_view SimulatedRegister::Subtotal(const RegisterCommand& command) {
+  if (const auto refused = EntryRefused(); !refused.empty()) return refused;
+  ChangeSums(*receipt_, command.effect, 0);
+  PrintEntry(Spread(command.title, FormatCents(receipt_->Total())));
+  return {};
 }
 
-std::string SimulatedRegister::Pay(CommandFields& fields) {
-  const std::string name = ReadPaymentName(fields);
-  const std::int64_t given = fields.Digits(9);
-  if (!fields.Complete()) return Refusal(refusal::kMalformed);
-  if (!receipt_) return Refusal(refusal::kOutOfSequence);
+std::string_view SimulatedRegister::Pay(const RegisterCommand& command, const CommandData& data) {
   const bool first = !receipt_->Paying();
-  const std::int64_t amount = given == 0 ? receipt_->Due() : given;
-  if (const auto refused = receipt_->Pay(amount); !refused.empty()) return Refusal(refused);
+  const std::int64_t amount = AmountOf(command, data, *receipt_);
+  if (const auto refused = ChangeSums(*receipt_, command.effect, amount); !refused.empty()) return refused;
   if (first) Print(Spread("TOTALE COMPLESSIVO", FormatCents(receipt_->Total())));
-  Print(Spread(name, FormatCents(amount)));
+  Print(Spread(std::string(command.title) + data.text, FormatCents(amount)));
   if (!receipt_->Paid()) {
     Print(Spread("DA PAGARE", FormatCents(receipt_->Due())));
-    return Done(fields);
+    return {};
   }
   if (receipt_->Change() > 0) Print(Spread("RESTO", FormatCents(receipt_->Change())));
   EndReceipt(false);
-  return Done(fields);
+  return {};
 }
 
-std::string SimulatedRegister::PrintText(CommandFields& fields) {
-  const std::string text = ReadText(fields);
-  if (!fields.Complete()) return Refusal(refusal::kMalformed);
-  if (receipt_ && ReceiptFull()) return Refusal(refusal::kFull);
-  PrintEntry(text);
-  return Done(fields);
-}
-
-std::string SimulatedRegister::SetFootLine(CommandFields& fields) {
-  const bool courtesy = fields.Code() == "1067";
-  fields.OperatorDigits();
-  const std::int64_t line = fields.DigitsBetween(2, 1, courtesy ? 5 : 30);
-  const std::string text = fields.Remaining(fields.Code() == "1082" ? 37 : 27);
-  if (!fields.Complete()) return Refusal(refusal::kMalformed);
-  foot_[courtesy ? line : line + 100] = text;
-  return Done(fields);
+std::string_view SimulatedRegister::PrintText(const CommandData& data) {
+  if (receipt_ && ReceiptFull()) return refusal::kFull;
+  PrintEntry(data.text);
+  return {};
 }
 
 bool SimulatedRegister::ReceiptFull() const { return receipt_->Entries() >= profile_.receiptCapacity; }
 
 std::string_view SimulatedRegister::EntryRefused() const {
-  if (!receipt_ || receipt_->Paying()) return refusal::kOutOfSequence;
+  if (receipt_->Paying()) return refusal::kOutOfSequence;
   return ReceiptFull() ? refusal::kFull : std::string_view();
 }
 
-void SimulatedRegister::PrintItem(const ItemLine& item, std::int64_t amount) {
+void SimulatedRegister::PrintItem(const CommandData& item, std::int64_t amount) {
   if (item.quantity != 1000) {
-    Print("  " + FormatQuantity(item.quantity) + " x " + FormatCents(item.price));
+    Print("  " + FormatQuantity(item.quantity) + " x " + FormatCents(item.amount));
   }
-  PrintEntry(Spread(item.description, FormatCents(amount)));
+  PrintEntry(Spread(item.text, FormatCents(amount)));
 }
 
 void SimulatedRegister::EndReceipt(bool voided) {

@@ -60,6 +60,11 @@ void VirtualClock::WaitForEvent(nanoseconds limit) {
   Dispatch();
 }
 
+void VirtualClock::SkipIdle(nanoseconds slice, nanoseconds until) {
+  const auto next = actions_.empty() ? until : std::min(until, actions_.begin()->first.due);
+  if (next > uptime_) uptime_ += (next - uptime_ - nanoseconds(1)) / slice * slice;
+}
+
 void VirtualClock::After(nanoseconds delay, std::function<void()> action) {
   actions_.emplace(Moment{UptimeIn(delay), nextOrder_++}, std::move(action));
 }

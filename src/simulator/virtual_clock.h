@@ -38,6 +38,8 @@ class VirtualClock : public Clock, public EventPump, public Scheduler {
   /// Moves the time to the next due action, at most by `limit`, and runs everything due then.
   void WaitForEvent(std::chrono::nanoseconds limit) override;
 
+  void SkipIdle(std::chrono::nanoseconds slice, std::chrono::nanoseconds until) override;
+
   void After(std::chrono::nanoseconds delay, std::function<void()> action) override;
 
   /// Lets the whole `duration` pass and runs each action when it is due.

@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "core/folder_path.h"
+#include "core/text.h"
 #include "platform/system_error.h"
 #include "simulator/virtual_disk.h"
 
@@ -22,11 +23,13 @@ class VirtualDisk::FilesOfDisk : public Files {
   }
 
   void Append(const std::string& path, std::string_view text) override {
-    if (const Node* const node = disk_.Find(path)) {
-      if (node->hold != FileHold::kNone) throw SystemError(error_number::kPermissionDenied, path);
+    Node* const older = disk_.Find(path);
+    if (older != nullptr && older->hold != FileHold::kNone) {
+      throw SystemError(error_number::kPermissionDenied, path);
     }
     if (disk_.IsFull(disk_.KeyOf(path))) throw SystemError(error_number::kDiskFull, path);
-    Node& node = disk_.Place(path, path);
+    const bool writable = older != nullptr && !older->isFolder && !older->readOnly;
+    Node& node = writable ? *older : disk_.Place(path, path);
     node.content.append(text);
     node.modified = disk_.clock_.Now();
     disk_.Tell({DiskAct::kAppended, path, {}, text});
@@ -84,6 +87,8 @@ class VirtualDisk::FilesOfDisk : public Files {
       throw SystemError(error_number::kPathFileAccess, path);
     }
     Node& node = disk_.Place(path, path);
+    // A file that was left half written beside it is written over and renamed.
+    disk_.nodes_.erase(disk_.KeyOf(path) + ToUpperAscii(kUnfinishedSuffix));
     node.content = std::move(content);
     node.created = disk_.clock_.Now();
     node.modified = modified;

@@ -6,11 +6,11 @@
 
 namespace orvenza {
 
-/// A command text: code, values and fixed characters one after the other, then `tail`. "" when one of `parts`
-/// is: a rejected value invalidates the whole line. Only the tail may be empty.
+/// A command text: code, values and fixed characters, followed by `tail`. "" if one of `parts` is empty: a
+/// rejected value invalidates the whole line. Only the tail may be empty.
 std::string Join(std::initializer_list<std::string_view> parts, std::string_view tail = {});
 
-/// What a choice goes by: `field`, or the `first` alternative for an empty field.
+/// The value of a choice: `field`, or the `first` alternative if the field is empty.
 inline std::string_view Chosen(std::string_view field, std::string_view first) {
   return field.empty() ? first : field;
 }

@@ -8,13 +8,13 @@
 namespace orvenza {
 namespace {
 
-/// `text` without the blanks around it; "" when it holds anything but digits.
+/// `text` without blanks around it; "" when it contains anything but digits.
 std::string_view TrimmedDigits(std::string_view text) {
   const std::string_view trimmed = Trim(text);
   return OnlyDigits(trimmed) ? trimmed : std::string_view{};
 }
 
-/// `digits` must be few enough for an int.
+/// `digits` must fit an int.
 int ValueOf(std::string_view digits) {
   int value = 0;
   for (const char c : digits) value = value * 10 + (c - '0');

@@ -5,47 +5,47 @@
 
 namespace orvenza {
 
-// The formatters turn one field of a ticket line into the fixed-width text that a command carries. All are
-// pure functions of the text; "" is the only rejection and nothing is logged. All but FmtText leave out
-// leading and trailing blanks first.
+// The formatters convert one field of a ticket line into the fixed-width text of a command. All are pure
+// functions of the text; "" is the only rejection, and nothing is logged. All except FmtText ignore leading
+// and trailing blanks.
 
 enum class ValueKind {
-  /// Digits only, not empty. A value longer than the width loses its leading digits, deliberately without any
-  /// error; a shorter one is padded with zeros on the left. The range is that of the value so cut.
+  /// Digits only, not empty. A value longer than the width deliberately loses its leading digits without an
+  /// error; a shorter one is padded with zeros on the left. The range applies to the resulting value.
   kDigits,
   /// Digits of an amount in cents, padded in the same way but never cut: a longer value is returned whole.
   kAmount,
-  /// Digits read as a number: nothing is cut, leading zeros do not count. "105" is 105, "005" is 5.
+  /// Digits read as a number: nothing is cut, leading zeros are ignored. "105" is 105, "005" is 5.
   kNumber,
-  /// One digit by value, returned as it stands: leading zeros are neither added nor removed.
+  /// One digit by value, returned unchanged: leading zeros are neither added nor removed.
   kDigit,
-  /// The first characters, filled up with blanks; its own blanks stay. "" for an empty text or a width below
+  /// The first characters, padded with blanks; blanks inside are kept. "" for an empty text or a width below
   /// 1.
   kText,
-  /// Four integer and three decimal digits. With a "," or "." the digits before it are the integer part
-  /// (longer ones stay whole) and the first three after it the decimals (cut, not rounded); either part may
-  /// be missing. Without one the text counts thousandths, and must have three characters at least. A second
-  /// separator is rejected: as thousands separator or slip of the pen, reading on would print a wrong
-  /// quantity.
+  /// Four integer and three decimal digits. With a "," or ".", the digits before it are the integer part
+  /// (longer ones are kept whole) and the first three digits after it the decimals (cut, not rounded); either
+  /// part may be missing. Without one, the text counts thousandths and needs at least three characters. A
+  /// second separator is rejected: it may be a thousands separator or a typing error, and a wrong quantity
+  /// would be printed.
   kQuantity,
 };
 
-/// A formatter, called like a function. Its rule lies open for those who explain what it did.
+/// A formatter, called like a function. Its rule is public, so that its result can be explained.
 struct ValueForm {
   ValueKind kind;
-  int width;                   ///< Characters of the result.
-  int lowest = 0;              ///< Of the values of kDigits, kNumber and kDigit.
+  int width;                   ///< Width of the result in characters.
+  int lowest = 0;              ///< Limit of the values of kDigits, kNumber and kDigit.
   int highest = 0;             ///< The same.
-  std::string_view outside{};  ///< What is returned for digits outside this range; "" rejects them.
+  std::string_view outside{};  ///< The result for digits outside this range; "" rejects them.
 
   std::string operator()(std::string_view text) const;
 };
 
 inline constexpr ValueForm FmtNum2Max20{ValueKind::kDigits, 2, 0, 20, "20"};
 inline constexpr ValueForm FmtNum2Max10{ValueKind::kDigits, 2, 0, 10, "10"};
-/// 0 becomes "10" on purpose.
+/// 0 deliberately becomes "10".
 inline constexpr ValueForm FmtNum2Range10{ValueKind::kDigits, 2, 1, 10, "10"};
-/// 0 becomes "40" on purpose.
+/// 0 deliberately becomes "40".
 inline constexpr ValueForm FmtNum2Range40{ValueKind::kDigits, 2, 1, 40, "40"};
 inline constexpr ValueForm FmtNum2Max40{ValueKind::kDigits, 2, 0, 40, "40"};
 inline constexpr ValueForm FmtNum2Upto10{ValueKind::kDigits, 2, 0, 10};

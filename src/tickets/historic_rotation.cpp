@@ -7,25 +7,23 @@
 #include "core/catalogue.h"
 #include "core/create_all_dirs.h"
 #include "core/folder_path.h"
-#include "core/text.h"
 #include "tickets/ticket_archive.h"
 
 namespace orvenza {
 namespace {
 
-/// Whether `folder` is `parent` or lies below it, as far as their texts tell; an empty `parent` holds
-/// nothing.
+/// Whether `folder` is `parent` or below it, judged by their texts; nothing is in an empty `parent`.
 bool LiesIn(const std::string& folder, const std::string& parent) {
   return !parent.empty() && NormalisedFolder(folder).starts_with(NormalisedFolder(parent));
 }
 
-/// The last time at which a ticket was written there. `base` is the historic folder without a "\" at its end.
+/// The latest modification time of a ticket there. `base` is the historic folder without a trailing "\".
 LocalTime NewestTicket(const Folders& folders, const std::string& base, const AppSettings& settings) {
   LocalTime newest;
   for (const FolderEntry& entry : folders.ListFolder(settings.HistoricFolder + settings.TicketMask)) {
     newest = std::max(newest, entry.modified);
   }
-  // The mask need not fit the numbers that archived tickets have for names.
+  // The mask may not match the numbers that archived tickets have as names.
   const std::string extension = "." + ArchiveExtension(settings.TicketMask);
   const std::string numbered = base + "\\?*" + extension;
   for (const FolderEntry& entry : folders.ListFolder(numbered)) {
@@ -40,7 +38,7 @@ std::string WithoutEnd(const std::string& folder) {
   return folder.ends_with('\\') ? folder.substr(0, folder.size() - 1) : folder;
 }
 
-/// Whether the rotation puts `ending` behind a folder's name: "_yyyymmdd" or "_yyyymmdd_hhmmss".
+/// Whether `ending` is a suffix that the rotation adds to a folder's name: "_yyyymmdd" or "_yyyymmdd_hhmmss".
 bool IsOfADay(std::string_view ending) {
   constexpr std::string_view kForm = "_99999999_999999";
   constexpr std::size_t kDate = 9;

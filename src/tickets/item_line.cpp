@@ -20,7 +20,7 @@ std::string_view CodeFor(const ItemRecord& item, std::string_view quantity, bool
 
 std::string ItemCommand(const ItemRecord& item, const NotedFields& f, bool singleQuantity) {
   const std::string quantity = f.Format(item.quantity, FmtQuantity);
-  // Deliberate: the description is split around the other values, its characters 17 to 20 come last.
+  // Deliberate: the description is split around the other values, with its characters 17 to 20 at the end.
   return Join({CodeFor(item, quantity, singleQuantity), f.Format(item.number, FmtNum2Max20), kBlankZone,
                f.Text(item.description, 16, 20), quantity, "1", f.Format(item.amount, FmtAmount9),
                f.Format(item.itemClass, FmtNum2Range40)},

@@ -8,13 +8,14 @@
 
 namespace orvenza {
 
-/// One of the record types that print an item with description, quantity and price: its three codes and the
-/// numbers of its fields.
+/// A record type that prints an item with description, quantity and price: its three codes and the numbers of
+/// its fields.
 struct ItemRecord {
   std::string_view codeOne;       ///< Quantity of exactly one.
-  std::string_view codeWhole;     ///< Other whole quantities.
+  std::string_view codeWhole;     ///< Other integer quantities.
   std::string_view codeDecimals;  ///< Quantities with decimals.
-  bool singleQuantityApplies;     ///< Whether the setting "Single Quantity" sends one as a whole quantity.
+  bool singleQuantityApplies;     ///< Whether the setting "Single Quantity" sends a quantity of one with the
+                                  ///< code for integers.
   std::size_t number;             ///< The two digits after the code.
   std::size_t description;
   std::size_t quantity;
@@ -23,11 +24,11 @@ struct ItemRecord {
 };
 
 inline constexpr ItemRecord kItemType1{"1003", "1004", "1005", true, 7, 1, 2, 3, 4};
-/// A quantity of one keeps its code whatever the setting says, unlike types 1 and 9; this is intended.
+/// Unlike types 1 and 9, a quantity of one deliberately keeps its code whatever the setting.
 inline constexpr ItemRecord kItemType3{"1015", "1016", "1017", false, 6, 1, 8, 2, 3};
 inline constexpr ItemRecord kItemType9{"1009", "1010", "1011", true, 5, 1, 8, 2, 3};
 
-/// The command of an item line, "" when a value is rejected.
+/// The command of an item line; "" when a value is rejected.
 std::string ItemCommand(const ItemRecord& item, const NotedFields& f, bool singleQuantity);
 
 }  // namespace orvenza

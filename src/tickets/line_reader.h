@@ -9,7 +9,7 @@
 
 namespace orvenza {
 
-/// The bytes of a text that outlives it.
+/// A ByteReader of a text that outlives it.
 class ViewBytes : public ByteReader {
  public:
   explicit ViewBytes(std::string_view text) : rest_(text) {}
@@ -23,17 +23,18 @@ class ViewBytes : public ByteReader {
   std::string_view rest_;
 };
 
-/// Reads a text file line by line in one pass. CR LF, LF and a lone CR all end a line; the last line needs no
-/// end. Any other byte, NUL too, is part of a line.
+/// Reads a text file line by line in one pass. CR LF, LF and a single CR all end a line; the last line needs
+/// no line break. Any other byte, including NUL, is part of a line.
 class LineReader {
  public:
-  /// Of a line longer than `longest` bytes, only so many are kept.
+  /// Lines are cut to `longest` bytes.
   explicit LineReader(std::unique_ptr<ByteReader> bytes, std::size_t longest = std::string::npos);
 
-  /// Reads the next line, without its end, into `line`; false at the end of the file. Throws SystemError.
+  /// Reads the next line, without its line break, into `line`; false at the end of the file. Throws
+  /// SystemError.
   bool ReadLine(std::string& line);
 
-  /// Whether the last line read was longer than is kept.
+  /// Whether the last line was cut.
   bool WasCut() const { return wasCut_; }
 
  private:
@@ -45,7 +46,7 @@ class LineReader {
   std::size_t next_ = 0;
   std::size_t filled_ = 0;
   bool wasCut_ = false;
-  bool afterReturn_ = false;  // the last line ended in CR: a LF that follows belongs to it
+  bool afterReturn_ = false;  // the last line ended in CR, so a following LF belongs to it
 };
 
 }  // namespace orvenza

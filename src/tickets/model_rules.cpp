@@ -8,7 +8,7 @@
 namespace orvenza {
 namespace {
 
-/// The release of `  315 KV  `: read from the text itself, without the blanks and points around it.
+/// The release of `  315 KV  `, read from the text itself without blanks and dots around it.
 double TrimmedReleaseNumber(const RegisterIdentity& identity) {
   std::string release = identity.DeviceRelease;
   std::replace(release.begin(), release.end(), '.', ' ');
@@ -17,7 +17,8 @@ double TrimmedReleaseNumber(const RegisterIdentity& identity) {
 
 double KnownReleaseNumber(const RegisterIdentity& identity) { return identity.DeviceReleaseNumber; }
 
-/// A model that takes wider texts than the others: from `wideFrom` on for types 17 and 24, always for 30.
+/// A model that accepts wider texts than the others: from release `wideFrom` on for types 17 and 24, always
+/// for type 30.
 struct WideModel {
   std::string_view label;
   double (*release)(const RegisterIdentity&);
@@ -27,7 +28,7 @@ struct WideModel {
 
 constexpr double kAnyRelease = std::numeric_limits<double>::lowest();
 
-// The 32 of `  MELDANO ` against the 37 of the others is intended.
+// The width of 32 for `  MELDANO `, against 37 for the others, is deliberate.
 constexpr WideModel kWideModels[] = {
     {"  TOVEST 8", KnownReleaseNumber, kAnyRelease, 37}, {"TOVEST ETH", KnownReleaseNumber, kAnyRelease, 37},
     {"  315 KV  ", TrimmedReleaseNumber, 100, 37},       {"QUARNIS  A", KnownReleaseNumber, 20200, 37},

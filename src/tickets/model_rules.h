@@ -7,8 +7,7 @@
 
 namespace orvenza {
 
-/// The command and text width that a register's model uses for the three text records that differ from model
-/// to model.
+/// A model's command and text width for the three text records that differ between models.
 struct ModelRules {
   std::string_view code17;  ///< "1068" or "1082".
   int width17;
@@ -17,10 +16,10 @@ struct ModelRules {
   int width30;
 };
 
-/// The rules of the register as it is known now; those of "any other model" for an unknown one.
+/// The rules for the register as currently known; an unknown model has those of "any other model".
 ModelRules RulesFor(const RegisterIdentity& identity);
 
-/// The labels of the models with rules of their own, each of ten characters.
+/// The labels of the models with rules of their own, ten characters each.
 std::vector<std::string_view> ModelsWithRules();
 
 }  // namespace orvenza

@@ -15,12 +15,12 @@ std::size_t PieceReader::Read(char* buffer, std::size_t capacity) {
   return count;
 }
 
-std::string ReadInPieces(const Files& files, const std::string& path, const BetweenPieces& between) {
+std::string ReadInPieces(const FileReader& files, const std::string& path, const BetweenPieces& between) {
   PieceReader reader(files.OpenForReading(path), between);
   std::array<char, PieceReader::kPiece> piece;
   std::string text;
   while (const std::size_t count = reader.Read(piece.data(), piece.size())) {
-    // Room for all of a large file at once: growing would need twice as much.
+    // Reserves the size of a large file: growing would need twice the memory.
     if (count == piece.size() && text.empty()) text.reserve(static_cast<std::size_t>(files.Size(path)));
     text.append(piece.data(), count);
   }

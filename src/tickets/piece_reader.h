@@ -10,12 +10,12 @@
 
 namespace orvenza {
 
-/// What is done between two pieces of a large file, such as delivering events. It may throw ProgramEnd, which
-/// ends the reading. None does nothing.
+/// Called between two pieces of a large file, to deliver events for example. It may throw ProgramEnd, which
+/// ends the reading. May be empty.
 using BetweenPieces = std::function<void()>;
 
-/// The bytes of a file, with a call of `between` after each piece. A small file, of one piece, is read
-/// without any.
+/// The bytes of a file, calling `between` after each piece. A small file, of a single piece, is read without
+/// a call.
 class PieceReader : public ByteReader {
  public:
   static constexpr std::size_t kPiece = 64 * 1024;
@@ -32,6 +32,7 @@ class PieceReader : public ByteReader {
 };
 
 /// All bytes of a file, read in pieces. Throws SystemError.
-std::string ReadInPieces(const Files& files, const std::string& path, const BetweenPieces& between);
+[[nodiscard]] std::string ReadInPieces(const FileReader& files, const std::string& path,
+                                       const BetweenPieces& between);
 
 }  // namespace orvenza

@@ -22,7 +22,7 @@ void SplitRecord(std::string_view line, char separator, RecordFields& out) {
   out.line_ = line;
   BlankOut(out.line_);
   const std::string_view text = Trim(out.line_);
-  // What only other characters make blank is no record either, but somebody has written something there.
+  // A line that becomes blank only through other characters is no record either, but is not empty.
   out.empty_ = std::all_of(line.begin(), line.end(), IsBlankOrControl);
   out.count_ = 0;
   out.rest_ = {};

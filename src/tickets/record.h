@@ -7,35 +7,35 @@
 
 namespace orvenza {
 
-/// The fields of one ticket line, F0 to F8, over a cleaned copy of the line. Field 0 is the record type.
-/// Filling a record again with the next line reuses its memory.
+/// The fields F0 to F8 of one ticket line, in a cleaned copy of the line. Field 0 is the record type. Reusing
+/// an object for the next line reuses its memory.
 class RecordFields {
  public:
-  // Copied, never moved from: the fields of a record that lost its line would point nowhere.
+  // Copied, never moved from: the fields of a record without its line would point nowhere.
   RecordFields() = default;
   RecordFields(const RecordFields&) = default;
   RecordFields& operator=(const RecordFields&) = default;
 
-  /// Most fields that are cut from a line.
+  /// Most fields cut from a line.
   static constexpr std::size_t kMostFields = 9;
 
-  /// Field `number`; "" when the line has no such field. Good until the record changes or goes.
+  /// Field `number`; "" when the line has no such field. Valid until the record changes or is destroyed.
   std::string_view operator[](std::size_t number) const {
     if (number >= count_) return {};
     return {line_.data() + cuts_[number].start, cuts_[number].length};
   }
 
-  /// Where field `number`, which the line must have, begins in the line as it was given.
+  /// Position of field `number`, which must exist, in the original line.
   std::size_t Start(std::size_t number) const { return cuts_[number].start; }
 
-  /// What stands behind the last field and belongs to none, without the blanks at the line's end.
+  /// The text after the last field, without trailing blanks.
   std::string_view Rest() const { return {line_.data() + rest_.start, rest_.length}; }
 
-  /// Number of fields cut: of separators found, at most nine. 0 for a line without any separator, or one of
-  /// which nothing but blanks is left.
+  /// Number of fields, which is the number of separators up to nine. 0 for a line without a separator, or
+  /// with only blanks left.
   std::size_t Count() const { return count_; }
 
-  /// Whether the line holds nothing but blanks and control characters: such a line is no record and is
+  /// Whether the line contains only blanks and control characters: such a line is not a record and is
   /// skipped.
   bool IsEmpty() const { return empty_; }
 
@@ -48,20 +48,12 @@ class RecordFields {
   };
 
   std::string line_;
-  // Places in the line, not views of it, so that a copy has fields of its own.
+  // Positions instead of views, so that a copy has its own fields.
   std::array<Cut, kMostFields> cuts_{};
   std::size_t count_ = 0;
   Cut rest_{};
   bool empty_ = true;
 };
-
-/// Whether a record of this type ends a ticket in a file that holds several.
-inline bool IsClosingType(std::string_view type) {
-  return type == "2" || type == "4" || type == "5" || type == "15";
-}
-
-/// Whether a record of this type carries out a closure or a report of the register.
-inline bool IsReportType(std::string_view type) { return type == "21" || type == "22" || type == "32"; }
 
 /// Cuts one line (without its line end) into `out`. Control characters (0 to 31) and characters that are not
 /// ASCII (128 to 255) become blanks first, deliberately, and the blanks around the line are removed. Every

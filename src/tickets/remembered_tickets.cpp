@@ -23,7 +23,7 @@ constexpr std::string_view kUnknown = "-";
 constexpr std::size_t kStampLength = 14;
 constexpr int kMostTries = 10;
 
-/// Cuts the text up to the next blank from `rest`.
+/// Removes and returns the text up to the next blank of `rest`.
 std::string_view NextWord(std::string_view& rest) {
   const std::size_t end = std::min(rest.find(' '), rest.size());
   const std::string_view word = rest.substr(0, end);
@@ -131,7 +131,7 @@ void RememberedTickets::Read() {
       if (failure.Number() != error_number::kFileNotFound) throw;
     }
   });
-  // What this run has found out meanwhile is newer.
+  // Information from the current run is newer.
   remembered_.takenIn.merge(read.takenIn);
   remembered_.settled.merge(read.settled);
 }
@@ -182,7 +182,7 @@ bool RememberedTickets::Attempt(const std::function<void()>& step) {
       step();
       done = true;
     } catch (const std::exception&) {
-      // Told already.
+      // Already logged.
     }
   } else {
     done = logs_.Attempt(kLabel, step);

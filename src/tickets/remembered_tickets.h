@@ -12,7 +12,7 @@
 
 namespace orvenza {
 
-/// What a text is recognised by: its length in bytes and a digest of them.
+/// Identifies a text by its length in bytes and a hash.
 struct Fingerprint {
   std::uint64_t size = 0;
   std::uint64_t digest = 0;
@@ -21,33 +21,33 @@ struct Fingerprint {
 
 Fingerprint FingerprintOf(std::string_view text);
 
-/// Tickets whose files are still there although they must not be printed (again).
+/// Tickets whose files still exist although they must not be printed (again).
 struct RememberedFiles {
   struct Settled {
-    bool copied = false;  ///< A copy lies in the historic or the abort folder: only the removal is left.
+    bool copied = false;  ///< The historic or the abort folder has a copy: the file only needs to be removed.
     Fingerprint text;
     bool operator==(const Settled&) const = default;
   };
 
-  /// Entries of the ticket folder (see TicketListing) that were copied but could not be removed, with their
-  /// text where it could be read.
+  /// Entries of the ticket folder (see TicketListing) that were copied but could not be removed, with a
+  /// fingerprint of their text if it could be read.
   std::map<std::string, std::optional<Fingerprint>> takenIn;
-  /// Names of files in the in-process folder whose processing is over.
+  /// Names of processed files that are still in the in-process folder.
   std::map<std::string, Settled> settled;
 
   bool Empty() const { return takenIn.empty() && settled.empty(); }
 };
 
-/// Where they are kept: a small file in INI form below the program folder (without a trailing "\").
+/// Path of their file, a small INI file in the program folder (given without a trailing "\").
 std::string RememberedFilesPath(const std::string& programFolder);
 
-/// The content of that file. A line that is damaged is passed over.
+/// Parses that file. A damaged line is skipped.
 RememberedFiles ParseRememberedFiles(std::string_view text);
 std::string RememberedFilesText(const RememberedFiles& files);
 
-/// Remembers such tickets, also for the next start: each change is on the disk when a call returns. There is
-/// no file while there is nothing to remember. Its failures never stop anything; of several in a row the
-/// first is written to the error log.
+/// Remembers such tickets, across restarts: each change is on the disk on return. The file exists only while
+/// there is something to remember. Its failures never stop anything; of consecutive ones only the first goes
+/// to the error log.
 class RememberedTickets {
  public:
   RememberedTickets(Files& files, Logs& logs, const std::string& programFolder)
@@ -55,17 +55,16 @@ class RememberedTickets {
 
   const std::string& Path() const { return path_; }
 
-  /// Reads what earlier runs have left, and writes what could not be written so far; does nothing once both
-  /// are done. To be called on each tick before a ticket is looked at. False while the file cannot be read,
-  /// but for ten ticks at most: printing goes on without it then, and it is not overwritten before it was
-  /// read.
-  bool Recall();
+  /// Reads what earlier runs left behind and writes changes that could not be written so far, until both have
+  /// succeeded. Call it on each tick before looking for a ticket. False while the file cannot be read, for at
+  /// most ten ticks: then printing goes on without it, and it is not overwritten until it has been read.
+  [[nodiscard]] bool Recall();
 
   const RememberedFiles& Get() const { return remembered_; }
 
   void TakeIn(const std::string& entry, std::optional<Fingerprint> text);
   void ForgetTakenIn(const std::string& entry);
-  /// Forgets entries that are not in the list any more.
+  /// Forgets entries that are no longer in the list.
   void KeepTakenIn(const TicketListing::SortedList& list);
 
   void Settle(const std::string& name, const RememberedFiles::Settled& file);
@@ -80,10 +79,10 @@ class RememberedTickets {
   Logs& logs_;
   std::string path_;
   RememberedFiles remembered_;
-  int tries_ = 0;          // to read the file
-  bool recalled_ = false;  // the file was read, or there was none
-  bool unsaved_ = false;   // the file holds something else
-  bool told_ = false;      // the error log tells of the failure that lasts
+  int tries_ = 0;          // attempts to read the file
+  bool recalled_ = false;  // the file was read or does not exist
+  bool unsaved_ = false;   // the file is out of date
+  bool told_ = false;      // the current failure is in the error log
 };
 
 }  // namespace orvenza

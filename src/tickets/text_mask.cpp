@@ -3,55 +3,31 @@
 #include <algorithm>
 
 #include "tickets/record.h"
+#include "tickets/translation.h"
 
 namespace orvenza {
 namespace {
-
-/// The fields of a record type that are no texts. A field or a type that is missing here is masked: too much
-/// is better than too little.
-struct ValueFields {
-  std::string_view type;
-  std::string_view fields;
-};
-
-constexpr ValueFields kValueFields[] = {
-    {"0", "1"},      {"1", "23478"}, {"2", "123"},  {"3", "2368"}, {"4", "1"},     {"5", "1245"},
-    {"6", "123"},    {"7", "1235"},  {"8", "12"},   {"9", "2358"}, {"14", "1235"}, {"15", "12"},
-    {"17", "24"},    {"20", "1"},    {"21", ""},    {"22", ""},    {"23", "2"},    {"24", "2"},
-    {"25", "24"},    {"26", ""},     {"27", "12"},  {"28", "1"},   {"29", "1"},    {"30", "12"},
-    {"31", "1"},     {"32", "123"},  {"33", "1"},   {"34", "123"}, {"35", "123"},  {"36", "12"},
-    {"37", "1"},     {"38", "124"},  {"39", "124"}, {"40", "1"},   {"41", "1"},    {"42", "12"},
-    {"43", "12345"},
-};
-
-/// Type 1 without an item: a choice stands where the description would.
-constexpr std::string_view kType1WithoutItem = "12468";
-/// The file name of type 33 is the integrator's own, and what support asks for first.
-constexpr std::string_view kLogoType = "33";
-constexpr std::size_t kLogoPath = 2;
-
-const ValueFields* Find(std::string_view type) {
-  const auto* const found = std::find_if(std::begin(kValueFields), std::end(kValueFields),
-                                         [&](const ValueFields& row) { return row.type == type; });
-  return found == std::end(kValueFields) ? nullptr : found;
-}
-
-/// The values of a record; its field 0 is one of them where the type is known.
-std::string ValuesOf(const RecordFields& fields) {
-  const ValueFields* row = Find(fields[0].empty() ? "0" : fields[0]);
-  if (row == nullptr) return {};
-  const bool withoutItem = row->type == "1" && fields[8] == "-1";
-  return "0" + std::string(withoutItem ? kType1WithoutItem : row->fields);
-}
 
 bool IsNumber(std::string_view field) {
   return field.find_first_not_of("0123456789 +-,.") == std::string_view::npos;
 }
 
-bool Stays(std::size_t number, std::string_view field, std::string_view type, std::string_view values) {
-  if (type == kLogoType && number == kLogoPath) return true;
-  return number <= 9 && values.find(static_cast<char>('0' + number)) != std::string_view::npos &&
-         IsNumber(field);
+bool IsValue(const FieldNote& note) {
+  if (note.kind == FieldNote::Kind::kFormatted) return note.form.kind != ValueKind::kText;
+  return note.kind != FieldNote::Kind::kUnknownType;
+}
+
+/// Whether a field stays. One that no note names is masked: too much is better than too little.
+bool Stays(std::size_t number, std::string_view field, const TranslationNotes& notes) {
+  bool isValue = number == 0;  // The type has no note unless it is unknown.
+  for (const FieldNote& note : notes) {
+    if (note.field != number) continue;
+    // The file name of a logo is the integrator's own, and what support asks for first.
+    if (note.kind == FieldNote::Kind::kLogo) return true;
+    if (!IsValue(note)) return false;
+    isValue = true;
+  }
+  return isValue && IsNumber(field);
 }
 
 }  // namespace
@@ -67,11 +43,11 @@ std::string MaskAll(std::string_view bytes) {
 }
 
 std::string MaskTexts(std::string_view line, char separator) {
-  // Control characters and blanks would all be separators, and are too easily mistaken.
+  // Any control character or blank would be a separator, which is too easily confused.
   if (separator <= ' ') return MaskAll(line);
   RecordFields fields;
   SplitRecord(line, separator, fields);
-  const std::string values = ValuesOf(fields);
+  const TranslationNotes notes = NotesOf(fields);
   // The record begins where its cleaned copy does: behind all that counts as a blank.
   const auto isText = [](char c) { return c > ' ' && static_cast<unsigned char>(c) < 128; };
   auto at = static_cast<std::size_t>(std::find_if(line.begin(), line.end(), isText) - line.begin());
@@ -79,7 +55,7 @@ std::string MaskTexts(std::string_view line, char separator) {
   for (std::size_t number = 0; number < fields.Count(); ++number) {
     const std::size_t end = line.find(separator, at);
     const std::string_view field = line.substr(at, end - at);
-    masked += Stays(number, field, fields[0], values) ? std::string(field) : MaskAll(field);
+    masked += Stays(number, field, notes) ? std::string(field) : MaskAll(field);
     masked += separator;
     at = end + 1;
   }

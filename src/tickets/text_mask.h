@@ -5,17 +5,17 @@
 
 namespace orvenza {
 
-/// `bytes` with every letter as "x" or "X" and every digit as "9"; a byte outside ASCII counts as a small
-/// letter. Blanks, punctuation and control characters stay, so that the shape can still be seen.
+/// `bytes` with every letter replaced by "x" or "X" and every digit by "9"; a byte outside ASCII counts as a
+/// small letter. Blanks, punctuation and control characters are kept, so that the structure remains visible.
 std::string MaskAll(std::string_view bytes);
 
-/// A ticket line (without its line end) in which nobody can read what was bought, by whom: the record type,
-/// the separators and the fields that its type takes for numbers, amounts and choices stay, all others are
-/// masked. So is such a field where it holds more than a number, and the whole line where no field or no
-/// known type is found. Same length as `line`.
+/// Masks a ticket line (without its line break), so that purchases and customers cannot be recognised. The
+/// record type, the separators and the fields that the type uses for numbers, amounts and choices are kept;
+/// all other fields are masked. So is such a field with more than a number, and the whole line if it has no
+/// field or no known type. The length does not change.
 std::string MaskTexts(std::string_view line, char separator);
 
-/// The same for all lines of a ticket's content; line ends stay as they are.
+/// The same for all lines of a ticket; line breaks are kept.
 std::string MaskTicketTexts(std::string_view content, char separator);
 
 }  // namespace orvenza

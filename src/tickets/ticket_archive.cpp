@@ -11,13 +11,13 @@
 #include "core/text.h"
 #include "platform/program_end.h"
 #include "platform/system_error.h"
-#include "ui/wrong_path.h"
+#include "ui/path_reports.h"
 
 namespace orvenza {
 namespace {
 
 constexpr const char* kLabel = "Trasmissione ";
-/// Numbers that a double holds exactly; a longer file name is not one of ours.
+/// A double represents numbers up to this exactly; a longer file name is not one of ours.
 constexpr double kLargestSequenceNumber = 1e15;
 
 }  // namespace
@@ -49,7 +49,7 @@ void TicketArchive::Archive(const std::string& workFile, std::string_view text) 
   const bool drive = folders_.DriveAvailable(settings_.HistoricFolder);
   const bool folder = drive && CreateAllDirs(folders_, logs_, settings_.HistoricFolder);
   if (folder && Store(workFile, text, [&] { return NextHistoricPath(); })) return;
-  // The file goes first: the operator may end the program from the message.
+  // The file is moved first: the operator may end the program from the message.
   Abort(workFile, text);
   LogNotArchived(workFile);
   if (!drive) ReportMissingDrive(settings_.HistoricFolder);
@@ -67,9 +67,9 @@ void TicketArchive::Abort(const std::string& workFile, std::string_view text) {
   if (!drive) ReportMissingDrive(settings_.AbortFolder);
 }
 
-/// A file that cannot be seen has not gone when its whole folder cannot, or when a look fails. One that has
-/// gone counts as settled until the next look: it may only have been out of sight, and must not be printed
-/// again.
+/// A file that cannot be seen is not gone if its whole folder cannot be seen either, or if the check fails. A
+/// file that is gone counts as settled until the next check: it may only have been invisible, and must not be
+/// printed again.
 bool TicketArchive::HasGone(const std::string& workFile) const {
   try {
     return folders_.Exists(settings_.InProcessFolder) && !files_.Exists(workFile);
@@ -84,16 +84,16 @@ void TicketArchive::LogNotArchived(const std::string& workFile) {
 
 bool TicketArchive::Store(const std::string& workFile, std::string_view text,
                           const std::function<std::string()>& target) {
-  bool moved = false;
-  if (!logs_.Attempt(kLabel, [&] { moved = MoveOrCopy(files_, workFile, target()); })) return false;
-  if (!moved) Remove(workFile, text);
+  const auto moved = logs_.Attempt(kLabel, [&] { return MoveOrCopy(files_, workFile, target()); });
+  if (!moved) return false;
+  if (!*moved) Remove(workFile, text);
   return true;
 }
 
 std::string TicketArchive::NextHistoricPath() const {
   const std::string extension = "." + ArchiveExtension(settings_.TicketMask);
   double largest = 0;
-  // Listed by extension, not by mask: a mask that the numbered names do not match would hide them, and the
+  // Listed by extension, not by mask: a mask that does not match the numbered names would hide them, and the
   // next ticket would replace the last one.
   for (const FolderEntry& entry : folders_.ListFolder(settings_.HistoricFolder + "*" + extension)) {
     if (entry.isFolder) continue;
@@ -113,14 +113,14 @@ std::string TicketArchive::AbortPath(const std::string& workFile) {
   const std::string stem = settings_.AbortFolder + FileNameOf(workFile);
   const std::string path = stem + ".abort.txt";
   if (files_.Exists(path)) {
-    // Hosts use names again: the older ticket keeps a copy under a number.
+    // Hosts reuse names: the older ticket gets a number.
     int number = 1;
     while (files_.Exists(stem + ".abort." + std::to_string(number) + ".txt")) ++number;
     const std::string numbered = stem + ".abort." + std::to_string(number) + ".txt";
     try {
       files_.Move(path, numbered);
     } catch (const SystemError&) {
-      return numbered;  // The older one is held: the newer gets the number.
+      return numbered;  // The older one is held, so the newer one gets the number.
     }
   }
   return path;
@@ -142,7 +142,7 @@ bool TicketArchive::IsSettled(const std::string& workFile) const {
 
 void TicketArchive::RetrySettled() {
   if (remembered_.Get().settled.empty()) return;
-  // A copy, because each that goes is forgotten.
+  // A copy, since removed files are forgotten.
   for (const auto& [name, file] : std::map(remembered_.Get().settled)) {
     const std::string workFile = settings_.InProcessFolder + name;
     try {
@@ -151,7 +151,7 @@ void TicketArchive::RetrySettled() {
       if (isThere && FingerprintOf(ReadWhole(files_, workFile)) == file.text) MoveSettled(workFile, file);
       remembered_.ForgetSettled(name);
     } catch (const SystemError&) {
-      // Logged when it happened first.
+      // Already logged at the first failure.
     }
   }
 }

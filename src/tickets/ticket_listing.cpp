@@ -11,9 +11,9 @@ namespace {
 
 constexpr std::size_t kStampLength = 14;
 
-/// What the lists are sorted by. In small letters, because the name of a closure request consists of "z" and
-/// is to come after a "_" too, and with all other characters before that letter; a number by how many digits
-/// count in it, and then by these.
+/// The sort key of an entry. Small letters are used because a closure request's name consists of "z" and must
+/// also come after "_"; all other characters sort before that letter. Numbers are compared by length without
+/// leading zeros, then by digits.
 std::string SortKey(std::string_view entry) {
   constexpr std::string_view kDigits = "0123456789";
   std::string key(entry.substr(0, kStampLength));
@@ -37,12 +37,14 @@ std::string SortKey(std::string_view entry) {
 }  // namespace
 
 TicketListing::SortedList TicketListing::Read(const std::string& folder) const {
+  const FolderListing files = folders_.ListFolder(folder + settings_.TicketMask);
+  if (files.empty()) return {};
   const std::vector<std::string> own = OwnNames(folder);
   const auto isOwn = [&](const std::string& name) {
     return !own.empty() && std::find(own.begin(), own.end(), ToUpperAscii(name)) != own.end();
   };
   std::vector<std::pair<std::string, std::string>> keyed;  // the key of an entry, and the entry
-  for (const FolderEntry& file : folders_.ListFolder(folder + settings_.TicketMask)) {
+  for (const FolderEntry& file : files) {
     if (file.isFolder || isOwn(file.name)) continue;
     std::string entry = DateDigits(file.modified) + TimeDigits(file.modified) + file.name;
     keyed.emplace_back(SortKey(entry), std::move(entry));
@@ -60,7 +62,7 @@ bool TicketListing::IsOlder(std::string_view entry, std::string_view other) {
   return SortKey(entry) < SortKey(other);
 }
 
-/// The program's own files where they lie in `folder`, in capitals.
+/// Names of the program's own files in `folder`, in capitals.
 std::vector<std::string> TicketListing::OwnNames(const std::string& folder) const {
   const std::string place = NormalisedFolder(folder);
   std::vector<std::string> paths = logs_.Paths();

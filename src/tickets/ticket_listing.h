@@ -11,23 +11,23 @@
 
 namespace orvenza {
 
-/// The tickets of a folder, oldest first and by name within one second: letter case ignored, and numbers in
-/// names by their value, so that the tenth part of a split file comes behind its ninth. An entry is the 14
-/// digits "yyyymmddhhmmss" of the modification time followed by the name.
+/// The tickets of a folder, oldest first. Within one second names decide, ignoring letter case and comparing
+/// numbers by value, so that the tenth part of a split file comes after the ninth. An entry consists of the
+/// 14 digits "yyyymmddhhmmss" of the modification time and the name.
 class TicketListing {
  public:
   using SortedList = std::vector<std::string>;
 
-  /// `rememberedFiles` is the path of the file in which RememberedTickets keeps its own.
+  /// `rememberedFiles` is the path of the file of RememberedTickets.
   TicketListing(const Folders& folders, const AppSettings& settings, const Logs& logs,
                 std::string rememberedFiles)
       : folders_(folders), settings_(settings), logs_(logs), rememberedFiles_(std::move(rememberedFiles)) {}
 
-  /// The files of `folder`, which ends in "\", that fit the ticket mask; the files that the program writes
-  /// and the command file, which no mask makes tickets of, aside. Throws SystemError.
+  /// The files of `folder`, which ends in "\", that match the ticket mask, except the files that the program
+  /// writes and the command file, which are never tickets. Throws SystemError.
   SortedList Read(const std::string& folder) const;
 
-  /// The file name in an entry.
+  /// The file name of an entry.
   static std::string NameOf(const std::string& entry);
 
   /// Whether an entry comes before another in a list.

@@ -1,116 +1,37 @@
 #pragma once
 
-#include <cstddef>
-#include <functional>
-#include <map>
-#include <set>
-#include <string>
-
-#include "core/event_loop.h"
-#include "core/logs.h"
 #include "core/poll_timer.h"
 #include "core/repeated_failures.h"
-#include "core/settings.h"
-#include "device/clock_correction.h"
-#include "device/device_link.h"
-#include "device/register_queries.h"
-#include "platform/files.h"
-#include "platform/folders.h"
-#include "tickets/piece_reader.h"
-#include "tickets/remembered_tickets.h"
-#include "tickets/ticket_archive.h"
-#include "tickets/ticket_listing.h"
-#include "tickets/ticket_processor.h"
-#include "tickets/ticket_splitter.h"
-#include "ui/utilities_dialog.h"
+#include "tickets/clock_check.h"
+#include "tickets/command_file.h"
+#include "tickets/ticket_folders.h"
+#include "tickets/ticket_queue.h"
 
 namespace orvenza {
 
-/// Whether the first line of the host's command file, which exists, asks the program to end: "QUIT", or
-/// nothing at all. Throws SystemError.
-bool AsksToQuit(const Files& files, const std::string& commandFile);
-
-/// The polling loop's work on each tick of `Timer1`: the host's command file, then at most one ticket, then
-/// the clock.
-///
-/// A ticket that cannot be taken in, split or read is tried again on every tick. For ten ticks it holds up
-/// all that come after it; then they pass, but never a closure or a report that is younger.
-class TicketPolling : public WaitingTickets {
+/// The work of each tick of `Timer1`: the host's command file, then at most one ticket, then the clock.
+class TicketPolling {
  public:
-  TicketPolling(Files& files, Folders& folders, const AppSettings& settings, Logs& logs, EventLoop& loop,
-                PollTimer& timer, DeviceLink& link, RegisterQueries& queries,
-                ClockCorrection& clockCorrection, TicketSplitter& splitter, TicketProcessor& processor,
-                TicketArchive& archive, RememberedTickets& remembered);
+  /// `failures` is the trap of the ticks.
+  TicketPolling(PollTimer& timer, RepeatedFailures& failures, CommandFile& commandFile,
+                TicketFolders& folders, TicketQueue& queue, ClockCheck& clockCheck)
+      : timer_(timer),
+        failures_(failures),
+        commandFile_(commandFile),
+        folders_(folders),
+        queue_(queue),
+        clockCheck_(clockCheck) {}
 
-  /// One tick, with polling switched off meanwhile. Throws ProgramEnd when the host asks for the end.
+  /// One tick, with polling disabled meanwhile. Throws ProgramEnd when the host requests the end.
   void Tick();
 
-  /// Reads `List1`, the new tickets, again. Throws SystemError; the list is then empty.
-  void RefreshNewList();
-
-  /// Reads `List2`, the tickets taken in, again, making their folder where it has gone. Throws SystemError;
-  /// the list is then empty.
-  void RefreshInProcessList();
-
-  /// Counts the new tickets still to be printed, by a listing of its own: it may be asked for in the middle
-  /// of a tick.
-  std::size_t CountWaitingTickets() override;
-  void PutLast(const std::string& name) override;
-
  private:
-  /// What came of a ticket, and what follows in this tick.
-  enum class Outcome {
-    kNext,   ///< Passed over: the next ticket.
-    kEnd,    ///< Printed, or nothing may overtake it yet: no other ticket.
-    kSplit,  ///< Replaced by its parts: the lists are to be read again.
-  };
-
-  bool QuitAsked();
-  [[noreturn]] void Quit();
-  void Breathe();
-  void ForgetGone();
-
-  void ProcessOneTicket();
-  Outcome TryAll();
-  Outcome TryNew(const std::string& entry);
-  Outcome TryTakenIn(const std::string& entry);
-  Outcome Print(const std::string& entry, const std::string& file, std::string text);
-  TicketListing::SortedList InProcessOrder();
-  bool HoldsReport(const std::string& text);
-  bool MustWait(const std::string& entry, const std::string& text);
-  const std::string* HeldUpBefore(const std::string& entry) const;
-  bool Try(const std::string& entry, const char* label, const std::function<void()>& step);
-  Outcome HeldUp(const std::string& entry) const;
-
-  void FinishTakingIn(const std::string& entry);
-  void TakeIn(const std::string& entry, const std::string& file);
-  bool IsTakenIn(const std::string& entry);
-  void RemoveSource(const std::string& entry);
-  void CorrectClock();
-
-  Files& files_;
-  Folders& folders_;
-  const AppSettings& settings_;
-  Logs& logs_;
-  RepeatedFailures failures_;  ///< Of what runs on every tick.
-  EventLoop& loop_;
   PollTimer& timer_;
-  DeviceLink& link_;
-  RegisterQueries& queries_;
-  ClockCorrection& clockCorrection_;
-  TicketSplitter& splitter_;
-  TicketProcessor& processor_;
-  TicketArchive& archive_;
-  RememberedTickets& remembered_;
-  TicketListing listing_;
-  BetweenPieces breathe_ = [this] { Breathe(); };
-  int pieces_ = 0;  // of large files, since the last look for the command file
-
-  TicketListing::SortedList list1_;
-  TicketListing::SortedList list2_;
-  std::map<std::string, int> heldUp_;  // entries that could not be made ready, and how often they were tried
-  std::set<std::string> single_;       // entries taken in that need no splitting
-  std::set<std::string> waiting_;      // entries of closures that wait for such a one, as the log has told
+  RepeatedFailures& failures_;
+  CommandFile& commandFile_;
+  TicketFolders& folders_;
+  TicketQueue& queue_;
+  ClockCheck& clockCheck_;
 };
 
 }  // namespace orvenza

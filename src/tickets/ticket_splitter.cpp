@@ -14,10 +14,10 @@
 namespace orvenza {
 namespace {
 
-/// The log's label of all that a tick does with a file before it is printed.
+/// The error log's label for the preparation of a file during a tick.
 constexpr const char* kLabel = "Timer1 - ";
 
-/// The name of a part, from the name of its source.
+/// Builds a part's name from its source's name.
 using PartNaming = std::string (*)(const std::string& name, int number);
 
 std::string NumberedBehind(const std::string& name, int number) {
@@ -27,8 +27,8 @@ std::string NumberedBehind(const std::string& name, int number) {
 
 std::string NumberedBefore(const std::string& name, int number) { return std::to_string(number) + name; }
 
-/// The naming under which every part is seen as a ticket, null when there is none. It is one for all parts,
-/// whose names decide which is printed first.
+/// The naming that makes every part visible as a ticket; null when there is none. All parts use the same,
+/// since their names decide the order of printing.
 PartNaming NamingOf(const std::string& name, const std::string& mask) {
   for (const PartNaming naming : {NumberedBehind, NumberedBefore}) {
     int number = 1;
@@ -38,10 +38,10 @@ PartNaming NamingOf(const std::string& name, const std::string& mask) {
   return nullptr;
 }
 
-/// Where the name begins in a path; 0 for a name alone.
+/// Start of the name in a path; 0 for a plain name.
 std::size_t NameStart(const std::string& path) { return path.rfind('\\') + 1; }
 
-/// Lines without any text, such as the lone character 26 that old programs leave at the end of a file.
+/// Lines without text, such as the single character 26 that old programs write at the end of a file.
 bool IsEmptyLine(std::string_view line) {
   RecordFields fields;
   SplitRecord(line, '\0', fields);
@@ -55,7 +55,7 @@ bool NextLine(LineReader& reader, std::string& line) {
   return false;
 }
 
-/// Writes the parts, and removes those it wrote when they are not kept.
+/// Writes the parts, and removes them unless they are kept.
 class PartFiles {
  public:
   PartFiles(Files& files, const TicketArchive& archive, const std::string& source, PartNaming naming,
@@ -80,7 +80,8 @@ class PartFiles {
   void Keep() { written_.clear(); }
 
  private:
-  /// A file of that name is another ticket and must not be lost, unless an interrupted split left it.
+  /// An existing file of that name is another ticket and must not be lost, unless an interrupted split left
+  /// it.
   std::string NextFreePath(const std::string& content) {
     for (;;) {
       const std::string path = folder_ + naming_(name_, ++number_);
@@ -93,7 +94,7 @@ class PartFiles {
     try {
       if (files_.Exists(path)) files_.Remove(path);
     } catch (const SystemError&) {
-      // The part stays, and the next attempt finds it with the content it would write.
+      // The part stays, and the next attempt finds it with the same content.
     }
   }
 
@@ -130,7 +131,7 @@ bool TicketSplitter::SplitTicketFile(const std::string& path, const BetweenPiece
       if (boundary.Begins(line) && count < kMostParts) {
         parts.Write(part);
         part.clear();
-        // The last part may be nearly all of the file: growing would need twice as much.
+        // The last part may be nearly the whole file: growing would need twice the memory.
         if (++count == kMostParts) part.reserve(static_cast<std::size_t>(files_.Size(path)));
       }
       part.append(line).append(kLineBreak);

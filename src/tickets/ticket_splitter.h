@@ -10,29 +10,28 @@
 
 namespace orvenza {
 
-/// Whether the parts of a file of this name can have names that fit the ticket mask: their number behind the
-/// stem, or before the whole name.
+/// Whether the parts of a file with this name can have names that match the ticket mask: with their number
+/// after the stem, or before the whole name.
 bool CanNameParts(const std::string& name, const std::string& mask);
 
-/// The "File Parser" step: replaces a file that holds several tickets by one file a ticket.
+/// The "File Parser" step: replaces a file of several tickets by one file per ticket.
 class TicketSplitter {
  public:
-  /// Most part files of one split. What is left over stays in the last part, which is split again in its
-  /// turn.
+  /// Most part files of one split. The rest stays in the last part, which is split again later.
   static constexpr int kMostParts = 100;
 
   TicketSplitter(Files& files, const AppSettings& settings, Logs& logs, const TicketArchive& archive)
       : files_(files), settings_(settings), logs_(logs), archive_(archive) {}
 
-  /// Splits the file where it holds a second ticket. The parts lie beside it, numbered from 1: "a.txt"
-  /// becomes "a1.txt", or "1a.txt" where the mask fits only that. Empty lines are dropped. Returns whether
-  /// the file was replaced; false also when "File Parser" is off, and, with a line in the error log, when the
-  /// mask fits neither name: nobody would see such parts. Throws SystemError, and what `between` throws;
-  /// then the file is as it was and no part is left.
-  bool SplitTicketFile(const std::string& path, const BetweenPieces& between = {});
+  /// Splits the file if it contains a second ticket. The parts are created beside it, numbered from 1:
+  /// "a.txt" becomes "a1.txt", or "1a.txt" if only that matches the mask. Empty lines are dropped. Returns
+  /// whether the file was replaced. Returns false if "File Parser" is off, and, with a line in the error log,
+  /// if neither name matches the mask, since such parts would never be printed. Throws SystemError and the
+  /// exceptions of `between`; then the file is unchanged and no part is left.
+  [[nodiscard]] bool SplitTicketFile(const std::string& path, const BetweenPieces& between = {});
 
-  /// Whether SplitTicketFile would replace the file; true also for one that cannot be read and may be such.
-  bool WouldSplit(const std::string& path, const BetweenPieces& between = {}) const;
+  /// Whether SplitTicketFile would replace the file; also true for an unreadable one, which may need it.
+  [[nodiscard]] bool WouldSplit(const std::string& path, const BetweenPieces& between = {}) const;
 
  private:
   bool HoldsSecondTicket(const std::string& path, const BetweenPieces& between) const;

@@ -3,7 +3,7 @@
 namespace orvenza {
 
 /// Marks a dialog as open until it returns, however it returns.
-class OpenMark {
+class [[nodiscard]] OpenMark {
  public:
   explicit OpenMark(bool& open) : open_(open) { open_ = true; }
   ~OpenMark() { open_ = false; }

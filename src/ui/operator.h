@@ -60,10 +60,10 @@ class Operator {
 
   /// Shows the choice dialog. Returns the option selected when the button was pressed, from 1, or 0 if none
   /// was. Empty when the dialog was closed by other means.
-  virtual std::optional<int> ShowChoice(const ChoiceContent& content) = 0;
+  [[nodiscard]] virtual std::optional<int> ShowChoice(const ChoiceContent& content) = 0;
 
   /// Shows the port dialog. Returns the selected indices when it was confirmed; empty when it was closed.
-  virtual std::optional<std::array<int, 5>> ShowPortSettings(const PortContent& content) = 0;
+  [[nodiscard]] virtual std::optional<std::array<int, 5>> ShowPortSettings(const PortContent& content) = 0;
 
   /// Shows the utilities dialog and calls `pressed` with the number of each pressed button, 1 to 3. The
   /// dialog closes when `pressed` returns true, or by other means.

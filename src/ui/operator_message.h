@@ -31,12 +31,12 @@ enum class MessageResult { kNone, kOk, kCancel, kAbort, kRetry, kIgnore, kYes, k
 
 /// What the message dialog shows for these: an empty message becomes "Miss Messagge !!!", one shorter than 60
 /// characters is centred below an empty line, and the title (none when empty) follows the executable's name.
-MessageContent BuildMessage(const std::string& message, MessageStyle style, const std::string& title,
-                            const std::string& executableName);
+[[nodiscard]] MessageContent BuildMessage(const std::string& message, MessageStyle style,
+                                          const std::string& title, const std::string& executableName);
 
 /// What it means that the button `pressed`, from 1, of `buttons` was pressed, or none of them: then kOk for
 /// "Ok" alone, kCancel for "Ok" and "Annulla", else kNone.
-MessageResult ResultOf(MessageButtons buttons, std::optional<int> pressed);
+[[nodiscard]] MessageResult ResultOf(MessageButtons buttons, std::optional<int> pressed);
 
 /// Every warning and question to the operator goes through this class.
 class OperatorMessages {

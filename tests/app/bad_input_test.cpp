@@ -53,12 +53,12 @@ TEST(BadTicket, BinaryFileIsRefusedLineByLineUntilTheOperatorAborts) {
   EXPECT_EQ(shop.Err().back(), "Risposta Operatore : Abortire la stampa dello scontrino");
 }
 
-TEST(BadTicket, LineOf100MegabytesIsRefusedAndItsFileKept) {
+TEST(BadTicket, LineOf10MegabytesIsRefusedAndItsFileKept) {
   Shop shop;
-  shop.DropBytes("a.txt", std::string(100'000'000, 'x'));
+  shop.DropBytes("a.txt", std::string(10'000'000, 'x'));
   shop.Answer(kAbort);
   shop.Run(5s);
-  EXPECT_EQ(std::filesystem::file_size(shop.folder.Native("data\\abort\\a.txt.abort.txt")), 100'000'000U);
+  EXPECT_EQ(shop.folder.Read("data\\abort\\a.txt.abort.txt").size(), 10'000'000U);
   EXPECT_EQ(shop.Err()[0], "Riga non valida : " + std::string(500, 'x') + "...");
 }
 
@@ -163,9 +163,7 @@ TEST(BadRegister, WhoseQueryIsAnsweredTooLateDoesNotPassForThePaymentsReply) {
 TEST(BadTicket, VanishedBeforeItsLinesAreReadEndsSilently) {
   Shop shop;
   shop.Drop("a.txt", {kItem, kPayment});
-  shop.link.SetObserver([&](LineEvent, const std::string&) {
-    std::filesystem::remove(shop.folder.Native("data\\inproces\\a.txt"));
-  });
+  shop.link.SetObserver([&](LineEvent, const std::string&) { shop.folder.Remove("data\\inproces\\a.txt"); });
   shop.Run(5s);
   EXPECT_EQ(shop.SentForTickets(), Lines{});
   EXPECT_EQ(shop.Err(), Lines{});
@@ -175,7 +173,7 @@ TEST(BadTicket, VanishedWhileItIsPrintedIsPrintedOnceAndNamedInTheErrorLog) {
   Shop shop;
   shop.Drop("a.txt", {kItem, kPayment});
   shop.link.SetObserver([&](LineEvent, const std::string& text) {
-    if (text.starts_with("1036")) std::filesystem::remove(shop.folder.Native("data\\inproces\\a.txt"));
+    if (text.starts_with("1036")) shop.folder.Remove("data\\inproces\\a.txt");
   });
   shop.Run(5s);
   EXPECT_EQ(shop.device.Receipts().size(), 1U);
@@ -183,7 +181,7 @@ TEST(BadTicket, VanishedWhileItIsPrintedIsPrintedOnceAndNamedInTheErrorLog) {
   EXPECT_EQ(shop.Err(), Lines{"Scontrino stampato ma non archiviato : a.txt"});
 }
 
-TEST(BadTicket, LockedBySomebodyIsPrintedWhenItIsFree) {
+TEST(BadTicket, LockedByAnotherProgramIsPrintedOnceItIsReleased) {
   Shop shop;
   shop.Drop("a.txt", {kItem, kPayment});
   shop.files.FailAlways("OpenForReading", "inproces", 70);
@@ -233,7 +231,7 @@ TEST(BadSettings, InUtf16AreReadAndStayInIt) {
   EXPECT_NE(Utf8FromUtf16(after.substr(2), false).find("ComPort=1\r\n"), std::string::npos);
 }
 
-TEST(BadSettings, LockedBySomebodyEndTheStartAndAreLeftAsTheyAre) {
+TEST(BadSettings, LockedByAnotherProgramEndTheStartAndStayUnchanged) {
   Shop shop;
   const std::string before = shop.folder.Read("Orvenza.ini");
   shop.files.FailAlways("OpenForReading", "Orvenza.ini", 70);
@@ -303,10 +301,9 @@ TEST(BadSettings, SerialTextWithoutCommasIsAlarmedUntilItIsConfigured) {
 
 TEST(BadFolder, TicketFolderThatGoesAndComesBackLosesNothing) {
   Shop shop;
-  shop.After(2s,
-             [&] { std::filesystem::rename(shop.folder.Native("data"), shop.folder.Native("elsewhere")); });
+  shop.After(2s, [&] { shop.folder.RenameFolder("data", "elsewhere"); });
   shop.After(4s, [&] {
-    std::filesystem::rename(shop.folder.Native("elsewhere"), shop.folder.Native("data"));
+    shop.folder.RenameFolder("elsewhere", "data");
     shop.Drop("a.txt", {kItem, kPayment});
   });
   shop.Run(10s);

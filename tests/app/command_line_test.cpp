@@ -42,14 +42,14 @@ TEST(CommandLine, RefusesWhatItDoesNotKnow) {
   }
 }
 
-TEST(CommandLine, ReadsValuesBehindAnEqualsSign) {
+TEST(CommandLine, ReadsValuesAfterAnEqualsSign) {
   const CommandLine line = ParseCommandLine({"--folder=/srv/shop", "--simulate=faults.script"});
   EXPECT_EQ(line.folder, "/srv/shop");
   EXPECT_EQ(line.script, "faults.script");
 }
 
-TEST(CommandLine, UsageTellsHowTheMenuIsOpened) {
-  EXPECT_NE(Usage("The icon opens it.").find("\n\nThe icon opens it.\nIt ends through the menu"),
+TEST(CommandLine, UsageExplainsHowTheMenuIsOpened) {
+  EXPECT_NE(Usage("The icon opens it.").find("\n\nThe icon opens it.\nTo end the program use the menu"),
             std::string::npos);
 }
 

@@ -134,7 +134,7 @@ TEST(Menu, ExitIsAskedAboutAgainWhereAnotherItemHasClosedItsQuestion) {
   EXPECT_EQ(shop.Log().at(2), "Applicazione terminata dall'Operatore");
 }
 
-TEST(Menu, LinkThatCannotBeOpenedAnewIsLoggedThoughNobodyCanBeTold) {
+TEST(Menu, LinkThatCannotBeReopenedIsLoggedEvenIfNoMessageCanBeShown) {
   Shop shop("after 1000 port-fails 1000\n");
   shop.Answer("COM4");
   shop.person.SetObserver([](const ShownDialog& dialog, std::string_view) {

@@ -142,9 +142,8 @@ TEST(HistoricFolderAboveTheTickets, IsSwitchedOffBeforeItCarriesThemAway) {
 
 TEST(HistoricFolderAboveTheProgram, IsSwitchedOffThoughTheTicketsLieElsewhere) {
   Shop shop;
-  const TempFolder tickets;
-  tickets.Write("a.txt", "40;1;\r\n");
-  shop.Configure("Database", "TicketFiles", tickets.Path("*.txt"));
+  shop.disk.Put("C:\\tickets\\a.txt", "40;1;\r\n");
+  shop.Configure("Database", "TicketFiles", "C:\\tickets\\*.txt");
   shop.Configure("Database", "HistoricTickets", shop.folder.Path());
   shop.Run(5s);
   EXPECT_EQ(shop.SentForTickets(), Lines{"104901"});

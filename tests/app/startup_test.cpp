@@ -22,7 +22,7 @@ const std::string kWrongVersion = "\r\nVersione File INI Errata !\r\nApplicazion
 /// A program folder without a settings file, as on the first start.
 class FirstRun : public testing::Test {
  protected:
-  void SetUp() override { std::filesystem::remove(shop.folder.Native("Orvenza.ini")); }
+  void SetUp() override { shop.folder.Remove("Orvenza.ini"); }
   Shop shop;
 };
 
@@ -146,7 +146,7 @@ TEST(Startup, SecondInstanceIsRefusedAndTouchesNothing) {
   EXPECT_EQ(shop.person.Shown()[0].caption, "Orvenza");
   EXPECT_EQ(shop.person.Shown()[0].icon, MessageIcon::kStop);
   EXPECT_EQ(shop.folder.Read("error.txt"), "16/11/2026 09:00:00 - Programma già in esecuzione !\r\n");
-  EXPECT_EQ(shop.Names("."), (Lines{"Orvenza.ini", "error.txt"}));
+  EXPECT_EQ(shop.Names(""), (Lines{"Orvenza.ini", "error.txt"}));
   EXPECT_EQ(shop.icon.created, 0);
   EXPECT_EQ(shop.status, exit_status::kServedAlready);
 }
@@ -166,7 +166,7 @@ TEST(Startup, SecondInstanceThatIsEndedBeforeItsBoxIsAnsweredLogsTheSame) {
   shop.person.SetObserver([](const ShownDialog&, std::string_view) { throw ProgramEnd{.unload = true}; });
   shop.RunToItsEnd(true);
   EXPECT_EQ(shop.Messages("error.txt"), Lines{"Programma già in esecuzione !"});
-  EXPECT_EQ(shop.Names("."), (Lines{"Orvenza.ini", "error.txt"}));
+  EXPECT_EQ(shop.Names(""), (Lines{"Orvenza.ini", "error.txt"}));
   EXPECT_EQ(shop.status, exit_status::kServedAlready);
 }
 
@@ -318,7 +318,7 @@ TEST(Startup, ErrorTextsThatCannotBeWrittenAreLoggedAndStartUpGoesOn) {
   EXPECT_EQ(shop.Log().back(), "End");
 }
 
-TEST(Startup, ErrorTextsThatCannotBeLookedAtAreNotReplaced) {
+TEST(Startup, ErrorTextsThatCannotBeCheckedAreNotReplaced) {
   Shop shop;
   shop.folder.Write("ErrDesc.ini", "own");
   shop.files.FailAlways("Exists", "ErrDesc.ini", error_number::kDeviceError);

@@ -16,9 +16,9 @@
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_folders.h"
 #include "simulator/scripted_operator.h"
-#include "simulator/virtual_clock.h"
 #include "support/scripted_link.h"
 #include "support/temp_folder.h"
+#include "support/test_clock.h"
 #include "ui/notification_icon.h"
 
 namespace orvenza::test {
@@ -120,7 +120,7 @@ class Soak {
   PosixFiles files_;
   PosixFolders folders_;
   IniProfileFile profile_;
-  VirtualClock clock_;
+  TestClock clock_;
   EventLoop loop_;
   ScriptedOperator person_;
   NoIcon icon_;

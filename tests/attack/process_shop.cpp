@@ -15,6 +15,9 @@ using namespace std::chrono_literals;
 
 constexpr int kKilled = 137;
 
+/// What a start may take, so that a program which asks the same thing again and again comes to an end.
+constexpr auto kLongestRun = 60s;
+
 std::string ReceiptOf(const std::string& item) {
   return "1\x7f" + item +
          "\x7f"
@@ -80,7 +83,8 @@ ProcessShop::End ProcessShop::RunOnce(int start, bool attacked, const std::vecto
       // It was killed right after its question.
     }
   };
-  for (std::string line; program.NextLine(line);) {
+  const auto end = std::chrono::steady_clock::now() + kLongestRun;
+  for (std::string line; std::chrono::steady_clock::now() < end && program.NextLine(line);) {
     box += line + "\n";
     if (line.starts_with("Numero + Invio")) {
       enter(AnswerTo(box, start));

@@ -19,11 +19,11 @@ TEST(Arguments, KeepsWordsAndOptionsApart) {
   EXPECT_EQ(arguments.error, "");
 }
 
-TEST(Arguments, ReadsAnAttachedValueAsItStands) {
+TEST(Arguments, ReadsAnAttachedValueUnchanged) {
   EXPECT_EQ(ReadArguments({"--folder=--odd=name"}, kOptions).Value("--folder"), "--odd=name");
 }
 
-TEST(Arguments, TakesEverythingBehindTwoDashesAsWords) {
+TEST(Arguments, TakesEverythingAfterTwoDashesAsArguments) {
   const Arguments arguments = ReadArguments({"--json", "--", "--json", "-x", "--"}, kOptions);
   EXPECT_EQ(arguments.words, (Words{"--json", "-x", "--"}));
 }

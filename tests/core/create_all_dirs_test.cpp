@@ -20,13 +20,13 @@ std::string WithoutEnd(std::string path) {
   return path;
 }
 
-/// Drives C: and \\server\share, and the folders on them.
+/// Folders on the drives C: and \\server\share.
 class DriveFolders : public Folders {
  public:
   std::set<std::string> folders;
   std::set<std::string> filesInTheWay;
   Paths created;
-  std::string unseen;  ///< A folder at which looks fail.
+  std::string unseen;  ///< A folder that cannot be checked.
 
   bool Exists(const std::string& path) const override {
     const std::string name = WithoutEnd(path);
@@ -56,14 +56,14 @@ class DriveFolders : public Folders {
 
 class CreateAllDirsTest : public ::testing::Test {
  protected:
-  CreateAllDirsTest() { settings.ErrPath = "Err.txt"; }
+  CreateAllDirsTest() { paths.ErrPath = "Err.txt"; }
 
   bool Create(const std::string& path) { return CreateAllDirs(folders, logs, path); }
 
   VirtualClock clock{{2026, 11, 15, 13, 45, 10}};
   MemoryFiles files;
-  AppSettings settings;
-  Logs logs{files, clock, settings, "C:\\shop"};
+  LogPaths paths;
+  Logs logs{files, clock, paths, "C:\\shop"};
   DriveFolders folders;
 };
 
@@ -115,7 +115,7 @@ TEST_F(CreateAllDirsTest, AFileInTheWayIsLogged) {
   EXPECT_EQ(folders.created, Paths{});
 }
 
-TEST_F(CreateAllDirsTest, ALookThatFailsIsLoggedAndNothingIsMade) {
+TEST_F(CreateAllDirsTest, AFailedCheckIsLoggedAndNothingIsCreated) {
   for (const char* unseen : {"C:\\a\\b\\c", "C:\\a"}) {
     folders.unseen = unseen;
     files.content.clear();

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <vector>
 
-#include "simulator/virtual_clock.h"
+#include "support/test_clock.h"
 
 namespace orvenza {
 namespace {
@@ -15,7 +15,7 @@ using std::chrono::nanoseconds;
 
 class EventLoopTest : public ::testing::Test {
  protected:
-  /// An event after `delay` that notes when it ran.
+  /// Schedules an event after `delay` that records when it ran.
   void EventAfter(nanoseconds delay) {
     clock.After(delay, [this] { moments.push_back(clock.Uptime()); });
   }
@@ -23,7 +23,7 @@ class EventLoopTest : public ::testing::Test {
     clock.After(delay, [this, end] { loop.RequestEnd(end); });
   }
 
-  VirtualClock clock;
+  test::TestClock clock;
   EventLoop loop{clock, clock};
   std::vector<nanoseconds> moments;
 };
@@ -57,7 +57,7 @@ TEST_F(EventLoopTest, AWaitEndsWithTheFirstEvent) {
   EXPECT_EQ(moments.size(), 1U);
 }
 
-TEST_F(EventLoopTest, AWaitLastsOneSliceUnlessToldOtherwise) {
+TEST_F(EventLoopTest, AWaitLastsOneSliceByDefault) {
   loop.Wait();
   EXPECT_EQ(clock.Uptime(), 10ms);
   loop.Wait(500ms);
@@ -101,7 +101,7 @@ TEST_F(EventLoopTest, ADeliveryDoesNotSleep) {
   EXPECT_EQ(moments.size(), 1U);
 }
 
-TEST_F(EventLoopTest, TheFirstWishToEndCounts) {
+TEST_F(EventLoopTest, TheFirstRequestToEndCounts) {
   loop.RequestEnd({.unload = true});
   loop.RequestEnd({.unload = false});
   try {

@@ -5,7 +5,7 @@
 namespace orvenza::test {
 namespace {
 
-TEST(FileNameOf, IsWhatStandsBehindTheLastBackslash) {
+TEST(FileNameOf, IsTheTextAfterTheLastBackslash) {
   EXPECT_EQ(FileNameOf("C:\\shop\\1.txt"), "1.txt");
   EXPECT_EQ(FileNameOf("1.txt"), "1.txt");
   EXPECT_EQ(FileNameOf("C:\\shop\\"), "");

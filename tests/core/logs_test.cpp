@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <new>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -20,12 +21,12 @@ constexpr const char* kErr = "C:\\shop\\Err.txt";
 constexpr const char* kLogFallback = "C:\\shop\\log.txt";
 constexpr const char* kErrFallback = "C:\\shop\\error.txt";
 
-/// The logs at 13:45:10 of 15 November 2026, the settings read.
+/// The logs at 13:45:10 on 15 November 2026, after the settings were read.
 class LogsTest : public ::testing::Test {
  protected:
   LogsTest() {
-    settings.LogPath = kLog;
-    settings.ErrPath = kErr;
+    paths.LogPath = kLog;
+    paths.ErrPath = kErr;
   }
 
   std::string& Content(const std::string& path) { return memory.content[path]; }
@@ -33,8 +34,8 @@ class LogsTest : public ::testing::Test {
   VirtualClock clock{{2026, 11, 15, 13, 45, 10}};
   MemoryFiles memory;
   FaultyFiles files{memory};
-  AppSettings settings;
-  Logs logs{files, clock, settings, "C:\\shop"};
+  LogPaths paths;
+  Logs logs{files, clock, paths, "C:\\shop"};
 };
 
 TEST_F(LogsTest, ALineIsTheTimeADashAndTheMessage) {
@@ -59,7 +60,7 @@ TEST_F(LogsTest, TheArgumentHoldsTheStampedLineAfterwards) {
   EXPECT_EQ(error, "15/11/2026 13:45:10 - Sì");
 }
 
-TEST_F(LogsTest, AJournalOf250000BytesIsAppendedTo) {
+TEST_F(LogsTest, ALogOf250000BytesIsAppendedTo) {
   Content(kLog) = std::string(250000, 'x');
   logs.WrLog("End");
   EXPECT_EQ(Content(kLog).size(), 250000U + 27U);
@@ -82,32 +83,32 @@ TEST_F(LogsTest, OnlyOneOlderCopyIsKept) {
 }
 
 TEST_F(LogsTest, TheCopysNameReplacesExactlyThreeCharacters) {
-  settings.LogPath = "C:\\shop\\log.text";
-  Content(settings.LogPath) = std::string(250001, 'x');
+  paths.LogPath = "C:\\shop\\log.text";
+  Content(paths.LogPath) = std::string(250001, 'x');
   logs.WrLog("End");
   EXPECT_TRUE(memory.Exists("C:\\shop\\log.tBak"));
 }
 
 TEST_F(LogsTest, ActivityFallsBackBeforeTheSettingsAreRead) {
-  settings.LogPath.clear();
+  paths.LogPath.clear();
   std::string message = "Default INI !";
   logs.WrLog(message);
   EXPECT_EQ(Content(kLogFallback),
             "WrLog : Path/File access error 75 ( 15/11/2026 13:45:10 - Default INI ! )\r\n");
   EXPECT_EQ(message, "15/11/2026 13:45:10 - Default INI !");
-  EXPECT_EQ(settings.LogPath, "");
+  EXPECT_EQ(paths.LogPath, "");
 }
 
 TEST_F(LogsTest, ErrorsGoToErrorTxtBeforeTheSettingsAreRead) {
-  settings.ErrPath.clear();
+  paths.ErrPath.clear();
   logs.WrErr("one");
-  EXPECT_EQ(settings.ErrPath, kErrFallback);
+  EXPECT_EQ(paths.ErrPath, kErrFallback);
   logs.WrErr("two");
   EXPECT_EQ(Content(kErrFallback), "15/11/2026 13:45:10 - one\r\n15/11/2026 13:45:10 - two\r\n");
 }
 
 TEST_F(LogsTest, ErrorTxtIsMovedAsideLikeTheOthers) {
-  settings.ErrPath.clear();
+  paths.ErrPath.clear();
   Content(kErrFallback) = std::string(250001, 'e');
   logs.WrErr("new");
   EXPECT_EQ(Content("C:\\shop\\error.Bak"), std::string(250001, 'e'));
@@ -177,6 +178,14 @@ TEST_F(LogsTest, AStepThatRunsToItsEndLogsNothing) {
 TEST_F(LogsTest, AStepThatFailsIsLoggedWithNumberAndDescription) {
   EXPECT_FALSE(logs.Attempt("CreateAllDirs ", [] { throw SystemError(76, "Z:\\data"); }));
   EXPECT_EQ(Content(kErr), "15/11/2026 13:45:10 - CreateAllDirs 76 - Path not found ( Z:\\data )\r\n");
+}
+
+TEST_F(LogsTest, AStepWithAValueReturnsItOrNothing) {
+  EXPECT_EQ(logs.Attempt("Main_Load - ", [] { return std::string("done"); }), "done");
+  EXPECT_EQ(logs.Attempt("Main_Load - ", [] { return false; }), std::optional(false));
+  EXPECT_TRUE(memory.content.empty());
+  EXPECT_EQ(logs.Attempt("Main_Load - ", []() -> int { throw SystemError(61); }), std::nullopt);
+  EXPECT_EQ(Content(kErr), "15/11/2026 13:45:10 - Main_Load - 61 - Disk full\r\n");
 }
 
 TEST_F(LogsTest, FailuresOfTheLanguagesLibraryAreTrappedToo) {

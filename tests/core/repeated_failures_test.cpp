@@ -17,9 +17,9 @@ constexpr auto kTick = 500ms;
 
 class RepeatedFailuresTest : public ::testing::Test {
  protected:
-  RepeatedFailuresTest() { settings.ErrPath = "C:\\shop\\Err.txt"; }
+  RepeatedFailuresTest() { paths.ErrPath = "C:\\shop\\Err.txt"; }
 
-  /// Ticks for this long, each with a failure at every path.
+  /// Ticks for this time, each with a failure for every path.
   void FailFor(std::chrono::nanoseconds time, const std::vector<std::string>& paths) {
     for (const auto end = clock.Uptime() + time; clock.Uptime() < end; clock.Advance(kTick)) {
       for (const std::string& path : paths) {
@@ -29,7 +29,7 @@ class RepeatedFailuresTest : public ::testing::Test {
     }
   }
 
-  /// How often a text stands in the log.
+  /// Number of occurrences of a text in the log.
   int CountOf(const std::string& text, const std::string& log = "Err.txt") {
     const std::string& lines = files.content["C:\\shop\\" + log];
     int count = 0;
@@ -39,8 +39,8 @@ class RepeatedFailuresTest : public ::testing::Test {
 
   VirtualClock clock;
   MemoryFiles files;
-  AppSettings settings;
-  Logs logs{files, clock, settings, "C:\\shop"};
+  LogPaths paths;
+  Logs logs{files, clock, paths, "C:\\shop"};
   RepeatedFailures failures{logs};
 };
 

@@ -66,7 +66,7 @@ TEST_F(SettingsTest, AFileThatCannotBeReadChangesNothing) {
   for (const char* operation : {"Exists", "OpenForReading", "Read"}) {
     files.FailAlways(operation, "Orvenza.ini", error_number::kDeviceError);
     const std::string failure = "57 Device I/O error ( C:\\shop\\Orvenza.ini )";
-    EXPECT_EQ(FailureOf([&] { file.UpgradeIni(settings, [] {}); }), failure);
+    EXPECT_EQ(FailureOf([&] { (void)file.UpgradeIni(settings, [] {}); }), failure);
     EXPECT_EQ(FailureOf([&] { file.ReadIni(settings); }), failure);
     EXPECT_EQ(settings.LogPath, "");
     files.Heal();

@@ -9,7 +9,7 @@ namespace {
 
 class UpgradeTest : public SettingsBench {
  protected:
-  /// Brings a file of this version and nothing else up to date.
+  /// Upgrades a file that contains only this version.
   bool Upgrade(const std::string& version) {
     Ini() = "[Version]\r\nVersion=" + version + "\r\n";
     boxes = 0;
@@ -59,7 +59,7 @@ TEST_F(UpgradeTest, TheOldestFileTakesTwoSteps) {
 TEST_F(UpgradeTest, TheBoxComesAfterTheFileWasWritten) {
   Ini() = "[Version]\r\nVersion=1.05\r\n";
   std::string seen;
-  file.UpgradeIni(settings, [&] { seen = Ini(); });
+  EXPECT_TRUE(file.UpgradeIni(settings, [&] { seen = Ini(); }));
   EXPECT_EQ(seen, "[Version]\r\nVersion=1.06\r\n[Database]\r\nHistoricTickets=C:\\shop\\storico\\\r\n");
 }
 
@@ -80,7 +80,7 @@ TEST_F(UpgradeTest, AFileWithoutAVersionIsRefused) {
   EXPECT_EQ(Ini(), "[Com Settings]\r\nVersion=1.06\r\n");
 }
 
-TEST_F(UpgradeTest, AReadOnlyFileIsUsedAsItStands) {
+TEST_F(UpgradeTest, AReadOnlyFileIsUsedAsItIs) {
   for (const char* version : {"1.00", "1.01", "1.05"}) {
     files.FailAlways("Write", "", error_number::kPermissionDenied);
     EXPECT_TRUE(Upgrade(version));

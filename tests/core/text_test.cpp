@@ -145,7 +145,7 @@ TEST(FromWindows1252, ReadsTheOtherBytesAsTheirOwnNumber) {
   EXPECT_EQ(FromWindows1252("a\x7F\0z"s), "a\x7F\0z"s);
 }
 
-TEST(ToUtf8, LeavesValidSequencesAsTheyStand) {
+TEST(ToUtf8, LeavesValidSequencesUnchanged) {
   for (const char* text : {"", "plain", "già", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF",
                            "\xEE\x80\x80", "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
     EXPECT_EQ(ToUtf8(text), text);
@@ -161,18 +161,18 @@ TEST(ToUtf8, ReadsEveryOtherByteTextAsWindows1252) {
       {"gi\xE0 ok", "già ok"},
       {"\x80", "€"},
       {"\xBF", "¿"},
-      {"\xC0\xAF", "À¯"},  // Overlong spellings,
+      {"\xC0\xAF", "À¯"},  // Overlong sequences,
       {"\xC1\xBF", "Á¿"},
       {"\xE0\x9F\xBF", "àŸ¿"},
       {"\xF0\x8F\xBF\xBF", "ð\xC2\x8F¿¿"},
-      {"\xED\xA0\x80", "í\xC2\xA0€"},       // a half of a pair,
-      {"\xF4\x90\x80\x80", "ô\xC2\x90€€"},  // beyond the last character,
+      {"\xED\xA0\x80", "í\xC2\xA0€"},       // half of a surrogate pair,
+      {"\xF4\x90\x80\x80", "ô\xC2\x90€€"},  // beyond the last code point,
       {"\xF5\x80\x80\x80", "õ€€€"},
-      {"\xC3", "Ã"},  // sequences cut short,
+      {"\xC3", "Ã"},  // truncated sequences,
       {"\xE2\x82", "â‚"},
       {"\xC3(", "Ã("},
       {"\xE2\x82(", "â‚("},
-      {"è \xE8", "Ã¨ è"},  // and a text of both kinds.
+      {"è \xE8", "Ã¨ è"},  // and a mixture of both encodings.
   };
   for (const auto& row : rows) EXPECT_EQ(ToUtf8(row.bytes), row.text) << row.text;
 }

@@ -9,8 +9,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// One dialogue over prepared replies. A test states what was sent, what the error log says and how long it
-/// took; replies come at once.
+/// One dialogue with prepared replies, which come without delay. A test states what was sent, the error log
+/// and the elapsed time.
 class CashDialoguesTest : public DeviceBench {
  protected:
   void Replies(const Lines& replies) {
@@ -83,7 +83,6 @@ TEST_F(RestartTest, TheStatusIsAskedUntilTheRegisterAnswersIt) {
   control.Reply("3217");
   cash.InvioRIAVVIO();
   EXPECT_EQ(Sent().size(), 12U);
-  EXPECT_EQ(link.ReplyText, "");
   EXPECT_EQ(Elapsed(), 3000 + 9 * 500 + 3000);
 }
 
@@ -264,6 +263,42 @@ TEST_F(VoidTest, TheOperatorMayGoOnClosing) {
   EXPECT_EQ(Sent().size(), 13U);
   EXPECT_EQ(Last(Sent()), "103611000000000");
   EXPECT_EQ(Errors(), Lines{});
+}
+
+TEST_F(VoidTest, ReturnsTheLastReply) {
+  struct {
+    Lines replies;
+    const char* last;
+  } const rows[] = {
+      {{"1028"}, "1028"},
+      {{"ERR-1", "200100"}, "200100"},
+      {{"ERR05", "ERR06", "ERR07", "ERR08"}, "ERR08"},
+      {{"ERR11", "3217"}, ""},
+  };
+  for (const auto& row : rows) {
+    Replies(row.replies);
+    EXPECT_EQ(cash.InvioVOID().Text(), row.last);
+  }
+  EXPECT_EQ(cash.InvioVOID().Text(), "") << "silence";
+}
+
+TEST_F(VoidTest, AReceiptLeftOpenIsNoReply) {
+  Replies({"ERR11", "ERR17"});
+  Answer("No");
+  EXPECT_EQ(cash.InvioVOID().Text(), "");
+}
+
+TEST_F(VoidTest, AReplyThatComesInThePauseAfterwardsCounts) {
+  control.Reply("1028", 15500ms);
+  EXPECT_EQ(cash.InvioVOID().Text(), "1028");
+  EXPECT_EQ(Elapsed(), 15000 + 1000);
+}
+
+TEST_F(VoidTest, AStatusThatCannotBeReadLeavesItsLastReply) {
+  control.Reply("ERR11");
+  Replies(Lines(9, "ERR08"));
+  control.Reply("200100");
+  EXPECT_EQ(cash.InvioVOID().Text(), "200100");
 }
 
 }  // namespace

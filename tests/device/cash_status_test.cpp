@@ -16,8 +16,9 @@ class CashStatusTest : public DeviceBench {
 TEST_F(CashStatusTest, AnErrorThatEndsIn17IsAnOpenReceipt) {
   for (const char* reply : {"ERR17", "ERR0817", "ERR-17"}) {
     control.Reply(reply);
-    EXPECT_TRUE(cash.QueryCashStatus()) << reply;
-    EXPECT_EQ(link.ReplyText, "");
+    const CashStatus status = cash.QueryCashStatus();
+    EXPECT_TRUE(status.receiptOpen) << reply;
+    EXPECT_EQ(status.unread.Text(), "") << reply;
   }
   EXPECT_EQ(Sent(), Lines(3, "321701"));
   EXPECT_EQ(Errors(), Lines{});
@@ -26,8 +27,9 @@ TEST_F(CashStatusTest, AnErrorThatEndsIn17IsAnOpenReceipt) {
 
 TEST_F(CashStatusTest, AnAnswerIsAClosedReceipt) {
   control.Reply("321701000017");
-  EXPECT_FALSE(cash.QueryCashStatus());
-  EXPECT_EQ(link.ReplyText, "");
+  const CashStatus status = cash.QueryCashStatus();
+  EXPECT_FALSE(status.receiptOpen);
+  EXPECT_EQ(status.unread.Text(), "");
   EXPECT_EQ(Sent(), Lines{"321701"});
   EXPECT_EQ(Errors(), Lines{});
   EXPECT_EQ(Elapsed(), 0);
@@ -35,7 +37,7 @@ TEST_F(CashStatusTest, AnAnswerIsAClosedReceipt) {
 
 TEST_F(CashStatusTest, EveryOtherReplyIsLoggedAndTheQuerySentAgain) {
   Replies({"ERR08", "ERR-1", "20010017", "ERR", "\xE8", "3217"});
-  EXPECT_FALSE(cash.QueryCashStatus());
+  EXPECT_FALSE(cash.QueryCashStatus().receiptOpen);
   EXPECT_EQ(Sent(), Lines(6, "321701"));
   EXPECT_EQ(Errors(), (Lines{"ECR Error : ERR08", "ECR Error : ERR-1", "ECR Error : 20010017",
                              "ECR Error : ERR", "ECR Error : è"}));
@@ -43,7 +45,7 @@ TEST_F(CashStatusTest, EveryOtherReplyIsLoggedAndTheQuerySentAgain) {
 }
 
 TEST_F(CashStatusTest, TenCommandsWithoutReplyAreAllThatAreSent) {
-  EXPECT_FALSE(cash.QueryCashStatus());
+  EXPECT_FALSE(cash.QueryCashStatus().receiptOpen);
   EXPECT_EQ(Sent(), Lines(10, "321701"));
   Lines errors(10, "ECR Error : ");
   errors.push_back("Impossibile leggere stato Cash !");
@@ -55,16 +57,17 @@ TEST_F(CashStatusTest, TenCommandsWithoutReplyAreAllThatAreSent) {
 TEST_F(CashStatusTest, TheLastErrorStaysAfterTheTenthTry) {
   Replies(Lines(9, "ERR08"));
   control.Reply("ERR12");
-  EXPECT_FALSE(cash.QueryCashStatus());
+  const CashStatus status = cash.QueryCashStatus();
+  EXPECT_FALSE(status.receiptOpen);
   EXPECT_EQ(Sent().size(), 10U);
-  EXPECT_EQ(link.ReplyText, "ERR12");
+  EXPECT_EQ(status.unread.Text(), "ERR12");
   EXPECT_EQ(Last(Errors()), "Impossibile leggere stato Cash !");
 }
 
 TEST_F(CashStatusTest, TheTenthTryMayStillSucceed) {
   Replies(Lines(9, "ERR08"));
   control.Reply("ERR17");
-  EXPECT_TRUE(cash.QueryCashStatus());
+  EXPECT_TRUE(cash.QueryCashStatus().receiptOpen);
   EXPECT_EQ(Errors(), Lines(9, "ECR Error : ERR08"));
 }
 
@@ -72,7 +75,7 @@ TEST_F(CashStatusTest, NothingIsSentToAnAbsentRegister) {
   control.presence = {false, false, false, true};
   Answer("Ok", "Ok", "Ok");
   control.Reply("3217");
-  cash.QueryCashStatus();
+  EXPECT_FALSE(cash.QueryCashStatus().receiptOpen);
   EXPECT_EQ(Shown(), Lines(3, AbsentAlarm()));
   EXPECT_EQ(Sent(), Lines{"321701"});
 }
@@ -80,16 +83,15 @@ TEST_F(CashStatusTest, NothingIsSentToAnAbsentRegister) {
 TEST_F(CashStatusTest, TheClockIsCorrectedAfterAnAnswer) {
   settings.PcTimeCorrection = 30;
   Replies({"3217", "42011611260930"});
-  EXPECT_FALSE(cash.QueryCashStatus());
+  EXPECT_FALSE(cash.QueryCashStatus().receiptOpen);
   EXPECT_EQ(Sent(), (Lines{"321701", "420100"}));
   EXPECT_EQ(clock.TimesSet(), (std::vector<LocalTime>{{2026, 11, 16, 9, 30, 0}}));
-  EXPECT_EQ(link.ReplyText, "");
 }
 
 TEST_F(CashStatusTest, TheClockIsNotAskedWhileAReceiptIsOpen) {
   settings.PcTimeCorrection = 30;
   control.Reply("ERR17");
-  EXPECT_TRUE(cash.QueryCashStatus());
+  EXPECT_TRUE(cash.QueryCashStatus().receiptOpen);
   EXPECT_EQ(Sent(), Lines{"321701"});
 }
 
@@ -97,7 +99,7 @@ TEST_F(CashStatusTest, TheClockIsNotAskedWithoutCorrections) {
   for (const double seconds : {0.0, -30.0}) {
     settings.PcTimeCorrection = seconds;
     control.Reply("3217");
-    cash.QueryCashStatus();
+    EXPECT_FALSE(cash.QueryCashStatus().receiptOpen);
   }
   EXPECT_EQ(Sent(), Lines(2, "321701"));
 }
@@ -105,9 +107,8 @@ TEST_F(CashStatusTest, TheClockIsNotAskedWithoutCorrections) {
 TEST_F(CashStatusTest, AClockThatDoesNotAnswerIsOneLineInTheErrorLog) {
   settings.PcTimeCorrection = 30;
   Replies({"3217", "ERR08"});
-  EXPECT_FALSE(cash.QueryCashStatus());
+  EXPECT_FALSE(cash.QueryCashStatus().receiptOpen);
   EXPECT_EQ(Errors(), Lines{"ECR Error : ERR08"});
-  EXPECT_EQ(link.ReplyText, "");
   EXPECT_EQ(clock.TimesSet().size(), 0U);
   EXPECT_EQ(Shown(), Lines{});
 }
@@ -116,7 +117,7 @@ TEST_F(CashStatusTest, ARegisterThatWentAwayIsNotAlarmedAboutForTheClock) {
   settings.PcTimeCorrection = 30;
   control.presence = {true, false};
   control.Reply("3217");
-  EXPECT_FALSE(cash.QueryCashStatus());
+  EXPECT_FALSE(cash.QueryCashStatus().receiptOpen);
   EXPECT_EQ(Errors(), Lines{"Dispositivo Spento o Non Collegato !"});
   EXPECT_EQ(Shown(), Lines{});
 }

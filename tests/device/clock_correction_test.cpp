@@ -15,21 +15,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Corrections every 30 seconds, tolerance 60 seconds.
+/// Corrections every 30 seconds, with a tolerance of 60 seconds.
 class ClockCorrectionTest : public ::testing::Test {
  protected:
   ClockCorrectionTest() {
     settings.ErrPath = "Err.txt";
     settings.PcTimeCorrection = 30;
     settings.TimeShift = 60;
-  }
-
-  /// How many ticks pass until a correction is due, 0 when none is within 1000.
-  int TicksUntilDue() {
-    for (int tick = 1; tick <= 1000; ++tick) {
-      if (correction.CountTick()) return tick;
-    }
-    return 0;
   }
 
   /// True when a PC that shows this time is corrected by a register that shows `hhmm`.
@@ -48,31 +40,6 @@ class ClockCorrectionTest : public ::testing::Test {
   Logs logs{files, clock, settings, "C:\\shop"};
   ClockCorrection correction{clock, settings, logs};
 };
-
-TEST_F(ClockCorrectionTest, IsDueAtThe61stTickAndThenEvery61) {
-  EXPECT_EQ(TicksUntilDue(), 61);
-  EXPECT_EQ(TicksUntilDue(), 61);
-  EXPECT_EQ(TicksUntilDue(), 61);
-}
-
-TEST_F(ClockCorrectionTest, CountsTicksAndNotTime) {
-  clock.Advance(1h);
-  EXPECT_EQ(TicksUntilDue(), 61);
-}
-
-TEST_F(ClockCorrectionTest, IsDueWhenTheCountIsGreater) {
-  settings.PcTimeCorrection = 0.5;
-  EXPECT_EQ(TicksUntilDue(), 2);
-  settings.PcTimeCorrection = 0.4;
-  EXPECT_EQ(TicksUntilDue(), 1);
-}
-
-TEST_F(ClockCorrectionTest, IsNeverDueWhenSwitchedOff) {
-  for (const double seconds : {0.0, -1.0}) {
-    settings.PcTimeCorrection = seconds;
-    EXPECT_EQ(TicksUntilDue(), 0);
-  }
-}
 
 TEST_F(ClockCorrectionTest, TheRegistersTimeIsTakenWithItsSecondsAsZero) {
   EXPECT_TRUE(Corrects(9, 0, 0, "1437"));
@@ -97,7 +64,7 @@ TEST_F(ClockCorrectionTest, IsNotMadeNearMidnight) {
   EXPECT_FALSE(Corrects(23, 59, 59, "1200"));
 }
 
-/// A clock that midnight passes between two readings, the next of which is noon.
+/// A clock for which midnight passes between two readings; the next one is noon.
 class MidnightPasses : public VirtualClock {
  public:
   double SecondsSinceMidnight() const override {
@@ -129,16 +96,11 @@ TEST_F(ClockCorrectionTest, TheGuardGrowsWithTheToleranceInWholeSeconds) {
   EXPECT_TRUE(Corrects(0, 2, 11, "1200"));
 }
 
-TEST_F(ClockCorrectionTest, ACorrectionStartsTheCountAgain) {
-  for (int i = 0; i < 40; ++i) correction.CountTick();
-  EXPECT_TRUE(Corrects(12, 0, 0, "1400"));
-  EXPECT_EQ(TicksUntilDue(), 61);
-}
-
-TEST_F(ClockCorrectionTest, ACheckThatCorrectsNothingLetsTheCountGoOn) {
-  for (int i = 0; i < 40; ++i) correction.CountTick();
+TEST_F(ClockCorrectionTest, CountsWhatItHasCorrected) {
   EXPECT_FALSE(Corrects(12, 0, 0, "1200"));
-  EXPECT_EQ(TicksUntilDue(), 21);
+  EXPECT_EQ(correction.Corrections(), 0U);
+  EXPECT_TRUE(Corrects(12, 0, 0, "1400"));
+  EXPECT_EQ(correction.Corrections(), 1U);
 }
 
 TEST_F(ClockCorrectionTest, IsNotMadeWhenSwitchedOff) {
@@ -150,17 +112,11 @@ TEST_F(ClockCorrectionTest, ARefusalIsLoggedOnce) {
   clock.RefuseSetTime(true);
   correction.Correct("42011611261400");
   correction.Correct("42011611261500");
+  EXPECT_EQ(correction.Corrections(), 0U);
   EXPECT_EQ(files.content["Err.txt"], "16/11/2026 09:00:00 - Timer1 - 70 - Permission denied\r\n");
   clock.RefuseSetTime(false);
   correction.Correct("42011611261400");
   EXPECT_EQ(clock.Now().hour, 14);
-}
-
-TEST_F(ClockCorrectionTest, ARefusalLetsTheCountGoOn) {
-  for (int i = 0; i < 40; ++i) correction.CountTick();
-  clock.RefuseSetTime(true);
-  correction.Correct("42011611261400");
-  EXPECT_EQ(TicksUntilDue(), 21);
 }
 
 TEST_F(ClockCorrectionTest, WhatFollowsTheMinutesDoesNotCount) {

@@ -92,7 +92,7 @@ TEST_F(OpenLinkTest, ConfiguredSettingsAreUsedForTheNextTry) {
   EXPECT_EQ(Elapsed(), 1000);
 }
 
-TEST_F(OpenLinkTest, AConfigurationGivenUpIsARetryAllTheSame) {
+TEST_F(OpenLinkTest, AConfigurationGivenUpIsARetryAnyway) {
   control.refusedOpens = 1;
   Answer("Configura", "close");
   link.OpenDeviceLink(777);
@@ -207,12 +207,20 @@ TEST_F(OpenLinkTest, AControlThatCannotBeCreatedIsAskedNoFurther) {
 }
 
 TEST_F(OpenLinkTest, ReopeningClosesAndWaits100Milliseconds) {
-  link.Reopen(50000);
+  settings.TimeWaitForLONGEtx = 50000;
+  link.ReopenForLongCommand();
   EXPECT_EQ(Calls().at(0), "open 0");
   EXPECT_EQ(Calls().at(1), "reset 1");
   EXPECT_EQ(Calls().at(9), "end-of-text wait 50000");
   EXPECT_TRUE(control.open);
   EXPECT_EQ(Elapsed(), 100);
+}
+
+TEST_F(OpenLinkTest, ReopeningRestoresTheOrdinaryWait) {
+  link.OpenDeviceLink(50000);
+  control.calls.clear();
+  link.Reopen();
+  EXPECT_EQ(Calls().at(9), "end-of-text wait 10002");
 }
 
 TEST_F(OpenLinkTest, ClosingThatFailsIsLoggedAndNoMore) {
@@ -295,7 +303,7 @@ TEST_F(ChangedSettingsTest, StayWaitingWhileACommandIsUnderWay) {
   EXPECT_EQ(Elapsed(), 5000);
 }
 
-TEST_F(ChangedSettingsTest, AControlThatFailsBetweenTwoCommandsIsOpenedAnew) {
+TEST_F(ChangedSettingsTest, AControlThatFailsBetweenTwoCommandsIsReopened) {
   link.OpenDeviceLink(777);
   const std::size_t callsOfOpening = Calls().size();
   faulty.FailNext("DevicePresent", error_number::kDeviceError);

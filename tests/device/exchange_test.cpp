@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 
 class ExchangeTest : public DeviceBench {
  protected:
-  /// Lets the time pass until this time of the first day.
+  /// Lets time pass until this time of the first day.
   void WaitUntil(int hour, int minute, int second) {
     clock.Advance(std::chrono::hours(hour) + std::chrono::minutes(minute) + std::chrono::seconds(second) -
                   9h);
@@ -25,24 +25,13 @@ class ExchangeTest : public DeviceBench {
   double begun_ = 0;
 };
 
-TEST(ReplyClasses, AnErrorReplyBeginsWithErr) {
-  for (const char* reply : {"ERR", "ERR08", "ERR-1", "ERR.."}) EXPECT_TRUE(IsErrorReply(reply)) << reply;
-  for (const char* reply : {"", "ER", "err08", "3217ERR", " ERR08"})
-    EXPECT_FALSE(IsErrorReply(reply)) << reply;
-}
-
-TEST(ReplyClasses, ALinkErrorHasADashBehind) {
-  for (const char* reply : {"ERR-1", "ERR-2", "ERR-3", "ERR-"}) EXPECT_TRUE(IsLinkError(reply)) << reply;
-  for (const char* reply : {"", "ERR", "ERR08", "ERR..", "ERR1-"}) EXPECT_FALSE(IsLinkError(reply)) << reply;
-}
-
 TEST_F(ExchangeTest, ThePresentRegisterIsReadyAtTheFirstLook) {
   EXPECT_TRUE(link.DeviceReady());
   EXPECT_EQ(control.presenceReads, 1);
   EXPECT_EQ(Shown(), Lines{});
 }
 
-TEST_F(ExchangeTest, EveryAbsentLookIsAnAlarmAndTheRegisterIsNotReady) {
+TEST_F(ExchangeTest, EveryFailedCheckIsAnAlarmAndTheRegisterIsNotReady) {
   struct {
     std::deque<bool> presence;
     int reads;
@@ -78,10 +67,10 @@ TEST_F(ExchangeTest, NothingIsSentWhileTheRegisterIsAbsent) {
   control.Reply("200100");
   Answer("Ok", "Ok", "Ok", "Ok");
   faulty.Before("Send", [&](const std::string&) { EXPECT_EQ(control.presenceReads, 6); });
-  link.Exchange("200100");
+  const Reply reply = link.Exchange("200100");
   EXPECT_EQ(Sent(), Lines{"200100"});
   EXPECT_EQ(Shown(), Lines(4, AbsentAlarm()));
-  EXPECT_EQ(link.ReplyText, "200100");
+  EXPECT_EQ(reply.Text(), "200100");
 }
 
 TEST_F(ExchangeTest, TheProgramCanEndWhileTheRegisterIsAbsent) {
@@ -120,18 +109,16 @@ TEST_F(ExchangeTest, TransmittingDoesNotLookForTheRegister) {
 
 TEST_F(ExchangeTest, AReplyIsKeptAsItWasDelivered) {
   control.Reply("3217 \xE8 ");
-  link.Exchange("321700");
-  EXPECT_EQ(link.ReplyText, "3217 \xE8 ");
-  EXPECT_TRUE(link.ReplyArrived);
+  const Reply reply = link.Exchange("321700");
+  EXPECT_EQ(reply.Text(), "3217 \xE8 ");
   EXPECT_EQ(Elapsed(), 0);
 }
 
 TEST_F(ExchangeTest, EachLinkErrorHasItsMarker) {
   for (const char* marker : {"ERR-1", "ERR-2", "ERR-3"}) {
     control.Reply(marker);
-    link.Exchange("200100");
-    EXPECT_EQ(link.ReplyText, marker);
-    EXPECT_TRUE(link.ReplyArrived);
+    const Reply reply = link.Exchange("200100");
+    EXPECT_EQ(reply.Text(), marker);
   }
 }
 
@@ -142,18 +129,17 @@ TEST_F(ExchangeTest, AReplyEndsTheWaitAtOnce) {
 }
 
 TEST_F(ExchangeTest, SilenceLasts15Seconds) {
-  link.ReplyText = "older";
-  link.Exchange("200100");
+  control.Raise("older");
+  const Reply reply = link.Exchange("200100");
   EXPECT_EQ(Elapsed(), 15000);
-  EXPECT_EQ(link.ReplyText, "");
-  EXPECT_FALSE(link.ReplyArrived);
+  EXPECT_EQ(reply.Text(), "");
   EXPECT_EQ(Errors(), Lines{});
 }
 
 TEST_F(ExchangeTest, AReplyOfTheLastMomentCounts) {
   control.Reply("200100", 14999ms);
-  link.Exchange("200100");
-  EXPECT_EQ(link.ReplyText, "200100");
+  const Reply reply = link.Exchange("200100");
+  EXPECT_EQ(reply.Text(), "200100");
   EXPECT_EQ(Elapsed(), 14999);
 }
 
@@ -164,19 +150,19 @@ TEST_F(ExchangeTest, TheWaitCanBeLonger) {
 
 TEST_F(ExchangeTest, AReplyHeldUpByALongDeliveryIsNoSilence) {
   for (const auto lineTime : {0ms, 7ms, 30ms, 900ms}) {
-    // The simulated line: the command arrives, and only then the reply sets out.
+    // Like the simulated line: the reply starts only after the command has arrived.
     clock.After(1ms, [&] { clock.Stall(20s); });
     clock.After(2ms, [&] { clock.After(lineTime, [&] { control.Raise("200100"); }); });
-    link.Transmit("200100");
-    EXPECT_EQ(link.ReplyText, "200100") << lineTime.count();
+    const Reply reply = link.Transmit("200100");
+    EXPECT_EQ(reply.Text(), "200100") << lineTime.count();
   }
   EXPECT_EQ(Elapsed(), 4 * 20001 + 0 + 7 + 30 + 900);
 }
 
 TEST_F(ExchangeTest, SilenceAfterALongDeliveryLastsOneSecond) {
   clock.After(1s, [&] { clock.Stall(20s); });
-  link.Transmit("200100");
-  EXPECT_EQ(link.ReplyText, "");
+  const Reply reply = link.Transmit("200100");
+  EXPECT_EQ(reply.Text(), "");
   EXPECT_EQ(Elapsed(), 22000);
 }
 
@@ -196,8 +182,8 @@ TEST_F(ExchangeTest, AnEndAskedForInALongDeliveryWaitsForTheReplyBehindIt) {
     loop.RequestEnd({});
   });
   clock.After(2ms, [&] { clock.After(40ms, [&] { control.Raise("200100"); }); });
-  EXPECT_NO_THROW(link.Transmit("200100"));
-  EXPECT_EQ(link.ReplyText, "200100");
+  const Reply reply = link.Transmit("200100");
+  EXPECT_EQ(reply.Text(), "200100");
 }
 
 TEST_F(ExchangeTest, AWaitThatEndsBeforeMidnightIsOrdinary) {
@@ -209,8 +195,8 @@ TEST_F(ExchangeTest, AWaitThatEndsBeforeMidnightIsOrdinary) {
 TEST_F(ExchangeTest, OnlyAReplyEndsAWaitBegunJustBeforeMidnight) {
   WaitUntil(23, 59, 45);
   control.Reply("200100", 1h);
-  link.Exchange("200100");
-  EXPECT_EQ(link.ReplyText, "200100");
+  const Reply reply = link.Exchange("200100");
+  EXPECT_EQ(reply.Text(), "200100");
   EXPECT_EQ(Waited(), 3600000);
 }
 
@@ -221,7 +207,7 @@ TEST_F(ExchangeTest, TheProgramCanEndInAWaitAcrossMidnightAfter15Seconds) {
   EXPECT_EQ(Waited(), 15000);
 }
 
-TEST_F(ExchangeTest, ALongWaitAcrossMidnightIsMeasuredAllTheSame) {
+TEST_F(ExchangeTest, ALongWaitAcrossMidnightIsMeasuredAnyway) {
   WaitUntil(23, 59, 50);
   link.Exchange("200100", 50);
   EXPECT_EQ(Waited(), 50000);
@@ -242,8 +228,8 @@ TEST_F(ExchangeTest, AnEndAskedForWaitsAtMostOneMinute) {
 TEST_F(ExchangeTest, AnEndAskedForDoesNotCutTheWaitShort) {
   control.Reply("200100", 9s);
   EndAfter(1s);
-  EXPECT_NO_THROW(link.Exchange("200100"));
-  EXPECT_EQ(link.ReplyText, "200100");
+  const Reply reply = link.Exchange("200100");
+  EXPECT_EQ(reply.Text(), "200100");
   EXPECT_EQ(Elapsed(), 9000);
 }
 
@@ -256,57 +242,56 @@ TEST_F(ExchangeTest, SilenceIsAnAnswerToTheCommandAlsoWhenTheProgramIsToEnd) {
 TEST_F(ExchangeTest, ALateReplyIsNotTakenForTheNextOne) {
   clock.After(0ms, [&] { control.Raise("late"); });
   control.Reply("200100", 50ms);
-  link.Exchange("200100");
-  EXPECT_EQ(link.ReplyText, "200100");
+  const Reply reply = link.Exchange("200100");
+  EXPECT_EQ(reply.Text(), "200100");
   EXPECT_EQ(Elapsed(), 50);
 }
 
-TEST_F(ExchangeTest, ALateReplyIsPassedOverInTheNextWait) {
+TEST_F(ExchangeTest, ALateReplyIsSkippedInTheNextWait) {
   control.Reply("200100", 16s);
   link.Transmit("200100");
   control.Reply("321701", 5s);
-  link.Transmit("321701");
-  EXPECT_EQ(link.ReplyText, "321701");
+  const Reply reply = link.Transmit("321701");
+  EXPECT_EQ(reply.Text(), "321701");
   EXPECT_EQ(Elapsed(), 20000);
 }
 
 TEST_F(ExchangeTest, ALateReplyLeavesSilenceSilent) {
   control.Reply("200100", 16s);
   link.Transmit("200100");
-  link.Transmit("321701");
-  EXPECT_EQ(link.ReplyText, "");
-  EXPECT_FALSE(link.ReplyArrived);
+  const Reply reply = link.Transmit("321701");
+  EXPECT_EQ(reply.Text(), "");
   EXPECT_EQ(Elapsed(), 30000);
 }
 
-TEST_F(ExchangeTest, OnlyAsManyRepliesArePassedOverAsAreOutstanding) {
+TEST_F(ExchangeTest, OnlyOutstandingRepliesAreSkipped) {
   link.Transmit("200100");
   clock.After(1s, [&] { control.Raise("200100"); });
   control.Reply("110900", 5s);
-  link.Transmit("321701");
-  EXPECT_EQ(link.ReplyText, "110900");
+  const Reply reply = link.Transmit("321701");
+  EXPECT_EQ(reply.Text(), "110900");
   EXPECT_EQ(Elapsed(), 20000);
 }
 
 TEST_F(ExchangeTest, AnErrorAfterSilenceIsTakenForTheReply) {
   link.Transmit("200100");
   control.Reply("ERR08");
-  link.Transmit("321701");
-  EXPECT_EQ(link.ReplyText, "ERR08");
+  const Reply reply = link.Transmit("321701");
+  EXPECT_EQ(reply.Text(), "ERR08");
 }
 
 TEST_F(ExchangeTest, AReplyToSomethingElseIsKeptWhereNoneIsOutstanding) {
   control.Reply("200100");
-  link.Transmit("321701");
-  EXPECT_EQ(link.ReplyText, "200100");
+  const Reply reply = link.Transmit("321701");
+  EXPECT_EQ(reply.Text(), "200100");
   EXPECT_EQ(Elapsed(), 0);
 }
 
 TEST_F(ExchangeTest, AnEventThatNoCommandAskedForLeavesNoneOutstanding) {
   control.Raise("200100");
   control.Reply("110900");
-  link.Transmit("321701");
-  EXPECT_EQ(link.ReplyText, "110900");
+  const Reply reply = link.Transmit("321701");
+  EXPECT_EQ(reply.Text(), "110900");
   EXPECT_EQ(Elapsed(), 0);
 }
 
@@ -315,55 +300,52 @@ TEST_F(ExchangeTest, AReplyThatCameBetweenTwoCommandsIsNoLongerOutstanding) {
   link.Transmit("200100");
   loop.Pause(500ms);
   control.Reply("200100");
-  link.Transmit("321701");
-  EXPECT_EQ(link.ReplyText, "200100");
+  const Reply reply = link.Transmit("321701");
+  EXPECT_EQ(reply.Text(), "200100");
 }
 
 TEST_F(ExchangeTest, AReplyThatCameJustBeforeTheNextCommandIsNoLongerOutstanding) {
   link.Transmit("200100");
   clock.After(0ms, [&] { control.Raise("200100"); });
   control.Reply("200100");
-  link.Exchange("321701");
-  EXPECT_EQ(link.ReplyText, "200100");
+  const Reply reply = link.Exchange("321701");
+  EXPECT_EQ(reply.Text(), "200100");
 }
 
-TEST_F(ExchangeTest, ALateReplyIsPassedOverAlsoWhenThePortWasOpenedAnew) {
+TEST_F(ExchangeTest, ALateReplyIsSkippedEvenWhenThePortWasReopened) {
   control.Reply("200100", 17s);
   link.Transmit("200100");
   link.Bounce();
   control.Reply("321701", 5s);
-  link.Transmit("321701");
-  EXPECT_EQ(link.ReplyText, "321701");
+  const Reply reply = link.Transmit("321701");
+  EXPECT_EQ(reply.Text(), "321701");
   EXPECT_EQ(Elapsed(), 21000);
 }
 
 TEST_F(ExchangeTest, AReplyOfNoCommandGivenUpIsTakenForTheReply) {
   link.Transmit("200100");
-  for (const char* reply : {"110900", "##", ""}) {
-    control.Reply(reply);
-    link.Transmit("321701");
-    EXPECT_TRUE(link.ReplyArrived) << reply;
-    EXPECT_EQ(link.ReplyText, reply);
+  for (const char* text : {"110900", "##", ""}) {
+    control.Reply(text);
+    const Reply reply = link.Transmit("321701");
+    EXPECT_EQ(reply.Text(), text);
   }
   EXPECT_EQ(Elapsed(), 15000);
 }
 
 TEST_F(ExchangeTest, AReplyFromWithinTheTransmissionIsNotLost) {
   faulty.Before("Send", [&](const std::string&) { control.Raise("200100"); });
-  link.Transmit("200100");
-  EXPECT_EQ(link.ReplyText, "200100");
+  const Reply reply = link.Transmit("200100");
+  EXPECT_EQ(reply.Text(), "200100");
   EXPECT_EQ(Elapsed(), 0);
 }
 
 TEST_F(ExchangeTest, AControlThatCannotTransmitIsACommandWithoutReply) {
   for (const char* member : {"SetMessage", "Send"}) {
     files.content.clear();
-    link.ReplyText = "older";
-    link.ReplyArrived = true;
+    control.Raise("older");
     faulty.FailNext(member, error_number::kDeviceError);
-    link.Exchange("");
-    EXPECT_EQ(link.ReplyText, "") << member;
-    EXPECT_FALSE(link.ReplyArrived) << member;
+    const Reply reply = link.Exchange("");
+    EXPECT_EQ(reply.Text(), "") << member;
     EXPECT_EQ(Errors(), Lines{"EcrLinkX1 - 57 - Device I/O error"}) << member;
   }
   EXPECT_EQ(Elapsed(), 0);
@@ -372,8 +354,8 @@ TEST_F(ExchangeTest, AControlThatCannotTransmitIsACommandWithoutReply) {
 TEST_F(ExchangeTest, AReplyThatCannotBeReadIsAnEmptyOne) {
   faulty.FailNext("RxMessage", error_number::kDeviceError);
   control.Reply("200100", 20ms);
-  link.Exchange("200100");
-  EXPECT_EQ(link.ReplyText, "");
+  const Reply reply = link.Exchange("200100");
+  EXPECT_EQ(reply.Text(), "");
   EXPECT_EQ(Errors(), Lines{"EcrLinkX1 - 57 - Device I/O error"});
   EXPECT_EQ(Elapsed(), 20);
 }
@@ -385,11 +367,11 @@ TEST_F(ExchangeTest, AControlThatCannotSayWhetherTheRegisterIsThereCountsAsAbsen
   EXPECT_EQ(Errors(), (Lines{"EcrLinkX1 - 57 - Device I/O error", "Dispositivo Spento o Non Collegato !"}));
 }
 
-TEST_F(ExchangeTest, TheControlTellsNobodyOnceTheLinkIsGone) {
+TEST_F(ExchangeTest, TheControlHasNoReceiverOnceTheLinkIsGone) {
   {
-    DeviceLink other(control, settings, logs, messages, portDialog, loop, clock);
+    DeviceLink other(control, settings, logs, dialogs, loop, clock);
     control.Raise("200100");
-    EXPECT_EQ(other.ReplyText, "200100");
+    EXPECT_EQ(other.LatestReply({}).Text(), "200100");
   }
   EXPECT_FALSE(control.Listening());
 }

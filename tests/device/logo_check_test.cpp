@@ -6,6 +6,8 @@
 #include <string>
 
 #include "device/logo_files.h"
+#include "simulator/virtual_clock.h"
+#include "simulator/virtual_disk.h"
 #include "support/faulty_files.h"
 
 namespace orvenza::test {
@@ -42,7 +44,7 @@ TEST(LogoCheck, RefusesOtherWidths) {
 }
 
 TEST(LogoCheck, RefusesOtherDataOffsets) {
-  // 54 is where the rows of a bitmap without a palette begin, one of 24 bits a pixel.
+  // 54 is the offset of the rows in a bitmap without a palette, with 24 bits per pixel.
   for (const std::uint32_t offset : {0U, 54U, 61U, 63U, 62U << 24}) {
     EXPECT_FALSE(IsValid(LogoBitmap(100, 448, offset))) << offset;
   }
@@ -102,9 +104,10 @@ TEST(LogoCheck, RefusesAFileThatCannotBeOpened) {
 }
 
 TEST(LogoCheck, RefusesAFileThatCannotBeLookedAt) {
-  LogoFiles files;
-  files.content[kPath] = LogoBitmap(100);
-  FaultyFiles faulty(files);
+  const VirtualClock clock;
+  VirtualDisk disk(clock);
+  disk.Put(kPath, LogoBitmap(100));
+  FaultyFiles faulty(disk.FileSeam());
   faulty.FailNext("Exists", error_number::kDeviceError);
   EXPECT_FALSE(IsValidLogoBitmap(faulty, kPath));
 }

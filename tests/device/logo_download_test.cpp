@@ -24,7 +24,7 @@ std::string Repeated(const std::string& text, int count) {
   return repeated;
 }
 
-/// Downloads of a bitmap whose top row is all 01, the next all 02, and so on.
+/// Downloads of a bitmap whose top row consists of 01, the next of 02, and so on.
 class LogoDownloadTest : public DeviceBench {
  protected:
   void Bitmap(int rows) {
@@ -36,7 +36,7 @@ class LogoDownloadTest : public DeviceBench {
     return download.Download(number, kPath, "25;5;C:\\logo.bmp", [this] { givenUpAt.push_back(Elapsed()); });
   }
 
-  /// The command of a row, from 1, as logo 5.
+  /// The command for a row, from 1, of logo 5.
   static std::string Row(int row) {
     char counter[40];
     std::snprintf(counter, sizeof counter, "405205%03d", row);
@@ -221,7 +221,7 @@ TEST_F(LogoDownloadTest, APictureThatIsGoneIsNotSent) {
 
 TEST_F(LogoDownloadTest, APictureThatCannotBeOpenedAnyMoreIsNotSent) {
   Bitmap(2);
-  // The file is opened for its header, and then for its rows.
+  // The file is opened for its headers and then for its rows.
   for (const bool headersStillRead : {false, true}) {
     files.content["C:\\shop\\Err.txt"].clear();
     FaultyFiles locked(files);

@@ -14,13 +14,13 @@
 
 namespace orvenza::test {
 
-/// Files in memory, by path, for what reads bitmaps and writes a log.
-class LogoFiles : public Files {
+/// Bitmaps in memory, by path.
+class LogoFiles : public FileReader {
  public:
   std::map<std::string, std::string> content;
   /// Existing paths that cannot be opened.
   std::string locked;
-  /// Number of bytes read so far, and how many one read gives at most.
+  /// Number of bytes read so far, and most bytes per read.
   mutable std::size_t bytesRead = 0;
   std::size_t bytesAtOnce = 4096;
   mutable int opened = 0;
@@ -32,16 +32,6 @@ class LogoFiles : public Files {
     if (path == locked) throw SystemError(error_number::kPermissionDenied, path);
     return std::make_unique<Reader>(*this, content.at(path));
   }
-  void Append(const std::string& path, std::string_view text) override { content[path] += text; }
-  void Write(const std::string& path, std::string_view text) override { content[path] = text; }
-  void Move(const std::string& from, const std::string& to) override {
-    Copy(from, to);
-    content.erase(from);
-  }
-  void Copy(const std::string& from, const std::string& to) override { content[to] = content.at(from); }
-  void Remove(const std::string& path) override { content.erase(path); }
-  void ClearAttributes(const std::string&) override {}
-  void CopyModified(const std::string&, const std::string&) override {}
 
  private:
   class Reader : public ByteReader {
@@ -61,7 +51,7 @@ class LogoFiles : public Files {
   };
 };
 
-/// `value` in `width` bytes, least significant first.
+/// `value` in `width` bytes, little-endian.
 inline std::string LittleEndian(std::uint32_t value, int width) {
   std::string bytes;
   for (int i = 0; i < width; ++i) bytes += static_cast<char>((value >> (8 * i)) & 0xFF);

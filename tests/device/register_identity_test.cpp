@@ -11,8 +11,10 @@ class IdentityTest : public DeviceBench {
  protected:
   void LearnFrom(const std::string& reply) {
     control.Reply(reply);
-    queries.IdentityQuery("");
+    EXPECT_EQ(queries.IdentityQuery(Asking::kAttended), reply);
   }
+
+  const RegisterIdentity& identity = queries.Identity();
 };
 
 TEST_F(IdentityTest, ModelAndReleaseStandAtTheirPlaces) {
@@ -53,7 +55,7 @@ TEST_F(IdentityTest, AReplyWithoutDataIsLoggedWithoutData) {
 TEST_F(IdentityTest, AFailedQueryLeavesTenBlanks) {
   LearnFrom("199900  MELDANO    2.02.00");
   control.Reply("ERR08");
-  EXPECT_EQ(queries.IdentityQuery("*"), "");
+  EXPECT_EQ(queries.IdentityQuery(Asking::kQuiet), std::nullopt);
   EXPECT_EQ(identity.DeviceModel, "          ");
   EXPECT_EQ(identity.DeviceRelease, "");
   EXPECT_EQ(identity.DeviceReleaseNumber, 0);
@@ -63,7 +65,7 @@ TEST_F(IdentityTest, AQueryGivenUpLeavesTenBlanks) {
   LearnFrom("199900  MELDANO    2.02.00");
   control.Reply("ERR-1");
   Answer("Annulla", "Sì");
-  EXPECT_EQ(queries.IdentityQuery(""), "-");
+  EXPECT_EQ(queries.IdentityQuery(Asking::kAttended), std::nullopt);
   EXPECT_EQ(identity.DeviceModel, "          ");
   EXPECT_EQ(Activity().size(), 1U);
 }

@@ -13,7 +13,7 @@ constexpr const char* kSilent = "Nessuna risposta dal Dispositivo !";
 constexpr const char* kWrongReply = "Errore di risposta dal Dispositivo !";
 constexpr const char* kGaveUp = "Collegamento Annullato dall'Operatore";
 
-/// Queries with the operator in the loop.
+/// Queries that may involve the operator.
 class AttendedQueryTest : public DeviceBench {
  protected:
   void Replies(const Lines& replies) {
@@ -27,10 +27,9 @@ class AttendedQueryTest : public DeviceBench {
 
 TEST_F(AttendedQueryTest, EachQuerySendsItsCodeAndReturnsItsReply) {
   Replies({"3217ab", "1999cd", "4201ef"});
-  EXPECT_EQ(queries.StatusQuery(""), "3217ab");
-  EXPECT_EQ(queries.IdentityQuery(""), "1999cd");
-  EXPECT_EQ(queries.ClockQuery(""), "4201ef");
-  EXPECT_EQ(link.ReplyText, "4201ef");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217ab");
+  EXPECT_EQ(queries.IdentityQuery(Asking::kAttended), "1999cd");
+  EXPECT_EQ(queries.ClockQuery(Asking::kAttended), "4201ef");
   EXPECT_EQ(Sent(), (Lines{"321700", "199900", "420100"}));
   EXPECT_EQ(Errors(), Lines{});
   EXPECT_EQ(Shown(), Lines{});
@@ -38,7 +37,7 @@ TEST_F(AttendedQueryTest, EachQuerySendsItsCodeAndReturnsItsReply) {
 
 TEST_F(AttendedQueryTest, TheStatusIsAskedInItsOtherFormAfterError16) {
   Replies({"ERR16", "3217"});
-  EXPECT_EQ(queries.StatusQuery(""), "3217");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
   EXPECT_EQ(Sent(), (Lines{"321700", "321701"}));
   EXPECT_EQ(Errors(), Lines{});
   EXPECT_EQ(Elapsed(), 0);
@@ -47,7 +46,7 @@ TEST_F(AttendedQueryTest, TheStatusIsAskedInItsOtherFormAfterError16) {
 TEST_F(AttendedQueryTest, ASecondError16IsAnErrorLikeOthers) {
   Replies({"ERR16", "ERR16", "3217"});
   Answer("&Ok");
-  EXPECT_EQ(queries.StatusQuery(""), "3217");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
   EXPECT_EQ(Shown(), Lines{ErrorForm("16-Non Previsto")});
   EXPECT_EQ(Sent(), (Lines{"321700", "321701", "321701"}));
 }
@@ -55,7 +54,7 @@ TEST_F(AttendedQueryTest, ASecondError16IsAnErrorLikeOthers) {
 TEST_F(AttendedQueryTest, OnlyTheStatusHasAnotherForm) {
   Replies({"ERR16", "4201"});
   Answer("&Ok");
-  EXPECT_EQ(queries.ClockQuery(""), "4201");
+  EXPECT_EQ(queries.ClockQuery(Asking::kAttended), "4201");
   EXPECT_EQ(Sent(), Lines(2, "420100"));
   EXPECT_EQ(Errors(), Lines{"ECR Error : 16-Non Previsto"});
 }
@@ -63,7 +62,7 @@ TEST_F(AttendedQueryTest, OnlyTheStatusHasAnotherForm) {
 TEST_F(AttendedQueryTest, AnOpenReceiptIsVoidedFirst) {
   Replies({"ERR17", "1028", "1999"});
   Answer("Ok");
-  EXPECT_EQ(queries.IdentityQuery(""), "1999");
+  EXPECT_EQ(queries.IdentityQuery(Asking::kAttended), "1999");
   EXPECT_EQ(Shown(), Lines{"message \"Orvenza - Attenzione !\" \"Invio Annullo in corso... Attendere\\r\\n"
                            "Controllare chiave Cash !\" [Ok] <- Ok"});
   EXPECT_EQ(Dialog(0).icon, MessageIcon::kExclamation);
@@ -76,7 +75,7 @@ TEST_F(AttendedQueryTest, AnOpenReceiptIsVoidedFirst) {
 TEST_F(AttendedQueryTest, ALinkErrorIsShownAndTheLinkOpenedAgain) {
   Replies({"ERR-2", "3217"});
   Answer("Riprova");
-  EXPECT_EQ(queries.StatusQuery(""), "3217");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
   EXPECT_EQ(Errors(), Lines{"Errore Comunicazione : ERR-2"});
   EXPECT_EQ(Shown(), Lines{RetryQuestion("Errore Comunicazione : ERR-2", "Riprova")});
   EXPECT_EQ(Dialog(0).icon, MessageIcon::kInformation);
@@ -90,7 +89,7 @@ TEST_F(AttendedQueryTest, SilenceIsShown) {
   control.NoReply();
   control.Reply("3217");
   Answer("Riprova");
-  EXPECT_EQ(queries.StatusQuery(""), "3217");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
   EXPECT_EQ(Errors(), Lines{kSilent});
   EXPECT_EQ(Shown(), Lines{RetryQuestion(kSilent, "Riprova")});
   EXPECT_EQ(Elapsed(), 15000 + 100);
@@ -99,7 +98,7 @@ TEST_F(AttendedQueryTest, SilenceIsShown) {
 TEST_F(AttendedQueryTest, AReplyToSomethingElseIsShown) {
   Replies({"200100", "3217"});
   Answer("Riprova");
-  EXPECT_EQ(queries.StatusQuery(""), "3217");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
   EXPECT_EQ(Errors(), Lines{kWrongReply});
   EXPECT_EQ(Shown(), Lines{RetryQuestion(kWrongReply, "Riprova")});
 }
@@ -107,7 +106,7 @@ TEST_F(AttendedQueryTest, AReplyToSomethingElseIsShown) {
 TEST_F(AttendedQueryTest, ADeviceErrorIsDecodedWithoutChoices) {
   Replies({"ERR08", "3217"});
   Answer("&Ok");
-  EXPECT_EQ(queries.StatusQuery(""), "3217");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
   EXPECT_EQ(Errors(), Lines{"ECR Error : 08-Tasto Errato"});
   EXPECT_EQ(Shown(), Lines{ErrorForm("08-Tasto Errato")});
   EXPECT_EQ(control.calls.at(0), "open 0");
@@ -117,14 +116,14 @@ TEST_F(AttendedQueryTest, ADeviceErrorIsDecodedWithoutChoices) {
 TEST_F(AttendedQueryTest, PaperOutIsSettledBeforeTheNextTry) {
   Replies({"ERR02", "1149", "321701", "1999"});
   Answer("&Ok");
-  EXPECT_EQ(queries.IdentityQuery(""), "1999");
+  EXPECT_EQ(queries.IdentityQuery(Asking::kAttended), "1999");
   EXPECT_EQ(Sent(), (Lines{"199900", "114900", "321701", "199900"}));
 }
 
 TEST_F(AttendedQueryTest, AnErrorSettledInSilenceIsFollowedByTheQuestion) {
   Replies({"ERR11", "1028", "1999"});
   Answer("Riprova");
-  EXPECT_EQ(queries.IdentityQuery(""), "1999");
+  EXPECT_EQ(queries.IdentityQuery(Asking::kAttended), "1999");
   EXPECT_EQ(Sent(), (Lines{"199900", "102800", "199900"}));
   EXPECT_EQ(Errors(), (Lines{"11-Sequenza Errata", "Annullamento scontrino in corso", kWrongReply}));
 }
@@ -132,7 +131,7 @@ TEST_F(AttendedQueryTest, AnErrorSettledInSilenceIsFollowedByTheQuestion) {
 TEST_F(AttendedQueryTest, TheOperatorMayConfigureThePortFirst) {
   Replies({"ERR-1", "3217"});
   Answer("Configura", "COM4 9600");
-  EXPECT_EQ(queries.StatusQuery(""), "3217");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
   EXPECT_EQ(Dialog(1).kind, DialogKind::kPortSettings);
   EXPECT_EQ(control.calls.at(2), "port number 4");
   EXPECT_EQ(control.calls.at(3), "speed 9600");
@@ -141,7 +140,7 @@ TEST_F(AttendedQueryTest, TheOperatorMayConfigureThePortFirst) {
 TEST_F(AttendedQueryTest, GivingUpTakesTwoAnswers) {
   control.Reply("ERR-1");
   Answer("Annulla", "Sì");
-  EXPECT_EQ(queries.StatusQuery(""), "-");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), std::nullopt);
   EXPECT_EQ(Shown(), (Lines{RetryQuestion("Errore Comunicazione : ERR-1", "Annulla"), EndQuestion("Sì")}));
   EXPECT_EQ(Dialog(1).icon, MessageIcon::kStop);
   EXPECT_EQ(Errors(), (Lines{"Errore Comunicazione : ERR-1", kGaveUp}));
@@ -154,7 +153,7 @@ TEST_F(AttendedQueryTest, AnyOtherAnswerIsARetry) {
   for (const auto& row : answers) {
     Replies({"ERR-1", "3217"});
     for (const auto& answer : row) Answer(answer);
-    EXPECT_EQ(queries.StatusQuery(""), "3217");
+    EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
   }
   EXPECT_EQ(person.AnswersLeft(), 0U);
   EXPECT_EQ(Errors(), Lines(3, "Errore Comunicazione : ERR-1"));
@@ -163,7 +162,7 @@ TEST_F(AttendedQueryTest, AnyOtherAnswerIsARetry) {
 TEST_F(AttendedQueryTest, AnAbsentRegisterCanBeGivenUpAfterThreeAlarms) {
   control.presence = {false};
   Answer("Ok", "Ok", "Ok", "Annulla", "Sì");
-  EXPECT_EQ(queries.StatusQuery(""), "-");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), std::nullopt);
   EXPECT_EQ(Shown(), (Lines{AbsentAlarm(), AbsentAlarm(), AbsentAlarm(), RetryQuestion(kSilent, "Annulla"),
                             EndQuestion("Sì")}));
   EXPECT_EQ(Sent(), Lines{});
@@ -177,7 +176,7 @@ TEST_F(AttendedQueryTest, NothingIsSentWhileAnAbsentRegisterIsTriedAgain) {
   Answer("Ok", "Ok", "Ok", "Riprova", "Ok");
   int looks = 0;
   faulty.Before("Send", [&](const std::string&) { looks = control.presenceReads; });
-  EXPECT_EQ(queries.StatusQuery(""), "3217");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
   EXPECT_EQ(looks, 8)
       << "three, one before the question, two, one without a question, and the one that found it";
   EXPECT_EQ(Sent(), Lines{"321700"});
@@ -188,7 +187,7 @@ TEST_F(AttendedQueryTest, ARegisterSwitchedOnAfterAnAlarmIsAskedWithoutAQuestion
   control.presence = {false, true};
   control.Reply("3217");
   Answer("Ok");
-  EXPECT_EQ(queries.StatusQuery(""), "3217");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
   EXPECT_EQ(Shown(), Lines{AbsentAlarm()});
 }
 
@@ -200,7 +199,7 @@ TEST_F(AttendedQueryTest, PollingIsOffWhileTheLinkIsOpenedAgain) {
     timer.SetEnabled(true);
     Replies({reply, "3217"});
     Answer(std::string(reply) == "ERR08" ? "&Ok" : "Riprova");
-    queries.StatusQuery("");
+    EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
     EXPECT_FALSE(enabled) << reply;
     EXPECT_TRUE(timer.Enabled()) << reply;
   }
@@ -209,7 +208,7 @@ TEST_F(AttendedQueryTest, PollingIsOffWhileTheLinkIsOpenedAgain) {
 TEST_F(AttendedQueryTest, PollingThatWasOffStaysOff) {
   Replies({"ERR-1", "ERR08", "3217"});
   Answer("Riprova", "&Ok");
-  queries.StatusQuery("");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
   EXPECT_FALSE(timer.Enabled());
 }
 
@@ -217,14 +216,14 @@ TEST_F(AttendedQueryTest, TheProgramCanEndBetweenTwoTries) {
   control.Always("3217", "ERR-1");
   Answer("Riprova");
   EndAfter(50ms);
-  EXPECT_THROW(queries.StatusQuery(""), ProgramEnd);
+  EXPECT_THROW((void)queries.StatusQuery(Asking::kAttended), ProgramEnd);
   EXPECT_EQ(Sent().size(), 1U);
 }
 
 TEST_F(AttendedQueryTest, ChangedSettingsAreAppliedBeforeATry) {
   link.ReapplySettings();
   control.Reply("3217");
-  queries.StatusQuery("");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
   EXPECT_EQ(control.calls.size(), 13U);
   EXPECT_EQ(control.calls.at(0), "open 0");
 }
@@ -232,7 +231,7 @@ TEST_F(AttendedQueryTest, ChangedSettingsAreAppliedBeforeATry) {
 TEST_F(AttendedQueryTest, TheClockIsNotAskedAfterTheStatus) {
   settings.PcTimeCorrection = 30;
   control.Reply("3217");
-  queries.StatusQuery("");
+  EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
   EXPECT_EQ(Sent(), Lines{"321700"});
 }
 

@@ -6,7 +6,7 @@
 
 #include "memory_shop.h"
 #include "targets.h"
-#include "tickets/ticket_polling.h"
+#include "tickets/command_file.h"
 
 namespace orvenza::fuzz {
 namespace {

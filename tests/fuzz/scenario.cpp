@@ -1,7 +1,7 @@
 // A scenario. Properties: it is parsed, or the error names a line and what is expected there; a parsed one
 // can be played, with the same transcript twice.
 
-#include "lab/rehearsal/scenario.h"
+#include "lab/rehearsal/scenario_reader.h"
 
 #include <algorithm>
 #include <chrono>

@@ -19,6 +19,7 @@
 #include "memory_shop.h"
 #include "targets.h"
 #include "tickets/line_reader.h"
+#include "tickets/record_types.h"
 #include "tickets/translation.h"
 
 namespace orvenza::fuzz {
@@ -170,7 +171,7 @@ class Run {
     RecordFields fields;
     for (std::string line; reader.ReadLine(line);) {
       SplitRecord(line, kSeparator, fields);
-      if (IsClosingType(fields[0])) ++endings;
+      if (HasRole(fields[0], &RecordRoles::closesTicket)) ++endings;
     }
     const auto closed = std::count_if(outcome_.receipts.begin(), outcome_.receipts.end(),
                                       [](const PrintedReceipt& receipt) { return !receipt.voided; });

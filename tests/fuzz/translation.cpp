@@ -11,6 +11,7 @@
 #include "lab/check/ticket_check.h"
 #include "memory_shop.h"
 #include "targets.h"
+#include "tickets/logo_request.h"
 
 namespace orvenza::fuzz {
 namespace {

@@ -23,7 +23,7 @@ TEST(LabProgram, ExaminesAnInstallation) {
   EXPECT_TRUE(std::filesystem::is_empty(shop.Native("")));
 }
 
-TEST(LabProgram, EndsWithTheStatusOfItsWorstFinding) {
+TEST(LabProgram, EndsWithTheExitCodeOfItsWorstFinding) {
   const TempFolder shop;
   shop.Write("Orvenza.ini", "[Version]\nVersion=7\n");
   RunningProgram lab({ORVENZA_LAB, "doctor", "--json", "--folder=" + shop.Path()});

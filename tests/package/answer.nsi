@@ -1,7 +1,7 @@
-; A program for installed_test.sh that presses a button of a dialog, as the person before the screen would:
+; A program for installed_test.sh that presses a button of a dialog like a person:
 ;   answer.exe /BUTTON=NUMBER /TEXT=TEXT
-; It waits until there is a dialog with a control whose text begins with TEXT, presses the button of that number, and waits until
-; that text has gone. It exits with 1 where no such dialog comes within a minute.
+; It waits for a dialog with a control whose text begins with TEXT, presses the button NUMBER, and waits until that
+; text is gone. It exits with 1 if no such dialog appears within a minute.
 ;   OUTPUT  the program to write
 
 Unicode true
@@ -14,7 +14,7 @@ OutFile "${OUTPUT}"
 !include LogicLib.nsh
 !include WinMessages.nsh
 
-; Sets $5 to 1 when a control of the dialog $0 begins with the text $1.
+; Sets $5 to 1 if the text of a control in the dialog $0 begins with $1.
 Function IsWanted
   StrCpy $5 0
   StrLen $6 $1
@@ -26,7 +26,7 @@ Function IsWanted
     ${EndIf}
     System::Call 'user32::SendMessageW(p r2, i ${WM_GETTEXT}, p ${NSIS_MAX_STRLEN}, w .r3) i .r8'
     StrCpy $3 $3 $6
-    ${If} $8 >= $6  ; a control without text leaves $3 to chance
+    ${If} $8 >= $6  ; a control without text leaves $3 undefined
     ${AndIf} $3 == $1
       StrCpy $5 1
       ${Break}
@@ -36,7 +36,7 @@ FunctionEnd
 
 Section
   ${GetParameters} $0
-  ${GetOptions} $0 "/TEXT=" $1  ; as it stands, without quotes
+  ${GetOptions} $0 "/TEXT=" $1  ; unchanged, without quotes
   ${GetOptions} $0 "/BUTTON=" $4
   StrCpy $7 600
   ${DoWhile} $7 > 0

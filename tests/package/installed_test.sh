@@ -197,7 +197,7 @@ same "replaces nothing" "$(sums_of "$shop")" "$before_upgrade"
 exec {tool[1]}>&-
 check "waits for nothing else" eventually fails runs orvenza-lab.exe
 
-title "an upgrade over a paper that cannot be replaced"
+title "an upgrade over a manual that cannot be replaced"
 rm "$shop/docs/settings.md"
 mkdir "$shop/docs/settings.md"
 run_setup
@@ -205,7 +205,7 @@ same "succeeds" $code 0
 check "replaces the program" cmp "$shop/Orvenza.exe" "$unpacked/Orvenza.exe"
 rmdir "$shop/docs/settings.md"
 run_setup
-check "puts the paper there the next time" cmp "$shop/docs/settings.md" "$unpacked/docs/settings.md"
+check "puts the manual there the next time" cmp "$shop/docs/settings.md" "$unpacked/docs/settings.md"
 
 title "removing"
 logs=$(cd "$shop" && sha256sum Log.txt Err.txt)
@@ -215,7 +215,7 @@ same "leaves the shop's own files" "$(files_in "$shop")" \
 check "with the shop's own bell" holds "$shop/ding.wav" 'un altro suono'
 same "leaves the logs alone" "$(cd "$shop" && sha256sum Log.txt Err.txt)" "$logs"
 same "leaves settings and tickets alone" "$(own_sums)" "$before"
-same "leaves of the papers only the shop's own" "$(cd "$shop" && find docs | sort | tr '\n' ' ')" "docs docs/x.txt "
+same "of the manuals, leaves only the shop's own" "$(cd "$shop" && find docs | sort | tr '\n' ' ')" "docs docs/x.txt "
 check "takes the entry out of the Start menu" gone "$menu_entry"
 same "starts nothing with Windows any more" "$(value "$run_key" Orvenza)" ""
 

@@ -14,10 +14,10 @@ imported() { i686-w64-mingw32-objdump -p "$1" | sed -n 's/.*DLL Name: //p'; }
 has_manifest() { i686-w64-mingw32-windres -J coff -O rc "$1" | grep "^1 24 "; }
 # Documents and images that the documents of a folder link to but which do not exist.
 links_missing() {
-  local paper target
-  for paper in "$1"/*.md; do
-    for target in $(grep -o '](\([^)#]*\)' "$paper" | cut -c 3-); do
-      [ -s "$1/$target" ] || echo "${paper##*/}: $target"
+  local manual target
+  for manual in "$1"/*.md; do
+    for target in $(grep -o '](\([^)#]*\)' "$manual" | cut -c 3-); do
+      [ -s "$1/$target" ] || echo "${manual##*/}: $target"
     done
   done
 }
@@ -26,12 +26,12 @@ title "the zip"
 rm -rf $unpacked
 mkdir -p $unpacked
 unzip -q "$zip" -d $unpacked
-same "holds the programs, the sound and the papers" \
+same "holds the programs, the sound and the manuals" \
   "$(cd $unpacked/Orvenza && find . -type f ! -path '*/images/*' | LC_ALL=C sort | tr '\n' ' ')" \
   "./LICENSE.txt ./Orvenza.exe ./ding.wav ./docs/bundle.md ./docs/doctor.md ./docs/failure-scenarios.md \
 ./docs/failure-table.md ./docs/installation.md ./docs/manuale-operatore.md ./docs/rehearsal.md ./docs/settings.md \
 ./docs/simulator.md ./docs/ticket-check.md ./docs/ticket-format.md ./orvenza-lab.exe "
-same "holds the papers and pictures that the papers link to" "$(links_missing $unpacked/Orvenza/docs)" ""
+same "holds the manuals and pictures that the manuals link to" "$(links_missing $unpacked/Orvenza/docs)" ""
 for program in Orvenza orvenza-lab; do
   check "$program needs Windows" holds <(imported $unpacked/Orvenza/$program.exe) KERNEL32.dll
   same "and no library of the compiler's" \

@@ -93,7 +93,7 @@ TEST(PosixClock, RefusesATimeOfDayThatDoesNotExist) {
   }
 }
 
-TEST(PosixClock, MayNotBeSetByEverybody) {
+TEST(PosixClock, CannotBeSetWithoutTheRight) {
   const std::string failure = AsNobody([] {
     const LocalTime now = PosixClock().Now();
     return FailureOf([&] { PosixClock().SetTimeOfDay(now.hour, now.minute, now.second); });

@@ -36,6 +36,16 @@ class PosixEventPumpTest : public testing::Test {
     return [this, event] { Note(event); };
   }
 
+  /// Waits for an event, which must end the wait long before its limit.
+  void AwaitEvent() {
+    const PosixClock clock;
+    const auto limit = clock.Uptime() + kPatience;
+    pump.WaitForEvent(kPatience);
+    EXPECT_LT(clock.Uptime(), limit) << "no event has ended the wait; events so far: " << events;
+  }
+
+  static constexpr auto kPatience = 10s;
+
   Descriptor readEnd;
   Descriptor writeEnd;
   PosixEventPump pump;
@@ -115,7 +125,7 @@ TEST_F(PosixEventPumpTest, CutsInputIntoLinesOneADelivery) {
   Type("one\ntwo\r\n\nfour\n");
   const char* const expected[] = {"[one]", "[one] [two]", "[one] [two] []", "[one] [two] [] [four]"};
   for (const char* text : expected) {
-    pump.WaitForEvent(1h);
+    AwaitEvent();
     EXPECT_EQ(events, text);
   }
 }
@@ -135,8 +145,8 @@ TEST_F(PosixEventPumpTest, HalfALineDoesNotEndTheWait) {
   Watch();
   Type("ha");
   pump.After(1us, [&] { Type("lf\n"); });
-  pump.WaitForEvent(1h);
-  pump.WaitForEvent(1h);
+  AwaitEvent();
+  AwaitEvent();
   EXPECT_EQ(events, "[half]");
 }
 
@@ -151,16 +161,16 @@ TEST_F(PosixEventPumpTest, DeliversTheLastLineAndThenTheEndOnce) {
 TEST_F(PosixEventPumpTest, TheEndOfInputEndsTheWait) {
   Watch();
   writeEnd = Descriptor();
-  pump.WaitForEvent(1h);
+  AwaitEvent();
   EXPECT_EQ(events, "end");
 }
 
 TEST_F(PosixEventPumpTest, ADescriptorThatCannotBeReadIsAtItsEnd) {
   pump.WatchInput(-7, nullptr, Noting("negative"));
-  pump.WaitForEvent(1h);
+  AwaitEvent();
   pump.WatchInput(writeEnd.Get(), nullptr, Noting("unreadable"));
   readEnd = Descriptor();
-  pump.WaitForEvent(1h);
+  AwaitEvent();
   EXPECT_EQ(events, "negative unreadable");
 }
 
@@ -184,14 +194,14 @@ TEST_F(PosixEventPumpTest, ADialogInsideAHandlerGetsTheNextLine) {
       readEnd.Get(),
       [&](const std::string& line) {
         Note("<" + line);
-        if (line == "open") pump.WaitForEvent(1h);
+        if (line == "open") AwaitEvent();
         Note(line + ">");
       },
       Noting("end"));
   Type("open\nanswer\nrest\n");
-  pump.WaitForEvent(1h);
+  AwaitEvent();
   EXPECT_EQ(events, "<open <answer answer> open>");
-  pump.WaitForEvent(1h);
+  AwaitEvent();
   EXPECT_EQ(events, "<open <answer answer> open> <rest rest>");
 }
 
@@ -204,8 +214,8 @@ TEST_F(PosixEventPumpTest, ALineHandlerThatThrowsLosesOnlyItsLine) {
       },
       Noting("end"));
   Type("bad\ngood\n");
-  EXPECT_THROW(pump.WaitForEvent(1h), std::runtime_error);
-  pump.WaitForEvent(1h);
+  EXPECT_THROW(AwaitEvent(), std::runtime_error);
+  AwaitEvent();
   EXPECT_EQ(events, "good");
 }
 
@@ -217,9 +227,9 @@ TEST_F(PosixEventPumpTest, AHandlerMayWatchAnotherInput) {
   };
   pump.WatchInput(readEnd.Get(), replace, nullptr);
   Type("one\n");
-  pump.WaitForEvent(1h);
+  AwaitEvent();
   Type("two\n");
-  pump.WaitForEvent(1h);
+  AwaitEvent();
   EXPECT_EQ(events, own + " [two]");
 }
 
@@ -238,7 +248,7 @@ TEST_F(PosixEventPumpTest, ASignalIsAnEvent) {
   ::raise(SIGTERM);
   ::raise(SIGINT);
   EXPECT_EQ(events, "");
-  pump.WaitForEvent(1h);
+  AwaitEvent();
   EXPECT_EQ(events, "terminate terminate");
 }
 

@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "platform/windows/steady_time.h"
 #include "platform/windows/unique_handle.h"
 
 namespace orvenza::test {
@@ -63,6 +64,13 @@ class WindowsEventPumpTest : public testing::Test {
     return [action](UINT message, WPARAM) {
       if (message == kNote) action();
     };
+  }
+  /// Waits until an event is noted, which must end the wait long before its limit.
+  void AwaitEvent() {
+    constexpr auto kPatience = 10s;
+    const auto limit = SteadyTime() + kPatience;
+    while (events.empty() && SteadyTime() < limit) pump.WaitForEvent(kPatience);
+    EXPECT_LT(SteadyTime(), limit) << "no event has ended the wait";
   }
   void PostNote(const TestWindow& window) { ::PostMessageW(window.Handle(), kNote, 0, 0); }
 
@@ -131,7 +139,7 @@ TEST_F(WindowsEventPumpTest, AnActionThatThrowsIsGone) {
 TEST_F(WindowsEventPumpTest, AMessageEndsTheWait) {
   const TestWindow window(OnNote(Noting("message")));
   PostNote(window);
-  while (events.empty()) pump.WaitForEvent(1h);
+  AwaitEvent();
   EXPECT_EQ(events, "message");
 }
 
@@ -176,20 +184,20 @@ DWORD WINAPI SendNote(void* window) {
 TEST_F(WindowsEventPumpTest, AMessageSentFromOutsideEndsTheWait) {
   const TestWindow window(OnNote(Noting("sent")));
   const ObjectHandle thread(::CreateThread(nullptr, 0, SendNote, window.Handle(), 0, nullptr));
-  while (events.empty()) pump.WaitForEvent(1h);
+  AwaitEvent();
   EXPECT_EQ(events, "sent");
   ::WaitForSingleObject(thread.Get(), INFINITE);
 }
 
-TEST_F(WindowsEventPumpTest, TheWishToEndIsAnEvent) {
+TEST_F(WindowsEventPumpTest, TheRequestToEndIsAnEvent) {
   pump.OnTerminate(Noting("terminate"));
   ::PostQuitMessage(0);
-  while (events.empty()) pump.WaitForEvent(1h);
+  AwaitEvent();
   pump.Dispatch();
   EXPECT_EQ(events, "terminate");
 }
 
-TEST_F(WindowsEventPumpTest, TheWishToEndIsPassedOverWhereNobodyListens) {
+TEST_F(WindowsEventPumpTest, TheRequestToEndIsIgnoredWithoutAHandler) {
   ::PostQuitMessage(0);
   pump.Post(Noting("timer"));
   pump.Dispatch();

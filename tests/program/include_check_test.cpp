@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "program/running_program.h"
 #include "support/temp_folder.h"
@@ -10,14 +12,22 @@
 namespace orvenza::test {
 namespace {
 
-/// The check's output for a tree with one file, followed by a line with its exit code.
-std::string Check(const std::string& file, const std::string& content) {
+/// Names of files and what is in them.
+using Tree = std::vector<std::pair<std::string, std::string>>;
+
+/// The check's output for a tree, followed by a line with its exit code.
+std::string Check(const Tree& files) {
   const TempFolder tree;
-  tree.Write("src\\" + file, content);
+  for (const auto& [file, content] : files) tree.Write("src\\" + file, content);
   RunningProgram check({ORVENZA_INCLUDE_CHECK, tree.Path()});
   const int status = check.ExitStatus();
   return check.Shown() + "status " + std::to_string(status);
 }
+
+/// The same for a tree with one file.
+std::string Check(const std::string& file, const std::string& content) { return Check({{file, content}}); }
+
+std::string Including(const std::string& name) { return "#include \"" + name + "\"\n"; }
 
 TEST(IncludeCheck, AcceptsWhatThePlanAllows) {
   const struct {
@@ -68,6 +78,97 @@ TEST(IncludeCheck, NamesEveryViolation) {
   for (const auto& [file, content, finding] : kRefused) {
     EXPECT_EQ(Check(file, content), std::string(finding) + "\nstatus 1");
   }
+}
+
+/// A folder of the lab that includes another.
+using Use = std::pair<std::string, std::string>;
+
+/// A tree with a file for each of `uses`.
+Tree LabWith(const std::vector<Use>& uses) {
+  Tree tree;
+  for (const auto& [from, to] : uses) {
+    tree.emplace_back("lab\\" + from + "\\" + to + ".cpp", Including("lab/" + to + "/a.h"));
+  }
+  return tree;
+}
+
+TEST(IncludeCheck, LetsAFolderOfTheLabIncludeThoseBelowIt) {
+  Tree tree = LabWith({{"shell", "shell"},
+                       {"settings", "shell"},
+                       {"check", "settings"},
+                       {"doctor", "shell"},
+                       {"rehearsal", "settings"},
+                       {"bundle", "doctor"},
+                       {"table", "rehearsal"},
+                       {"terminal", "shell"}});
+  for (const char* folder : {"shell", "settings", "check", "doctor", "rehearsal", "bundle", "table"}) {
+    tree.emplace_back(std::string("lab\\") + folder + ".cpp",
+                      Including(std::string("lab/") + folder + "/a.h"));
+  }
+  EXPECT_EQ(Check(tree), "status 0");
+}
+
+TEST(IncludeCheck, RefusesAnIncludeUpwardsOrSidewaysInTheLab) {
+  const std::vector<Use> kRefused = {
+      {"bundle", "check"},    {"bundle", "rehearsal"}, {"bundle", "table"},    {"check", "bundle"},
+      {"check", "doctor"},    {"check", "rehearsal"},  {"check", "table"},     {"doctor", "bundle"},
+      {"doctor", "check"},    {"doctor", "rehearsal"}, {"rehearsal", "check"}, {"rehearsal", "doctor"},
+      {"rehearsal", "table"}, {"settings", "check"},   {"settings", "doctor"}, {"settings", "rehearsal"},
+      {"shell", "settings"},  {"shell", "terminal"},   {"table", "bundle"},    {"table", "check"},
+      {"table", "doctor"},    {"table", "terminal"},
+  };
+  std::string findings;
+  for (const auto& [from, to] : kRefused) {
+    findings +=
+        "lab/" + from + "/" + to + ".cpp:1: lab/" + from + " must not include \"lab/" + to + "/a.h\"\n";
+  }
+  EXPECT_EQ(Check(LabWith(kRefused)), findings + "status 1");
+}
+
+TEST(IncludeCheck, KnowsTheFoldersOfTheLab) {
+  EXPECT_EQ(Check("lab\\shell\\posix\\a.cpp", Including("lab/commands.h")),
+            "lab/shell/posix/a.cpp:1: lab/shell must not include \"lab/commands.h\"\nstatus 1");
+  EXPECT_EQ(Check("lab\\attic\\a.cpp", ""), "lab/attic/a.cpp:0: lies in no room of the house\nstatus 1");
+}
+
+TEST(IncludeCheck, RefusesACircleOfFiles) {
+  EXPECT_EQ(Check({{"core\\a.h", Including("core/b.h")},
+                   {"core\\b.h", "\n" + Including("core/c.h")},
+                   {"core\\c.h", Including("core/a.h")}}),
+            "core/c.h:1: closes a circle: core/a -> core/b -> core/c -> core/a\nstatus 1");
+}
+
+TEST(IncludeCheck, TakesAHeaderAndItsSourceForOne) {
+  EXPECT_EQ(Check({{"core\\a.cpp", Including("core/a.h") + Including("core/b.h")},
+                   {"core\\a.h", ""},
+                   {"core\\b.cpp", Including("core/b.h") + Including("core/a.h")},
+                   {"core\\b.h", ""}}),
+            "core/b.cpp:2: closes a circle: core/a -> core/b -> core/a\nstatus 1");
+}
+
+TEST(IncludeCheck, NamesTheFilesOfACircleAlone) {
+  EXPECT_EQ(Check({{"core\\a.cpp", Including("core/b.h")},
+                   {"core\\b.h", Including("core/c.h")},
+                   {"core\\c.h", Including("core/b.h") + Including("core/d.h")},
+                   {"core\\d.h", ""}}),
+            "core/c.h:1: closes a circle: core/b -> core/c -> core/b\nstatus 1");
+}
+
+TEST(IncludeCheck, NamesEveryCircle) {
+  EXPECT_EQ(Check({{"core\\a.h", Including("core/b.h")},
+                   {"core\\b.h", Including("core/a.h")},
+                   {"ui\\a.h", Including("ui/b.h")},
+                   {"ui\\b.h", Including("core/a.h") + Including("ui/a.h")}}),
+            "core/b.h:1: closes a circle: core/a -> core/b -> core/a\n"
+            "ui/b.h:2: closes a circle: ui/a -> ui/b -> ui/a\nstatus 1");
+}
+
+TEST(IncludeCheck, AcceptsTwoWaysToOneFile) {
+  EXPECT_EQ(Check({{"core\\a.h", Including("core/b.h")},
+                   {"core\\b.h", Including("core/d.h")},
+                   {"core\\c.h", Including("core/d.h")},
+                   {"core\\d.h", ""}}),
+            "status 0");
 }
 
 TEST(IncludeCheck, FailsWhereThereIsNothingToCheck) {

@@ -248,7 +248,7 @@ TEST(Program, GoesOnPrintingWhenItsInputEnds) {
   EXPECT_EQ(program.ExitStatus(), 0);
 }
 
-TEST(Program, ADialogThatNobodyCanAnswerClosesByItself) {
+TEST(Program, ADialogThatCannotBeAnsweredClosesByItself) {
   const NewShop shop;
   RunningProgram program(shop.Command());
   program.CloseInput();

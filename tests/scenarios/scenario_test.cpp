@@ -1,5 +1,5 @@
-// Plays every scenario and compares its transcript with the one beside it. With --accept-scenarios it writes
-// the transcripts anew instead, for review.
+// Plays every scenario and compares its transcript with the stored one. With --accept-scenarios it replaces
+// the stored transcripts instead, for review.
 
 #include <gtest/gtest.h>
 
@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "lab/rehearsal/rehearsal.h"
+#include "lab/rehearsal/scenario_reader.h"
 
 namespace orvenza::test {
 namespace {
@@ -27,7 +28,7 @@ std::filesystem::path PathOf(const std::string& name, const std::string& extensi
   return std::filesystem::path(ORVENZA_SCENARIOS) / (name + extension);
 }
 
-/// The text of a file with the line ends of this program, whatever a checkout made of them.
+/// The text of a file with this program's line breaks, whatever the checkout made of them.
 std::string Read(const std::filesystem::path& path) {
   std::ifstream in(path, std::ios::binary);
   std::string text(std::istreambuf_iterator<char>(in), {});
@@ -35,7 +36,7 @@ std::string Read(const std::filesystem::path& path) {
   return text;
 }
 
-/// A new version of the program is no new behaviour.
+/// A new program version is not a change of behaviour.
 std::string WithoutVersion(std::string text) {
   const std::string mark = "Start Rel. ";
   const std::size_t at = text.find(mark);
@@ -80,7 +81,7 @@ Lines BlocksOf(const std::string& manual) {
   return blocks;
 }
 
-/// Whether `text` stands in a file of the extension.
+/// Whether a file with this extension contains `text`.
 bool IsInAny(const std::string& text, const std::string& extension) {
   const auto holds = [&](const char* name) {
     return Read(PathOf(name, extension)).find(text) != std::string::npos;

@@ -7,7 +7,6 @@ namespace {
 
 TEST(CommandFields, TakesTheDataApart) {
   CommandFields fields("1073013CARTA           000001250");
-  EXPECT_EQ(fields.Code(), "1073");
   fields.OperatorDigits();
   EXPECT_EQ(fields.DigitsBetween(1, 0, 5), 3);
   EXPECT_EQ(fields.Text(16), "CARTA");
@@ -16,7 +15,7 @@ TEST(CommandFields, TakesTheDataApart) {
   EXPECT_TRUE(fields.Complete());
 }
 
-TEST(CommandFields, RefusesWhatIsNoDigit) {
+TEST(CommandFields, RefusesOtherCharactersThanDigits) {
   CommandFields fields("10361x");
   EXPECT_EQ(fields.Digits(2), 0);
   EXPECT_FALSE(fields.Complete());
@@ -49,6 +48,16 @@ TEST(CommandFields, TakesWhatRemainsUpToItsMost) {
   CommandFields tooLong("1067abc ");
   EXPECT_EQ(tooLong.Remaining(3), "");
   EXPECT_FALSE(tooLong.Complete());
+}
+
+TEST(CommandFields, AsksForWhatTheCallerRequires) {
+  CommandFields fields("103601");
+  fields.Require(fields.Digits(2) == 1);
+  EXPECT_TRUE(fields.Complete());
+  fields.Require(false);
+  EXPECT_FALSE(fields.Complete());
+  fields.Require(true);
+  EXPECT_FALSE(fields.Complete());
 }
 
 TEST(CommandFields, AsksForFixedCharacters) {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "simulator/virtual_clock.h"
+#include "support/test_clock.h"
 
 namespace orvenza {
 namespace {
@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 
 class ScriptedOperatorTest : public testing::Test {
  protected:
-  VirtualClock clock;
+  test::TestClock clock;
   EventLoop loop{clock, clock};
   ScriptedOperator person{loop};
 

@@ -55,6 +55,27 @@ TEST(VirtualClock, DoesNotReachAnActionBeyondTheLimit) {
   EXPECT_EQ(clock.Uptime(), 11ms);
 }
 
+TEST(VirtualClock, SkipsTheSlicesThatEndBeforeTheNextAction) {
+  VirtualClock clock;
+  bool ran = false;
+  clock.After(35ms, [&] { ran = true; });
+  clock.SkipIdle(10ms, 1h);
+  EXPECT_EQ(clock.Uptime(), 30ms);
+  EXPECT_FALSE(ran);
+  clock.SkipIdle(10ms, 1h);
+  EXPECT_EQ(clock.Uptime(), 30ms);
+}
+
+TEST(VirtualClock, SkipsTheSlicesThatEndBeforeTheMomentThatMatters) {
+  VirtualClock clock;
+  clock.SkipIdle(10ms, 45ms);
+  EXPECT_EQ(clock.Uptime(), 40ms);
+  clock.SkipIdle(10ms, 60ms);
+  EXPECT_EQ(clock.Uptime(), 50ms);
+  clock.SkipIdle(10ms, 20ms);
+  EXPECT_EQ(clock.Uptime(), 50ms);
+}
+
 TEST(VirtualClock, DispatchRunsWhatIsDueAlready) {
   VirtualClock clock;
   int ran = 0;

@@ -13,12 +13,13 @@
 #include "device/clock_correction.h"
 #include "device/device_link.h"
 #include "device/error_recovery.h"
+#include "device/link_dialogs.h"
 #include "device/register_queries.h"
 #include "platform/ini_profile_file.h"
 #include "simulator/scripted_operator.h"
-#include "simulator/virtual_clock.h"
 #include "support/memory_files.h"
 #include "support/scripted_link.h"
+#include "support/test_clock.h"
 
 namespace orvenza::test {
 
@@ -79,7 +80,7 @@ class DeviceBench : public ::testing::Test {
     clock.After(delay, [this] { loop.RequestEnd({.unload = true}); });
   }
 
-  VirtualClock clock{Start()};
+  TestClock clock{Start()};
   MemoryFiles files;
   AppSettings settings;
   Logs logs{files, clock, settings, "C:\\shop"};
@@ -90,14 +91,14 @@ class DeviceBench : public ::testing::Test {
   PortDialog portDialog{person, settings, profile, {"C:\\shop", "Orvenza"}};
   ScriptedLink control{clock};
   FaultyLink faulty{control};
-  DeviceLink link{faulty, settings, logs, messages, portDialog, loop, clock};
+  LinkDialogs dialogs{messages, portDialog, logs};
+  DeviceLink link{faulty, settings, logs, dialogs, loop, clock};
   ClockCorrection correction{clock, settings, logs};
   CashDialogues cash{link, settings, logs, messages, loop, correction};
   ErrorTexts texts{profile, "C:\\shop\\ErrDesc.ini"};
   ErrorRecovery recovery{texts, cash, person, logs, "Orvenza"};
   PollTimer timer{clock};
-  RegisterIdentity identity;
-  RegisterQueries queries{link, cash, recovery, messages, portDialog, settings, logs, loop, timer, identity};
+  RegisterQueries queries{link, cash, recovery, dialogs, logs, loop, timer};
 
  private:
   static LocalTime Start() { return {2026, 11, 16, 9, 0, 0}; }

@@ -18,10 +18,9 @@
 #include "simulator/scripted_operator.h"
 #include "simulator/simulated_link.h"
 #include "simulator/simulated_register.h"
-#include "simulator/virtual_clock.h"
 #include "support/faulty_files.h"
-#include "support/system_seams.h"
-#include "support/temp_folder.h"
+#include "support/test_clock.h"
+#include "support/virtual_folder.h"
 #include "ui/notification_icon.h"
 
 namespace orvenza::test {
@@ -46,17 +45,17 @@ class RecordedIcon : public NotificationIcon {
   std::optional<std::string> tip_;
 };
 
-/// A shop in its own folder: the whole connector on the virtual clock, with the simulated register and a
-/// scripted operator. The settings file is the default one with ";" as separator; transmission takes no time
-/// until a test changes that.
+/// A shop: the whole connector on the virtual clock and disk, with the simulated register and a scripted
+/// operator. The settings file is the default one with ";" as separator; transmission takes no time until a
+/// test changes that.
 class Shop {
  public:
   using Lines = std::vector<std::string>;
 
   /// `script` is a simulator script.
   explicit Shop(const std::string& script = "")
-      : files(realFiles_),
-        folders(realFolders_),
+      : files(disk.FileSeam()),
+        folders(disk.FolderSeam()),
         profile(files),
         loop(clock, clock),
         person(loop),
@@ -66,7 +65,6 @@ class Shop {
     link.SetObserver([this](LineEvent event, const std::string& text) {
       if (event == LineEvent::kSent) sentAt_.emplace_back(text, clock.Uptime());
     });
-    // Written at once: each single value would wait for the disk.
     const std::string tickets = folder.Path("data\\*.txt");
     const std::string historic = folder.Path("storico\\");
     folder.Write("Orvenza.ini",
@@ -179,15 +177,7 @@ class Shop {
   }
 
   /// Names in a folder of the shop, sorted.
-  Lines Names(const std::string& relative) const {
-    Lines names;
-    if (!folder.Has(relative)) return names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder.Native(relative))) {
-      if (!entry.is_directory()) names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-  }
+  Lines Names(const std::string& relative) const { return folder.Names(relative); }
 
   /// The text of each dialog, without leading line breaks, in order.
   Lines DialogTexts() const {
@@ -208,18 +198,13 @@ class Shop {
     return text;
   }
 
-  TempFolder folder;
+  TestClock clock;
+  VirtualDisk disk{clock, "C:\\shop"};
+  VirtualFolder folder{disk};
   int status = -1;  ///< The connector's last exit code.
-
- private:
-  SystemFiles realFiles_;
-  SystemFolders realFolders_;
-
- public:
   FaultyFiles files;
   FaultyFolders folders;
   IniProfileFile profile;
-  VirtualClock clock;
   EventLoop loop;
   ScriptedOperator person;
   RecordedIcon icon;

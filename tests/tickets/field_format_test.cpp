@@ -145,7 +145,7 @@ TEST(FieldFormat, FmtDigit0to9AcceptsEveryDigit) {
   ExpectAll(FmtDigit0to9, {{"0", "0"}, {"9", "9"}, {"10", ""}, {"99", ""}});
 }
 
-TEST(FieldFormat, SingleDigitsAreReturnedAsTheyStand) {
+TEST(FieldFormat, SingleDigitsAreReturnedUnchanged) {
   ExpectAll(FmtDigit0to5, {{"05", "05"}, {"000", "000"}, {"06", ""}});
   ExpectAll(FmtDigit0to9, {{"009", "009"}, {"010", ""}});
 }
@@ -207,7 +207,7 @@ TEST(FieldFormat, FmtQuantityRejectsASecondSeparator) {
 TEST(FieldFormat, FmtQuantityRejectsOtherCharacters) {
   ExpectAll(FmtQuantity,
             {{"", ""}, {"   ", ""}, {"-1.0", ""}, {"1.5x", ""}, {"x1.5", ""}, {"1 .5", ""}, {"abcd", ""}});
-  // Also where the character lies behind the decimals that are kept.
+  // Also if the character comes after the decimals that are kept.
   EXPECT_EQ(FmtQuantity("1.000x"), "");
 }
 

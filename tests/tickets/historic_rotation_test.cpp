@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 using Lines = Shop::Lines;
 using Date = std::chrono::year_month_day;
 
-constexpr Date kToday{2026y / 11 / 16};  // the virtual clock's, at nine o'clock
+constexpr Date kToday{2026y / 11 / 16};  // of the virtual clock, at nine o'clock
 constexpr Date kYesterday{2026y / 11 / 15};
 
 /// Noon, which is the same day in every European time zone.
@@ -31,7 +31,7 @@ void KeepInHistoric(const Shop& shop, const std::string& name, Date date) {
   shop.folder.SetModified("storico\\" + name, NoonOf(date));
 }
 
-/// The rotation alone, in a shop whose connector does not run.
+/// The rotation alone, in a shop without a running connector.
 class RotationTest : public ::testing::Test {
  protected:
   RotationTest() {
@@ -41,14 +41,14 @@ class RotationTest : public ::testing::Test {
   }
 
   void Keep(const std::string& name, Date date) { KeepInHistoric(shop, name, date); }
-  void MakeFolder(const std::string& name) { std::filesystem::create_directories(shop.folder.Native(name)); }
+  void MakeFolder(const std::string& name) { shop.folder.MakeFolder(name); }
   void Rotate() { RotateHistoricFolder(shop.folders, shop.clock, logs, settings); }
 
   /// The folders of the shop, sorted.
   Lines FoldersInShop() {
     Lines names;
-    for (const auto& entry : std::filesystem::directory_iterator(shop.folder.Native(""))) {
-      if (entry.is_directory()) names.push_back(entry.path().filename().string());
+    for (const FolderEntry& entry : shop.disk.FolderSeam().ListFolder(shop.folder.Path("*"))) {
+      if (entry.isFolder) names.push_back(entry.name);
     }
     std::sort(names.begin(), names.end());
     return names;
@@ -123,7 +123,7 @@ TEST_F(RotationTest, CountsArchivedTicketsUnderAMaskThatTheirNumbersDoNotFit) {
     Keep(archived, kToday);
     Rotate();
     EXPECT_EQ(FoldersInShop(), Lines{"storico"}) << mask;
-    std::filesystem::remove(shop.folder.Native("storico\\" + std::string(archived)));
+    shop.folder.Remove("storico\\" + std::string(archived));
   }
 }
 
@@ -137,7 +137,7 @@ TEST_F(RotationTest, CountsNoOtherNamesOfTheArchivedTicketsExtension) {
 }
 
 TEST_F(RotationTest, CountsASubfolderOfTheMaskToo) {
-  VirtualDisk disk(shop.clock);  // on which a folder can be of the clock's day
+  VirtualDisk disk(shop.clock);  // on which a folder can have the clock's date
   settings.HistoricFolder = "C:\\storico\\";
   disk.Put("C:\\storico\\1.txt", "", LocalTime{2026, 11, 15, 12, 0, 0});
   disk.MakeFolder("C:\\storico\\kept.txt");
@@ -154,7 +154,7 @@ TEST_F(RotationTest, AppendsTheTimeOfDayAlsoBesideAFileOfTheDatedName) {
 
 TEST_F(RotationTest, GivesTheSameNameWithoutATrailingBackslash) {
   settings.HistoricFolder = shop.folder.Path("storico");
-  settings.TicketMask = "\\*.txt";  // the mask follows the path directly
+  settings.TicketMask = "\\*.txt";  // the mask directly follows the path
   Keep("1.txt", kYesterday);
   Rotate();
   EXPECT_EQ(FoldersInShop(), (Lines{"storico", "storico_20261115"}));
@@ -193,7 +193,7 @@ TEST_F(RotationTest, ArchivingIsOffWhereTheFolderCannotBeMadeAgain) {
                                "Errore creazione cartella storico scontrini : " + historic}));
 }
 
-TEST_F(RotationTest, AFolderThatCannotBeLookedAtIsLeftAsItIs) {
+TEST_F(RotationTest, AFolderThatCannotBeCheckedIsLeftAsItIs) {
   Keep("1.txt", kYesterday);
   shop.folders.FailNext("Exists", error_number::kDeviceError);
   EXPECT_EQ(FailureOf([&] { Rotate(); }).substr(0, 19), "57 Device I/O error");
@@ -289,7 +289,7 @@ TEST(HistoricHoldsTickets, IsNotSoOfAnyOtherFolder) {
 
 // The rotation at start-up.
 
-/// Seconds of the connector's life at which the historic folder was to be renamed.
+/// Times at which renaming the historic folder was tried, in seconds since the connector's start.
 std::vector<std::int64_t> RenamesOf(Shop& shop) {
   std::vector<std::int64_t> tries;
   shop.folders.Before("Rename", [&](const std::string&) { tries.push_back(shop.clock.Uptime() / 1s); });

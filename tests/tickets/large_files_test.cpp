@@ -8,8 +8,8 @@
 #include "tickets/piece_reader.h"
 #include "tickets/waiting_tickets.h"
 
-// A large file does not hold the program: events are delivered while it is read, split and searched, and
-// nothing of it is sent once the program is to end.
+// A large file does not block the program: events are delivered while it is read, split and searched, and
+// nothing of it is sent once the end is requested.
 
 namespace orvenza::test {
 namespace {
@@ -44,7 +44,7 @@ TEST(PieceReader, ReadsWithoutACallToo) {
   EXPECT_EQ(ReadInPieces(files, "a", {}), files.content["a"]);
 }
 
-/// Carries out `action` as an event as soon as the file is opened in the in-process folder.
+/// Runs `action` as an event as soon as the file is opened in the in-process folder.
 void OnOpening(Shop& shop, const std::function<void()>& action) {
   shop.files.Before("OpenForReading", [&shop, action, done = false](const std::string& path) mutable {
     if (done || !path.ends_with("inproces\\ticket.txt")) return;
@@ -53,7 +53,7 @@ void OnOpening(Shop& shop, const std::function<void()>& action) {
   });
 }
 
-/// Nothing was sent, and the file lies whole where it was.
+/// Nothing was sent, and the file is unchanged in its place.
 void ExpectUntouched(const Shop& shop, const std::string& content) {
   EXPECT_EQ(shop.SentForTickets(), Lines{});
   EXPECT_EQ(shop.LogForTickets().size(), shop.LogForTickets().empty() ? 0U : 1U);

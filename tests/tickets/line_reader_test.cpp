@@ -14,7 +14,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-/// The reader takes the file in pieces of this size.
+/// Size of the pieces in which the reader reads the file.
 constexpr std::size_t kPiece = 64 * 1024;
 
 Lines ReadAll(LineReader& reader) {
@@ -30,7 +30,7 @@ Lines LinesOf(const std::string& content) {
   return ReadAll(reader);
 }
 
-/// A file that comes in the smallest possible pieces.
+/// A file that is read in the smallest possible pieces.
 class ByteByByte : public ByteReader {
  public:
   explicit ByteByByte(std::string text) : text_(std::move(text)) {}
@@ -100,7 +100,7 @@ TEST(LineReader, StaysAtTheEnd) {
   EXPECT_EQ(line, "") << "nothing is left of the line before";
 }
 
-TEST(LineReader, KeepsNoMoreOfALineThanItIsTold) {
+TEST(LineReader, KeepsLinesUpToItsLimit) {
   LineReader reader(std::make_unique<TextBytes>(std::string(3 * kPiece, 'y') + "\nabcde\nabcd\n"), 4);
   std::string line;
   EXPECT_TRUE(reader.ReadLine(line));

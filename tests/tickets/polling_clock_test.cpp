@@ -6,7 +6,7 @@
 #include "support/shop.h"
 #include "tickets/ticket_polling.h"
 
-// The correction of the PC clock, which ticks bring about.
+// The correction of the PC's clock by ticks.
 
 namespace orvenza::test {
 namespace {
@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 using Lines = Shop::Lines;
 using Times = std::vector<std::int64_t>;
 
-/// A shop that corrects its clock every 30 seconds by more than a minute's difference.
+/// A shop that corrects its clock every 30 seconds if the difference exceeds a minute.
 class CorrectingShop : public Shop {
  public:
   explicit CorrectingShop(const std::string& script = "", const std::string& seconds = "30") : Shop(script) {

@@ -2,11 +2,10 @@
 
 #include "support/device_bench.h"
 #include "support/faulty_files.h"
-#include "support/system_seams.h"
-#include "support/temp_folder.h"
+#include "support/virtual_folder.h"
 #include "tickets/ticket_polling.h"
 
-// What a tick does with `Timer1`.
+// The effect of a tick on `Timer1`.
 
 namespace orvenza::test {
 namespace {
@@ -22,17 +21,23 @@ class PollingTimerTest : public DeviceBench {
     timer.SetEnabled(true);
   }
 
-  TempFolder folder;
-  SystemFolders realFolders;
-  FaultyFolders folders{realFolders};
+  VirtualDisk disk{clock};
+  VirtualFolder folder{disk};
+  FaultyFolders folders{disk.FolderSeam()};
   LogoDownload logo{link, recovery, files, logs, messages};
-  RecordTranslator translator{identity, settings, files, logs};
+  RecordTranslator translator{queries.Identity(), settings, files, logs};
   RememberedTickets remembered{files, logs, folder.Path()};
   TicketArchive archive{files, folders, settings, logs, messages, remembered};
   TicketSplitter splitter{files, settings, logs, archive};
-  TicketProcessor processor{files, settings, logs, loop, link, cash, recovery, logo, translator, archive};
-  TicketPolling polling{files,   folders,    settings, logs,      loop,    timer,     link,
-                        queries, correction, splitter, processor, archive, remembered};
+  LineSender sender{link, cash, recovery, logo, translator, logs};
+  TicketProcessor processor{files, settings, logs, loop, cash, sender, archive};
+  RepeatedFailures failures{logs};
+  CommandFile commandFile{files, settings, logs, loop, link};
+  TicketFolders ticketFolders{files, folders, settings, logs, loop, archive, remembered};
+  TicketQueue queue{files,         settings, logs,      failures, commandFile,
+                    ticketFolders, splitter, processor, archive};
+  ClockCheck clockCheck{settings, queries, correction};
+  TicketPolling polling{timer, failures, commandFile, ticketFolders, queue, clockCheck};
 };
 
 TEST_F(PollingTimerTest, IsOffDuringATickAndOnAfterIt) {

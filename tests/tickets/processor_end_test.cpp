@@ -29,7 +29,7 @@ TEST(EndInATicket, TheTicketIsCompletedAndArchivedFirst) {
   EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
 }
 
-/// Runs a shop with a ticket of these lines. The operator meets a dialog and ends the program from the menu.
+/// Runs a shop with a ticket of these lines. At a dialog the operator ends the program from the menu.
 void EndFromTheDialog(Shop& shop, const Lines& lines) {
   shop.Drop("ticket.txt", lines);
   shop.Answer("menu Esci");
@@ -85,7 +85,7 @@ TEST(EndInATicket, APaymentThatWasRefusedChangesNothingInWhatWentBefore) {
   EXPECT_EQ(shop.Names("data\\abort"), Lines{"ticket.txt.abort.txt"});
 }
 
-TEST(EndInATicket, AReprintBeginsAnewAlsoInThis) {
+TEST(EndInATicket, AReprintStartsThisOverToo) {
   Shop shop("on 1036 silence\non 1003 #2 silence");
   shop.Answer(kReprint);
   EndFromTheDialog(shop, {kCoffee, kPayment});
@@ -110,8 +110,8 @@ TEST(EndInATicket, WhereThePortDoesNotOpenAgainTheOperatorsChoiceStands) {
   }
 }
 
-/// Runs a shop whose port does not open after the closure; the operator gives up. Then the program is started
-/// again.
+/// Runs a shop whose port does not open after the closure; the operator gives up. Then the program is
+/// restarted.
 void RunTwiceGivingUpAfterTheClosure(Shop& shop) {
   shop.Answer("Annulla");
   shop.Answer("Sì");

@@ -7,7 +7,7 @@
 #include "tickets/receipt_lines.h"
 #include "tickets/ticket_processor.h"
 
-// The lines of a ticket: those that cannot be sent, and logos.
+// Ticket lines that cannot be sent, and logos.
 
 namespace orvenza::test {
 namespace {
@@ -18,7 +18,7 @@ using Lines = Shop::Lines;
 const std::string kInvalid = "Riga non valida : ";
 const Lines kStartAndEnd = {"Start Scontrino", "End Scontrino"};
 
-/// A shop that has printed the ticket "0;1;", `line`, "0;2;", the operator answering in this order.
+/// A shop that has printed the ticket "0;1;", `line`, "0;2;" with these answers of the operator.
 class PrintedShop : public Shop {
  public:
   PrintedShop(const std::string& line, const Lines& answers, const std::string& script = "") : Shop(script) {
@@ -138,7 +138,7 @@ TEST(LineWithoutSeparator, AnyOtherAnswerAbortsTheTicket) {
 
 // Logos.
 
-/// The bitmap of two rows, the lower one of bytes 0x0F, in the shop's folder. Returns its record.
+/// Writes a bitmap of two rows, the lower one with bytes 0x0F, into the shop's folder. Returns its record.
 std::string WriteLogo(const Shop& shop) {
   shop.folder.Write("logo.bmp", LogoBitmap(2) + std::string(56, '\x0F') + std::string(56, '\xA0'));
   return "33;7;" + shop.folder.Path("logo.bmp") + ";";

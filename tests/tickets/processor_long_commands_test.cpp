@@ -7,7 +7,7 @@
 #include "tickets/receipt_lines.h"
 #include "tickets/ticket_processor.h"
 
-// Commands that take the register long ("*"): the link is opened anew for them, and again for what follows.
+// Long-running commands ("*"): the link is reopened before them, and again afterwards.
 
 namespace orvenza::test {
 namespace {
@@ -17,8 +17,7 @@ using Lines = Shop::Lines;
 
 const std::string kAbsent = "Dispositivo Spento o Non Collegato !";
 
-/// What happened on the line since start-up: each command with the end-of-text wait that it was sent with,
-/// and the port.
+/// The traffic on the line since start-up: each command with its end-of-text timeout, and the port.
 class WatchedLine {
  public:
   explicit WatchedLine(Shop& shop) {
@@ -57,7 +56,7 @@ TEST(LongCommand, RestoresTheLinkAlsoAtTheEndOfTheFile) {
   EXPECT_EQ(shop.Names("storico"), Lines{"1.txt"});
 }
 
-TEST(LongCommand, ConfiguresTheWholeLinkAnew) {
+TEST(LongCommand, ConfiguresTheWholeLinkAgain) {
   Shop shop;
   shop.Drop("ticket.txt", {"21;"});
   shop.Run();

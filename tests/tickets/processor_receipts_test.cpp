@@ -8,7 +8,7 @@
 #include "tickets/receipt_lines.h"
 #include "tickets/ticket_processor.h"
 
-// Receipts that are too long, and paper that ends.
+// Receipts that are too long, and paper-out.
 
 namespace orvenza::test {
 namespace {
@@ -20,21 +20,21 @@ const std::string kSplitLogged = "Scontrino diviso perchè troppo lungo !";
 const std::string kTooLong = "23-Chiudi Scontrino";
 const std::string kSplitPayment = "103601000000000";
 
-/// A shop whose separator is the default one, the character 127.
+/// A shop with the default separator, the character 127.
 class DefaultShop : public Shop {
  public:
   explicit DefaultShop(const std::string& script) : Shop(script) {
     Configure("General", "Separator (ascii,max 127)", "127");
   }
 
-  /// Drops a ticket that is written with ";".
+  /// Drops a ticket written with ";".
   void DropTicket(Lines lines) {
     for (std::string& line : lines) std::replace(line.begin(), line.end(), ';', '\x7f');
     Drop("ticket.txt", lines);
   }
 };
 
-/// An item line as the error log quotes it.
+/// An item line in the error log's form.
 std::string Quoted(const std::string& description) { return ItemLineOf(description, '\x7f'); }
 
 TEST(ReceiptSplit, ClosesTheReceiptAndSendsTheRejectedLineAgain) {
@@ -183,7 +183,7 @@ TEST(PaperOut, TheRestartFollowsTheOperatorsOk) {
   EXPECT_EQ(shop.SentAt("1149"), std::vector<std::int64_t>{500 + 120000});
 }
 
-TEST(PaperOut, AVoidThatFailsRestartsTheTicketAllTheSame) {
+TEST(PaperOut, AVoidThatFailsRestartsTheTicketAnyway) {
   Shop shop("on 1003 paper-out journal\non 1028 x4 reply ERR08");
   shop.Drop("ticket.txt", {kCoffee, kPayment});
   shop.Answer("Ok");

@@ -8,7 +8,7 @@
 #include "tickets/receipt_lines.h"
 #include "tickets/ticket_processor.h"
 
-// What follows from the register's reply to a line. The ticket's second line meets the trouble.
+// The consequences of the register's reply to a line. The fault occurs at the ticket's second line.
 
 namespace orvenza::test {
 namespace {
@@ -19,7 +19,7 @@ using Lines = Shop::Lines;
 const std::string kNoReply = "Nessuna riposta dal Dispositivo !";
 const std::string kErrorHeading = "Attenzione ! Errore ECR :";
 
-/// A shop that has printed a ticket of three commands, the operator answering in this order.
+/// A shop that has printed a ticket of three commands with these answers of the operator.
 class PrintedShop : public Shop {
  public:
   PrintedShop(const std::string& script, const Lines& answers) : Shop(script) {
@@ -37,12 +37,12 @@ class PrintedShop : public Shop {
 const Lines kAllSent = {"321701", "105101", "105102", "105103"};
 const Lines kSentToTheTrouble = {"321701", "105101", "105102"};
 const Lines kSentTwice = {"321701", "105101", "105102", "321701", "105101", "105102", "105103"};
-/// The status is asked for before the line that follows.
+/// The status is queried before the next line.
 const Lines kSentWithStatus = {"321701", "105101", "105102", "321701", "105103"};
 
 // Silence and link errors.
 
-/// Each leaves the second line without an answer.
+/// Each leaves the second line without a reply.
 const char* const kLineTroubles[] = {"on 105102 silence", "on 105102 lose-reply", "on 105102 link-error 1",
                                      "on 105102 link-error 3"};
 

@@ -7,7 +7,7 @@
 #include "tickets/receipt_lines.h"
 #include "tickets/ticket_processor.h"
 
-// Before the first line: a receipt left open is closed. And what becomes of the file itself.
+// Before the first line: closing a receipt left open; and what happens to the file itself.
 
 namespace orvenza::test {
 namespace {
@@ -20,7 +20,7 @@ const std::string kVoidFailed = "Impossibile inviare ALL VOID !";
 const std::string kQuestion =
     "Impossibile annullare lo scontrino in corso !\r\nSi desidera chiudere automaticamente lo scontrino ?";
 
-/// Drops a ticket that leaves its receipt open, then one of a single command.
+/// Drops a ticket that leaves its receipt open, then one with a single command.
 void DropAfterAnOpenReceipt(Shop& shop) {
   shop.Drop("a.txt", {kCoffee});
   shop.Drop("b.txt", {"0;1;"});
@@ -199,7 +199,7 @@ TEST(TicketFile, OneThatVanishesEndsInSilence) {
   Shop shop;
   shop.Drop("ticket.txt", {"0;1;"});
   shop.link.SetObserver([&](LineEvent, const std::string& text) {
-    if (text == "321701") std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
+    if (text == "321701") shop.folder.Remove("data\\inproces\\ticket.txt");
   });
   shop.Run();
   EXPECT_EQ(shop.SentForTickets(), Lines{});
@@ -241,7 +241,7 @@ TEST(TicketFile, OneThatCannotBeReadToItsEndIsNotBegun) {
   EXPECT_EQ(shop.device.Receipts().size(), 1U);
 }
 
-TEST(TicketFile, IsReadAnewForEachPrinting) {
+TEST(TicketFile, IsReadAgainForEachPrinting) {
   Shop shop("on 105102 reply ERR08");
   shop.Drop("ticket.txt", {"0;1;", "0;2;"});
   shop.Answer(kReprint);

@@ -6,9 +6,9 @@
 
 namespace orvenza::test {
 
-// Lines of tickets with ";" as separator, the commands they become, and what the operator may choose.
+// Ticket lines with ";" as separator, their commands, and the operator's choices.
 
-/// The command of an item of 1,00 with this description of at most 16 characters.
+/// The command for an item of 1,00 with this description of at most 16 characters.
 inline std::string ItemCommand(const std::string& description) {
   return "100301" + std::string(40, ' ') + description + std::string(16 - description.size(), ' ') +
          "0001000" + "1" + "000000100" + "01";
@@ -32,12 +32,12 @@ inline const std::string kAnswered = "Risposta Operatore : ";
 /// The dialog is closed without a choice.
 inline const std::string kClosed = "close";
 
-/// What the error log says of ticket.txt where nobody need have chosen to give it up.
+/// The error log's line when ticket.txt is given up, perhaps without the operator's choice.
 inline std::string GivenUp(const Shop& shop) {
   return "Abort stampa scontrino. " + shop.Spelled("data\\inproces\\ticket.txt");
 }
 
-/// Every command since start-up, the status queries before and between the lines included.
+/// Every command since start-up, including the status queries before and between the lines.
 inline Shop::Lines SentAfterStartUp(const Shop& shop) {
   const Shop::Lines sent = shop.Sent();
   return {sent.begin() + 2, sent.end()};

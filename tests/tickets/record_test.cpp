@@ -15,7 +15,7 @@ RecordFields Split(std::string_view line, char separator = ';') {
   return fields;
 }
 
-/// The fields that were cut from `line`.
+/// The fields of `line`.
 std::vector<std::string> Fields(std::string_view line, char separator = ';') {
   const RecordFields fields = Split(line, separator);
   std::vector<std::string> texts;
@@ -125,7 +125,7 @@ TEST(SplitRecord, NeverFindsAControlCharacterAsSeparator) {
 }
 
 TEST(SplitRecord, LosesTheLastFieldWhenTheSeparatorIsABlank) {
-  // The closing blank is removed with the blanks around the line.
+  // The trailing blank, a separator, is removed with the blanks around the line.
   EXPECT_EQ(Fields("4 5 ", ' '), (Texts{"4"}));
   EXPECT_EQ(Fields("4\t5 x", ' '), (Texts{"4", "5"}));
 }

@@ -56,7 +56,7 @@ TEST(FingerprintOfText, TellsTextsApart) {
   EXPECT_NE(FingerprintOf(""), FingerprintOf(std::string(1, '\0')));
 }
 
-/// A shop in which a ticket was printed whose source, held by another program, could not be removed.
+/// A shop with a printed ticket whose source was held by another program and could not be removed.
 struct ShopWithHeldSource : Shop {
   ShopWithHeldSource() {
     DropAt(*this, "ticket.txt", 1, 1000);

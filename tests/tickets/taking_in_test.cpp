@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 using Lines = Shop::Lines;
 using Times = std::vector<std::int64_t>;
 
-/// Another program has the ticket open: it can be neither moved nor read.
+/// Another program has locked the ticket: it can be neither moved nor read.
 void KeepOutOfReach(Shop& shop, const std::string& path) {
   for (const char* operation : {"Move", "Copy"}) {
     shop.files.FailAlways(operation, path, error_number::kPermissionDenied);
@@ -47,12 +47,12 @@ TEST(TakingIn, MakesAReadOnlyTicketWritableBeforeItIsDeleted) {
   EXPECT_EQ(shop.Err(), Lines{});
 }
 
-TEST(TakingIn, ATicketThatVanishesBeforeItIsTakenIsPassedOver) {
+TEST(TakingIn, ATicketThatVanishesBeforeItIsTakenInIsSkipped) {
   Shop shop;
   shop.Drop("a.txt", {"0;1;"});
   shop.Drop("b.txt", {"0;2;"});
   shop.files.Before("Move", [&](const std::string& path) {
-    if (path.ends_with("a.txt")) std::filesystem::remove(shop.folder.Native("data\\a.txt"));
+    if (path.ends_with("a.txt")) shop.folder.Remove("data\\a.txt");
   });
   shop.Run();
   EXPECT_EQ(shop.SentForTickets(), Lines{"105102"});
@@ -66,7 +66,7 @@ TEST(TakingIn, ATicketThatVanishesAfterItsCopyIsPrinted) {
   bool vanished = false;
   shop.files.Before("Exists", [&](const std::string& path) {
     if (path != shop.Spelled("data\\ticket.txt")) return;
-    vanished = std::filesystem::remove(shop.folder.Native("data\\ticket.txt"));
+    vanished = shop.folder.Remove("data\\ticket.txt");
   });
   shop.Run();
   EXPECT_TRUE(vanished);
@@ -150,9 +150,9 @@ TEST(TakingIn, ANewTicketOfTheSameNameAndTimeIsPrintedHoweverTheOlderOneWent) {
     shop.Hold("data\\ticket.txt");
     shop.After(5200ms, [&] {
       shop.files.Heal();
-      if (!removedByUs) std::filesystem::remove(shop.folder.Native("data\\ticket.txt"));
+      if (!removedByUs) shop.folder.Remove("data\\ticket.txt");
     });
-    // After the tick of 5.5 seconds, and before the next one where that has removed the older ticket.
+    // After the tick at 5.5 seconds, and before the next one if that tick has removed the older ticket.
     shop.After(removedByUs ? 5700ms : 6200ms, [&] { DropAt(shop, "ticket.txt", 2, 1000); });
     shop.Run();
     EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "105102"})) << removedByUs;
@@ -186,9 +186,7 @@ TEST(TakingIn, ASourceThatCouldNotBeRemovedGoesThoughItsCopyCouldNotBeReadAtOnce
 TEST(TakingIn, ATicketThatVanishesOnceItIsTakenInSendsNothing) {
   Shop shop;
   shop.Drop("ticket.txt", {"0;1;"});
-  shop.files.Before("Exists", [&](const std::string&) {
-    std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
-  });
+  shop.files.Before("Exists", [&](const std::string&) { shop.folder.Remove("data\\inproces\\ticket.txt"); });
   shop.Run();
   EXPECT_EQ(shop.LogForTickets(), Lines{});
   EXPECT_EQ(shop.Err(), Lines{});
@@ -230,7 +228,7 @@ TEST(TakingIn, AFiscalClosureDoesNotOvertakeATicketThatIsHeldForAMoment) {
   EXPECT_EQ(shop.SentForTickets(), (Lines{"105101", "300101"}));
 }
 
-TEST(TakingIn, ATicketThatCannotBeTakenInDoesNotHoldUpTheOthersForEver) {
+TEST(TakingIn, ATicketThatCannotBeTakenInDoesNotHoldUpTheOthersForever) {
   Shop shop;
   DropAt(shop, "held.txt", 1, 1000);
   DropAt(shop, "b.txt", 2, 2000);
@@ -241,7 +239,7 @@ TEST(TakingIn, ATicketThatCannotBeTakenInDoesNotHoldUpTheOthersForEver) {
   EXPECT_EQ(Waiting(shop), Lines{"held.txt"});
 }
 
-TEST(TakingIn, ATicketThatCannotBeTakenInIsTriedOnEveryTickAndRarelySpokenOf) {
+TEST(TakingIn, ATicketThatCannotBeTakenInIsTriedOnEveryTickAndRarelyLogged) {
   Shop shop;
   shop.Drop("held.txt", {"0;1;"});
   KeepOutOfReach(shop, "data\\held.txt");
@@ -309,7 +307,7 @@ TEST(TakingIn, ANewTicketIsNotTakenForAnEarlierOneThatCouldNotBeTakenIn) {
   KeepOutOfReach(shop, "data\\a.txt");
   shop.After(8s, [&] {
     shop.files.Heal();
-    std::filesystem::remove(shop.folder.Native("data\\a.txt"));
+    shop.folder.Remove("data\\a.txt");
   });
   shop.After(10200ms, [&] { DropAt(shop, "a.txt", 2, 1000); });
   shop.Run();

@@ -17,7 +17,7 @@ using Lines = Shop::Lines;
 const char* const kText = "1;a;\r\n";
 const char* const kNotArchived = "Scontrino stampato ma non archiviato : ticket.txt";
 
-/// The archive alone, in a shop whose connector does not run.
+/// The archive alone, in a shop without a running connector.
 class ArchiveTest : public ::testing::Test {
  protected:
   ArchiveTest() {
@@ -27,10 +27,10 @@ class ArchiveTest : public ::testing::Test {
     settings.AbortFolder = shop.folder.Path("data\\abort\\");
     settings.ErrPath = shop.folder.Path("Err.txt");
     shop.folder.Write("data\\inproces\\ticket.txt", kText);
-    remembered.Recall();
+    EXPECT_TRUE(remembered.Recall());
   }
 
-  /// The historic folder holds these files.
+  /// Puts these files into the historic folder.
   void Keep(const Lines& names) {
     for (const auto& name : names) shop.folder.Write("storico\\" + name, "older");
   }
@@ -77,7 +77,7 @@ TEST_F(ArchiveTest, NumbersOneAboveTheLargest) {
                         {{"5000000000000000.txt", "5.txt"}, "6.txt"},
                         {{"99999999999999999999999999.txt", "5.txt"}, "6.txt"}};
   for (const Case& row : cases) {
-    std::filesystem::remove_all(shop.folder.Native("storico"));
+    shop.folder.Remove("storico");
     Keep(row.kept);
     shop.folder.Write("data\\inproces\\ticket.txt", "new");
     archive.Archive(workFile, kText);
@@ -96,7 +96,7 @@ TEST_F(ArchiveTest, TakesTheExtensionFromTheLastThreeCharactersOfTheMask) {
       {"x", "1.x"},        {"*.tx?", "1.txt"},
   };
   for (const auto& [mask, name] : extensions) {
-    std::filesystem::remove_all(shop.folder.Native("storico"));
+    shop.folder.Remove("storico");
     shop.folder.Write("data\\inproces\\ticket.txt", "new");
     settings.TicketMask = mask;
     archive.Archive(workFile, kText);
@@ -155,7 +155,7 @@ TEST_F(ArchiveTest, AMissingHistoricDriveIsReportedAndTheTicketGoesToTheAbortFol
   EXPECT_EQ(shop.person.Shown()[0].buttons, Lines{"Ok"});
 }
 
-TEST_F(ArchiveTest, TheTicketHasGoneBeforeTheOperatorIsTold) {
+TEST_F(ArchiveTest, TheTicketIsMovedBeforeTheOperatorIsInformed) {
   settings.HistoricFolder = "Q:\\storico\\";
   shop.Answer("Ok");
   Lines inProcess{"not asked"};
@@ -202,7 +202,7 @@ TEST_F(ArchiveTest, AHistoricFolderThatCannotBeListedReplacesNoTicket) {
 }
 
 TEST_F(ArchiveTest, ATicketThatHasGoneIsOneLineInTheErrorLog) {
-  std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
+  shop.folder.Remove("data\\inproces\\ticket.txt");
   archive.Archive(workFile, kText);
   EXPECT_EQ(shop.Err(), Lines{kNotArchived});
   archive.RetrySettled();
@@ -210,7 +210,7 @@ TEST_F(ArchiveTest, ATicketThatHasGoneIsOneLineInTheErrorLog) {
 }
 
 TEST_F(ArchiveTest, ATicketThatHasGoneAndNeedNotBeKeptIsNoLine) {
-  std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
+  shop.folder.Remove("data\\inproces\\ticket.txt");
   archive.Abort(workFile, kText);
   settings.HistoricFolder.clear();
   archive.Archive(workFile, kText);
@@ -220,7 +220,7 @@ TEST_F(ArchiveTest, ATicketThatHasGoneAndNeedNotBeKeptIsNoLine) {
 }
 
 TEST_F(ArchiveTest, ATicketThatWasOnlyOutOfSightGoesToTheAbortFolder) {
-  std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
+  shop.folder.Remove("data\\inproces\\ticket.txt");
   archive.Archive(workFile, kText);
   shop.folder.Write("data\\inproces\\ticket.txt", "1;a;\r\n");
   EXPECT_TRUE(archive.IsSettled(workFile)) << "it must not be printed again";
@@ -228,7 +228,7 @@ TEST_F(ArchiveTest, ATicketThatWasOnlyOutOfSightGoesToTheAbortFolder) {
   EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
 }
 
-TEST_F(ArchiveTest, ATicketThatCannotBeLookedAtIsArchivedAllTheSame) {
+TEST_F(ArchiveTest, ATicketThatCannotBeCheckedIsArchivedAnyway) {
   shop.files.FailAlways("Exists", "inproces", error_number::kDeviceError);
   archive.Archive(workFile, kText);
   EXPECT_EQ(Historic(), Lines{"1.txt"});
@@ -236,7 +236,7 @@ TEST_F(ArchiveTest, ATicketThatCannotBeLookedAtIsArchivedAllTheSame) {
   EXPECT_EQ(shop.Err(), Lines{});
 }
 
-TEST_F(ArchiveTest, ATicketThatCanNeitherBeLookedAtNorMovedIsSettled) {
+TEST_F(ArchiveTest, ATicketThatCanNeitherBeCheckedNorMovedIsSettled) {
   for (const char* operation : {"Exists", "Move", "Copy"}) {
     shop.files.FailAlways(operation, "inproces", error_number::kDeviceError);
   }
@@ -248,7 +248,7 @@ TEST_F(ArchiveTest, ATicketThatCanNeitherBeLookedAtNorMovedIsSettled) {
   EXPECT_EQ(Aborted(), Lines{"ticket.txt.abort.txt"});
 }
 
-TEST_F(ArchiveTest, ATicketWhoseFolderCannotBeLookedAtIsSettled) {
+TEST_F(ArchiveTest, ATicketWhoseFolderCannotBeCheckedIsSettled) {
   shop.folders.FailAlways("Exists", "inproces", error_number::kDeviceError);
   shop.Fill("storico");
   shop.Fill("abort");
@@ -258,10 +258,9 @@ TEST_F(ArchiveTest, ATicketWhoseFolderCannotBeLookedAtIsSettled) {
 }
 
 TEST_F(ArchiveTest, ATicketWhoseFolderCannotBeSeenIsSettled) {
-  const auto data = shop.folder.Native("data");
-  std::filesystem::rename(data, shop.folder.Native("elsewhere"));
+  shop.folder.RenameFolder("data", "elsewhere");
   archive.Archive(workFile, kText);
-  std::filesystem::rename(shop.folder.Native("elsewhere"), data);
+  shop.folder.RenameFolder("elsewhere", "data");
   EXPECT_TRUE(archive.IsSettled(workFile)) << "it must not be printed again";
 }
 
@@ -314,10 +313,10 @@ TEST_F(ArchiveTest, ATicketThatIsArchivedButCannotBeRemovedIsNotCopiedAgain) {
       << "the retries are silent";
 }
 
-TEST_F(ArchiveTest, ASettledTicketThatHasGoneIsForgotten) {
+TEST_F(ArchiveTest, ASettledTicketThatIsGoneIsForgotten) {
   shop.Hold("inproces");
   archive.Archive(workFile, kText);
-  std::filesystem::remove(shop.folder.Native("data\\inproces\\ticket.txt"));
+  shop.folder.Remove("data\\inproces\\ticket.txt");
   archive.RetrySettled();
   EXPECT_FALSE(archive.IsSettled(workFile));
   EXPECT_EQ(Aborted(), Lines{});
@@ -326,10 +325,9 @@ TEST_F(ArchiveTest, ASettledTicketThatHasGoneIsForgotten) {
 TEST_F(ArchiveTest, ASettledTicketIsNotForgottenWhileItsFolderCannotBeSeen) {
   shop.Hold("inproces");
   archive.Archive(workFile, kText);
-  const auto data = shop.folder.Native("data");
-  std::filesystem::rename(data, shop.folder.Native("elsewhere"));
+  shop.folder.RenameFolder("data", "elsewhere");
   archive.RetrySettled();
-  std::filesystem::rename(shop.folder.Native("elsewhere"), data);
+  shop.folder.RenameFolder("elsewhere", "data");
   EXPECT_TRUE(archive.IsSettled(workFile));
 }
 
@@ -416,7 +414,7 @@ TEST(Archiving, ATicketThatCannotBeRemovedIsPrintedOnlyOnce) {
   EXPECT_EQ(shop.Err().size(), 1U);
 }
 
-TEST(Archiving, ATicketThatCannotBeLookedAtOnceItIsReadIsPrintedOnlyOnce) {
+TEST(Archiving, ATicketThatCannotBeCheckedOnceItIsReadIsPrintedOnlyOnce) {
   Shop shop;
   shop.Drop("ticket.txt", {"0;1;"});
   shop.files.Before("OpenForReading", [&](const std::string& path) {

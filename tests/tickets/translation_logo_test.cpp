@@ -1,5 +1,6 @@
 #include <string>
 
+#include "tickets/logo_request.h"
 #include "tickets/translation_world.h"
 
 namespace orvenza::test {

@@ -6,7 +6,7 @@
 namespace orvenza::test {
 namespace {
 
-// One line of each record type that differs from model to model.
+// One line of each record type that differs between models.
 constexpr const char* kType17 = "17;;7;A;2;";
 constexpr const char* kType24 = "24;A;2;";
 constexpr const char* kType30 = "30;1;2;A;";

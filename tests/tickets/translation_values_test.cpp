@@ -2,7 +2,7 @@
 
 #include "tickets/translation_world.h"
 
-// Each value of each record type, at its limits: "#" in a line is the place of the value.
+// Each value of each record type, at its limits. "#" in a line is the place of the value.
 
 namespace orvenza::test {
 namespace {
@@ -12,14 +12,14 @@ class ValuesTest : public TranslationTest {
   std::string TranslateWith(std::string line, const std::string& value) const {
     return Translate(line.replace(line.find('#'), 1, value));
   }
-  /// The two digits behind the command's code.
+  /// The two digits after the command's code.
   std::string NumberSent(const std::string& line, const std::string& value) const {
     const std::string command = TranslateWith(line, value);
     return command.size() < 6 ? command : command.substr(4, 2);
   }
 };
 
-// Lines with a number that is sent behind the command's code.
+// Lines with a number that is sent after the command's code.
 const char* const kNumbered[] = {
     "0;#;",
     "1;Pane;1000;150;3;;;#;",
@@ -72,7 +72,7 @@ const char* const kNumbered[] = {
     "43;#;0;100;250;3;Tessera punti;",
 };
 
-// The same, but 01 takes the place of what is no number.
+// The same, but anything that is not a number is replaced by 01.
 const char* const kNumberedOr01[] = {
     "17;;7;A;#;",  "23;Grazie;#;", "24;A;#;",     "25;;3;A;#;",
     "34;0;700;#;", "34;1;700;#;",  "35;0;700;#;", "35;1;700;#;",
@@ -101,7 +101,7 @@ TEST_F(ValuesTest, SomeLinesSend01ForWhatIsNoNumber) {
   }
 }
 
-/// A value that makes its line invalid, beside one that does not.
+/// A value that makes its line invalid, and one that does not.
 struct Value {
   const char* line;
   const char* accepted;
@@ -183,7 +183,7 @@ TEST_F(ValuesTest, OneRefusedValueMakesTheLineInvalid) {
   }
 }
 
-/// What becomes of a value that is never refused for its size.
+/// The result for a value that is never refused for its size.
 struct Limit {
   const char* line;
   const char* value;
@@ -236,7 +236,7 @@ TEST_F(ValuesTest, ItemClassesAre1To40) {
 TEST_F(ValuesTest, ChoicesAreComparedAsTexts) {
   const struct {
     const char* line;
-    const char* command;  ///< What the line is when none of the alternatives is chosen.
+    const char* command;  ///< The command if no alternative is chosen.
   } rows[] = {
       {"1;#;2;;500;;;;-1;", ""},
       {"1;1;2;;500;SCONTO;#;;-1;", "102102000000500"},

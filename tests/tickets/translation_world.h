@@ -8,11 +8,12 @@
 
 #include "core/logs.h"
 #include "device/logo_files.h"
+#include "simulator/virtual_disk.h"
 #include "tickets/translation.h"
 
 namespace orvenza::test {
 
-/// A translator with default settings and an unknown register. Lines are written with ";" as separator.
+/// A translator with default settings and an unknown register. The lines use ";" as separator.
 class TranslationTest : public ::testing::Test {
  protected:
   TranslationTest() { settings.ErrPath = "Err.txt"; }
@@ -23,14 +24,14 @@ class TranslationTest : public ::testing::Test {
     return translator.TranslateRecord(fields);
   }
 
-  /// The register's labels and release as start-up learns them.
+  /// The register's label and release as learned at start-up.
   void Register(std::string model, std::string release) {
     identity.DeviceModel = std::move(model);
     identity.DeviceRelease = std::move(release);
     identity.DeviceReleaseNumber = ReleaseNumber(identity.DeviceRelease);
   }
 
-  const std::string& ErrorLog() { return files.content["Err.txt"]; }
+  std::string ErrorLog() const { return disk.Content("Err.txt").value_or(""); }
 
   RegisterIdentity identity;
   AppSettings settings;
@@ -45,7 +46,8 @@ class TranslationTest : public ::testing::Test {
     std::string Stamp(const LocalTime&) const override { return "now"; }
   };
   StoppedClock clock;
-  Logs logs{files, clock, settings, "C:\\shop"};
+  VirtualDisk disk{clock};
+  Logs logs{disk.FileSeam(), clock, settings, "C:\\shop"};
 
  protected:
   RecordTranslator translator{identity, settings, files, logs};

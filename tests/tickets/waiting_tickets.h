@@ -7,7 +7,7 @@
 
 namespace orvenza::test {
 
-/// A new ticket of one command, "1051" and `number`, modified at second `stamp`.
+/// Drops a new ticket with one command, "1051" and `number`, modified at second `stamp`.
 inline void DropAt(Shop& shop, const std::string& name, int number, std::int64_t stamp) {
   shop.Drop(name, {"0;" + std::to_string(number) + ";"});
   shop.folder.SetModified("data\\" + name, stamp);
@@ -19,7 +19,7 @@ inline void LeaveInProcess(Shop& shop, const std::string& name, int number, std:
   shop.folder.SetModified("data\\inproces\\" + name, stamp);
 }
 
-/// What is in the folders of tickets, new ones first.
+/// The content of the ticket folders, new tickets first.
 inline Shop::Lines Waiting(const Shop& shop) {
   Shop::Lines names = shop.Names("data");
   for (const std::string& name : shop.Names("data\\inproces")) names.push_back("inproces\\" + name);

@@ -32,7 +32,7 @@ TEST(ShowChoiceDialog, CountsFromTwoWhenTheOptionsAreVisible) {
 
 TEST(ShowChoiceDialog, ShowsTheContentAsItIs) {
   FakeOperator person;
-  ShowChoiceDialog(person, {"Orvenza", "Titolo", "Testo", true, {"Uno", "Due"}, 2, "&Ok"});
+  EXPECT_EQ(ShowChoiceDialog(person, {"Orvenza", "Titolo", "Testo", true, {"Uno", "Due"}, 2, "&Ok"}), 0);
   ASSERT_EQ(person.choices.size(), 1U);
   EXPECT_EQ(person.choices[0].heading, "Titolo");
   EXPECT_EQ(person.choices[0].text, "Testo");

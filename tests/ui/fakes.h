@@ -16,7 +16,6 @@
 #include "core/event_loop.h"
 #include "platform/clock.h"
 #include "platform/event_pump.h"
-#include "platform/files.h"
 #include "platform/profile_file.h"
 #include "platform/system_error.h"
 #include "ui/operator.h"
@@ -107,31 +106,6 @@ class FakePump : public EventPump {
   }
 
   FakeClock& clock_;
-};
-
-/// Files in memory whose writing can fail.
-class FakeFiles : public Files {
- public:
-  std::vector<std::pair<std::string, std::string>> written;
-  std::string appended;
-  std::string existing;  ///< A path.
-  bool writesFail = false;
-
-  bool Exists(const std::string& path) const override { return path == existing; }
-  std::uintmax_t Size(const std::string&) const override { return 0; }
-  std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const override {
-    throw SystemError(error_number::kFileNotFound, path);
-  }
-  void Append(const std::string&, std::string_view text) override { appended += text; }
-  void Write(const std::string& path, std::string_view content) override {
-    if (writesFail) throw SystemError(error_number::kDiskFull);
-    written.emplace_back(path, content);
-  }
-  void Move(const std::string&, const std::string&) override {}
-  void Copy(const std::string&, const std::string&) override {}
-  void Remove(const std::string&) override {}
-  void ClearAttributes(const std::string&) override {}
-  void CopyModified(const std::string&, const std::string&) override {}
 };
 
 /// A settings file that records what is written to it and can fail.

@@ -16,7 +16,7 @@ using Captions = std::vector<std::string>;
 struct ButtonSetRow {
   MessageButtons buttons;
   Captions captions;
-  std::vector<MessageResult> results;  ///< Of the buttons in turn.
+  std::vector<MessageResult> results;  ///< One per button.
   MessageResult closed;
 };
 

@@ -108,7 +108,7 @@ Chiuso senza risposta.
 )");
 }
 
-TEST_F(TerminalDialogsTest, ConfirmsThePortSettingsAsTheyStand) {
+TEST_F(TerminalDialogsTest, ConfirmsThePortSettingsUnchanged) {
   for (const char* answer : {"", "ok"}) {
     Type(answer);
     EXPECT_EQ(terminal.ShowPortSettings(Ports()), (Selection{1, 0, 1, 0, -1})) << answer;

@@ -84,7 +84,7 @@ TEST_F(TerminalMenuTest, KeepsTheMenuOpenAfterAnUnknownAnswer) {
   EXPECT_EQ(picked, std::vector{MenuItem::kInfo});
 }
 
-TEST_F(TerminalMenuTest, DoesNothingForAnItemThatNobodyHandles) {
+TEST_F(TerminalMenuTest, DoesNothingForAnItemWithoutAHandler) {
   terminal.SetMenuHandler(nullptr);
   terminal.OnLine("m");
   terminal.OnLine("1");

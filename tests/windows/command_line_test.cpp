@@ -52,7 +52,7 @@ class NoConsole {
   NoConsole& operator=(const NoConsole&) = delete;
 };
 
-TEST(CommandLine, IsAnsweredByAMessageWhereNobodySeesAConsole) {
+TEST(CommandLine, IsAnsweredByAMessageWithoutAConsole) {
   const NoConsole noConsole;
   const Shop shop;
   const struct {
@@ -70,7 +70,7 @@ TEST(CommandLine, IsAnsweredByAMessageWhereNobodySeesAConsole) {
   }
 }
 
-TEST(CommandLine, ShowsTheWholeHelpInAMessageWhereNobodySeesAConsole) {
+TEST(CommandLine, ShowsTheWholeHelpInAMessageWithoutAConsole) {
   const NoConsole noConsole;
   const Shop shop;
   const Till till(shop, "--help");

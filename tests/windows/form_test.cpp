@@ -23,7 +23,7 @@ std::vector<int> Resolutions() {
 
 struct ButtonSetCase {
   MessageButtons buttons;
-  std::vector<MessageResult> results;  ///< Of the buttons in their order.
+  std::vector<MessageResult> results;  ///< One per button, in order.
   MessageResult closed;
 };
 

@@ -158,7 +158,7 @@ TEST(HeldFile, OfSeveralTicketsIsSplitAndPrintedOnceItIsLetGo) {
   till.AwaitArchived("3.txt", kCoffee);
 }
 
-TEST(HeldJournal, IsReadByTheLabWhileItIsWritten) {
+TEST(HeldLog, IsReadByTheLabWhileItIsWritten) {
   const Shop shop;
   shop.folder.Write("Err.txt", "old line\r\n");
   const HeldFile held(shop, "Err.txt", FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, GENERIC_WRITE);

@@ -51,7 +51,7 @@ TEST(FirstStart, GoesOnWithoutAnAnswer) {
   EXPECT_TRUE(Holds(shop, "ComPort=1"));
 }
 
-TEST(Start, TellsOfSettingsThatWereBroughtUpToDate) {
+TEST(Start, ReportsSettingsThatWereBroughtUpToDate) {
   const Shop shop;
   std::string settings = shop.folder.Read("Orvenza.ini");
   shop.folder.Write("Orvenza.ini", settings.replace(settings.find("1.06"), 4, "1.05"));

@@ -7,7 +7,7 @@
 namespace orvenza::test {
 namespace {
 
-TEST(DescribeResult, SaysWhatSupportIsToActUpon) {
+TEST(DescribeResult, SaysWhatSupportCanActOn) {
   const struct {
     unsigned long result;
     const char* text;

@@ -36,7 +36,7 @@ TEST_F(EventsTest, ComeWhileTheProgramWaits) {
   EXPECT_EQ(listener.heard, Lines{"reply"});
 }
 
-TEST_F(EventsTest, AreDroppedWhileNobodyListens) {
+TEST_F(EventsTest, AreDroppedWithoutAReceiver) {
   Open();
   adapter->SetEvents(nullptr);
   Exchange("321701");
@@ -46,7 +46,7 @@ TEST_F(EventsTest, AreDroppedWhileNobodyListens) {
   EXPECT_EQ(listener.heard, Lines{"error 1"});
 }
 
-TEST_F(EventsTest, GoToWhoeverListensWhenTheyCome) {
+TEST_F(EventsTest, GoToTheReceiverAtTheirTime) {
   Open();
   Send("321701");
   Listener later;

@@ -56,7 +56,7 @@ TEST_F(FailuresTest, ALibraryThatCannotBeLoadedIsAControlThatCannotBeCreated) {
   }
 }
 
-TEST_F(FailuresTest, WhatTheControlRefusesWhileItIsMadeIsTheReason) {
+TEST_F(FailuresTest, TheControlsRefusalDuringCreationIsTheReason) {
   const struct {
     const char* behaviour;
     const char* reason;
@@ -148,7 +148,7 @@ TEST_F(FailuresTest, AControlThatIsGoneFailsUntilTheNextReset) {
                            "initialised", "site", "connected", "activated", "set 18 True"}));
 }
 
-TEST_F(FailuresTest, EveryWayOfBeingGoneIsRecognised) {
+TEST_F(FailuresTest, EveryKindOfDeathIsRecognised) {
   const char* const kWays[] = {"0x80010007", "0x80010012", "0x80010108", "0x80010114",
                                "0x800401FD", "0x800401FF", "0x800706BA", "0x800706BE"};
   for (const std::string way : kWays) {

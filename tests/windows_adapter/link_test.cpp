@@ -74,7 +74,8 @@ class LinkTest : public StandInBench {
   OperatorMessages messages{person, "Orvenza"};
   IniProfileFile profile{files};
   PortDialog portDialog{person, settings, profile, {"C:\\shop", "Orvenza"}};
-  std::optional<DeviceLink> link{std::in_place, *adapter, settings, logs, messages, portDialog, loop, clock};
+  LinkDialogs dialogs{messages, portDialog, logs};
+  std::optional<DeviceLink> link{std::in_place, *adapter, settings, logs, dialogs, loop, clock};
 };
 
 constexpr const char* kNotCreated =
@@ -93,22 +94,22 @@ TEST_F(LinkTest, OpeningSetsTheControlUpAndOpensThePort) {
 
 TEST_F(LinkTest, ACommandIsExchangedForItsReply) {
   OpenLink();
-  link->Exchange("321701");
-  EXPECT_EQ(link->ReplyText, "321700");
+  const Reply reply = link->Exchange("321701");
+  EXPECT_EQ(reply.Text(), "321700");
   EXPECT_EQ(Done(), (Lines{"set 17 321701", "call 2", "sent 321701", "received 321700"}));
 }
 
 TEST_F(LinkTest, AReplyFromInsideTheMethodThatSendsIsNotLost) {
   Behave("at-once");
   OpenLink();
-  link->Exchange("321701");
-  EXPECT_EQ(link->ReplyText, "321700");
+  const Reply reply = link->Exchange("321701");
+  EXPECT_EQ(reply.Text(), "321700");
   EXPECT_EQ(Done(), (Lines{"set 17 321701", "call 2", "sent 321701", "received 321700"}));
 }
 
 TEST_F(LinkTest, OpeningAgainSetsTheControlUpWhileThePortIsClosed) {
   OpenLink();
-  link->Reopen(50000);
+  link->ReopenForLongCommand();
   const Lines done = Done();
   EXPECT_EQ(Lines(done.begin(), done.begin() + 4),
             (Lines{"set 6 False", "port closed", "set 18 True", "set 16 1"}));
@@ -121,8 +122,7 @@ TEST_F(LinkTest, LinkErrorsBecomeTheirMarkers) {
   OpenLink();
   Lines replies;
   for (const char* command : {"200101", "200201", "200301"}) {
-    link->Exchange(command);
-    replies.push_back(link->ReplyText);
+    replies.push_back(link->Exchange(command).Text());
   }
   EXPECT_EQ(replies, (Lines{"ERR-1", "ERR-2", "ERR-3"}));
 }
@@ -130,17 +130,16 @@ TEST_F(LinkTest, LinkErrorsBecomeTheirMarkers) {
 TEST_F(LinkTest, ACommandWithoutReplyIsGivenUp) {
   Script("on 2001 silence");
   OpenLink();
-  link->Exchange("200101");
-  EXPECT_EQ(link->ReplyText, "");
-  EXPECT_FALSE(link->ReplyArrived);
+  const Reply reply = link->Exchange("200101");
+  EXPECT_EQ(reply.Text(), "");
 }
 
 TEST_F(LinkTest, APrintedReceiptComesOutOfTheStandIn) {
   OpenLink();
   link->Exchange("106300");
-  link->Exchange("1064001PROVA");
+  const Reply reply = link->Exchange("1064001PROVA");
   const Lines done = Done();
-  EXPECT_EQ(link->ReplyText, "106400");
+  EXPECT_EQ(reply.Text(), "106400");
   EXPECT_EQ(done.at(done.size() - 2), "printed PROVA");
 }
 
@@ -158,22 +157,22 @@ TEST_F(LinkTest, AControlRegisteredDuringTheAlarmOpensAtTheNextTry) {
   person.Answer("Riprova");
   OpenLink();
   EXPECT_EQ(Errors(), (Lines{kNotCreated, kClosed, kNotCreated}));
-  link->Exchange("321701");
-  EXPECT_EQ(link->ReplyText, "321700");
+  const Reply reply = link->Exchange("321701");
+  EXPECT_EQ(reply.Text(), "321700");
 }
 
 TEST_F(LinkTest, AControlThatDiesLosesItsCommandAndIsReplacedAtTheNextOpening) {
   OpenLink();
   Behave("dies-with=2001");
-  link->Exchange("200101");
-  EXPECT_EQ(link->ReplyText, "");
+  const Reply reply = link->Exchange("200101");
+  EXPECT_EQ(reply.Text(), "");
   EXPECT_FALSE(link->Present());
   const Lines errors{"EcrLinkX1 - 57 - Device I/O error ( member 2: 0x80010108 the control is gone )",
                      "EcrLinkX1 - 57 - Device I/O error ( member 5: 0x80010108 the control is gone )"};
   EXPECT_EQ(Errors(), errors);
   link->OpenDeviceLink(777);
-  link->Exchange("200101");
-  EXPECT_EQ(link->ReplyText, "200100");
+  const Reply reply = link->Exchange("200101");
+  EXPECT_EQ(reply.Text(), "200100");
   EXPECT_EQ(Errors(), errors);
 }
 

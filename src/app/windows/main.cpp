@@ -12,13 +12,13 @@
 #include "platform/ini_profile_file.h"
 #include "platform/instance_lock.h"
 #include "platform/program_end.h"
+#include "platform/windows/parent_console.h"
 #include "platform/windows/program_place.h"
 #include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_event_pump.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_folders.h"
 #include "ui/operator_message.h"
-#include "ui/windows/parent_console.h"
 #include "ui/windows/windows_operator.h"
 
 namespace {
@@ -27,8 +27,7 @@ using namespace orvenza;
 
 constexpr const char* kMenu = "While it runs, its icon in the notification area opens the menu.";
 
-/// For whoever started the program: at the console, or where nobody would see that, as a message of the
-/// connector.
+/// Informs the user: on the console, or in a message of the connector if console output would not be seen.
 void Tell(const std::string& text, MessageIcon icon) {
   const ParentConsole console;
   if (console.IsThere()) return console.Write(text);

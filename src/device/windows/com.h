@@ -1,7 +1,7 @@
 #pragma once
 
 #include <windows.h>
-// After <windows.h>, on which they build.
+// These require <windows.h>.
 #include <ocidl.h>
 #include <ole2.h>
 #include <olectl.h>
@@ -12,7 +12,7 @@
 namespace orvenza {
 
 /// Prepares this thread for COM objects with windows, and undoes it when that succeeded.
-class OleGuard {
+class [[nodiscard]] OleGuard {
  public:
   OleGuard() : result_(::OleInitialize(nullptr)) {}
   ~OleGuard() {
@@ -46,7 +46,7 @@ class ComPtr {
     return owner;
   }
 
-  /// Adds a reference of its own.
+  /// Adds its own reference.
   static ComPtr Share(T* pointer) {
     if (pointer != nullptr) pointer->AddRef();
     return Take(pointer);
@@ -56,13 +56,13 @@ class ComPtr {
   T* operator->() const { return pointer_; }
   explicit operator bool() const { return pointer_ != nullptr; }
 
-  /// For a call that gives out a reference; drops the one held.
+  /// For a call that returns a reference; drops the current one.
   T** Put() {
     Reset();
     return &pointer_;
   }
 
-  /// The object's interface U, empty when it has none.
+  /// The object's interface U; empty when it has none.
   template <typename U>
   ComPtr<U> As() const {
     ComPtr<U> other;
@@ -72,11 +72,11 @@ class ComPtr {
     return ComPtr<U>::Take(static_cast<U*>(found));
   }
 
-  /// Hands the reference over to the caller.
+  /// Passes the reference to the caller.
   T* Release() { return std::exchange(pointer_, nullptr); }
 
   void Reset() {
-    // Emptied first: a release may call back.
+    // Emptied first, since Release may call back.
     if (T* pointer = Release()) pointer->Release();
   }
 
@@ -84,11 +84,11 @@ class ComPtr {
   T* pointer_ = nullptr;
 };
 
-/// A text in the form in which controls exchange them.
+/// Owner of a BSTR, the text type of controls.
 class Bstr {
  public:
   Bstr() = default;
-  /// Empty when there is no memory for `text`.
+  /// Empty when out of memory.
   explicit Bstr(std::wstring_view text)
       : text_(::SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
   Bstr(Bstr&& other) noexcept : text_(std::exchange(other.text_, nullptr)) {}
@@ -98,7 +98,7 @@ class Bstr {
   }
   ~Bstr() { ::SysFreeString(text_); }
 
-  /// For a call that gives out a text; frees the one held.
+  /// For a call that returns a text; frees the current one.
   BSTR* Put() {
     ::SysFreeString(std::exchange(text_, nullptr));
     return &text_;
@@ -110,7 +110,7 @@ class Bstr {
   BSTR text_ = nullptr;
 };
 
-/// A value of a member of a control, freed at the end.
+/// Owner of a VARIANT, the value type of a control's members.
 class Variant {
  public:
   Variant() { ::VariantInit(&value_); }
@@ -152,7 +152,7 @@ class Variant {
     return variant;
   }
 
-  /// Makes the value one of `type`. On a failure it stays as it was.
+  /// Converts the value to `type`. On failure it is unchanged.
   HRESULT ChangeTo(VARTYPE type) { return ::VariantChangeType(&value_, &value_, 0, type); }
 
   bool AsBoolean() const { return value_.boolVal != VARIANT_FALSE; }
@@ -166,8 +166,8 @@ class Variant {
   VARIANT value_;
 };
 
-/// Base of an object of ours that a control holds: counts its references and offers `Interfaces`. Made with
-/// one reference, by MakeCom.
+/// Base of our objects that a control holds: counts references and provides `Interfaces`. MakeCom creates it
+/// with one reference.
 template <typename First, typename... Others>
 class ComObject : public First, public Others... {
  public:
@@ -192,7 +192,7 @@ class ComObject : public First, public Others... {
  protected:
   virtual ~ComObject() = default;
 
-  /// The interface `iid` of this object, null when it has none.
+  /// The interface `iid` of this object; null when it has none.
   virtual void* Find(REFIID iid) {
     void* found = nullptr;
     if (iid == __uuidof(IUnknown) || iid == __uuidof(First)) found = static_cast<First*>(this);

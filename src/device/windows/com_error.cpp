@@ -9,7 +9,7 @@
 namespace orvenza {
 namespace {
 
-/// For what a support person is to act upon, in words that do not depend on the system's language.
+/// Descriptions that support must be able to act on, independent of the system's language.
 const wchar_t* OwnDescription(HRESULT result) {
   switch (result) {
     case CO_E_CLASSSTRING: return L"not registered";
@@ -33,7 +33,7 @@ std::wstring StandardDescriptionOf(HRESULT result) {
   return {text, length};
 }
 
-/// On one line, without the full stop at the end.
+/// On one line, without a trailing full stop.
 std::wstring OneLine(std::wstring text) {
   for (wchar_t& character : text) {
     if (character < L' ') character = L' ';

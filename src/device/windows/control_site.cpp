@@ -5,12 +5,12 @@
 namespace orvenza {
 namespace {
 
-/// A colour of the system's, by its number there, as controls take it.
+/// A system colour, by its index, in the form that controls expect.
 Variant SystemColour(int number) {
   return Variant::Integer(static_cast<int>(0x80000000U | static_cast<unsigned>(number)));
 }
 
-/// Empty when there is none to be had.
+/// Empty when no font can be created.
 Variant Font() {
   FONTDESC description{};
   description.cbSizeofstruct = sizeof description;
@@ -30,7 +30,7 @@ Variant AmbientProperty(DISPID member) {
     case DISPID_AMBIENT_FORECOLOR: return SystemColour(COLOR_BTNTEXT);
     case DISPID_AMBIENT_FONT: return Font();
     case DISPID_AMBIENT_SCALEUNITS: return Variant::Text(Bstr(L"Pixel"));
-    case DISPID_AMBIENT_TEXTALIGN: return Variant::Short(0);  // numbers to the right, texts to the left
+    case DISPID_AMBIENT_TEXTALIGN: return Variant::Short(0);  // numbers on the right, texts on the left
     case DISPID_AMBIENT_APPEARANCE: return Variant::Short(kThreeDimensional);
     case DISPID_AMBIENT_USERMODE: return Variant::Boolean(true);
     case DISPID_AMBIENT_UIDEAD:
@@ -46,7 +46,7 @@ Variant AmbientProperty(DISPID member) {
   }
 }
 
-/// Programs that close every window they find would take the control away with it.
+/// Other programs that close every window they find must not destroy the control's.
 LRESULT CALLBACK StayOpen(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
   return message == WM_CLOSE ? 0 : ::DefWindowProcW(window, message, wParam, lParam);
 }
@@ -56,7 +56,7 @@ const wchar_t* WindowClass() {
   place.lpfnWndProc = &StayOpen;
   place.hInstance = ::GetModuleHandleW(nullptr);
   place.lpszClassName = L"EcrLinkX1";
-  ::RegisterClassW(&place);  // refused from the second time on
+  ::RegisterClassW(&place);  // fails from the second time on
   return place.lpszClassName;
 }
 
@@ -135,7 +135,7 @@ HRESULT ControlSite::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS*
   Variant value = AmbientProperty(member);
   if (value.Get()->vt == VT_EMPTY) return DISP_E_MEMBERNOTFOUND;
   std::swap(*result, *value.Get());
-  // What the caller's result held before is not the caller's any more, and was nothing.
+  // The previous content of the caller's VARIANT is undefined and must not be freed.
   ::VariantInit(value.Get());
   return S_OK;
 }

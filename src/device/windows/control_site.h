@@ -4,25 +4,25 @@
 
 namespace orvenza {
 
-/// A window that is never shown, for the control to sit in. Nobody can close it from outside.
+/// A window that is never shown, for the control. Other programs cannot close it.
 class HiddenWindow {
  public:
-  /// Throws SystemError 429 when there is no window to be had.
+  /// Throws SystemError 429 when the window cannot be created.
   HiddenWindow();
   ~HiddenWindow() { ::DestroyWindow(handle_); }
   HiddenWindow(const HiddenWindow&) = delete;
   HiddenWindow& operator=(const HiddenWindow&) = delete;
 
   HWND Handle() const { return handle_; }
-  /// The place of the control in it.
+  /// The control's rectangle in it.
   static RECT Place() { return {0, 0, 64, 64}; }
 
  private:
   HWND handle_;
 };
 
-/// What a container is to the control it hosts: its place, its frame and its surroundings (the ambient
-/// properties of a program that runs, shows nothing and takes no keys).
+/// The control's container: its site, its frame and the ambient properties of a program in run mode that
+/// shows nothing and takes no keys.
 class ControlSite
     : public ComObject<IOleClientSite, IOleInPlaceSite, IOleInPlaceFrame, IOleControlSite, IDispatch> {
  public:

@@ -20,7 +20,7 @@ constexpr DISPID kReset = 18;
 
 }  // namespace
 
-/// The control, where there is one, and why not where there is none.
+/// The control, or the reason why there is none.
 class EcrLinkAdapter::Hosting {
  public:
   void SetEvents(EcrLinkEvents* events) {
@@ -55,7 +55,7 @@ class EcrLinkAdapter::Hosting {
 
   OleGuard ole_;
   EcrLinkEvents* events_ = nullptr;
-  std::optional<SystemError> refusal_;  ///< Of the last attempt to create the control.
+  std::optional<SystemError> refusal_;  ///< Why the last attempt to create the control failed.
   std::unique_ptr<LinkControl> control_;
 };
 

@@ -7,13 +7,13 @@
 
 namespace orvenza {
 
-/// The link control of the register's maker, hosted in a hidden window of our own. To be used on the one
-/// thread that pumps window messages, during which its events come.
+/// The register maker's link control, hosted in a hidden window. Use it only on the thread that pumps window
+/// messages; events arrive during the pump.
 ///
-/// The control is created at the first use. While it cannot be created every member throws SystemError 429
-/// with the reason, and each reset, the first step of every opening, tries again. A member that fails throws
-/// SystemError 57 with its number and the reason; a control that is gone fails so until the next reset
-/// replaces it by a new one.
+/// The control is created on first use. While that fails, every member throws SystemError 429 with the
+/// reason, and each reset, the first step of every opening, tries again. A failing member throws SystemError
+/// 57 with its number and the reason; so does every member of a control that has died, until the next reset
+/// replaces it.
 class EcrLinkAdapter : public EcrLink {
  public:
   EcrLinkAdapter();

@@ -32,10 +32,10 @@ HRESULT EventSink::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS*, VARIAN
       (events_->*kInOrder[i])();
       return S_OK;
     } catch (...) {
-      return E_UNEXPECTED;  // The caller is the control, which knows no exceptions of ours.
+      return E_UNEXPECTED;  // The caller is the control, which does not know our exceptions.
     }
   }
-  // Events that are none of ours are heard all the same: some controls give up when a listener fails.
+  // Unknown events are accepted, too: some controls give up when a listener fails.
   return S_OK;
 }
 

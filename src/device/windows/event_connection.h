@@ -10,7 +10,7 @@ class EventSink : public ComObject<IDispatch> {
  public:
   explicit EventSink(const SourceInterface& source) : source_(source) {}
 
-  /// Who is told. Null: nobody.
+  /// The receiver; null if none.
   void SetEvents(EcrLinkEvents* events) { events_ = events; }
 
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
@@ -29,7 +29,7 @@ class EventSink : public ComObject<IDispatch> {
   EcrLinkEvents* events_ = nullptr;
 };
 
-/// A sink connected to a control, for as long as this lives.
+/// Connects a sink to a control for its lifetime.
 class EventConnection {
  public:
   EventConnection() = default;

@@ -10,7 +10,7 @@ namespace {
 
 static_assert(sizeof(void*) == 4, "the link control is a 32-bit library, and no 64-bit program can host it");
 
-/// What a member reports about its own failure.
+/// A member's own report of its failure.
 struct Exception {
   EXCEPINFO info{};
 
@@ -27,7 +27,7 @@ struct Exception {
     if (info.pfnDeferredFillIn != nullptr) info.pfnDeferredFillIn(&info);
   }
 
-  /// A failure always, also where the member gives a number that says otherwise.
+  /// Always a failure, even if the member reports a success code.
   HRESULT Number() const {
     if (FAILED(info.scode)) return info.scode;
     return info.wCode != 0 ? MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, info.wCode) : DISP_E_EXCEPTION;
@@ -81,7 +81,7 @@ void LinkControl::PutBoolean(DISPID member, bool value) { Put(member, Variant::B
 
 void LinkControl::PutInteger(DISPID member, int value) {
   Variant number = Variant::Integer(value);
-  // What does not fit stays as it is, for the control to judge.
+  // A value that cannot be converted is passed unchanged; the control may reject it.
   if (const VARTYPE declared = TypeOfProperty(types_, member); IsNumber(declared)) number.ChangeTo(declared);
   Put(member, std::move(number));
 }

@@ -6,8 +6,8 @@
 
 namespace orvenza {
 
-/// The link control itself, hosted in a window that is never shown. A member that fails throws SystemError 57
-/// with the member's number, the failure's number and its description.
+/// The link control itself, hosted in a hidden window. A failing member throws SystemError 57 with the
+/// member's number, the failure's number and its description.
 class LinkControl {
  public:
   /// Creates, hosts and activates the control registered as `name`, and connects to its events. Throws
@@ -21,12 +21,12 @@ class LinkControl {
   /// Bytes in Windows-1252.
   std::string GetText(DISPID member);
   void PutBoolean(DISPID member, bool value);
-  /// In the number type that the control declares for `member`, or as 32 bits.
+  /// In the integer type that the control declares for `member`, otherwise as 32 bits.
   void PutInteger(DISPID member, int value);
   /// Bytes in Windows-1252.
   void PutText(DISPID member, std::string_view bytes);
 
-  /// True once a member has failed because the control is gone. It stays so.
+  /// True once a member has failed because the control has died.
   bool Lost() const { return lost_; }
 
  private:
@@ -35,7 +35,7 @@ class LinkControl {
   void Invoke(DISPID member, WORD flags, DISPPARAMS& parameters, VARIANT* result);
   void Check(DISPID member, HRESULT result, std::wstring_view description = {});
 
-  // Undone from the last to the first.
+  // Destroyed in reverse order.
   HiddenWindow window_;
   ComPtr<ControlSite> site_;
   ComPtr<IUnknown> control_;

@@ -10,7 +10,7 @@ constexpr UINT kWindows1252 = 1252;
 }  // namespace
 
 std::wstring WideOfLink(std::string_view bytes) {
-  // One byte is one character here.
+  // One byte becomes one character.
   std::wstring text(bytes.size(), L'\0');
   const int size = static_cast<int>(bytes.size());
   ::MultiByteToWideChar(kWindows1252, 0, bytes.data(), size, text.data(), size);

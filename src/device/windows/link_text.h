@@ -5,8 +5,8 @@
 
 namespace orvenza {
 
-/// Commands and replies are bytes in Windows-1252; the control takes and gives UTF-16. Neither way loses a
-/// byte, those five included that stand for no letter. What Windows-1252 cannot spell becomes "?".
+/// Converts commands and replies, which are bytes in Windows-1252, to and from the control's UTF-16. No byte
+/// is lost, including the five without a character. Characters outside Windows-1252 become "?".
 std::wstring WideOfLink(std::string_view bytes);
 std::string LinkBytesOf(std::wstring_view text);
 

@@ -6,7 +6,7 @@
 namespace orvenza {
 namespace {
 
-/// A storage in memory, for controls that know no lighter form of a fresh state.
+/// A storage in memory, for controls that can initialise their state in no other way.
 HRESULT InitialiseInStorage(IPersistStorage& persistence) {
   ComPtr<ILockBytes> bytes;
   HRESULT result = ::CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.Put());
@@ -26,7 +26,7 @@ HRESULT InitialiseFresh(const ComPtr<IOleObject>& object) {
   return S_OK;  // It keeps no state.
 }
 
-/// The control's OLEMISC bits, none when it tells of none.
+/// The control's OLEMISC bits; 0 when it reports none.
 DWORD StatusOf(const ComPtr<IOleObject>& object, REFCLSID clsid) {
   DWORD status = 0;
   HRESULT result = object->GetMiscStatus(DVASPECT_CONTENT, &status);

@@ -10,7 +10,7 @@
 namespace orvenza {
 namespace {
 
-/// What type information lends out and wants back.
+/// Owner of a structure that type information lends and takes back.
 template <typename T, void (STDMETHODCALLTYPE ITypeInfo::*GiveBack)(T*)>
 class Lent {
  public:
@@ -66,12 +66,12 @@ ComPtr<ITypeInfo> DefaultSource(const ComPtr<ITypeInfo>& classInfo) {
   return source;
 }
 
-/// Events that nobody could hear would make every command one without reply.
+/// Without events every command would remain without a reply.
 [[noreturn]] void RefuseEvents(const std::string& found) {
   throw SystemError(error_number::kCannotCreateObject, "events: " + found);
 }
 
-/// Nothing when the description cannot be read.
+/// Empty when the description cannot be read.
 std::optional<SourceInterface> Describe(const ComPtr<ITypeInfo>& source) {
   LentType attributes(source.Get());
   if (FAILED(source->GetTypeAttr(attributes.Put()))) return std::nullopt;
@@ -84,7 +84,7 @@ std::optional<SourceInterface> Describe(const ComPtr<ITypeInfo>& source) {
   for (UINT i = 0; i < attributes->cFuncs && known < found.events.size(); ++i) {
     LentFunction function(source.Get());
     if (FAILED(source->GetFuncDesc(i, function.Put()))) continue;
-    // The inherited methods of every such interface are no events.
+    // The inherited methods are not events.
     if ((function->wFuncFlags & FUNCFLAG_FRESTRICTED) != 0) continue;
     found.events[known++] = function->memid;
   }
@@ -94,7 +94,7 @@ std::optional<SourceInterface> Describe(const ComPtr<ITypeInfo>& source) {
   return found;
 }
 
-/// The connection point that is not the one for changed properties, which every control may have.
+/// The first connection point other than the one for changed properties, which every control may have.
 std::optional<IID> FirstConnectionPoint(const ComPtr<IUnknown>& control) {
   const auto container = control.As<IConnectionPointContainer>();
   ComPtr<IEnumConnectionPoints> points;

@@ -45,26 +45,25 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
 }  // namespace
 
 Command BundleCommand() {
-  return {
-      "bundle",
-      "gather what support needs into one file",
-      "[--folder DIR] [--name NAME] [--output FILE]\n                   [--with-descriptions]",
-      "Writes a ZIP archive with the settings, the logs and their older copies, folder\n"
-      "listings, versions, what the doctor says, and the last ten tickets, and prints\n"
-      "what is in it. A file that cannot be read is listed as missing.\n"
-      "\n"
-      "Texts that tickets print are masked, in the tickets and where a log quotes\n"
-      "them: letters become x, digits 9. Record types, separators, amounts and\n"
-      "quantities stay. docs/bundle.md says more.",
-      InstallationOptions(
-          {{"--output", "FILE",
-            "the archive to write, which must not exist yet\n(default: orvenza-support-DATE-TIME.zip here)"},
-           {kWithDescriptions, {}, "leave the texts of tickets as they are"}}),
-      "0  written\n"
-      "2  not written, or written but not shown what is in it",
-      "orvenza-lab bundle --folder C:\\Orvenza\n"
-      "orvenza-lab bundle --output D:\\for-support.zip",
-      Run};
+  return {"bundle",
+          "collect what support needs in one file",
+          "[--folder DIR] [--name NAME] [--output FILE]\n                   [--with-descriptions]",
+          "Writes a ZIP archive with the settings, the logs and their older copies, folder\n"
+          "listings, versions, the findings of the doctor and the last ten tickets, and\n"
+          "prints its contents. A file that cannot be read is listed as missing.\n"
+          "\n"
+          "Texts of tickets are masked, also where a log quotes them: letters become x,\n"
+          "digits 9. Record types, separators, amounts and quantities stay. For details see\n"
+          "docs/bundle.md.",
+          InstallationOptions(
+              {{"--output", "FILE",
+                "the archive to write; it must not exist yet\n(default: orvenza-support-DATE-TIME.zip here)"},
+               {kWithDescriptions, {}, "leave the texts of tickets unmasked"}}),
+          "0  written\n"
+          "2  not written, or written without showing its contents",
+          "orvenza-lab bundle --folder C:\\Orvenza\n"
+          "orvenza-lab bundle --output D:\\for-support.zip",
+          Run};
 }
 
 }  // namespace orvenza

@@ -8,8 +8,8 @@
 #include "core/logs.h"
 #include "core/text.h"
 #include "core/version.h"
+#include "lab/bundle/folder_listing.h"
 #include "lab/doctor/diagnosis.h"
-#include "lab/doctor/folder_listing.h"
 #include "lab/shell/wording.h"
 #include "platform/system_error.h"
 #include "tickets/text_mask.h"
@@ -24,7 +24,7 @@ constexpr std::size_t kMostTickets = 10;
 constexpr const char* kMasked = "texts masked";
 
 /// A longer log is cut at the start of a line: a quotation cut in the middle could not be masked.
-std::string ReadEnd(const Files& files, const std::string& path) {
+std::string ReadEnd(const FileReader& files, const std::string& path) {
   std::string end;
   std::string piece(65536, '\0');
   const auto reader = files.OpenForReading(path);

@@ -20,7 +20,7 @@ class ZipArchive {
   void Add(std::string_view name, std::string_view bytes, const LocalTime& modified);
 
   /// The complete archive. Nothing can be added afterwards.
-  std::string Finish();
+  [[nodiscard]] std::string Finish();
 
  private:
   std::string bytes_;

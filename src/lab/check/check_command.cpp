@@ -103,23 +103,23 @@ int Run(const Arguments& arguments, LabSurroundings& surroundings) {
 Command CheckCommand() {
   std::vector<Option> options = CheckRuleOptions();
   options.push_back({"--quiet", "", "show the findings only, not the commands"});
-  options.push_back({"--json", "", "write JSON, for programs"});
+  options.push_back({"--json", "", "write JSON"});
   return {"check",
-          "show what becomes of ticket files, and what is wrong",
+          "show the commands and errors of ticket files",
           "FILE... [OPTION...]",
           "Reads ticket files as the connector does and shows, line by line, the command\n"
-          "text that is sent to the register, or every reason why none is:\n"
+          "that the register gets, or every reason why it gets none:\n"
           "\n"
           "  FILE:LINE:FIELD: error: what was found and what is accepted [code]\n"
           "\n"
-          "Fields count from 0, the record type. A warning is a line that is valid but may\n"
-          "not print what its author meant: a text that is cut, a value that is changed, a\n"
-          "payment that does not cover the items. A point at half height stands for a blank\n"
-          "of a command. '-' is standard input. Nothing is sent and nothing is written.",
+          "Fields count from 0, the record type. A warning means that a line is valid but\n"
+          "may not print what the programmer meant: a text is cut, a value is changed, a\n"
+          "payment does not cover the items. A point at half height stands for a blank in a\n"
+          "command. '-' is the standard input. Nothing is sent and nothing is written.",
           options,
           "0  every line is valid; there may be warnings\n"
           "1  at least one line is invalid\n"
-          "2  a file could not be read, or the command line makes no sense",
+          "2  a file could not be read, or the command line cannot be understood",
           "orvenza-lab check ticket.txt\n"
           "orvenza-lab check --folder C:\\Orvenza --quiet C:\\Orvenza\\data\\abort\\*.txt\n"
           "orvenza-lab check --model \"QUARNIS A\" --release 2.02.00 ticket.txt\n"

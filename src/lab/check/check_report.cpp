@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "core/text.h"
 #include "lab/shell/json.h"
 #include "lab/shell/wording.h"
 

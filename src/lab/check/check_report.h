@@ -4,7 +4,6 @@
 #include <memory>
 #include <ostream>
 #include <string>
-#include <string_view>
 
 #include "lab/check/line_findings.h"
 #include "lab/check/ticket_check.h"

@@ -71,13 +71,12 @@ std::vector<Option> CheckRuleOptions() {
        "take separator, \"Single Quantity\" and \"File Parser\"\nfrom the settings of the installation in "
        "DIR"},
       {"--name", "NAME",
-       "the connector's executable in DIR without extension,\nafter which its settings are named (default: "
+       "the connector's executable in DIR without extension;\nits settings file has the same name (default: "
        "Orvenza)"},
-      {"--separator", "N",
-       "character code of the field separator, or the\ncharacter itself; 127 where nothing else is said"},
-      {"--single-quantity", "", "as with the setting \"Single Quantity\" on"},
-      {"--model", "LABEL", "the register's model; \"TOVEST ETH\" for example"},
-      {"--release", "TEXT", "its release; \"2.02.00\" for example"},
+      {"--separator", "N", "character code of the field separator, or the\ncharacter itself (default: 127)"},
+      {"--single-quantity", "", "as if the setting \"Single Quantity\" were on"},
+      {"--model", "LABEL", "the register's model, for example \"TOVEST ETH\""},
+      {"--release", "TEXT", "its release, for example \"2.02.00\""},
   };
 }
 

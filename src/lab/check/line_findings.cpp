@@ -4,7 +4,7 @@
 
 #include "core/text.h"
 #include "lab/shell/wording.h"
-#include "tickets/translation.h"
+#include "tickets/logo_request.h"
 
 namespace orvenza {
 namespace {
@@ -217,7 +217,9 @@ void FindInValues(std::string_view line, const RecordFields& fields, const Trans
     switch (note.kind) {
       case FieldNote::Kind::kFormatted: FindInValue(line, fields, note, findings); break;
       case FieldNote::Kind::kReplaced: FindInReplaced(field, note, findings); break;
-      case FieldNote::Kind::kRead: break;
+      case FieldNote::Kind::kRead:
+      case FieldNote::Kind::kChoice:
+      case FieldNote::Kind::kLogo: break;
       case FieldNote::Kind::kUnknownType:
         findings.push_back({true, "unknown-type", number, "there is no record type " + QuotedBytes(field)});
         break;
@@ -240,8 +242,9 @@ void FindInUnusedFields(const RecordFields& fields, const TranslationNotes& note
   for (std::size_t field = 1; field < fields.Count(); ++field) {
     // A number may select the command, or belong to a field that the type uses elsewhere.
     const bool holdsText = fields[field].find_first_not_of(" 0123456789+-,.") != std::string_view::npos;
-    const bool isUsed = std::any_of(notes.begin(), notes.end(),
-                                    [field](const FieldNote& note) { return note.field == field; });
+    const bool isUsed = std::any_of(notes.begin(), notes.end(), [field](const FieldNote& note) {
+      return note.field == field && note.kind != FieldNote::Kind::kChoice;
+    });
     if (!holdsText || isUsed) continue;
     findings.push_back({false, "unused-text", static_cast<int>(field),
                         QuotedBytes(fields[field]) + " is lost: the command has no place for this field"});

@@ -9,14 +9,15 @@
 
 namespace orvenza {
 
-class CommandFields;
+struct RegisterCommand;
+enum class CommandPlace;
 
 /// Follows the commands of one ticket, a file or part of one, and reports receipts and documents that do not
 /// begin or end properly. It calculates like the simulated register.
 class ReceiptWatch {
  public:
-  /// Handles a valid line's command.
-  void Follow(const std::string& command, TicketFindings& findings);
+  /// Handles a valid line's command, given as its text.
+  void Follow(const std::string& text, TicketFindings& findings);
 
   /// Handles an invalid line of record type `type`: the receipt's sum is unknown from now on. If the line may
   /// have closed the receipt, so is whether it is still open.
@@ -26,18 +27,11 @@ class ReceiptWatch {
   void End(std::string_view where, TicketFindings& findings);
 
  private:
-  enum class Effect;
-  enum class Place;
-  struct Demand;
-  static Effect EffectOf(std::string_view code);
-  static Demand DemandOf(Effect effect);
-
-  bool FindRefused(Effect effect, TicketFindings& findings) const;
-  bool Fits(Place place) const;
-  std::string_view WhyNot(Place place) const;
+  bool FindRefused(const RegisterCommand& command, TicketFindings& findings) const;
+  std::string_view WhyNot(CommandPlace place) const;
   void FindPrinted(std::string_view what, TicketFindings& findings) const;
   void BeginSale(TicketFindings& findings);
-  void FollowSums(Effect effect, CommandFields& fields);
+  void FollowSums(const RegisterCommand& command, const std::string& text);
   void Void();
   void EndReceipt();
   void Forget();

@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <cctype>
 #include <utility>
+#include <vector>
 
 #include "core/text.h"
+#include "lab/shell/wording.h"
+#include "tickets/record_types.h"
 
 namespace orvenza {
 namespace {
-
-/// All plausible record types are below this number.
-constexpr int kTypesTried = 100;
 
 std::string CharacterName(char c) {
   const std::string code = "character " + std::to_string(c);
@@ -19,11 +19,10 @@ std::string CharacterName(char c) {
 
 }  // namespace
 
-TicketCheck::TicketCheck(CheckRules rules, const Files& files, Clock& clock)
+TicketCheck::TicketCheck(CheckRules rules, const FileReader& files, Clock& clock)
     : rules_(std::move(rules)),
       silence_(noFiles_, clock, rules_.settings, {}),
       translator_(rules_.identity, rules_.settings, files, silence_),
-      knownTypes_(KnownTypes()),
       boundary_(rules_.settings.SeparatorChar),
       meant_(boundary_) {}
 
@@ -60,7 +59,7 @@ const std::string& TicketCheck::Check(std::string_view line, TicketFindings& fin
   FindInUnusedFields(fields_, notes_, findings);
   if (IsUnknownType()) {
     const std::string meant = TypeMeant();
-    findings.back().text += meant.empty() ? "; known are " + knownTypes_ : "; write '" + meant + "'";
+    findings.back().text += meant.empty() ? "; known are " + KnownTypes() : "; write '" + meant + "'";
   }
   FindBehindFields(fields_, rules_.settings.SeparatorChar, findings);
   if (command_.empty()) {
@@ -94,7 +93,7 @@ void TicketCheck::FindHiddenType(std::string_view line, bool begins, TicketFindi
                             std::to_string(lastHidden_) + " hides that it closes the receipt"});
   }
   if (begins != meantToBegin) meant_ = boundary_;
-  if (hidden && IsClosingType(fields_[0])) lastHidden_ = lines_;
+  if (hidden && HasRole(fields_[0], &RecordRoles::closesTicket)) lastHidden_ = lines_;
 }
 
 void TicketCheck::FindNoFields(std::string_view line, TicketFindings& findings) const {
@@ -119,34 +118,17 @@ bool TicketCheck::IsUnknownType() const {
   return !notes_.empty() && notes_.back().kind == FieldNote::Kind::kUnknownType;
 }
 
-bool TicketCheck::IsType(std::string_view type) const {
-  constexpr char kAnySeparator = ';';
-  RecordFields fields;
-  SplitRecord(std::string(type) + kAnySeparator, kAnySeparator, fields);
-  TranslationNotes notes;
-  translator_.TranslateRecord(fields, &notes);
-  return notes.empty() || notes.back().kind != FieldNote::Kind::kUnknownType;
-}
-
 std::string TicketCheck::TypeMeant() const {
   std::string_view type = Trim(fields_[0]);
   type = type.substr(0, type.find_first_of(".,"));
   type = type.substr(std::min(type.find_first_not_of('0'), type.size()));
-  return !type.empty() && IsType(type) ? std::string(type) : std::string();
+  return FindRecordType(type) != nullptr ? std::string(type) : std::string();
 }
 
-std::string TicketCheck::KnownTypes() const {
-  std::string known;
-  for (int first = 0; first < kTypesTried; ++first) {
-    if (!IsType(std::to_string(first))) continue;
-    int last = first;
-    while (last + 1 < kTypesTried && IsType(std::to_string(last + 1))) ++last;
-    if (!known.empty()) known += ", ";
-    known += std::to_string(first);
-    if (last > first) known += (last > first + 1 ? " to " : ", ") + std::to_string(last);
-    first = last;
-  }
-  return known;
+std::string TicketCheck::KnownTypes() {
+  std::vector<int> numbers;
+  for (const RecordType& row : RecordTypes()) numbers.push_back(LeadingInteger(row.type));
+  return NumberRanges(numbers);
 }
 
 }  // namespace orvenza

@@ -37,8 +37,13 @@ constexpr Grade kGrades[] = {
 };
 
 const Grade& GradeOf(Severity severity) {
-  return *std::find_if(std::begin(kGrades), std::end(kGrades),
-                       [&](const Grade& g) { return g.severity == severity; });
+  switch (severity) {
+    case Severity::kError: return kGrades[0];
+    case Severity::kWarning: return kGrades[1];
+    case Severity::kNote: return kGrades[2];
+    case Severity::kOk: break;
+  }
+  return kGrades[3];
 }
 
 std::size_t CountOf(const Findings& findings, Severity severity) {

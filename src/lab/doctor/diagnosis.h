@@ -14,10 +14,10 @@ Installation LookAt(const LabSurroundings& lab, const ProgramPaths& paths);
 
 /// All findings about an installation, part by part. Creates, renames and removes a test file in the ticket
 /// folders.
-Findings Diagnose(const Installation& shop);
+[[nodiscard]] Findings Diagnose(const Installation& shop);
 
 /// The exit code for findings: 0, with warnings 1, with errors 2.
-int StatusOf(const Findings& findings);
+[[nodiscard]] int StatusOf(const Findings& findings);
 
 /// Writes the findings as a table with a summary line.
 void WriteDiagnosis(std::ostream& out, const Installation& shop, const Findings& findings, bool colours);

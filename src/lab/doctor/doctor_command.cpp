@@ -26,30 +26,31 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
 
 Command DoctorCommand() {
   return {"doctor",
-          "look at an installation before opening time",
+          "check an installation before the shop opens",
           "[--folder DIR] [--name NAME] [--json]",
-          "Looks at the settings as the connector would read them, the folders and the\n"
-          "tickets in them, the logs, the command file, the link control and the serial\n"
-          "port. Each finding has a severity, a code that never changes its meaning, the\n"
-          "fact, and what to do about it. docs/doctor.md explains every code.\n"
+          "Checks the settings as the connector would read them, the folders and their\n"
+          "tickets, the logs, the command file, the link control and the serial port. Each\n"
+          "finding has a severity, a code that never changes its meaning, a fact and a\n"
+          "remedy. docs/doctor.md explains every code.\n"
           "\n"
-          "The installation stays as it is: what the next start would repair is only told.\n"
-          "To see whether tickets can be handled, a file of the doctor's own is made,\n"
-          "renamed and removed in the folders of tickets.",
+          "The installation is not changed: what the next start would repair is reported\n"
+          "only. As a test of the rights, the doctor creates, renames and removes a file of\n"
+          "its own in the ticket folders.",
           InstallationOptions({{"--json", {}, "write one JSON object"}}),
-          "0  nothing but notes\n"
-          "1  warnings: receipts are printed, but something is not as it should be\n"
-          "2  errors: receipts are not printed, or get lost; or wrong usage",
+          "0  no warnings, no errors\n"
+          "1  warnings: receipts are printed, but something is wrong\n"
+          "2  errors: receipts are not printed, or get lost; or the command line is wrong",
           "orvenza-lab doctor\n"
           "orvenza-lab doctor --folder C:\\Orvenza --json",
           Run};
 }
 
 std::vector<Option> InstallationOptions(const std::vector<Option>& own) {
-  std::vector<Option> options{{"--folder", "DIR", "the program folder (default: where orvenza-lab lies)"},
-                              {"--name", "NAME",
-                               "the connector's executable without extension, after\nwhich its settings are "
-                               "named (default: Orvenza)"}};
+  std::vector<Option> options{
+      {"--folder", "DIR", "the program folder (default: the folder of orvenza-lab)"},
+      {"--name", "NAME",
+       "the connector's executable without extension; its\nsettings file has the same "
+       "name (default: Orvenza)"}};
   options.insert(options.end(), own.begin(), own.end());
   return options;
 }

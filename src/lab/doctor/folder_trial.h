@@ -10,6 +10,6 @@ namespace orvenza {
 /// does with tickets. Listings never show that file, so a running connector cannot take it for a ticket.
 /// Returns the step that failed and why; "" if all succeeded. The file is removed afterwards, unless the
 /// folder does not allow it.
-std::string TryFolder(Files& files, const std::string& folder);
+[[nodiscard]] std::string TryFolder(Files& files, const std::string& folder);
 
 }  // namespace orvenza

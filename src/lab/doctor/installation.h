@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "lab/settings/settings_review.h"
 #include "lab/shell/machine.h"
 #include "platform/clock.h"

@@ -13,8 +13,10 @@ const char* FactOf(ControlState state) {
     case ControlState::kNoFile: return "is registered, but its library does not exist: ";
     case ControlState::kNoProgram: return "is registered, but its library is none: ";
     case ControlState::kWrongBits: return "is registered, but not for programs of 32 bits: ";
-    default: return "is registered: ";
+    case ControlState::kNoControls:
+    case ControlState::kUsable: break;
   }
+  return "is registered: ";
 }
 
 const char* CodeOf(ControlState state) {
@@ -23,8 +25,12 @@ const char* CodeOf(ControlState state) {
     case ControlState::kNoProgram: return "control.library";
     case ControlState::kWrongBits: return "control.bits";
     case ControlState::kUsable: return "control.ok";
-    default: return "control.unregistered";
+    case ControlState::kNoControls:
+    case ControlState::kNoName:
+    case ControlState::kNoClass:
+    case ControlState::kNoServer: break;
   }
+  return "control.unregistered";
 }
 
 Finding OfControl(const ControlRegistration& control) {

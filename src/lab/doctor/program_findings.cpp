@@ -5,13 +5,12 @@
 
 #include "core/folder_path.h"
 #include "core/logs.h"
-#include "core/text.h"
 #include "lab/shell/wording.h"
 #include "platform/ini_profile_file.h"
 #include "platform/ini_text.h"
 #include "platform/system_error.h"
+#include "tickets/command_file.h"
 #include "tickets/line_reader.h"
-#include "tickets/ticket_polling.h"
 
 namespace orvenza {
 namespace {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -8,10 +9,10 @@
 
 namespace orvenza {
 
-/// Thrown when a run goes on for too long. Not a std::exception on purpose: no trap may hold it up.
+/// Thrown when a run takes too long. Deliberately not a std::exception: no trap may stop it.
 struct RunTooLong {};
 
-/// The virtual clock's events, up to a limit of time, and of events that take no time.
+/// Delivers the virtual clock's events up to a time limit, and up to a number of events that take no time.
 class BoundedPump : public EventPump {
  public:
   BoundedPump(VirtualClock& clock, std::chrono::milliseconds limit) : clock_(clock), limit_(limit) {}
@@ -23,6 +24,9 @@ class BoundedPump : public EventPump {
   void WaitForEvent(std::chrono::nanoseconds limit) override {
     Count();
     clock_.WaitForEvent(limit);
+  }
+  void SkipIdle(std::chrono::nanoseconds slice, std::chrono::nanoseconds until) override {
+    clock_.SkipIdle(slice, std::min<std::chrono::nanoseconds>(until, limit_));
   }
 
  private:

@@ -3,15 +3,18 @@
 #include <string_view>
 
 #include "core/text.h"
-#include "lab/rehearsal/transcript.h"
+#include "lab/rehearsal/transcript_text.h"
 
 namespace orvenza {
 namespace {
 
 std::string_view NameOf(const ShownDialog& dialog) {
-  if (dialog.kind == DialogKind::kChoice) return " (choice)";
-  if (dialog.kind == DialogKind::kPortSettings) return " (port)";
-  if (dialog.kind == DialogKind::kUtilities) return " (utilities)";
+  switch (dialog.kind) {
+    case DialogKind::kChoice: return " (choice)";
+    case DialogKind::kPortSettings: return " (port)";
+    case DialogKind::kUtilities: return " (utilities)";
+    case DialogKind::kMessage: break;
+  }
   switch (dialog.icon) {
     case MessageIcon::kStop: return " (stop)";
     case MessageIcon::kQuestion: return " (question)";
@@ -22,7 +25,7 @@ std::string_view NameOf(const ShownDialog& dialog) {
   return "";
 }
 
-/// `text` with its lines side by side; the blank line before a short message does not count.
+/// `text` on one line; the blank line before a short message is dropped.
 std::string SideBySide(std::string_view text) {
   if (text.starts_with(kLineBreak)) text.remove_prefix(kLineBreak.size());
   std::string joined;

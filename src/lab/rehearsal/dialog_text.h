@@ -6,8 +6,8 @@
 
 namespace orvenza {
 
-/// A dialog on one line: its caption, its icon, what it says with " / " for line breaks, its options with
-/// "(*)" before the one selected at first, and its buttons in brackets.
+/// A dialog on one line: caption, icon, text with " / " for line breaks, options with "(*)" before the
+/// preselected one, and buttons in brackets.
 std::string DialogText(const ShownDialog& dialog);
 
 }  // namespace orvenza

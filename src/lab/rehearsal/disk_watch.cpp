@@ -1,20 +1,23 @@
 #include "lab/rehearsal/disk_watch.h"
 
+#include <string>
+#include <string_view>
+
 #include "core/folder_path.h"
 #include "core/text.h"
-#include "lab/rehearsal/scenario.h"
+#include "lab/rehearsal/transcript_text.h"
 
 namespace orvenza {
 namespace {
 
 constexpr std::string_view kStampForm = "dd/mm/yyyy hh:mm:ss - ";
 
-/// Whether a file lies in `folder`, which ends in "\", itself and not below it.
+/// Whether a file is directly in `folder`, which ends in "\".
 bool IsIn(std::string_view path, std::string_view folder) {
   return !folder.empty() && path.substr(0, path.rfind('\\') + 1) == folder;
 }
 
-/// A log's line without its stamp, which the transcript's own time stands for.
+/// A log's line without its stamp, as the transcript has its own time.
 std::string_view WithoutStamp(std::string_view line) {
   if (line.ends_with(kLineBreak)) line.remove_suffix(kLineBreak.size());
   const bool stamped = line.size() >= kStampForm.size() && line[2] == '/' && line[5] == '/' &&
@@ -23,11 +26,6 @@ std::string_view WithoutStamp(std::string_view line) {
 }
 
 }  // namespace
-
-std::string ShownPath(std::string_view path) {
-  const std::string prefix = std::string(kRehearsalFolder) + "\\";
-  return Printable(path.starts_with(prefix) ? path.substr(prefix.size()) : path);
-}
 
 void DiskWatch::OnDisk(const DiskEvent& event) {
   switch (event.act) {

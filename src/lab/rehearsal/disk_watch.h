@@ -1,16 +1,10 @@
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "core/settings.h"
 #include "lab/rehearsal/transcript.h"
 #include "simulator/virtual_disk.h"
 
 namespace orvenza {
-
-/// `path` as a transcript shows it: within the program folder of rehearsals without that.
-std::string ShownPath(std::string_view path);
 
 /// Tells a transcript what the connector does with the disk, in the words of tickets: taken, split, archived,
 /// aborted, deleted; and the lines of the two logs.
@@ -19,7 +13,7 @@ class DiskWatch {
   /// `transcript` must outlive the watch.
   explicit DiskWatch(Transcript& transcript) : transcript_(transcript) {}
 
-  /// The settings of the connector, which knows its folders once it has read them. They must outlive the
+  /// Sets the connector's settings, which contain its folders once they have been read. They must outlive the
   /// last event.
   void SetSettings(const AppSettings& settings) { settings_ = &settings; }
 

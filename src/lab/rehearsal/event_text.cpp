@@ -1,6 +1,6 @@
 #include "lab/rehearsal/event_text.h"
 
-#include "lab/rehearsal/disk_watch.h"
+#include "lab/rehearsal/transcript_text.h"
 
 namespace orvenza {
 namespace {

@@ -7,7 +7,7 @@
 
 namespace orvenza {
 
-/// A event as the transcript shows it: the kind of event, and what it says.
+/// An event as the transcript shows it: the kind of event, and what it says.
 std::string_view EventKindText(const ScenarioEvent& event);
 std::string EventText(const ScenarioEvent& event);
 

@@ -3,13 +3,13 @@
 #include <string>
 #include <vector>
 
-#include "lab/rehearsal/rehearsal.h"
+#include "lab/rehearsal/rehearsal_outcome.h"
 #include "lab/rehearsal/scenario.h"
 
 namespace orvenza {
 
 /// The expectations that `outcome` does not fulfil, each in a sentence.
-std::vector<std::string> Unfulfilled(const std::vector<Expectation>& expectations,
-                                     const RehearsalOutcome& outcome);
+[[nodiscard]] std::vector<std::string> Unfulfilled(const std::vector<Expectation>& expectations,
+                                                   const RehearsalOutcome& outcome);
 
 }  // namespace orvenza

@@ -9,12 +9,12 @@
 #include "app/connector.h"
 #include "core/event_loop.h"
 #include "core/logs.h"
-#include "core/text.h"
 #include "lab/rehearsal/bounded_pump.h"
 #include "lab/rehearsal/dialog_text.h"
 #include "lab/rehearsal/disk_watch.h"
 #include "lab/rehearsal/event_text.h"
 #include "lab/rehearsal/expectations.h"
+#include "lab/rehearsal/transcript_text.h"
 #include "platform/ini_profile_file.h"
 #include "platform/program_end.h"
 #include "platform/system_error.h"
@@ -34,7 +34,7 @@ const ProgramPaths kPaths{kFolder, "Orvenza"};
 const std::string kCommandFile = kFolder + "\\command.txt";
 constexpr const char* kQuit = "QUIT\r\n";
 
-/// Thrown when the PC loses its power. Not a std::exception on purpose: no trap may hold it up.
+/// Thrown when the PC loses its power. Deliberately not a std::exception: no trap may stop it.
 struct PowerFailure {};
 
 class TranscriptIcon : public NotificationIcon {
@@ -47,7 +47,7 @@ class TranscriptIcon : public NotificationIcon {
   Transcript& transcript_;
 };
 
-/// What a first start writes.
+/// The files that a first start writes.
 struct FirstFiles {
   std::string settings;  ///< With the separator of the examples.
   std::string errDesc;
@@ -72,19 +72,19 @@ const FirstFiles& FilesOfAFirstStart() {
 
 std::string TimeText(milliseconds time) { return std::to_string(time.count()) + " ms"; }
 
-/// Events that are events even before any time has passed.
-bool IsEvent(const ScenarioEvent& event) {
+/// Events that need a running connector: at 0 they happen in its first wait, not before its start.
+bool NeedsConnector(const ScenarioEvent& event) {
   return event.kind == EventKind::kMenu || event.kind == EventKind::kQuit ||
          event.kind == EventKind::kSessionEnds || event.kind == EventKind::kPowerFails;
 }
 
-/// Whether an event is about what there is on the disk, not about what may be done to it.
+/// Whether an event creates or removes something on the disk, as opposed to restricting its use.
 bool ComesOrGoes(const ScenarioEvent& event) {
   return event.kind == EventKind::kPut || event.kind == EventKind::kMakeFolder ||
          event.kind == EventKind::kDelete;
 }
 
-/// The connector and its world. The members are in the order in which they need each other.
+/// The connector and its environment. The members are in order of dependence.
 class Stage {
  public:
   Stage(const Scenario& scenario, Transcript::Sink sink)
@@ -129,13 +129,13 @@ class Stage {
 
   const Scenario& scenario_;
   RehearsalOutcome outcome_;
-  std::set<const ScenarioEvent*> due_;  ///< Events whose moment has not come yet.
+  std::set<const ScenarioEvent*> due_;  ///< Events that are still to come.
   VirtualClock clock_;
   Transcript transcript_;
   VirtualDisk disk_;
   IniProfileFile profile_;
   BoundedPump pump_;
-  std::optional<EventLoop> loop_;  ///< Made anew in its place for each start of the connector.
+  std::optional<EventLoop> loop_;  ///< Recreated for each start of the connector.
   ScriptedOperator person_;
   TranscriptIcon icon_;
   PaperRoll paper_;
@@ -143,7 +143,7 @@ class Stage {
   SimulatedLink link_;
   DiskWatch watch_;
   Connector* connector_ = nullptr;
-  int status_ = exit_status::kInOrder;  ///< Of the last start.
+  int status_ = exit_status::kInOrder;  ///< Exit code of the last start.
 };
 
 void Stage::SetUpFiles() {
@@ -156,7 +156,8 @@ void Stage::SetUpFiles() {
   }
   const auto prepare = [this](bool comesOrGoes) {
     for (const ScenarioEvent& event : scenario_.events) {
-      if (event.at.count() == 0 && !IsEvent(event) && ComesOrGoes(event) == comesOrGoes) DoToDisk(event);
+      if (event.at.count() == 0 && !NeedsConnector(event) && ComesOrGoes(event) == comesOrGoes)
+        DoToDisk(event);
     }
   };
   prepare(true);
@@ -172,13 +173,19 @@ void Stage::SetUpFiles() {
 
 void Stage::SetUpEvents() {
   for (const ScenarioEvent& event : scenario_.events) {
-    if (event.at.count() == 0 && !IsEvent(event)) continue;
+    if (event.at.count() == 0 && !NeedsConnector(event)) continue;
     due_.insert(&event);
     clock_.After(event.at, [this, &event] { Do(event); });
   }
 }
 
 void Stage::SetUpObservers() {
+  link_.SetObserver([this](LineEvent event, const std::string& text) { OnLine(event, text); });
+  paper_.SetSink([this](const std::string& line) {
+    outcome_.paper.push_back(line);
+    if (scenario_.transcript) transcript_.Add("paper", "|" + Printable(line));
+  });
+  if (!scenario_.transcript) return;
   disk_.SetObserver([this](const DiskEvent& event) { watch_.OnDisk(event); });
   clock_.SetObserver(
       [this](const LocalTime& time) { transcript_.Add("clock", "set to " + clock_.Stamp(time)); });
@@ -188,19 +195,16 @@ void Stage::SetUpObservers() {
     else
       transcript_.Add("answer", std::string(answer));
   });
-  link_.SetObserver([this](LineEvent event, const std::string& text) { OnLine(event, text); });
-  paper_.SetSink([this](const std::string& line) {
-    outcome_.paper.push_back(line);
-    transcript_.Add("paper", "|" + Printable(line));
-  });
 }
 
 void Stage::OnLine(LineEvent event, const std::string& text) {
+  if (event == LineEvent::kSent) {
+    outcome_.sent.push_back(text);
+    outcome_.lastSent = std::chrono::floor<milliseconds>(clock_.Uptime());
+  }
+  if (!scenario_.transcript) return;
   switch (event) {
-    case LineEvent::kSent:
-      outcome_.sent.push_back(text);
-      transcript_.Add("sent", Printable(text));
-      break;
+    case LineEvent::kSent: transcript_.Add("sent", Printable(text)); break;
     case LineEvent::kReceived: transcript_.Add("reply", Printable(text)); break;
     case LineEvent::kLinkError: transcript_.Add("reply", "link error " + text); break;
     case LineEvent::kAbsent: transcript_.Add("absent"); break;
@@ -216,7 +220,8 @@ std::string Stage::PortText() const {
          " bits a second, end-of-text wait " + value(LinkProperty::kEndOfTextWait) + " ms";
 }
 
-/// A event of its moment. It is an event like others, so nothing of it may reach the connector's traps.
+/// An event at its moment. The connector is inside a wait, so no failure of it may reach the connector's
+/// traps.
 void Stage::Do(const ScenarioEvent& event) {
   due_.erase(&event);
   transcript_.Add(EventKindText(event), EventText(event));
@@ -290,7 +295,7 @@ void Stage::RunOnce() {
   try {
     status_ = connector.Run(scenario_.secondInstance);
   } catch (const PowerFailure&) {
-    // Nothing of the connector is left but what is on the disk.
+    // Only the disk's content survives.
   }
 }
 
@@ -306,11 +311,11 @@ void Stage::AskToQuit() {
     disk_.Put(kCommandFile, kQuit);
     transcript_.Add(EventKindText(quit), EventText(quit));
   } catch (const SystemError&) {
-    // Somebody holds the file; the host tries again at the next tick.
+    // The file is held; the host tries again at the next tick.
   }
 }
 
-/// In the folders of a first start. What is on a drive that is away still waits.
+/// Checks the folders of a first start. Tickets on a drive that is away count as waiting.
 bool Stage::TicketsWait() {
   const Folders& folders = disk_.FolderSeam();
   if (!folders.DriveAvailable(kFolder)) return true;
@@ -336,14 +341,14 @@ void Stage::TakeStock() {
     Miss("the connector has ended before " + TimeText(event.at) + ": " + EventText(event));
   }
   if (outcome_.ended) MissFaults();
-  outcome_.events = transcript_.Events();
+  if (scenario_.transcript) outcome_.events = transcript_.Events();
   outcome_.receipts = device_.Receipts();
   outcome_.receiptOpen = device_.ReceiptOpen();
   for (const std::string& path : disk_.Paths()) outcome_.files[path] = disk_.Content(path).value_or("");
   for (std::string& problem : Unfulfilled(scenario_.expectations, outcome_)) Miss(std::move(problem));
 }
 
-/// Faults whose command was not sent as often as they wait for.
+/// Reports faults whose command was not sent often enough.
 void Stage::MissFaults() {
   for (const Fault& fault : scenario_.device.faults) {
     if (fault.prefix.empty()) continue;

@@ -3,9 +3,9 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "lab/rehearsal/disk_watch.h"
 #include "lab/rehearsal/rehearsal.h"
-#include "lab/rehearsal/scenario.h"
+#include "lab/rehearsal/scenario_reader.h"
+#include "lab/rehearsal/transcript_text.h"
 #include "platform/system_error.h"
 
 namespace orvenza {
@@ -16,16 +16,15 @@ constexpr const char* kKeep = "--keep";
 constexpr int kWentWrong = 1;
 
 constexpr const char* kDescription =
-    "Runs the whole connector, from its entry to its end, against the simulated\n"
-    "register, with the operator's answers taken from a script. Nothing of the PC is\n"
-    "touched: the shop is a disk in memory, C:\\Orvenza, and time passes only while\n"
-    "somebody waits, so that a day at the till takes a moment. What happens is\n"
-    "printed, an event a line, with the milliseconds since the start. The same\n"
-    "scenario gives the same transcript on every system.\n"
+    "Runs the whole connector, from start to exit, with the simulated register and\n"
+    "the operator's answers from a script. It does not touch the PC: the shop is a\n"
+    "disk in memory, C:\\Orvenza, and time passes only while something waits, so a day\n"
+    "at the till takes a moment. Prints one event per line, with the milliseconds\n"
+    "since the start. The same scenario gives the same transcript on every system.\n"
     "\n"
-    "SCENARIO is a text file, or - for the standard input. It says which settings\n"
-    "differ, which tickets come and when, what goes wrong, what the operator answers,\n"
-    "when to stop, and what to expect. docs/rehearsal.md describes it.";
+    "SCENARIO is a text file, or - for the standard input. It lists the settings that\n"
+    "differ, the tickets and their times, what goes wrong, what the operator answers,\n"
+    "when to stop, and what to expect. docs/rehearsal.md describes its form.";
 
 std::string ReadScenarioText(const std::string& name, LabSurroundings& around) {
   if (name == "-") return {std::istreambuf_iterator<char>(around.console.in), {}};
@@ -44,13 +43,13 @@ void MakeFolders(Folders& folders, const std::string& path) {
   }
 }
 
-/// Where a file of the rehearsal's disk is kept: those of the program folder at the top.
+/// Where to save a file of the rehearsal's disk: files of the program folder at the top level.
 std::string KeptPath(const std::string& path) {
   const std::string shown = ShownPath(path);
   return shown == path ? "drive-" + path.substr(0, 1) + path.substr(2) : shown;
 }
 
-/// Makes the folder, and fails when nothing can be written to it.
+/// Creates the folder, and throws if nothing can be written to it.
 void MakeFolderToKeep(const std::string& folder, LabSurroundings& around) {
   MakeFolders(around.folders, folder);
   const std::string trial = folder + "\\trial";
@@ -66,7 +65,7 @@ void WriteOut(const RehearsalOutcome& outcome, const std::string& folder, LabSur
   }
 }
 
-/// The folder to write to, empty when none is wanted. One of the user's must be new or empty.
+/// The folder to save to; empty when none is wanted. A folder named by the user must be missing or empty.
 std::string FolderToKeep(const Arguments& arguments, LabSurroundings& around, std::string& error) {
   if (const auto named = arguments.Value(kFolder)) {
     const bool taken = around.files.Exists(*named) ||
@@ -108,22 +107,21 @@ int Run(const Arguments& arguments, LabSurroundings& around) {
 }  // namespace
 
 Command RehearseCommand() {
-  return {
-      "rehearse",
-      "play a day at the till against the simulated register",
-      "SCENARIO [--keep | --folder DIR]",
-      kDescription,
-      {{kKeep, "", "write what is left of the shop to a new folder\nrehearsal-N here, and print its name"},
-       {kFolder, "DIR", "write it to DIR, which must be missing or empty"}},
-      "0  the connector ran to its end, and all came true\n"
-      "1  a dialog found no answer that fits, an answer was never asked for, the run\n"
-      "   did not end, or ended before something that was to happen, something could\n"
-      "   not be done, a fault never struck, or an expectation did not come true\n"
-      "2  the scenario cannot be read, or the command line cannot be understood",
-      "orvenza-lab rehearse carta-finita.scenario\n"
-      "orvenza-lab rehearse carta-finita.scenario --folder shop\n"
-      "orvenza-lab rehearse - < carta-finita.scenario",
-      Run};
+  return {"rehearse",
+          "play a day at the till with the simulated register",
+          "SCENARIO [--keep | --folder DIR]",
+          kDescription,
+          {{kKeep, "", "save the shop's files in a new folder rehearsal-N\nhere, and print its name"},
+           {kFolder, "DIR", "save them in DIR, which must be missing or empty"}},
+          "0  the connector ran to its end, and all expectations came true\n"
+          "1  a dialog found no answer that fits, an answer was not used, the run did not\n"
+          "   end or ended before a scheduled event, a line could not be carried out, a\n"
+          "   fault never struck, or an expectation did not come true\n"
+          "2  the scenario or the command line cannot be understood",
+          "orvenza-lab rehearse carta-finita.scenario\n"
+          "orvenza-lab rehearse carta-finita.scenario --folder shop\n"
+          "orvenza-lab rehearse - < carta-finita.scenario",
+          Run};
 }
 
 }  // namespace orvenza

@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/clock.h"
@@ -18,27 +17,27 @@ namespace orvenza {
 /// The program folder of every rehearsal.
 inline constexpr const char* kRehearsalFolder = "C:\\Orvenza";
 
-/// What somebody does to the connector's world.
+/// The kinds of events in the connector's environment.
 enum class EventKind {
-  kPut,         ///< A file comes to `path`, of `modified` or of its moment.
-  kMakeFolder,  ///< So does a folder.
-  kDelete,      ///< What is at `path` goes.
+  kPut,         ///< A file appears at `path`, dated `modified` or with the time of the event.
+  kMakeFolder,  ///< A folder appears at `path`.
+  kDelete,      ///< The file or folder at `path` is removed.
   kReadOnly,
   kHold,         ///< Another program opens the file for `hold`, or closes it.
   kDriveAway,    ///< `path` is the drive.
   kDriveBack,    ///< The same.
   kDiskFull,     ///< The same.
   kDiskFree,     ///< The same.
-  kRefuseClock,  ///< From now on the PC's clock may not be set.
-  kMenu,         ///< The operator chooses `item` of the icon's menu.
+  kRefuseClock,  ///< From now on the PC does not allow its clock to be set.
+  kMenu,         ///< The operator chooses `item` from the icon's menu.
   kQuit,         ///< The host writes its command file.
   kSessionEnds,  ///< The operator logs off, or the PC is shut down.
-  kPowerFails,   ///< The PC loses its power: the connector is gone at once.
+  kPowerFails,   ///< The PC loses its power: the connector stops at once.
 };
 
 struct ScenarioEvent {
   EventKind kind = EventKind::kPut;
-  std::chrono::milliseconds at{};  ///< Since the connector's start; 0: all is so before it starts.
+  std::chrono::milliseconds at{};  ///< Since the connector's start; 0: before the start.
   std::string path;
   std::string content;
   std::optional<LocalTime> modified;
@@ -53,16 +52,16 @@ struct ScenarioSetting {
   std::string value;
 };
 
-/// An answer of the operator, as ScriptedOperator takes it, and how long the operator thinks.
+/// An answer of the operator, in the form of ScriptedOperator, and the time until it is given.
 struct ScenarioAnswer {
-  /// The operator is not there: the dialog waits until something else ends it.
+  /// No operator: the dialog waits until something else ends it.
   static constexpr std::chrono::milliseconds kNever = std::chrono::hours(1'000'000);
 
   std::string text;
   std::chrono::milliseconds reaction{};
 };
 
-/// What must have come true when a rehearsal is over.
+/// A condition to be met at the end of a rehearsal.
 struct Expectation {
   enum class Kind {
     kEvent,  ///< An event of the kind `event` whose text contains `text`.
@@ -71,31 +70,30 @@ struct Expectation {
     kFile,   ///< A file at the path `text`.
   };
   Kind kind = Kind::kEvent;
-  bool none = false;  ///< That there is no such thing.
+  bool none = false;  ///< The condition is negated.
   std::string event;
   std::string text;
   std::size_t times = 1;
 };
 
-/// Everything that a rehearsal needs to know. The default is a shop on a quiet day: an ordinary register, the
-/// files and folders that a first start makes, but for the separator, ";", and no tickets.
+/// The description of a rehearsal. The default is a shop on a quiet day: an ordinary register, the files and
+/// folders of a first start with ";" as separator, and no tickets.
 struct Scenario {
-  LocalTime start{2026, 11, 16, 9, 0, 0};  ///< What the PC's clock shows at first.
-  bool settingsFile = true;                ///< False: the program was never started here.
-  std::vector<ScenarioSetting> settings;   ///< Those that differ.
+  LocalTime start{2026, 11, 16, 9, 0, 0};  ///< What the PC's clock shows at the start.
+  bool settingsFile = true;                ///< False: the program has never been started here.
+  std::vector<ScenarioSetting> settings;   ///< Those that differ from the defaults.
   FaultScript device;
   std::vector<ScenarioEvent> events;
   std::vector<ScenarioAnswer> answers;
-  ScriptedOperator::Judgement judgement;  ///< Who answers after them; null: nobody.
-  bool secondInstance = false;            ///< Another connector serves the folder already.
-  /// The host asks the connector to end once no ticket is left, and whoever ended it before starts it again,
-  /// on the disk and in front of the register that were left.
+  ScriptedOperator::Judgement judgement;  ///< Gives the answers after these; null if none.
+  bool secondInstance = false;            ///< Another connector already serves the folder.
+  /// The host asks the connector to end once no ticket is left. If it ended earlier, it is started again with
+  /// the same disk and register.
   bool untilPrinted = false;
-  std::chrono::milliseconds limit{3'600'000};  ///< A run that takes longer is broken off.
+  std::chrono::milliseconds limit{3'600'000};  ///< A longer run is stopped.
   std::vector<Expectation> expectations;
+  bool transcript =
+      true;  ///< False: the outcome holds no events, which makes the rehearsal a good deal faster.
 };
-
-/// Reads a scenario; docs/rehearsal.md describes its form. `name` is for messages. Throws ScriptError.
-Scenario ParseScenario(const std::string& name, std::string_view text);
 
 }  // namespace orvenza

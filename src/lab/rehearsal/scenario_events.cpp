@@ -19,10 +19,10 @@ constexpr const char* kPathExpected = "a path, below the program folder or with 
 constexpr const char* kTimeExpected = "a time with its unit, such as 500ms, 2s, 10min or 1h";
 constexpr const char* kDateExpected = "a date and time such as 16/11/2026 09:00:00";
 constexpr milliseconds kLongestTime = std::chrono::hours(1000);
-/// Characters of a drive, with which every path of an event begins.
+/// Length of a drive such as "C:", with which every path of an event begins.
 constexpr std::size_t kDrive = 2;
 
-/// A date and time of exactly 19 characters.
+/// Parses a date and time of exactly 19 characters.
 std::optional<LocalTime> DateIn(std::string_view text) {
   constexpr std::string_view kForm = "99/99/9999 99:99:99";
   if (text.size() != kForm.size()) return {};
@@ -53,7 +53,7 @@ std::string WholePath(const ScriptLine& line, std::string path, const std::strin
   return whole ? path : folder + "\\" + path;
 }
 
-/// A path that may be followed by the time of the file: PATH of 16/11/2026 09:00:00.
+/// Reads a path, optionally followed by the file's time: PATH of 16/11/2026 09:00:00.
 void ReadDatedPath(const ScriptLine& line, const std::string& folder, ScenarioEvent& event) {
   const std::string_view rest = line.Rest();
   const bool quoted = rest.starts_with('"');
@@ -68,7 +68,7 @@ void ReadDatedPath(const ScriptLine& line, const std::string& folder, ScenarioEv
   event.modified = ReadDate(line, Trim(time.substr(3)));
 }
 
-/// A bitmap of the shape that a logo has; the bytes of each row are its number from the bottom, from 1.
+/// A bitmap with the format of a logo. The bytes of each row are its number, counted from 1 at the bottom.
 std::string LogoBitmap(int rows) {
   std::string bytes(kLogoDataOffset, '\0');
   bytes.replace(0, 2, "BM");
@@ -101,7 +101,7 @@ MenuItem ReadMenuItem(ScriptLine& line) {
   return static_cast<MenuItem>(found - captions.begin());
 }
 
-/// Events on a file that is there. False when `word` is none of them.
+/// Reads events on an existing file. False when `word` is none of them.
 bool ReadFileEvent(std::string_view word, ScriptLine& line, ScenarioEvent& event) {
   constexpr std::array<std::pair<std::string_view, FileHold>, 3> kHolds{
       {{"hold", FileHold::kReading}, {"lock", FileHold::kWriting}, {"release", FileHold::kNone}}};
@@ -123,7 +123,7 @@ bool ReadFileEvent(std::string_view word, ScriptLine& line, ScenarioEvent& event
   return true;
 }
 
-/// A file that comes. False when `word` says something else.
+/// Reads a new file. False when `word` is something else.
 bool ReadNewFile(std::string_view word, ScriptLine& line, ScenarioEvent& event) {
   const std::string programFolder = kRehearsalFolder;
   if (word == "logo") {

@@ -10,29 +10,29 @@
 
 namespace orvenza {
 
-// The parts of a scenario's lines. What cannot be read is refused by `line`.
+// The parts of a scenario's lines. Invalid input is refused through `line`.
 
-/// A time with its unit, "2s", of at most 1000 hours.
+/// A time with its unit, such as "2s", of at most 1000 hours.
 std::chrono::milliseconds ReadTime(ScriptLine& line);
 
-/// All of `text` as a date and time, "16/11/2026 09:00:00".
+/// The whole `text` as a date and time, such as "16/11/2026 09:00:00".
 LocalTime ReadDate(const ScriptLine& line, std::string_view text);
 
-/// The rest of the line as a path, below `folder` unless it begins with a drive.
+/// The rest of the line as a path, relative to `folder` unless it begins with a drive.
 std::string ReadPath(ScriptLine& line, const std::string& folder = kRehearsalFolder);
 
-/// Reads what may be so from the start as well as happen later, behind its first word. False, with nothing
-/// read, when `word` is none of that.
+/// Reads, after its first word, an event that is allowed both before the start and later. False, with nothing
+/// read, when `word` is none of them.
 bool ReadEvent(std::string_view word, ScriptLine& line, ScenarioEvent& event);
 
-/// Refuses a line for `word`, which is none of `words`: names the one that was probably meant, or all.
+/// Refuses a line because `word` is not in `words`: names the similar one, or all.
 [[noreturn]] void RefuseWord(const ScriptLine& line, std::string_view word,
                              const std::vector<std::string>& words);
 
-/// The words that ReadEvent knows.
+/// The words that ReadEvent accepts.
 const std::vector<std::string>& EventWords();
 
-/// What stands behind "at".
+/// Reads the rest of a line after "at".
 ScenarioEvent ReadEventInTime(ScriptLine& line);
 
 }  // namespace orvenza

@@ -3,8 +3,6 @@
 #include <cstdio>
 #include <utility>
 
-#include "core/text.h"
-
 namespace orvenza {
 namespace {
 
@@ -22,21 +20,6 @@ std::string TranscriptLine(const RehearsalEvent& event) {
   if (event.text.empty()) line.erase(line.find_last_not_of(' ') + 1);
   if (!event.text.empty()) line += " " + event.text;
   if (event.times > 1) line += " (" + std::to_string(event.times) + " times)";
-  return line;
-}
-
-std::string Printable(std::string_view bytes) {
-  std::string line;
-  for (const char c : ToUtf8(bytes)) {
-    const auto code = static_cast<unsigned char>(c);
-    if (code >= 32 && code != 127) {
-      line += c;
-      continue;
-    }
-    char number[8];
-    std::snprintf(number, sizeof number, "<%02X>", unsigned{code});
-    line += number;
-  }
   return line;
 }
 
@@ -67,7 +50,7 @@ void Transcript::Close() {
   told_ = events_.size();
 }
 
-/// The last event is held back: it may repeat itself.
+/// The last event is held back, since it may be repeated.
 void Transcript::Append(RehearsalEvent event) {
   Close();
   events_.push_back(std::move(event));
@@ -75,7 +58,7 @@ void Transcript::Append(RehearsalEvent event) {
 
 void Transcript::TellTicks() {
   if (ticks_ == 0) return;
-  // The tick in which something happens now is no idle one.
+  // The current tick is not idle if something happens now.
   const std::size_t acting = lastTick_ == Now() ? 1 : 0;
   const std::size_t idle = std::exchange(ticks_, 0) - acting;
   const std::string until = idle > 1 ? std::to_string(idle) + " idle ones" : "idle";

@@ -7,40 +7,29 @@
 #include <string_view>
 #include <vector>
 
+#include "lab/rehearsal/rehearsal_outcome.h"
 #include "platform/clock.h"
 
 namespace orvenza {
 
-/// One event of a rehearsal.
-struct RehearsalEvent {
-  std::chrono::milliseconds at{};  ///< Since the start, rounded down.
-  std::string_view kind;           ///< "sent", "reply", "dialog" and so on; a constant.
-  std::string text;                ///< UTF-8 without control characters; may be empty.
-  std::size_t times = 1;           ///< How often it happened in a row at this moment.
-};
-
 /// The line of the transcript for an event.
 std::string TranscriptLine(const RehearsalEvent& event);
-
-/// `bytes` as one line of UTF-8: bytes that are not well-formed are read as Windows-1252, and a control
-/// character stands as its number in angle brackets, "<7F>".
-std::string Printable(std::string_view bytes);
 
 /// The events of a rehearsal in their order. Those that repeat themselves at once are one, and so are ticks
 /// in which nothing happens.
 class Transcript {
  public:
-  /// `sink` is handed each line once it is complete; null: nobody. `clock` must outlive the transcript.
+  /// `sink` receives each line once it is complete; may be null. `clock` must outlive the transcript.
   using Sink = std::function<void(const std::string& line)>;
   Transcript(const Clock& clock, Sink sink) : clock_(clock), sink_(std::move(sink)) {}
 
-  /// Something happened now; `kind` is a constant.
+  /// Records an event now; `kind` is a constant.
   void Add(std::string_view kind, std::string text = {});
 
-  /// A tick begins now.
+  /// Records the start of a tick.
   void Tick();
 
-  /// Nothing more will happen.
+  /// Ends the transcript.
   void Close();
 
   const std::vector<RehearsalEvent>& Events() const { return events_; }
@@ -53,8 +42,8 @@ class Transcript {
   const Clock& clock_;
   Sink sink_;
   std::vector<RehearsalEvent> events_;
-  std::size_t told_ = 0;   ///< Events that the sink has had.
-  std::size_t ticks_ = 0;  ///< Since the last event, the last one at `lastTick_`.
+  std::size_t told_ = 0;   ///< Number of events passed to the sink.
+  std::size_t ticks_ = 0;  ///< Since the last event; the latest was at `lastTick_`.
   std::chrono::milliseconds firstTick_{};
   std::chrono::milliseconds lastTick_{};
 };

@@ -94,14 +94,14 @@ std::vector<ReviewedKey> ReviewKeys(const RecordingProfile& profile, const Setti
 }
 
 /// The connector rejects a larger file, too.
-std::string ContentOf(const Files& files, const std::string& path) {
+std::string ContentOf(const FileReader& files, const std::string& path) {
   std::string content = ReadWhole(files, path, IniProfileFile::kLargestFile + 1);
   if (content.size() > IniProfileFile::kLargestFile) throw SystemError(error_number::kPathFileAccess, path);
   return content;
 }
 
 /// Reads the whole file, like the connector.
-SettingsReview::State Look(const Files& files, const ProgramPaths& paths, SettingsReview& review) {
+SettingsReview::State Look(const FileReader& files, const ProgramPaths& paths, SettingsReview& review) {
   try {
     if (!files.Exists(paths.Ini())) return SettingsReview::State::kNew;
     review.content = ContentOf(files, paths.Ini());
@@ -114,7 +114,7 @@ SettingsReview::State Look(const Files& files, const ProgramPaths& paths, Settin
 
 }  // namespace
 
-SettingsReview ReviewSettings(const Files& files, Clock& clock, const ProgramPaths& paths) {
+SettingsReview ReviewSettings(const FileReader& files, Clock& clock, const ProgramPaths& paths) {
   SettingsReview review;
   const IniText nothing;
   RecordingProfile defaults(nothing);

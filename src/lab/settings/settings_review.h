@@ -43,6 +43,6 @@ struct SettingsReview {
 };
 
 /// Runs the connector's own code for reading the settings; whatever it would write is kept in memory.
-SettingsReview ReviewSettings(const Files& files, Clock& clock, const ProgramPaths& paths);
+SettingsReview ReviewSettings(const FileReader& files, Clock& clock, const ProgramPaths& paths);
 
 }  // namespace orvenza

@@ -38,19 +38,19 @@ std::string OptionRows(const std::vector<Option>& options) {
   for (const Option& option : options) {
     rows += Row(option.value.empty() ? option.name : option.name + " " + option.value, option.help);
   }
-  return rows + Row("--help", "show this page and end");
+  return rows + Row("--help", "show this page and exit");
 }
 
 std::string Overview(const std::vector<Command>& commands) {
   std::string page =
       "Usage: orvenza-lab COMMAND [OPTION...]\n"
       "\n"
-      "What an integrator of Orvenza needs besides the connector itself.\n"
+      "Tools for integrators of Orvenza, besides the connector itself.\n"
       "\n"
       "Commands:\n";
   for (const Command& command : commands) page += Row(command.name, command.summary);
-  return page + "\n" + Row("help COMMAND", "all about a command; the same as COMMAND --help") +
-         Row("--version", "show the version and end") + Row("--help", "show this page and end");
+  return page + "\n" + Row("help COMMAND", "describe a command; the same as COMMAND --help") +
+         Row("--version", "show the version and exit") + Row("--help", "show this page and exit");
 }
 
 const Command* Find(const std::vector<Command>& commands, const std::string& name) {
@@ -123,7 +123,7 @@ int Run(const std::vector<std::string>& words, const std::vector<Command>& comma
 std::string HelpPage(const Command& command) {
   const std::string called = std::string(kProgram) + " " + command.name;
   return called + ": " + command.summary + "\n\nUsage:\n" + Indented(called + " " + command.synopsis) + "\n" +
-         command.description + "\n\nOptions:\n" + OptionRows(command.options) + "\nExit status:\n" +
+         command.description + "\n\nOptions:\n" + OptionRows(command.options) + "\nExit codes:\n" +
          Indented(command.statuses) + "\nExamples:\n" + Indented(command.examples);
 }
 

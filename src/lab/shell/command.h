@@ -49,7 +49,7 @@ inline constexpr int kFailed = 2;
 std::string HelpPage(const Command& command);
 
 /// Writes "orvenza-lab: `reason`" and a pointer to the help to the error output; returns kFailed.
-int RefuseUsage(Console& console, const std::string& command, const std::string& reason);
+[[nodiscard]] int RefuseUsage(Console& console, const std::string& command, const std::string& reason);
 
 /// The program: runs the command that `words`, the arguments without the program name, select, and returns
 /// the exit code.

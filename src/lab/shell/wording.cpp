@@ -22,6 +22,18 @@ std::string CountOf(std::uintmax_t count, std::string_view thing) {
   return std::to_string(count).append(" ").append(thing).append(count == 1 ? "" : "s");
 }
 
+std::string NumberRanges(const std::vector<int>& numbers) {
+  std::string text;
+  for (std::size_t first = 0; first < numbers.size();) {
+    std::size_t last = first;
+    while (last + 1 < numbers.size() && numbers[last + 1] == numbers[last] + 1) ++last;
+    text += (text.empty() ? "" : ", ") + std::to_string(numbers[first]);
+    if (last > first) text += (last > first + 1 ? " to " : ", ") + std::to_string(numbers[last]);
+    first = last + 1;
+  }
+  return text;
+}
+
 std::string SizeText(std::uintmax_t bytes) {
   if (bytes < 1000) return CountOf(bytes, "byte");
   const char* const units[] = {"kB", "MB", "GB", "TB"};

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/clock.h"
 
@@ -10,6 +11,9 @@ namespace orvenza {
 
 /// "1 file", "3 files".
 std::string CountOf(std::uintmax_t count, std::string_view thing);
+
+/// "0 to 3, 5, 8, 9" for numbers in ascending order.
+std::string NumberRanges(const std::vector<int>& numbers);
 
 /// "512 bytes", "1.5 kB", "2.0 MB", "1.1 GB", with decimal prefixes.
 std::string SizeText(std::uintmax_t bytes);

@@ -17,12 +17,12 @@ constexpr const char* kLatte = "| 1;LATTE;2,000;129;1;;;1;;\n";
 constexpr const char* kMele = "| 1;MELE;1,255;199;1;;;1;;\n";
 constexpr const char* kPayment = "| 2;1;1000;\n";
 
-/// Long enough for the connector to wait, and short of its waits for a reply.
+/// Long enough for the connector to be waiting, shorter than its timeouts for a reply.
 constexpr auto kMeanwhile = 500ms;
 
 std::string Ticket(const std::string& lines) { return "ticket ticket.txt\n" + lines; }
 
-/// Three items and the payment, each item a command of its own.
+/// Three items and the payment, each item with a different command.
 std::string Receipt(const std::string& afterSecondItem = {}, const std::string& afterPayment = {}) {
   return Ticket(std::string(kPane) + kLatte + afterSecondItem + kMele + kPayment + afterPayment);
 }
@@ -35,8 +35,8 @@ std::string WithReceiptLeftOpen() { return "ticket earlier.txt\n| 1;ALTRO;1,000;
 
 std::string WithPaperOut() { return "register on 1004 paper-out receipt\n" + Receipt(); }
 
-/// A register so small that the third item finds no room. The line that divides the receipt has the
-/// separator 127 always.
+/// The register is so small that the third item does not fit. The line that divides the receipt always has
+/// the separator 127.
 std::string Divided() {
   std::string lines;
   for (const char c : Receipt()) lines += c == ';' ? std::string("<7F>") : std::string(1, c);
@@ -49,7 +49,7 @@ std::string Code(int number) {
   return text;
 }
 
-/// Codes that stand for all others of the same treatment, in the thinned table.
+/// Codes with a treatment of their own; in the thinned table one code represents all others.
 bool IsSpecial(int code) {
   constexpr std::array kCodes{1, 2, 8, 11, 16, 17, 23};
   return std::find(kCodes.begin(), kCodes.end(), code) != kCodes.end();
@@ -92,7 +92,7 @@ void AddOutages(std::vector<StepFault>& faults) {
   faults.push_back({"power cut (reply lost)", {"lose-reply"}, false, EventKind::kPowerFails, kMeanwhile});
 }
 
-/// Those that a register may well go on with.
+/// Whether the fault may well repeat.
 bool MayLast(const StepFault& fault) {
   return fault.effects.size() == 1 && !fault.meanwhile && !fault.effects[0].starts_with("late") &&
          !fault.effects[0].starts_with("paper") && !fault.effects[0].starts_with("absent");

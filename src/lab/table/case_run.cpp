@@ -4,19 +4,20 @@
 #include <utility>
 
 #include "core/catalogue.h"
+#include "lab/rehearsal/rehearsal.h"
 
 namespace orvenza {
 namespace {
 
 constexpr const char* kClose = "close";
 constexpr const char* kMenuExit = "menu Esci";
-/// Dialogs after which the operator gives up.
+/// Number of dialogs after which the operator gives up.
 constexpr std::size_t kPatience = 30;
-/// Dialogs from which the operator may end the program.
+/// Number of dialogs from which the operator may end the program.
 constexpr std::size_t kMenuDialogs = 6;
 
-/// What the operator can answer to a dialog, first the answer that goes forward. To close a message with one
-/// button is the same as to press it, and to close the question whether to end is a no.
+/// The possible answers to a dialog, first the one that proceeds. Closing a message with a single button is
+/// the same as pressing it, and closing the question whether to end means no.
 std::vector<CaseReply> RepliesTo(const ShownDialog& dialog) {
   const auto& buttons = dialog.buttons;
   if (!dialog.options.empty()) {

@@ -5,29 +5,30 @@
 #include <string>
 #include <vector>
 
-#include "lab/rehearsal/rehearsal.h"
+#include "lab/rehearsal/rehearsal_outcome.h"
+#include "lab/rehearsal/scenario.h"
 #include "lab/table/fault_case.h"
 
 namespace orvenza {
 
-/// An answer as the scripted operator takes it, and what it means.
+/// An answer in the form of ScriptedOperator, and its meaning.
 struct CaseReply {
   std::string text;
-  std::optional<Answer> meaning;  ///< Nothing where the dialog leaves no choice.
+  std::optional<Answer> meaning;  ///< Empty if the dialog has no choice.
 };
 
 /// One dialog of a run.
 struct AskedDialog {
   CaseReply reply;
-  std::vector<CaseReply> others;  ///< That are to be tried too.
+  std::vector<CaseReply> others;  ///< Other answers to try.
 };
 
-/// One rehearsal of a fault case. Its dialogs are answered by a plan first, and then in the way that goes
-/// forward, until the operator loses patience.
+/// One rehearsal of a fault case. Dialogs are answered first according to a plan, then with the answer that
+/// proceeds, until the operator loses patience.
 class CaseRun {
  public:
-  /// `depth` dialogs with a choice name their other answers, unless the plan decides about them. So does each
-  /// of the first dialogs the icon's menu, as long as the program was not ended from it.
+  /// The first `depth` dialogs with a choice list their other answers, unless the plan decides them. The
+  /// first dialogs also list the icon's menu, until the program was ended from it.
   CaseRun(const Scenario& scenario, std::vector<CaseReply> plan, std::size_t depth);
   CaseRun(const CaseRun&) = delete;
   CaseRun& operator=(const CaseRun&) = delete;
@@ -35,7 +36,7 @@ class CaseRun {
   const RehearsalOutcome& Outcome() const { return outcome_; }
   const std::vector<AskedDialog>& Dialogs() const { return asked_; }
 
-  /// The operator lost patience.
+  /// Whether the operator lost patience.
   bool GaveUp() const;
 
  private:

@@ -13,11 +13,11 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/// The lines that mark the table's place in a document.
+/// The lines that enclose the table in a document.
 constexpr const char* kBegin = "<!-- The table begins. orvenza-lab table writes it. -->";
 constexpr const char* kEnd = "<!-- The table ends. -->";
 
-/// The place of each line of the error log in the list of all.
+/// Numbers the lines of the error log.
 class Legend {
  public:
   Legend(const std::vector<FaultCase>& byDay, const std::vector<FaultCase>& atMidnight) {
@@ -26,7 +26,7 @@ class Legend {
     }
   }
 
-  /// The letters of lines, those that only some cases have in brackets.
+  /// The letters of lines, in brackets for those that only some cases have.
   std::string Letters(const CaseWays& ways) const {
     Texts texts;
     for (const std::string& line : ways.logged) texts.push_back(LetterOf(line));
@@ -65,7 +65,7 @@ std::string RuleOf(const std::string& reason) {
   return found == all.end() ? ", no rule" : ", rule " + std::to_string(found - all.begin() + 1);
 }
 
-/// "any" where everything that can be answered leads to the one outcome.
+/// "any" if all possible answers lead to the same outcome.
 std::string AnswersText(const CaseWays& ways, bool onlyOutcome) {
   if (onlyOutcome && ways.answers.size() > 1) return "any";
   Texts answers;
@@ -106,7 +106,7 @@ std::size_t CountEnds(const std::vector<FaultCase>& cases, Verdict verdict) {
   return count;
 }
 
-/// How many ways have each end, in a column for each of `hours`.
+/// The number of ways for each verdict, with a column for each of `hours`.
 std::string Figures(const std::vector<const std::vector<FaultCase>*>& hours) {
   std::string text;
   std::vector<std::size_t> all(hours.size());
@@ -124,7 +124,7 @@ std::string Figures(const std::vector<const std::vector<FaultCase>*>& hours) {
   return text + " |\n\n";
 }
 
-/// Those whose rows differ from the ones by day, which are in the same order.
+/// The cases whose rows differ from those by day, which are in the same order.
 std::vector<FaultCase> Others(const std::vector<FaultCase>& byDay, const std::vector<FaultCase>& atMidnight) {
   std::vector<FaultCase> others;
   for (std::size_t i = 0; i < atMidnight.size(); ++i) {

@@ -8,14 +8,13 @@
 
 namespace orvenza {
 
-/// The table in Markdown: the figures of the whole, the rules that forbidden ends are put down to,
-/// and a section for every group of steps at which everything ends alike. Faults that end alike share a row,
-/// and so do answers. Of the cases played at midnight, the same list or none, it shows what ends otherwise
-/// than by day.
+/// The table in Markdown: the totals, the rules behind forbidden ends, and a section for every group of steps
+/// with the same ends. Faults with the same ends share a row, and so do answers. Of `atMidnight`, which has
+/// the same cases or none, only the ends that differ from those by day are shown.
 std::string FailureTable(const std::vector<FaultCase>& byDay, const std::vector<FaultCase>& atMidnight = {});
 
 /// `document` with `table` between the two lines that mark its place; the table alone, between such lines,
 /// where `document` is empty; nothing where it lacks them.
-std::optional<std::string> PlaceTable(const std::string& document, const std::string& table);
+[[nodiscard]] std::optional<std::string> PlaceTable(const std::string& document, const std::string& table);
 
 }  // namespace orvenza

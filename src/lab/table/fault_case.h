@@ -1,54 +1,76 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
-#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "lab/rehearsal/rehearsal.h"
-#include "lab/table/case_grid.h"
+#include "lab/rehearsal/scenario.h"
 #include "lab/table/slips.h"
 
 namespace orvenza {
 
+/// A command of a ticket, or another moment of it, at which something goes wrong.
+struct TicketStep {
+  std::string name;
+  /// A scenario (docs/rehearsal.md) without anything that goes wrong at the step itself. Its last file is the
+  /// ticket; one before it is an earlier ticket that leaves its receipt open.
+  std::string scenario;
+  /// What the command begins with, and which one in the scenario it is; empty where the ticket itself goes
+  /// wrong.
+  std::string command;
+  std::size_t occurrence = 1;
+};
+
+/// Something that goes wrong with a command.
+struct StepFault {
+  std::string name;
+  /// What the simulated register does, a fault a line, without the words that say with which command.
+  std::vector<std::string> effects;
+  bool eachTime = false;  ///< It strikes this command whenever it is sent from then on.
+  /// What happens while the connector waits for the reply.
+  std::optional<EventKind> meanwhile;
+  std::chrono::milliseconds delay{};  ///< How long after the command was sent.
+};
+
 /// Where a ticket's file is in the end.
 enum class FileEnd { kHistoric, kAbort, kWaiting, kGone };
 
-/// What became of a ticket, as its customer sees it.
+/// What happened to a ticket, from its customer's point of view.
 enum class Verdict {
   kFine,           ///< Everything was printed once.
   kInDoubt,        ///< The same, but the file was given up, so that the host cannot tell.
   kTwiceByChoice,  ///< More than that was printed, as the operator chose.
   kLostByChoice,   ///< Less than that was printed, as the operator chose.
   kAsksOn,         ///< The operator is asked for as long as the fault lasts.
-  kLost,           ///< The forbidden ones: less was printed, and nobody chose so;
-  kTwice,          ///< more was printed, and nobody chose so;
-  kHang,           ///< the connector goes on for ever without asking anybody.
+  // Forbidden unless a rule explains them:
+  kLost,   ///< Part of the ticket was not printed although nobody chose that.
+  kTwice,  ///< More than the ticket was printed although nobody chose that.
+  kHang,   ///< The connector goes on forever without asking the operator.
 };
-
-bool IsForbidden(Verdict verdict);
 
 /// What the operator answered to a dialog that left a choice.
 enum class Answer {
   kPrinted,       ///< "Scontrino stampato, continuare".
   kReprint,       ///< "Ristampare lo scontrino ( annullare automaticamente )".
   kGiveUp,        ///< "Abortire la stampa dello scontrino".
-  kNoChoice,      ///< The form with these three was closed without a choice.
-  kCloseReceipt,  ///< That a receipt which cannot be voided is to be closed automatically,
-  kLeaveReceipt,  ///< or not to be.
-  kTryPort,       ///< That the port is to be tried again, as it is or configured.
-  kLeavePort,     ///< That it is not, followed by kEndProgram or kStay.
-  kEndProgram,    ///< That the program is to end.
-  kStay,          ///< That it is not.
+  kNoChoice,      ///< The dialog with these three was closed without a choice.
+  kCloseReceipt,  ///< Close a receipt that cannot be voided automatically,
+  kLeaveReceipt,  ///< or do not.
+  kTryPort,       ///< Try the port again, as it is or with other settings.
+  kLeavePort,     ///< Do not, followed by kEndProgram or kStay.
+  kEndProgram,    ///< End the program.
+  kStay,          ///< Do not.
 };
 
-/// One way in which a step that goes wrong may end.
+/// One possible end of a step with a fault.
 struct TicketEnd {
   std::vector<Answer> answers;
   CustomerPaper paper;
   FileEnd file = FileEnd::kWaiting;
   Verdict verdict = Verdict::kFine;
-  std::string reason;            ///< Of a forbidden one: what prescribes it; empty: nothing does.
+  std::string reason;            ///< Of a forbidden one: the rule that explains it; empty: none does.
   std::vector<std::string> log;  ///< Lines of the error log, each once, in order, without what varies.
   bool waits = false;            ///< Of one that hangs: it waits for one reply all the time.
 
@@ -61,17 +83,5 @@ struct FaultCase {
   StepFault fault;
   std::vector<TicketEnd> ends;
 };
-
-/// Dialogs with a choice whose every answer is tried; later ones are answered in the way that goes forward.
-inline constexpr std::size_t kCaseDepth = 2;
-
-/// Tries every answer of the operator, systematically.
-FaultCase PlayCase(const TicketStep& step, const StepFault& fault, std::size_t depth = kCaseDepth,
-                   TableHour hour = TableHour::kDay);
-
-/// Plays steps with each of their faults, in order. `progress` is told after each how many of how many are
-/// done; null: nobody.
-std::vector<FaultCase> PlayCases(const std::vector<TicketStep>& steps, TableExtent extent, TableHour hour,
-                                 const std::function<void(std::size_t done, std::size_t all)>& progress = {});
 
 }  // namespace orvenza

@@ -17,7 +17,7 @@ bool IsHeading(std::string_view text) {
   return text == "NEGOZIO DI PROVA" || text == "REGISTRATORE SIMULATO" || text == "EURO";
 }
 
-/// A line without blanks at its ends and without the day's figures.
+/// A trimmed line without the figures that change daily.
 std::string Lasting(std::string_view line) {
   std::string_view text = Trim(line);
   if (text.size() >= kDateLength && text[2] == '/' && text[5] == '/') text = Trim(text.substr(kDateLength));
@@ -32,7 +32,7 @@ bool Contains(const Slip& slip, const std::string& text) {
                      [&](const std::string& line) { return line.find(text) != std::string::npos; });
 }
 
-/// Whether a closed slip has a line of what is expected, its end aside.
+/// Whether a closed slip shares a line with what is expected, except its end.
 bool Shares(const Slip& slip, const std::vector<Slip>& expected) {
   return std::any_of(slip.begin(), slip.end() - 2, [&](const std::string& line) {
     return std::any_of(expected.begin(), expected.end(), [&](const Slip& whole) {
@@ -41,7 +41,7 @@ bool Shares(const Slip& slip, const std::vector<Slip>& expected) {
   });
 }
 
-/// Counts `closed` slips against what is expected.
+/// Compares `closed` slips with what is expected.
 void Count(const std::map<Slip, int>& closed, const std::map<Slip, int>& expected, CustomerPaper& paper) {
   bool first = true;
   for (const auto& [slip, times] : expected) {

@@ -6,28 +6,27 @@
 
 namespace orvenza {
 
-/// A slip that the register cut off, as far as it can be compared: without the shop's heading, and without
-/// what differs from day to day, the date and the numbers.
+/// The comparable part of a slip that the register has cut: without the shop's heading, the date and the
+/// numbers.
 using Slip = std::vector<std::string>;
 
-/// The slips on `paper`, in their order. What was printed after the last cut is one too.
+/// The slips on `paper`, in order, including anything printed after the last cut.
 std::vector<Slip> SlipsOn(const std::vector<std::string>& paper);
 
-/// What a customer holds who has waited for a ticket.
+/// What the customer of a ticket receives.
 struct CustomerPaper {
-  int whole = 0;      ///< How often everything that the ticket prints.
-  int other = 0;      ///< Slips that are something else, such as a part of it.
-  int mixed = 0;      ///< Slips with lines of an earlier ticket, too.
+  int whole = 0;      ///< Number of complete copies of the ticket.
+  int other = 0;      ///< Slips with other content, such as a part of it.
+  int mixed = 0;      ///< Slips that also contain lines of an earlier ticket.
   int earlier = 0;    ///< Slips of an earlier ticket.
   int voided = 0;     ///< Slips that the register closed as voided.
-  bool open = false;  ///< A slip that the register has not closed.
+  bool open = false;  ///< The last slip is not closed.
 
   auto operator<=>(const CustomerPaper&) const = default;
 };
 
-/// Compares what is on the paper with what `expected` says a ticket prints. A slip that the ticket itself
-/// voids is not the customer's and does not count as expected. `foreign` is a text that only an earlier
-/// ticket prints.
+/// Compares the paper with the slips `expected` from a ticket. A slip that the ticket itself voids is not for
+/// the customer and does not count as expected. `foreign` is a text that only an earlier ticket prints.
 CustomerPaper Compare(const std::vector<std::string>& paper, const std::vector<Slip>& expected,
                       const std::string& foreign);
 

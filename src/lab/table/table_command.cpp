@@ -6,6 +6,7 @@
 
 #include "core/text.h"
 #include "lab/table/failure_table.h"
+#include "lab/table/play_cases.h"
 
 namespace orvenza {
 namespace {
@@ -16,7 +17,7 @@ constexpr const char* kOutput = "--output";
 constexpr const char* kStep = "--step";
 constexpr const char* kThinned = "--thinned";
 
-/// How far the table is, told from the second on that it takes, on a terminal.
+/// Progress in percent, shown on a terminal once the run takes longer than a second.
 class Progress {
  public:
   Progress(Console& console, const Clock& clock) : console_(console), clock_(clock), start_(clock.Uptime()) {}
@@ -29,7 +30,7 @@ class Progress {
     console_.err << "\rplayed: " << percent << " %" << std::flush;
   }
 
-  /// Takes the line away.
+  /// Erases the line.
   void End() {
     if (shown_ > 0) console_.err << "\r" << std::string(16, ' ') << "\r" << std::flush;
   }
@@ -41,7 +42,7 @@ class Progress {
   std::size_t shown_ = 0;
 };
 
-/// Refuses a part of a name that no step has: names the step that was probably meant, or all.
+/// Refuses a part of a name that no step has: names the similar step, or all.
 [[noreturn]] void RefuseStep(const std::string& part) {
   std::vector<std::string> names;
   std::string all = "; there are";
@@ -53,7 +54,7 @@ class Progress {
   throw UsageError("no step is called '" + part + "'" + (hint.empty() ? all : hint));
 }
 
-/// Marks the steps whose names contain `part`, in any letter case.
+/// Selects the steps whose names contain `part`, ignoring letter case.
 void Choose(const std::string& part, const std::vector<TicketStep>& steps, std::set<std::string>& chosen) {
   bool known = false;
   for (const TicketStep& step : steps) {
@@ -64,8 +65,8 @@ void Choose(const std::string& part, const std::vector<TicketStep>& steps, std::
   if (!known) RefuseStep(part);
 }
 
-/// The steps that the user asks for, by parts of their names with ";" between them, as in the titles of the
-/// table; all where the user does not say.
+/// The steps that the user selects by parts of their names, separated by ";", as in the headings of the
+/// table. Without a selection, all steps.
 std::vector<TicketStep> ChosenSteps(const Arguments& arguments) {
   std::vector<TicketStep> steps = TicketSteps();
   const auto text = arguments.Value(kStep);
@@ -87,13 +88,13 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
   const std::vector<TicketStep> steps = ChosenSteps(arguments);
   const TableExtent extent = arguments.Has(kThinned) ? TableExtent::kThinned : TableExtent::kWhole;
   Progress progress(lab.console, lab.clock);
-  const auto settle = [&](TableHour hour, std::size_t before) {
+  const auto play = [&](TableHour hour, std::size_t before) {
     return PlayCases(steps, extent, hour, [&progress, before](std::size_t done, std::size_t all) {
       progress.Tell(before * all + done, 2 * all);
     });
   };
-  const auto byDay = settle(TableHour::kDay, 0);
-  const auto atMidnight = settle(TableHour::kMidnight, 1);
+  const auto byDay = play(TableHour::kDay, 0);
+  const auto atMidnight = play(TableHour::kMidnight, 1);
   progress.End();
   const std::string table = FailureTable(byDay, atMidnight);
   const auto output = arguments.Value(kOutput);
@@ -104,7 +105,7 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
   const std::string document = lab.files.Exists(*output) ? ReadWhole(lab.files, *output) : std::string();
   const auto placed = PlaceTable(document, table);
   if (!placed) {
-    lab.console.err << "orvenza-lab table: " << *output << " exists and has no place for a table\n";
+    lab.console.err << "orvenza-lab table: " << *output << " exists and has no marker lines for a table\n";
     return kFailed;
   }
   lab.files.Write(*output, *placed);
@@ -118,16 +119,15 @@ Command TableCommand() {
           "show what becomes of a ticket when something goes wrong",
           "[--output FILE] [--step TEXT] [--thinned]",
           "Rehearses each kind of command with each fault of the register, its line, the\n"
-          "program and the PC, and with each answer that the operator can give, and writes\n"
-          "down what the customer gets, where the file ends, and what is in the error log.\n"
-          "The table is in Markdown; docs/failure-table.md holds it, and\n"
+          "program and the PC, through each answer of the operator. For each case the table\n"
+          "shows what the customer gets, where the file is in the end, and the lines of the\n"
+          "error log. The format is Markdown. docs/failure-table.md holds the table, and\n"
           "docs/failure-scenarios.md explains it.",
           {{kOutput, "FILE",
-            "write to FILE, which is new or empty, or has a line that\nbegins and one that ends the table"},
+            "write to FILE, which is new or empty, or contains the\ntwo marker lines of a table"},
            {kStep, "TEXT",
-            "only the commands whose names in the table contain TEXT,\nor one of several texts with \";\" "
-            "between them"},
-           {kThinned, "", "of the error codes that are treated alike, try one"}},
+            "only the steps whose names contain TEXT, or one of\nseveral texts separated by \";\""},
+           {kThinned, "", "try one of each group of similar error codes"}},
           "0  written\n"
           "2  not written",
           "orvenza-lab table --step 'part payment'\n"

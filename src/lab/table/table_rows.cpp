@@ -21,7 +21,7 @@ CaseOutcome OutcomeOf(const TicketEnd& end) {
   return outcome;
 }
 
-/// Whether it can matter to a ticket. After the others the connector only goes on as before.
+/// Whether it can affect a ticket. After the other answers the connector just goes on.
 bool Matters(Answer answer) {
   return answer != Answer::kTryPort && answer != Answer::kLeavePort && answer != Answer::kStay;
 }

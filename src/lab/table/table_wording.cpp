@@ -1,25 +1,12 @@
 #include "lab/table/table_wording.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
-#include <utility>
 
 namespace orvenza {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-constexpr std::array<std::pair<Verdict, const char*>, 8> kVerdicts{{
-    {Verdict::kFine, "fine"},
-    {Verdict::kInDoubt, "printed, but given up"},
-    {Verdict::kTwiceByChoice, "printed twice by choice"},
-    {Verdict::kLostByChoice, "lost by choice"},
-    {Verdict::kAsksOn, "asks on"},
-    {Verdict::kTwice, "**printed twice**"},
-    {Verdict::kLost, "**lost**"},
-    {Verdict::kHang, "**hangs**"},
-}};
 
 /// Times that an answer is written out.
 constexpr std::size_t kWrittenOut = 3;
@@ -42,7 +29,7 @@ std::string NameOf(Answer answer) {
 
 bool IsCode(const std::string& name) { return name.starts_with("ERR") && name.size() == 5; }
 
-/// Names of faults, three or more error codes that follow each other as a range.
+/// Names of faults; three or more consecutive error codes become a range.
 std::string FaultList(const Texts& names) {
   Texts texts;
   for (std::size_t i = 0; i < names.size();) {
@@ -62,15 +49,22 @@ std::string FaultList(const Texts& names) {
 }  // namespace
 
 std::vector<Verdict> AllVerdicts() {
-  std::vector<Verdict> all;
-  all.reserve(std::size(kVerdicts));
-  for (const auto& [verdict, name] : kVerdicts) all.push_back(verdict);
-  return all;
+  return {Verdict::kFine,   Verdict::kInDoubt, Verdict::kTwiceByChoice, Verdict::kLostByChoice,
+          Verdict::kAsksOn, Verdict::kTwice,   Verdict::kLost,          Verdict::kHang};
 }
 
 std::string NameOf(Verdict verdict) {
-  return std::find_if(kVerdicts.begin(), kVerdicts.end(), [&](const auto& v) { return v.first == verdict; })
-      ->second;
+  switch (verdict) {
+    case Verdict::kFine: return "fine";
+    case Verdict::kInDoubt: return "printed, but given up";
+    case Verdict::kTwiceByChoice: return "printed twice by choice";
+    case Verdict::kLostByChoice: return "lost by choice";
+    case Verdict::kAsksOn: return "asks on";
+    case Verdict::kTwice: return "**printed twice**";
+    case Verdict::kLost: return "**lost**";
+    case Verdict::kHang: return "**hangs**";
+  }
+  return {};
 }
 
 std::string NameOf(FileEnd file) {
@@ -90,7 +84,7 @@ std::string PaperText(const CaseOutcome& outcome) {
   const auto add = [&](int count, const std::string& what) {
     if (count > 0) parts.push_back(std::to_string(count) + " " + what);
   };
-  // How many is only a matter of the operator's patience.
+  // Their exact number depends only on the operator's patience.
   const auto addSeries = [&](const std::string& what) { parts.push_back(what + ", one after the other"); };
   const bool manyInPart = asksOn && paper.other > 1;
   const bool manyVoided = asksOn && paper.voided > 0;

@@ -16,10 +16,10 @@ std::vector<Verdict> AllVerdicts();
 std::string NameOf(Verdict verdict);
 std::string NameOf(FileEnd file);
 
-/// What the customer gets: "1 whole, 2 voided".
+/// What the customer receives: "1 whole, 2 voided".
 std::string PaperText(const CaseOutcome& outcome);
 
-/// Answers in their order: "closed → Stampato"; "none" where there are none.
+/// Answers in order: "closed → Stampato"; "none" if there are none.
 std::string AnswerText(const std::vector<Answer>& answers);
 
 /// The faults of a row: "once or each time: ERR03 to 05; power cut".

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "core/text.h"
+#include "lab/rehearsal/scenario.h"
 
 namespace orvenza {
 namespace {
@@ -23,7 +24,7 @@ bool Logged(const TicketEnd& end, std::string_view text) {
 
 bool Strikes(const StepFault& fault, std::string_view effect) { return fault.effects.front() == effect; }
 
-/// A line of the log without its time, and without what differs from one error or line to the next.
+/// A line of the log without its time and the parts that vary between errors or lines.
 std::string Alike(std::string_view line) {
   line.remove_prefix(std::min(kStamp, line.size()));
   const std::string text(Trim(line.substr(0, line.find('\r'))));
@@ -34,8 +35,8 @@ std::string Alike(std::string_view line) {
   return text;
 }
 
-/// A program that was ended gives up a ticket of which it cannot know whether it is printed; any other is
-/// printed when it starts again.
+/// A program that is ended gives up a ticket that may already be printed; any other ticket is printed after
+/// the restart.
 bool LessWasChosen(const TicketEnd& end) {
   return Answered(end, Answer::kGiveUp) || Answered(end, Answer::kPrinted) ||
          Answered(end, Answer::kNoChoice) || Answered(end, Answer::kCloseReceipt) ||
@@ -49,7 +50,17 @@ bool MoreWasChosen(const TicketEnd& end) {
 }  // namespace
 
 bool IsForbidden(Verdict verdict) {
-  return verdict == Verdict::kLost || verdict == Verdict::kTwice || verdict == Verdict::kHang;
+  switch (verdict) {
+    case Verdict::kLost:
+    case Verdict::kTwice:
+    case Verdict::kHang: return true;
+    case Verdict::kFine:
+    case Verdict::kInDoubt:
+    case Verdict::kTwiceByChoice:
+    case Verdict::kLostByChoice:
+    case Verdict::kAsksOn: break;
+  }
+  return false;
 }
 
 std::vector<std::string> ErrorLines(const RehearsalOutcome& outcome) {
@@ -72,51 +83,56 @@ Verdict VerdictOf(const TicketEnd& end) {
 }
 
 const std::vector<Rule>& Rules() {
-  using Step = const TicketStep&;
-  using Struck = const StepFault&;
-  using End = const TicketEnd&;
   static const std::vector<Rule> all{
       {"A restart after paper-out that the register accepts or does not answer is followed by status queries "
        "until one is answered without an error, however long that takes. Silence counts as accepted: a "
        "restart "
        "that was lost is not sent again. The program can be ended from the menu meanwhile.",
-       [](Step, Struck, End end) { return end.verdict == Verdict::kHang && !end.waits; }},
+       [](const TicketStep&, const StepFault&, const TicketEnd& end) {
+         return end.verdict == Verdict::kHang && !end.waits;
+       }},
       {"A ticket found in the in-process folder at the start is printed from its first line: nothing on the "
        "disk tells how far it had come.",
-       [](Step, Struck fault, End end) {
+       [](const TicketStep&, const StepFault& fault, const TicketEnd& end) {
          return fault.meanwhile == EventKind::kPowerFails && end.verdict == Verdict::kTwice;
        }},
       {"The reply to a closure or a report is not examined: a failure stands in the error log alone.",
-       [](Step step, Struck, End end) {
+       [](const TicketStep& step, const StepFault&, const TicketEnd& end) {
          const bool isLong = step.command.starts_with("20") || step.command.starts_with("30");
          return isLong && end.file == FileEnd::kHistoric;
        }},
       {"A status that cannot be read in ten tries counts as \"no receipt open\".",
-       [](Step, Struck, End end) { return Logged(end, "Impossibile leggere stato Cash !"); }},
-      {"Link error 2 counts as success.",
-       [](Step, Struck fault, End) { return Strikes(fault, "link-error 2"); }},
+       [](const TicketStep&, const StepFault&, const TicketEnd& end) {
+         return Logged(end, "Impossibile leggere stato Cash !");
+       }},
+      {"Link error 2 counts as success.", [](const TicketStep&, const StepFault& fault,
+                                             const TicketEnd&) { return Strikes(fault, "link-error 2"); }},
       {"A reply that does not begin with \"ERR\" counts as success, whatever it says.",
-       [](Step, Struck fault, End) { return Strikes(fault, "reply ##"); }},
+       [](const TicketStep&, const StepFault& fault, const TicketEnd&) {
+         return Strikes(fault, "reply ##");
+       }},
       {"After paper-out with a receipt open the whole file is printed again, also what is complete "
        "already: the first part of a receipt that was divided, or what stands before the receipt in its "
        "file.",
-       [](Step, Struck, End end) {
+       [](const TicketStep&, const StepFault&, const TicketEnd& end) {
          return end.verdict == Verdict::kTwice && Logged(end, "Ripresa da Fine Carta, annullo Totale");
        }},
       {"After paper-out without a receipt open the next line follows: the one that was refused is not sent "
        "again.",
-       [](Step, Struck, End end) { return Logged(end, kPaperOut); }},
+       [](const TicketStep&, const StepFault&, const TicketEnd& end) { return Logged(end, kPaperOut); }},
       {"A logo row that is refused as out of sequence is sent again without asking, and after four times the "
        "ticket is given up, with a message. Nothing demands this; it is the connector's own choice.",
-       [](Step step, Struck, End end) {
+       [](const TicketStep& step, const StepFault&, const TicketEnd& end) {
          return step.command.starts_with("4052") && Logged(end, "11-Sequenza Errata");
        }},
       {"A command that is refused as out of sequence voids the receipt at once, without asking, and the next "
        "line follows. If the void fails, the receipt stays open and is completed without the refused line.",
-       [](Step, Struck, End end) { return Logged(end, "11-Sequenza Errata"); }},
+       [](const TicketStep&, const StepFault&, const TicketEnd& end) {
+         return Logged(end, "11-Sequenza Errata");
+       }},
       {"A closure or a report gives its ticket up where the register was found switched off right before it, "
        "whatever is answered to the message.",
-       [](Step step, Struck, End end) {
+       [](const TicketStep& step, const StepFault&, const TicketEnd& end) {
          const bool isClosure = step.scenario.find("| 21;") != std::string::npos;
          return isClosure && end.file == FileEnd::kAbort && Logged(end, "Abort stampa scontrino.") &&
                 Logged(end, "Dispositivo Spento o Non Collegato !");
@@ -125,7 +141,7 @@ const std::vector<Rule>& Rules() {
        "it, "
        "or the end of the program from the menu. A ticket of which nothing can have been completed is then "
        "printed at the next start; any other goes to the abort folder.",
-       [](Step, Struck, End end) { return end.waits; }},
+       [](const TicketStep&, const StepFault&, const TicketEnd& end) { return end.waits; }},
   };
   return all;
 }

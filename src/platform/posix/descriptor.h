@@ -8,7 +8,7 @@
 namespace orvenza {
 
 /// Owner of an open file descriptor.
-class Descriptor {
+class [[nodiscard]] Descriptor {
  public:
   Descriptor() = default;
   explicit Descriptor(int value) : value_(value) {}
@@ -26,7 +26,7 @@ class Descriptor {
 
   /// Closes now. False, with errno set, when the system reports only on closing that earlier writes were
   /// lost.
-  bool Close() { return ::close(std::exchange(value_, -1)) == 0 || errno == EINTR; }
+  [[nodiscard]] bool Close() { return ::close(std::exchange(value_, -1)) == 0 || errno == EINTR; }
 
   /// Gives up ownership.
   int Release() { return std::exchange(value_, -1); }

@@ -10,7 +10,7 @@
 namespace orvenza {
 
 /// Writes all of `text` to a descriptor. False, with errno set, on failure.
-bool WriteAll(int descriptor, std::string_view text);
+[[nodiscard]] bool WriteAll(int descriptor, std::string_view text);
 
 /// A file being written under a temporary name beside its target. It replaces the target when finished. If
 /// destroyed earlier, it leaves nothing behind. Errors are SystemErrors about the target.

@@ -27,19 +27,15 @@ HANDLE CreateUnfinished(const std::wstring& native) {
                        nullptr);
 }
 
-/// Attempts to replace the target and the pause between them in milliseconds; a fifth of a second in all.
-constexpr int kReplaceTries = 10;
-constexpr DWORD kReplacePause = 20;
-
 /// Moves the finished file into the target's place. A program that is reading the old target (a virus
 /// scanner, an editor, the host) blocks this, but usually only for a moment.
-bool Replace(const std::wstring& finished, const std::wstring& target) {
+bool Replace(const std::wstring& finished, const std::wstring& target, const std::function<void()>& pause) {
   constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
   for (int tries = 1; !::MoveFileExW(finished.c_str(), target.c_str(), kHow); ++tries) {
     const DWORD code = ::GetLastError();
     const bool isHeld = code == ERROR_SHARING_VIOLATION || code == ERROR_ACCESS_DENIED;
-    if (!isHeld || tries == kReplaceTries) return false;
-    ::Sleep(kReplacePause);
+    if (!isHeld || tries == UnfinishedFile::kReplaceTries) return false;
+    pause();
   }
   return true;
 }
@@ -77,12 +73,12 @@ void UnfinishedFile::SetModified(const FILETIME& time) {
   if (!::SetFileTime(file_.Get(), nullptr, nullptr, &time)) ThrowFileError(::GetLastError(), target_);
 }
 
-void UnfinishedFile::Finish() {
+void UnfinishedFile::Finish(const std::function<void()>& pause) {
   // The data must be on the disk before the file gets its name: the source may be removed next, and the power
   // may fail.
   if (!::FlushFileBuffers(file_.Get())) ThrowFileError(::GetLastError(), target_);
   file_.Reset();
-  if (!Replace(native_, nativeTarget_)) ThrowFileError(::GetLastError(), target_);
+  if (!Replace(native_, nativeTarget_, pause)) ThrowFileError(::GetLastError(), target_);
   native_.clear();
 }
 

@@ -9,7 +9,7 @@ namespace orvenza {
 /// Owner of one system resource. `Traits` defines its type `Value`, its empty value `Empty()` and its release
 /// function `Close(value)`.
 template <typename Traits>
-class Unique {
+class [[nodiscard]] Unique {
  public:
   using Value = typename Traits::Value;
 

@@ -8,7 +8,6 @@
 #include "platform/windows/local_times.h"
 #include "platform/windows/steady_time.h"
 #include "platform/windows/wide.h"
-#include "platform/windows/windows_error.h"
 
 namespace orvenza {
 namespace {

@@ -190,7 +190,6 @@ void Form::Flash() const {
 
 void Form::OnCommand(int id, UINT notification) {
   if (id == IDCANCEL) return Close();
-  if (id == control_id::kText1 && notification == EN_SETFOCUS) SetFocus(Control(buttons_.front()));
   if (!IsButton(id)) return;
   if (notification == BN_CLICKED) pressed_ = id;
   if (notification == BN_SETFOCUS) ShowDefaultButton(id);

@@ -22,6 +22,7 @@ class MessageForm final : public Form {
 
  private:
   Extent Arrange(int dpi) override;
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   TextMeasure MeasureOfText() const;
   void ShowImage(const Box& box);
 

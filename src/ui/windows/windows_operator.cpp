@@ -12,7 +12,7 @@ namespace orvenza {
 namespace {
 
 /// Lists a message dialog while it waits.
-class WaitingMark {
+class [[nodiscard]] WaitingMark {
  public:
   WaitingMark(std::vector<Form*>& waiting, Form& form) : waiting_(waiting) { waiting_.push_back(&form); }
   ~WaitingMark() { waiting_.pop_back(); }

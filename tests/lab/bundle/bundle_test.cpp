@@ -69,7 +69,7 @@ TEST_F(Bundle, ListsTheFolders) {
 TEST_F(Bundle, CutsALongLogAtALine) {
   const std::string quotation = "x - Riga non valida : 4;Anna\r\n";
   std::string log = quotation + quotation + "y\r\n";
-  // The cut falls into the mark of the second quotation.
+  // The cut is inside the mark of the second quotation.
   log.append(2'000'000 - (quotation.size() - 10) - 3, 'z');
   disk.Put(At("Err.txt"), log);
   EXPECT_EQ(Run(), 0);
@@ -160,7 +160,7 @@ TEST_F(Bundle, CutsWhatIsTooLong) {
   disk.Put(At("Log.txt"), "first" + std::string(2'600'000, 'x') + "\r\nlast" + std::string(1'900'000, 'x'));
   disk.Put(At("storico\\1.txt"), "23;" + std::string(1'000'000, 'x'));
   EXPECT_EQ(Run(), 0);
-  // Compared by hand: the difference of two such texts would take too long to show.
+  // Not EXPECT_EQ, which would take too long to show a difference of such texts.
   EXPECT_TRUE(InArchive("logs/Log.txt") == "last" + std::string(1'900'000, 'x'));
   EXPECT_EQ(InArchive("tickets/historic/1.txt").size(), 1'000'000u);
   EXPECT_NE(out.str().find("1.9 MB      the last 1.9 MB of 4.5 MB\n"), std::string::npos);

@@ -8,7 +8,7 @@
 
 namespace orvenza::test {
 
-/// Reads stored archives by their directory, as a viewer does, and refuses whatever does not fit together.
+/// Reads archives with stored entries by their directory, like a viewer, and rejects any inconsistency.
 class ZipReader {
  public:
   struct Entry {
@@ -27,7 +27,7 @@ class ZipReader {
   }
 
   std::map<std::string, Entry> entries;
-  std::string names;  ///< A line each, in the order of the directory.
+  std::string names;  ///< One per line, in directory order.
 
  private:
   static void Expect(bool fits, const char* what) {
@@ -41,7 +41,7 @@ class ZipReader {
     return number;
   }
 
-  /// Bit by bit, with no table to get wrong.
+  /// Bit by bit, without a table that could be wrong.
   static std::uint32_t Checksum(std::string_view bytes) {
     std::uint32_t rest = 0xFFFFFFFF;
     for (const char c : bytes) {

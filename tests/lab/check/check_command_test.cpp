@@ -15,7 +15,7 @@ namespace {
 constexpr const char* kGood = "24;Cassa 3;1;\r\n4;1;\r\n";
 constexpr const char* kBad = "4;x;\n\n4;25;\n";
 
-/// The command on files in memory, ";" as separator.
+/// The command on files in memory, with ";" as separator.
 class CheckCommandTest : public ::testing::Test {
  protected:
   int Check(std::vector<std::string> words) {
@@ -45,7 +45,7 @@ constexpr const char* kBadFindings[] = {
     "bad.txt:3:1: warning: '25' is sent as '20': outside 0 to 20 [clamped]\n",
 };
 
-TEST_F(CheckCommandTest, TellsOfAFileWithoutRecords) {
+TEST_F(CheckCommandTest, ReportsAFileWithoutRecords) {
   for (const char* content : {"", "\r\n", " \x1A"}) {
     lab.files.content["empty.txt"] = content;
     lab.out.str("");
@@ -82,7 +82,7 @@ TEST_F(CheckCommandTest, CallsWarningsAlonesClean) {
 
 constexpr const char* kItem = "1;Pane;1,0;1000;1;;;1;;\n";
 
-TEST_F(CheckCommandTest, LooksAtEachFileByItself) {
+TEST_F(CheckCommandTest, ChecksEachFileSeparately) {
   lab.files.content["open.txt"] = std::string(kItem) + "\n\n";
   lab.files.content["paid.txt"] = std::string(kItem) + "2;1;1000;\n";
   EXPECT_EQ(Check({"--quiet", "paid.txt", "open.txt", "paid.txt"}), 0);
@@ -144,7 +144,7 @@ TEST_F(CheckCommandTest, ReadsStandardInput) {
   EXPECT_EQ(lab.out.str().substr(0, 13), "-:2:1: error:");
 }
 
-TEST_F(CheckCommandTest, GoesOnBehindAFileThatCannotBeRead) {
+TEST_F(CheckCommandTest, GoesOnAfterAFileThatCannotBeRead) {
   lab.files.content["bad.txt"] = kBad;
   EXPECT_EQ(Check({"--quiet", "none.txt", "bad.txt"}), 2);
   EXPECT_EQ(lab.out.str(), "none.txt: error: File not found ( none.txt ) [unreadable]\n" +
@@ -206,7 +206,7 @@ TEST_F(CheckCommandTest, TakesBinaryFilesAsLinesToo) {
 }
 
 TEST_F(CheckCommandTest, DoesNotLookAtALineWithoutEnd) {
-  // Nor does it say that the receipt is not closed: that line may have done it.
+  // An open receipt is not reported, since that line may have closed it.
   const std::string endless = "24;" + std::string(FileCheck::kLongestLine, 'x') + ";1;\n";
   lab.files.content["a.txt"] = kItem + endless + "20;1;\n";
   EXPECT_EQ(Check({"--quiet", "a.txt"}), 1);
@@ -249,7 +249,7 @@ TEST_F(CheckCommandTest, NamesAMaskWithoutFiles) {
   EXPECT_EQ(lab.out.str().substr(0, folder.Path("*.txt").size()), folder.Path("*.txt"));
 }
 
-TEST_F(CheckCommandTest, TellsThatAReleaseAloneHasNoEffect) {
+TEST_F(CheckCommandTest, ReportsThatAReleaseAloneHasNoEffect) {
   lab.files.content["a.txt"] = "4;5;";
   EXPECT_EQ(Check({"--release", "2.02.00", "a.txt"}), 0);
   EXPECT_EQ(lab.err.str(), "orvenza-lab check: --release has no effect without --model\n");
@@ -258,13 +258,13 @@ TEST_F(CheckCommandTest, TellsThatAReleaseAloneHasNoEffect) {
   EXPECT_EQ(lab.err.str(), "");
 }
 
-TEST_F(CheckCommandTest, TellsThatANameAloneHasNoEffect) {
+TEST_F(CheckCommandTest, ReportsThatANameAloneHasNoEffect) {
   lab.files.content["a.txt"] = "4;5;";
   EXPECT_EQ(Check({"--name", "Cassa", "a.txt"}), 0);
   EXPECT_EQ(lab.err.str(), "orvenza-lab check: --name has no effect without --folder\n");
 }
 
-TEST_F(CheckCommandTest, TellsOfSettingsThatTheConnectorRefuses) {
+TEST_F(CheckCommandTest, ReportsSettingsThatTheConnectorRefuses) {
   lab.files.content["a.txt"] = "4;5;";
   lab.files.content["shop\\Orvenza.ini"] = "[Version]\r\nVersion=9.99\r\n";
   EXPECT_EQ(Check({"--folder", "shop", "a.txt"}), 0);
@@ -316,7 +316,7 @@ TEST_F(CheckCommandTest, RefusesACommandLineThatMakesNoSense) {
   EXPECT_EQ(lab.out.str(), "");
 }
 
-/// A long file, during whose reading time passes.
+/// A long file; time passes while it is read.
 class SlowFiles : public MemoryFiles {
  public:
   explicit SlowFiles(VirtualClock& clock) : clock_(clock) {}
@@ -341,7 +341,7 @@ class SlowFiles : public MemoryFiles {
   VirtualClock& clock_;
 };
 
-TEST_F(CheckCommandTest, TellsHowFarItIsWhenItTakesLong) {
+TEST_F(CheckCommandTest, ShowsItsProgressWhenItTakesLong) {
   SlowFiles files(lab.clock);
   for (int i = 0; i < 40000; ++i) files.content["a.txt"] += "4;5;\n";
   files.content["a.txt"] += "4;x;\n";
@@ -351,7 +351,7 @@ TEST_F(CheckCommandTest, TellsHowFarItIsWhenItTakesLong) {
   EXPECT_EQ(lab.err.str(), "\r16,384 lines checked\r32,768 lines checked\r                    \r");
 }
 
-TEST_F(CheckCommandTest, KeepsQuietAboutItWhereTheResultsPassBy) {
+TEST_F(CheckCommandTest, ShowsNoProgressWhereTheResultsAppear) {
   SlowFiles files(lab.clock);
   for (int i = 0; i < 40000; ++i) files.content["a.txt"] += "4;5;\n";
   LabSurroundings surroundings{files, lab.folders, lab.clock, lab.machine, lab.console, "home"};

@@ -58,7 +58,7 @@ TEST_F(CheckRulesTest, RefuseASeparatorThatIsNeverFound) {
   }
 }
 
-TEST_F(CheckRulesTest, RefuseWhatIsNoSeparatorAtAll) {
+TEST_F(CheckRulesTest, RefuseInvalidSeparators) {
   for (const char* separator : {"300", "-1", "59x", ";;"}) {
     EXPECT_EQ(
         Refusal({std::string("--separator=") + separator}),
@@ -126,7 +126,7 @@ TEST_F(CheckRulesTest, LetTheReleaseDecide) {
   EXPECT_EQ(RulesFor(Rules({"--model", "QUARNIS A"}).identity).code17, "1068");
 }
 
-TEST_F(CheckRulesTest, TellOfAModelWithoutRulesOfItsOwn) {
+TEST_F(CheckRulesTest, ReportAModelWithoutRulesOfItsOwn) {
   EXPECT_EQ(UnknownModelNote("TOVEST ETG"),
             "no model 'TOVEST ETG' is known, so the rules for any other count; did you mean 'TOVEST ETH'?\n"
             "Known: TOVEST 8, TOVEST ETH, 315 KV, QUARNIS A, MELDANO, 40 ZAFRON");

@@ -20,7 +20,7 @@ struct Found {
   TicketFinding finding;
 };
 
-/// What is found in a file of these lines.
+/// The findings in a file of these lines.
 std::vector<Found> CheckLines(TicketCheck& check, const Lines& lines) {
   std::vector<Found> found;
   TicketFindings findings;
@@ -40,12 +40,12 @@ std::vector<Found> CheckLines(TicketCheck& check, const Lines& lines) {
   return found;
 }
 
-/// Whether a finding says that the register refuses its line.
+/// Whether a finding predicts that the register refuses its line.
 bool IsRefusal(const Found& found) {
   return found.finding.code == "no-receipt" || found.finding.code == "still-open";
 }
 
-/// "code@line" of each, separated by blanks.
+/// "code@line" for each, separated by blanks.
 std::string Codes(const std::vector<Found>& all) {
   std::string codes;
   for (const auto& [line, finding] : all) {
@@ -82,22 +82,22 @@ TEST(ReceiptWatch, FindsNothingInReceiptsThatArePaid) {
   const Lines kReceipts[] = {
       {},
       {kItem10, kPay10},
-      {kItem10, "2;1;0;"},                    // pays what is due
+      {kItem10, "2;1;0;"},                    // pays the amount due
       {kItem10, "2;1;2000;"},                 // with change
       {kItem10, "2;1;400;", "5;2;1;;;600;"},  // with two means
       {kItem10, kItem10, "15;1;2000;"},
       {kItem10, "14;1000;1;3;;0;"},
-      {"1;Pane;0,5;1000;1;;;1;;", "2;1;500;"},      // half of it
+      {"1;Pane;0,5;1000;1;;;1;;", "2;1;500;"},      // half a piece
       {kItem10, "1;1;1;;100;;;;-1;", "2;1;900;"},   // a discount on the item
       {kItem10, "1;2;1;;1000;;;;-1;", "2;1;900;"},  // the same in percent
-      {kItem10, "6;3;1;1000;", "2;1;1100;"},        // a surcharge on the whole
+      {kItem10, "6;3;1;1000;", "2;1;1100;"},        // a surcharge on the total
       {kItem10, "7;1;1;100;", "2;1;900;"},
-      {kItem10, kItem10, "9;Pane;1000;1;;1;;;1,0;", kPay10},  // one taken back
-      {kItem10, "4;1;"},                                      // given up
-      {"23;Benvenuti;1;", "21;"},                             // no receipt at all
+      {kItem10, kItem10, "9;Pane;1000;1;;1;;;1,0;", kPay10},  // one returned
+      {kItem10, "4;1;"},                                      // voided
+      {"23;Benvenuti;1;", "21;"},                             // no receipt
       {"29;1;", "30;1;1;Testo;", "31;1;"},                    // a document
-      {"29;1;", "4;1;"},                                      // one given up
-      {kItem10, kPay10, "23;Arrivederci;1;", "21;"},          // nothing sold after it
+      {"29;1;", "4;1;"},                                      // one that is voided
+      {kItem10, kPay10, "23;Arrivederci;1;", "21;"},          // after which nothing is sold
       {kItem10, "30;1;1;Testo;", kPay10},                     // a document's line in a receipt
       {"34;0;700;1;", "21;", "32;1;1;"},                      // the end of a day
   };
@@ -171,7 +171,7 @@ TEST(ReceiptWatch, FindsWhatAnOpenReceiptOrDocumentForbids) {
   EXPECT_EQ(FindingsOf({kItem10, "14;x;1;3;;0;", "34;0;700;1;"}), "not-digits@2") << "it may be paid";
 }
 
-/// The numbers of the lines that the simulated register refuses for the place they stand in.
+/// The numbers of the lines that the simulated register refuses because of their position.
 std::vector<std::size_t> RefusedByRegister(TicketCheck& check, const Lines& lines) {
   const VirtualClock clock;
   PaperRoll paper;
@@ -188,7 +188,7 @@ std::vector<std::size_t> RefusedByRegister(TicketCheck& check, const Lines& line
   return refused;
 }
 
-/// The numbers of the lines of which the check says so.
+/// The numbers of the lines for which the check predicts that.
 std::vector<std::size_t> RefusedByCheck(TicketCheck& check, const Lines& lines) {
   std::vector<std::size_t> refused;
   for (const Found& found : CheckLines(check, lines)) {
@@ -201,7 +201,7 @@ TEST(ReceiptWatch, RefusesWhatTheSimulatedRegisterRefuses) {
   const std::string_view kLines[] = {kItem10,         "2;1;0;", "20;1;",       "4;1;", "29;1;",
                                      "30;1;1;Testo;", "31;1;",  "34;0;700;1;", "21;"};
   Bench bench;
-  // Every order of four of them, behind a receipt, for then a void needs one.
+  // Every order of four of them, after a receipt, as a void then needs a receipt of its own.
   for (const std::string_view a : kLines) {
     for (const std::string_view b : kLines) {
       for (const std::string_view c : kLines) {
@@ -349,9 +349,9 @@ TEST(ReceiptWatch, KnowsNoSumsBehindAnInvalidLine) {
 }
 
 TEST(ReceiptWatch, LeavesToTheRegisterWhatItRefuses) {
-  // Taken back more than was sold: what is due then is the register's to say.
+  // More was returned than sold: only the register knows the amount due.
   EXPECT_EQ(FindingsOf({kItem10, "9;Pane;5000;1;;1;;;1,0;", "2;1;10;"}), "");
-  // So is a discount on an item behind its subtotal.
+  // So is a discount on an item after its subtotal.
   EXPECT_EQ(FindingsOf({kItem10, "20;1;", "1;1;1;;100;;;;-1;", "2;1;800;"}), "");
 }
 

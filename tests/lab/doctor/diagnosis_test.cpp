@@ -43,7 +43,7 @@ TEST_F(Diagnosis, IsATableOfWhatWasFound) {
       "1 error, 0 warnings, 1 note, 8 in order. Not ready.\n");
 }
 
-TEST_F(Diagnosis, HasAnExitStatusForItsWorstFinding) {
+TEST_F(Diagnosis, HasAnExitCodeForItsWorstFinding) {
   EXPECT_EQ(Run({}), 0);
   EXPECT_TRUE(out.str().ends_with("0 errors, 0 warnings, 0 notes, 8 in order. Ready.\n"));
   Edit("ComPort=1", "ComPort=17");
@@ -114,7 +114,7 @@ TEST_F(Diagnosis, ShowsNoControlCharacter) {
   EXPECT_NE(out.str().find("-> Move  [1me.txt.\n"), std::string::npos) << out.str();
 }
 
-TEST_F(Diagnosis, RefusesWhatIsNoFolder) {
+TEST_F(Diagnosis, RefusesAPathThatIsNoFolder) {
   EXPECT_EQ(Run({"--folder", "C:\\none"}), 2);
   EXPECT_EQ(err.str(), "orvenza-lab doctor: 'C:\\none' is not a folder\n");
   EXPECT_EQ(Run({"C:\\Orvenza"}), 2);

@@ -1,5 +1,5 @@
-// What looks at an installation on a real disk leaves no trace there, but for the times of the folders in
-// which the doctor makes and removes a file.
+// Examining an installation on a real disk changes nothing, except the times of the folders in which the
+// doctor creates and removes a file.
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Every file with its time and its content, every folder, and the times of folders without tickets.
+/// Every file with its time and content, every folder, and the times of folders other than ticket folders.
 std::set<std::string> Everything(const TempFolder& folder) {
   std::set<std::string> all;
   const auto add = [&](const fs::path& path) {

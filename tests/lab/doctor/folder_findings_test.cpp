@@ -17,7 +17,7 @@ TEST_F(FolderFindings, NameEachFolderThatCanBeUsed) {
       << inOrder;
 }
 
-TEST_F(FolderFindings, TellOfFoldersThatTheConnectorMakes) {
+TEST_F(FolderFindings, ReportFoldersThatTheConnectorMakes) {
   disk.Delete(At("data"));
   EXPECT_EQ(Said(),
             "note folder.missing: The ticket folder C:\\Orvenza\\data\\ is missing; the connector makes it.\n"
@@ -28,7 +28,7 @@ TEST_F(FolderFindings, TellOfFoldersThatTheConnectorMakes) {
             "makes it.\n");
 }
 
-TEST_F(FolderFindings, TellOfFoldersThatCannotBeWrittenTo) {
+TEST_F(FolderFindings, ReportFoldersThatCannotBeWrittenTo) {
   machine.readOnly = {At("data\\"), At("storico\\")};
   disk.Delete(At("data\\abort"));
   EXPECT_EQ(
@@ -39,13 +39,13 @@ TEST_F(FolderFindings, TellOfFoldersThatCannotBeWrittenTo) {
       "error folder.readonly: The historic folder C:\\Orvenza\\storico\\ cannot be written to.\n");
 }
 
-TEST_F(FolderFindings, TellOfADriveThatIsAway) {
+TEST_F(FolderFindings, ReportADriveThatIsAway) {
   Edit("C:\\Orvenza\\storico\\", "E:\\storico\\");
   EXPECT_EQ(Said(),
             "error folder.drive: The historic folder E:\\storico\\ is on a drive that cannot be reached.\n");
 }
 
-TEST_F(FolderFindings, TellOfAFileWhereAFolderIsToBe) {
+TEST_F(FolderFindings, ReportAFileWhereAFolderIsToBe) {
   disk.Delete(At("storico"));
   disk.Put(At("storico"), "a file");
   EXPECT_EQ(Said(),
@@ -54,7 +54,7 @@ TEST_F(FolderFindings, TellOfAFileWhereAFolderIsToBe) {
             "file.\n");
 }
 
-TEST_F(FolderFindings, TellOfAMaskThatTakesFilesOfTheProgram) {
+TEST_F(FolderFindings, ReportAMaskThatTakesFilesOfTheProgram) {
   Edit("C:\\Orvenza\\data\\*.txt", "c:\\orvenza\\*.txt");
   disk.Put(At("inproces\\x"), "");
   disk.Delete(At("inproces\\x"));
@@ -74,7 +74,7 @@ TEST_F(FolderFindings, TellOfAMaskThatTakesFilesOfTheProgram) {
       << Said();
 }
 
-TEST_F(FolderFindings, TellOfFoldersOnOtherVolumes) {
+TEST_F(FolderFindings, ReportFoldersOnOtherVolumes) {
   machine.volumes = {{At("data\\abort\\"), "2"}, {At("storico\\"), "3"}};
   EXPECT_EQ(Said(),
             "warning folder.volume: The abort folder is on another volume than the ticket folder; tickets "
@@ -85,7 +85,7 @@ TEST_F(FolderFindings, TellOfFoldersOnOtherVolumes) {
             "copied there instead of moved.\n");
 }
 
-TEST_F(FolderFindings, TellHowMuchRoomIsLeft) {
+TEST_F(FolderFindings, ReportTheFreeSpace) {
   machine.volumes = {{At("storico\\"), "3"}};
   machine.free = {{At(""), 19'999'999}, {At("storico\\"), 199'999'999}};
   EXPECT_EQ(Said(),

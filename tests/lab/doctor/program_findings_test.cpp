@@ -38,13 +38,13 @@ TEST_F(ProgramFindings, ReadTheCommandFile) {
   }
 }
 
-TEST_F(ProgramFindings, TellOfACommandFileThatCannotBeRead) {
+TEST_F(ProgramFindings, ReportACommandFileThatCannotBeRead) {
   disk.Put(At("command.txt"), "QUIT");
   disk.Hold(At("command.txt"), FileHold::kWriting);
   EXPECT_EQ(Said(), "warning command.unreadable: command.txt cannot be read.\n");
 }
 
-TEST_F(ProgramFindings, TellOfFilesThatCannotEvenBeLookedAt) {
+TEST_F(ProgramFindings, ReportFilesThatCannotEvenBeChecked) {
   FaultyFiles files(disk.FileSeam());
   FaultyFolders folders(disk.FolderSeam());
   for (const char* name : {"command.txt", "ErrDesc.ini", "error.txt", "Err.txt"}) {
@@ -63,7 +63,7 @@ TEST_F(ProgramFindings, TellOfFilesThatCannotEvenBeLookedAt) {
             "The ticket folder C:\\Orvenza\\data\\ cannot be written to.\n");
 }
 
-TEST_F(ProgramFindings, TellOfReadOnlyFiles) {
+TEST_F(ProgramFindings, ReportReadOnlyFiles) {
   disk.Put(At("Log.txt"), "");
   machine.readOnly = {At("Log.txt"), At("Orvenza.ini")};
   EXPECT_EQ(Said(),
@@ -72,7 +72,7 @@ TEST_F(ProgramFindings, TellOfReadOnlyFiles) {
             "warning log.readonly: Log.txt cannot be written to.\n");
 }
 
-TEST_F(ProgramFindings, TellOfLogsThatCannotBeMade) {
+TEST_F(ProgramFindings, ReportLogsThatCannotBeMade) {
   disk.Put(At("Log.txt"), "");
   machine.readOnly = {At("")};
   EXPECT_EQ(Said(),
@@ -106,7 +106,7 @@ TEST_F(ProgramFindings, TakeNoOtherIniFileForSettings) {
   EXPECT_NE(Said().find("note settings.other: There is Old.ini, "), std::string::npos) << Said();
 }
 
-TEST_F(ProgramFindings, TellOfSettingsOfAnotherName) {
+TEST_F(ProgramFindings, ReportSettingsOfAnotherName) {
   disk.Put(At("Cassa.ini"), *disk.Content(At("Orvenza.ini")));
   EXPECT_EQ(Said(), "");
   disk.Delete(At("Orvenza.ini"));
@@ -117,12 +117,12 @@ TEST_F(ProgramFindings, TellOfSettingsOfAnotherName) {
       "note settings.other: There is Cassa.ini, which a connector of that name reads (--name Cassa).\n");
 }
 
-TEST_F(ProgramFindings, TellOfMissingTexts) {
+TEST_F(ProgramFindings, ReportMissingTexts) {
   disk.Delete(At("ErrDesc.ini"));
   EXPECT_EQ(Said(), "note texts.missing: ErrDesc.ini is missing; the next start writes it.\n");
 }
 
-TEST_F(ProgramFindings, TellOfALogAboutToBeMovedAside) {
+TEST_F(ProgramFindings, ReportALogAboutToBeMovedAside) {
   disk.Put(At("Log.txt"), std::string(225'000, 'x'));
   EXPECT_EQ(Said(), "");
   disk.Put(At("Log.txt"), std::string(225'001, 'x'));
@@ -139,13 +139,13 @@ TEST_F(ProgramFindings, CountTheErrorsOfToday) {
   EXPECT_EQ(Said(), "warning log.errors-today: 2 lines of today in Err.txt.\n");
 }
 
-TEST_F(ProgramFindings, TellOfAnErrorLogThatCannotBeRead) {
+TEST_F(ProgramFindings, ReportAnErrorLogThatCannotBeRead) {
   disk.Put(At("Err.txt"), "");
   disk.Hold(At("Err.txt"), FileHold::kWriting);
   EXPECT_EQ(Said(), "warning log.unreadable: Err.txt cannot be read.\n");
 }
 
-TEST_F(ProgramFindings, TellOfErrorsThatWentElsewhere) {
+TEST_F(ProgramFindings, ReportErrorsThatWentElsewhere) {
   disk.Put(At("error.txt"), "x");
   EXPECT_EQ(
       Said(),

@@ -16,7 +16,7 @@ TEST_F(SettingsFindings, SayNothingAboutTheDefaults) {
             "ok settings.ok: Orvenza.ini is of version 1.06 and used as it stands.");
 }
 
-TEST_F(SettingsFindings, TellOfAFirstStart) {
+TEST_F(SettingsFindings, ReportAFirstStart) {
   disk.Delete(At("Orvenza.ini"));
   EXPECT_EQ(
       Said(),
@@ -32,7 +32,7 @@ TEST_F(SettingsFindings, TellWhatAnUpgradeWrites) {
       "Time Shift=60, Version=1.06 and tells the operator.\n");
 }
 
-TEST_F(SettingsFindings, TellOfEachValueThatIsNotUsedAsItStands) {
+TEST_F(SettingsFindings, ReportEachValueThatIsNotUsedAsItIs) {
   const struct {
     const char* from;
     const char* to;
@@ -78,7 +78,7 @@ TEST_F(SettingsFindings, TellOfEachValueThatIsNotUsedAsItStands) {
   }
 }
 
-TEST_F(SettingsFindings, TellOfValuesThatCannotWork) {
+TEST_F(SettingsFindings, ReportValuesThatCannotWork) {
   const struct {
     const char* from;
     const char* to;
@@ -109,7 +109,7 @@ TEST_F(SettingsFindings, TellOfValuesThatCannotWork) {
   }
 }
 
-TEST_F(SettingsFindings, TellOfTicketFilesWithoutFolderOrMask) {
+TEST_F(SettingsFindings, ReportTicketFilesWithoutFolderOrMask) {
   Edit("data\\*.txt", "data\\");
   EXPECT_EQ(Said(),
             "error settings.tickets: [Database] TicketFiles is \"C:\\Orvenza\\data\\\", which lacks the mask "
@@ -119,7 +119,7 @@ TEST_F(SettingsFindings, TellOfTicketFilesWithoutFolderOrMask) {
   EXPECT_EQ(Said(), "error settings.tickets: [Database] TicketFiles is \"*.txt\", which lacks the folder.\n");
 }
 
-TEST_F(SettingsFindings, TellOfAMaskWithoutRoomForTheNumbersOfParts) {
+TEST_F(SettingsFindings, ReportAMaskWithoutRoomForTheNumbersOfParts) {
   Edit("File Parser=0", "File Parser=1");
   Edit("*.txt", "t*_fin.txt");
   EXPECT_EQ(
@@ -140,14 +140,14 @@ TEST_F(SettingsFindings, FindRoomInOtherMasksAndNeedNoneWithoutTheParser) {
   }
 }
 
-TEST_F(SettingsFindings, TellOfAPathThatBeginsAtNoDrive) {
+TEST_F(SettingsFindings, ReportAPathThatBeginsAtNoDrive) {
   Edit("C:\\Orvenza\\storico\\", "storico");
   EXPECT_EQ(
       Said().substr(0, Said().find('\n')),
       "warning settings.relative: [Database] HistoricTickets is \"storico\\\", which begins at no drive.");
 }
 
-TEST_F(SettingsFindings, TellOfAValueTooLongToBeSeenWhole) {
+TEST_F(SettingsFindings, ReportAValueThatIsCut) {
   Edit("19200,O,7,1", "19200,O,7,1" + std::string(88, 'x'));
   EXPECT_EQ(Said(), "");
   Edit("19200,O,7,1", "19200,O,7,1x");
@@ -175,7 +175,7 @@ TEST_F(SettingsFindings, NameTheKeyThatWasMeant) {
       << said;
 }
 
-TEST_F(SettingsFindings, TellOfLinesThatAreNeverRead) {
+TEST_F(SettingsFindings, ReportLinesThatAreNeverRead) {
   Edit("ComPort=1", "ComPort=1\r\nCOMPORT=2\r\nnonsense");
   disk.Put(At("Orvenza.ini"), "lost=1\r\n" + *disk.Content(At("Orvenza.ini")) + "[general]\r\nIdent=x\r\n");
   EXPECT_EQ(
@@ -186,7 +186,7 @@ TEST_F(SettingsFindings, TellOfLinesThatAreNeverRead) {
       "warning settings.line: No section, and no key of one, stands in lines 1, 11.\n");
 }
 
-TEST_F(SettingsFindings, TellOfFilesThatEndTheStart) {
+TEST_F(SettingsFindings, ReportFilesThatEndTheStart) {
   const struct {
     std::string content;
     const char* said;
@@ -225,7 +225,7 @@ TEST_F(SettingsFindings, HaveNothingAgainstAByteOrderMark) {
   EXPECT_EQ(Said(), "");
 }
 
-TEST_F(SettingsFindings, TellOfAFileThatCannotBeRead) {
+TEST_F(SettingsFindings, ReportAFileThatCannotBeRead) {
   disk.Hold(At("Orvenza.ini"), FileHold::kWriting);
   EXPECT_EQ(Said(),
             "error settings.unreadable: Orvenza.ini cannot be read, or is too large for a settings file, "

@@ -68,7 +68,7 @@ TEST_F(TicketFindings, KnowThatOnlyOneReceiptIsPrintedAtATime) {
   EXPECT_NE(Said().find("warning inprocess.leftover: 2 tickets"), std::string::npos);
 }
 
-TEST_F(TicketFindings, TellOfReceiptsGivenUp) {
+TEST_F(TicketFindings, ReportReceiptsGivenUp) {
   disk.Put(At("data\\abort\\1.txt.abort.txt"), "4;5;", kYesterday);
   EXPECT_EQ(Said(),
             "note abort.receipts: 1 receipt given up in C:\\Orvenza\\data\\abort\\, the newest 1 day ago.\n");
@@ -93,13 +93,13 @@ TEST_F(TicketFindings, MeasureTheHistoricFolder) {
       << inOrder;
 }
 
-TEST_F(TicketFindings, TellWhenPrintedTicketsAreDeleted) {
+TEST_F(TicketFindings, ReportWhenPrintedTicketsAreDeleted) {
   Edit("C:\\Orvenza\\storico\\", " ");
   EXPECT_EQ(Said(),
             "note historic.none: [Database] HistoricTickets is empty: printed tickets are deleted.\n");
 }
 
-TEST_F(TicketFindings, TellOfAHistoricFolderThatWouldNotBeUsed) {
+TEST_F(TicketFindings, ReportAHistoricFolderThatWouldNotBeUsed) {
   Edit("HistoricTickets", "");
   EXPECT_EQ(
       Said(),

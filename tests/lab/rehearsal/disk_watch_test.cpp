@@ -22,7 +22,7 @@ class DiskWatchTest : public ::testing::Test {
     watch.SetSettings(settings);
   }
 
-  /// What the transcript then says: kind, blank, text.
+  /// The transcript's line for the event: kind, blank, text.
   std::string Told(const DiskEvent& event) {
     watch.OnDisk(event);
     const RehearsalEvent& told = transcript.Events().back();

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "lab/rehearsal/scenario_reader.h"
+
 namespace orvenza::test {
 namespace {
 
@@ -40,6 +42,19 @@ TEST(Rehearsal, GivesTheSameTranscriptEachTime) {
   EXPECT_EQ(first, second);
   EXPECT_EQ(first.front(), "        0  start     16/11/2026 09:00:00");
   EXPECT_EQ(first.back(), "     5085  end");
+}
+
+TEST(Rehearsal, RunsTheSameWithoutATranscript) {
+  Scenario scenario = ParseScenario("day", std::string(kReceipt) + "at 5s quit\n");
+  const RehearsalOutcome told = Rehearse(scenario);
+  scenario.transcript = false;
+  const RehearsalOutcome quiet = Rehearse(scenario);
+  EXPECT_TRUE(quiet.events.empty());
+  EXPECT_TRUE(quiet.ended);
+  EXPECT_EQ(quiet.sent, told.sent);
+  EXPECT_EQ(quiet.lastSent, told.lastSent);
+  EXPECT_EQ(quiet.paper, told.paper);
+  EXPECT_EQ(quiet.files, told.files);
 }
 
 TEST(Rehearsal, BreaksOffAtADialogWithoutAnAnswer) {
@@ -174,7 +189,7 @@ TEST(Rehearsal, WritesTheSettingsOfTheScenarioIntoTheFile) {
   EXPECT_EQ(outcome.problems, Lines{});
 }
 
-/// A scenario in which the connector is started again until the ticket is printed.
+/// A scenario in which the connector is restarted until the ticket is printed.
 Scenario UntilPrinted(const std::string& faults, EventKind kind) {
   Scenario scenario = ParseScenario("day", kReceipt + faults);
   scenario.untilPrinted = true;

@@ -22,7 +22,7 @@ constexpr const char* kDay =
     "| x\n"
     "at 2s quit\n";
 
-/// The lab at a console of texts, on a disk in memory whose current folder is C:\work.
+/// The lab with a text console, on a disk in memory whose current folder is C:\work.
 class RehearseCommandTest : public ::testing::Test {
  protected:
   RehearseCommandTest() {

@@ -54,17 +54,11 @@ TEST_F(TranscriptTest, GathersIdleTicksAndTellsTheActingOneApart) {
                           "     2000  tick      idle", "     2001  end"}));
 }
 
-TEST_F(TranscriptTest, TellsEachLineAsSoonAsTheNextBegins) {
+TEST_F(TranscriptTest, WritesEachLineAsSoonAsTheNextBegins) {
   transcript.Add("sent", "1");
   EXPECT_EQ(lines, Lines{});
   transcript.Add("reply", "2");
   EXPECT_EQ(lines, Lines{"        0  sent      1"});
-}
-
-TEST(Printable, ShowsEveryByteOnOneLine) {
-  EXPECT_EQ(Printable("a\r\n\x7F"), "a<0D><0A><7F>");
-  EXPECT_EQ(Printable("Caff\xE8"), "Caffè");
-  EXPECT_EQ(Printable("Caffè"), "Caffè");
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ class RecordingProfileTest : public ::testing::Test {
     return profile.Load("a.ini")->Value("S", key).value_or("missing");
   }
 
-  /// Every key that was asked for, with its answer.
+  /// Every key that was read, with its answer.
   std::string Asked() const {
     std::string text;
     for (const auto& [value, missing] : profile.AllAsked()) {

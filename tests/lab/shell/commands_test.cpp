@@ -53,9 +53,9 @@ constexpr const char* kGreetPage =
     "  --language-of COUNTRY\n"
     "                        say it so\n"
     "                        that all understand\n"
-    "  --help                show this page and end\n"
+    "  --help                show this page and exit\n"
     "\n"
-    "Exit status:\n"
+    "Exit codes:\n"
     "  7  said\n"
     "  2  wrong usage\n"
     "\n"
@@ -88,14 +88,14 @@ TEST(Lab, ListsItsCommands) {
   EXPECT_EQ(lab.out.str(),
             "Usage: orvenza-lab COMMAND [OPTION...]\n"
             "\n"
-            "What an integrator of Orvenza needs besides the connector itself.\n"
+            "Tools for integrators of Orvenza, besides the connector itself.\n"
             "\n"
             "Commands:\n"
             "  greet                 say hello\n"
             "\n"
-            "  help COMMAND          all about a command; the same as COMMAND --help\n"
-            "  --version             show the version and end\n"
-            "  --help                show this page and end\n");
+            "  help COMMAND          describe a command; the same as COMMAND --help\n"
+            "  --version             show the version and exit\n"
+            "  --help                show this page and exit\n");
 }
 
 TEST(Lab, ShowsTheListAsAnErrorWhenNothingIsAsked) {

@@ -11,12 +11,12 @@
 
 namespace orvenza::test {
 
-/// A machine in order, of which a test changes what it is about.
+/// A machine without problems, which a test can change.
 class FakeMachine : public Machine {
  public:
-  std::set<std::string> readOnly;              ///< Paths that cannot be written to.
-  std::map<std::string, std::string> volumes;  ///< Of folders that are not on the volume "1".
-  std::map<std::string, std::uintmax_t> free;  ///< Of folders on a volume with less than 80 GB.
+  std::set<std::string> readOnly;              ///< Paths that are not writable.
+  std::map<std::string, std::string> volumes;  ///< For folders that are not on the volume "1".
+  std::map<std::string, std::uintmax_t> free;  ///< For folders on a volume with less than 80 GB.
   bool served = false;
   ControlRegistration control{ControlState::kUsable, "EcrLinkXControl1.EcrLinkX", "C:\\Link\\EcrLinkX.ocx"};
   std::optional<std::vector<int>> ports{{1, 3}};

@@ -12,12 +12,12 @@
 
 namespace orvenza::test {
 
-/// The lab at a console of texts, on files in memory.
+/// The lab with a text console, on files in memory.
 class LabBench {
  public:
   explicit LabBench(std::vector<Command> commands = Commands()) : commands_(std::move(commands)) {}
 
-  /// Carries out a command line; returns its exit status.
+  /// Runs a command line; returns its exit code.
   int Run(const std::vector<std::string>& words) { return RunLab(words, commands_, surroundings); }
 
   MemoryFiles files;

@@ -17,7 +17,7 @@
 
 namespace orvenza::test {
 
-/// An installation in C:\Orvenza at nine o'clock on 16 November 2026, in which everything is in order.
+/// An installation without problems in C:\Orvenza at nine o'clock on 16 November 2026.
 class ShopBench : public ::testing::Test {
  protected:
   static constexpr LocalTime kYesterday{2026, 11, 15, 8, 0, 0};
@@ -35,7 +35,7 @@ class ShopBench : public ::testing::Test {
 
   static std::string At(const std::string& relative) { return std::string(kApp) + "\\" + relative; }
 
-  /// Changes a text of the settings file; `to` "" removes the line that `from` stands in.
+  /// Replaces a text of the settings file; with an empty `to`, removes the line that contains `from`.
   void Edit(const std::string& from, const std::string& to) {
     std::string ini = *disk.Content(At("Orvenza.ini"));
     const std::size_t at = ini.find(from);
@@ -51,12 +51,12 @@ class ShopBench : public ::testing::Test {
     return Diagnose(LookAt(lab, {kApp, "Orvenza"}));
   }
 
-  /// What is not in order: "severity code: fact", a line each.
+  /// The findings except kOk, one per line as "severity code: fact".
   std::string Said() { return Text(false); }
-  /// What is.
+  /// The others.
   std::string InOrder() { return Text(true); }
 
-  /// What is said to be done about the first finding of a code.
+  /// The remedy of the first finding with a code.
   std::string Remedy(const std::string& code) {
     for (const Finding& finding : Find()) {
       if (finding.code == code) return finding.remedy;

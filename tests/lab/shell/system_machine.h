@@ -1,6 +1,6 @@
 #pragma once
 
-// The machine that the tests run on, under a name of its own.
+// The machine of the tests' operating system, under a common name.
 
 #include "support/system_seams.h"
 

@@ -11,6 +11,12 @@ TEST(Wording, CountsThings) {
   EXPECT_EQ(CountOf(2, "file"), "2 files");
 }
 
+TEST(Wording, JoinsNumbersToRanges) {
+  EXPECT_EQ(NumberRanges({}), "");
+  EXPECT_EQ(NumberRanges({7}), "7");
+  EXPECT_EQ(NumberRanges({0, 1, 2, 3, 5, 8, 9}), "0 to 3, 5, 8, 9");
+}
+
 TEST(Wording, GivesSizesInTheirUnits) {
   const struct {
     std::uintmax_t bytes;

@@ -1,4 +1,4 @@
-// The document says what the connector does: its table is made anew and compared.
+// The document shows what the connector does: its table is generated again and compared.
 
 #include <gtest/gtest.h>
 
@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "lab/table/failure_table.h"
+#include "lab/table/play_cases.h"
 #include "lab/table/table_rows.h"
 #include "lab/table/verdict.h"
 
@@ -16,11 +17,11 @@ namespace orvenza::test {
 namespace {
 
 std::string Document() {
-  std::ifstream file(ORVENZA_FAILURE_SCENARIOS, std::ios::binary);
+  std::ifstream file(ORVENZA_FAILURE_TABLE, std::ios::binary);
   std::ostringstream text;
   text << file.rdbuf();
   std::string content = text.str();
-  std::erase(content, '\r');  // A checkout may have added them.
+  std::erase(content, '\r');  // Checkouts may have added them.
   return content;
 }
 
@@ -29,7 +30,7 @@ std::string NameOf(const FaultCase& faultCase) {
 }
 
 /// A slow build tries less, and then cannot compare.
-std::vector<FaultCase> SettleAllAt(TableHour hour) {
+std::vector<FaultCase> PlayAllAt(TableHour hour) {
 #ifdef ORVENZA_THINNED_TABLE
   return PlayCases(TicketSteps(), TableExtent::kThinned, hour);
 #else
@@ -37,8 +38,8 @@ std::vector<FaultCase> SettleAllAt(TableHour hour) {
 #endif
 }
 
-/// A message that is closed counts as its "No" or "Riprova", so it must lead to the same end. Where the
-/// program was ended it matters at which dialog.
+/// Closing a message counts as its "No" or "Riprova", so it must lead to the same end. When the program is
+/// ended, it matters at which dialog.
 void ExpectOneEndForEachSeriesOfAnswers(const FaultCase& faultCase) {
   std::map<std::vector<Answer>, int> ends;
   for (const TicketEnd& end : faultCase.ends) {
@@ -58,14 +59,14 @@ void ExpectRule(const FaultCase& faultCase, std::set<std::string>& used) {
 
 TEST(FailureTableDocument, SaysHowThingsEnd) {
   const std::string document = Document();
-  const std::vector<FaultCase> byDay = SettleAllAt(TableHour::kDay);
-  const std::vector<FaultCase> atMidnight = SettleAllAt(TableHour::kMidnight);
+  const std::vector<FaultCase> byDay = PlayAllAt(TableHour::kDay);
+  const std::vector<FaultCase> atMidnight = PlayAllAt(TableHour::kMidnight);
   const auto placed = PlaceTable(document, FailureTable(byDay, atMidnight));
   ASSERT_TRUE(placed);
 #ifndef ORVENZA_THINNED_TABLE
   EXPECT_TRUE(*placed == document)
       << "Things end otherwise than the document says. If that is meant: orvenza-lab table --output "
-      << ORVENZA_FAILURE_SCENARIOS << ", and read the difference.";
+      << ORVENZA_FAILURE_TABLE << ", and read the difference.";
 #endif
   std::set<std::string> used;
   for (const auto* cases : {&byDay, &atMidnight}) {

@@ -23,7 +23,7 @@ FaultCase At(const std::string& step, StepFault fault, std::vector<TicketEnd> en
   return {{step, {}, {}, 1}, std::move(fault), std::move(ends)};
 }
 
-/// The rows of the table, without those above the first section.
+/// The table's rows, without those before the first section.
 std::string Sections(const std::vector<FaultCase>& cases) {
   const std::string table = FailureTable(cases);
   return table.substr(table.find("### "));

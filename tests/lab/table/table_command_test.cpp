@@ -7,14 +7,14 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A clock on which a moment passes with each look at it.
+/// A clock that moves on with each reading.
 struct RestlessClock : VirtualClock {
   std::chrono::nanoseconds Uptime() const override { return now += step; }
   std::chrono::nanoseconds step{};
   mutable std::chrono::nanoseconds now{};
 };
 
-/// A lab whose time passes.
+/// A lab with that clock.
 struct TableLab : LabBench {
   RestlessClock restless;
   LabSurroundings passing{files, folders, restless, machine, console, "home"};
@@ -40,7 +40,7 @@ TEST(TableCommand, TriesEveryCodeUnlessItIsThinned) {
   EXPECT_NE(lab.out.str().find("ERR01 to 16, ERR18 to 31"), std::string::npos);
 }
 
-TEST(TableCommand, TellsOnATerminalHowFarItIs) {
+TEST(TableCommand, ShowsItsProgressOnATerminal) {
   TableLab lab;
   lab.console.progress = true;
   lab.restless.step = 100ms;
@@ -54,14 +54,14 @@ TEST(TableCommand, TellsOnATerminalHowFarItIs) {
   EXPECT_TRUE(lab.files.Exists("C:\\table.md"));
 }
 
-TEST(TableCommand, TellsNothingWithinASecond) {
+TEST(TableCommand, ShowsNoProgressWithinASecond) {
   TableLab lab;
   lab.console.progress = true;
   EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "cash movement"}), 0);
   EXPECT_EQ(lab.err.str(), "");
 }
 
-TEST(TableCommand, TakesItsStepsAsTheyStandInTheTable) {
+TEST(TableCommand, TakesItsStepsByTheirNamesInTheTable) {
   TableLab lab;
   EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "Line without a separator; CASH MOVEMENT"}), 0);
   const std::string table = lab.out.str();
@@ -95,7 +95,7 @@ TEST(TableCommand, LeavesAFileAloneThatHasNoPlaceForATable) {
   TableLab lab;
   lab.files.Write("C:\\notes.md", "My notes.\n");
   EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "cash movement", "--output", "C:\\notes.md"}), 2);
-  EXPECT_EQ(lab.err.str(), "orvenza-lab table: C:\\notes.md exists and has no place for a table\n");
+  EXPECT_EQ(lab.err.str(), "orvenza-lab table: C:\\notes.md exists and has no marker lines for a table\n");
   EXPECT_EQ(ReadWhole(lab.files, "C:\\notes.md"), "My notes.\n");
 }
 

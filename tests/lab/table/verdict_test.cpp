@@ -54,7 +54,7 @@ TEST(TicketVerdict, AReceiptWithAnEarlierTicketsLinesIsOneTooMany) {
   EXPECT_EQ(VerdictOf(end), Verdict::kTwice);
 }
 
-TEST(TicketVerdict, ForbidsWhatNobodyChose) {
+TEST(TicketVerdict, ForbidsWhatTheOperatorDidNotChoose) {
   for (const Verdict verdict : {Verdict::kLost, Verdict::kTwice, Verdict::kHang}) {
     EXPECT_TRUE(IsForbidden(verdict));
   }
@@ -79,7 +79,7 @@ TEST(TicketVerdict, TakesEachLineOfTheErrorLogOnceAndWithoutWhatVaries) {
   EXPECT_EQ(ErrorLines({}), std::vector<std::string>{});
 }
 
-TEST(TicketVerdict, PutsOnlyForbiddenEndsDownToARule) {
+TEST(TicketVerdict, ExplainsOnlyForbiddenEndsByARule) {
   const TicketStep step{"item", "", "1003", 1};
   const StepFault fault{"link error 2", {"link-error 2"}, false, {}, {}};
   TicketEnd end = End({}, 0, 1, FileEnd::kHistoric);
@@ -89,7 +89,7 @@ TEST(TicketVerdict, PutsOnlyForbiddenEndsDownToARule) {
   EXPECT_EQ(RuleFor(step, fault, end), "");
 }
 
-TEST(TicketVerdict, PutsAClosureDownToItsReplyOnlyWhereTheTicketCountsAsPrinted) {
+TEST(TicketVerdict, ExplainsAClosureByItsReplyOnlyIfTheTicketCountsAsPrinted) {
   const TicketStep step{"fiscal closure", "", "3001", 1};
   const StepFault fault{"reply lost", {"lose-reply"}, false, {}, {}};
   TicketEnd end = End({}, 0, 0, FileEnd::kHistoric);
@@ -99,7 +99,7 @@ TEST(TicketVerdict, PutsAClosureDownToItsReplyOnlyWhereTheTicketCountsAsPrinted)
   EXPECT_EQ(RuleFor(step, fault, end), "");
 }
 
-TEST(TicketVerdict, PutsATicketThatAnAbsentRegisterGaveUpDownToItsRuleOnlyAtAClosure) {
+TEST(TicketVerdict, ExplainsATicketGivenUpForAnAbsentRegisterOnlyAtAClosure) {
   const StepFault fault{"register off (after its reply)", {"absent 3"}, false, {}, {}};
   TicketEnd end = End({}, 0, 0, FileEnd::kAbort);
   end.verdict = Verdict::kLost;

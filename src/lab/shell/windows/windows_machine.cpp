@@ -10,7 +10,6 @@
 #include "platform/system_error.h"
 #include "platform/windows/program_place.h"
 #include "platform/windows/unique_handle.h"
-#include "platform/windows/wide.h"
 #include "platform/windows/windows_paths.h"
 
 namespace orvenza {

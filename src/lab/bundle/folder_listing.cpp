@@ -1,4 +1,4 @@
-#include "lab/doctor/folder_listing.h"
+#include "lab/bundle/folder_listing.h"
 
 #include <algorithm>
 #include <tuple>

@@ -1,9 +1,10 @@
-#include "lab/table/fault_case.h"
+#include "lab/table/play_cases.h"
 
 #include <algorithm>
 #include <stdexcept>
 #include <utility>
 
+#include "lab/rehearsal/scenario_reader.h"
 #include "lab/table/case_run.h"
 #include "lab/table/verdict.h"
 
@@ -13,9 +14,9 @@ namespace {
 using namespace std::chrono_literals;
 
 const std::string kTickets = std::string(kRehearsalFolder) + "\\data\\";
-/// A run that takes longer goes on for ever: the longest series of waits takes minutes.
+/// A longer run is endless: the longest series of timeouts takes minutes.
 constexpr auto kForever = 30min;
-/// No wait for a reply takes as long.
+/// Longer than any timeout for a reply.
 constexpr auto kLongWait = 5min;
 
 /// The fault script's line for each effect.
@@ -28,7 +29,7 @@ std::string FaultLines(const TicketStep& step, const StepFault& fault) {
   return lines;
 }
 
-/// When the step's command is first sent, in a run without the fault.
+/// When the step's command is first sent in a run without the fault.
 std::chrono::milliseconds MomentOf(const TicketStep& step, const Scenario& scenario) {
   std::size_t count = 0;
   const CaseRun run(scenario, {}, 0);
@@ -50,7 +51,7 @@ Scenario ScenarioOf(const TicketStep& step, TableHour hour) {
   return scenario;
 }
 
-/// The slips of the ticket alone, in front of a register that fails in nothing.
+/// The slips of the ticket alone, with a register without faults.
 std::vector<Slip> SlipsExpected(const Scenario& scenario) {
   Scenario quiet = scenario;
   quiet.device.faults.clear();
@@ -68,14 +69,12 @@ FileEnd EndOf(const std::string& content, const RehearsalOutcome& outcome) {
   return FileEnd::kGone;
 }
 
-/// Whether nothing was sent for longer than any wait for a reply takes.
+/// Whether nothing was sent for longer than any timeout for a reply.
 bool WaitsForOneReply(const RehearsalOutcome& outcome) {
-  const auto last = std::find_if(outcome.events.rbegin(), outcome.events.rend(),
-                                 [](const RehearsalEvent& event) { return event.kind == "sent"; });
-  return last != outcome.events.rend() && last->at + kLongWait < kForever;
+  return !outcome.sent.empty() && outcome.lastSent + kLongWait < kForever;
 }
 
-/// What all faults at a step begin with.
+/// The start that all faults of a step have in common.
 struct Ground {
   Ground(const TicketStep& ofStep, TableHour hour)
       : step(ofStep),
@@ -89,7 +88,7 @@ struct Ground {
   std::chrono::milliseconds moment;  ///< When the step's command is sent.
 };
 
-/// Follows one fault at one step through all answers.
+/// Follows one fault of one step through all answers.
 class Exploration {
  public:
   Exploration(const Ground& ground, const StepFault& fault, std::size_t depth)
@@ -100,6 +99,7 @@ class Exploration {
       event.at = ground.moment + fault.delay;
       scenario_.events.insert(scenario_.events.begin(), event);
     }
+    scenario_.transcript = false;
     const FaultScript script = ParseFaultScript(ground.step.name, FaultLines(ground.step, fault));
     scenario_.device.faults.insert(scenario_.device.faults.end(), script.faults.begin(), script.faults.end());
   }

@@ -1,4 +1,4 @@
-#include "lab/rehearsal/scenario.h"
+#include "lab/rehearsal/scenario_reader.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ ScenarioEvent OnlyEvent(const std::string& text) {
   return scenario.events.empty() ? ScenarioEvent() : scenario.events.front();
 }
 
-/// What the message says of a text that is refused.
+/// The error message for an invalid text.
 std::string Refused(const std::string& text) {
   try {
     Parse(text);

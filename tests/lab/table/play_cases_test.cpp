@@ -1,4 +1,4 @@
-#include "lab/table/fault_case.h"
+#include "lab/table/play_cases.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ StepFault FaultWhile(const std::string& effect, EventKind meanwhile) {
   return {effect, {effect}, false, meanwhile, 500ms};
 }
 
-/// Paper: whole, other, mixed, earlier, voided, one left open.
+/// The fields of the paper are: whole, other, mixed, earlier, voided, open.
 TicketEnd End(std::vector<Answer> answers, CustomerPaper paper, FileEnd file, Verdict verdict, Log log) {
   return {std::move(answers), paper, file, verdict, {}, std::move(log)};
 }
@@ -36,7 +36,7 @@ constexpr const char* kReprintLog =
     "Risposta Operatore : Ristampare lo scontrino ( annullare automaticamente )";
 constexpr const char* kGiveUpLog = "Risposta Operatore : Abortire la stampa dello scontrino";
 
-TEST(FaultCase, TriesEveryAnswer) {
+TEST(PlayCase, TriesEveryAnswer) {
   const FaultCase played = PlayCase(kPayment, Fault("lose-reply"), 1);
   const CustomerPaper once{1, 0, 0, 0, 0, false};
   EXPECT_EQ(played.ends,
@@ -52,14 +52,14 @@ TEST(FaultCase, TriesEveryAnswer) {
             }));
 }
 
-TEST(FaultCase, GoesForwardBelowItsDepth) {
+TEST(PlayCase, GoesForwardBelowItsDepth) {
   const FaultCase played = PlayCase(kPayment, Fault("silence"), 0);
   EXPECT_EQ(played.ends,
             (std::vector<TicketEnd>{End({Answer::kGiveUp}, {0, 0, 0, 0, 0, true}, FileEnd::kAbort,
                                         Verdict::kLostByChoice, {kNoReply, kGiveUpLog})}));
 }
 
-TEST(FaultCase, LooksFurtherWhereADialogFollowsAnother) {
+TEST(PlayCase, LooksFurtherWhereADialogFollowsAnother) {
   const FaultCase played = PlayCase(kPayment, Fault("lose-reply"), 2);
   const auto ends = [&](std::vector<Answer> answers) {
     return std::count_if(played.ends.begin(), played.ends.end(),
@@ -72,7 +72,7 @@ TEST(FaultCase, LooksFurtherWhereADialogFollowsAnother) {
   EXPECT_EQ(played.ends.size(), 9u);
 }
 
-TEST(FaultCase, StartsTheProgramAgainAfterItsEnd) {
+TEST(PlayCase, StartsTheProgramAgainAfterItsEnd) {
   const FaultCase played = PlayCase(kItem, FaultWhile("lose-reply", EventKind::kMenu), 1);
   const auto left = std::find_if(played.ends.begin(), played.ends.end(), [](const TicketEnd& end) {
     return end.answers == std::vector<Answer>{Answer::kEndProgram};
@@ -82,7 +82,7 @@ TEST(FaultCase, StartsTheProgramAgainAfterItsEnd) {
   EXPECT_EQ(left->verdict, Verdict::kFine);
 }
 
-TEST(FaultCase, StartsTheProgramAgainAfterAPowerCut) {
+TEST(PlayCase, StartsTheProgramAgainAfterAPowerCut) {
   const FaultCase before = PlayCase(kPayment, FaultWhile("silence", EventKind::kPowerFails), 0);
   ASSERT_EQ(before.ends.size(), 1u);
   EXPECT_EQ(before.ends[0].paper, (CustomerPaper{1, 0, 0, 0, 1, false}));
@@ -94,7 +94,7 @@ TEST(FaultCase, StartsTheProgramAgainAfterAPowerCut) {
   EXPECT_TRUE(after.ends[0].reason.starts_with("A ticket found in the in-process folder"));
 }
 
-TEST(FaultCase, CountsEndlessQuestionsAsAskingOn) {
+TEST(PlayCase, CountsEndlessQuestionsAsAskingOn) {
   StepFault fault = Fault("reply ERR02");
   fault.eachTime = true;
   const FaultCase played = PlayCase(kItem, fault, 0);
@@ -104,7 +104,7 @@ TEST(FaultCase, CountsEndlessQuestionsAsAskingOn) {
   EXPECT_EQ(played.ends[0].file, FileEnd::kWaiting);
 }
 
-TEST(FaultCase, CountsEndlessWaitingAsHanging) {
+TEST(PlayCase, CountsEndlessWaitingAsHanging) {
   const TicketStep restart{"restart", "register on 1004 paper-out receipt\n" + kItem.scenario, "1149", 1};
   const FaultCase played = PlayCase(restart, Fault("silence"), 0);
   ASSERT_EQ(played.ends.size(), 1u);
@@ -112,13 +112,13 @@ TEST(FaultCase, CountsEndlessWaitingAsHanging) {
   EXPECT_EQ(played.ends[0].file, FileEnd::kWaiting);
 }
 
-TEST(FaultCase, TellsAWaitForOneReplyFromEndlessTries) {
+TEST(PlayCase, TellsAWaitForOneReplyFromEndlessTries) {
   const TicketStep restart{"restart", "register on 1004 paper-out receipt\n" + kItem.scenario, "1149", 1};
   EXPECT_FALSE(PlayCase(restart, Fault("silence"), 0).ends.at(0).waits);
   EXPECT_TRUE(PlayCase(kItem, Fault("silence"), 0, TableHour::kMidnight).ends.at(0).waits);
 }
 
-TEST(FaultCase, WaitsAtMidnightUntilAReplyOrTheEndOfTheProgram) {
+TEST(PlayCase, WaitsAtMidnightUntilAReplyOrTheEndOfTheProgram) {
   const FaultCase lost = PlayCase(kItem, Fault("lose-reply"), 2, TableHour::kMidnight);
   ASSERT_EQ(lost.ends.size(), 1u);
   EXPECT_EQ(lost.ends[0].verdict, Verdict::kHang);
@@ -134,11 +134,11 @@ TEST(FaultCase, WaitsAtMidnightUntilAReplyOrTheEndOfTheProgram) {
   EXPECT_EQ(ended.ends[1].verdict, Verdict::kInDoubt);
 }
 
-TEST(FaultCase, RefusesAStepThatIsNeverReached) {
+TEST(PlayCase, RefusesAStepThatIsNeverReached) {
   const TicketStep never{"never", kItem.scenario, "1036", 2};
   try {
     PlayCase(never, Fault("silence"));
-    FAIL() << "it was settled";
+    FAIL() << "the case was played";
   } catch (const std::invalid_argument& error) {
     EXPECT_STREQ(error.what(), "the scenario of \"never\" never sends 1036 #2");
   }

@@ -1,4 +1,4 @@
-#include "lab/rehearsal/scenario.h"
+#include "lab/rehearsal/scenario_reader.h"
 
 #include <algorithm>
 #include <charconv>
@@ -8,8 +8,8 @@
 
 #include "core/arguments.h"
 #include "core/text.h"
-#include "lab/rehearsal/disk_watch.h"
 #include "lab/rehearsal/scenario_events.h"
+#include "lab/rehearsal/transcript_text.h"
 #include "lab/settings/known_settings.h"
 #include "simulator/script_line.h"
 
@@ -25,7 +25,7 @@ constexpr std::string_view kEventExpected =
 
 constexpr const char* kEitherSettings = "either \"settings none\" or \"setting\" lines";
 
-/// Refuses what the connector never reads: the scenario would try the default.
+/// Refuses settings that the connector never reads: the scenario would test the default.
 void CheckSetting(const ScriptLine& line, const ScenarioSetting& setting) {
   static const KnownSettings known;
   if (!known.HasSection(setting.section)) {
@@ -66,7 +66,7 @@ ScenarioAnswer ReadAnswer(ScriptLine& line) {
   return answer;
 }
 
-/// The last word of `text`, which goes from it.
+/// Removes and returns the last word of `text`.
 std::string_view TakeLastWord(std::string_view& text) {
   const std::size_t blank = text.find_last_of(" \t") + 1;  // npos + 1 is 0.
   const std::string_view word = text.substr(blank);
@@ -110,12 +110,12 @@ Expectation ReadExpectation(ScriptLine& line) {
   return expected;
 }
 
-/// How many hexadecimal digits `text` begins with.
+/// Number of hexadecimal digits at the start of `text`.
 std::size_t HexDigits(std::string_view text) {
   return std::min(text.find_first_not_of("0123456789ABCDEFabcdef"), text.size());
 }
 
-/// The bytes of a line of content: the characters in Windows-1252, "<7F>" for the byte 7F.
+/// The bytes of a line of content: characters in Windows-1252, "<7F>" for the byte 7F.
 std::string ContentBytes(const ScriptLine& line, std::string_view text) {
   std::string bytes;
   while (!text.empty()) {
@@ -139,14 +139,14 @@ std::string ContentBytes(const ScriptLine& line, std::string_view text) {
   return bytes;
 }
 
-/// Takes the first line off `text`.
+/// Removes and returns the first line of `text`.
 std::string_view TakeLine(std::string_view& text) {
   const std::string_view line = text.substr(0, text.find('\n'));
   text.remove_prefix(std::min(line.size() + 1, text.size()));
   return line;
 }
 
-/// Bytes in another encoding would be taken for other characters, which nothing ever fits.
+/// Bytes in another encoding would be read as other characters, which would never match.
 void CheckEncoding(const std::string& name, std::string_view text) {
   const bool wide = text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
   for (std::size_t number = 1; !text.empty(); ++number) {
@@ -156,7 +156,7 @@ void CheckEncoding(const std::string& name, std::string_view text) {
   }
 }
 
-/// Reads a scenario line by line.
+/// Parses a scenario line by line.
 class ScenarioReader {
  public:
   explicit ScenarioReader(const std::string& name) : name_(name) {}
@@ -245,12 +245,12 @@ class ScenarioReader {
     scenario_.settings.push_back(std::move(setting));
   }
 
-  /// What is said twice would be so only as it was said last.
+  /// Refuses repetitions, of which only the last would have an effect.
   static void WantOnce(const ScriptLine& line, std::string_view word, std::set<std::string>& said) {
     if (!said.insert(ToUpperAscii(word)).second) line.Refuse("\"" + std::string(word) + "\" only once");
   }
 
-  /// Its line of the simulator's script keeps its number.
+  /// The line keeps its number in the simulator's script.
   void ReadRegister(ScriptLine& line) {
     if (line.AtEnd() || line.Skip("paper"))
       line.Refuse("a line of the simulator's script, without \"paper\"");
@@ -262,7 +262,7 @@ class ScenarioReader {
   std::string device_;
   std::set<std::string> wordsSaid_;
   std::set<std::string> filesSaid_;
-  bool fileOpen_ = false;  ///< Lines that follow are those of the last file.
+  bool fileOpen_ = false;  ///< The next content lines belong to the last file.
 };
 
 }  // namespace

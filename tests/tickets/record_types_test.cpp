@@ -1,11 +1,36 @@
-#include "tickets/translation.h"
+#include "tickets/record_types.h"
 
 #include <string>
+#include <string_view>
 
 #include "tickets/translation_world.h"
 
 namespace orvenza::test {
 namespace {
+
+/// The types with a role, with a blank between them.
+std::string TypesWith(bool RecordRoles::*role) {
+  std::string types;
+  for (const RecordType& row : RecordTypes()) {
+    if (!HasRole(row.type, role)) continue;
+    types.append(types.empty() ? "" : " ").append(row.type);
+  }
+  return types;
+}
+
+TEST(RecordRoles, AreThoseOfTheTypes) {
+  EXPECT_EQ(TypesWith(&RecordRoles::closesTicket), "2 4 5 15");
+  EXPECT_EQ(TypesWith(&RecordRoles::followsClosing), "14");
+  EXPECT_EQ(TypesWith(&RecordRoles::endsReceipt), "2 4 5 14 15 31");
+  EXPECT_EQ(TypesWith(&RecordRoles::completes), "2 5 14 15 31 34 35");
+  EXPECT_EQ(TypesWith(&RecordRoles::reports), "21 22 32");
+}
+
+TEST(RecordRoles, AreNoneOfOtherTexts) {
+  for (const char* type : {"", "02", " 2", "2 ", "x", "999"}) {
+    EXPECT_FALSE(HasRole(type, &RecordRoles::closesTicket)) << type;
+  }
+}
 
 TEST_F(TranslationTest, Type0) {
   EXPECT_EQ(Translate("0;5;"), "105105");
@@ -15,8 +40,9 @@ TEST_F(TranslationTest, Type0) {
 TEST_F(TranslationTest, AnEmptyTypeIsType0) { EXPECT_EQ(Translate(";5;"), "105105"); }
 
 TEST_F(TranslationTest, UnknownTypesAreInvalid) {
-  for (const char* type : {"10", "11", "12", "13", "16", "18", "19", "44", "99", "100", "-1", "x", "A"}) {
+  for (const char* type : {"999", "-1", "x", "A"}) {
     EXPECT_EQ(Translate(std::string(type) + ";1;1;1;1;1;1;1;1;"), "") << type;
+    EXPECT_EQ(FindRecordType(type), nullptr) << type;
   }
 }
 

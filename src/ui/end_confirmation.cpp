@@ -1,4 +1,4 @@
-#include "device/end_confirmation.h"
+#include "ui/end_confirmation.h"
 
 #include "core/catalogue.h"
 #include "core/text.h"

@@ -1,4 +1,4 @@
-#include "ui/wrong_path.h"
+#include "ui/path_reports.h"
 
 #include "core/catalogue.h"
 #include "core/own_texts.h"

@@ -6,6 +6,6 @@ namespace orvenza {
 
 /// Asks whether the program is really to end, since no receipt can be printed any more. True only for a clear
 /// yes.
-bool ConfirmEnd(OperatorMessages& messages, MessageIcon icon);
+[[nodiscard]] bool ConfirmEnd(OperatorMessages& messages, MessageIcon icon);
 
 }  // namespace orvenza

@@ -1,4 +1,4 @@
-#include "ui/windows/parent_console.h"
+#include "platform/windows/parent_console.h"
 
 #include <windows.h>
 
