@@ -62,14 +62,14 @@ class WholeSlices : public EventPump {
   EventPump& real_;
 };
 
-/// The times of a bench beyond the line's time, in seconds.
+/// Reports a bench's times beyond the line's time, in seconds.
 void Report(benchmark::State& state, std::vector<double> own) {
   std::sort(own.begin(), own.end());
   state.counters["own_median_us"] = own[own.size() / 2] * 1e6;
   state.counters["own_p99_us"] = own[own.size() * 99 / 100] * 1e6;
 }
 
-/// A sleep as long as the line's time: what the system itself adds to it.
+/// A sleep as long as the line's time, which shows the overshoot of the system itself.
 void BareSleep(benchmark::State& state) {
   const PosixClock clock;
   const timespec whole{0, static_cast<long>(std::chrono::nanoseconds(kLineTime).count())};

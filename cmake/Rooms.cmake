@@ -2,7 +2,7 @@
 
 add_library(orvenza_options INTERFACE)
 if(MSVC)
-  # 4062: an enumerator that a switch without default does not handle; -Wall includes this elsewhere.
+  # 4062 is an enumerator not handled by a switch without default; elsewhere -Wall includes it.
   target_compile_options(orvenza_options INTERFACE /W4 /WX /we4062 /utf-8 /permissive-)
   # No warnings about standard functions such as std::getenv.
   target_compile_definitions(orvenza_options INTERFACE _CRT_SECURE_NO_WARNINGS)

@@ -51,7 +51,7 @@ awk '
     sub(/\.(h|cpp)$/, "", path)
     return path
   }
-  # What stands between the marks of an include line.
+  # The text between the marks of an include line.
   function included(line, marks) {
     sub("^[^" marks "]*[" marks "]", "", line)
     sub("[" marks "].*", "", line)

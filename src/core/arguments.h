@@ -29,7 +29,7 @@ struct Arguments {
   std::optional<std::string> Value(const std::string& name) const;
 };
 
-/// Reads "--name VALUE" and "--name=VALUE". A lone "-" is a word like others, and after "--" all are.
+/// Parses "--name VALUE" and "--name=VALUE". A lone "-" is an ordinary argument, as is everything after "--".
 [[nodiscard]] Arguments ReadArguments(const std::vector<std::string>& words,
                                       const std::vector<Option>& options);
 

@@ -99,7 +99,7 @@ constexpr MessageId EcrErrorMessage(int code) { return MessageId{500 + code}; }
 
 constexpr int NumberOf(MessageId id) { return static_cast<int>(id); }
 
-/// The connector's own text of message `id`, in UTF-8. Empty for a number that has none. Never fails.
+/// The connector's own text of message `id`, in UTF-8; empty for an unknown number. Never fails.
 [[nodiscard]] std::string LoadMessage(MessageId id);
 
 }  // namespace orvenza

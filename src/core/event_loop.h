@@ -34,10 +34,10 @@ class EventLoop {
   /// Sleeps until an event arrives, at most one slice. Never throws ProgramEnd.
   void Slice() { pump_.WaitForEvent(kSlice); }
 
-  /// To be called before Slice by a wait that only an event or the uptime `until` can end.
+  /// Called before Slice by a wait that ends only with an event or at the uptime `until`.
   void SkipIdle(std::chrono::nanoseconds until) { pump_.SkipIdle(kSlice, until); }
 
-  /// Delivers what waits, without sleeping. Never throws ProgramEnd.
+  /// Delivers the waiting events without sleeping. Never throws ProgramEnd.
   void Dispatch() { pump_.Dispatch(); }
 
   /// Waits the whole `duration`. Never throws ProgramEnd.

@@ -5,9 +5,9 @@
 
 namespace orvenza {
 
-/// One spelling of a folder's path, to compare it with others: capitals, a "\" behind each level, no empty
-/// level, no "." and no ".." behind a name. It begins with ".\" where it counts from the folder that the
-/// program is started in. A link, and another drive letter for the same place, stay other texts.
+/// Normalises a folder's path for comparisons: capitals, a "\" after each level, no empty level, no "." and
+/// no ".." after a name. A relative path begins with ".\". Links and several drive letters for the same place
+/// are not resolved.
 [[nodiscard]] std::string NormalisedFolder(const std::string& folder);
 
 /// The last level of a path: everything after its last "\".

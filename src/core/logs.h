@@ -13,18 +13,18 @@
 
 namespace orvenza {
 
-/// Where the logs lie: a part of the settings.
+/// Paths of the logs, part of the settings.
 struct LogPaths {
   std::string LogPath;  ///< Empty until the settings are read.
   std::string ErrPath;  ///< Empty until the settings are read or the first error is written.
 };
 
-/// The two logs of the program folder: `Log.txt` (activity) and `Err.txt` (errors). Every line is on its
-/// way to the disk when a call returns; no call ever fails. As long as they have no paths, lines go to the
-/// fallback files.
+/// The two logs in the program folder: `Log.txt` (activity) and `Err.txt` (errors). On return every line is
+/// with the operating system; no call ever fails. As long as the paths are empty, lines go to the fallback
+/// files.
 class Logs {
  public:
-  /// Size in bytes above which a log is moved to its "Bak" copy before the next line.
+  /// The "Bak" copy of the log `path`, whatever its extension.
   static constexpr std::uintmax_t kRotationSize = 250000;
 
   /// Files in the program folder for lines that cannot be written to the logs.
@@ -48,8 +48,8 @@ class Logs {
   /// Writes `label`, `number`, " - " and `description` to the error log, the format of every trapped failure.
   void WrFailure(std::string_view label, int number, std::string_view description);
 
-  /// Runs one step of a procedure inside its error trap. Returns the line of its failure, which has not been
-  /// written; nothing when the step ran to its end. ProgramEnd passes.
+  /// Runs one step of a procedure in its trap. Empty when the step succeeded, otherwise the line for its
+  /// failure, which is not written. ProgramEnd passes through.
   [[nodiscard]] static std::optional<std::string> FailureOf(std::string_view label,
                                                             const std::function<void()>& step);
 
@@ -66,7 +66,6 @@ class Logs {
     return value;
   }
 
-  /// The clock of the stamps.
   const Clock& StampClock() const { return clock_; }
 
   /// The logs and their fallback files, with their "Bak" copies. Some may not exist.

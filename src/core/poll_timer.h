@@ -33,8 +33,8 @@ class PollTimer {
   std::chrono::nanoseconds due_{};
 };
 
-/// Switches polling off for its lifetime and then restores what was: a dialog opened in the middle of a tick
-/// must not switch polling on.
+/// Disables polling for its lifetime and then restores the previous state: a dialog opened in the middle of a
+/// tick must not enable polling.
 class [[nodiscard]] PollingPause {
  public:
   explicit PollingPause(PollTimer& timer) : timer_(timer), wasEnabled_(timer.Enabled()) {

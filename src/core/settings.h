@@ -11,8 +11,7 @@
 
 namespace orvenza {
 
-/// The settings record: filled once at start-up. Only the port dialog changes it later (the two serial
-/// values).
+/// The settings, filled once at start-up. Later only the port dialog changes them (the two serial values).
 struct AppSettings : LogPaths {
   std::string TicketFilesSpec;  ///< Folder and mask of the incoming tickets, as read.
   std::string TicketFolder;     ///< The part up to and including the last "\"; empty when there is none.
@@ -61,8 +60,8 @@ inline constexpr int kPorts = 16;                 ///< Ports are numbered from 1
 inline constexpr std::size_t kLongestValue = 99;  ///< Longer values are cut to this many characters.
 }  // namespace setting
 
-/// One value of a settings file in UTF-8 (bytes that are not are read as Windows-1252), at most its first
-/// `kLongestValue` characters; `fallback` where it is missing.
+/// One value of a settings file in UTF-8 (other bytes are read as Windows-1252), cut to `kLongestValue`
+/// characters; `fallback` if it is missing.
 [[nodiscard]] std::string ReadProfileValue(const ProfileContent& content, const std::string& section,
                                            const std::string& key, const std::string& fallback = {});
 
@@ -77,10 +76,9 @@ class SettingsFile {
   /// Writes every key with its default, all or nothing. Throws SystemError.
   void WriteDefaultIni();
 
-  /// Brings the file to the current layout, calling `stepDone` after each step, and sets `IniUpgradeDone`.
-  /// Returns false for an unknown version, which has then been written to the error log. A file that cannot
-  /// be written is used as it stands, after a line in the error log. Throws SystemError when the file cannot
-  /// be read.
+  /// Upgrades the file to the current version, calling `stepDone` after each step, and sets `IniUpgradeDone`.
+  /// Returns false for an unknown version, after a line in the error log. A file that cannot be written is
+  /// used as it is, after a line in the error log. Throws SystemError when the file cannot be read.
   [[nodiscard]] bool UpgradeIni(AppSettings& settings, const std::function<void()>& stepDone);
 
   /// Fills `settings` from the file, read as a whole, and repairs a wrong port number or separator, in the

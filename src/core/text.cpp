@@ -152,7 +152,7 @@ std::string FromWindows1252(std::string_view bytes) {
 }
 
 char FirstInWindows1252(std::string_view text) {
-  // ASCII stands for itself.
+  // ASCII is unchanged.
   if (!text.empty() && static_cast<unsigned char>(text[0]) < 128) return text[0];
   for (int code = 128; code < 256; ++code) {
     const char byte = static_cast<char>(code);

@@ -13,12 +13,12 @@ using namespace std::chrono_literals;
 constexpr int kStatusTries = 10;
 constexpr int kCommandTries = 4;
 constexpr int kVoidTries = 3;
-/// Accepted voids in a row that leave the receipt open all the same, before the operator is asked.
+/// Number of consecutive accepted voids without effect before the operator is asked.
 constexpr int kVainVoids = 10;
 constexpr const char* kStatusCommand = "321701";
 constexpr const char* kNoError = "00";
 
-/// The payment of nothing that closes a receipt. `data` is the register's last error code.
+/// The payment of zero that closes a receipt. `data` is the register's last error code.
 std::string ClosingPayment(const std::string& data) { return "1036" + data + "000000000"; }
 
 }  // namespace
@@ -121,7 +121,7 @@ void CashDialogues::CloseReceiptLeftOpen() {
 bool CashDialogues::VoidInterruptedReceipt() {
   if (!QueryCashStatus().receiptOpen) return false;
   logs_.WrErr(LoadMessage(MessageId::kResumedAfterPaperOut));
-  // A receipt that could not be voided is still open when the ticket starts again, and is dealt with there.
+  // A receipt that could not be voided is still open when the ticket starts again, and is handled there.
   if (!InvioVOID().IsError()) loop_.Pause(300ms);
   return true;
 }

@@ -11,14 +11,14 @@
 
 namespace orvenza {
 
-/// What the register says of a receipt.
+/// The result of a status query.
 struct CashStatus {
-  bool receiptOpen = false;  ///< False also where the status could not be read.
-  Reply unread;              ///< The last reply, where the status could not be read; otherwise silence.
+  bool receiptOpen = false;  ///< Also false if the status could not be read.
+  Reply unread;              ///< The last reply if the status could not be read; otherwise silence.
 };
 
-/// The fixed dialogues with the register. Each waits, without limit, for the register to be ready
-/// before every transmission, and reports its failure in the error log alone.
+/// The fixed dialogues with the register. Each waits without limit for the register to be ready before every
+/// transmission, and reports failures only in the error log.
 class CashDialogues {
  public:
   CashDialogues(DeviceLink& link, const AppSettings& settings, Logs& logs, OperatorMessages& messages,
@@ -30,22 +30,22 @@ class CashDialogues {
         loop_(loop),
         clockCorrection_(clockCorrection) {}
 
-  /// Asks for the register's status, up to ten times. A status read without a receipt open is followed by the
-  /// correction of the PC clock, where that is switched on.
+  /// Queries the register's status, up to ten times. If no receipt is open, the correction of the PC's clock
+  /// follows, if enabled.
   [[nodiscard]] CashStatus QueryCashStatus();
 
   /// Restarts printing after paper-out and waits until the register answers a status query again.
   void InvioRIAVVIO();
 
-  /// Voids the whole receipt in progress, or has the operator decide to close it where it cannot be voided.
-  /// Returns the last reply; silence also where the register has no receipt open, or it is left open.
+  /// Voids the whole receipt in progress. If that fails, lets the operator decide whether to close it.
+  /// Returns the last reply; silence if no receipt is open or it stays open.
   Reply InvioVOID();
 
-  /// Voids a receipt left open, if there is one, until the register has none: after some tries the operator
-  /// may have it closed by a payment instead. Throws ProgramEnd, between any two tries.
+  /// Voids a receipt left open, if any, until the register has none. After some attempts the operator may
+  /// have it closed by a payment instead. Throws ProgramEnd between two attempts.
   void CloseReceiptLeftOpen();
 
-  /// Voids the receipt in which the register broke off, if it is still open. Returns whether it was.
+  /// Voids the receipt that the register interrupted, if it is still open. Returns whether it was.
   [[nodiscard]] bool VoidInterruptedReceipt();
 
  private:

@@ -15,12 +15,12 @@ class ClockCorrection {
   ClockCorrection(Clock& clock, const AppSettings& settings, Logs& logs)
       : clock_(clock), settings_(settings), logs_(logs) {}
 
-  /// Sets the PC clock when it differs too much from `reply`, the register's answer to the clock query (hours
-  /// and minutes at characters 11 to 14). Does nothing near midnight or for a reply of another form. A
-  /// refusal by the system is written to the error log once.
+  /// Sets the PC's clock if it differs too much from `reply`, the register's answer to the clock query (hours
+  /// and minutes at characters 11 to 14). Has no effect near midnight or for a malformed reply. A refusal by
+  /// the system is logged once in the error log.
   void Correct(std::string_view reply);
 
-  /// How often the PC clock was set.
+  /// How often the PC's clock was set.
   std::size_t Corrections() const { return corrections_; }
 
  private:

@@ -17,9 +17,9 @@ constexpr const char* kFailureLabel = "EcrLinkX1 - ";
 constexpr int kPresenceReads = 3;
 constexpr std::size_t kCodeLength = 4;
 constexpr double kSecondsPerDay = 86400;
-/// Longest time that the end of the program waits for a reply.
+/// Longest time, in seconds, that the end of the program waits for a reply.
 constexpr auto kLongestHold = 60s;
-/// A delivery that takes longer was a loop of its own, such as an open menu, behind which a reply may wait.
+/// A longer delivery was a loop of its own, such as an open menu, which may have held up a reply.
 constexpr auto kLongDelivery = 100ms;
 /// Minimum remaining wait after such a delivery.
 constexpr auto kAfterLongDelivery = 1s;
@@ -119,7 +119,7 @@ bool DeviceLink::Present() {
   // Events are delivered before the check, not after it: a menu's dialog may be open for long, and the
   // register must be present when the command is sent. Also, a late reply must not be taken for the next one.
   loop_.Dispatch();
-  // A control that fails here is opened anew, which also replaces one that has died.
+  // A failing control is reopened, which also replaces one that has died.
   const auto present = logs_.Attempt(kFailureLabel, [&] { return control_.DevicePresent(); });
   if (!present) reapply_ = true;
   return present.value_or(false);
@@ -184,8 +184,8 @@ bool DeviceLink::WaitReply(double replyWait, std::string_view code) {
   const auto ordinary =
       std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::duration<double>(replyWait));
   const auto deadline = clock_.Uptime() + ordinary;
-  // The end of the program is held back while the register may still answer, so that no command is left in
-  // doubt.
+  // The end of the program is delayed while the register may still answer, so that the fate of a command is
+  // known.
   const auto held = clock_.Uptime() + std::min<std::chrono::nanoseconds>(ordinary, kLongestHold);
   auto grace = clock_.Uptime();
   for (auto last = grace;; loop_.Slice()) {

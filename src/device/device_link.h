@@ -14,11 +14,10 @@
 
 namespace orvenza {
 
-/// The link to the register: opening it, and the single exchange of a command for a reply. A failure of the
-/// control itself is written to the error log and then counts as an absent register or a command without
-/// reply; a property that it refuses keeps the control's own value. Whether an opening succeeded is read from
-/// the control alone, also after a step of it that failed; only one that cannot be created is asked no
-/// further.
+/// The link to the register: opening it, and exchanging a command for a reply. A failure of the control
+/// itself goes to the error log and then counts as an absent register or a command without reply. If the
+/// control refuses a property, it keeps its own value. Whether the port is open is read only from the
+/// control, even after a failed step; only a control that cannot be created is not asked any further.
 class DeviceLink : private EcrLinkEvents {
  public:
   /// Timeout for the reply to an ordinary command, in seconds.
@@ -30,16 +29,16 @@ class DeviceLink : private EcrLinkEvents {
   DeviceLink(const DeviceLink&) = delete;
   DeviceLink& operator=(const DeviceLink&) = delete;
 
-  /// Configures and opens the port, asking the operator again and again until it opens. `endOfTextWait` in
-  /// milliseconds. Throws ProgramEnd when the operator gives up.
+  /// Configures and opens the port, asking the operator until it opens. `endOfTextWait` in milliseconds.
+  /// Throws ProgramEnd when the operator gives up.
   void OpenDeviceLink(int endOfTextWait);
 
   void ClosePort();
 
-  /// Closes the port, waits 100 ms and opens the link again, with the ordinary end-of-text wait.
+  /// Closes the port, waits 100 ms and opens the link again with the ordinary end-of-text timeout.
   void Reopen();
 
-  /// The same for a long-running command, with the long end-of-text wait.
+  /// The same with the long end-of-text timeout, for a long-running command.
   void ReopenForLongCommand();
 
   /// Closes the port for 1000 ms and opens it again unchanged.
@@ -56,23 +55,23 @@ class DeviceLink : private EcrLinkEvents {
   /// The serial settings have changed: the link is reopened as soon as no command is in progress.
   void ReapplySettings() { reapply_ = true; }
 
-  /// Opens the link anew if that is wanted, as it was. To be called when no command is under way.
+  /// Reopens the link unchanged if requested. Call it only while no command is in progress.
   void ApplyChangedSettings();
 
   /// Waits without limit until the register is ready.
   void AwaitDevice();
 
-  /// Sends a command, once the register is ready, and waits for its reply.
+  /// Sends a command once the register is ready, and waits for its reply.
   Reply Exchange(const std::string& command, double replyWait = kReplyWait);
 
-  /// Exchange without waiting for the register to be ready: to be called right after a look or a wait, so
-  /// that no event, such as a late reply, is left to be delivered.
+  /// Exchange without waiting for the register to be ready. Call it right after a check or a wait, so that no
+  /// event, such as a late reply, is left to be delivered.
   Reply Transmit(const std::string& command, double replyWait = kReplyWait);
 
-  /// Transmit with the wait for a long-running command.
+  /// Transmit with the timeout for a long-running command.
   Reply TransmitLong(const std::string& command);
 
-  /// The reply that has come since the last exchange ended, once; `reply` where none has.
+  /// A reply that arrived after the last exchange, returned only once; otherwise `reply`.
   [[nodiscard]] Reply LatestReply(const Reply& reply);
 
  private:
@@ -105,17 +104,17 @@ class DeviceLink : private EcrLinkEvents {
   const Clock& clock_;
   int endOfTextWait_ = 0;
   bool reapply_ = false;
-  std::string ReplyText;           ///< The last reply: as it was delivered, or empty (none, or taken).
-  bool ReplyArrived = false;       ///< Set by the control's events, cleared before each transmission.
-  std::string code_;               ///< The last command's code.
-  bool waiting_ = false;           ///< A command is under way.
+  std::string ReplyText;      ///< The last reply as delivered; empty if there is none or it has been taken.
+  bool ReplyArrived = false;  ///< Set by the control's events, cleared before each transmission.
+  std::string code_;          ///< The last command's code.
+  bool waiting_ = false;      ///< A command is in progress.
   bool endBeforeSending_ = false;  ///< See EndBeforeSending.
   std::set<std::string, std::less<>>
       unanswered_;  ///< Codes of commands given up whose replies may still arrive.
 };
 
-/// While one lives, DeviceLink::AwaitDevice throws ProgramEnd once the end of the program is asked for, also
-/// where the register is ready: no further command goes out.
+/// During its lifetime DeviceLink::AwaitDevice throws ProgramEnd once the end of the program is requested,
+/// even if the register is ready: no further command is sent.
 class [[nodiscard]] EndBeforeSending {
  public:
   explicit EndBeforeSending(DeviceLink& link) : link_(link) { link_.endBeforeSending_ = true; }

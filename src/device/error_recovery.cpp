@@ -12,7 +12,7 @@ namespace {
 
 /// Longest part of a ticket line shown in a dialog.
 constexpr std::size_t kShownLine = 60;
-/// `OperatorChoice` for the first of the options.
+/// The value of `OperatorChoice` for the first option.
 constexpr int kFirstOption = 2;
 
 }  // namespace
@@ -69,7 +69,7 @@ ChoiceContent ErrorRecovery::DescribeError(const Reply& reply, const std::string
 }
 
 std::string ErrorRecovery::TableText(std::string_view code) {
-  // A code outside the table is an error of its own in the log; the operator decides about it all the same.
+  // A code outside the table is reported as an error of its own in the log; the operator still decides.
   const auto find = [&] { return texts_.EcrErrorText(LeadingInteger(code)); };
   return logs_.Attempt("DecodeDeviceError - ", find).value_or("");
 }

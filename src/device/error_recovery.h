@@ -9,19 +9,19 @@
 
 namespace orvenza {
 
-/// What follows from an error reply, by the operator's answer.
+/// The consequence of an error reply, chosen by the operator.
 enum class Decision {
   kNothing,  ///< Not an error, or the receipt was voided at once.
-  kGoOn,     ///< Paper-out restart sent, or the form closed without a choice.
+  kGoOn,     ///< Paper-out restart sent, or the dialog closed without a choice.
   kPrinted,  ///< The receipt is printed: finish the file.
   kReprint,  ///< Void and print the receipt again.
-  kAbort,    ///< Give the receipt up.
+  kAbort,    ///< Give up the receipt.
 };
 
-/// Whether the operator may choose between printed, reprint and abort.
+/// Resolves an error reply with the operator.
 enum class Choices { kNone, kOffered };
 
-/// Resolves an error reply with the operator.
+/// `caption` is the dialog's title.
 class ErrorRecovery {
  public:
   /// `caption` is the dialog's title.
@@ -31,8 +31,8 @@ class ErrorRecovery {
   /// The last choice: 0 or 1 none, 2 to 4 the options in order.
   int OperatorChoice = 0;
 
-  /// Writes an error, or silence, to the error log, shows the form that it needs and returns what the
-  /// operator decides. `commandLine` is the ticket line that was being sent.
+  /// Writes an error, or silence, to the error log, shows the dialog that it needs and returns the operator's
+  /// decision. `commandLine` is the ticket line being sent.
   [[nodiscard]] Decision DecodeDeviceError(const Reply& reply, const std::string& commandLine,
                                            Choices choices);
 

@@ -8,21 +8,21 @@
 
 namespace orvenza {
 
-/// What the operator is told and asked about the link to the register. Alarms and questions go to the
-/// error log too.
+/// Messages and questions to the operator about the link to the register. Alarms and questions are also
+/// written to the error log.
 class LinkDialogs {
  public:
   LinkDialogs(OperatorMessages& messages, PortDialog& portDialog, Logs& logs)
       : messages_(messages), portDialog_(portDialog), logs_(logs) {}
 
-  /// The register is switched off or not connected.
+  /// Warns that the register is switched off or not connected.
   void AlarmAbsent();
 
-  /// An open receipt is about to be voided.
+  /// Announces that an open receipt will be voided.
   void AnnounceVoid();
 
-  /// Shows `text` with the choice to try again, to change the port settings first, or to give up. Returns
-  /// whether to try again: false only after a clear yes to the end of the program.
+  /// Shows `text` with the options to retry, to change the port settings first, or to give up. Returns
+  /// whether to retry: false only after an explicit yes to ending the program.
   [[nodiscard]] bool AskRetry(const std::string& text);
 
  private:

@@ -11,7 +11,7 @@ namespace {
 /// Bytes up to the end of the last header field read.
 constexpr std::size_t kHeaderLength = 30;
 
-/// The first bytes of the file, fewer when it is shorter.
+/// The first bytes of the file; fewer if it is shorter.
 std::string ReadHeader(const FileReader& files, const std::string& path) {
   const std::unique_ptr<ByteReader> reader = files.OpenForReading(path);
   std::array<char, kHeaderLength> header{};

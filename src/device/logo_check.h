@@ -23,12 +23,11 @@ inline constexpr std::uint32_t kLogoDataOffset = 62;
 /// for the required values but not for all others (256 reads as 16).
 std::uint32_t LogoHeaderValue(std::string_view bytes);
 
-/// Number of rows of the logo in `path`, 0 to 254; none when the file is missing, cannot be read or is not of
-/// the register's shape. Only the headers are looked at: the rows themselves may still be cut short. Never
-/// fails.
+/// Number of rows of the logo in `path`, 0 to 254; empty when the file is missing, unreadable or in another
+/// format. Only the headers are read: the rows may still be incomplete. Never fails.
 [[nodiscard]] std::optional<std::uint32_t> LogoRows(const FileReader& files, const std::string& path);
 
-/// Whether `path` is a bitmap that the register can store as its logo, be it one without rows. Never fails.
+/// Whether `path` is a bitmap that the register can store as a logo, even one without rows. Never fails.
 [[nodiscard]] bool IsValidLogoBitmap(const FileReader& files, const std::string& path);
 
 }  // namespace orvenza

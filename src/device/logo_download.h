@@ -36,7 +36,7 @@ class LogoDownload {
 };
 
 /// The rows of the bitmap `path`, top row first, each as 112 upper-case hexadecimal digits. Throws
-/// SystemError when the file cannot be read or holds less than its headers promise.
+/// SystemError when the file cannot be read or is shorter than its headers say.
 [[nodiscard]] std::vector<std::string> ReadLogoRows(const FileReader& files, const std::string& path);
 
 }  // namespace orvenza

@@ -18,7 +18,7 @@ constexpr const char* kClock = "4201";
 constexpr const char* kFirstData = "00";
 constexpr const char* kSecondData = "01";
 
-/// Whether a status query is to be sent again in its other form.
+/// Whether a status query must be sent again in its other form.
 bool WantsOtherForm(const std::string& code, const Reply& reply) {
   return code == kStatus && reply.IsError("16");
 }
@@ -63,7 +63,7 @@ std::optional<std::string> RegisterQueries::AttendedQuery(const std::string& cod
     loop_.CheckEnd();
     link_.ApplyChangedSettings();
     if (!link_.DeviceReady()) {
-      // Three alarms went unheeded: the operator may give the register up.
+      // After three alarms the operator may give up the register.
       if (!link_.Present() && !AskRetry(LoadMessage(MessageId::kNoReply))) return std::nullopt;
       continue;
     }
@@ -83,8 +83,8 @@ bool RegisterQueries::SettleFailure(const Reply& reply) {
     return true;
   }
   const bool deviceError = reply.IsError() && !reply.Is(Reply::Kind::kLinkError);
-  // A decoding that settled the error in silence is followed by a question, so that a register that goes on
-  // refusing does not keep the program busy unseen.
+  // An error that was resolved without a dialog is followed by a question, so that a register that keeps
+  // refusing does not keep the program busy unnoticed.
   if (deviceError && recovery_.DecodeDeviceError(reply, {}, Choices::kNone) != Decision::kNothing) {
     ReopenLink();
     return true;

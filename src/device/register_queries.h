@@ -14,29 +14,29 @@
 
 namespace orvenza {
 
-/// How a query meets a failure.
+/// How a query handles a failure.
 enum class Asking {
-  kAttended,  ///< Shown to the operator, who may try again or give up.
+  kAttended,  ///< It is shown to the operator, who may retry or give up.
   kQuiet,     ///< Nothing is shown, and the first failure ends the query.
 };
 
-/// What the program asks the register. Each query returns the register's reply; nothing when the operator
-/// gave an attended one up, or a quiet one failed.
+/// The program's queries of the register. Each returns the register's reply; empty when the operator gave up
+/// an attended one, or a quiet one failed.
 class RegisterQueries {
  public:
   RegisterQueries(DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery, LinkDialogs& dialogs,
                   Logs& logs, EventLoop& loop, PollTimer& timer);
 
-  /// Whether the register answers.
+  /// Learns model and release; after a failure the model is blank.
   [[nodiscard]] std::optional<std::string> StatusQuery(Asking asking);
 
-  /// Learns model and release; a failure leaves the model blank.
+  /// Learns model and release; after a failure the model is blank.
   [[nodiscard]] std::optional<std::string> IdentityQuery(Asking asking);
 
   /// The register's time of day: hours and minutes at characters 11 to 14 of the reply.
   [[nodiscard]] std::optional<std::string> ClockQuery(Asking asking);
 
-  /// What the identity query has learned.
+  /// The result of the identity query.
   [[nodiscard]] const RegisterIdentity& Identity() const { return identity_; }
 
  private:

@@ -5,34 +5,34 @@
 
 namespace orvenza {
 
-/// What a command came to, as far as the register's reply says: decided here alone. What follows from it is
-/// the affair of reply_policy.h.
+/// The result of a command according to the register's reply, decided only here. reply_policy.h decides the
+/// consequences.
 class Reply {
  public:
   enum class Kind {
-    kSilence,      ///< Nothing came in time, or nothing that could be read.
+    kSilence,      ///< Nothing readable arrived in time.
     kDone,         ///< The answer to the command: it begins with the command's code.
-    kRefused,      ///< "ERR" and a code: not carried out.
+    kRefused,      ///< "ERR" and a code: not executed.
     kPaperOut,     ///< Code 01 or 02. The command may be half done.
     kLinkError,    ///< "ERR-1" to "ERR-3", raised by the control.
-    kInvalidLine,  ///< "ERR**": the ticket's line is no command.
-    kGarbled,      ///< No error, but no answer to this command either.
+    kInvalidLine,  ///< "ERR**": the ticket's line is not a command.
+    kGarbled,      ///< Not an error, but not an answer to this command either.
   };
 
   /// Silence.
   Reply() = default;
 
-  /// `text`, as the control delivered it, in answer to a command that begins with `code`.
+  /// `text`, as the control delivered it, is the reply to a command that begins with `code`.
   Reply(std::string text, std::string_view code);
 
-  /// The reply to a line that cannot even be sent.
+  /// The reply to a line that cannot be sent.
   static Reply InvalidLine() { return {"ERR**", {}}; }
 
   [[nodiscard]] bool Is(Kind kind) const { return kind_ == kind; }
 
   /// Whether it begins with "ERR".
   [[nodiscard]] bool IsError() const;
-  /// Whether it is an error that ends in `code`, two characters.
+  /// Whether it is an error that ends in the two characters `code`.
   [[nodiscard]] bool IsError(std::string_view code) const;
 
   /// Link error 2 alone.
@@ -40,12 +40,12 @@ class Reply {
   /// Whether the receipt has become too long for the register.
   [[nodiscard]] bool IsReceiptTooLong() const;
 
-  /// An error's code: its last two characters. It decides what the error is.
+  /// The last two characters of an error, which identify it.
   [[nodiscard]] std::string_view Code() const;
-  /// The two characters behind "ERR", which the register wants back in the next try.
+  /// The two characters after "ERR", which the register expects in the next attempt.
   [[nodiscard]] std::string FirstCode() const;
 
-  /// As it was delivered; empty for silence.
+  /// As delivered; empty for silence.
   [[nodiscard]] const std::string& Text() const { return text_; }
 
  private:

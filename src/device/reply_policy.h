@@ -4,8 +4,8 @@
 
 namespace orvenza {
 
-/// What follows from a reply, where the register leaves it open. Every such decision stands here, so that it
-/// can be compared with the others and changed in one place.
+/// The consequences of a reply that the register's protocol leaves open. Every such decision is here, so that
+/// it can be compared with the others and changed in one place.
 ///
 ///                 silence  refused  paper out  link error  garbled  done
 ///     LineIsDone     -        -         -         2 only       x      x
@@ -14,16 +14,16 @@ namespace orvenza {
 ///     NotDone        -        x         -           -          -      -
 namespace reply_policy {
 
-/// Whether a ticket's line counts as carried out. Link error 2 does, deliberately.
+/// Whether a ticket's line counts as executed. Link error 2 deliberately does.
 [[nodiscard]] bool LineIsDone(const Reply& reply);
 
-/// Whether a void or a restart of printing counts as carried out. Silence does, deliberately.
+/// Whether a void or a restart of printing counts as executed. Silence deliberately does.
 [[nodiscard]] bool Accepted(const Reply& reply);
 
-/// Whether anything but an error came.
+/// Whether anything but an error arrived.
 [[nodiscard]] bool Answered(const Reply& reply);
 
-/// Whether the register has certainly not carried the command out.
+/// Whether the register has certainly not executed the command.
 [[nodiscard]] bool NotDone(const Reply& reply);
 
 }  // namespace reply_policy

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::size_t kStampLength = 19;
 
-/// Appends `number` with zeros in front, at least `width` digits.
+/// Appends `number` with leading zeros to at least `width` digits.
 std::string& AppendDigits(std::string& text, int number, std::size_t width) {
   const std::string digits = std::to_string(number);
   return text.append(width - std::min(width, digits.size()), '0').append(digits);

@@ -19,8 +19,8 @@ class EventPump {
   /// the first delivery, so callers that must wait the whole time check the clock and call again.
   virtual void WaitForEvent(std::chrono::nanoseconds limit) = 0;
 
-  /// Passes over whole slices of a wait in which nothing can happen: those that end before the uptime `until`
-  /// and before the next event. Only virtual time can be passed over, and knows what comes next.
+  /// Skips whole slices of a wait in which nothing can happen: those that end before the uptime `until` and
+  /// before the next event. Only virtual time, which knows its next event, can be skipped.
   virtual void SkipIdle(std::chrono::nanoseconds slice, std::chrono::nanoseconds until) {
     static_cast<void>(slice);
     static_cast<void>(until);

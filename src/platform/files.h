@@ -34,8 +34,8 @@ class TextBytes : public ByteReader {
   std::size_t next_ = 0;
 };
 
-/// Looks at files and reads them. Paths are UTF-8 with "\" as separator. Every operation throws SystemError
-/// when it fails.
+/// Checks and reads files. Paths are UTF-8 with "\" as separator. Every operation throws SystemError when it
+/// fails.
 class FileReader {
  public:
   virtual ~FileReader() = default;
@@ -51,7 +51,7 @@ class FileReader {
   virtual std::unique_ptr<ByteReader> OpenForReading(const std::string& path) const = 0;
 };
 
-/// The connector's file operations, under the same rules.
+/// The connector's file operations, with the same rules.
 class Files : public FileReader {
  public:
   /// Appends `text` to the file and creates it when missing. On return the text is with the operating system:

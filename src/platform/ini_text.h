@@ -47,7 +47,7 @@ class IniText : public ProfileContent {
  private:
   enum class Form { kBytes, kUtf16, kUtf16BigEndian };
   struct IniEntry {
-    std::ptrdiff_t section;  ///< In `sections_`.
+    std::ptrdiff_t section;  ///< Index into `sections_`.
     std::string_view key;
     std::string_view value;
   };

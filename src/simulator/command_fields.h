@@ -32,7 +32,7 @@ class CommandFields {
   /// The literal characters `text`.
   void Literal(std::string_view text);
 
-  /// A mismatch unless `holds`.
+  /// Counts as a mismatch unless `holds`.
   void Require(bool holds) { fits_ = fits_ && holds; }
 
   /// Whether everything matched and nothing is left.

@@ -173,7 +173,7 @@ CommandData LogoRow(CommandFields& fields) {
 using Effect = CommandEffect;
 using Place = CommandPlace;
 
-// In ascending order of their codes.
+// In ascending order of the codes.
 constexpr RegisterCommand kCommands[] = {
     {"1003", Effect::kSell, Place::kOutsideDocument, OneItem},
     {"1004", Effect::kSell, Place::kOutsideDocument, WholeItems},
@@ -254,7 +254,7 @@ static_assert(std::is_sorted(std::begin(kCommands), std::end(kCommands),
                                return a.code < b.code;
                              }));
 
-/// A discount or surcharge, a percentage being one of `base`.
+/// A discount or surcharge; a percentage refers to `base`.
 std::int64_t ChangeOf(const CommandData& data, std::int64_t base) {
   if (data.rate == 0) return data.amount;
   return data.rate < 0 ? -PercentOf(base, -data.rate) : PercentOf(base, data.rate);

@@ -9,7 +9,6 @@ namespace orvenza {
 class CommandFields;
 class Receipt;
 
-/// What a command does.
 enum class CommandEffect {
   kSetting,  ///< No simulated effect.
   kSell,
@@ -35,7 +34,7 @@ enum class CommandEffect {
   kLogoRow,
 };
 
-/// The state in which the register accepts a command: what must be open, or not.
+/// The state in which the register accepts a command, by what must or must not be open.
 enum class CommandPlace {
   kAnywhere,
   kInReceipt,
@@ -54,14 +53,13 @@ struct CommandData {
   std::int64_t rate = 0;      ///< In hundredths of a percent. Discounts are negative.
 };
 
-/// One command of the register.
 struct RegisterCommand {
   std::string_view code;
   CommandEffect effect;
   CommandPlace place;
-  /// Parses the data by the command's layout. CommandFields::Complete reports a mismatch afterwards.
+  /// Parses the data in the command's layout. CommandFields::Complete reports a mismatch afterwards.
   CommandData (*read)(CommandFields& fields);
-  /// Printed in front of the command's text.
+  /// Printed before the command's text.
   std::string_view title{};
 };
 
@@ -77,7 +75,7 @@ bool ChangesSums(CommandEffect effect);
 std::int64_t AmountOf(const RegisterCommand& command, const CommandData& data, const Receipt& receipt);
 
 /// Applies a command with this effect and amount to the sums of `receipt`. Returns the register's error code
-/// if it is refused, else "".
+/// if it is refused, otherwise "".
 std::string_view ChangeSums(Receipt& receipt, CommandEffect effect, std::int64_t amount);
 
 }  // namespace orvenza

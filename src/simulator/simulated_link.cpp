@@ -131,7 +131,7 @@ void SimulatedLink::Transmitted(const std::string& command, const Disturbance& d
       return Answer(command, device_.Execute(command), std::chrono::milliseconds(fault.number));
     case FaultKind::kPaperOut:
     case FaultKind::kAbsent:
-    case FaultKind::kPortFails: return;  // Struck already.
+    case FaultKind::kPortFails: return;  // Already carried out by Strike.
   }
 }
 

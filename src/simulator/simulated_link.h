@@ -20,7 +20,7 @@ namespace orvenza {
 /// The events that an observer of the line receives.
 enum class LineEvent {
   kSent,       ///< The program transmits; the text is the command.
-  kReceived,   ///< A reply arrives; the text is the reply.
+  kReceived,   ///< The program transmits; the text is the command.
   kLinkError,  ///< The text is the error's number.
   kPort,       ///< The text is "open", "not open" (the opening failed) or "closed".
   kAbsent,     ///< The program found the register absent; no text.
@@ -77,10 +77,10 @@ class SimulatedLink : public EcrLink {
   };
 
   Disturbance Disturb(const std::string& command);
-  /// Carries out a fault of the register, its paper or the port. False for one of an exchange.
+  /// Carries out a fault of the register, its paper or the port. False for a fault of the exchange.
   bool Strike(const Fault& fault);
   void Transmitted(const std::string& command, const Disturbance& disturbance);
-  /// Sends `reply` to `command`, later than the line takes by `late`.
+  /// Sends `reply` to `command` after the transmission time and `late`.
   void Answer(const std::string& command, const std::string& reply, std::chrono::nanoseconds late = {});
   void Deliver(const std::string& reply);
   void RaiseLinkError(int number);

@@ -42,7 +42,7 @@ class SimulatedRegister {
 
   SimulatedRegister(const Clock& clock, PaperRoll& paper, RegisterProfile profile = {});
 
-  /// Executes the command in `text` and returns the reply text.
+  /// Executes `command` and returns the reply text.
   std::string Execute(const std::string& text);
 
   /// The paper runs out now. The next printing command is still accepted, but its lines are held back and its
@@ -104,7 +104,7 @@ class SimulatedRegister {
   const Clock& clock_;
   PaperRoll& paper_;
   RegisterProfile profile_;
-  LocalTime clockStart_;  ///< What the register's own clock showed at the moment below.
+  LocalTime clockStart_;  ///< The register's own clock at uptime `clockStartUptime_`.
   std::chrono::nanoseconds clockStartUptime_;
   std::optional<Receipt> receipt_;            ///< Empty while no receipt is open.
   bool documentOpen_ = false;                 ///< A non-fiscal document.

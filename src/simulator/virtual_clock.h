@@ -67,7 +67,7 @@ class VirtualClock : public Clock, public EventPump, public Scheduler {
   std::chrono::nanoseconds UptimeIn(std::chrono::nanoseconds delay) const;
 
   std::chrono::nanoseconds uptime_{};
-  LocalTime wallStart_;  ///< What the wall clock showed at the moment below.
+  LocalTime wallStart_;  ///< The wall clock at uptime `wallStartUptime_`.
   std::chrono::nanoseconds wallStartUptime_{};
   std::map<Moment, std::function<void()>> actions_;
   std::uint64_t nextOrder_ = 0;

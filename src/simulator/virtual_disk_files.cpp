@@ -87,7 +87,7 @@ class VirtualDisk::FilesOfDisk : public Files {
       throw SystemError(error_number::kPathFileAccess, path);
     }
     Node& node = disk_.Place(path, path);
-    // A file that was left half written beside it is written over and renamed.
+    // An unfinished file beside it is overwritten and renamed.
     disk_.nodes_.erase(disk_.KeyOf(path) + ToUpperAscii(kUnfinishedSuffix));
     node.content = std::move(content);
     node.created = disk_.clock_.Now();

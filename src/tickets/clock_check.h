@@ -8,18 +8,18 @@
 
 namespace orvenza {
 
-/// Compares the PC clock with the register's from time to time.
+/// Compares the PC's clock with the register's periodically.
 class ClockCheck {
  public:
   ClockCheck(const AppSettings& settings, RegisterQueries& queries, ClockCorrection& correction)
       : settings_(settings), queries_(queries), correction_(correction) {}
 
-  /// Counts one polling interval; when a check is due, asks the register for its time and corrects the PC
+  /// Counts one polling interval. When a check is due, queries the register's time and corrects the PC's
   /// clock.
   void Tick();
 
-  /// Counts one polling interval, however long the tick really took. True when a check has fallen due; the
-  /// count then starts again, as it does after every correction. Never when corrections are switched off.
+  /// Counts one polling interval, however long the tick really took. True when a check is due; the count then
+  /// restarts, as it does after every correction. Always false if corrections are disabled.
   [[nodiscard]] bool CountTick();
 
  private:

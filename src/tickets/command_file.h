@@ -10,11 +10,11 @@
 
 namespace orvenza {
 
-/// Whether the first line of the host's command file, which exists, asks the program to end: "QUIT", or
-/// nothing at all. Throws SystemError.
+/// Whether the first line of the host's existing command file asks the program to end: "QUIT", or empty.
+/// Throws SystemError.
 [[nodiscard]] bool AsksToQuit(const FileReader& files, const std::string& commandFile);
 
-/// The command file, by which the host ends the program.
+/// The command file, through which the host ends the program.
 class CommandFile {
  public:
   CommandFile(Files& files, const AppSettings& settings, Logs& logs, EventLoop& loop, DeviceLink& link)
@@ -24,8 +24,8 @@ class CommandFile {
   /// SystemError if it cannot be read.
   void QuitIfAsked();
 
-  /// To be called between two pieces of a large file of which nothing has been sent: delivers events, and
-  /// throws ProgramEnd once the end is requested, also by the host.
+  /// Called between two pieces of a large file of which nothing has been sent. Delivers events, and throws
+  /// ProgramEnd once the end is requested, even by the host.
   void Breathe();
 
  private:

@@ -89,7 +89,7 @@ Next LineSender::HandleReply(const std::string& line, Reply reply, bool maySplit
   return SettleDeviceError(line, reply);
 }
 
-/// The register may answer after all while the operator is asked: the caller looks again.
+/// The register may still answer while the operator is asked, so the caller checks again.
 std::optional<Next> LineSender::SettleSilence(const std::string& line, const Reply& reply) {
   const auto next = FromDecision(recovery_.DecodeDeviceError(reply, line, Choices::kOffered));
   if (next) ifEnded_ = *next;

@@ -13,36 +13,36 @@
 
 namespace orvenza {
 
-/// What follows from a line of a ticket.
+/// The consequence of sending a line.
 enum class Next {
   kNextLine,
   kSplitReceipt,  ///< The receipt is too long: it is closed, and the line begins another one.
   kFinish,        ///< The receipt is printed.
   kRestart,       ///< The ticket is printed again from its start.
-  kAbort,         ///< The operator gives the receipt up.
-  kGiveUp,        ///< An abort that the operator need not have chosen: the error log tells of it.
+  kAbort,         ///< The operator gives up the receipt.
+  kGiveUp,        ///< An abort that the operator may not have chosen, so it is reported in the error log.
   kLeave,         ///< The file stays where it is.
 };
 
-/// Sends a ticket to the register line by line, and settles each line's reply with the operator.
+/// Sends a ticket to the register line by line, and resolves each line's reply with the operator.
 class LineSender {
  public:
   LineSender(DeviceLink& link, CashDialogues& cash, ErrorRecovery& recovery, LogoDownload& logo,
              RecordTranslator& translator, Logs& logs)
       : link_(link), cash_(cash), recovery_(recovery), logo_(logo), translator_(translator), logs_(logs) {}
 
-  /// A ticket begins: nothing of it has been sent.
+  /// Starts a ticket: nothing of it has been sent.
   void Begin() { ifEnded_ = Next::kLeave; }
 
-  /// Translates and sends `line`, which has the fields `fields`. `maySplit` allows kSplitReceipt.
+  /// Translates and sends `line`, which consists of `fields`. `maySplit` allows kSplitReceipt.
   [[nodiscard]] Next Send(const std::string& line, const RecordFields& fields, bool maySplit);
 
-  /// What becomes of the file should the program end now, while the register or the operator is waited for. A
-  /// file left in its place is printed from its start the next time, so one that may have completed a
-  /// receipt, or carried out a closure, is given up instead.
+  /// The consequence for the file if the program ends now, during a wait for the register or the operator. A
+  /// file left in place is printed from its start the next time, so one that may have completed a receipt or
+  /// a closure is given up instead.
   [[nodiscard]] Next IfEnded() const { return ifEnded_; }
 
-  /// Opens the link with the ordinary end-of-text wait again, where a long-running command has changed it.
+  /// Reopens the link with the ordinary end-of-text timeout if a long-running command changed it.
   void RestoreNormalWait();
 
  private:
@@ -63,7 +63,7 @@ class LineSender {
   Logs& logs_;
 
   Next ifEnded_ = Next::kLeave;
-  bool longWait_ = false;  // the link is open with the long end-of-text wait
+  bool longWait_ = false;  // the link is open with the long end-of-text timeout
 };
 
 }  // namespace orvenza

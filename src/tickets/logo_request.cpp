@@ -10,13 +10,13 @@
 namespace orvenza {
 namespace {
 
-/// A logo number beyond this is sent as this.
+/// Larger logo numbers are sent as this.
 constexpr double kLargestLogo = 999'999'999;
 
 }  // namespace
 
 LogoRequest LogoRequestOf(const RecordFields& fields) {
-  // The register refuses a number of many digits whatever it is.
+  // The register refuses any number with many digits.
   const double rounded = std::round(LeadingNumber(fields[1]));
   const int number = static_cast<int>(std::clamp(rounded, -kLargestLogo, kLargestLogo));
   const std::string digits = std::to_string(std::abs(number));

@@ -7,15 +7,15 @@
 
 namespace orvenza {
 
-/// The translation of a valid logo record: no command, but a logo to download.
+/// The translation of a valid logo record: not a command but a logo to download.
 inline constexpr std::string_view kLogoMarker = "BMP";
 
-/// What a logo record asks for.
+/// The content of a logo record.
 struct LogoRequest {
-  /// The number in F1, a fraction rounded (a half up), as the download sends it: in two digits, "00" where F1
-  /// begins with none, more digits above 99.
+  /// The number in F1, rounded (halves up), in the form that the download sends: two digits, more above 99,
+  /// "00" if F1 does not begin with a number.
   std::string number;
-  std::string path;  ///< F2, with "\" between its levels.
+  std::string path;  ///< F2, with "\" as separator.
 };
 LogoRequest LogoRequestOf(const RecordFields& fields);
 

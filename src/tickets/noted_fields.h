@@ -14,16 +14,17 @@ namespace orvenza {
 /// How the translation used one field of a record.
 struct FieldNote {
   enum class Kind {
-    kFormatted,     ///< It became a value of the command by `form`, which rejects it or not.
-    kReplaced,      ///< `text` is sent in place of what it holds, which `form` rejects.
-    kRead,          ///< It was read as any text, to choose a command, but is no value of the command.
-    kChoice,        ///< It was compared with the texts that choose a command; any other text is lost.
-    kUnknownType,   ///< Field 0: there is no such record type.
-    kNoSuchChoice,  ///< It is none of the alternatives in `text`.
-    kLogoNumber,    ///< It was read as the number of a logo.
-    kLogo,          ///< It names a bitmap that can be a logo.
-    kNoLogo,        ///< It names no bitmap that can be a logo.
-    kEmptyLogo,     ///< It names one without any row.
+    kFormatted,  ///< `text` is sent instead of its content, which `form` rejects.
+    kReplaced,   ///< It was read, to choose a command for example, but is no value of the command.
+    kRead,    ///< It was read, to choose a command for example, but is no value of the command. Any text is
+              ///< accepted.
+    kChoice,  ///< It is not one of the alternatives in `text`.
+    kUnknownType,   ///< It was read as a logo's number.
+    kNoSuchChoice,  ///< It names no file that is a valid logo.
+    kLogoNumber,    ///< It names a logo without rows.
+    kLogo,          ///< It names a valid logo.
+    kNoLogo,        ///< It names no file that is a valid logo.
+    kEmptyLogo,     ///< It names a logo without rows.
   };
   Kind kind;
   std::size_t field;
@@ -66,17 +67,17 @@ class NotedFields {
     return fields_[field];
   }
 
-  /// A field that chooses between alternatives; an empty one chooses the `first`.
+  /// A field that selects an alternative; an empty one selects the `first`.
   std::string_view Choice(std::size_t field, std::string_view first) const {
     return Chosen(Read(field, FieldNote::Kind::kChoice), first);
   }
 
-  /// Whether a field that chooses between two alternatives is `text`.
+  /// Whether a field that selects one of two alternatives is `text`.
   bool Is(std::size_t field, std::string_view text) const {
     return Read(field, FieldNote::Kind::kChoice) == text;
   }
 
-  /// Makes the record invalid: returns "". `accepted` is a literal.
+  /// Invalidates the record: returns "". `accepted` is a literal.
   std::string Refuse(FieldNote::Kind kind, std::size_t field, std::string_view accepted = {}) const;
 
  private:

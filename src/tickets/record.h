@@ -55,9 +55,9 @@ class RecordFields {
   bool empty_ = true;
 };
 
-/// Cuts one line (without its line end) into `out`. Control characters (0 to 31) and characters that are not
-/// ASCII (128 to 255) become blanks first, deliberately, and the blanks around the line are removed. Every
-/// field, the last one too, is closed by `separator`: text after the last separator, or after the ninth, is
+/// Splits one line (without its line break) into `out`. Control characters (0 to 31) and non-ASCII characters
+/// (128 to 255) deliberately become blanks first, and the blanks around the line are removed. Every field,
+/// including the last one, is closed by `separator`: text after the last separator, or after the ninth, is
 /// not stored. A separator below 32 therefore never matches.
 void SplitRecord(std::string_view line, char separator, RecordFields& out);
 

@@ -27,7 +27,7 @@ std::string AmountOrZero(const NotedFields& f, std::size_t field) {
   return f.FormatOr(field, FmtAmount9, "000000000");
 }
 
-/// Invalid: the field that decides between alternatives is none of `accepted`.
+/// Invalid: the field that selects an alternative is not one of `accepted`.
 std::string NoSuchChoice(const NotedFields& f, std::size_t field, std::string_view accepted) {
   return f.Refuse(FieldNote::Kind::kNoSuchChoice, field, accepted);
 }
@@ -40,7 +40,7 @@ std::string NumberAndAmount(std::string_view code, const NotedFields& f) {
   return Join({code, f.Format(1, FmtNum2Max20), f.Format(2, FmtAmount9)});
 }
 
-/// Type 1 with F8 = "-1": one of four commands in place of an item line.
+/// Type 1 with F8 = "-1": one of four commands instead of an item line.
 std::string Type1WithoutItem(const NotedFields& f) {
   const std::string_view kind = f.Choice(1, "1");
   const bool named = f.Is(6, "1");
@@ -139,7 +139,7 @@ std::string Type30(const NotedFields& f, const TranslationContext& context) {
   return Join({"1064", f.Format(1, FmtNum2Max20), sent, f.Text(3, RulesFor(context.identity).width30)});
 }
 
-/// One alternative of type 32 and the form of its F3; null where F3 is not sent.
+/// One alternative of type 32 and the form of its F3; null if F3 is not sent.
 struct LongCommand {
   std::string_view choice;
   std::string_view code;
@@ -265,7 +265,7 @@ const RecordType* FindRecordType(std::string_view type) {
 }
 
 bool HasRole(std::string_view type, bool RecordRoles::*role) {
-  // Few types have any: a large file is asked about line by line.
+  // The role is checked first: few types have one, and this runs for every line of a large file.
   return std::any_of(std::begin(kRecordTypes), std::end(kRecordTypes),
                      [&](const RecordType& row) { return row.roles.*role && row.type == type; });
 }

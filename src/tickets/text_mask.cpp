@@ -17,12 +17,12 @@ bool IsValue(const FieldNote& note) {
   return note.kind != FieldNote::Kind::kUnknownType;
 }
 
-/// Whether a field stays. One that no note names is masked: too much is better than too little.
+/// Whether a field is kept. A field without a note is masked: masking too much is better than too little.
 bool Stays(std::size_t number, std::string_view field, const TranslationNotes& notes) {
-  bool isValue = number == 0;  // The type has no note unless it is unknown.
+  bool isValue = number == 0;  // The type has a note only if it is unknown.
   for (const FieldNote& note : notes) {
     if (note.field != number) continue;
-    // The file name of a logo is the integrator's own, and what support asks for first.
+    // The file name of a logo comes from the integrator, and support needs it first.
     if (note.kind == FieldNote::Kind::kLogo) return true;
     if (!IsValue(note)) return false;
     isValue = true;
@@ -48,7 +48,7 @@ std::string MaskTexts(std::string_view line, char separator) {
   RecordFields fields;
   SplitRecord(line, separator, fields);
   const TranslationNotes notes = NotesOf(fields);
-  // The record begins where its cleaned copy does: behind all that counts as a blank.
+  // The record begins where its cleaned copy does: after everything that counts as a blank.
   const auto isText = [](char c) { return c > ' ' && static_cast<unsigned char>(c) < 128; };
   auto at = static_cast<std::size_t>(std::find_if(line.begin(), line.end(), isText) - line.begin());
   std::string masked = MaskAll(line.substr(0, at));

@@ -14,7 +14,7 @@
 
 namespace orvenza {
 
-/// The folders of new tickets and of tickets taken in: their lists, and the way from one to the other.
+/// The folders of new tickets and of tickets taken in: their lists, and moving tickets from one to the other.
 class TicketFolders {
  public:
   TicketFolders(Files& files, Folders& folders, const AppSettings& settings, Logs& logs, EventLoop& loop,
@@ -38,7 +38,7 @@ class TicketFolders {
   [[nodiscard]] const TicketListing::SortedList& New() const { return list1_; }
   [[nodiscard]] const TicketListing::SortedList& InProcess() const { return list2_; }
 
-  /// Whether either list holds the entry.
+  /// Whether either list contains the entry.
   [[nodiscard]] bool Holds(const std::string& entry) const;
 
   [[nodiscard]] std::string NewPath(const std::string& entry) const;
@@ -59,8 +59,8 @@ class TicketFolders {
   /// copy is printed.
   void FinishTakingIn(const std::string& entry);
 
-  /// A ticket that was copied but could not be removed comes again on every tick: only its removal is tried
-  /// again, for its copy has been processed. Another text under its name and time is a new ticket.
+  /// A ticket that was copied but could not be removed reappears on every tick: only its removal is tried
+  /// again, since its copy has been processed. A different text with the same name and time is a new ticket.
   [[nodiscard]] bool RemoveIfTakenIn(const std::string& entry, const BetweenPieces& between);
 
  private:

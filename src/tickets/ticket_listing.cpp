@@ -43,7 +43,7 @@ TicketListing::SortedList TicketListing::Read(const std::string& folder) const {
   const auto isOwn = [&](const std::string& name) {
     return !own.empty() && std::find(own.begin(), own.end(), ToUpperAscii(name)) != own.end();
   };
-  std::vector<std::pair<std::string, std::string>> keyed;  // the key of an entry, and the entry
+  std::vector<std::pair<std::string, std::string>> keyed;  // sort key and entry
   for (const FolderEntry& file : files) {
     if (file.isFolder || isOwn(file.name)) continue;
     std::string entry = DateDigits(file.modified) + TimeDigits(file.modified) + file.name;

@@ -11,7 +11,7 @@ namespace orvenza {
 namespace {
 
 constexpr const char* kLabel = "Trasmissione ";
-/// Payment 01 of nothing, which closes the receipt. Its separator is 127 whatever is configured.
+/// Payment 01 of zero, which closes the receipt. Its separator is always 127, whatever is configured.
 constexpr const char* kReceiptSplitLine =
     "2\x7f"
     "1\x7f"
@@ -77,7 +77,7 @@ Next TicketProcessor::SendLines(std::string_view text) {
   LineReader reader(
       std::make_unique<PieceReader>(std::make_unique<ViewBytes>(text), [&] { loop_.Dispatch(); }));
   for (Line line; TakeLine(reader, line);) {
-    // A receipt must not go on without one of its lines.
+    // A receipt must not continue without one of its lines.
     const Next next = logs_.Attempt(kLabel, [&] { return HandleLine(line); }).value_or(Next::kGiveUp);
     if (next != Next::kNextLine) return next;
   }
@@ -97,7 +97,7 @@ bool TicketProcessor::TakeLine(LineReader& reader, Line& line) {
 Next TicketProcessor::HandleLine(const Line& line) {
   SplitRecord(line.text, settings_.SeparatorChar, fields_);
   if (fields_.IsEmpty()) return Next::kNextLine;
-  // A line that a fresh receipt refuses again would be split for ever: the operator decides about it.
+  // A line that even a new receipt refuses would cause endless splitting: the operator decides about it.
   const Next next = sender_.Send(line.text, fields_, !line.fromSplit);
   if (next != Next::kSplitReceipt) return next;
   SplitReceipt(line.text);

@@ -30,7 +30,7 @@ class TicketProcessor {
   void ProcessTicketFile(const std::string& workFile, std::string text);
 
  private:
-  /// A line to send: from the file, or put before the file's next line by the receipt split.
+  /// A line to send: from the file, or inserted by the receipt split before the file's next line.
   struct Line {
     std::string text;
     bool fromSplit = false;

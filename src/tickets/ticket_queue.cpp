@@ -77,7 +77,7 @@ TicketListing::SortedList TicketQueue::InProcessOrder() {
 
 TicketQueue::Outcome TicketQueue::TryNew(const std::string& entry) {
   if (folders_.RemoveIfTakenIn(entry, breathe_)) {
-    heldUp_.erase(entry);  // It is printed, so nothing need wait for it.
+    heldUp_.erase(entry);  // It is printed, so nothing needs to wait for it.
     return Outcome::kNext;
   }
   if (MayExist(files_, folders_.InProcessPath(entry))) {

@@ -19,10 +19,10 @@
 
 namespace orvenza {
 
-/// Chooses the ticket to be printed next, and makes it ready.
+/// Chooses the next ticket to print and makes it ready.
 ///
 /// A ticket that cannot be taken in, split or read is tried again on every tick. For ten ticks it holds up
-/// all that come after it; then they pass, but never a closure or a report that is younger.
+/// all later ones; then they may pass, except a later closure or report.
 class TicketQueue {
  public:
   /// `failures` is the trap of the ticks.
@@ -30,7 +30,7 @@ class TicketQueue {
               CommandFile& commandFile, TicketFolders& folders, TicketSplitter& splitter,
               TicketProcessor& processor, TicketArchive& archive);
 
-  /// Forgets the tickets that are in neither folder any more. Both lists must have been read.
+  /// Forgets the tickets that are no longer in either folder. Both lists must have been read.
   void ForgetGone();
 
   /// Prints at most one of the listed tickets. Throws SystemError and ProgramEnd.

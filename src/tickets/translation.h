@@ -12,18 +12,19 @@
 
 namespace orvenza {
 
-/// Ends the translation of a long-running command. It is not sent.
+/// The translation of a valid logo record: not a command but a logo to download.
 inline constexpr char kLongRunningMark = '*';
 
 /// Whether a translation is a long-running command: a report ("20..") or a fiscal closure ("3001", "3002")
 /// with its mark. Other commands may end in a text with that character.
 bool IsLongRunning(std::string_view translation);
 
-/// Turns the records of ticket lines into the register's command texts, by the register's model and the
-/// settings as they stand at each call.
+/// Translates the records of ticket lines into the register's command texts, according to the register's
+/// model and the current settings.
 class RecordTranslator {
  public:
-  /// `files` is asked about logo bitmaps, `logs` hears of wrong ones. All must outlive the translator.
+  /// `files` is used to check logo bitmaps; invalid ones are reported to `logs`. All must outlive the
+  /// translator.
   RecordTranslator(const RegisterIdentity& identity, const AppSettings& settings, const FileReader& files,
                    Logs& logs);
 
@@ -39,8 +40,8 @@ class RecordTranslator {
   Logs& logs_;
 };
 
-/// What the translation asks of the fields of a record, whatever the register and the settings. No file is
-/// looked at: any path is taken for a bitmap's.
+/// How the translation uses the fields of a record, independent of the register and the settings. No file is
+/// checked: any path counts as a bitmap's.
 TranslationNotes NotesOf(const RecordFields& fields);
 
 }  // namespace orvenza

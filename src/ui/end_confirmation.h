@@ -4,8 +4,7 @@
 
 namespace orvenza {
 
-/// Asks whether the program is really to end, since no receipt can be printed any more. True only for a clear
-/// yes.
+/// Asks whether to end the program, since no receipt can be printed any more. True only for an explicit yes.
 [[nodiscard]] bool ConfirmEnd(OperatorMessages& messages, MessageIcon icon);
 
 }  // namespace orvenza

@@ -46,7 +46,7 @@ struct UtilitiesContent {
 };
 
 /// The person at the till. Every call is modal: it delivers events while it waits and returns when the dialog
-/// is closed. It throws ProgramEnd when the program is ended meanwhile.
+/// is closed. It throws ProgramEnd if the program ends meanwhile.
 class Operator {
  public:
   virtual ~Operator() = default;

@@ -26,16 +26,17 @@ struct MessageStyle {
   DefaultButton defaultButton = DefaultButton::kFirst;
 };
 
-/// How a message was answered. kNone: closed without a button, where that says nothing about the answer.
+/// The answer to a message. kNone: closed without a button, if that implies no answer.
 enum class MessageResult { kNone, kOk, kCancel, kAbort, kRetry, kIgnore, kYes, kNo, kConfigure };
 
-/// What the message dialog shows for these: an empty message becomes "Miss Messagge !!!", one shorter than 60
-/// characters is centred below an empty line, and the title (none when empty) follows the executable's name.
+/// Builds the content of the message dialog. An empty message becomes "Miss Messagge !!!". A message of fewer
+/// than 60 characters is centred below an empty line. The caption is the executable's name and the title, if
+/// any.
 [[nodiscard]] MessageContent BuildMessage(const std::string& message, MessageStyle style,
                                           const std::string& title, const std::string& executableName);
 
-/// What it means that the button `pressed`, from 1, of `buttons` was pressed, or none of them: then kOk for
-/// "Ok" alone, kCancel for "Ok" and "Annulla", else kNone.
+/// The result of pressing the button `pressed`, from 1, of `buttons`. Empty means closed without a button:
+/// kOk for "Ok" alone, kCancel for "Ok" and "Annulla", otherwise kNone.
 [[nodiscard]] MessageResult ResultOf(MessageButtons buttons, std::optional<int> pressed);
 
 /// Every warning and question to the operator goes through this class.
@@ -44,7 +45,7 @@ class OperatorMessages {
   /// `executableName` without extension.
   OperatorMessages(Operator& person, std::string executableName);
 
-  /// Shows the message and waits for the answer. Throws ProgramEnd when the program is ended meanwhile.
+  /// Shows the message and waits for the answer. Throws ProgramEnd if the program ends meanwhile.
   MessageResult ShowOperatorMessage(const std::string& message, MessageStyle style, const std::string& title);
 
  private:

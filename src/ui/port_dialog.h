@@ -16,7 +16,7 @@ class PortDialog {
   PortDialog(Operator& person, AppSettings& settings, ProfileFile& profile, ProgramPaths paths);
 
   /// Shows the dialog and saves the confirmed values; returns at once when it is already open. The caller
-  /// applies the settings to the link. Throws ProgramEnd when the program is ended meanwhile.
+  /// applies the settings to the link. Throws ProgramEnd if the program ends meanwhile.
   void Show();
 
   /// The dialog's content with the current values selected. A value missing from its list selects nothing.

@@ -29,7 +29,7 @@ class UtilitiesDialog {
       : person_(person), messages_(messages), logs_(logs), tickets_(tickets) {}
 
   /// Shows the dialog until the operator leaves it or confirms a closure; returns at once when it is already
-  /// open. Throws ProgramEnd when the program is ended meanwhile.
+  /// open. Throws ProgramEnd if the program ends meanwhile.
   void Show();
 
  private:

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 constexpr int kKilled = 137;
 
-/// What a start may take, so that a program which asks the same thing again and again comes to an end.
+/// Longest duration of a start, so that a program that repeats a question endlessly is stopped.
 constexpr auto kLongestRun = 60s;
 
 std::string ReceiptOf(const std::string& item) {

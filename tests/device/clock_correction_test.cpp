@@ -24,7 +24,7 @@ class ClockCorrectionTest : public ::testing::Test {
     settings.TimeShift = 60;
   }
 
-  /// True when a PC that shows this time is corrected by a register that shows `hhmm`.
+  /// Whether a PC that shows this time is corrected by a register that shows `hhmm`.
   bool Corrects(int hour, int minute, int second, const std::string& hhmm,
                 std::chrono::nanoseconds fraction = {}) {
     clock.SetTimeOfDay(hour, minute, second);

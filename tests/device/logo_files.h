@@ -14,7 +14,7 @@
 
 namespace orvenza::test {
 
-/// Bitmaps in memory, by path.
+/// Files in memory, by path, for code that reads bitmaps and writes a log.
 class LogoFiles : public FileReader {
  public:
   std::map<std::string, std::string> content;

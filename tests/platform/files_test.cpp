@@ -8,7 +8,7 @@
 #include "platform/failure_of.h"
 #include "platform/test_disk.h"
 
-// What every implementation of `Files` does alike.
+// The common behaviour of all implementations of `Files`.
 
 namespace orvenza::test {
 namespace {
@@ -17,7 +17,7 @@ class FilesTest : public testing::TestWithParam<DiskKind> {
  protected:
   std::string Path(const std::string& relative) const { return disk->Path(relative); }
 
-  /// A modification time, in seconds.
+  /// The modification time, to the second.
   LocalTime Modified(const std::string& name) const {
     const FolderListing listing = disk->FolderSeam().ListFolder(Path(name));
     return listing.empty() ? LocalTime{} : listing.front().modified;

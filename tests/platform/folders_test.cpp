@@ -9,7 +9,7 @@
 #include "platform/failure_of.h"
 #include "platform/test_disk.h"
 
-// What every implementation of `Folders` does alike.
+// The common behaviour of all implementations of `Folders`.
 
 namespace orvenza::test {
 namespace {
@@ -25,7 +25,7 @@ class FoldersTest : public testing::TestWithParam<DiskKind> {
  protected:
   std::string Path(const std::string& relative) const { return disk->Path(relative); }
 
-  /// The names that a mask lists in the folder, sorted, with commas between them.
+  /// The names that match a mask in the folder, sorted and separated by commas.
   std::string Listed(const std::string& mask) const {
     std::vector<std::string> names;
     for (const FolderEntry& entry : folders.ListFolder(Path(mask))) names.push_back(entry.name);

@@ -16,8 +16,8 @@
 
 namespace orvenza::test {
 
-/// A folder on some disk: the disk's seams, and what another program does in the folder. Paths of the latter
-/// are relative to it.
+/// A folder on some disk: the disk's seams, and operations of another program in the folder, with paths
+/// relative to it.
 class TestDisk {
  public:
   virtual ~TestDisk() = default;
@@ -25,7 +25,7 @@ class TestDisk {
   virtual Files& FileSeam() = 0;
   virtual Folders& FolderSeam() = 0;
 
-  /// A path as the program spells it.
+  /// A path in the program's spelling.
   virtual std::string Path(const std::string& relative) const = 0;
   virtual std::string Read(const std::string& relative) const = 0;
   virtual void Write(const std::string& relative, const std::string& content) = 0;
@@ -33,7 +33,7 @@ class TestDisk {
   virtual void SetReadOnly(const std::string& relative) = 0;
   /// Sets a file's modification time, in seconds since 1 January 1970.
   virtual void SetModified(const std::string& relative, std::int64_t seconds) = 0;
-  /// The names of all files in the folder, sorted, with commas between them.
+  /// The names of all files in the folder, sorted and separated by commas.
   virtual std::string Names() const = 0;
 };
 
@@ -100,7 +100,7 @@ class SimulatedDisk : public TestDisk {
   VirtualFolder folder_{disk_};
 };
 
-/// Makes a disk for one test.
+/// Creates a disk for one test.
 struct DiskKind {
   const char* name;
   std::unique_ptr<TestDisk> (*make)();
@@ -108,7 +108,7 @@ struct DiskKind {
 
 inline void PrintTo(const DiskKind& kind, std::ostream* out) { *out << kind.name; }
 
-/// The disks that every test of a seam runs on.
+/// The disks on which every test of a seam runs.
 inline auto AllDisks() {
   return testing::Values(
       DiskKind{"System", []() -> std::unique_ptr<TestDisk> { return std::make_unique<SystemDisk>(); }},

@@ -65,7 +65,7 @@ class WindowsEventPumpTest : public testing::Test {
       if (message == kNote) action();
     };
   }
-  /// Waits until an event is noted, which must end the wait long before its limit.
+  /// Waits until an event is recorded, which must end the wait long before its limit.
   void AwaitEvent() {
     constexpr auto kPatience = 10s;
     const auto limit = SteadyTime() + kPatience;

@@ -10,7 +10,7 @@
 namespace orvenza::test {
 namespace {
 
-/// A finished file whose older target another program has open.
+/// A finished file whose old target is open in another program.
 class ReplacementTest : public testing::Test {
  protected:
   ReplacementTest() {

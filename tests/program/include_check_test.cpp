@@ -12,7 +12,7 @@
 namespace orvenza::test {
 namespace {
 
-/// Names of files and what is in them.
+/// Names and contents of files.
 using Tree = std::vector<std::pair<std::string, std::string>>;
 
 /// The check's output for a tree, followed by a line with its exit code.

@@ -13,8 +13,8 @@
 #include "tickets/record_types.h"
 #include "tickets/translation_world.h"
 
-// The page for those who write tickets lists every record type, and shows commands beside its lines: they are
-// those of the connector.
+// The ticket format page lists every record type and shows the commands of its example lines: they must be
+// the connector's.
 
 namespace orvenza::test {
 namespace {
@@ -28,7 +28,7 @@ std::vector<std::string> LinesOfPage() {
   return lines;
 }
 
-/// The types in the first column of the table below "Record types at a glance", where "38, 39" are two.
+/// The types in the first column of the table "Record types at a glance", where "38, 39" means two.
 std::vector<std::string> TypesAtAGlance() {
   std::vector<std::string> types;
   bool inTable = false;
@@ -41,7 +41,7 @@ std::vector<std::string> TypesAtAGlance() {
   return types;
 }
 
-/// "10, 11 and 13" for the numbers below `highest` that are no types.
+/// "10, 11 and 13" for the numbers below `highest` that are not types.
 std::string MissingBelow(int highest) {
   std::vector<std::string> missing;
   for (int number = 0; number < highest; ++number) {
@@ -58,7 +58,7 @@ class TicketFormatPageTest : public TranslationTest {
  protected:
   TicketFormatPageTest() { files.content["C:\\shop\\logo.bmp"] = LogoBitmap(254); }
 
-  /// The command of a line as the page shows it, each blank as a dot.
+  /// A line's command in the form of the page, with each blank as a dot.
   std::string Shown(const std::string& line) const {
     std::string shown;
     for (const char c : Translate(line)) shown += c == ' ' ? std::string("·") : std::string(1, c);
@@ -102,7 +102,7 @@ TEST_F(TicketFormatPageTest, SaysWhichTypesDoNotExist) {
       << "\"What does not exist\" of " << kPage << " must begin with: " << beginning;
 }
 
-// A ticket can be tried out in front of the simulated register, whatever its lines are.
+// Every line of a ticket can be tried on the simulated register.
 TEST_F(TicketFormatPageTest, ShowsCommandsThatTheSimulatedRegisterKnows) {
   for (const std::string& text : LinesOfPage()) {
     if (!text.starts_with("command  ") || text == "command  BMP") continue;

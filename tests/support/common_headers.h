@@ -1,4 +1,4 @@
-// Precompiled for the test programs. Each source includes what it uses all the same.
+// Precompiled for the test programs. Each source still includes what it uses.
 #pragma once
 
 #include <gtest/gtest.h>

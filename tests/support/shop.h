@@ -189,7 +189,7 @@ class Shop {
     return texts;
   }
 
-  /// A path of the shop in the form in which dialogs and logs show settings.
+  /// The text of each dialog, without leading line breaks, in order.
   std::string Spelled(const std::string& relative) const { return SettingsPath(folder.Path(relative)); }
 
   static std::string Joined(const Lines& lines) {

@@ -8,15 +8,15 @@
 
 namespace orvenza::test {
 
-/// Thrown when a test waits in vain. Not a std::exception on purpose: no trap may hold it up.
+/// Thrown when a test waits in vain. Deliberately not a std::exception: no trap may stop it.
 struct WaitsInVain {};
 
-/// The virtual clock of a test, which fails a test that would wait for ever.
+/// A virtual clock that fails a test that would wait forever.
 class TestClock : public VirtualClock {
  public:
   using VirtualClock::VirtualClock;
 
-  /// Counts every wait too, since each ends with a delivery.
+  /// Also counts every wait, since each ends with a delivery.
   void Dispatch() override {
     if (++deliveries_ > kMostDeliveries) {
       const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(Uptime()).count();
@@ -28,7 +28,7 @@ class TestClock : public VirtualClock {
   }
 
  private:
-  /// A run that would go on for ever comes to its end within a minute.
+  /// Ends an endless run within a minute.
   static constexpr int kMostDeliveries = 500'000;
 
   int deliveries_ = 0;

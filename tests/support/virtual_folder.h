@@ -13,7 +13,7 @@
 
 namespace orvenza::test {
 
-/// The folder C:\shop of a virtual disk, as another program handles it: paths are relative to it.
+/// The folder C:\shop of a virtual disk, seen from another program. Paths are relative to it.
 class VirtualFolder {
  public:
   explicit VirtualFolder(VirtualDisk& disk) : disk_(disk) { disk_.MakeFolder(Path()); }
@@ -21,15 +21,14 @@ class VirtualFolder {
   std::string Path() const { return "C:\\shop"; }
   std::string Path(const std::string& relative) const { return Path() + "\\" + relative; }
 
-  /// Whether there is such a file or folder.
   bool Has(const std::string& relative) const {
     return disk_.FileSeam().Exists(Path(relative)) || disk_.FolderSeam().Exists(Path(relative));
   }
 
-  /// Content of a file, empty when it is missing.
+  /// Content of a file; empty if it is missing.
   std::string Read(const std::string& relative) const { return disk_.Content(Path(relative)).value_or(""); }
 
-  /// Names of the files in a folder, sorted; none when the folder is missing.
+  /// Names of the files in a folder, sorted; none if the folder is missing.
   std::vector<std::string> Names(const std::string& relative) const {
     const std::string folder = relative.empty() ? Path("") : Path(relative + "\\");
     std::vector<std::string> names;
@@ -41,14 +40,14 @@ class VirtualFolder {
     return names;
   }
 
-  /// Writes a file, making its folders.
+  /// Writes a file, creating its folders.
   void Write(const std::string& relative, const std::string& content) const {
     disk_.Put(Path(relative), content);
   }
 
   void MakeFolder(const std::string& relative) const { disk_.MakeFolder(Path(relative)); }
 
-  /// Removes a file, or a folder with all that is in it. False when there is none.
+  /// Removes a file, or a folder with its content. False if there is none.
   bool Remove(const std::string& relative) const {
     const bool there = Has(relative);
     if (there) disk_.Delete(Path(relative));

@@ -16,7 +16,7 @@ class ClockCheckTest : public DeviceBench {
  protected:
   ClockCheckTest() { settings.PcTimeCorrection = 30; }
 
-  /// How many ticks pass until a check is due, 0 when none is within 1000.
+  /// Number of ticks until a check is due; 0 when none is within 1000.
   int TicksUntilDue() {
     for (int tick = 1; tick <= 1000; ++tick) {
       if (check.CountTick()) return tick;

@@ -28,7 +28,7 @@ class ClosureRequestsTest : public ::testing::Test {
 
   std::string ContentOf(const std::string& path) { return disk.Content(path).value_or("(no file)"); }
 
-  /// When a file of the ticket folder was written.
+  /// The modification time of a file in the ticket folder.
   LocalTime Modified(const std::string& name) {
     return disk.FolderSeam().ListFolder(kFolder + name)[0].modified;
   }

@@ -131,7 +131,7 @@ TEST(CommandFile, OnlyTheBeginningOfAnEndlessOneIsRead) {
   int readsOfThreeTicks = 0;
   shop.After(1700ms, [&] { readsOfThreeTicks = reads; });
   shop.Run(2s);
-  EXPECT_EQ(readsOfThreeTicks, 3 * 4);  // pieces of 16 kB: no more than 64 kB of it counts
+  EXPECT_EQ(readsOfThreeTicks, 3 * 4);  // pieces of 16 kB: at most 64 kB are read
   EXPECT_EQ(shop.clock.Uptime(), 2000ms);
 }
 

@@ -15,7 +15,6 @@ RecordFields Split(std::string_view line, char separator = ';') {
   return fields;
 }
 
-/// The fields of `line`.
 std::vector<std::string> Fields(std::string_view line, char separator = ';') {
   const RecordFields fields = Split(line, separator);
   std::vector<std::string> texts;

@@ -8,7 +8,7 @@
 namespace orvenza::test {
 namespace {
 
-/// The types with a role, with a blank between them.
+/// The types with a role, separated by blanks.
 std::string TypesWith(bool RecordRoles::*role) {
   std::string types;
   for (const RecordType& row : RecordTypes()) {

@@ -41,10 +41,10 @@ TEST(TextMask, MasksWhatIsNoValueOfAKnownRecord) {
       {"1 Pane 450", "9 Xxxx 999"},                            // no separator
       {"10;Anna;333;", "99;Xxxx;999;"},                        // unknown type
       {"01;Anna;333;", "99;Xxxx;999;"},                        // unknown, too
-      {"4;5;Anna", "4;5;Xxxx"},                                // after the last separator
+      {"4;5;Anna", "4;5;Xxxx"},                                // unknown type
       {"2;1;50 EURO;", "2;1;99 XXXX;"},                        // not a number
-      {"21;1;2;3;4;5;6;7;8;9;", "21;9;9;9;9;9;9;9;9;9;"},      // none of its values
-      {"1;a;1;1;1;1;1;1;1;0000;", "1;x;1;1;1;9;9;1;1;9999;"},  // a tenth field
+      {"21;1;2;3;4;5;6;7;8;9;", "21;9;9;9;9;9;9;9;9;9;"},      // after the last separator
+      {"1;a;1;1;1;1;1;1;1;0000;", "1;x;1;1;1;9;9;1;1;9999;"},  // not a number
       {"", ""},
   };
   for (const auto& [line, masked] : kCases) EXPECT_EQ(MaskTexts(line, ';'), masked);

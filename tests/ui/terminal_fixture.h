@@ -43,7 +43,7 @@ class TerminalOperatorTest : public ::testing::Test {
   }
   int Show(MessageButtons buttons) { return Show({MessageIcon::kNone, buttons}); }
 
-  /// What was printed since the last call.
+  /// The output since the last call.
   std::string Printed() {
     std::string text = out.str();
     out.str("");

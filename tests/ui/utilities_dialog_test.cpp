@@ -16,7 +16,7 @@ namespace {
 class FakeTickets : public WaitingTickets {
  public:
   std::function<std::size_t()> count = [] { return std::size_t{0}; };
-  std::vector<int> requests;  ///< The kinds of closures asked for.
+  std::vector<int> requests;  ///< The kinds of the requested closures.
   bool canBeWritten = true;
 
   std::size_t CountWaitingTickets() override { return count(); }

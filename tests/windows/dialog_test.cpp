@@ -340,7 +340,7 @@ TEST_F(PortTest, IsConfirmedByItsButtonItsLetterAndEnter) {
 
 TEST_F(PortTest, ClosedOtherwiseItSavesNothing) {
   const auto list = [&] { return GetDlgItem(form, kCombo + 1); };
-  // By messages, because a key press goes to whichever window has the focus by then.
+  // Sent as messages, since a key press would go to the window that has the focus by then.
   const std::function<void()> kWays[] = {[&] { CloseByCross(form); },
                                          [&] { PostMessageW(list(), WM_KEYDOWN, VK_ESCAPE, 0); }};
   for (const auto& leave : kWays) {

@@ -11,7 +11,7 @@
 
 namespace orvenza {
 
-/// Prepares this thread for COM objects with windows, and undoes it when that succeeded.
+/// Initialises OLE on this thread, and uninitialises it if that succeeded.
 class [[nodiscard]] OleGuard {
  public:
   OleGuard() : result_(::OleInitialize(nullptr)) {}

@@ -8,7 +8,7 @@
 namespace orvenza {
 namespace {
 
-/// What the commands are called that are not taken everywhere.
+/// Names of the commands that are accepted only in some states.
 std::string_view NameOf(CommandEffect effect) {
   switch (effect) {
     case CommandEffect::kSell: return "an item is sold";

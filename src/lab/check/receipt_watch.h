@@ -16,7 +16,7 @@ enum class CommandPlace;
 /// begin or end properly. It calculates like the simulated register.
 class ReceiptWatch {
  public:
-  /// Handles a valid line's command, given as its text.
+  /// Handles the command text of a valid line.
   void Follow(const std::string& text, TicketFindings& findings);
 
   /// Handles an invalid line of record type `type`: the receipt's sum is unknown from now on. If the line may

@@ -45,10 +45,9 @@ class TicketCheck {
   /// Whether any line of the file so far was not blank.
   bool HoldsRecord() const { return holdsRecord_; }
 
-  /// Ends the file.
   void EndFile(TicketFindings& findings) { watch_.End("the file ends", findings); }
 
-  /// The record types that there are: "0 to 9, 14, 15".
+  /// All record types: "0 to 9, 14, 15".
   static std::string KnownTypes();
 
  private:
@@ -63,7 +62,7 @@ class TicketCheck {
   Logs silence_;
   RecordTranslator translator_;
   TicketBoundary boundary_;
-  TicketBoundary meant_;          // as above, for the types as the translation reads them
+  TicketBoundary meant_;          // the same for the types as the translation reads them
   std::uint64_t lines_ = 0;       // of the file so far
   std::uint64_t lastHidden_ = 0;  // number of the last line whose closing type the parser does not recognise
   bool holdsRecord_ = false;

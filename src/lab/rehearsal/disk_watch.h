@@ -6,7 +6,7 @@
 
 namespace orvenza {
 
-/// Tells a transcript what the connector does with the disk, in the words of tickets: taken, split, archived,
+/// Adds the connector's disk operations to a transcript, in terms of tickets: taken, split, archived,
 /// aborted, deleted; and the lines of the two logs.
 class DiskWatch {
  public:

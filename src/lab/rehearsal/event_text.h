@@ -7,7 +7,7 @@
 
 namespace orvenza {
 
-/// An event as the transcript shows it: the kind of event, and what it says.
+/// The transcript's form of an event: its kind and its text.
 std::string_view EventKindText(const ScenarioEvent& event);
 std::string EventText(const ScenarioEvent& event);
 

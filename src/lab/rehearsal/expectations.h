@@ -8,7 +8,7 @@
 
 namespace orvenza {
 
-/// The expectations that `outcome` does not fulfil, each in a sentence.
+/// The expectations that `outcome` does not meet, each as a sentence.
 [[nodiscard]] std::vector<std::string> Unfulfilled(const std::vector<Expectation>& expectations,
                                                    const RehearsalOutcome& outcome);
 

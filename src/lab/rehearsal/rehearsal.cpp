@@ -72,7 +72,7 @@ const FirstFiles& FilesOfAFirstStart() {
 
 std::string TimeText(milliseconds time) { return std::to_string(time.count()) + " ms"; }
 
-/// Events that need a running connector: at 0 they happen in its first wait, not before its start.
+/// Events that need a running connector: at time zero they happen in its first wait, not before its start.
 bool NeedsConnector(const ScenarioEvent& event) {
   return event.kind == EventKind::kMenu || event.kind == EventKind::kQuit ||
          event.kind == EventKind::kSessionEnds || event.kind == EventKind::kPowerFails;
@@ -220,7 +220,7 @@ std::string Stage::PortText() const {
          " bits a second, end-of-text wait " + value(LinkProperty::kEndOfTextWait) + " ms";
 }
 
-/// An event at its moment. The connector is inside a wait, so no failure of it may reach the connector's
+/// Carries out an event when its time comes. That is inside a wait, so no failure may reach the connector's
 /// traps.
 void Stage::Do(const ScenarioEvent& event) {
   due_.erase(&event);

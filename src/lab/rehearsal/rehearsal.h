@@ -6,9 +6,9 @@
 
 namespace orvenza {
 
-/// Runs the whole connector from its entry to its end: in C:\Orvenza on a disk in memory, on the virtual
-/// clock, against the simulated register and with the operator's answers. The same scenario gives the same
-/// outcome on every system. `sink` is handed each line of the transcript as soon as it is complete.
+/// Runs the whole connector from start to end: in C:\Orvenza on a disk in memory, on the virtual clock, with
+/// the simulated register and the operator's answers. The same scenario gives the same outcome on every
+/// system. `sink` receives each line of the transcript once it is complete.
 RehearsalOutcome Rehearse(const Scenario& scenario, Transcript::Sink sink = {});
 
 }  // namespace orvenza

@@ -20,17 +20,17 @@ inline constexpr const char* kRehearsalFolder = "C:\\Orvenza";
 /// The kinds of events in the connector's environment.
 enum class EventKind {
   kPut,         ///< A file appears at `path`, dated `modified` or with the time of the event.
-  kMakeFolder,  ///< A folder appears at `path`.
-  kDelete,      ///< The file or folder at `path` is removed.
+  kMakeFolder,  ///< A file appears at `path`, dated `modified` or with the time of the event.
+  kDelete,      ///< A folder appears at `path`.
   kReadOnly,
   kHold,         ///< Another program opens the file for `hold`, or closes it.
-  kDriveAway,    ///< `path` is the drive.
+  kDriveAway,    ///< Another program opens the file for `hold`, or closes it.
   kDriveBack,    ///< The same.
   kDiskFull,     ///< The same.
   kDiskFree,     ///< The same.
   kRefuseClock,  ///< From now on the PC does not allow its clock to be set.
-  kMenu,         ///< The operator chooses `item` from the icon's menu.
-  kQuit,         ///< The host writes its command file.
+  kMenu,         ///< From now on the PC does not allow its clock to be set.
+  kQuit,         ///< The operator chooses `item` from the icon's menu.
   kSessionEnds,  ///< The operator logs off, or the PC is shut down.
   kPowerFails,   ///< The PC loses its power: the connector stops at once.
 };
@@ -65,8 +65,8 @@ struct ScenarioAnswer {
 struct Expectation {
   enum class Kind {
     kEvent,  ///< An event of the kind `event` whose text contains `text`.
-    kSent,   ///< `times` commands that begin with `text`.
-    kPaper,  ///< A printed line that contains `text`.
+    kSent,   ///< An event of the kind `event` whose text contains `text`.
+    kPaper,  ///< `times` commands that begin with `text`.
     kFile,   ///< A file at the path `text`.
   };
   Kind kind = Kind::kEvent;
@@ -80,20 +80,19 @@ struct Expectation {
 /// folders of a first start with ";" as separator, and no tickets.
 struct Scenario {
   LocalTime start{2026, 11, 16, 9, 0, 0};  ///< What the PC's clock shows at the start.
-  bool settingsFile = true;                ///< False: the program has never been started here.
-  std::vector<ScenarioSetting> settings;   ///< Those that differ from the defaults.
+  bool settingsFile = true;                ///< What the PC's clock shows at the start.
+  std::vector<ScenarioSetting> settings;   ///< False: the program has never been started here.
   FaultScript device;
   std::vector<ScenarioEvent> events;
   std::vector<ScenarioAnswer> answers;
   ScriptedOperator::Judgement judgement;  ///< Gives the answers after these; null if none.
-  bool secondInstance = false;            ///< Another connector already serves the folder.
+  bool secondInstance = false;            ///< Gives the answers after these; null if none.
   /// The host asks the connector to end once no ticket is left. If it ended earlier, it is started again with
   /// the same disk and register.
   bool untilPrinted = false;
   std::chrono::milliseconds limit{3'600'000};  ///< A longer run is stopped.
   std::vector<Expectation> expectations;
-  bool transcript =
-      true;  ///< False: the outcome holds no events, which makes the rehearsal a good deal faster.
+  bool transcript = true;  ///< False: the outcome has no events, which makes the rehearsal much faster.
 };
 
 }  // namespace orvenza

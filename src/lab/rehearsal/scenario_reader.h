@@ -7,7 +7,7 @@
 
 namespace orvenza {
 
-/// Reads a scenario; docs/rehearsal.md describes its form. `name` is for messages. Throws ScriptError.
+/// Parses a scenario; docs/rehearsal.md describes its format. `name` is for messages. Throws ScriptError.
 Scenario ParseScenario(const std::string& name, std::string_view text);
 
 }  // namespace orvenza

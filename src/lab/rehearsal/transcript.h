@@ -12,11 +12,10 @@
 
 namespace orvenza {
 
-/// The line of the transcript for an event.
+/// An event's line in the transcript.
 std::string TranscriptLine(const RehearsalEvent& event);
 
-/// The events of a rehearsal in their order. Those that repeat themselves at once are one, and so are ticks
-/// in which nothing happens.
+/// The events of a rehearsal in order. Immediate repetitions are merged, and so are idle ticks.
 class Transcript {
  public:
   /// `sink` receives each line once it is complete; may be null. `clock` must outlive the transcript.

@@ -45,7 +45,6 @@ class UsageError : public std::runtime_error {
 /// Exit code for an invalid command line and for every failure.
 inline constexpr int kFailed = 2;
 
-/// The help page of a command.
 std::string HelpPage(const Command& command);
 
 /// Writes "orvenza-lab: `reason`" and a pointer to the help to the error output; returns kFailed.

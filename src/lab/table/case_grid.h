@@ -7,7 +7,7 @@
 
 namespace orvenza {
 
-/// When a ticket is printed.
+/// The time of day at which a ticket is printed.
 enum class TableHour {
   kDay,
   kMidnight,  ///< So late that timeouts for replies begin in the last 15 s of the day.

@@ -13,8 +13,8 @@ namespace orvenza {
 /// the same cases or none, only the ends that differ from those by day are shown.
 std::string FailureTable(const std::vector<FaultCase>& byDay, const std::vector<FaultCase>& atMidnight = {});
 
-/// `document` with `table` between the two lines that mark its place; the table alone, between such lines,
-/// where `document` is empty; nothing where it lacks them.
+/// `document` with `table` between the two lines that mark its place. If `document` is empty, the table
+/// between such lines; if it lacks them, nothing.
 [[nodiscard]] std::optional<std::string> PlaceTable(const std::string& document, const std::string& table);
 
 }  // namespace orvenza

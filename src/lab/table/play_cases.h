@@ -9,15 +9,15 @@
 
 namespace orvenza {
 
-/// Dialogs with a choice whose every answer is tried; later ones are answered in the way that goes forward.
+/// Number of dialogs with a choice for which every answer is tried; later ones get the answer that proceeds.
 inline constexpr std::size_t kCaseDepth = 2;
 
-/// Tries every answer of the operator, systematically.
+/// Tries every answer of the operator systematically.
 FaultCase PlayCase(const TicketStep& step, const StepFault& fault, std::size_t depth = kCaseDepth,
                    TableHour hour = TableHour::kDay);
 
-/// Plays steps with each of their faults, in order. `progress` is told after each how many of how many are
-/// done; null: nobody.
+/// Plays the steps with all their faults, in order. `progress`, which may be null, is called after each
+/// fault.
 std::vector<FaultCase> PlayCases(const std::vector<TicketStep>& steps, TableExtent extent, TableHour hour,
                                  const std::function<void(std::size_t done, std::size_t all)>& progress = {});
 

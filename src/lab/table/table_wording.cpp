@@ -8,7 +8,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/// Times that an answer is written out.
+/// How many repetitions of an answer are written out.
 constexpr std::size_t kWrittenOut = 3;
 
 std::string NameOf(Answer answer) {

@@ -13,7 +13,7 @@ std::vector<std::string> ErrorLines(const RehearsalOutcome& outcome);
 
 bool IsForbidden(Verdict verdict);
 
-/// What `end` comes to, by its answers, its paper and its file.
+/// The verdict on `end`, from its answers, paper and file.
 Verdict VerdictOf(const TicketEnd& end);
 
 /// A required behaviour that may nevertheless lead to a forbidden end.
@@ -25,7 +25,7 @@ struct Rule {
 /// All rules. The first one that explains an end counts.
 const std::vector<Rule>& Rules();
 
-/// The rule that explains a forbidden end; empty where none does, and for every other end.
+/// The rule that explains a forbidden end; empty if there is none, or if the end is not forbidden.
 std::string RuleFor(const TicketStep& step, const StepFault& fault, const TicketEnd& end);
 
 }  // namespace orvenza

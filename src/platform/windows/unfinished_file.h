@@ -22,11 +22,11 @@ class UnfinishedFile {
 
   void Add(std::string_view bytes);
   void SetModified(const FILETIME& time);
-  /// Moves the file into the target's place. While another program has the old target open, the replacement
-  /// is retried for a fifth of a second; `pause` sleeps between two attempts.
+  /// Moves the file into the target's place. While another program has the old target open, retries for a
+  /// fifth of a second; `pause` sleeps between two attempts.
   void Finish(const std::function<void()>& pause = [] { ::Sleep(kReplacePause); });
 
-  /// Attempts to replace the target, and the pause between them in milliseconds.
+  /// Attempts to replace the target and the pause between them in milliseconds.
   static constexpr int kReplaceTries = 10;
   static constexpr DWORD kReplacePause = 20;
 

@@ -31,7 +31,7 @@ class Form : public Window {
   bool IsOpen() const { return Handle() != nullptr; }
 
   /// Waits for a button press and returns the button's number (see names.h), or 0 when the form is closed.
-  /// Throws ProgramEnd when the program is ended meanwhile.
+  /// Throws ProgramEnd if the program ends meanwhile.
   int NextPress();
 
   void Close();

@@ -94,7 +94,7 @@ Extent MessageForm::Arrange(int dpi) {
   return layout.form;
 }
 
-/// The text is there to be read: the focus goes on to the first button.
+/// The text is only for reading: the focus moves to the first button.
 LRESULT MessageForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   const bool textEntered = message == WM_COMMAND && wParam == MAKEWPARAM(control_id::kText1, EN_SETFOCUS);
   if (textEntered && IsWindowEnabled(Handle())) SetFocus(Control(control_id::kCommand0 + 1));

@@ -29,7 +29,7 @@ std::string NameOf(const FaultCase& faultCase) {
   return faultCase.step.name + ", " + faultCase.fault.name + (faultCase.fault.eachTime ? " each time" : "");
 }
 
-/// A slow build tries less, and then cannot compare.
+/// A slow build plays fewer cases and cannot compare.
 std::vector<FaultCase> PlayAllAt(TableHour hour) {
 #ifdef ORVENZA_THINNED_TABLE
   return PlayCases(TicketSteps(), TableExtent::kThinned, hour);
