@@ -20,9 +20,9 @@ class RepeatedFailuresTest : public ::testing::Test {
   RepeatedFailuresTest() { paths.ErrPath = "C:\\shop\\Err.txt"; }
 
   /// Ticks for this time, each with a failure for every path.
-  void FailFor(std::chrono::nanoseconds time, const std::vector<std::string>& paths) {
+  void FailFor(std::chrono::nanoseconds time, const std::vector<std::string>& failing) {
     for (const auto end = clock.Uptime() + time; clock.Uptime() < end; clock.Advance(kTick)) {
-      for (const std::string& path : paths) {
+      for (const std::string& path : failing) {
         failures.Attempt("Timer1 - ", [&] { throw SystemError(error_number::kPathNotFound, path); });
       }
       failures.EndRound();
