@@ -171,8 +171,8 @@ TEST_F(LinkTest, AControlThatDiesLosesItsCommandAndIsReplacedAtTheNextOpening) {
                      "EcrLinkX1 - 57 - Device I/O error ( member 5: 0x80010108 the control is gone )"};
   EXPECT_EQ(Errors(), errors);
   link->OpenDeviceLink(777);
-  const Reply reply = link->Exchange("200101");
-  EXPECT_EQ(reply.Text(), "200100");
+  const Reply second = link->Exchange("200101");
+  EXPECT_EQ(second.Text(), "200100");
   EXPECT_EQ(Errors(), errors);
 }
 
