@@ -16,6 +16,7 @@ namespace orvenza {
 /// A simulated register behind its link control, configured by a script.
 class Simulation {
  public:
+  /// `clock` is the PC's, which the register's clock keeps up with whatever the pace of `scheduler`.
   /// `show` receives each printed line. Lines are also appended to the file named by the script's "paper",
   /// relative to `folder` unless its path is absolute. After the first line that cannot be appended, a line
   /// in brackets names the file and the failure; later failures are ignored.

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kFirstWords =
     "\"on\", \"after\", \"absent\", \"port-fails\", \"paper-out\", \"model\", \"release\", \"capacity\", "
-    "\"roll\", \"clock\", \"speed\" or \"paper\"";
+    "\"roll\", \"clock\", \"speed\", \"pace\" or \"paper\"";
 constexpr std::string_view kCommandFaults =
     "\"reply\", \"silence\", \"link-error\", \"lose-reply\", \"late\", \"paper-out\", \"absent\" or "
     "\"port-fails\"";
@@ -129,6 +129,8 @@ void ReadSetting(std::string_view word, ScriptLine& line, FaultScript& script) {
     profile.clockAhead = std::chrono::seconds(line.Number(-86400, 86400, "seconds ahead, -86400 to 86400"));
   } else if (word == "speed") {
     script.speed = ReadSpeed(line);
+  } else if (word == "pace") {
+    script.pace = line.Number(1, 100, "how many times as fast, 1 to 100");
   } else if (word == "paper") {
     script.paperFile = line.Text("a file name");
   } else {

@@ -43,6 +43,7 @@ struct FaultScript {
   RegisterProfile profile;
   /// Bits per second; empty: as the connector configures the line; 0: transmission takes no time.
   std::optional<int> speed;
+  int pace = 1;           ///< Everything that the program waits for comes this many times as fast.
   std::string paperFile;  ///< File for the printed lines, as in the script; empty: none.
   std::vector<Fault> faults;
 };

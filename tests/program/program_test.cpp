@@ -163,6 +163,20 @@ TEST(Program, PrintsATicketAndArchivesIt) {
                    "Start Scontrino", "End Scontrino", "Quit Command !", "End"}));
 }
 
+TEST(Program, ThePaceOfTheScriptShortensItsWaits) {
+  const Shop shop;
+  shop.folder.Write("register.script", "speed instant\npace 100\non 1003 x* late 10000\n");
+  const std::string item = "1;Caffe' espresso;1,000;120;1;;;1;;\r\n";
+  const std::string ticket = item + item + item + item + "2;1;500;\r\n";  // more than 40 s at its own pace
+  shop.Drop("0001.txt", ticket);
+  RunningProgram program(shop.Command());
+  ASSERT_TRUE(program.Shows("    |RESTO                               0,20\n")) << program.Shown();
+  shop.Quit();
+  ASSERT_EQ(program.ExitStatus(), 0);
+  EXPECT_EQ(shop.folder.Read("storico\\1.txt"), ticket);
+  EXPECT_EQ(shop.folder.Read("Err.txt"), "");
+}
+
 TEST(Program, TheOperatorGivesUpATicketWithARejectedLine) {
   const Shop shop;
   shop.Drop("0001.txt", "77;rubbish;\r\n");

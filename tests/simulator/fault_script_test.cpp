@@ -20,6 +20,7 @@ TEST(FaultScript, AnEmptyScriptIsAnOrdinaryRegister) {
   const FaultScript script = ParseFaultScript("prova.sim", "");
   EXPECT_TRUE(script.faults.empty());
   EXPECT_EQ(script.speed, std::nullopt);
+  EXPECT_EQ(script.pace, 1);
   EXPECT_EQ(script.paperFile, "");
   EXPECT_EQ(script.profile.model, "ORVSIM  01");
   EXPECT_EQ(script.profile.receiptCapacity, 200u);
@@ -35,6 +36,7 @@ TEST(FaultScript, ReadsTheRegistersSettings) {
                                               "roll  300 \n"
                                               "clock -90\n"
                                               "speed 9600\n"
+                                              "pace 20\n"
                                               "paper carta di prova.txt");
   EXPECT_EQ(script.profile.model, "  TOVEST 8");
   EXPECT_EQ(script.profile.release, "  02.04.00");
@@ -42,15 +44,17 @@ TEST(FaultScript, ReadsTheRegistersSettings) {
   EXPECT_EQ(script.profile.rollLines, 300u);
   EXPECT_EQ(script.profile.clockAhead, -90s);
   EXPECT_EQ(script.speed, 9600);
+  EXPECT_EQ(script.pace, 20);
   EXPECT_EQ(script.paperFile, "carta di prova.txt");
 }
 
 TEST(FaultScript, SpeedCanBeInstant) { EXPECT_EQ(ParseFaultScript("prova.sim", "speed instant").speed, 0); }
 
 TEST(FaultScript, TakesTheSmallestAndLargestNumbers) {
-  for (const char* line : {"capacity 1", "roll 50", "clock 86400", "clock -86400", "speed 1", "absent 1",
-                           "port-fails 1", "after 0 absent 1", "on 1 late 1", "on 1 #1 x1 silence",
-                           "on 1 link-error 1", "on 1 link-error 3", "capacity 2147483647"}) {
+  for (const char* line :
+       {"capacity 1", "roll 50", "clock 86400", "clock -86400", "speed 1", "pace 1", "pace 100", "absent 1",
+        "port-fails 1", "after 0 absent 1", "on 1 late 1", "on 1 #1 x1 silence", "on 1 link-error 1",
+        "on 1 link-error 3", "capacity 2147483647"}) {
     EXPECT_NO_THROW(ParseFaultScript("prova.sim", line)) << line;
   }
 }
@@ -141,7 +145,7 @@ TEST(FaultScript, SaysWhatWasExpected) {
   const std::string first =
       "\"on\", \"after\", \"absent\", \"port-fails\", \"paper-out\", \"model\", \"release\", \"capacity\", "
       "\"roll\", "
-      "\"clock\", \"speed\" or \"paper\"";
+      "\"clock\", \"speed\", \"pace\" or \"paper\"";
   const std::string fault =
       "\"reply\", \"silence\", \"link-error\", \"lose-reply\", \"late\", \"paper-out\", \"absent\" or "
       "\"port-fails\"";
@@ -192,6 +196,10 @@ TEST(FaultScript, SaysWhatWasExpected) {
                {"speed immediate", "bits a second, or \"instant\""},
                {"speed fast", "bits a second, or \"instant\""},
                {"speed 9600 baud", "the end of the line"},
+               {"pace 0", "how many times as fast, 1 to 100"},
+               {"pace 101", "how many times as fast, 1 to 100"},
+               {"pace 2,5", "how many times as fast, 1 to 100"},
+               {"pace 20 times", "the end of the line"},
                {"paper", "a file name"}};
   for (const auto& [line, expected] : cases) EXPECT_EQ(Refusal(line), "p:1: expected " + expected) << line;
 }

@@ -19,6 +19,7 @@
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_folders.h"
 #include "platform/program_end.h"
+#include "simulator/paced_time.h"
 #include "ui/terminal/blocks.h"
 #include "ui/terminal/terminal_operator.h"
 #include "ui/terminal/text_box.h"
@@ -48,13 +49,16 @@ int RunConnector(const ProgramPaths& paths, const FaultScript& script) {
   PosixFolders folders;
   PosixClock clock;
   PosixEventPump pump;
+  std::optional<PacedTime> paced;
+  if (script.pace > 1) paced.emplace(TimeSeams{clock, pump, pump}, script.pace);
+  const TimeSeams time = paced ? paced->Seams() : TimeSeams{clock, pump, pump};
   IniProfileFile profile(files);
-  EventLoop loop(clock, pump);
-  TerminalOperator terminal(std::cout, loop, clock, ::isatty(kStandardOutput) != 0);
-  Simulation simulation(files, clock, pump, script, paths.AppPath, [](const std::string& line) {
+  EventLoop loop(time.clock, time.pump);
+  TerminalOperator terminal(std::cout, loop, time.clock, ::isatty(kStandardOutput) != 0);
+  Simulation simulation(files, clock, time.scheduler, script, paths.AppPath, [](const std::string& line) {
     std::cout << "    |" << line << "\n" << std::flush;
   });
-  Connector connector({files, folders, profile, clock, loop, terminal, terminal, simulation.Control()},
+  Connector connector({files, folders, profile, time.clock, loop, terminal, terminal, simulation.Control()},
                       paths);
   terminal.SetWidth(TerminalWidth);
   terminal.SetTicketPlace([&] {

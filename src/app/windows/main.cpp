@@ -18,6 +18,7 @@
 #include "platform/windows/windows_event_pump.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_folders.h"
+#include "simulator/paced_time.h"
 #include "ui/operator_message.h"
 #include "ui/windows/windows_operator.h"
 
@@ -61,19 +62,22 @@ int RunConnector(const ProgramPaths& paths, const std::optional<FaultScript>& sc
   WindowsFolders folders;
   WindowsClock clock;
   WindowsEventPump pump;
+  std::optional<PacedTime> paced;
+  if (script && script->pace > 1) paced.emplace(TimeSeams{clock, pump, pump}, script->pace);
+  const TimeSeams time = paced ? paced->Seams() : TimeSeams{clock, pump, pump};
   WindowsFiles settingsFiles(WhileRead::kEverything);  // An editor may have them open.
   IniProfileFile profile(settingsFiles);
-  EventLoop loop(clock, pump);
+  EventLoop loop(time.clock, time.pump);
   WindowsOperator person(loop, pump, paths.AppPath, paths.ExecutableName + " - " + kVersionText);
   std::optional<Simulation> simulation;
   std::optional<EcrLinkAdapter> control;
   if (script) {
-    simulation.emplace(files, clock, pump, *script, paths.AppPath,
+    simulation.emplace(files, clock, time.scheduler, *script, paths.AppPath,
                        [&](const std::string& line) { console->Write(line + "\n"); });
   } else {
     control.emplace();
   }
-  Connector connector({files, folders, profile, clock, loop, person, person,
+  Connector connector({files, folders, profile, time.clock, loop, person, person,
                        simulation ? simulation->Control() : static_cast<EcrLink&>(*control)},
                       paths);
   person.SetMenuHandler([&](MenuItem item) { connector.OnMenu(item); });

@@ -252,8 +252,8 @@ class ScenarioReader {
 
   /// The line keeps its number in the simulator's script.
   void ReadRegister(ScriptLine& line) {
-    if (line.AtEnd() || line.Skip("paper"))
-      line.Refuse("a line of the simulator's script, without \"paper\"");
+    if (line.AtEnd() || line.Skip("paper") || line.Skip("pace"))
+      line.Refuse("a line of the simulator's script, without \"paper\" and \"pace\"");
     device_ += line.Rest();
   }
 
