@@ -2,31 +2,12 @@
 #include "device/device_link.h"
 #include "platform/ini_profile_file.h"
 #include "simulator/scripted_operator.h"
-#include "simulator/virtual_clock.h"
 #include "support/memory_files.h"
 #include "windows_adapter/standin_bench.h"
+#include "windows_adapter/test_pump.h"
 
 namespace orvenza::test {
 namespace {
-
-/// Window messages are real, time is not: the stand-in's replies arrive as soon as the program waits.
-class TestPump : public EventPump {
- public:
-  TestPump(EventPump& messages, VirtualClock& clock) : messages_(messages), clock_(clock) {}
-
-  void Dispatch() override {
-    messages_.Dispatch();
-    clock_.Dispatch();
-  }
-  void WaitForEvent(std::chrono::nanoseconds limit) override {
-    messages_.Dispatch();
-    clock_.WaitForEvent(limit);
-  }
-
- private:
-  EventPump& messages_;
-  VirtualClock& clock_;
-};
 
 /// The connector's side of the link, on the adapter.
 class LinkTest : public StandInBench {

@@ -1,8 +1,7 @@
 // Texts passed to and from the control are freed.
 
+#include "support/windows_holdings.h"
 #include "windows_adapter/standin_bench.h"
-// Requires <windows.h>.
-#include <psapi.h>
 
 namespace orvenza::test {
 namespace {
@@ -10,13 +9,8 @@ namespace {
 /// Texts of 2 kB: a leak of one text per round would total 20 MB.
 constexpr int kRounds = 10000;
 constexpr std::size_t kLength = 1000;
-constexpr SIZE_T kMemorySlack = 4 * 1024 * 1024;
 
-SIZE_T CommittedBytes() {
-  PROCESS_MEMORY_COUNTERS counters{};
-  GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
-  return counters.PagefileUsage;
-}
+SIZE_T CommittedBytes() { return HoldingsOf(GetCurrentProcess()).memory; }
 
 using AdapterMemory = StandInBench;
 
