@@ -8,6 +8,26 @@
 #include "platform/system_error.h"
 
 namespace orvenza {
+namespace {
+
+bool IsSeparator(char c) { return c == '\\' || c == '/'; }
+
+/// Characters that names may not contain.
+bool IsForbidden(char c) {
+  switch (c) {
+    case '<':
+    case '>':
+    case '"':
+    case '|':
+    case '?':
+    case '*':
+    case ':':
+    case '\0': return true;
+    default: return false;
+  }
+}
+
+}  // namespace
 
 bool VirtualDisk::HasDrive(std::string_view path) {
   const bool letter =
@@ -19,11 +39,10 @@ std::string VirtualDisk::ParentOf(const std::string& key) {
   return key.substr(0, std::min(key.rfind('\\'), key.size()));
 }
 
-/// Characters that names may not contain; a colon may only follow the drive letter.
+/// A colon may only follow the drive letter.
 bool VirtualDisk::IsWellFormed(std::string_view path) {
-  constexpr std::string_view kForbidden("<>\"|?*:\0", 8);
   const std::string_view names = path.substr(HasDrive(path) ? 2 : 0);
-  return !path.empty() && names.find_first_of(kForbidden) == std::string_view::npos;
+  return !path.empty() && std::none_of(names.begin(), names.end(), IsForbidden);
 }
 
 VirtualDisk::VirtualDisk(const Clock& clock, std::string currentFolder)
@@ -37,25 +56,26 @@ VirtualDisk::VirtualDisk(const Clock& clock, std::string currentFolder)
 VirtualDisk::~VirtualDisk() = default;
 
 void VirtualDisk::Put(const std::string& path, std::string content, std::optional<LocalTime> modified) {
-  const std::string parent = ParentOf(Spelled(path));
-  WantFolders(parent);
+  MakeFolder(ParentOf(Spelled(path)));
   const Node* const older = Find(path);
   if (older != nullptr && older->isFolder) throw SystemError(error_number::kPathFileAccess, path);
   if (older != nullptr && older->hold != FileHold::kNone) {
     throw SystemError(error_number::kPermissionDenied, path);
   }
-  MakeFolder(parent);
-  Node& node = Make(path, false);
+  Node& node = Make(KeyOf(path), Spelled(path), false);
   node = {node.name, false, false, FileHold::kNone, std::move(content), clock_.Now(), {}};
   node.modified = modified.value_or(node.created);
 }
 
 void VirtualDisk::MakeFolder(const std::string& path) {
   const std::string& whole = Spelled(path);
-  WantFolders(whole);
+  const std::string& key = KeyOf(path);
+  if (IsAway(key)) throw SystemError(error_number::kPathNotFound, whole);
   for (std::size_t end = 0; end != std::string::npos;) {
-    end = whole.find('\\', end + 1);
-    if (!FolderExists(ToUpperAscii(whole.substr(0, end)))) Make(whole.substr(0, end), true);
+    end = key.find('\\', end + 1);
+    // What is above a file exists, so nothing has been created when this throws.
+    const Node& level = Make(key.substr(0, end), whole.substr(0, end), true);
+    if (!level.isFolder) throw SystemError(error_number::kPathFileAccess, whole);
   }
 }
 
@@ -136,15 +156,17 @@ std::string VirtualDisk::SpelledOut(const std::string& path) const {
   const bool fromRoot = path[0] == '\\' || path[0] == '/';
   std::string asked = path;
   if (!HasDrive(path)) asked.insert(0, fromRoot ? currentFolder_.substr(0, 2) : currentFolder_ + "\\");
-  std::string whole = asked.substr(0, 2);
-  for (std::size_t at = 2; at < asked.size();) {
-    const std::size_t end = std::min(asked.find_first_of("\\/", at), asked.size());
-    const std::string level = asked.substr(at, end - at);
-    at = end + 1;
+  std::string whole;
+  whole.reserve(asked.size());
+  whole.append(asked, 0, 2);
+  for (std::string_view rest = std::string_view(asked).substr(2); !rest.empty();) {
+    const auto end = std::find_if(rest.begin(), rest.end(), IsSeparator);
+    const std::string_view level = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
+    rest.remove_prefix(std::min(level.size() + 1, rest.size()));
     if (level == "..")
       whole = ParentOf(whole);
     else if (!level.empty() && level != ".")
-      whole += "\\" + level;
+      whole.append("\\").append(level);
   }
   return whole;
 }
@@ -180,19 +202,6 @@ VirtualDisk::Node& VirtualDisk::Readable(const std::string& path) {
   return node;
 }
 
-/// Throws if a folder cannot be created: on a removed drive, at or below a file.
-void VirtualDisk::WantFolders(const std::string& whole) const {
-  const std::string key = ToUpperAscii(whole);
-  if (IsAway(key)) throw SystemError(error_number::kPathNotFound, whole);
-  for (std::size_t end = 0; end != std::string::npos;) {
-    end = key.find('\\', end + 1);
-    const auto found = nodes_.find(key.substr(0, end));
-    if (found != nodes_.end() && !found->second.isFolder) {
-      throw SystemError(error_number::kPathFileAccess, whole);
-    }
-  }
-}
-
 /// The file to write or replace, created when missing. Errors are reported for `blame`.
 VirtualDisk::Node& VirtualDisk::Place(const std::string& path, const std::string& blame) {
   if (!FolderExists(ParentOf(KeyOf(path)))) throw SystemError(error_number::kPathNotFound, path);
@@ -200,14 +209,15 @@ VirtualDisk::Node& VirtualDisk::Place(const std::string& path, const std::string
   if (older != nullptr && (older->isFolder || older->readOnly || older->hold != FileHold::kNone)) {
     throw SystemError(error_number::kPathFileAccess, blame);
   }
-  return Make(path, false);
+  return Make(KeyOf(path), Spelled(path), false);
 }
 
-VirtualDisk::Node& VirtualDisk::Make(const std::string& path, bool isFolder) {
-  const auto [at, isNew] = nodes_.try_emplace(KeyOf(path));
+/// The node at a key, created when missing. `whole` spells its path.
+VirtualDisk::Node& VirtualDisk::Make(const std::string& key, std::string_view whole, bool isFolder) {
+  const auto [at, isNew] = nodes_.try_emplace(key);
   Node& node = at->second;
   if (isNew) {
-    node.name = FileNameOf(Spelled(path));
+    node.name = FileNameOf(whole);
     node.isFolder = isFolder;
     node.created = node.modified = clock_.Now();
   }

@@ -113,6 +113,7 @@ class VirtualDisk {
   static bool HasDrive(std::string_view path);
   static bool IsWellFormed(std::string_view path);
   static std::string ParentOf(const std::string& key);
+  static std::string_view DriveIn(std::string_view key) { return key.substr(0, 2); }
 
   std::unique_ptr<Files> MakeFileSeam();
   std::unique_ptr<Folders> MakeFolderSeam();
@@ -121,24 +122,23 @@ class VirtualDisk {
   const std::string& KeyOf(const std::string& path) const;
   const std::string& Spelled(const std::string& path) const;
   std::string SpelledOut(const std::string& path) const;
-  bool IsAway(const std::string& key) const { return away_.contains(key.substr(0, 2)); }
-  bool IsFull(const std::string& key) const { return full_.contains(key.substr(0, 2)); }
+  bool IsAway(const std::string& key) const { return away_.contains(DriveIn(key)); }
+  bool IsFull(const std::string& key) const { return full_.contains(DriveIn(key)); }
   Node* Find(const std::string& path);
   bool FolderExists(const std::string& key) const;
 
   Node& NodeAt(const std::string& path);
   Node& FileAt(const std::string& path);
   Node& Readable(const std::string& path);
-  void WantFolders(const std::string& whole) const;
   Node& Place(const std::string& path, const std::string& blame);
-  Node& Make(const std::string& path, bool isFolder);
+  Node& Make(const std::string& key, std::string_view whole, bool isFolder);
   void Tell(const DiskEvent& event) const;
 
   const Clock& clock_;
   std::string currentFolder_;
-  std::map<std::string, Node> nodes_;  ///< By path in capitals, without a trailing "\".
-  std::set<std::string> away_;         ///< Removed drives, in capitals.
-  std::set<std::string> full_;
+  std::map<std::string, Node> nodes_;        ///< By path in capitals, without a trailing "\".
+  std::set<std::string, std::less<>> away_;  ///< Removed drives, in capitals.
+  std::set<std::string, std::less<>> full_;
   /// A cache: a program uses the same few paths again and again.
   mutable std::unordered_map<std::string, Spelling> spellings_;
   Observer observer_;

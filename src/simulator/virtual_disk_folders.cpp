@@ -56,7 +56,7 @@ class VirtualDisk::FoldersOfDisk : public Folders {
     if (disk_.Find(path) != nullptr) throw SystemError(error_number::kFileExists, path);
     if (!disk_.FolderExists(ParentOf(key))) throw SystemError(error_number::kPathNotFound, path);
     if (disk_.IsFull(key)) throw SystemError(error_number::kDiskFull, path);
-    disk_.Make(path, true);
+    disk_.Make(key, disk_.Spelled(path), true);
     disk_.Tell({DiskAct::kFolderMade, path});
   }
 
