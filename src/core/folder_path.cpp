@@ -22,6 +22,7 @@ std::string NormalisedFolder(const std::string& folder) {
   const std::size_t rootLevels = LevelsOfRoot(path);
   const bool relative = rootLevels == 0 && !path.starts_with('\\');
   std::vector<std::string_view> levels;
+  levels.reserve(8);  // One allocation for a usual path.
   for (std::size_t at = 0; at < path.size();) {
     const std::size_t end = std::min(path.find('\\', at), path.size());
     const std::string_view level = std::string_view(path).substr(at, end - at);

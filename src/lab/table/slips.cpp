@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <string_view>
+#include <utility>
 
 #include "core/text.h"
 #include "simulator/paper_layout.h"
@@ -59,12 +60,13 @@ void Count(const std::map<Slip, int>& closed, const std::map<Slip, int>& expecte
 }  // namespace
 
 std::vector<Slip> SlipsOn(const std::vector<std::string>& paper) {
+  const std::string divider = Divider();
   std::vector<Slip> slips;
   Slip slip;
   for (const std::string& line : paper) {
-    const std::string text = Lasting(line);
-    if (!IsHeading(text)) slip.push_back(text);
-    if (line != Divider()) continue;
+    std::string text = Lasting(line);
+    if (!IsHeading(text)) slip.push_back(std::move(text));
+    if (line != divider) continue;
     slips.push_back(std::move(slip));
     slip.clear();
   }
