@@ -54,6 +54,7 @@ TEST(IniText, ReadsTheseValues) {
       {"[S]\r\ngarbage\r\n\x01\x02\r\nk=1\r\n", "1"},
       {"[S\r\nk=1\r\n", "1"},
       {"[S] rest\r\nk=1\r\n", "1"},
+      {"[S] [rest]\r\nk=1\r\n", "1"},
       {"\xEF\xBB\xBF[S]\r\nk=1\r\n", "1"},
       {"[S]\r\nk=caff\xC3\xA8\r\n", "caff\xC3\xA8"},
       {"[S]\r\nk=caff\xE8\r\n", "caff\xE8"},
