@@ -77,7 +77,7 @@ TEST(CommandLine, ShowsTheWholeHelpInAMessageWithoutAConsole) {
   const HWND message = till.Form(window_class::kOrvMsg, "Orvenza");
   const std::string text = TextOf(message, control_id::kText1);
   EXPECT_TRUE(text.starts_with("Usage: Orvenza [--folder DIR] [--simulate [SCRIPT]]\r\n\r\nPrints")) << text;
-  EXPECT_TRUE(text.ends_with("cannot be made")) << text;
+  EXPECT_TRUE(text.ends_with("cannot be created")) << text;
   CloseByCross(message);
   EXPECT_EQ(till.ExitCode(), 0U);
 }
