@@ -77,7 +77,8 @@ TicketListing::SortedList TicketQueue::InProcessOrder() {
 
 TicketQueue::Outcome TicketQueue::TryNew(const std::string& entry) {
   if (folders_.RemoveIfTakenIn(entry, breathe_)) {
-    heldUp_.erase(entry);  // It is printed, so nothing needs to wait for it.
+    // A copy that is still there has not been printed.
+    if (!MayExist(files_, folders_.InProcessPath(entry))) heldUp_.erase(entry);
     return Outcome::kNext;
   }
   if (MayExist(files_, folders_.InProcessPath(entry))) {
