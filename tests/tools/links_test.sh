@@ -22,7 +22,7 @@ cat >"$pages/docs/b.md" <<'TEXT'
 TEXT
 cat >"$pages/a.md" <<'TEXT'
 # Types 1, 3-9
-[a file](docs/b.md), ![a picture](docs/a.png), [a folder](docs/), [elsewhere](https://nowhere.invalid/a.md),
+[a file](docs/b.md), ![a picture](docs/a.png), [a folder](docs/), [elsewhere](mailto:till@shop),
 [here](#types-1-3-9), [there](docs/b.md#è-linizio-file-parser), [the second](docs/b.md#twice-1), `[code](none.md)`
 ```text
 [code](none.md)
