@@ -66,16 +66,19 @@ struct PollingShop {
   LinkDialogs dialogs{messages, ports, logs};
   DeviceLink link{control, settings, logs, dialogs, loop, clock};
   ClockCorrection correction{clock, settings, logs};
-  CashDialogues cash{link, settings, logs, messages, loop, correction};
-  ErrorRecovery recovery{texts, cash, nobody, logs, "bench"};
+  CashDialogues cash{link, settings, logs, messages, dialogs, loop, correction};
+  ErrorRecovery recovery{texts, settings, cash, nobody, logs, "bench"};
   RegisterQueries queries{link, cash, recovery, dialogs, logs, loop, timer};
-  LogoDownload logo{link, recovery, files, logs, messages};
+  LogoDownload logo{link, settings, recovery, files, logs, messages};
   RecordTranslator translator{queries.Identity(), settings, files, logs};
+  Evidence evidence{files, logs, folder.Path()};
+  TicketWitnesses witnesses;
   RememberedTickets remembered{files, logs, folder.Path()};
-  TicketArchive archive{files, folders, settings, logs, messages, remembered};
+  TicketArchive archive{files, folders, settings, logs, messages, remembered, witnesses};
   TicketSplitter splitter{files, settings, logs, archive};
-  LineSender sender{link, cash, recovery, logo, translator, logs};
-  TicketProcessor processor{files, settings, logs, loop, cash, sender, archive};
+  LineSender sender{link, settings, cash, recovery, logo, translator, logs, witnesses};
+  TicketProcessor processor{files,    settings, logs,    loop,     cash,
+                            recovery, sender,   archive, evidence, witnesses};
   RepeatedFailures failures{logs};
   CommandFile commandFile{files, settings, logs, loop, link};
   TicketFolders ticketFolders{files, folders, settings, logs, loop, archive, remembered};

@@ -1,5 +1,8 @@
 #include "app/connector.h"
 
+#include <set>
+#include <utility>
+
 #include "core/catalogue.h"
 #include "core/create_all_dirs.h"
 #include "core/own_texts.h"
@@ -42,16 +45,17 @@ Connector::Connector(const Surroundings& around, const ProgramPaths& paths)
       linkDialogs_(messages_, orvConf_, logs_),
       link_(around.control, settings_, logs_, linkDialogs_, loop_, clock_),
       clockCorrection_(clock_, settings_, logs_),
-      cash_(link_, settings_, logs_, messages_, loop_, clockCorrection_),
-      recovery_(errorTexts_, cash_, person_, logs_, paths.ExecutableName),
+      cash_(link_, settings_, logs_, messages_, linkDialogs_, loop_, clockCorrection_),
+      recovery_(errorTexts_, settings_, cash_, person_, logs_, paths.ExecutableName),
       queries_(link_, cash_, recovery_, linkDialogs_, logs_, loop_, timer1_),
-      logo_(link_, recovery_, files_, logs_, messages_),
+      logo_(link_, settings_, recovery_, files_, logs_, messages_),
       translator_(queries_.Identity(), settings_, files_, logs_),
+      evidence_(files_, logs_, paths_.AppPath),
       remembered_(files_, logs_, paths_.AppPath),
-      archive_(files_, folders_, settings_, logs_, messages_, remembered_),
+      archive_(files_, folders_, settings_, logs_, messages_, remembered_, witnesses_),
       splitter_(files_, settings_, logs_, archive_),
-      sender_(link_, cash_, recovery_, logo_, translator_, logs_),
-      processor_(files_, settings_, logs_, loop_, cash_, sender_, archive_),
+      sender_(link_, settings_, cash_, recovery_, logo_, translator_, logs_, witnesses_),
+      processor_(files_, settings_, logs_, loop_, cash_, recovery_, sender_, archive_, evidence_, witnesses_),
       tickFailures_(logs_),
       commandFile_(files_, settings_, logs_, loop_, link_),
       ticketFolders_(files_, folders_, settings_, logs_, loop_, archive_, remembered_),
@@ -81,6 +85,7 @@ void Connector::Main(bool anotherInstanceRuns) {
   }
   PrepareSettings();
   RemoveUnfinished();
+  RecallEvidence();
   errorTexts_.LoadEcrErrorTable();
   logs_.WrLog(LoadMessage(MessageId::kProgramStart) + " Rel. " + kVersionText);
   LoadMainForm();
@@ -144,6 +149,20 @@ void Connector::RemoveUnfinished() {
                                     settings_.AbortFolder, settings_.HistoricFolder}) {
     if (!folder.empty()) folders_.RemoveUnfinished(folder);
   }
+}
+
+/// Nobody keeps the evidence up to date unless the settings ask for it; an old one would be wrong one day.
+void Connector::RecallEvidence() {
+  if (!settings_.AskInDoubt && settings_.OutcomesFolder.empty()) return evidence_.Discard();
+  witnesses_.Add(evidence_);
+  std::set<std::string> leftovers;
+  logs_.Attempt(kMainLabel, [&] {
+    if (!folders_.Exists(settings_.InProcessFolder)) return;
+    for (const FolderEntry& entry : folders_.ListFolder(settings_.InProcessFolder + "*"))
+      leftovers.insert(entry.name);
+  });
+  evidence_.Recall(std::move(leftovers));
+  cash_.ReceiptIsOurs = evidence_.ReceiptMayBeOurs();
 }
 
 void Connector::LoadMainForm() {

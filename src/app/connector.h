@@ -22,6 +22,7 @@
 #include "tickets/clock_check.h"
 #include "tickets/closure_requests.h"
 #include "tickets/command_file.h"
+#include "tickets/evidence.h"
 #include "tickets/line_sender.h"
 #include "tickets/remembered_tickets.h"
 #include "tickets/ticket_archive.h"
@@ -30,6 +31,7 @@
 #include "tickets/ticket_processor.h"
 #include "tickets/ticket_queue.h"
 #include "tickets/ticket_splitter.h"
+#include "tickets/ticket_witness.h"
 #include "tickets/translation.h"
 #include "ui/menu.h"
 #include "ui/notification_icon.h"
@@ -76,6 +78,7 @@ class Connector {
   void PrepareSettings();
   bool ReadSettings(const std::function<bool()>& read);
   void RemoveUnfinished();
+  void RecallEvidence();
   void LoadMainForm();
   void RotateHistoric();
   void RequireTicketFolder();
@@ -114,6 +117,8 @@ class Connector {
   LogoDownload logo_;
 
   RecordTranslator translator_;
+  Evidence evidence_;
+  TicketWitnesses witnesses_;
   RememberedTickets remembered_;
   TicketArchive archive_;
   TicketSplitter splitter_;

@@ -14,11 +14,23 @@ inline constexpr const char* kPrintedNotArchived = "Scontrino stampato ma non ar
 inline constexpr const char* kReportWaits = "Chiusura o rapporto in attesa :";
 inline constexpr const char* kFirstComes = "prima va stampato lo scontrino";
 
+inline constexpr const char* kValueIgnored = "Valore non valido nel file INI, ignorato :";
+
+inline constexpr const char* kNoEvidence = "Stato degli scontrini interrotti sconosciuto.";
 inline constexpr const char* kFailureRepeated = "Errore ripetuto";  ///< Followed by the count and the line.
 inline constexpr const char* kFailureEnded = "Errore cessato";      ///< The same.
 inline constexpr const char* kTimes = "volte";
 
+// The activity log.
+inline constexpr const char* kArchivedLate = "Scontrino già stampato, archiviato ora :";
+
 // Dialogs, with their lines in the error log.
+inline constexpr const char* kForeignReceipt = "Alla cassa è aperto uno scontrino non inviato da qui.";
+inline constexpr const char* kVoidForeignReceipt = "Annullarlo ? ( No : prima si chiude alla cassa )";
+inline constexpr const char* kCheckPaper = "Controllare la carta : è stato stampato ?";
+inline constexpr const char* kInterrupted = "La stampa è stata interrotta.";
+inline constexpr const char* kReceiptOf = "Scontrino delle";
+inline constexpr const char* kTotal = "totale";
 inline constexpr const char* kSettingsUnreadable = "Impossibile leggere il file INI :";
 inline constexpr const char* kMissingText = "Miss Messagge !!!";  ///< Deliberately spelled like this.
 

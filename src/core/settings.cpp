@@ -6,6 +6,7 @@
 
 #include "core/catalogue.h"
 #include "core/logs.h"
+#include "core/own_texts.h"
 #include "core/text.h"
 #include "platform/folders.h"
 #include "platform/ini_text.h"
@@ -78,6 +79,8 @@ std::vector<ProfileValue> DefaultSettings(const std::string& appPath) {
   };
 }
 
+std::vector<OptionalSetting> OptionalSettings() { return {{kSafety, kAskInDoubt}, {kHost, kOutcomes}}; }
+
 SettingsFile::SettingsFile(ProfileFile& profile, Files& files, Logs& logs, ProgramPaths paths)
     : profile_(profile), files_(files), logs_(logs), paths_(std::move(paths)) {}
 
@@ -120,6 +123,7 @@ void SettingsFile::ReadIni(AppSettings& settings) {
   settings.ErrPath = paths_.AppPath + "\\Err.txt";
   ReadComSettings(*content, settings);
   ReadGeneral(*content, settings);
+  ReadOptional(*content, settings);
 }
 
 void SettingsFile::ReadFolders(const ProfileContent& content, AppSettings& settings) const {
@@ -165,6 +169,17 @@ void SettingsFile::ReadGeneral(const ProfileContent& content, AppSettings& setti
   settings.SeparatorChar = static_cast<char>(separator);
   settings.SingleQuantity = IsOn(ReadProfileValue(content, kGeneral, "Single Quantity"));
   settings.FileParser = IsOn(ReadProfileValue(content, kGeneral, "File Parser"));
+}
+
+void SettingsFile::ReadOptional(const ProfileContent& content, AppSettings& settings) {
+  const std::string ask(Trim(ReadProfileValue(content, kSafety, kAskInDoubt)));
+  settings.AskInDoubt = IsOn(ask);
+  if (!ask.empty() && ask != "0" && ask != "1") {
+    logs_.WrErr(std::string(own_text::kValueIgnored) + " [" + kSafety + "] " + kAskInDoubt + "=" + ask);
+  }
+  std::string& outcomes = settings.OutcomesFolder;
+  outcomes = SettingsPath(std::string(Trim(ReadProfileValue(content, kHost, kOutcomes))));
+  if (!outcomes.empty() && outcomes.back() != '\\') outcomes += '\\';
 }
 
 void SettingsFile::WriteDefaultErrDesc() {

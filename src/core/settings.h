@@ -33,7 +33,10 @@ struct AppSettings : LogPaths {
   char SeparatorChar = 127;
   bool SingleQuantity = false;
   bool FileParser = false;
-  bool IniCreated = false;      ///< Start-up wrote a default settings file.
+  bool AskInDoubt = false;  ///< The operator decides wherever a receipt is in doubt.
+  std::string
+      OutcomesFolder;       ///< Where the host finds what became of each ticket; ends in "\"; empty: nowhere.
+  bool IniCreated = false;  ///< Start-up wrote a default settings file.
   bool IniUpgradeDone = false;  ///< The version check is finished.
 };
 
@@ -56,6 +59,10 @@ inline constexpr const char* kSeparator = "Separator (ascii,max 127)";  ///< The
 inline constexpr const char* kComSettings = "Com Settings";
 inline constexpr const char* kComPort = "ComPort";
 inline constexpr const char* kLineSettings = "Settings";
+inline constexpr const char* kSafety = "Safety";
+inline constexpr const char* kAskInDoubt = "AskInDoubt";
+inline constexpr const char* kHost = "Host";
+inline constexpr const char* kOutcomes = "Outcomes";
 inline constexpr int kPorts = 16;                 ///< Ports are numbered from 1 to this.
 inline constexpr std::size_t kLongestValue = 99;  ///< Longer values are cut to this many characters.
 }  // namespace setting
@@ -67,6 +74,16 @@ inline constexpr std::size_t kLongestValue = 99;  ///< Longer values are cut to 
 
 /// The content of a new settings file, in file order. `appPath` without a trailing "\".
 std::vector<ProfileValue> DefaultSettings(const std::string& appPath);
+
+/// A key that neither the default settings nor an upgrade writes, because what it asks for is off unless
+/// somebody wants it.
+struct OptionalSetting {
+  const char* section;
+  const char* key;
+};
+
+/// All keys of that kind.
+std::vector<OptionalSetting> OptionalSettings();
 
 /// Reads, creates and upgrades the settings file.
 class SettingsFile {
@@ -94,6 +111,7 @@ class SettingsFile {
   void ReadFolders(const ProfileContent& content, AppSettings& settings) const;
   void ReadComSettings(const ProfileContent& content, AppSettings& settings);
   void ReadGeneral(const ProfileContent& content, AppSettings& settings);
+  void ReadOptional(const ProfileContent& content, AppSettings& settings);
 
   ProfileFile& profile_;
   Files& files_;

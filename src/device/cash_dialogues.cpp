@@ -1,9 +1,9 @@
 #include "device/cash_dialogues.h"
 
 #include "core/catalogue.h"
+#include "core/own_texts.h"
 #include "core/text.h"
 #include "device/quiet_query.h"
-#include "device/reply_policy.h"
 
 namespace orvenza {
 namespace {
@@ -24,6 +24,15 @@ std::string ClosingPayment(const std::string& data) { return "1036" + data + "00
 }  // namespace
 
 CashStatus CashDialogues::QueryCashStatus() {
+  for (;;) {
+    const CashStatus status = ReadStatus();
+    if (status.read || Policy().goesOnWithoutStatus) return status;
+    AskToReadAgain(status.unread);
+    if (status.unread.Is(Reply::Kind::kPaperOut)) SendRestart();
+  }
+}
+
+CashStatus CashDialogues::ReadStatus() {
   for (int tries = kStatusTries;;) {
     const Reply reply = link_.Exchange(kStatusCommand);
     if (reply.IsError("17")) return {.receiptOpen = true, .unread = {}};
@@ -34,10 +43,22 @@ CashStatus CashDialogues::QueryCashStatus() {
     LogReply(reply);
     if (--tries == 0) {
       logs_.WrErr(LoadMessage(MessageId::kStatusNotRead));
-      return {.receiptOpen = false, .unread = reply};
+      return {.receiptOpen = false, .read = false, .unread = reply};
     }
     loop_.Pause(500ms);
   }
+}
+
+void CashDialogues::AskToReadAgain(const Reply& unread) {
+  loop_.CheckEnd();
+  std::string question = LoadMessage(MessageId::kStatusNotRead);
+  if (unread.Is(Reply::Kind::kPaperOut)) {
+    question = LoadMessage(unread.Code() == "01" ? MessageId::kJournalPaperOutWarning
+                                                 : MessageId::kReceiptPaperOutWarning);
+    question += " " + LoadMessage(MessageId::kReplacePaper);
+  }
+  if (!linkDialogs_.AskRetry(question)) throw ProgramEnd{.unload = true};
+  link_.Reopen();
 }
 
 void CashDialogues::CorrectClock() {
@@ -47,18 +68,29 @@ void CashDialogues::CorrectClock() {
 }
 
 void CashDialogues::InvioRIAVVIO() {
+  if (!SendRestart() && Policy().goesOnWithoutStatus) return;
+  AwaitStatus();
+}
+
+bool CashDialogues::SendRestart() {
   std::string data = kNoError;
   for (int tries = kCommandTries; tries > 0;) {
     const Reply reply = link_.Exchange("1149" + data);
-    if (reply_policy::Accepted(reply)) return AwaitStatus();
-    if (reply.Is(Reply::Kind::kLinkError)) {
-      LogReply(reply);
-    } else {
-      data = reply.FirstCode();  // the register wants its own error code back
-    }
+    if (Policy().IsDone(CommandUse::kCorrection, reply)) return true;
+    NoteFailure(reply, data);
     if (--tries > 0) loop_.Pause(200ms);
   }
   logs_.WrErr(LoadMessage(MessageId::kRestartNotSent));
+  return false;
+}
+
+/// Prepares the next attempt of a command that was not carried out.
+void CashDialogues::NoteFailure(const Reply& reply, std::string& data) {
+  const bool coded = reply.IsError() && !reply.Is(Reply::Kind::kLinkError);
+  if (coded)
+    data = reply.FirstCode();  // the register wants its own error code back
+  else
+    LogReply(reply);
 }
 
 void CashDialogues::AwaitStatus() {
@@ -75,13 +107,9 @@ Reply CashDialogues::InvioVOID() {
   bool close = false;
   for (int tries = kCommandTries;;) {
     const Reply reply = link_.Exchange(close ? ClosingPayment(data) : "1028" + data);
-    if (reply_policy::Accepted(reply)) return PauseAfterVoid(reply);
+    if (Policy().IsDone(CommandUse::kCorrection, reply)) return PauseAfterVoid(reply);
     close = false;
-    if (reply.Is(Reply::Kind::kLinkError)) {
-      LogReply(reply);
-    } else {
-      data = reply.FirstCode();
-    }
+    NoteFailure(reply, data);
     if (reply.Is(Reply::Kind::kRefused) && reply.Code() == "11") {
       const CashStatus status = QueryCashStatus();
       if (!status.receiptOpen) return status.unread;
@@ -101,14 +129,20 @@ Reply CashDialogues::PauseAfterVoid(const Reply& reply) {
   return link_.LatestReply(reply);
 }
 
-void CashDialogues::CloseReceiptLeftOpen() {
+bool CashDialogues::CloseReceiptLeftOpen() {
   const EndBeforeSending heeded(link_);
   int tries = kVoidTries;
   int accepted = 0;
-  while (QueryCashStatus().receiptOpen) {
+  for (;;) {
+    const CashStatus status = QueryCashStatus();
+    if (!status.receiptOpen) {
+      ReceiptIsOurs = ReceiptIsOurs && !status.read;
+      return status.read;
+    }
+    if (!MayVoid()) continue;
     logs_.WrErr(LoadMessage(MessageId::kVoidingReceipt));
     const Reply reply = InvioVOID();
-    if (reply_policy::Answered(reply) ? ++accepted < kVainVoids : --tries >= 1) continue;
+    if (Policy().IsDone(CommandUse::kOther, reply) ? ++accepted < kVainVoids : --tries >= 1) continue;
     if (OperatorWantsAutomaticClose()) {
       const Reply latest = link_.LatestReply(reply);
       link_.Exchange(ClosingPayment(latest.IsError() ? latest.FirstCode() : kNoError));
@@ -116,6 +150,19 @@ void CashDialogues::CloseReceiptLeftOpen() {
     tries = kVoidTries;
     accepted = 0;
   }
+}
+
+bool CashDialogues::MayVoid() {
+  if (ReceiptIsOurs || Policy().voidsForeignReceipts) return true;
+  loop_.CheckEnd();
+  const std::string question =
+      own_text::kForeignReceipt + std::string(kLineBreak) + own_text::kVoidForeignReceipt;
+  logs_.WrErr(own_text::kForeignReceipt);
+  const MessageStyle style{MessageIcon::kQuestion, MessageButtons::kYesNo, DefaultButton::kSecond};
+  // Once the operator has agreed, the receipt is as good as ours.
+  ReceiptIsOurs =
+      messages_.ShowOperatorMessage(question, style, LoadMessage(MessageId::kWarning)) == MessageResult::kYes;
+  return ReceiptIsOurs;
 }
 
 bool CashDialogues::VoidInterruptedReceipt() {
@@ -130,8 +177,10 @@ bool CashDialogues::OperatorWantsAutomaticClose() {
   const std::string question = LoadMessage(MessageId::kReceiptNotVoided) + std::string(kLineBreak) +
                                LoadMessage(MessageId::kCloseReceiptQuestion);
   const MessageStyle style{MessageIcon::kExclamation, MessageButtons::kYesNo, DefaultButton::kSecond};
-  return messages_.ShowOperatorMessage(question, style, LoadMessage(MessageId::kWarning)) ==
-         MessageResult::kYes;
+  const bool wanted =
+      messages_.ShowOperatorMessage(question, style, LoadMessage(MessageId::kWarning)) == MessageResult::kYes;
+  if (wanted && OnClosedAutomatically) OnClosedAutomatically();
+  return wanted;
 }
 
 void CashDialogues::LogReply(const Reply& reply) {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/catalogue.h"
+#include "device/doubt_policy.h"
 #include "platform/system_error.h"
 #include "ui/end_confirmation.h"
 
@@ -179,8 +180,9 @@ Reply DeviceLink::TakeReply() {
 
 bool DeviceLink::WaitReply(double replyWait, std::string_view code) {
   // The time of day restarts at midnight, so an ordinary wait begun just before deliberately ends only with a
-  // reply. All other waits use a clock that cannot be set.
-  const bool endless = replyWait == kReplyWait && clock_.SecondsSinceMidnight() + replyWait >= kSecondsPerDay;
+  // reply, unless the policy ends it. All other waits use a clock that cannot be set.
+  const bool endless = PolicyOf(settings_).waitsOnAtMidnight && replyWait == kReplyWait &&
+                       clock_.SecondsSinceMidnight() + replyWait >= kSecondsPerDay;
   const auto ordinary =
       std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::duration<double>(replyWait));
   const auto deadline = clock_.Uptime() + ordinary;

@@ -4,7 +4,6 @@
 
 #include "core/catalogue.h"
 #include "core/text.h"
-#include "device/reply_policy.h"
 #include "ui/choice_dialog.h"
 
 namespace orvenza {
@@ -17,15 +16,21 @@ constexpr int kFirstOption = 2;
 
 }  // namespace
 
-ErrorRecovery::ErrorRecovery(const ErrorTexts& texts, CashDialogues& cash, Operator& person, Logs& logs,
-                             std::string caption)
-    : texts_(texts), cash_(cash), person_(person), logs_(logs), caption_(std::move(caption)) {}
+ErrorRecovery::ErrorRecovery(const ErrorTexts& texts, const AppSettings& settings, CashDialogues& cash,
+                             Operator& person, Logs& logs, std::string caption)
+    : texts_(texts),
+      settings_(settings),
+      cash_(cash),
+      person_(person),
+      logs_(logs),
+      caption_(std::move(caption)) {}
 
 Decision ErrorRecovery::DecodeDeviceError(const Reply& reply, const std::string& commandLine,
                                           Choices choices) {
-  if (reply_policy::Answered(reply)) return Decision::kNothing;
+  const Verdict verdict = Policy().Of(CommandUse::kOther, reply);
+  if (verdict == Verdict::kDone) return Decision::kNothing;
   if (reply.Is(Reply::Kind::kPaperOut)) return SettlePaperOut(reply.Code() == "01");
-  if (reply.Is(Reply::Kind::kRefused) && reply.Code() == "11") {
+  if (verdict == Verdict::kVoid) {
     LogSequenceError();
     cash_.InvioVOID();
     return Decision::kNothing;
@@ -54,7 +59,7 @@ void ErrorRecovery::LogSequenceError() {
 ChoiceContent ErrorRecovery::DescribeError(const Reply& reply, const std::string& commandLine) {
   ChoiceContent form;
   form.heading = LoadMessage(MessageId::kEcrErrorWarning);
-  if (reply.Is(Reply::Kind::kSilence) || reply.Is(Reply::Kind::kLinkError) || reply.Code() == "..") {
+  if (!reply.IsError() || reply.Is(Reply::Kind::kLinkError) || reply.Code() == "..") {
     form.text = LoadMessage(MessageId::kNoReplyMisspelt);
     logs_.WrErr(std::string(form.text));
   } else if (reply.Is(Reply::Kind::kInvalidLine)) {
@@ -81,16 +86,33 @@ void ErrorRecovery::AddChoices(ChoiceContent& form) const {
   form.selected = 2;
 }
 
-Decision ErrorRecovery::Ask(const ChoiceContent& content) {
+Decision ErrorRecovery::AskInDoubt(const std::string& heading, const std::string& text) {
+  logs_.WrErr(heading + " " + text);
+  ChoiceContent form;
+  form.heading = heading;
+  form.text = text;
+  AddChoices(form);
+  return Ask(form);
+}
+
+Decision ErrorRecovery::Ask(const ChoiceContent& form) {
+  do {
+    Show(form);
+  } while (OperatorChoice < kFirstOption && form.frameVisible && !Policy().closedFormGoesOn);
+  if (OperatorChoice < kFirstOption) return Decision::kGoOn;
+  const auto option = static_cast<std::size_t>(OperatorChoice - kFirstOption);
+  logs_.WrErr(LoadMessage(MessageId::kOperatorAnswer) + " " + form.options.at(option));
+  const Decision decision = std::array{Decision::kPrinted, Decision::kReprint, Decision::kAbort}.at(option);
+  if (OnDecided) OnDecided(decision);
+  return decision;
+}
+
+void ErrorRecovery::Show(const ChoiceContent& content) {
   ChoiceContent form = content;
   form.caption = caption_;
   form.button = texts_.MessageText(MessageId::kOkButton);
   OperatorChoice = 0;
   OperatorChoice = ShowChoiceDialog(person_, form);
-  if (OperatorChoice < kFirstOption) return Decision::kGoOn;
-  const auto option = static_cast<std::size_t>(OperatorChoice - kFirstOption);
-  logs_.WrErr(LoadMessage(MessageId::kOperatorAnswer) + " " + form.options.at(option));
-  return std::array{Decision::kPrinted, Decision::kReprint, Decision::kAbort}.at(option);
 }
 
 }  // namespace orvenza

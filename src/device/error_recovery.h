@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "core/logs.h"
 #include "device/cash_dialogues.h"
+#include "device/doubt_policy.h"
 #include "device/error_texts.h"
 #include "ui/operator.h"
 
@@ -18,15 +20,15 @@ enum class Decision {
   kAbort,    ///< Give up the receipt.
 };
 
-/// Resolves an error reply with the operator.
+/// Whether a form offers the operator's three choices.
 enum class Choices { kNone, kOffered };
 
-/// `caption` is the dialog's title.
+/// Resolves an error reply with the operator.
 class ErrorRecovery {
  public:
   /// `caption` is the dialog's title.
-  ErrorRecovery(const ErrorTexts& texts, CashDialogues& cash, Operator& person, Logs& logs,
-                std::string caption);
+  ErrorRecovery(const ErrorTexts& texts, const AppSettings& settings, CashDialogues& cash, Operator& person,
+                Logs& logs, std::string caption);
 
   /// The last choice: 0 or 1 none, 2 to 4 the options in order.
   int OperatorChoice = 0;
@@ -36,15 +38,25 @@ class ErrorRecovery {
   [[nodiscard]] Decision DecodeDeviceError(const Reply& reply, const std::string& commandLine,
                                            Choices choices);
 
+  /// Shows a form about a receipt in doubt, with the three choices, until one was made. The heading and the
+  /// text are also written to the error log.
+  [[nodiscard]] Decision AskInDoubt(const std::string& heading, const std::string& text);
+
+  /// Called with each decision of a form with choices.
+  std::function<void(Decision)> OnDecided;
+
  private:
+  [[nodiscard]] const DoubtPolicy& Policy() const { return PolicyOf(settings_); }
   Decision SettlePaperOut(bool journalPaper);
   void LogSequenceError();
   ChoiceContent DescribeError(const Reply& reply, const std::string& commandLine);
   std::string TableText(std::string_view code);
   void AddChoices(ChoiceContent& form) const;
   Decision Ask(const ChoiceContent& form);
+  void Show(const ChoiceContent& form);
 
   const ErrorTexts& texts_;
+  const AppSettings& settings_;
   CashDialogues& cash_;
   Operator& person_;
   Logs& logs_;

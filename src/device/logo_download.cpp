@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "core/catalogue.h"
+#include "device/doubt_policy.h"
 #include "device/logo_check.h"
-#include "device/reply_policy.h"
 #include "platform/system_error.h"
 
 namespace orvenza {
@@ -61,7 +61,7 @@ bool LogoDownload::SendRows(const std::string& number, const std::vector<std::st
   int silentRepeats = 0;
   for (std::size_t row = 0; row < rows.size();) {
     const Reply reply = link_.Exchange(RowCommand(number, row + 1, rows[row]));
-    if (reply_policy::Answered(reply)) {
+    if (PolicyOf(settings_).IsDone(CommandUse::kOther, reply)) {
       ++row;
       silentRepeats = 0;
       continue;

@@ -14,9 +14,14 @@ namespace orvenza {
 /// Sends a checked logo bitmap to the register: one command per row, top row first.
 class LogoDownload {
  public:
-  LogoDownload(DeviceLink& link, ErrorRecovery& recovery, const FileReader& files, Logs& logs,
-               OperatorMessages& messages)
-      : link_(link), recovery_(recovery), files_(files), logs_(logs), messages_(messages) {}
+  LogoDownload(DeviceLink& link, const AppSettings& settings, ErrorRecovery& recovery,
+               const FileReader& files, Logs& logs, OperatorMessages& messages)
+      : link_(link),
+        settings_(settings),
+        recovery_(recovery),
+        files_(files),
+        logs_(logs),
+        messages_(messages) {}
 
   /// Sends the bitmap `path` as logo `number`, usually two digits; `commandLine` is the ticket line that
   /// requests it. Returns whether the download was completed; otherwise the operator has been informed.
@@ -29,6 +34,7 @@ class LogoDownload {
                               const std::string& commandLine, const std::function<void()>& givenUp);
 
   DeviceLink& link_;
+  const AppSettings& settings_;
   ErrorRecovery& recovery_;
   const FileReader& files_;
   Logs& logs_;

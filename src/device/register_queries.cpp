@@ -79,7 +79,7 @@ std::optional<std::string> RegisterQueries::AttendedQuery(const std::string& cod
 
 bool RegisterQueries::SettleFailure(const Reply& reply) {
   if (reply.IsError("17")) {
-    VoidOpenReceipt();
+    if (cash_.MayVoid()) VoidOpenReceipt();
     return true;
   }
   const bool deviceError = reply.IsError() && !reply.Is(Reply::Kind::kLinkError);

@@ -5,7 +5,7 @@
 
 namespace orvenza {
 
-/// The result of a command according to the register's reply, decided only here. reply_policy.h decides the
+/// The result of a command according to the register's reply, decided only here. doubt_policy.h decides the
 /// consequences.
 class Reply {
  public:
@@ -34,6 +34,9 @@ class Reply {
   [[nodiscard]] bool IsError() const;
   /// Whether it is an error that ends in the two characters `code`.
   [[nodiscard]] bool IsError(std::string_view code) const;
+
+  /// Whether the register has certainly not executed the command.
+  [[nodiscard]] bool IsRefusal() const { return Is(Kind::kRefused) || Is(Kind::kInvalidLine); }
 
   /// Link error 2 alone.
   [[nodiscard]] bool IsLinkError2() const { return text_.starts_with("ERR-2"); }

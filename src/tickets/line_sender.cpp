@@ -1,10 +1,8 @@
 #include "tickets/line_sender.h"
 
-#include <optional>
-
 #include "core/catalogue.h"
+#include "core/own_texts.h"
 #include "core/text.h"
-#include "device/reply_policy.h"
 #include "tickets/logo_request.h"
 #include "tickets/record_types.h"
 
@@ -12,10 +10,12 @@ namespace orvenza {
 namespace {
 
 constexpr const char* kLabel = "Trasmissione ";
+/// Longest part of a ticket line shown in a dialog.
+constexpr std::size_t kShownLine = 60;
 
 std::optional<Next> FromDecision(Decision decision) {
   switch (decision) {
-    case Decision::kPrinted: return Next::kFinish;
+    case Decision::kPrinted: return Next::kPrinted;
     case Decision::kReprint: return Next::kRestart;
     case Decision::kAbort: return Next::kAbort;
     case Decision::kNothing:
@@ -24,25 +24,45 @@ std::optional<Next> FromDecision(Decision decision) {
   return std::nullopt;
 }
 
+/// Whether a line is a void, after which no receipt is left to be completed.
+bool OnlyVoids(const RecordFields& fields) {
+  return HasRole(fields[0], &RecordRoles::endsReceipt) && !HasRole(fields[0], &RecordRoles::completes);
+}
+
+bool MayHaveCompleted(const RecordFields& fields) {
+  return HasRole(fields[0], &RecordRoles::completes) || HasRole(fields[0], &RecordRoles::reports);
+}
+
 }  // namespace
 
-Next LineSender::Send(const std::string& line, const RecordFields& fields, bool maySplit) {
+LineSender::LineSender(DeviceLink& link, const AppSettings& settings, CashDialogues& cash,
+                       ErrorRecovery& recovery, LogoDownload& logo, RecordTranslator& translator, Logs& logs,
+                       TicketWitness& witness)
+    : link_(link),
+      settings_(settings),
+      cash_(cash),
+      recovery_(recovery),
+      logo_(logo),
+      translator_(translator),
+      logs_(logs),
+      witness_(witness) {
+  recovery_.OnDecided = [this](Decision decision) { witness_.Decided(decision); };
+  cash_.OnClosedAutomatically = [this] { witness_.ClosedAutomatically(); };
+}
+
+void LineSender::Begin(const DocumentProgress& progress) {
+  progress_ = progress;
+  ifEnded_ = Next::kLeave;
+}
+
+Next LineSender::Send(const TicketLine& line, const RecordFields& fields) {
   RestoreNormalWait();
-  if (fields.Count() == 0) return HandleUnreadableLine(line);
+  if (fields.Count() == 0) return HandleUnreadableLine(line.text);
   const std::string command = translator_.TranslateRecord(fields);
-  if (command.empty()) return HandleInvalidLine(line);
-  if (command == kLogoMarker) {
-    const LogoRequest request = LogoRequestOf(fields);
-    const auto givenUp = [&] { ifEnded_ = Next::kAbort; };
-    return logo_.Download(request.number, request.path, line, givenUp) ? Next::kNextLine : Next::kGiveUp;
-  }
-  if (IsLongRunning(command)) return SendLongRunning(command.substr(0, command.size() - 1));
-  link_.AwaitDevice();
-  const Next before = ifEnded_;
-  if (HasRole(fields[0], &RecordRoles::completes)) ifEnded_ = Next::kAbort;
-  const Reply reply = link_.Transmit(command);
-  if (reply_policy::NotDone(reply)) ifEnded_ = before;
-  return HandleReply(line, reply, maySplit);
+  if (command.empty()) return HandleInvalidLine(line.text);
+  if (command == kLogoMarker) return SendLogo(line.text, fields);
+  if (IsLongRunning(command)) return SendLongRunning(line, fields, command.substr(0, command.size() - 1));
+  return SendOrdinary(line, fields, command);
 }
 
 Next LineSender::HandleUnreadableLine(const std::string& line) {
@@ -58,15 +78,57 @@ std::optional<Next> LineSender::AskAboutInvalidLine(const std::string& line) {
   return FromDecision(recovery_.DecodeDeviceError(Reply::InvalidLine(), line, Choices::kOffered));
 }
 
-Next LineSender::SendLongRunning(const std::string& command) {
+Next LineSender::SendLogo(const std::string& line, const RecordFields& fields) {
+  const LogoRequest request = LogoRequestOf(fields);
+  bool chosen = false;
+  const auto givenUp = [&] {
+    chosen = true;
+    ifEnded_ = Next::kAbort;
+  };
+  if (logo_.Download(request.number, request.path, line, givenUp)) return Next::kNextLine;
+  if (Policy().failureGivesUp) return Next::kGiveUp;
+  return chosen ? Next::kAbort : AskAboutInvalidLine(line).value_or(Next::kGiveUp);
+}
+
+Next LineSender::SendOrdinary(const TicketLine& line, const RecordFields& fields,
+                              const std::string& command) {
+  link_.AwaitDevice();
+  const Next before = ifEnded_;
+  const bool completes = HasRole(fields[0], &RecordRoles::completes);
+  if (completes && Policy().endGivesUp) ifEnded_ = Next::kAbort;
+  const Reply reply = Transmit(line, fields, {line.number, command, completes}, false);
+  if (reply.IsRefusal()) ifEnded_ = before;
+  return HandleReply(CommandUse::kLine, line, fields, reply);
+}
+
+Next LineSender::SendLongRunning(const TicketLine& line, const RecordFields& fields,
+                                 const std::string& command) {
   longWait_ = true;
   link_.ReopenForLongCommand();
-  if (!link_.DeviceReady()) return Next::kGiveUp;
-  ifEnded_ = Next::kAbort;
-  const Reply reply = link_.TransmitLong(command);
-  if (!reply_policy::Answered(reply))
+  if (Policy().absenceGivesUpClosure) {
+    if (!link_.DeviceReady()) return Next::kGiveUp;
+  } else {
+    link_.AwaitDevice();
+  }
+  if (Policy().endGivesUp) ifEnded_ = Next::kAbort;
+  const Reply reply = Transmit(line, fields, {line.number, command, true}, true);
+  const bool done = Policy().IsDone(CommandUse::kClosure, reply);
+  if (done && !Policy().IsDone(CommandUse::kOther, reply))
     logs_.WrErr(LoadMessage(MessageId::kEcrError) + " " + FromWindows1252(reply.Text()));
-  return Next::kNextLine;
+  return HandleReply(CommandUse::kClosure, line, fields, reply);
+}
+
+Reply LineSender::Transmit(const TicketLine& line, const RecordFields& fields, const SentCommand& sent,
+                           bool isLong) {
+  witness_.Sending(sent);
+  cash_.ReceiptIsOurs = true;
+  const Reply reply = isLong ? link_.TransmitLong(sent.command) : link_.Transmit(sent.command);
+  const bool done = Policy().IsDone(isLong ? CommandUse::kClosure : CommandUse::kLine, reply);
+  if (done && line.divides) progress_.Divided(line.number);
+  if (done && !line.divides) progress_.Done(line.number, fields[0]);
+  if (done && sent.completes) cash_.ReceiptIsOurs = false;
+  witness_.Replied(sent, reply, progress_);
+  return reply;
 }
 
 void LineSender::RestoreNormalWait() {
@@ -75,32 +137,45 @@ void LineSender::RestoreNormalWait() {
   logs_.Attempt(kLabel, [&] { link_.Reopen(); });
 }
 
-Next LineSender::HandleReply(const std::string& line, Reply reply, bool maySplit) {
-  if (reply.Is(Reply::Kind::kSilence)) {
-    if (const auto next = SettleSilence(line, reply)) return *next;
+Next LineSender::HandleReply(CommandUse use, const TicketLine& line, const RecordFields& fields,
+                             Reply reply) {
+  const auto isDone = [&] { return Policy().IsDone(use, reply); };
+  if (reply.Is(Reply::Kind::kSilence) && !isDone()) {
+    if (const auto next = SettleSilence(line.text, reply)) return *next;
     reply = link_.LatestReply(reply);
   }
-  if (reply.Is(Reply::Kind::kLinkError) && !reply_policy::LineIsDone(reply)) {
-    if (const auto next = SettleSilence(line, reply)) return *next;
+  const bool unclear = reply.Is(Reply::Kind::kLinkError) || reply.Is(Reply::Kind::kGarbled);
+  if (unclear && !isDone()) {
+    if (const auto next = SettleSilence(line.text, reply)) return *next;
     reply = link_.LatestReply(reply);
   }
-  if (reply_policy::LineIsDone(reply)) return Next::kNextLine;
-  if (reply.IsReceiptTooLong() && maySplit) return Next::kSplitReceipt;
-  return SettleDeviceError(line, reply);
+  if (isDone()) return Next::kNextLine;
+  if (reply.IsReceiptTooLong() && !line.repeated) return Next::kSplitReceipt;
+  return SettleDeviceError(line, fields, reply);
 }
 
 /// The register may still answer while the operator is asked, so the caller checks again.
 std::optional<Next> LineSender::SettleSilence(const std::string& line, const Reply& reply) {
   const auto next = FromDecision(recovery_.DecodeDeviceError(reply, line, Choices::kOffered));
-  if (next) ifEnded_ = *next;
+  if (next && (Policy().endGivesUp || *next == Next::kAbort)) ifEnded_ = *next;
   link_.Bounce();
   return next;
 }
 
-Next LineSender::SettleDeviceError(const std::string& line, const Reply& reply) {
-  const Decision decision = recovery_.DecodeDeviceError(reply, line, Choices::kOffered);
+Next LineSender::SettleDeviceError(const TicketLine& line, const RecordFields& fields, const Reply& reply) {
+  const Decision decision = recovery_.DecodeDeviceError(reply, line.text, Choices::kOffered);
   if (decision == Decision::kGoOn && cash_.VoidInterruptedReceipt()) return Next::kRestart;
-  return FromDecision(decision).value_or(Next::kNextLine);
+  const auto next = FromDecision(decision);
+  if (next) return *next;
+  return Policy().nextLineAfterPaperOut ? Next::kNextLine : AfterPaperOut(line, fields);
+}
+
+/// No receipt is open: the line may have been carried out, or not.
+Next LineSender::AfterPaperOut(const TicketLine& line, const RecordFields& fields) {
+  if (OnlyVoids(fields)) return Next::kNextLine;
+  if (!MayHaveCompleted(fields)) return Next::kSameLine;
+  const std::string heading = LoadMessage(MessageId::kPaperOut) + " " + ShownLine(line.text, kShownLine);
+  return FromDecision(recovery_.AskInDoubt(heading, own_text::kCheckPaper)).value_or(Next::kGiveUp);
 }
 
 }  // namespace orvenza

@@ -210,8 +210,9 @@ constexpr RecordRoles kPayment{.closesTicket = true, .endsReceipt = true, .compl
 constexpr RecordRoles kFurtherPayment{.followsClosing = true, .endsReceipt = true, .completes = true};
 constexpr RecordRoles kVoid{.closesTicket = true, .endsReceipt = true};
 constexpr RecordRoles kDocumentEnd{.endsReceipt = true, .completes = true};
-constexpr RecordRoles kCashMovement{.completes = true};
-constexpr RecordRoles kReport{.reports = true};
+constexpr RecordRoles kCashMovement{.completes = true, .standsAlone = true};
+constexpr RecordRoles kReport{.reports = true, .standsAlone = true};
+constexpr RecordRoles kAlone{.standsAlone = true};
 
 // In ascending order of their numbers.
 constexpr RecordType kRecordTypes[] = {
@@ -234,14 +235,14 @@ constexpr RecordType kRecordTypes[] = {
     {"23", Type23},
     {"24", Type24},
     {"25", Type25},
-    {"26", [](const auto&, const auto&) { return std::string("104701"); }},
+    {"26", [](const auto&, const auto&) { return std::string("104701"); }, kAlone},
     {"27", [](const auto& f, const auto&) { return NumberAndAmount("1048", f); }},
     {"28", Type28},
     {"29", [](const auto& f, const auto&) { return Number("1063", f); }},
     {"30", Type30},
     {"31", [](const auto& f, const auto&) { return Number("1065", f); }, kDocumentEnd},
     {"32", Type32, kReport},
-    {"33", Type33},
+    {"33", Type33, kAlone},
     {"34", Type34, kCashMovement},
     {"35", Type35, kCashMovement},
     {"36", [](const auto& f, const auto&) { return NumberAndAmount("1075", f); }},

@@ -34,6 +34,8 @@ struct RecordRoles {
   bool completes = false;
   /// It is a closure or a report: it must not overtake an older ticket.
   bool reports = false;
+  /// It is not part of a receipt or a document.
+  bool standsAlone = false;
 };
 
 struct RecordType {

@@ -20,7 +20,7 @@ constexpr std::string_view kSettled = "[Settled]";
 constexpr std::string_view kCopied = "copied";
 constexpr std::string_view kNotCopied = "not-copied";
 constexpr std::string_view kUnknown = "-";
-constexpr std::size_t kStampLength = 14;
+constexpr std::size_t kStampLength = TicketListing::kStampLength;
 constexpr int kMostTries = 10;
 
 /// Removes and returns the text up to the next blank of `rest`.

@@ -28,17 +28,20 @@ std::string ArchiveExtension(const std::string& mask) {
 }
 
 TicketArchive::TicketArchive(Files& files, Folders& folders, const AppSettings& settings, Logs& logs,
-                             OperatorMessages& messages, RememberedTickets& remembered)
+                             OperatorMessages& messages, RememberedTickets& remembered,
+                             TicketWitness& witness)
     : files_(files),
       folders_(folders),
       settings_(settings),
       logs_(logs),
       messages_(messages),
-      remembered_(remembered) {}
+      remembered_(remembered),
+      witness_(witness) {}
 
 void TicketArchive::Archive(const std::string& workFile, std::string_view text) {
   if (settings_.HistoricFolder.empty()) {
     Remove(workFile, text);
+    witness_.Filed({});
     return;
   }
   if (HasGone(workFile)) {
@@ -64,6 +67,7 @@ void TicketArchive::Abort(const std::string& workFile, std::string_view text) {
   const bool drive = gone || folders_.DriveAvailable(settings_.AbortFolder);
   if (!gone && drive && Store(workFile, text, [&] { return AbortPath(workFile); })) return;
   Settle(workFile, text, false);
+  witness_.Filed(gone ? std::string() : workFile);
   if (!drive) ReportMissingDrive(settings_.AbortFolder);
 }
 
@@ -84,9 +88,11 @@ void TicketArchive::LogNotArchived(const std::string& workFile) {
 
 bool TicketArchive::Store(const std::string& workFile, std::string_view text,
                           const std::function<std::string()>& target) {
-  const auto moved = logs_.Attempt(kLabel, [&] { return MoveOrCopy(files_, workFile, target()); });
+  std::string path;
+  const auto moved = logs_.Attempt(kLabel, [&] { return MoveOrCopy(files_, workFile, path = target()); });
   if (!moved) return false;
   if (!*moved) Remove(workFile, text);
+  witness_.Filed(path);
   return true;
 }
 

@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "platform/folders.h"
 #include "tickets/remembered_tickets.h"
+#include "tickets/ticket_witness.h"
 #include "ui/operator_message.h"
 
 namespace orvenza {
@@ -22,7 +23,7 @@ std::string ArchiveExtension(const std::string& mask);
 class TicketArchive {
  public:
   TicketArchive(Files& files, Folders& folders, const AppSettings& settings, Logs& logs,
-                OperatorMessages& messages, RememberedTickets& remembered);
+                OperatorMessages& messages, RememberedTickets& remembered, TicketWitness& witness);
 
   /// Moves a printed ticket into the historic folder under the next sequence number, or deletes it if there
   /// is no such folder. A ticket that cannot be archived goes to the abort folder; one that has disappeared
@@ -60,6 +61,7 @@ class TicketArchive {
   Logs& logs_;
   OperatorMessages& messages_;
   RememberedTickets& remembered_;
+  TicketWitness& witness_;
 };
 
 }  // namespace orvenza

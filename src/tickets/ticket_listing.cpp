@@ -9,7 +9,7 @@
 namespace orvenza {
 namespace {
 
-constexpr std::size_t kStampLength = 14;
+constexpr std::size_t kStampLength = TicketListing::kStampLength;
 
 /// The sort key of an entry. Small letters are used because a closure request's name consists of "z" and must
 /// also come after "_"; all other characters sort before that letter. Numbers are compared by length without

@@ -18,6 +18,9 @@ class TicketListing {
  public:
   using SortedList = std::vector<std::string>;
 
+  /// Length of the time at the start of an entry.
+  static constexpr std::size_t kStampLength = 14;
+
   /// `rememberedFiles` is the path of the file of RememberedTickets.
   TicketListing(const Folders& folders, const AppSettings& settings, const Logs& logs,
                 std::string rememberedFiles)

@@ -3,9 +3,13 @@
 #include <utility>
 
 #include "core/catalogue.h"
+#include "core/own_texts.h"
 #include "core/text.h"
+#include "tickets/document_lines.h"
 #include "tickets/piece_reader.h"
 #include "tickets/record_types.h"
+#include "tickets/ticket_listing.h"
+#include "tickets/ticket_total.h"
 
 namespace orvenza {
 namespace {
@@ -17,30 +21,42 @@ constexpr const char* kReceiptSplitLine =
     "1\x7f"
     "0\x7f\x7f\x7f\x7f\x7f\x7f\x7f\x7f";
 
+PrintEnd PrintEndOf(Next end) {
+  if (end == Next::kFinish) return PrintEnd::kPrinted;
+  return end == Next::kAbort || end == Next::kGiveUp ? PrintEnd::kGivenUp : PrintEnd::kLeft;
+}
+
 }  // namespace
 
 TicketProcessor::TicketProcessor(const FileReader& files, const AppSettings& settings, Logs& logs,
-                                 EventLoop& loop, CashDialogues& cash, LineSender& sender,
-                                 TicketArchive& archive)
+                                 EventLoop& loop, CashDialogues& cash, ErrorRecovery& recovery,
+                                 LineSender& sender, TicketArchive& archive, const Evidence& evidence,
+                                 TicketWitnesses& witness)
     : files_(files),
       settings_(settings),
       logs_(logs),
       loop_(loop),
       cash_(cash),
+      recovery_(recovery),
       sender_(sender),
-      archive_(archive) {}
+      archive_(archive),
+      evidence_(evidence),
+      witness_(witness) {}
 
-void TicketProcessor::ProcessTicketFile(const std::string& workFile, std::string text) {
+void TicketProcessor::ProcessTicketFile(const std::string& entry, const std::string& workFile,
+                                        std::string text) {
   std::optional<Next> end;
   std::optional<ProgramEnd> ended;
   try {
-    end = Print(workFile, text);
+    end = Print(FactsOf(entry, workFile, text), text);
     sender_.RestoreNormalWait();
   } catch (const ProgramEnd& wish) {
     // Only after the file is in its place.
     ended = wish;
     if (!end) end = sender_.IfEnded();
   }
+  if (end == Next::kPrinted) end = Next::kFinish;
+  witness_.Ended(PrintEndOf(*end));
   if (end == Next::kFinish) {
     logs_.WrLog(LoadMessage(MessageId::kReceiptEnd));
     archive_.Archive(workFile, text);
@@ -51,64 +67,130 @@ void TicketProcessor::ProcessTicketFile(const std::string& workFile, std::string
   if (ended) throw *ended;
 }
 
-Next TicketProcessor::Print(const std::string& workFile, std::string& text) {
+TicketFacts TicketProcessor::FactsOf(const std::string& entry, const std::string& workFile,
+                                     const std::string& text) const {
+  // The fingerprint takes time, which is spent only for those who want to know it.
+  return {TicketListing::NameOf(entry), entry.substr(0, TicketListing::kStampLength), workFile,
+          witness_.Empty() ? Fingerprint{} : FingerprintOf(text)};
+}
+
+Next TicketProcessor::Print(const TicketFacts& ticket, std::string& text) {
+  witness_.Taken(ticket);
+  DocumentProgress progress;
+  if (const auto end = Resume(ticket, text, progress)) return *end;
   for (bool again = false;; again = true) {
-    sender_.Begin();
+    sender_.Begin(progress);
     logs_.WrLog(LoadMessage(MessageId::kReceiptStart));
     // Nothing of the ticket has been sent yet.
-    if (!logs_.Attempt(kLabel, [&] { cash_.CloseReceiptLeftOpen(); })) return Next::kLeave;
+    const auto certain = logs_.Attempt(kLabel, [&] { return cash_.CloseReceiptLeftOpen(); });
+    if (!certain) return Next::kLeave;
     loop_.CheckEnd();
-    if (!MayExist(files_, workFile)) return Next::kLeave;
-    // The file may have been corrected while the operator was asked.
-    if (again) {
-      const auto read = [&] { return ReadInPieces(files_, workFile, [&] { loop_.Dispatch(); }); };
-      auto anew = logs_.Attempt(kLabel, read);
-      if (!anew) return Next::kLeave;
-      text = std::move(*anew);
-    }
-    const Next end = SendLines(text);
-    if (end != Next::kRestart) return end;
+    if (!MayExist(files_, ticket.workFile)) return Next::kLeave;
+    if (again && !ReadAgain(ticket.workFile, text, progress.Complete())) return Next::kLeave;
+    witness_.Begun(progress, *certain);
+    const Next end = SendLines(text, progress.Complete());
+    const bool goesOn = end == Next::kRestart || (end == Next::kPrinted && !Policy().printedFinishesFile);
+    if (!goesOn) return end;
+    if (!Policy().restartsFromFirstLine) progress = Continuing(end, text);
+    if (end == Next::kPrinted && !AnythingBehind(text, progress.Complete(), settings_.SeparatorChar))
+      return Next::kFinish;
   }
 }
 
-Next TicketProcessor::SendLines(std::string_view text) {
+/// What the evidence of an earlier run, or of an earlier attempt that failed, says about the ticket.
+std::optional<Next> TicketProcessor::Resume(const TicketFacts& ticket, const std::string& text,
+                                            DocumentProgress& progress) {
+  if (Policy().restartsFromFirstLine) return std::nullopt;
+  const Standing standing = evidence_.Of(ticket);
+  switch (standing.state) {
+    case Standing::State::kNew: return std::nullopt;
+    case Standing::State::kBegun:
+      progress = {CompleteLines(text, standing.progress, settings_.SeparatorChar), 0};
+      if (AnythingBehind(text, progress.Complete(), settings_.SeparatorChar)) return std::nullopt;
+      logs_.WrLog(std::string(own_text::kArchivedLate) + " " + ticket.name);
+      return Next::kFinish;
+    case Standing::State::kGivenUp: return Next::kAbort;
+    case Standing::State::kUnderWay:
+    case Standing::State::kUnknown: break;
+  }
+  return AskAboutInterrupted(ticket, text, standing, progress);
+}
+
+std::optional<Next> TicketProcessor::AskAboutInterrupted(const TicketFacts& ticket, const std::string& text,
+                                                         const Standing& standing,
+                                                         DocumentProgress& progress) {
+  const bool known = standing.state == Standing::State::kUnderWay;
+  const std::string heading =
+      DescribeTicket(ticket.stamp, text, standing.progress.Complete(), settings_.SeparatorChar) + " : " +
+      ticket.name;
+  const Decision decision =
+      recovery_.AskInDoubt(heading, std::string(own_text::kInterrupted) + " " + own_text::kCheckPaper);
+  if (decision == Decision::kAbort) return Next::kAbort;
+  if (known) progress = standing.progress;
+  if (decision == Decision::kReprint) return std::nullopt;
+  if (!known) return Next::kFinish;
+  progress = {LinesThroughDocument(text, standing.line, settings_.SeparatorChar), 0};
+  if (AnythingBehind(text, progress.Complete(), settings_.SeparatorChar)) return std::nullopt;
+  return Next::kFinish;
+}
+
+/// The file may have been corrected while the operator was asked. What is printed stays as it is.
+bool TicketProcessor::ReadAgain(const std::string& workFile, std::string& text, std::size_t printed) {
+  const auto read = [&] { return ReadInPieces(files_, workFile, [&] { loop_.Dispatch(); }); };
+  auto anew = logs_.Attempt(kLabel, read);
+  if (!anew) return false;
+  if (BeginAlike(*anew, text, printed)) text = std::move(*anew);
+  return true;
+}
+
+/// Where printing goes on: behind what is complete, or behind the receipt that is printed by now.
+DocumentProgress TicketProcessor::Continuing(Next end, std::string_view text) const {
+  if (end == Next::kRestart) return {sender_.Progress().CompleteBefore(fields_[0]), 0};
+  if (line_.divides) return {line_.number - 1, 0};
+  return {LinesThroughDocument(text, line_.number, settings_.SeparatorChar), 0};
+}
+
+Next TicketProcessor::SendLines(std::string_view text, std::size_t printed) {
   pending_.clear();
   // Lines without a command cause no wait.
   LineReader reader(
       std::make_unique<PieceReader>(std::make_unique<ViewBytes>(text), [&] { loop_.Dispatch(); }));
-  for (Line line; TakeLine(reader, line);) {
+  for (read_ = 0; TakeLine(reader);) {
+    if (line_.number <= printed) continue;
     // A receipt must not continue without one of its lines.
-    const Next next = logs_.Attempt(kLabel, [&] { return HandleLine(line); }).value_or(Next::kGiveUp);
-    if (next != Next::kNextLine) return next;
+    const Next failed = Policy().failureGivesUp ? Next::kGiveUp : Next::kLeave;
+    const Next next = logs_.Attempt(kLabel, [&] { return HandleLine(); }).value_or(failed);
+    if (next == Next::kSameLine) pending_.push_front(line_);
+    if (next != Next::kNextLine && next != Next::kSameLine) return next;
   }
   return Next::kFinish;
 }
 
-bool TicketProcessor::TakeLine(LineReader& reader, Line& line) {
+bool TicketProcessor::TakeLine(LineReader& reader) {
   if (pending_.empty()) {
-    line.fromSplit = false;
-    return reader.ReadLine(line.text);
+    line_ = {std::move(line_.text), ++read_, false, false};
+    return reader.ReadLine(line_.text);
   }
-  line = std::move(pending_.front());
+  line_ = std::move(pending_.front());
   pending_.pop_front();
   return true;
 }
 
-Next TicketProcessor::HandleLine(const Line& line) {
-  SplitRecord(line.text, settings_.SeparatorChar, fields_);
+Next TicketProcessor::HandleLine() {
+  SplitRecord(line_.text, settings_.SeparatorChar, fields_);
   if (fields_.IsEmpty()) return Next::kNextLine;
-  // A line that even a new receipt refuses would cause endless splitting: the operator decides about it.
-  const Next next = sender_.Send(line.text, fields_, !line.fromSplit);
+  const Next next = sender_.Send(line_, fields_);
   if (next != Next::kSplitReceipt) return next;
-  SplitReceipt(line.text);
+  SplitReceipt();
   return Next::kNextLine;
 }
 
-void TicketProcessor::SplitReceipt(const std::string& rejectedLine) {
+/// A line that even a new receipt refuses would cause endless splitting: the operator decides about it.
+void TicketProcessor::SplitReceipt() {
   logs_.WrLog(LoadMessage(MessageId::kReceiptSplit));
-  pending_.push_front({rejectedLine, true});
-  pending_.push_front({kReceiptSplitLine, true});
-  logs_.WrErr(LoadMessage(MessageId::kInvalidLine) + " " + LoggedLine(rejectedLine));
+  pending_.push_front({line_.text, line_.number, false, true});
+  pending_.push_front({kReceiptSplitLine, line_.number, true, true});
+  logs_.WrErr(LoadMessage(MessageId::kInvalidLine) + " " + LoggedLine(line_.text));
 }
 
 }  // namespace orvenza

@@ -110,7 +110,7 @@ TicketQueue::Outcome TicketQueue::TryTakenIn(const std::string& entry) {
 }
 
 TicketQueue::Outcome TicketQueue::Print(const std::string& entry, const std::string& file, std::string text) {
-  processor_.ProcessTicketFile(file, std::move(text));
+  processor_.ProcessTicketFile(entry, file, std::move(text));
   if (MayExist(files_, file) && !archive_.IsSettled(file)) {
     ++heldUp_[entry];
     return HeldUp(entry);

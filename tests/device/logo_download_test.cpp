@@ -51,7 +51,7 @@ class LogoDownloadTest : public DeviceBench {
   }
 
   std::vector<double> givenUpAt;  ///< Milliseconds.
-  LogoDownload download{link, recovery, files, logs, messages};
+  LogoDownload download{link, settings, recovery, files, logs, messages};
 };
 
 TEST_F(LogoDownloadTest, AllRowsAreSentFromTheTop) {
@@ -231,7 +231,7 @@ TEST_F(LogoDownloadTest, APictureThatCannotBeOpenedAnyMoreIsNotSent) {
       locked.FailAlways("OpenForReading", kPath, error_number::kPermissionDenied);
     }
     Answer("Ok");
-    LogoDownload downloadOfLocked(link, recovery, locked, logs, messages);
+    LogoDownload downloadOfLocked(link, settings, recovery, locked, logs, messages);
     EXPECT_FALSE(downloadOfLocked.Download("05", kPath, "", [] {}));
     EXPECT_EQ(Errors(), Lines{"Trasmissione 70 - Permission denied ( C:\\logo.bmp )"});
     EXPECT_EQ(Last(Shown()), kAlarm);

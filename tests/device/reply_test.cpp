@@ -4,8 +4,6 @@
 
 #include <string>
 
-#include "device/reply_policy.h"
-
 namespace orvenza::test {
 namespace {
 
@@ -56,30 +54,10 @@ TEST(Reply, AReceiptIsTooLongByItsSixthAndSeventhCharacters) {
     EXPECT_FALSE(Reply(text, "3217").IsReceiptTooLong()) << text;
 }
 
-TEST(ReplyPolicy, SaysWhatCountsAsWhat) {
-  struct {
-    const char* text;
-    bool lineIsDone, accepted, answered, notDone;
-  } const rows[] = {
-      {"3217", true, true, true, false},
-      {"200100", true, true, true, false},
-      {"", false, true, false, false},
-      {"ERR08", false, false, false, true},
-      {"ERR**", false, false, false, true},
-      {"ERR01", false, false, false, false},
-      {"ERR02", false, false, false, false},
-      {"ERR-1", false, false, false, false},
-      {"ERR-3", false, false, false, false},
-      {"ERR-2", true, false, false, false},
-      {"ERR-2 and more", true, false, false, false},
-  };
-  for (const auto& row : rows) {
-    const Reply reply(row.text, "3217");
-    EXPECT_EQ(reply_policy::LineIsDone(reply), row.lineIsDone) << row.text;
-    EXPECT_EQ(reply_policy::Accepted(reply), row.accepted) << row.text;
-    EXPECT_EQ(reply_policy::Answered(reply), row.answered) << row.text;
-    EXPECT_EQ(reply_policy::NotDone(reply), row.notDone) << row.text;
-  }
+TEST(Reply, OnlyARefusalSaysThatNothingWasExecuted) {
+  for (const char* text : {"ERR08", "ERR11", "ERR**"}) EXPECT_TRUE(Reply(text, "3217").IsRefusal()) << text;
+  for (const char* text : {"", "3217", "200100", "ERR01", "ERR02", "ERR-1", "ERR-2", "ERR-3"})
+    EXPECT_FALSE(Reply(text, "3217").IsRefusal()) << text;
 }
 
 }  // namespace

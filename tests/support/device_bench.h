@@ -94,9 +94,9 @@ class DeviceBench : public ::testing::Test {
   LinkDialogs dialogs{messages, portDialog, logs};
   DeviceLink link{faulty, settings, logs, dialogs, loop, clock};
   ClockCorrection correction{clock, settings, logs};
-  CashDialogues cash{link, settings, logs, messages, loop, correction};
+  CashDialogues cash{link, settings, logs, messages, dialogs, loop, correction};
   ErrorTexts texts{profile, "C:\\shop\\ErrDesc.ini"};
-  ErrorRecovery recovery{texts, cash, person, logs, "Orvenza"};
+  ErrorRecovery recovery{texts, settings, cash, person, logs, "Orvenza"};
   PollTimer timer{clock};
   RegisterQueries queries{link, cash, recovery, dialogs, logs, loop, timer};
 

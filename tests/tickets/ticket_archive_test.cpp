@@ -45,7 +45,8 @@ class ArchiveTest : public ::testing::Test {
   Logs logs{shop.files, shop.clock, settings, shop.folder.Path()};
   OperatorMessages messages{shop.person, "Orvenza"};
   RememberedTickets remembered{shop.files, logs, shop.folder.Path()};
-  TicketArchive archive{shop.files, shop.folders, settings, logs, messages, remembered};
+  TicketWitnesses witnesses;
+  TicketArchive archive{shop.files, shop.folders, settings, logs, messages, remembered, witnesses};
   std::string workFile = shop.folder.Path("data\\inproces\\ticket.txt");
 };
 

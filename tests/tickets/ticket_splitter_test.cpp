@@ -57,7 +57,8 @@ class SplitterTest : public ::testing::Test {
 
  protected:
   RememberedTickets remembered{files, logs, "C:\\shop"};
-  TicketArchive archive{files, shop.folders, settings, logs, messages, remembered};
+  TicketWitnesses witnesses;
+  TicketArchive archive{files, shop.folders, settings, logs, messages, remembered, witnesses};
   TicketSplitter splitter{files, settings, logs, archive};
 };
 

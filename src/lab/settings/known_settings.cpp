@@ -12,9 +12,16 @@ bool Holds(const std::vector<std::string>& names, const std::string& name) {
   return std::any_of(names.begin(), names.end(), [&](const auto& n) { return IsSameIniName(n, name); });
 }
 
+std::vector<ProfileValue> AllSettings() {
+  std::vector<ProfileValue> values = DefaultSettings({});
+  for (const OptionalSetting& optional : OptionalSettings())
+    values.push_back({optional.section, optional.key, {}});
+  return values;
+}
+
 }  // namespace
 
-KnownSettings::KnownSettings() : KnownSettings(DefaultSettings({})) {}
+KnownSettings::KnownSettings() : KnownSettings(AllSettings()) {}
 
 std::vector<std::string> KnownSettings::Sections() const {
   std::vector<std::string> names;

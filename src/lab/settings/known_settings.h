@@ -10,7 +10,7 @@ namespace orvenza {
 /// The sections and keys that a settings file may contain. Letter case in names is ignored.
 class KnownSettings {
  public:
-  /// Those of a new file.
+  /// Those of a new file and the optional ones.
   KnownSettings();
 
   explicit KnownSettings(std::vector<ProfileValue> values) : values_(std::move(values)) {}

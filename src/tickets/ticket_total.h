@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace orvenza {
+
+/// A ticket as the operator recognises it: the time of day of its `stamp` ("yyyymmddhhmmss") and, if the
+/// items alone say it, the total of the first receipt behind `skipped` lines. `separator` divides the fields.
+[[nodiscard]] std::string DescribeTicket(std::string_view stamp, std::string_view text, std::size_t skipped,
+                                         char separator);
+
+}  // namespace orvenza
