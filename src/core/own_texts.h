@@ -25,8 +25,8 @@ inline constexpr const char* kTimes = "volte";
 inline constexpr const char* kArchivedLate = "Scontrino già stampato, archiviato ora :";
 
 // Dialogs, with their lines in the error log.
-inline constexpr const char* kForeignReceipt = "Alla cassa è aperto uno scontrino non inviato da qui.";
-inline constexpr const char* kVoidForeignReceipt = "Annullarlo ? ( No : prima si chiude alla cassa )";
+inline constexpr const char* kForeignReceipt = "Alla cassa risulta aperto un altro scontrino.";
+inline constexpr const char* kVoidForeignReceipt = "Annullarlo ? ( No : prima va chiuso alla cassa )";
 inline constexpr const char* kCheckPaper = "Controllare la carta : è stato stampato ?";
 inline constexpr const char* kInterrupted = "La stampa è stata interrotta.";
 inline constexpr const char* kReceiptOf = "Scontrino delle";

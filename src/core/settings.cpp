@@ -119,6 +119,7 @@ void SettingsFile::ReadIni(AppSettings& settings) {
   const auto content = profile_.Load(paths_.Ini());
   ReadFolders(*content, settings);
   settings.CommandFilePath = paths_.AppPath + "\\command.txt";
+  settings.EvidencePath = paths_.AppPath + "\\" + kEvidenceName;
   settings.LogPath = paths_.AppPath + "\\Log.txt";
   settings.ErrPath = paths_.AppPath + "\\Err.txt";
   ReadComSettings(*content, settings);

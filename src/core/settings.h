@@ -20,6 +20,7 @@ struct AppSettings : LogPaths {
   std::string InProcessFolder;  ///< Ends in "\".
   std::string AbortFolder;      ///< Ends in "\".
   std::string CommandFilePath;
+  std::string EvidencePath;  ///< How far the ticket being printed has come.
   int ComPortNumber = 0;
   std::string ComSettings;  ///< Speed, parity, data bits, stop bits: "19200,O,7,1".
   int FrameRetry = 0;
@@ -48,6 +49,9 @@ struct ProgramPaths {
   std::string Ini() const { return AppPath + "\\" + ExecutableName + ".ini"; }
   std::string ErrDesc() const { return AppPath + "\\ErrDesc.ini"; }
 };
+
+/// Name of a file in the program folder: how far the ticket being printed has come.
+inline constexpr const char* kEvidenceName = "Evidence.ini";
 
 /// The version of the settings file that this program reads and writes.
 inline constexpr const char* kIniVersion = "1.06";

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/own_texts.h"
+#include "core/settings.h"
 #include "core/text.h"
 #include "platform/ini_text.h"
 #include "platform/system_error.h"
@@ -85,7 +86,7 @@ std::optional<Standing> StandingIn(Fields& fields) {
 
 }  // namespace
 
-std::string EvidencePath(const std::string& programFolder) { return programFolder + "\\Evidence.ini"; }
+std::string EvidencePath(const std::string& programFolder) { return programFolder + "\\" + kEvidenceName; }
 
 std::string EvidenceText(const EvidenceRecord& record) {
   const Standing standing = record.standing.value_or(Standing{});
@@ -166,7 +167,7 @@ void Evidence::Begun(const DocumentProgress& progress, bool) {
 }
 
 void Evidence::Sending(const SentCommand& command) {
-  record_.receiptOpen = true;
+  record_.receiptOpen = record_.receiptOpen || command.opens;
   if (!command.completes || !record_.standing) return;
   record_.standing->state = Standing::State::kUnderWay;
   record_.standing->line = command.line;

@@ -96,7 +96,8 @@ Next LineSender::SendOrdinary(const TicketLine& line, const RecordFields& fields
   const Next before = ifEnded_;
   const bool completes = HasRole(fields[0], &RecordRoles::completes);
   if (completes && Policy().endGivesUp) ifEnded_ = Next::kAbort;
-  const Reply reply = Transmit(line, fields, {line.number, command, completes}, false);
+  const bool opens = HasRole(fields[0], &RecordRoles::opens);
+  const Reply reply = Transmit(line, fields, {line.number, command, completes, opens}, false);
   if (reply.IsRefusal()) ifEnded_ = before;
   return HandleReply(CommandUse::kLine, line, fields, reply);
 }
@@ -111,7 +112,7 @@ Next LineSender::SendLongRunning(const TicketLine& line, const RecordFields& fie
     link_.AwaitDevice();
   }
   if (Policy().endGivesUp) ifEnded_ = Next::kAbort;
-  const Reply reply = Transmit(line, fields, {line.number, command, true}, true);
+  const Reply reply = Transmit(line, fields, {line.number, command, true, false}, true);
   const bool done = Policy().IsDone(CommandUse::kClosure, reply);
   if (done && !Policy().IsDone(CommandUse::kOther, reply))
     logs_.WrErr(LoadMessage(MessageId::kEcrError) + " " + FromWindows1252(reply.Text()));
@@ -121,7 +122,7 @@ Next LineSender::SendLongRunning(const TicketLine& line, const RecordFields& fie
 Reply LineSender::Transmit(const TicketLine& line, const RecordFields& fields, const SentCommand& sent,
                            bool isLong) {
   witness_.Sending(sent);
-  cash_.ReceiptIsOurs = true;
+  cash_.ReceiptIsOurs = cash_.ReceiptIsOurs || sent.opens;
   const Reply reply = isLong ? link_.TransmitLong(sent.command) : link_.Transmit(sent.command);
   const bool done = Policy().IsDone(isLong ? CommandUse::kClosure : CommandUse::kLine, reply);
   if (done && line.divides) progress_.Divided(line.number);

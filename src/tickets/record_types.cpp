@@ -206,6 +206,7 @@ std::string Type43(const NotedFields& f, const TranslationContext&) {
                f.Format(4, FmtNum4Range9999), f.Format(5, FmtNum2Range40), f.Text(6, 40)});
 }
 
+constexpr RecordRoles kOpening{.opens = true};
 constexpr RecordRoles kPayment{.closesTicket = true, .endsReceipt = true, .completes = true};
 constexpr RecordRoles kFurtherPayment{.followsClosing = true, .endsReceipt = true, .completes = true};
 constexpr RecordRoles kVoid{.closesTicket = true, .endsReceipt = true};
@@ -217,15 +218,15 @@ constexpr RecordRoles kAlone{.standsAlone = true};
 // In ascending order of their numbers.
 constexpr RecordType kRecordTypes[] = {
     {"0", [](const auto& f, const auto&) { return Number("1051", f); }},
-    {"1", Type1},
+    {"1", Type1, kOpening},
     {"2", Type2, kPayment},
-    {"3", Type3},
+    {"3", Type3, kOpening},
     {"4", [](const auto& f, const auto&) { return Number("1028", f); }, kVoid},
     {"5", Type5, kPayment},
     {"6", Type6},
     {"7", Type7},
     {"8", Type8},
-    {"9", Type9},
+    {"9", Type9, kOpening},
     {"14", Type14, kFurtherPayment},
     {"15", [](const auto& f, const auto&) { return NumberAndAmount("1044", f); }, kPayment},
     {"17", Type17},
@@ -238,7 +239,7 @@ constexpr RecordType kRecordTypes[] = {
     {"26", [](const auto&, const auto&) { return std::string("104701"); }, kAlone},
     {"27", [](const auto& f, const auto&) { return NumberAndAmount("1048", f); }},
     {"28", Type28},
-    {"29", [](const auto& f, const auto&) { return Number("1063", f); }},
+    {"29", [](const auto& f, const auto&) { return Number("1063", f); }, kOpening},
     {"30", Type30},
     {"31", [](const auto& f, const auto&) { return Number("1065", f); }, kDocumentEnd},
     {"32", Type32, kReport},

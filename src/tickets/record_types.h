@@ -27,6 +27,8 @@ struct RecordRoles {
   bool closesTicket = false;
   /// ... but not with a line of this type, nor with another one that closes.
   bool followsClosing = false;
+  /// After it a receipt or a document is open.
+  bool opens = false;
   /// After it no receipt or document needs to be open.
   bool endsReceipt = false;
   /// It completes something on paper: its ticket must not be printed again without a question. A long-running

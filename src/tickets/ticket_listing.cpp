@@ -66,7 +66,7 @@ bool TicketListing::IsOlder(std::string_view entry, std::string_view other) {
 std::vector<std::string> TicketListing::OwnNames(const std::string& folder) const {
   const std::string place = NormalisedFolder(folder);
   std::vector<std::string> paths = logs_.Paths();
-  paths.insert(paths.end(), {settings_.CommandFilePath, rememberedFiles_});
+  paths.insert(paths.end(), {settings_.CommandFilePath, settings_.EvidencePath, rememberedFiles_});
   std::vector<std::string> names;
   for (const std::string& path : paths) {
     const std::size_t name = path.rfind('\\') + 1;

@@ -126,7 +126,7 @@ std::optional<Next> TicketProcessor::AskAboutInterrupted(const TicketFacts& tick
   const Decision decision =
       recovery_.AskInDoubt(heading, std::string(own_text::kInterrupted) + " " + own_text::kCheckPaper);
   if (decision == Decision::kAbort) return Next::kAbort;
-  if (known) progress = standing.progress;
+  if (known) progress = {CompleteLines(text, standing.progress, settings_.SeparatorChar), 0};
   if (decision == Decision::kReprint) return std::nullopt;
   if (!known) return Next::kFinish;
   progress = {LinesThroughDocument(text, standing.line, settings_.SeparatorChar), 0};
