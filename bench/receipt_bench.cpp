@@ -31,17 +31,19 @@ std::string FortyItems() {
   return ticket + "2;1;6000;;;\r\n";
 }
 
-void WriteSettings(const BenchFolder& folder) {
+void WriteSettings(const BenchFolder& folder, const std::string& more) {
   folder.Write("Orvenza.ini", "[Version]\r\nVersion=1.06\r\n[Database]\r\nTicketFiles=" + folder.Path() +
                                   "/data/*.txt\r\nHistoricTickets=" + folder.Path() +
                                   "/storico/\r\n[Com Settings]\r\nComPort=1\r\nSettings=19200,O,7,1\r\n"
-                                  "TimeWaitForEtx=10000\r\n[General]\r\nSeparator (ascii,max 127)=59\r\n");
+                                  "TimeWaitForEtx=10000\r\n[General]\r\nSeparator (ascii,max 127)=59\r\n" +
+                                  more);
 }
 
-void Receipt(benchmark::State& state) {
+/// `settings` are further lines of the settings file.
+void Receipt(benchmark::State& state, const std::string& settings) {
   for ([[maybe_unused]] auto iteration : state) {
     const BenchFolder folder;
-    WriteSettings(folder);
+    WriteSettings(folder, settings);
     folder.Write("data/a.txt", FortyItems());
     PosixFiles files;
     PosixFolders folders;
@@ -82,7 +84,16 @@ void Receipt(benchmark::State& state) {
     state.counters["total_to_line"] = total / line;
   }
 }
-BENCHMARK(Receipt)->UseManualTime()->Iterations(1)->Repetitions(5)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Receipt, Contract, "")
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(5)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Receipt, AskInDoubt, "[Safety]\r\nAskInDoubt=1\r\n")
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(5)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace orvenza
