@@ -56,6 +56,9 @@ struct DoubtPolicy {
   bool voidsForeignReceipts;
   /// A form with choices that is closed without one goes on. Otherwise it is shown again.
   bool closedFormGoesOn;
+  /// "Print again" is selected when a form with choices opens. Otherwise nothing is: nobody chooses by
+  /// pressing Enter.
+  bool preselectsReprint;
   /// A closure gives its ticket up if the register is absent right before it. Otherwise it waits.
   bool absenceGivesUpClosure;
   /// After paper-out without an open receipt, the next line follows. Otherwise the line is sent again, or, if

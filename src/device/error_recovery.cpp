@@ -83,7 +83,7 @@ void ErrorRecovery::AddChoices(ChoiceContent& form) const {
   form.frameVisible = true;
   form.options = {LoadMessage(MessageId::kReceiptPrinted), LoadMessage(MessageId::kReprintReceipt),
                   LoadMessage(MessageId::kAbortReceipt)};
-  form.selected = 2;
+  form.selected = Policy().preselectsReprint ? 2 : 0;
 }
 
 Decision ErrorRecovery::AskInDoubt(const std::string& heading, const std::string& text) {
