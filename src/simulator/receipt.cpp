@@ -10,45 +10,45 @@ constexpr std::string_view kDone;
 }  // namespace
 
 std::string_view Receipt::Sell(std::int64_t amount) {
-  if (paying_) return refusal::kOutOfSequence;
-  if (const auto refused = SetTotal(total_ + amount); !refused.empty()) return refused;
-  lastItem_ = amount;
-  itemOpen_ = true;
+  if (state_.paying) return refusal::kOutOfSequence;
+  if (const auto refused = SetTotal(state_.total + amount); !refused.empty()) return refused;
+  state_.lastItem = amount;
+  state_.itemOpen = true;
   return kDone;
 }
 
 std::string_view Receipt::TakeBack(std::int64_t amount) {
-  if (paying_) return refusal::kOutOfSequence;
-  if (const auto refused = SetTotal(total_ - amount); !refused.empty()) return refused;
-  itemOpen_ = false;
+  if (state_.paying) return refusal::kOutOfSequence;
+  if (const auto refused = SetTotal(state_.total - amount); !refused.empty()) return refused;
+  state_.itemOpen = false;
   return kDone;
 }
 
 std::string_view Receipt::ChangeItem(std::int64_t change) {
   if (!ItemOpen()) return refusal::kOutOfSequence;
-  if (lastItem_ + change < 0) return refusal::kTooLarge;
-  if (const auto refused = SetTotal(total_ + change); !refused.empty()) return refused;
-  lastItem_ += change;
+  if (state_.lastItem + change < 0) return refusal::kTooLarge;
+  if (const auto refused = SetTotal(state_.total + change); !refused.empty()) return refused;
+  state_.lastItem += change;
   return kDone;
 }
 
 std::string_view Receipt::ChangeTotal(std::int64_t change) {
-  if (paying_) return refusal::kOutOfSequence;
-  if (const auto refused = SetTotal(total_ + change); !refused.empty()) return refused;
-  itemOpen_ = false;
+  if (state_.paying) return refusal::kOutOfSequence;
+  if (const auto refused = SetTotal(state_.total + change); !refused.empty()) return refused;
+  state_.itemOpen = false;
   return kDone;
 }
 
 std::string_view Receipt::Pay(std::int64_t amount) {
   if (amount > kLargestAmount) return refusal::kTooLarge;
-  paid_ += amount;
-  paying_ = true;
+  state_.paid += amount;
+  state_.paying = true;
   return kDone;
 }
 
 std::string_view Receipt::SetTotal(std::int64_t total) {
   if (total < 0 || total > kLargestAmount) return refusal::kTooLarge;
-  total_ = total;
+  state_.total = total;
   return kDone;
 }
 

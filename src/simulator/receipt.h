@@ -4,9 +4,23 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace orvenza {
+
+/// All that a receipt in progress consists of. Amounts are cents.
+struct ReceiptState {
+  std::int64_t total = 0;
+  std::int64_t lastItem = 0;
+  std::int64_t paid = 0;
+  bool itemOpen = false;
+  bool paying = false;
+  std::size_t entries = 0;
+  std::vector<std::string> lines{};
+
+  bool operator==(const ReceiptState&) const = default;
+};
 
 /// The receipt in progress: its sums, exact to the cent, and its printed lines.
 ///
@@ -17,12 +31,20 @@ class Receipt {
   /// Largest amount of a line, a payment and a receipt.
   static constexpr std::int64_t kLargestAmount = 99'999'999;
 
-  std::int64_t Total() const { return total_; }
-  std::int64_t LastItem() const { return lastItem_; }  ///< Price of the last item, including its discounts.
-  std::int64_t Due() const { return total_ > paid_ ? total_ - paid_ : 0; }
-  std::int64_t Change() const { return paid_ > total_ ? paid_ - total_ : 0; }
-  bool Paying() const { return paying_; }  ///< A payment was made, so nothing more can be sold.
-  bool Paid() const { return paying_ && paid_ >= total_; }
+  Receipt() = default;
+  /// Goes on with a receipt.
+  explicit Receipt(ReceiptState state) : state_(std::move(state)) {}
+
+  const ReceiptState& State() const { return state_; }
+  bool operator==(const Receipt&) const = default;
+
+  std::int64_t Total() const { return state_.total; }
+  /// Price of the last item, including its discounts.
+  std::int64_t LastItem() const { return state_.lastItem; }
+  std::int64_t Due() const { return state_.total > state_.paid ? state_.total - state_.paid : 0; }
+  std::int64_t Change() const { return state_.paid > state_.total ? state_.paid - state_.total : 0; }
+  bool Paying() const { return state_.paying; }  ///< A payment was made, so nothing more can be sold.
+  bool Paid() const { return state_.paying && state_.paid >= state_.total; }
 
   std::string_view Sell(std::int64_t amount);
   std::string_view TakeBack(std::int64_t amount);
@@ -33,28 +55,22 @@ class Receipt {
   std::string_view ChangeTotal(std::int64_t change);
 
   /// Ends the last item: no discount can be given on it any more.
-  void EndItem() { itemOpen_ = false; }
-  bool ItemOpen() const { return itemOpen_ && !paying_; }
+  void EndItem() { state_.itemOpen = false; }
+  bool ItemOpen() const { return state_.itemOpen && !state_.paying; }
 
   std::string_view Pay(std::int64_t amount);
 
-  void AddLine(std::string line) { lines_.push_back(std::move(line)); }
-  const std::vector<std::string>& Lines() const { return lines_; }
+  void AddLine(std::string line) { state_.lines.push_back(std::move(line)); }
+  const std::vector<std::string>& Lines() const { return state_.lines; }
 
   /// Number of sales, texts, discounts etc. so far, which the register's receipt capacity limits.
-  std::size_t Entries() const { return entries_; }
-  void CountEntry() { ++entries_; }
+  std::size_t Entries() const { return state_.entries; }
+  void CountEntry() { ++state_.entries; }
 
  private:
   std::string_view SetTotal(std::int64_t total);
 
-  std::int64_t total_ = 0;
-  std::int64_t lastItem_ = 0;
-  std::int64_t paid_ = 0;
-  bool itemOpen_ = false;
-  bool paying_ = false;
-  std::size_t entries_ = 0;
-  std::vector<std::string> lines_;
+  ReceiptState state_;
 };
 
 /// `price` in cents times `quantity` in thousandths; half a cent is rounded up.

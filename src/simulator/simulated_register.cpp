@@ -28,27 +28,38 @@ bool Prints(CommandEffect effect) {
 
 }  // namespace
 
-SimulatedRegister::SimulatedRegister(const Clock& clock, PaperRoll& paper, RegisterProfile profile)
+SimulatedRegister::SimulatedRegister(const Clock& clock, PaperRoll& paper, RegisterProfile profile,
+                                     std::optional<RegisterState> remembered)
     : clock_(clock),
       paper_(paper),
       profile_(std::move(profile)),
-      clockStart_(Later(clock.Now(), profile_.clockAhead)),
-      clockStartUptime_(clock.Uptime()) {}
+      clockStart_(Later(clock.Now(), remembered ? remembered->clockAhead : profile_.clockAhead)),
+      clockStartUptime_(clock.Uptime()),
+      state_(remembered ? std::move(*remembered) : RegisterState{.clockAhead = profile_.clockAhead}) {}
 
 std::string SimulatedRegister::Execute(const std::string& text) {
+  std::string reply = Answer(text);
+  if (keeper_) {
+    RememberClock();
+    keeper_(state_);
+  }
+  return reply;
+}
+
+std::string SimulatedRegister::Answer(const std::string& text) {
   const RegisterCommand* const command = FindRegisterCommand(std::string_view(text).substr(0, 4));
   if (command == nullptr) return Refusal(refusal::kUnknown);
   const bool prints = Prints(command->effect);
-  if (prints && paperOut_ && commandHeld_) return PaperError();
+  if (prints && state_.paperOut && state_.commandHeld) return PaperError();
   CommandFields fields(text);
   const CommandData data = command->read(fields);
   if (!fields.Complete()) return Refusal(refusal::kMalformed);
-  if (!IsTaken(command->place, receipt_.has_value(), documentOpen_)) {
+  if (!IsTaken(command->place, state_.receipt.has_value(), state_.documentOpen)) {
     return Refusal(command->place == CommandPlace::kInNeither ? refusal::kNotNow : refusal::kOutOfSequence);
   }
   std::string reply = CarryOut(*command, data);
-  if (!prints || !paperOut_ || reply.starts_with("ERR")) return reply;
-  commandHeld_ = true;
+  if (!prints || !state_.paperOut || reply.starts_with("ERR")) return reply;
+  state_.commandHeld = true;
   return PaperError();
 }
 
@@ -65,7 +76,7 @@ std::string SimulatedRegister::CarryOut(const RegisterCommand& command, const Co
     case CommandEffect::kVoid: refused = Void(); break;
     case CommandEffect::kPrintText:
     case CommandEffect::kPrintInDocument: refused = PrintText(data); break;
-    case CommandEffect::kSetFootLine: foot_[data.number] = data.text; break;
+    case CommandEffect::kSetFootLine: state_.foot[data.number] = data.text; break;
     case CommandEffect::kOpenDocument: OpenDocument(); break;
     case CommandEffect::kCloseDocument: EndDocument("FINE DOCUMENTO"); break;
     case CommandEffect::kCashIn:
@@ -76,13 +87,13 @@ std::string SimulatedRegister::CarryOut(const RegisterCommand& command, const Co
     case CommandEffect::kIdentity: return Done(command.code) + profile_.model + profile_.release;
     case CommandEffect::kStatus: return Status(command);
     case CommandEffect::kTimeOfDay: return TimeOfDay(command);
-    case CommandEffect::kLogoRow: ++logoRows_; break;
+    case CommandEffect::kLogoRow: ++state_.logoRows; break;
   }
   return refused.empty() ? Done(command.code) : Refusal(refused);
 }
 
 std::string SimulatedRegister::Status(const RegisterCommand& command) const {
-  if (paperOut_) return PaperError();
+  if (state_.paperOut) return PaperError();
   return ReceiptOpen() ? Refusal(refusal::kNotNow) : Done(command.code);
 }
 
@@ -95,15 +106,15 @@ std::string SimulatedRegister::TimeOfDay(const RegisterCommand& command) const {
 }
 
 void SimulatedRegister::Restart() {
-  if (!paperOut_) return;
-  paperOut_.reset();
-  commandHeld_ = false;
-  linesPrinted_ = 0;
-  for (const auto& line : std::exchange(linesHeld_, {})) PutOnPaper(line);
+  if (!state_.paperOut) return;
+  state_.paperOut.reset();
+  state_.commandHeld = false;
+  state_.linesPrinted = 0;
+  for (const auto& line : std::exchange(state_.linesHeld, {})) PutOnPaper(line);
 }
 
 void SimulatedRegister::OpenDocument() {
-  documentOpen_ = true;
+  state_.documentOpen = true;
   PrintHead();
   Print(Centred("DOCUMENTO NON FISCALE"));
 }
@@ -124,11 +135,18 @@ void SimulatedRegister::Report(const RegisterCommand& command) {
 
 void SimulatedRegister::FiscalClosure(const RegisterCommand& command) {
   if (!command.title.empty()) PrintDay(std::string(command.title));
-  ++fiscalClosures_;
-  PrintDay("CHIUSURA FISCALE N. " + std::to_string(fiscalClosures_));
+  ++state_.fiscalClosures;
+  PrintDay("CHIUSURA FISCALE N. " + std::to_string(state_.fiscalClosures));
   PrintEnd("");
-  dailyTotal_ = 0;
-  dailyReceipts_ = 0;
+  state_.dailyTotal = 0;
+  state_.dailyReceipts = 0;
+}
+
+/// Only a PC clock that was set changes the difference. Both clocks show whole seconds, so the difference
+/// seen may be a second off; that would add up over many starts.
+void SimulatedRegister::RememberClock() {
+  const std::chrono::seconds ahead = TimeBetween(clock_.Now(), Now());
+  if (std::chrono::abs(ahead - state_.clockAhead) > std::chrono::seconds(1)) state_.clockAhead = ahead;
 }
 
 LocalTime SimulatedRegister::Now() const {
@@ -136,26 +154,27 @@ LocalTime SimulatedRegister::Now() const {
 }
 
 std::string SimulatedRegister::PaperError() const {
-  return Refusal(*paperOut_ == Paper::kJournal ? refusal::kJournalPaper : refusal::kReceiptPaper);
+  return Refusal(*state_.paperOut == Paper::kJournal ? refusal::kJournalPaper : refusal::kReceiptPaper);
 }
 
 void SimulatedRegister::PutOnPaper(const std::string& line) {
-  if (paperOut_) {
-    linesHeld_.push_back(line);
+  if (state_.paperOut) {
+    state_.linesHeld.push_back(line);
     return;
   }
   paper_.Print(line);
-  ++linesPrinted_;
-  if (linesPrinted_ == profile_.rollLines) paperOut_ = Paper::kReceipt;
+  ++state_.linesPrinted;
+  // A later start may have put in a shorter roll.
+  if (profile_.rollLines > 0 && state_.linesPrinted >= profile_.rollLines) state_.paperOut = Paper::kReceipt;
 }
 
 void SimulatedRegister::Print(const std::string& line) {
-  if (receipt_) receipt_->AddLine(line);
+  if (state_.receipt) state_.receipt->AddLine(line);
   PutOnPaper(line);
 }
 
 void SimulatedRegister::PrintEntry(const std::string& line) {
-  if (receipt_) receipt_->CountEntry();
+  if (state_.receipt) state_.receipt->CountEntry();
   Print(line);
 }
 
@@ -176,13 +195,13 @@ void SimulatedRegister::PrintEnd(std::string_view title) {
 
 void SimulatedRegister::PrintDay(const std::string& title) {
   Print(Centred(title));
-  Print(Spread("SCONTRINI", std::to_string(dailyReceipts_)));
-  Print(Spread("TOTALE DEL GIORNO", FormatCents(dailyTotal_)));
+  Print(Spread("SCONTRINI", std::to_string(state_.dailyReceipts)));
+  Print(Spread("TOTALE DEL GIORNO", FormatCents(state_.dailyTotal)));
 }
 
 void SimulatedRegister::EndDocument(std::string_view title) {
   PrintEnd(title);
-  documentOpen_ = false;
+  state_.documentOpen = false;
 }
 
 }  // namespace orvenza

@@ -3,16 +3,17 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
-#include <map>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/clock.h"
 #include "simulator/paper_roll.h"
-#include "simulator/receipt.h"
 #include "simulator/register_profile.h"
+#include "simulator/register_state.h"
 
 namespace orvenza {
 
@@ -40,7 +41,17 @@ class SimulatedRegister {
   /// do not fill the memory.
   static constexpr std::size_t kReceiptsKept = 10000;
 
-  SimulatedRegister(const Clock& clock, PaperRoll& paper, RegisterProfile profile = {});
+  /// Receives the state after each command.
+  using Keeper = std::function<void(const RegisterState&)>;
+
+  /// `remembered` is the state of a register that goes on; empty: a new register.
+  SimulatedRegister(const Clock& clock, PaperRoll& paper, RegisterProfile profile = {},
+                    std::optional<RegisterState> remembered = {});
+
+  /// Null: nobody keeps the state.
+  void SetKeeper(Keeper keeper) { keeper_ = std::move(keeper); }
+
+  const RegisterState& State() const { return state_; }
 
   /// Executes `command` and returns the reply text.
   std::string Execute(const std::string& text);
@@ -48,26 +59,27 @@ class SimulatedRegister {
   /// The paper runs out now. The next printing command is still accepted, but its lines are held back and its
   /// reply is the paper's error. Further ones and the status query are refused with that error until "1149",
   /// which prints the lines held back.
-  void RunOutOfPaper(Paper paper) { paperOut_ = paper; }
+  void RunOutOfPaper(Paper paper) { state_.paperOut = paper; }
 
-  bool PaperOut() const { return paperOut_.has_value(); }
+  bool PaperOut() const { return state_.paperOut.has_value(); }
 
   /// Whether a receipt or a non-fiscal document is open.
-  bool ReceiptOpen() const { return receipt_.has_value() || documentOpen_; }
+  bool ReceiptOpen() const { return state_.receipt.has_value() || state_.documentOpen; }
 
   /// Closed and voided receipts, oldest first.
   const std::vector<PrintedReceipt>& Receipts() const { return receipts_; }
 
   /// Since the last fiscal closure: the sum in cents and the number of closed receipts.
-  std::int64_t DailyTotal() const { return dailyTotal_; }
-  int DailyReceipts() const { return dailyReceipts_; }
+  std::int64_t DailyTotal() const { return state_.dailyTotal; }
+  int DailyReceipts() const { return state_.dailyReceipts; }
 
-  int FiscalClosures() const { return fiscalClosures_; }
+  int FiscalClosures() const { return state_.fiscalClosures; }
 
   /// Logo rows received so far.
-  std::size_t LogoRows() const { return logoRows_; }
+  std::size_t LogoRows() const { return state_.logoRows; }
 
  private:
+  std::string Answer(const std::string& text);
   std::string CarryOut(const RegisterCommand& command, const CommandData& data);
   std::string Status(const RegisterCommand& command) const;
   std::string TimeOfDay(const RegisterCommand& command) const;
@@ -88,6 +100,7 @@ class SimulatedRegister {
   void Restart();
 
   LocalTime Now() const;
+  void RememberClock();
   bool ReceiptFull() const;
   std::string PaperError() const;
   std::string_view EntryRefused() const;
@@ -106,18 +119,9 @@ class SimulatedRegister {
   RegisterProfile profile_;
   LocalTime clockStart_;  ///< The register's own clock at uptime `clockStartUptime_`.
   std::chrono::nanoseconds clockStartUptime_;
-  std::optional<Receipt> receipt_;            ///< Empty while no receipt is open.
-  bool documentOpen_ = false;                 ///< A non-fiscal document.
-  std::map<std::int64_t, std::string> foot_;  ///< Lines for the end of the next receipt, by position.
-  std::optional<Paper> paperOut_;
-  bool commandHeld_ = false;  ///< A command was accepted after the paper ran out.
-  std::vector<std::string> linesHeld_;
-  std::size_t linesPrinted_ = 0;  ///< On this roll.
+  RegisterState state_;
   std::vector<PrintedReceipt> receipts_;
-  std::int64_t dailyTotal_ = 0;
-  int dailyReceipts_ = 0;
-  int fiscalClosures_ = 0;
-  std::size_t logoRows_ = 0;
+  Keeper keeper_;
 };
 
 }  // namespace orvenza

@@ -11,9 +11,9 @@ namespace orvenza {
 
 std::string_view SimulatedRegister::Void() {
   // Once payment has begun, a receipt cannot be voided, only paid completely.
-  if (receipt_ && receipt_->Paying()) return refusal::kOutOfSequence;
-  Print(Spread("ANNULLO", receipt_ ? FormatCents(-receipt_->Total()) : ""));
-  if (receipt_) {
+  if (state_.receipt && state_.receipt->Paying()) return refusal::kOutOfSequence;
+  Print(Spread("ANNULLO", state_.receipt ? FormatCents(-state_.receipt->Total()) : ""));
+  if (state_.receipt) {
     EndReceipt(true);
   } else {
     EndDocument("DOCUMENTO ANNULLATO");
@@ -22,13 +22,13 @@ std::string_view SimulatedRegister::Void() {
 }
 
 std::string_view SimulatedRegister::Sell(const RegisterCommand& command, const CommandData& data) {
-  const bool opens = !receipt_;
-  if (opens) receipt_.emplace();
-  const std::int64_t amount = AmountOf(command, data, *receipt_);
+  const bool opens = !state_.receipt;
+  if (opens) state_.receipt.emplace();
+  const std::int64_t amount = AmountOf(command, data, *state_.receipt);
   auto refused = EntryRefused();
-  if (refused.empty()) refused = ChangeSums(*receipt_, command.effect, amount);
+  if (refused.empty()) refused = ChangeSums(*state_.receipt, command.effect, amount);
   if (!refused.empty()) {
-    if (opens) receipt_.reset();
+    if (opens) state_.receipt.reset();
     return refused;
   }
   if (opens) PrintHead();
@@ -38,8 +38,9 @@ std::string_view SimulatedRegister::Sell(const RegisterCommand& command, const C
 
 std::string_view SimulatedRegister::TakeBack(const RegisterCommand& command, const CommandData& data) {
   if (const auto refused = EntryRefused(); !refused.empty()) return refused;
-  const std::int64_t amount = AmountOf(command, data, *receipt_);
-  if (const auto refused = ChangeSums(*receipt_, command.effect, amount); !refused.empty()) return refused;
+  const std::int64_t amount = AmountOf(command, data, *state_.receipt);
+  if (const auto refused = ChangeSums(*state_.receipt, command.effect, amount); !refused.empty())
+    return refused;
   Print(std::string(command.title));
   PrintItem(data, -amount);
   return {};
@@ -47,9 +48,10 @@ std::string_view SimulatedRegister::TakeBack(const RegisterCommand& command, con
 
 std::string_view SimulatedRegister::ChangePrice(const RegisterCommand& command, const CommandData& data) {
   if (const auto refused = EntryRefused(); !refused.empty()) return refused;
-  const std::int64_t subtotal = receipt_->Total();
-  const std::int64_t amount = AmountOf(command, data, *receipt_);
-  if (const auto refused = ChangeSums(*receipt_, command.effect, amount); !refused.empty()) return refused;
+  const std::int64_t subtotal = state_.receipt->Total();
+  const std::int64_t amount = AmountOf(command, data, *state_.receipt);
+  if (const auto refused = ChangeSums(*state_.receipt, command.effect, amount); !refused.empty())
+    return refused;
   if (command.effect == CommandEffect::kChangeTotal) Print(Spread("SUBTOTALE", FormatCents(subtotal)));
   PrintEntry(Spread(std::string(command.title) + data.text, FormatCents(amount)));
   return {};
@@ -57,36 +59,37 @@ std::string_view SimulatedRegister::ChangePrice(const RegisterCommand& command, 
 
 std::string_view SimulatedRegister::Subtotal(const RegisterCommand& command) {
   if (const auto refused = EntryRefused(); !refused.empty()) return refused;
-  ChangeSums(*receipt_, command.effect, 0);
-  PrintEntry(Spread(command.title, FormatCents(receipt_->Total())));
+  ChangeSums(*state_.receipt, command.effect, 0);
+  PrintEntry(Spread(command.title, FormatCents(state_.receipt->Total())));
   return {};
 }
 
 std::string_view SimulatedRegister::Pay(const RegisterCommand& command, const CommandData& data) {
-  const bool first = !receipt_->Paying();
-  const std::int64_t amount = AmountOf(command, data, *receipt_);
-  if (const auto refused = ChangeSums(*receipt_, command.effect, amount); !refused.empty()) return refused;
-  if (first) Print(Spread("TOTALE COMPLESSIVO", FormatCents(receipt_->Total())));
+  const bool first = !state_.receipt->Paying();
+  const std::int64_t amount = AmountOf(command, data, *state_.receipt);
+  if (const auto refused = ChangeSums(*state_.receipt, command.effect, amount); !refused.empty())
+    return refused;
+  if (first) Print(Spread("TOTALE COMPLESSIVO", FormatCents(state_.receipt->Total())));
   Print(Spread(std::string(command.title) + data.text, FormatCents(amount)));
-  if (!receipt_->Paid()) {
-    Print(Spread("DA PAGARE", FormatCents(receipt_->Due())));
+  if (!state_.receipt->Paid()) {
+    Print(Spread("DA PAGARE", FormatCents(state_.receipt->Due())));
     return {};
   }
-  if (receipt_->Change() > 0) Print(Spread("RESTO", FormatCents(receipt_->Change())));
+  if (state_.receipt->Change() > 0) Print(Spread("RESTO", FormatCents(state_.receipt->Change())));
   EndReceipt(false);
   return {};
 }
 
 std::string_view SimulatedRegister::PrintText(const CommandData& data) {
-  if (receipt_ && ReceiptFull()) return refusal::kFull;
+  if (state_.receipt && ReceiptFull()) return refusal::kFull;
   PrintEntry(data.text);
   return {};
 }
 
-bool SimulatedRegister::ReceiptFull() const { return receipt_->Entries() >= profile_.receiptCapacity; }
+bool SimulatedRegister::ReceiptFull() const { return state_.receipt->Entries() >= profile_.receiptCapacity; }
 
 std::string_view SimulatedRegister::EntryRefused() const {
-  if (receipt_->Paying()) return refusal::kOutOfSequence;
+  if (state_.receipt->Paying()) return refusal::kOutOfSequence;
   return ReceiptFull() ? refusal::kFull : std::string_view();
 }
 
@@ -100,16 +103,16 @@ void SimulatedRegister::PrintItem(const CommandData& item, std::int64_t amount) 
 void SimulatedRegister::EndReceipt(bool voided) {
   PrintedReceipt printed;
   printed.voided = voided;
-  printed.total = receipt_->Total();
+  printed.total = state_.receipt->Total();
   if (!voided) {
-    printed.number = ++dailyReceipts_;
-    dailyTotal_ += printed.total;
-    for (const auto& [order, line] : foot_) Print(line);
+    printed.number = ++state_.dailyReceipts;
+    state_.dailyTotal += printed.total;
+    for (const auto& [order, line] : state_.foot) Print(line);
   }
-  foot_.clear();
+  state_.foot.clear();
   PrintEnd(voided ? "SCONTRINO ANNULLATO" : "SCONTRINO N. " + std::to_string(printed.number));
-  printed.lines = receipt_->Lines();
-  receipt_.reset();
+  printed.lines = state_.receipt->Lines();
+  state_.receipt.reset();
   // Half of them are dropped at once, so that not every receipt moves all the others.
   if (receipts_.size() >= 2 * kReceiptsKept)
     receipts_.erase(receipts_.begin(), receipts_.begin() + kReceiptsKept);

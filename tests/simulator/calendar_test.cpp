@@ -16,5 +16,11 @@ TEST(Calendar, GoesForwardAndBackAcrossMidnightMonthAndYear) {
   EXPECT_EQ(Later({2026, 11, 16, 9, 5, 7}, seconds(0)), (LocalTime{2026, 11, 16, 9, 5, 7}));
 }
 
+TEST(Calendar, TellsTheTimeBetweenTwoMoments) {
+  using std::chrono::seconds;
+  EXPECT_EQ(TimeBetween({2026, 12, 31, 23, 59, 59}, {2027, 1, 1, 0, 0, 0}), seconds(1));
+  EXPECT_EQ(TimeBetween({2028, 3, 1, 12, 0, 0}, {2028, 2, 28, 11, 59, 58}), seconds(-2 * 86400 - 2));
+}
+
 }  // namespace
 }  // namespace orvenza
