@@ -1,5 +1,6 @@
 #include "app/simulation.h"
 
+#include <optional>
 #include <utility>
 
 #include "platform/system_error.h"
@@ -12,25 +13,25 @@ bool IsAbsolute(const std::string& path) {
   return path.find_first_of("/\\") == 0 || (path.size() > 1 && path[1] == ':');
 }
 
+std::optional<KeptPaper> PaperOf(Files& files, const std::string& name, const std::string& folder,
+                                 const KeptPaper::Show& show) {
+  if (name.empty()) return {};
+  return KeptPaper(files, IsAbsolute(name) ? name : folder + "\\" + name, name, show);
+}
+
 }  // namespace
 
 Simulation::Simulation(Files& files, const Clock& clock, Scheduler& scheduler, const FaultScript& script,
                        const std::string& folder, std::function<void(const std::string&)> show)
-    : register_(clock, paper_, script.profile), link_(register_, scheduler, script) {
-  const bool below = !script.paperFile.empty() && !IsAbsolute(script.paperFile);
-  const std::string copy = below ? folder + "\\" + script.paperFile : script.paperFile;
-  paper_.SetSink([&files, copy, name = script.paperFile, show = std::move(show),
-                  lossTold = false](const std::string& line) mutable {
-    show(line);
-    if (copy.empty()) return;
-    try {
-      files.Append(copy, line + "\n");
-    } catch (const SystemError& failure) {
-      // The paper line itself has been shown.
-      if (!lossTold) show("(" + name + ": " + std::string(StandardDescription(failure.Number())) + ")");
-      lossTold = true;
-    }
-  });
+    : kept_(PaperOf(files, script.paperFile, folder, show)),
+      register_(clock, paper_, script.profile, kept_ ? kept_->Remembered() : std::nullopt),
+      link_(register_, scheduler, script) {
+  if (!kept_) {
+    paper_.SetSink(std::move(show));
+    return;
+  }
+  paper_.SetSink([this](const std::string& line) { kept_->Print(line); });
+  register_.SetKeeper([this](const RegisterState& state) { kept_->Keep(state); });
 }
 
 FaultScript ReadFaultScript(const FileReader& files, const std::string& path) {

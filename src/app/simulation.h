@@ -1,8 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
+#include "app/kept_paper.h"
 #include "platform/clock.h"
 #include "platform/event_pump.h"
 #include "platform/files.h"
@@ -18,14 +20,15 @@ class Simulation {
  public:
   /// `clock` is the PC's, which the register's clock keeps up with whatever the pace of `scheduler`.
   /// `show` receives each printed line. Lines are also appended to the file named by the script's "paper",
-  /// relative to `folder` unless its path is absolute. After the first line that cannot be appended, a line
-  /// in brackets names the file and the failure; later failures are ignored.
+  /// relative to `folder` unless its path is absolute; the register then goes on with the state of the
+  /// earlier start (see KeptPaper). Without a "paper" nothing is read or written.
   Simulation(Files& files, const Clock& clock, Scheduler& scheduler, const FaultScript& script,
              const std::string& folder, std::function<void(const std::string&)> show);
 
   EcrLink& Control() { return link_; }
 
  private:
+  std::optional<KeptPaper> kept_;  ///< Empty without a "paper".
   PaperRoll paper_;
   SimulatedRegister register_;
   SimulatedLink link_;

@@ -167,7 +167,7 @@ void ProcessShop::Judge() {
   }
 }
 
-/// Closed receipts with this item. A receipt left open by a kill is followed by the next one's heading.
+/// Closed receipts with this item. A receipt left open by a kill stays open and is voided by the next start.
 int ProcessShop::Printed(const std::string& item) const {
   const std::string paper = beside_.Read("carta.txt");
   int printed = 0;
