@@ -42,10 +42,7 @@ void KeptPaper::Keep(const RegisterState& state) {
   file_.state = state;
   file_.paperSize = PaperSize();
   WriteState();
-  for (const std::string& line : std::exchange(file_.printed, {})) {
-    show_(line);
-    Append(line + "\n");
-  }
+  for (const std::string& line : std::exchange(file_.printed, {})) PutOnPaper(line);
 }
 
 /// Not before the first command: a program that finds its folder served by another one executes none.
@@ -57,10 +54,7 @@ void KeptPaper::CompletePaper() {
   for (const std::string& line : std::exchange(unfinished_, {})) {
     const std::string text = line + "\n";
     const std::uintmax_t there = size - std::min(size, start);
-    if (samePaper && there < text.size()) {
-      show_(line);
-      Append(text.substr(static_cast<std::size_t>(there)));
-    }
+    if (samePaper && there < text.size()) PutOnPaper(line, static_cast<std::size_t>(there));
     start += text.size();
   }
 }
@@ -75,12 +69,15 @@ void KeptPaper::WriteState() {
   }
 }
 
-void KeptPaper::Append(const std::string& text) {
+void KeptPaper::PutOnPaper(const std::string& line, std::size_t there) {
+  std::string loss;
   try {
-    files_.Append(path_, text);
+    files_.Append(path_, (line + "\n").substr(there));
   } catch (const SystemError& failure) {
-    if (!std::exchange(paperLossTold_, true)) show_("(" + name_ + ": " + DescriptionOf(failure) + ")");
+    loss = DescriptionOf(failure);
   }
+  show_(line);
+  if (!loss.empty() && !std::exchange(paperLossTold_, true)) show_("(" + name_ + ": " + loss + ")");
 }
 
 std::uintmax_t KeptPaper::PaperSize() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -15,8 +16,8 @@ namespace orvenza {
 /// The paper file of a simulated register, and the state file beside it, with which the register goes on
 /// after a restart of the program.
 ///
-/// A command counts as executed once the state file is written. Only then its lines are shown and appended to
-/// the paper; if the program is killed in between, the next start appends what is missing. A file that fails
+/// A command counts as executed once the state file is written. Only then its lines are appended to the paper
+/// and shown; if the program is killed in between, the next start appends what is missing. A file that fails
 /// is reported once, in a line in brackets among the paper.
 class KeptPaper {
  public:
@@ -38,7 +39,8 @@ class KeptPaper {
  private:
   void CompletePaper();
   void WriteState();
-  void Append(const std::string& text);
+  /// The first `there` characters are on the paper already.
+  void PutOnPaper(const std::string& line, std::size_t there = 0);
   std::uintmax_t PaperSize() const;
   std::string StatePath() const { return path_ + ".state"; }
 

@@ -186,6 +186,17 @@ TEST_F(SimulationTest, NothingIsOnPaperBeforeTheStateIsKept) {
   EXPECT_EQ(shown.size(), 4u);
 }
 
+TEST_F(SimulationTest, ALineIsOnThePaperBeforeItIsShown) {
+  bool appended = false;
+  files.Before("Append", [&](const std::string&) {
+    appended = true;
+    EXPECT_EQ(shown, Lines{});
+  });
+  Print("UNO");
+  EXPECT_TRUE(appended);
+  EXPECT_EQ(shown, Lines{"UNO"});
+}
+
 /// A kill between the two files leaves the paper cut anywhere in what the last command printed.
 TEST_F(SimulationTest, TheNextStartCompletesThePaperWithItsFirstCommand) {
   Send(kItem);
