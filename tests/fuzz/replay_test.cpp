@@ -34,6 +34,7 @@ TEST(FuzzCorpus, Logo) { Replay("logo", FuzzLogo); }
 TEST(FuzzCorpus, Scenario) { Replay("scenario", FuzzScenario); }
 TEST(FuzzCorpus, Script) { Replay("script", FuzzScript); }
 TEST(FuzzCorpus, Settings) { Replay("settings", FuzzSettings); }
+TEST(FuzzCorpus, StateFile) { Replay("state_file", FuzzStateFile); }
 TEST(FuzzCorpus, Text) { Replay("text", FuzzText); }
 TEST(FuzzCorpus, Ticket) { Replay("ticket", FuzzTicket); }
 TEST(FuzzCorpus, Translation) { Replay("translation", FuzzTranslation); }

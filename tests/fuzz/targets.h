@@ -15,6 +15,7 @@ void FuzzLogo(std::string_view input);
 void FuzzScenario(std::string_view input);
 void FuzzScript(std::string_view input);
 void FuzzSettings(std::string_view input);
+void FuzzStateFile(std::string_view input);
 void FuzzText(std::string_view input);
 void FuzzTicket(std::string_view input);
 void FuzzTranslation(std::string_view input);
