@@ -13,6 +13,8 @@ inline constexpr const char* kHistoricOff =
 inline constexpr const char* kPrintedNotArchived = "Scontrino stampato ma non archiviato :";
 inline constexpr const char* kReportWaits = "Chiusura o rapporto in attesa :";
 inline constexpr const char* kFirstComes = "prima va stampato lo scontrino";
+inline constexpr const char* kTraceRefused = "Traccia disattivata, file non ammesso :";
+inline constexpr const char* kTraceTooLate = "Traccia disattivata, file INI illeggibile all'avvio";
 
 inline constexpr const char* kValueIgnored = "Valore non valido nel file INI, ignorato :";
 

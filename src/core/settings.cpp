@@ -79,7 +79,9 @@ std::vector<ProfileValue> DefaultSettings(const std::string& appPath) {
   };
 }
 
-std::vector<OptionalSetting> OptionalSettings() { return {{kSafety, kAskInDoubt}, {kHost, kOutcomes}}; }
+std::vector<ProfileValue> OptionalSettings() {
+  return {{kSafety, kAskInDoubt, {}}, {kHost, kOutcomes, {}}, {kHost, kTrace, {}}};
+}
 
 SettingsFile::SettingsFile(ProfileFile& profile, Files& files, Logs& logs, ProgramPaths paths)
     : profile_(profile), files_(files), logs_(logs), paths_(std::move(paths)) {}

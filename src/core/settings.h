@@ -67,6 +67,7 @@ inline constexpr const char* kSafety = "Safety";
 inline constexpr const char* kAskInDoubt = "AskInDoubt";
 inline constexpr const char* kHost = "Host";
 inline constexpr const char* kOutcomes = "Outcomes";
+inline constexpr const char* kTrace = "Trace";    ///< The file of the trace.
 inline constexpr int kPorts = 16;                 ///< Ports are numbered from 1 to this.
 inline constexpr std::size_t kLongestValue = 99;  ///< Longer values are cut to this many characters.
 }  // namespace setting
@@ -79,15 +80,9 @@ inline constexpr std::size_t kLongestValue = 99;  ///< Longer values are cut to 
 /// The content of a new settings file, in file order. `appPath` without a trailing "\".
 std::vector<ProfileValue> DefaultSettings(const std::string& appPath);
 
-/// A key that neither the default settings nor an upgrade writes, because what it asks for is off unless
-/// somebody wants it.
-struct OptionalSetting {
-  const char* section;
-  const char* key;
-};
-
-/// All keys of that kind.
-std::vector<OptionalSetting> OptionalSettings();
+/// The keys that neither a new file nor an upgrade has, without values: what they ask for is off unless somebody
+/// wants it.
+std::vector<ProfileValue> OptionalSettings();
 
 /// Reads, creates and upgrades the settings file.
 class SettingsFile {

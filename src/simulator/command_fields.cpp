@@ -1,5 +1,7 @@
 #include "simulator/command_fields.h"
 
+#include <algorithm>
+
 namespace orvenza {
 namespace {
 
@@ -15,6 +17,7 @@ std::int64_t CommandFields::Digits(std::size_t count) {
     if (c < '0' || c > '9') fits_ = false;
     number = number * 10 + (c - '0');
   }
+  NoteValue(count);
   return fits_ ? number : 0;
 }
 
@@ -33,6 +36,17 @@ std::string CommandFields::Remaining(std::size_t most) {
 
 void CommandFields::Literal(std::string_view text) {
   if (Take(text.size()) != text) fits_ = false;
+  NoteValue(text.size());
+}
+
+bool CommandFields::IsValue(std::size_t position) const {
+  return std::any_of(values_.begin(), values_.end(), [position](const Span& span) {
+    return position >= span.at && position - span.at < span.count;
+  });
+}
+
+void CommandFields::NoteValue(std::size_t count) {
+  if (fits_) values_.push_back({size_ - rest_.size() - count, count});
 }
 
 std::string_view CommandFields::Take(std::size_t count) {

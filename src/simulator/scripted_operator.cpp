@@ -74,18 +74,55 @@ bool SelectEntries(const PortContent& content, const std::string& answer, std::a
   return true;
 }
 
-/// The selected entries; "-" for a list without a selection.
-std::string SelectedEntries(const PortContent& content) {
+}  // namespace
+
+ShownDialog DialogOf(const MessageContent& content) {
+  return {DialogKind::kMessage, content.caption, "", content.text, content.icon, {}, content.buttons, ""};
+}
+
+ShownDialog DialogOf(const ChoiceContent& content) {
+  return {DialogKind::kChoice,
+          content.caption,
+          content.heading,
+          content.text,
+          MessageIcon::kNone,
+          content.frameVisible ? content.options : std::vector<std::string>(),
+          {content.button},
+          "",
+          content.frameVisible ? content.selected : 0};
+}
+
+ShownDialog DialogOf(const PortContent& content) {
+  return {DialogKind::kPortSettings,
+          content.caption,
+          "",
+          EntriesOf(content, content.selected),
+          MessageIcon::kNone,
+          {},
+          {content.button},
+          ""};
+}
+
+ShownDialog DialogOf(const UtilitiesContent& content) {
+  return {DialogKind::kUtilities,
+          content.caption,
+          "",
+          "",
+          MessageIcon::kNone,
+          {},
+          {content.buttons.begin(), content.buttons.end()},
+          ""};
+}
+
+std::string EntriesOf(const PortContent& content, const std::array<int, 5>& selected) {
   std::string text;
   for (std::size_t list = 0; list < content.entries.size(); ++list) {
-    const auto at = static_cast<std::size_t>(content.selected[list]);
+    const auto at = static_cast<std::size_t>(selected[list]);
     const auto& entries = content.entries[list];
     text += (list == 0 ? "" : " ") + (at < entries.size() ? entries[at] : "-");
   }
   return text;
 }
-
-}  // namespace
 
 std::ostream& operator<<(std::ostream& out, const ShownDialog& dialog) {
   out << Name(dialog.kind) << " \"" << OnOneLine(dialog.caption) << '"';
@@ -122,8 +159,7 @@ void ScriptedOperator::CloseMessage() {
 
 std::optional<int> ScriptedOperator::ShowMessage(const MessageContent& content) {
   OpenMessage message(openMessages_);
-  ShownDialog& dialog = Record(
-      {DialogKind::kMessage, content.caption, "", content.text, content.icon, {}, content.buttons, ""});
+  ShownDialog& dialog = Record(DialogOf(content));
   const auto answer = NextAnswer(dialog, message.Closed());
   if (!answer) return std::nullopt;
   const int button = Find(content.buttons, *answer);
@@ -132,15 +168,7 @@ std::optional<int> ScriptedOperator::ShowMessage(const MessageContent& content) 
 }
 
 std::optional<int> ScriptedOperator::ShowChoice(const ChoiceContent& content) {
-  ShownDialog& dialog = Record({DialogKind::kChoice,
-                                content.caption,
-                                content.heading,
-                                content.text,
-                                MessageIcon::kNone,
-                                content.frameVisible ? content.options : std::vector<std::string>(),
-                                {content.button},
-                                "",
-                                content.frameVisible ? content.selected : 0});
+  ShownDialog& dialog = Record(DialogOf(content));
   const auto answer = NextAnswer(dialog, false);
   if (!answer) return std::nullopt;
   if (Plain(content.button) == Plain(*answer)) return content.selected;
@@ -150,14 +178,7 @@ std::optional<int> ScriptedOperator::ShowChoice(const ChoiceContent& content) {
 }
 
 std::optional<std::array<int, 5>> ScriptedOperator::ShowPortSettings(const PortContent& content) {
-  ShownDialog& dialog = Record({DialogKind::kPortSettings,
-                                content.caption,
-                                "",
-                                SelectedEntries(content),
-                                MessageIcon::kNone,
-                                {},
-                                {content.button},
-                                ""});
+  ShownDialog& dialog = Record(DialogOf(content));
   const auto answer = NextAnswer(dialog, false);
   if (!answer) return std::nullopt;
   auto selected = content.selected;
@@ -169,14 +190,7 @@ std::optional<std::array<int, 5>> ScriptedOperator::ShowPortSettings(const PortC
 
 void ScriptedOperator::ShowUtilities(const UtilitiesContent& content,
                                      const std::function<bool(int)>& pressed) {
-  ShownDialog& dialog = Record({DialogKind::kUtilities,
-                                content.caption,
-                                "",
-                                "",
-                                MessageIcon::kNone,
-                                {},
-                                {content.buttons.begin(), content.buttons.end()},
-                                ""});
+  ShownDialog& dialog = Record(DialogOf(content));
   while (const auto answer = NextAnswer(dialog, false)) {
     const int button = Find(content.buttons, *answer);
     if (button == 0) throw BadAnswer{*answer, dialog};

@@ -33,6 +33,15 @@ struct ShownDialog {
   int selected = 0;    ///< The initially selected one of `options`, from 1; 0 none.
 };
 
+/// The dialogs as they are shown.
+ShownDialog DialogOf(const MessageContent& content);
+ShownDialog DialogOf(const ChoiceContent& content);
+ShownDialog DialogOf(const PortContent& content);
+ShownDialog DialogOf(const UtilitiesContent& content);
+
+/// The entries of a port dialog that are selected, in the form of an answer; "-" for a list without one.
+std::string EntriesOf(const PortContent& content, const std::array<int, 5>& selected);
+
 /// Thrown when a dialog finds no answer. Deliberately not a std::exception: traps, which log a failure and
 /// carry on, must let it pass, or the run would never end.
 struct UnansweredDialog {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/catalogue.h"
 #include "tickets/record.h"
 #include "tickets/translation.h"
 
@@ -72,6 +73,26 @@ std::string MaskTicketTexts(std::string_view content, char separator) {
     content.remove_prefix(next);
   }
   return masked;
+}
+
+std::string MaskLog(const std::string& log, char separator, bool& masked) {
+  const std::string line = LoadMessage(MessageId::kInvalidLine) + " ";
+  const std::string file = LoadMessage(MessageId::kInvalidBitmap) +
+                           " ";  // The quoted field should name a file but may contain anything.
+  std::string result;
+  for (std::size_t at = 0; at < log.size();) {
+    const std::size_t lineAt = log.find(line, at);
+    const std::size_t fileAt = log.find(file, at);
+    if (lineAt == fileAt) return result + log.substr(at);  // Neither is left.
+    const std::size_t start = lineAt < fileAt ? lineAt + line.size() : fileAt + file.size();
+    const std::size_t end = std::min(log.find_first_of("\r\n", start), log.size());
+    const std::string_view quoted = std::string_view(log).substr(start, end - start);
+    result += log.substr(at, start - at);
+    result += lineAt < fileAt ? MaskTexts(quoted, separator) : MaskAll(quoted);
+    masked = masked || end > start;
+    at = end;
+  }
+  return result;
 }
 
 }  // namespace orvenza

@@ -18,4 +18,7 @@ std::string MaskTexts(std::string_view line, char separator);
 /// The same for all lines of a ticket; line breaks are kept.
 std::string MaskTicketTexts(std::string_view content, char separator);
 
+/// The text of a log, with the quotations from tickets masked. Sets `masked` if there was one.
+std::string MaskLog(const std::string& log, char separator, bool& masked);
+
 }  // namespace orvenza

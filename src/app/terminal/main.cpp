@@ -10,6 +10,7 @@
 #include "app/command_line.h"
 #include "app/connector.h"
 #include "app/simulation.h"
+#include "app/trace/tracing.h"
 #include "core/version.h"
 #include "platform/ini_profile_file.h"
 #include "platform/instance_lock.h"
@@ -52,27 +53,35 @@ int RunConnector(const ProgramPaths& paths, const FaultScript& script) {
   std::optional<PacedTime> paced;
   if (script.pace > 1) paced.emplace(TimeSeams{clock, pump, pump}, script.pace);
   const TimeSeams time = paced ? paced->Seams() : TimeSeams{clock, pump, pump};
-  IniProfileFile profile(files);
-  EventLoop loop(time.clock, time.pump);
+  const InstanceLock lock(paths.AppPath);
+  Tracing tracing(files, files, clock, paths, lock.Acquired());
+  Files& seenFiles = tracing.WrapFiles(files);
+  IniProfileFile profile(seenFiles);
+  EventLoop loop(time.clock, tracing.WrapEventPump(time.pump));
   TerminalOperator terminal(std::cout, loop, time.clock, ::isatty(kStandardOutput) != 0);
   Simulation simulation(files, clock, time.scheduler, script, paths.AppPath, [](const std::string& line) {
     std::cout << "    |" << line << "\n" << std::flush;
   });
-  Connector connector({files, folders, profile, time.clock, loop, terminal, terminal, simulation.Control()},
+  Connector connector({seenFiles, tracing.WrapFolders(folders), profile, tracing.WrapClock(time.clock), loop,
+                       tracing.WrapOperator(terminal), tracing.WrapNotificationIcon(terminal),
+                       tracing.WrapEcrLink(simulation.Control())},
                       paths);
+  tracing.Watch(connector.Settings(), loop);
+  if (tracing.WantsTicks()) connector.SetTickObserver([&] { tracing.OnTick(); });
   terminal.SetWidth(TerminalWidth);
   terminal.SetTicketPlace([&] {
     const AppSettings& settings = connector.Settings();
     return DescribeTickets(NativePath(settings.TicketFilesSpec), settings.SeparatorChar);
   });
-  terminal.SetMenuHandler([&](MenuItem item) { connector.OnMenu(item); });
+  terminal.SetMenuHandler([&](MenuItem item) { tracing.OnMenu(item, [&] { connector.OnMenu(item); }); });
   pump.WatchInput(
       kStandardInput, [&](const std::string& line) { terminal.OnLine(line); },
       [&] { terminal.OnEndOfInput(); });
   pump.OnTerminate([&] { loop.RequestEnd({.unload = true}); });
 
-  const InstanceLock lock(paths.AppPath);
-  return connector.Run(!lock.Acquired());
+  const int status = connector.Run(!lock.Acquired());
+  tracing.End(status);
+  return status;
 }
 
 }  // namespace

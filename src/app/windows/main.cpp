@@ -7,6 +7,7 @@
 #include "app/command_line.h"
 #include "app/connector.h"
 #include "app/simulation.h"
+#include "app/trace/tracing.h"
 #include "core/version.h"
 #include "device/windows/ecr_link_adapter.h"
 #include "platform/ini_profile_file.h"
@@ -66,8 +67,10 @@ int RunConnector(const ProgramPaths& paths, const std::optional<FaultScript>& sc
   if (script && script->pace > 1) paced.emplace(TimeSeams{clock, pump, pump}, script->pace);
   const TimeSeams time = paced ? paced->Seams() : TimeSeams{clock, pump, pump};
   WindowsFiles settingsFiles(WhileRead::kEverything);  // An editor may have them open.
-  IniProfileFile profile(settingsFiles);
-  EventLoop loop(time.clock, time.pump);
+  const InstanceLock lock(paths.AppPath);
+  Tracing tracing(files, settingsFiles, clock, paths, lock.Acquired());
+  IniProfileFile profile(tracing.WrapFiles(settingsFiles));
+  EventLoop loop(time.clock, tracing.WrapEventPump(time.pump));
   WindowsOperator person(loop, pump, paths.AppPath, paths.ExecutableName + " - " + kVersionText);
   std::optional<Simulation> simulation;
   std::optional<EcrLinkAdapter> control;
@@ -77,15 +80,20 @@ int RunConnector(const ProgramPaths& paths, const std::optional<FaultScript>& sc
   } else {
     control.emplace();
   }
-  Connector connector({files, folders, profile, time.clock, loop, person, person,
-                       simulation ? simulation->Control() : static_cast<EcrLink&>(*control)},
-                      paths);
-  person.SetMenuHandler([&](MenuItem item) { connector.OnMenu(item); });
+  EcrLink& link = simulation ? simulation->Control() : static_cast<EcrLink&>(*control);
+  Connector connector(
+      {tracing.WrapFiles(files), tracing.WrapFolders(folders), profile, tracing.WrapClock(time.clock), loop,
+       tracing.WrapOperator(person), tracing.WrapNotificationIcon(person), tracing.WrapEcrLink(link)},
+      paths);
+  tracing.Watch(connector.Settings(), loop);
+  if (tracing.WantsTicks()) connector.SetTickObserver([&] { tracing.OnTick(); });
+  person.SetMenuHandler([&](MenuItem item) { tracing.OnMenu(item, [&] { connector.OnMenu(item); }); });
 
   pump.OnTerminate([&] { loop.RequestEnd({.unload = true}); });
 
-  const InstanceLock lock(paths.AppPath);
-  return connector.Run(!lock.Acquired());
+  const int status = connector.Run(!lock.Acquired());
+  tracing.End(status);
+  return status;
 }
 
 }  // namespace

@@ -24,7 +24,4 @@ struct BundleEntry {
 std::vector<BundleEntry> CollectBundle(const Installation& shop, const Findings& findings,
                                        bool withDescriptions);
 
-/// The log text with quotations from tickets masked. Sets `masked` if there was one.
-std::string MaskLog(const std::string& log, char separator, bool& masked);
-
 }  // namespace orvenza

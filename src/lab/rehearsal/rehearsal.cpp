@@ -7,14 +7,17 @@
 #include <utility>
 
 #include "app/connector.h"
+#include "app/trace/dialog_text.h"
+#include "app/trace/disk_watch.h"
+#include "app/trace/event_words.h"
+#include "app/trace/tracing.h"
+#include "app/trace/transcript_text.h"
 #include "core/event_loop.h"
 #include "core/logs.h"
 #include "lab/rehearsal/bounded_pump.h"
-#include "lab/rehearsal/dialog_text.h"
-#include "lab/rehearsal/disk_watch.h"
 #include "lab/rehearsal/event_text.h"
 #include "lab/rehearsal/expectations.h"
-#include "lab/rehearsal/transcript_text.h"
+#include "lab/rehearsal/first_files.h"
 #include "platform/ini_profile_file.h"
 #include "platform/program_end.h"
 #include "platform/system_error.h"
@@ -36,39 +39,6 @@ constexpr const char* kQuit = "QUIT\r\n";
 
 /// Thrown when the PC loses its power. Deliberately not a std::exception: no trap may stop it.
 struct PowerFailure {};
-
-class TranscriptIcon : public NotificationIcon {
- public:
-  explicit TranscriptIcon(Transcript& transcript) : transcript_(transcript) {}
-  void CreateIcon(const std::string&) override { transcript_.Add("icon", "shown"); }
-  void DeleteIcon() override { transcript_.Add("icon", "taken away"); }
-
- private:
-  Transcript& transcript_;
-};
-
-/// The files that a first start writes.
-struct FirstFiles {
-  std::string settings;  ///< With the separator of the examples.
-  std::string errDesc;
-};
-
-const FirstFiles& FilesOfAFirstStart() {
-  static const FirstFiles written = [] {
-    VirtualClock clock;
-    VirtualDisk disk(clock);
-    disk.MakeFolder(kFolder);
-    IniProfileFile profile(disk.FileSeam());
-    AppSettings settings;
-    Logs logs(disk.FileSeam(), clock, settings, kFolder);
-    SettingsFile file(profile, disk.FileSeam(), logs, kPaths);
-    file.WriteDefaultIni();
-    file.WriteDefaultErrDesc();
-    profile.Write(kPaths.Ini(), setting::kGeneral, setting::kSeparator, "59");
-    return FirstFiles{disk.Content(kPaths.Ini()).value_or(""), disk.Content(kPaths.ErrDesc()).value_or("")};
-  }();
-  return written;
-}
 
 std::string TimeText(milliseconds time) { return std::to_string(time.count()) + " ms"; }
 
@@ -99,7 +69,7 @@ class Stage {
         icon_(transcript_),
         device_(clock_, paper_, scenario.device.profile),
         link_(device_, clock_, scenario.device),
-        watch_(transcript_) {
+        watch_(transcript_, kFolder) {
     SetUpFiles();
     SetUpEvents();
     for (const ScenarioAnswer& answer : scenario.answers) person_.Answer(answer.text, answer.reaction);
@@ -115,13 +85,13 @@ class Stage {
   void SetUpObservers();
   void RunConnector();
   void RunOnce();
+  void UseMenu(MenuItem item);
   void AskToQuit();
   bool TicketsWait();
   void OnTick();
   void Do(const ScenarioEvent& event);
   void DoToDisk(const ScenarioEvent& event);
   void OnLine(LineEvent event, const std::string& text);
-  std::string PortText() const;
   void BreakOff(const std::string& why);
   void TakeStock();
   void MissFaults();
@@ -137,11 +107,12 @@ class Stage {
   BoundedPump pump_;
   std::optional<EventLoop> loop_;  ///< Recreated for each start of the connector.
   ScriptedOperator person_;
-  TranscriptIcon icon_;
+  RecordedIcon icon_;
   PaperRoll paper_;
   SimulatedRegister device_;
   SimulatedLink link_;
   DiskWatch watch_;
+  std::optional<Tracing> tracing_;  ///< The same.
   Connector* connector_ = nullptr;
   int status_ = exit_status::kInOrder;  ///< Exit code of the last start.
 };
@@ -186,9 +157,10 @@ void Stage::SetUpObservers() {
     if (scenario_.transcript) transcript_.Add("paper", "|" + Printable(line));
   });
   if (!scenario_.transcript) return;
-  disk_.SetObserver([this](const DiskEvent& event) { watch_.OnDisk(event); });
-  clock_.SetObserver(
-      [this](const LocalTime& time) { transcript_.Add("clock", "set to " + clock_.Stamp(time)); });
+  disk_.SetObserver([this](const DiskEvent& event) {
+    if (!tracing_ || !tracing_->Owns(event.path)) watch_.OnDisk(event);
+  });
+  clock_.SetObserver([this](const LocalTime& time) { RecordClock(transcript_, clock_.Stamp(time)); });
   person_.SetObserver([this](const ShownDialog& dialog, std::string_view answer) {
     if (answer.empty())
       transcript_.Add("dialog", DialogText(dialog));
@@ -203,21 +175,8 @@ void Stage::OnLine(LineEvent event, const std::string& text) {
     outcome_.lastSent = std::chrono::floor<milliseconds>(clock_.Uptime());
   }
   if (!scenario_.transcript) return;
-  switch (event) {
-    case LineEvent::kSent: transcript_.Add("sent", Printable(text)); break;
-    case LineEvent::kReceived: transcript_.Add("reply", Printable(text)); break;
-    case LineEvent::kLinkError: transcript_.Add("reply", "link error " + text); break;
-    case LineEvent::kAbsent: transcript_.Add("absent"); break;
-    case LineEvent::kPort: transcript_.Add("port", text + (text == "open" ? PortText() : "")); break;
-  }
-}
-
-std::string Stage::PortText() const {
-  const auto value = [this](LinkProperty property) {
-    return std::to_string(link_.Property(property).value_or(0));
-  };
-  return ": COM" + value(LinkProperty::kPortNumber) + ", " + value(LinkProperty::kBaudRate) +
-         " bits a second, end-of-text wait " + value(LinkProperty::kEndOfTextWait) + " ms";
+  RecordLine(transcript_, event, text,
+             [this](LinkProperty which) { return link_.Property(which).value_or(0); });
 }
 
 /// Carries out an event when its time comes. That is inside a wait, so no failure may reach the connector's
@@ -225,7 +184,7 @@ std::string Stage::PortText() const {
 void Stage::Do(const ScenarioEvent& event) {
   due_.erase(&event);
   transcript_.Add(EventKindText(event), EventText(event));
-  if (event.kind == EventKind::kMenu) return connector_->OnMenu(event.item);
+  if (event.kind == EventKind::kMenu) return UseMenu(event.item);
   if (event.kind == EventKind::kSessionEnds) return loop_->RequestEnd({.unload = true});
   if (event.kind == EventKind::kPowerFails) throw PowerFailure{};
   DoToDisk(event);
@@ -279,29 +238,41 @@ void Stage::RunConnector() {
   RunOnce();
   while (scenario_.untilPrinted && TicketsWait()) {
     link_.SetPortOpen(false);
-    loop_.emplace(clock_, pump_);
     transcript_.Add("start", "again");
     RunOnce();
   }
 }
 
 void Stage::RunOnce() {
-  Connector connector({disk_.FileSeam(), disk_.FolderSeam(), profile_, clock_, *loop_, person_, icon_, link_},
+  tracing_.emplace(disk_.FileSeam(), disk_.FileSeam(), clock_, kPaths, !scenario_.secondInstance);
+  Tracing& tracing = *tracing_;
+  loop_.emplace(clock_, tracing.WrapEventPump(pump_));
+  IniProfileFile profile(tracing.WrapFiles(disk_.FileSeam()));
+  Connector connector({tracing.WrapFiles(disk_.FileSeam()), tracing.WrapFolders(disk_.FolderSeam()), profile,
+                       tracing.WrapClock(clock_), *loop_, tracing.WrapOperator(person_),
+                       tracing.WrapNotificationIcon(icon_), tracing.WrapEcrLink(link_)},
                       kPaths);
   connector_ = &connector;
   watch_.SetSettings(connector.Settings());
+  tracing_->Watch(connector.Settings(), *loop_);
   connector.SetTickObserver([this] { OnTick(); });
-  person_.SetMenuHandler([&connector](MenuItem item) { connector.OnMenu(item); });
+  person_.SetMenuHandler([this](MenuItem item) { UseMenu(item); });
   try {
     status_ = connector.Run(scenario_.secondInstance);
+    tracing_->End(status_);
   } catch (const PowerFailure&) {
     // Only the disk's content survives.
   }
 }
 
+void Stage::UseMenu(MenuItem item) {
+  tracing_->OnMenu(item, [this, item] { connector_->OnMenu(item); });
+}
+
 void Stage::OnTick() {
   if (scenario_.untilPrinted && !TicketsWait()) AskToQuit();
   transcript_.Tick();
+  tracing_->OnTick();
 }
 
 void Stage::AskToQuit() {

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "app/trace/transcript.h"
 #include "lab/rehearsal/rehearsal_outcome.h"
 #include "lab/rehearsal/scenario.h"
-#include "lab/rehearsal/transcript.h"
 
 namespace orvenza {
 

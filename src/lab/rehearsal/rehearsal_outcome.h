@@ -4,19 +4,14 @@
 #include <cstddef>
 #include <map>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "app/trace/transcript_event.h"
 #include "simulator/simulated_register.h"
 
 namespace orvenza {
 
-struct RehearsalEvent {
-  std::chrono::milliseconds at{};  ///< Since the start, rounded down.
-  std::string_view kind;           ///< "sent", "reply", "dialog" etc.; a constant.
-  std::string text;                ///< UTF-8 without control characters; may be empty.
-  std::size_t times = 1;           ///< Consecutive repetitions at this moment.
-};
+using RehearsalEvent = TranscriptEvent;
 
 /// The result of a rehearsal.
 struct RehearsalOutcome {

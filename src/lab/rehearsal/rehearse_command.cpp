@@ -3,9 +3,9 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "app/trace/transcript_text.h"
 #include "lab/rehearsal/rehearsal.h"
 #include "lab/rehearsal/scenario_reader.h"
-#include "lab/rehearsal/transcript_text.h"
 #include "platform/system_error.h"
 
 namespace orvenza {
@@ -45,7 +45,7 @@ void MakeFolders(Folders& folders, const std::string& path) {
 
 /// Where to save a file of the rehearsal's disk: files of the program folder at the top level.
 std::string KeptPath(const std::string& path) {
-  const std::string shown = ShownPath(path);
+  const std::string shown = ShownPath(path, kRehearsalFolder);
   return shown == path ? "drive-" + path.substr(0, 1) + path.substr(2) : shown;
 }
 

@@ -6,10 +6,10 @@
 #include <set>
 #include <utility>
 
+#include "app/trace/transcript_text.h"
 #include "core/arguments.h"
 #include "core/text.h"
 #include "lab/rehearsal/scenario_events.h"
-#include "lab/rehearsal/transcript_text.h"
 #include "lab/settings/known_settings.h"
 #include "simulator/script_line.h"
 
@@ -195,7 +195,7 @@ class ScenarioReader {
 
   void Add(const ScriptLine& line, ScenarioEvent event) {
     if (event.kind == EventKind::kPut && event.at.count() == 0)
-      WantOnce(line, ShownPath(event.path), filesSaid_);
+      WantOnce(line, ShownPath(event.path, kRehearsalFolder), filesSaid_);
     fileOpen_ = event.kind == EventKind::kPut && event.content.empty();
     scenario_.events.push_back(std::move(event));
   }

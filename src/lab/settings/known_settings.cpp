@@ -1,6 +1,7 @@
 #include "lab/settings/known_settings.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/settings.h"
 #include "platform/ini_text.h"
@@ -12,16 +13,13 @@ bool Holds(const std::vector<std::string>& names, const std::string& name) {
   return std::any_of(names.begin(), names.end(), [&](const auto& n) { return IsSameIniName(n, name); });
 }
 
-std::vector<ProfileValue> AllSettings() {
-  std::vector<ProfileValue> values = DefaultSettings({});
-  for (const OptionalSetting& optional : OptionalSettings())
-    values.push_back({optional.section, optional.key, {}});
-  return values;
-}
-
 }  // namespace
 
-KnownSettings::KnownSettings() : KnownSettings(AllSettings()) {}
+KnownSettings::KnownSettings() : KnownSettings(DefaultSettings({})) {}
+
+KnownSettings::KnownSettings(std::vector<ProfileValue> values) : values_(std::move(values)) {
+  for (ProfileValue& value : OptionalSettings()) values_.push_back(std::move(value));
+}
 
 std::vector<std::string> KnownSettings::Sections() const {
   std::vector<std::string> names;

@@ -13,7 +13,8 @@ class KnownSettings {
   /// Those of a new file and the optional ones.
   KnownSettings();
 
-  explicit KnownSettings(std::vector<ProfileValue> values) : values_(std::move(values)) {}
+  /// Those of `values`, and those that a new file lacks.
+  explicit KnownSettings(std::vector<ProfileValue> values);
 
   /// In file order.
   std::vector<std::string> Sections() const;

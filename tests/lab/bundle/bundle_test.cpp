@@ -2,6 +2,7 @@
 #include "lab/bundle/support_bundle.h"
 #include "lab/bundle/zip_reader.h"
 #include "lab/shell/shop_bench.h"
+#include "tickets/text_mask.h"
 
 namespace orvenza::test {
 namespace {

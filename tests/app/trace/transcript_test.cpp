@@ -1,4 +1,4 @@
-#include "lab/rehearsal/transcript.h"
+#include "app/trace/transcript.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,11 @@
-#include "lab/rehearsal/disk_watch.h"
+#include "app/trace/disk_watch.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
+#include "app/trace/transcript.h"
 #include "simulator/virtual_clock.h"
 
 namespace orvenza::test {
@@ -25,14 +26,14 @@ class DiskWatchTest : public ::testing::Test {
   /// The transcript's line for the event: kind, blank, text.
   std::string Told(const DiskEvent& event) {
     watch.OnDisk(event);
-    const RehearsalEvent& told = transcript.Events().back();
+    const TranscriptEvent& told = transcript.Events().back();
     return std::string(told.kind) + " " + told.text;
   }
 
   VirtualClock clock;
   Transcript transcript{clock, {}};
   AppSettings settings;
-  DiskWatch watch{transcript};
+  DiskWatch watch{transcript, "C:\\Orvenza"};
 };
 
 TEST_F(DiskWatchTest, SpeaksOfTickets) {

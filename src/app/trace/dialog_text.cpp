@@ -1,9 +1,9 @@
-#include "lab/rehearsal/dialog_text.h"
+#include "app/trace/dialog_text.h"
 
 #include <string_view>
 
+#include "app/trace/transcript_text.h"
 #include "core/text.h"
-#include "lab/rehearsal/transcript_text.h"
 
 namespace orvenza {
 namespace {

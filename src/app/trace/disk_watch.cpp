@@ -1,31 +1,34 @@
-#include "lab/rehearsal/disk_watch.h"
+#include "app/trace/disk_watch.h"
 
 #include <string>
 #include <string_view>
 
+#include "app/trace/transcript_text.h"
 #include "core/folder_path.h"
 #include "core/text.h"
-#include "lab/rehearsal/transcript_text.h"
 
 namespace orvenza {
 namespace {
 
-constexpr std::string_view kStampForm = "dd/mm/yyyy hh:mm:ss - ";
+constexpr std::string_view kBehindStamp = " - ";
+constexpr std::size_t kLongestStamp = 24;
 
 /// Whether a file is directly in `folder`, which ends in "\".
 bool IsIn(std::string_view path, std::string_view folder) {
   return !folder.empty() && path.substr(0, path.rfind('\\') + 1) == folder;
 }
 
-/// A log's line without its stamp, as the transcript has its own time.
+/// A log's line without its stamp, as the transcript has its own time. The system decides the stamp's form.
 std::string_view WithoutStamp(std::string_view line) {
   if (line.ends_with(kLineBreak)) line.remove_suffix(kLineBreak.size());
-  const bool stamped = line.size() >= kStampForm.size() && line[2] == '/' && line[5] == '/' &&
-                       line.substr(kStampForm.size() - 3, 3) == " - ";
-  return stamped ? line.substr(kStampForm.size()) : line;
+  const std::size_t dash = line.find(kBehindStamp);
+  const bool stamped = dash <= kLongestStamp && line[0] >= '0' && line[0] <= '9';
+  return stamped ? line.substr(dash + kBehindStamp.size()) : line;
 }
 
 }  // namespace
+
+std::string DiskWatch::Shown(std::string_view path) const { return ShownPath(path, programFolder_); }
 
 void DiskWatch::OnDisk(const DiskEvent& event) {
   switch (event.act) {
@@ -33,17 +36,15 @@ void DiskWatch::OnDisk(const DiskEvent& event) {
     case DiskAct::kCopied: OnMoved(event, true); break;
     case DiskAct::kMoved: OnMoved(event, false); break;
     case DiskAct::kWritten:
-      transcript_.Add(
+      recorder_.Add(
           settings_ != nullptr && IsIn(event.path, settings_->InProcessFolder) ? "split" : "written",
-          ShownPath(event.path));
+          Shown(event.path));
       break;
-    case DiskAct::kRemoved: transcript_.Add("deleted", ShownPath(event.path)); break;
-    case DiskAct::kAttributesCleared:
-      transcript_.Add("file", ShownPath(event.path) + " made writable");
-      break;
-    case DiskAct::kFolderMade: transcript_.Add("folder", ShownPath(event.path) + " made"); break;
+    case DiskAct::kRemoved: recorder_.Add("deleted", Shown(event.path)); break;
+    case DiskAct::kAttributesCleared: recorder_.Add("file", Shown(event.path) + " made writable"); break;
+    case DiskAct::kFolderMade: recorder_.Add("folder", Shown(event.path) + " made"); break;
     case DiskAct::kFolderRenamed:
-      transcript_.Add("folder", ShownPath(event.path) + " renamed " + ShownPath(event.target));
+      recorder_.Add("folder", Shown(event.path) + " renamed " + Shown(event.target));
       break;
   }
 }
@@ -52,11 +53,11 @@ void DiskWatch::OnAppended(const DiskEvent& event) {
   const std::string name = ToUpperAscii(FileNameOf(event.path));
   const std::string text = Printable(WithoutStamp(event.text));
   if (name == "LOG.TXT")
-    transcript_.Add("log", text);
+    recorder_.Add("log", text);
   else if (name == "ERR.TXT" || name == "ERROR.TXT")
-    transcript_.Add("error", text);
+    recorder_.Add("error", text);
   else
-    transcript_.Add("file", ShownPath(event.path) + " longer by \"" + text + "\"");
+    recorder_.Add("file", Shown(event.path) + " longer by \"" + text + "\"");
 }
 
 void DiskWatch::OnMoved(const DiskEvent& event, bool copied) {
@@ -64,13 +65,13 @@ void DiskWatch::OnMoved(const DiskEvent& event, bool copied) {
   const AppSettings none;
   const AppSettings& settings = settings_ == nullptr ? none : *settings_;
   if (IsIn(event.path, settings.TicketFolder) && IsIn(event.target, settings.InProcessFolder)) {
-    transcript_.Add("taken", FileNameOf(event.path) + how);
+    recorder_.Add("taken", FileNameOf(event.path) + how);
   } else if (IsIn(event.path, settings.InProcessFolder) && IsIn(event.target, settings.HistoricFolder)) {
-    transcript_.Add("archived", FileNameOf(event.path) + " as " + ShownPath(event.target) + how);
+    recorder_.Add("archived", FileNameOf(event.path) + " as " + Shown(event.target) + how);
   } else if (IsIn(event.path, settings.InProcessFolder) && IsIn(event.target, settings.AbortFolder)) {
-    transcript_.Add("aborted", FileNameOf(event.path) + " as " + ShownPath(event.target) + how);
+    recorder_.Add("aborted", FileNameOf(event.path) + " as " + Shown(event.target) + how);
   } else {
-    transcript_.Add(copied ? "copied" : "moved", ShownPath(event.path) + " to " + ShownPath(event.target));
+    recorder_.Add(copied ? "copied" : "moved", Shown(event.path) + " to " + Shown(event.target));
   }
 }
 

@@ -1,4 +1,4 @@
-#include "lab/rehearsal/dialog_text.h"
+#include "app/trace/dialog_text.h"
 
 #include <gtest/gtest.h>
 

@@ -9,7 +9,8 @@ namespace orvenza {
 /// its number in angle brackets, "<7F>".
 std::string Printable(std::string_view bytes);
 
-/// `path` in the transcript's form: relative to the rehearsal's program folder, if inside it.
-std::string ShownPath(std::string_view path);
+/// `path` in the transcript's form: relative to the program folder, if inside it. `folder` without a trailing
+/// "\". Letter case (a to z) and the kind of separator do not matter for that.
+std::string ShownPath(std::string_view path, std::string_view folder);
 
 }  // namespace orvenza

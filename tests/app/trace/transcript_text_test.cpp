@@ -1,4 +1,4 @@
-#include "lab/rehearsal/transcript_text.h"
+#include "app/trace/transcript_text.h"
 
 #include <gtest/gtest.h>
 
@@ -12,9 +12,9 @@ TEST(Printable, ShowsEveryByteOnOneLine) {
 }
 
 TEST(ShownPath, LeavesTheProgramFolderOut) {
-  EXPECT_EQ(ShownPath("C:\\Orvenza\\data\\1.txt"), "data\\1.txt");
-  EXPECT_EQ(ShownPath("C:\\Orvenza2\\1.txt"), "C:\\Orvenza2\\1.txt");
-  EXPECT_EQ(ShownPath("D:\\a\n"), "D:\\a<0A>");
+  EXPECT_EQ(ShownPath("C:\\Orvenza\\data\\1.txt", "C:\\Orvenza"), "data\\1.txt");
+  EXPECT_EQ(ShownPath("C:\\Orvenza2\\1.txt", "C:\\Orvenza"), "C:\\Orvenza2\\1.txt");
+  EXPECT_EQ(ShownPath("D:\\a\n", "C:\\Orvenza"), "D:\\a<0A>");
 }
 
 }  // namespace
