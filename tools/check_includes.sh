@@ -29,9 +29,10 @@ awk '
     below["lab/check"]     = " lab/check" below["lab/settings"]
     below["lab/doctor"]    = " lab/doctor" below["lab/settings"]
     below["lab/rehearsal"] = " lab/rehearsal" below["lab/settings"]
+    below["lab/replay"]    = " lab/replay" below["lab/rehearsal"]
     below["lab/bundle"]    = " lab/bundle" below["lab/doctor"]
     below["lab/table"]     = " lab/table" below["lab/rehearsal"]
-    below["lab"]           = " lab lab/bundle lab/check lab/doctor lab/table" below["lab/rehearsal"]
+    below["lab"]           = " lab lab/bundle lab/check lab/doctor lab/replay lab/table" below["lab/rehearsal"]
     below["lab/terminal"]  = " lab/terminal" below["lab"]
     for (i = 1; i < ARGC; i++)
       if (!(room(ARGV[i]) in below)) find(ARGV[i], 0, "lies in no room of the house")

@@ -4,13 +4,14 @@
 #include "lab/check/check_command.h"
 #include "lab/doctor/doctor_command.h"
 #include "lab/rehearsal/rehearse_command.h"
+#include "lab/replay/replay_command.h"
 #include "lab/table/table_command.h"
 
 namespace orvenza {
 
 std::vector<Command> Commands() {
   return {
-      BundleCommand(), CheckCommand(), DoctorCommand(), RehearseCommand(), TableCommand(),
+      BundleCommand(), CheckCommand(), DoctorCommand(), RehearseCommand(), ReplayCommand(), TableCommand(),
   };
 }
 

@@ -153,6 +153,10 @@ void ScriptedOperator::Answer(std::string answer, std::chrono::milliseconds reac
   answers_.push_back({std::move(answer), reaction});
 }
 
+void ScriptedOperator::DropAnswerAfter(std::chrono::milliseconds reaction) {
+  if (!answers_.empty() && answers_.front().reaction >= reaction) answers_.pop_front();
+}
+
 void ScriptedOperator::CloseMessage() {
   for (bool* closed : openMessages_) *closed = true;
 }

@@ -76,6 +76,9 @@ class ScriptedOperator : public Operator {
   /// meanwhile gets it instead.
   void Answer(std::string answer, std::chrono::milliseconds reaction = {});
 
+  /// Drops the next answer if its reaction takes `reaction` or longer: the dialog that waited for it is gone.
+  void DropAnswerAfter(std::chrono::milliseconds reaction);
+
   /// Answers immediately when the list is empty; "" means no answer.
   using Judgement = std::function<std::string(const ShownDialog&)>;
   void SetJudgement(Judgement judgement) { judgement_ = std::move(judgement); }

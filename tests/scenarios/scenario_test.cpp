@@ -12,6 +12,7 @@
 
 #include "lab/rehearsal/rehearsal.h"
 #include "lab/rehearsal/scenario_reader.h"
+#include "replay_test.h"
 
 namespace orvenza::test {
 namespace {
@@ -121,6 +122,7 @@ int main(int argc, char** argv) {
   for (const char* const name : orvenza::test::kNames) {
     ::testing::RegisterTest("Scenario", name, nullptr, nullptr, __FILE__, __LINE__,
                             [name]() -> ::testing::Test* { return new orvenza::test::ScenarioTest(name); });
+    orvenza::test::RegisterReplayTest(name, orvenza::test::Read(orvenza::test::PathOf(name, ".scenario")));
   }
   return RUN_ALL_TESTS();
 }

@@ -1,7 +1,10 @@
 #include "app/trace/folder_watch.h"
 
 #include <algorithm>
+#include <functional>
 #include <set>
+#include <utility>
+#include <vector>
 
 #include "app/trace/trace_mask.h"
 #include "app/trace/transcript_text.h"
@@ -11,7 +14,20 @@
 namespace orvenza {
 namespace {
 
+constexpr const char* kRemembered = "REMEMBERED.INI";
+
 std::string FolderOf(std::string_view path) { return std::string(path.substr(0, path.rfind('\\') + 1)); }
+
+/// The digest of a text tells whether it was guessed right. It is the third word of a value.
+void BlankDigests(std::vector<std::string>& lines) {
+  for (std::string& line : lines) {
+    std::size_t word = line.find('=');
+    for (int i = 0; i < 2 && word != std::string::npos; ++i) word = line.find(' ', word + 1);
+    if (word == std::string::npos) continue;
+    const std::size_t end = line.find(' ', word + 1);
+    if (end != std::string::npos) line.replace(word + 1, end - word - 1, "0");
+  }
+}
 
 }  // namespace
 
@@ -28,7 +44,7 @@ void FolderWatch::OnListing(const std::string& pattern, const FolderListing& lis
   SeenFiles& before = seen_[folder];
   SeenFiles now;
   for (const FolderEntry& entry : listing) {
-    if (entry.isFolder) continue;
+    if (entry.isFolder || IsOwn(folder + entry.name)) continue;
     const SeenFile file{FixedStamp(entry.modified), entry.attributes.find('R') != std::string::npos};
     now[entry.name] = file;
     const auto known = before.find(entry.name);
@@ -43,6 +59,13 @@ void FolderWatch::OnListing(const std::string& pattern, const FolderListing& lis
     trace_.Add("gone", ShownPath(folder + name, paths_.AppPath));
   }
   before = std::move(now);
+}
+
+void FolderWatch::OnMissing(const std::string& path) {
+  const auto folder = seen_.find(FolderOf(path));
+  if (folder == seen_.end() || folder->second.erase(FileNameOf(path)) == 0) return;
+  read_.erase(Key(path));
+  trace_.Add("gone", ShownPath(path, paths_.AppPath));
 }
 
 void FolderWatch::Tell(const std::string& path, const SeenFile& file) {
@@ -85,11 +108,19 @@ bool FolderWatch::IsReadOnly(const std::string& path) const {
   return file != folder->second.end() && file->second.readOnly;
 }
 
-bool FolderWatch::IsTicket(const std::string& path) const { return IsTicketPlace(FolderOf(path)); }
+bool FolderWatch::IsOwn(std::string_view path) const {
+  static const std::set<std::string> kOwn{"COMMAND.TXT", "REMEMBERED.INI", "LOG.TXT",   "LOG.BAK",
+                                          "ERR.TXT",     "ERR.BAK",        "ERROR.TXT", "ERROR.BAK"};
+  return kOwn.contains(Key(path));
+}
+
+bool FolderWatch::IsTicket(const std::string& path) const {
+  return IsTicketPlace(FolderOf(path)) && !IsOwn(path);
+}
 
 bool FolderWatch::WantsContent(const std::string& path) const {
-  static const std::set<std::string> kOwn{"COMMAND.TXT", "REMEMBERED.INI", "ERRDESC.INI"};
-  return IsTicket(path) || kOwn.contains(Key(path));
+  static const std::set<std::string> kWanted{"COMMAND.TXT", kRemembered, "ERRDESC.INI"};
+  return kWanted.contains(Key(path)) || IsTicket(path);
 }
 
 void FolderWatch::OnRead(const std::string& path, std::string_view content) {
@@ -99,8 +130,10 @@ void FolderWatch::OnRead(const std::string& path, std::string_view content) {
   const bool ofTickets = IsTicket(path);
   const char separator = settings_ == nullptr ? '\0' : settings_->SeparatorChar;
   const bool cut = content.size() > kLongestContent;
-  trace_.AddWithLines("read", ShownPath(path, paths_.AppPath) + (cut ? ", its beginning" : ""),
-                      ContentLines(content.substr(0, kLongestContent), ofTickets ? &separator : nullptr));
+  std::vector<std::string> lines =
+      ContentLines(content.substr(0, kLongestContent), ofTickets ? &separator : nullptr);
+  if (Key(path) == kRemembered) BlankDigests(lines);
+  trace_.AddWithLines("read", ShownPath(path, paths_.AppPath) + (cut ? ", its beginning" : ""), lines);
 }
 
 }  // namespace orvenza

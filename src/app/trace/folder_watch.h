@@ -28,10 +28,13 @@ class FolderWatch {
   /// A listing of the connector.
   void OnListing(const std::string& pattern, const FolderListing& listing);
 
+  /// The connector has found that a file does not exist.
+  void OnMissing(const std::string& path);
+
   /// What the connector did itself is no news in the next listing.
   void OnDisk(const DiskEvent& event);
 
-  /// Whether the file lies in a folder of tickets.
+  /// Whether the file lies in a folder of tickets and is none of the program's own.
   bool IsTicket(const std::string& path) const;
 
   /// Whether the content of this file is of interest.
@@ -52,6 +55,7 @@ class FolderWatch {
 
   std::string Key(std::string_view path) const;
   bool IsTicketPlace(std::string_view folder) const;
+  bool IsOwn(std::string_view path) const;
   void Tell(const std::string& path, const SeenFile& file);
 
   Trace& trace_;

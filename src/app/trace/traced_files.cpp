@@ -71,7 +71,10 @@ void TracedFiles::Tell(const DiskEvent& event) {
 }
 
 bool TracedFiles::Exists(const std::string& path) const {
-  return Watched(watches_.failures, Words(watches_, "check", path), [&] { return files_.Exists(path); });
+  const bool exists =
+      Watched(watches_.failures, Words(watches_, "check", path), [&] { return files_.Exists(path); });
+  if (!exists) watches_.folders.OnMissing(path);
+  return exists;
 }
 
 std::uintmax_t TracedFiles::Size(const std::string& path) const { return files_.Size(path); }

@@ -35,6 +35,7 @@ std::string EventText(const ScenarioEvent& event) {
     case EventKind::kQuit: return "the host writes command.txt: QUIT";
     case EventKind::kSessionEnds: return kSessionEnds;
     case EventKind::kPowerFails: return "the power fails";
+    case EventKind::kStartAgain: return "the connector is started again";
   }
   return {};
 }

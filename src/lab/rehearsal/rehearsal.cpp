@@ -45,7 +45,8 @@ std::string TimeText(milliseconds time) { return std::to_string(time.count()) + 
 /// Events that need a running connector: at time zero they happen in its first wait, not before its start.
 bool NeedsConnector(const ScenarioEvent& event) {
   return event.kind == EventKind::kMenu || event.kind == EventKind::kQuit ||
-         event.kind == EventKind::kSessionEnds || event.kind == EventKind::kPowerFails;
+         event.kind == EventKind::kSessionEnds || event.kind == EventKind::kPowerFails ||
+         event.kind == EventKind::kStartAgain;
 }
 
 /// Whether an event creates or removes something on the disk, as opposed to restricting its use.
@@ -84,6 +85,7 @@ class Stage {
   void SetUpEvents();
   void SetUpObservers();
   void RunConnector();
+  bool AwaitNextStart();
   void RunOnce();
   void UseMenu(MenuItem item);
   void AskToQuit();
@@ -112,8 +114,9 @@ class Stage {
   SimulatedRegister device_;
   SimulatedLink link_;
   DiskWatch watch_;
-  std::optional<Tracing> tracing_;  ///< The same.
-  Connector* connector_ = nullptr;
+  std::optional<Tracing> tracing_;  ///< Recreated like `loop_`.
+  Connector* connector_ = nullptr;  ///< Null while none runs.
+  bool startAgain_ = false;
   int status_ = exit_status::kInOrder;  ///< Exit code of the last start.
 };
 
@@ -183,6 +186,9 @@ void Stage::OnLine(LineEvent event, const std::string& text) {
 /// traps.
 void Stage::Do(const ScenarioEvent& event) {
   due_.erase(&event);
+  if (event.kind == EventKind::kStartAgain) return void(startAgain_ = true);
+  if (connector_ == nullptr && NeedsConnector(event) && event.kind != EventKind::kQuit)
+    return Miss("no connector runs at " + TimeText(event.at) + ": " + EventText(event));
   transcript_.Add(EventKindText(event), EventText(event));
   if (event.kind == EventKind::kMenu) return UseMenu(event.item);
   if (event.kind == EventKind::kSessionEnds) return loop_->RequestEnd({.unload = true});
@@ -206,7 +212,8 @@ void Stage::DoToDisk(const ScenarioEvent& event) {
       case EventKind::kQuit: disk_.Put(kCommandFile, kQuit); break;
       case EventKind::kMenu:
       case EventKind::kSessionEnds:
-      case EventKind::kPowerFails: break;
+      case EventKind::kPowerFails:
+      case EventKind::kStartAgain: break;
     }
   } catch (const SystemError& failure) {
     Miss("cannot be done at " + TimeText(event.at) + ": " + EventText(event) + ": " + failure.Description());
@@ -236,11 +243,20 @@ RehearsalOutcome Stage::Play() {
 
 void Stage::RunConnector() {
   RunOnce();
-  while (scenario_.untilPrinted && TicketsWait()) {
+  while (AwaitNextStart()) {
     link_.SetPortOpen(false);
+    person_.DropAnswerAfter(ScenarioAnswer::kNever);
     transcript_.Add("start", "again");
     RunOnce();
   }
+}
+
+/// Waits until the connector is started again; false if it is not.
+bool Stage::AwaitNextStart() {
+  if (scenario_.untilPrinted && TicketsWait()) return true;
+  const auto isStart = [](const ScenarioEvent* event) { return event->kind == EventKind::kStartAgain; };
+  while (!startAgain_ && std::any_of(due_.begin(), due_.end(), isStart)) pump_.WaitForEvent(scenario_.limit);
+  return std::exchange(startAgain_, false);
 }
 
 void Stage::RunOnce() {
@@ -263,6 +279,7 @@ void Stage::RunOnce() {
   } catch (const PowerFailure&) {
     // Only the disk's content survives.
   }
+  connector_ = nullptr;
 }
 
 void Stage::UseMenu(MenuItem item) {

@@ -33,6 +33,7 @@ enum class EventKind {
   kQuit,         ///< The operator chooses `item` from the icon's menu.
   kSessionEnds,  ///< The operator logs off, or the PC is shut down.
   kPowerFails,   ///< The PC loses its power: the connector stops at once.
+  kStartAgain,   ///< The connector is started again, as soon as it has ended.
 };
 
 struct ScenarioEvent {

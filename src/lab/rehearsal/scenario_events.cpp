@@ -218,13 +218,17 @@ ScenarioEvent ReadEventInTime(ScriptLine& line) {
     event.kind = EventKind::kSessionEnds;
   } else if (word == "power" && line.Skip("fails")) {
     event.kind = EventKind::kPowerFails;
+  } else if (word == "start" && line.Skip("again")) {
+    event.kind = EventKind::kStartAgain;
+  } else if (word == "start") {
+    line.Refuse("\"again\"");
   } else if (word == "power") {
     line.Refuse("\"fails\"");
   } else if (word == "session") {
     line.Refuse("\"ends\"");
   } else {
     std::vector<std::string> words = EventWords();
-    words.insert(words.end(), {"menu", "quit", "session", "power"});
+    words.insert(words.end(), {"menu", "quit", "session", "power", "start"});
     RefuseWord(line, word, words);
   }
   line.End();
