@@ -51,9 +51,10 @@ Connector::Connector(const Surroundings& around, const ProgramPaths& paths)
       logo_(link_, settings_, recovery_, files_, logs_, messages_),
       translator_(queries_.Identity(), settings_, files_, logs_),
       evidence_(files_, logs_, paths_.AppPath),
+      outcomes_(files_, folders_, logs_, evidence_),
       remembered_(files_, logs_, paths_.AppPath),
       archive_(files_, folders_, settings_, logs_, messages_, remembered_, witnesses_),
-      splitter_(files_, settings_, logs_, archive_),
+      splitter_(files_, settings_, logs_, archive_, witnesses_),
       sender_(link_, settings_, cash_, recovery_, logo_, translator_, logs_, witnesses_),
       processor_(files_, settings_, logs_, loop_, cash_, recovery_, sender_, archive_, evidence_, witnesses_),
       tickFailures_(logs_),
@@ -84,6 +85,7 @@ void Connector::Main(bool anotherInstanceRuns) {
     RefuseStart(exit_status::kServedAlready, tell, log);
   }
   PrepareSettings();
+  CheckOutcomesFolder();
   RemoveUnfinished();
   RecallEvidence();
   errorTexts_.LoadEcrErrorTable();
@@ -143,10 +145,19 @@ bool Connector::ReadSettings(const std::function<bool()>& read) {
   RefuseStart(exit_status::kSettings, [&] { ReportUnreadableSettings(messages_, logs_, paths_.Ini()); });
 }
 
+/// In a folder that is searched for tickets, outcomes would be printed.
+void Connector::CheckOutcomesFolder() {
+  std::string& folder = settings_.OutcomesFolder;
+  if (folder.empty() || !OutcomesFolderIsRefused(settings_, paths_.AppPath)) return;
+  logs_.WrErr(std::string(own_text::kOutcomesOff) + " " + folder);
+  folder.clear();
+}
+
 /// Safe here: this instance has acquired the lock, so no other one writes there.
 void Connector::RemoveUnfinished() {
-  for (const std::string& folder : {paths_.AppPath + "\\", settings_.TicketFolder, settings_.InProcessFolder,
-                                    settings_.AbortFolder, settings_.HistoricFolder}) {
+  for (const std::string& folder :
+       {paths_.AppPath + "\\", settings_.TicketFolder, settings_.InProcessFolder, settings_.AbortFolder,
+        settings_.HistoricFolder, settings_.OutcomesFolder}) {
     if (!folder.empty()) folders_.RemoveUnfinished(folder);
   }
 }
@@ -154,13 +165,17 @@ void Connector::RemoveUnfinished() {
 /// Nobody keeps the evidence up to date unless the settings ask for it; an old one would be wrong one day.
 void Connector::RecallEvidence() {
   if (!settings_.AskInDoubt && settings_.OutcomesFolder.empty()) return evidence_.Discard();
-  witnesses_.Add(evidence_);
   std::set<std::string> leftovers;
   logs_.Attempt(kMainLabel, [&] {
     if (!folders_.Exists(settings_.InProcessFolder)) return;
     for (const FolderEntry& entry : folders_.ListFolder(settings_.InProcessFolder + "*"))
       leftovers.insert(entry.name);
   });
+  if (!settings_.OutcomesFolder.empty()) {
+    outcomes_.Open(settings_.OutcomesFolder, leftovers);
+    witnesses_.Add(outcomes_);
+  }
+  witnesses_.Add(evidence_);
   evidence_.Recall(std::move(leftovers));
   cash_.ReceiptIsOurs = evidence_.ReceiptMayBeOurs();
 }
@@ -225,6 +240,7 @@ void Connector::RunMainLoop() {
     logs_.Attempt(kMainLabel, [&] { link_.ApplyChangedSettings(); });
     if (!timer1_.Enabled() || timer1_.TimeLeft() > 0s) continue;
     if (tickObserver_) tickObserver_();
+    outcomes_.SaveLate();
     polling_.Tick();
   }
 }

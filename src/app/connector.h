@@ -24,6 +24,7 @@
 #include "tickets/command_file.h"
 #include "tickets/evidence.h"
 #include "tickets/line_sender.h"
+#include "tickets/outcomes.h"
 #include "tickets/remembered_tickets.h"
 #include "tickets/ticket_archive.h"
 #include "tickets/ticket_folders.h"
@@ -77,6 +78,7 @@ class Connector {
                                 const std::function<void()>& log = {});
   void PrepareSettings();
   bool ReadSettings(const std::function<bool()>& read);
+  void CheckOutcomesFolder();
   void RemoveUnfinished();
   void RecallEvidence();
   void LoadMainForm();
@@ -118,6 +120,7 @@ class Connector {
 
   RecordTranslator translator_;
   Evidence evidence_;
+  Outcomes outcomes_;
   TicketWitnesses witnesses_;
   RememberedTickets remembered_;
   TicketArchive archive_;

@@ -40,6 +40,10 @@ std::string NormalisedFolder(const std::string& folder) {
   return text;
 }
 
+bool LiesIn(const std::string& folder, const std::string& parent) {
+  return !parent.empty() && NormalisedFolder(folder).starts_with(NormalisedFolder(parent));
+}
+
 std::string FileNameOf(std::string_view path) { return std::string(path.substr(path.rfind('\\') + 1)); }
 
 }  // namespace orvenza

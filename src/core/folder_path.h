@@ -10,6 +10,9 @@ namespace orvenza {
 /// are not resolved.
 [[nodiscard]] std::string NormalisedFolder(const std::string& folder);
 
+/// Whether `folder` is `parent` or below it, judged by their texts; nothing is in an empty `parent`.
+[[nodiscard]] bool LiesIn(const std::string& folder, const std::string& parent);
+
 /// The last level of a path: everything after its last "\".
 std::string FileNameOf(std::string_view path);
 

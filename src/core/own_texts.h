@@ -10,6 +10,7 @@ namespace own_text {
 // The error log.
 inline constexpr const char* kHistoricOff =
     "Archivio storico disattivato, la cartella contiene gli scontrini da stampare :";
+inline constexpr const char* kOutcomesOff = "Esiti disattivati, cartella non ammessa :";
 inline constexpr const char* kPrintedNotArchived = "Scontrino stampato ma non archiviato :";
 inline constexpr const char* kReportWaits = "Chiusura o rapporto in attesa :";
 inline constexpr const char* kFirstComes = "prima va stampato lo scontrino";

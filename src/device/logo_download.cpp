@@ -60,7 +60,9 @@ bool LogoDownload::SendRows(const std::string& number, const std::vector<std::st
                             const std::string& commandLine, const std::function<void()>& givenUp) {
   int silentRepeats = 0;
   for (std::size_t row = 0; row < rows.size();) {
-    const Reply reply = link_.Exchange(RowCommand(number, row + 1, rows[row]));
+    const std::string command = RowCommand(number, row + 1, rows[row]);
+    const Reply reply = link_.Exchange(command);
+    if (!reply.Is(Reply::Kind::kDone) && OnTrouble) OnTrouble(command, reply);
     if (PolicyOf(settings_).IsDone(CommandUse::kOther, reply)) {
       ++row;
       silentRepeats = 0;

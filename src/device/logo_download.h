@@ -29,6 +29,9 @@ class LogoDownload {
   [[nodiscard]] bool Download(const std::string& number, const std::string& path,
                               const std::string& commandLine, const std::function<void()>& givenUp);
 
+  /// Called with the command of each row that is not answered properly, and its reply. May be empty.
+  std::function<void(const std::string& row, const Reply& reply)> OnTrouble;
+
  private:
   [[nodiscard]] bool SendRows(const std::string& number, const std::vector<std::string>& rows,
                               const std::string& commandLine, const std::function<void()>& givenUp);

@@ -10,7 +10,7 @@
 namespace orvenza {
 
 /// All that a receipt in progress consists of. Amounts are cents.
-struct ReceiptState {
+struct ReceiptContent {
   std::int64_t total = 0;
   std::int64_t lastItem = 0;
   std::int64_t paid = 0;
@@ -19,7 +19,7 @@ struct ReceiptState {
   std::size_t entries = 0;
   std::vector<std::string> lines{};
 
-  bool operator==(const ReceiptState&) const = default;
+  bool operator==(const ReceiptContent&) const = default;
 };
 
 /// The receipt in progress: its sums, exact to the cent, and its printed lines.
@@ -33,9 +33,9 @@ class Receipt {
 
   Receipt() = default;
   /// Goes on with a receipt.
-  explicit Receipt(ReceiptState state) : state_(std::move(state)) {}
+  explicit Receipt(ReceiptContent state) : state_(std::move(state)) {}
 
-  const ReceiptState& State() const { return state_; }
+  const ReceiptContent& State() const { return state_; }
   bool operator==(const Receipt&) const = default;
 
   std::int64_t Total() const { return state_.total; }
@@ -70,7 +70,7 @@ class Receipt {
  private:
   std::string_view SetTotal(std::int64_t total);
 
-  ReceiptState state_;
+  ReceiptContent state_;
 };
 
 /// `price` in cents times `quantity` in thousandths; half a cent is rounded up.

@@ -196,7 +196,7 @@ void ReceiptLines(Form& form, std::optional<Receipt>& receipt) {
   bool open = receipt.has_value();
   Flag(form, "receipt-open", open);
   if (!open) return;
-  ReceiptState state = receipt ? receipt->State() : ReceiptState{};
+  ReceiptContent state = receipt ? receipt->State() : ReceiptContent{};
   auto& [total, lastItem, paid, itemOpen, paying, entries, lines] = state;
   form.Count("receipt-total", total, 0, Receipt::kLargestAmount);
   form.Count("receipt-last-item", lastItem, 0, Receipt::kLargestAmount);

@@ -68,6 +68,14 @@ bool AnythingBehind(std::string_view text, std::size_t count, char separator) {
   return RecordReader(text, count, separator).Next();
 }
 
+bool CompletesAnything(std::string_view text, char separator) {
+  RecordReader record(text, 0, separator);
+  while (record.Next()) {
+    if (record.Has(&RecordRoles::completes) || record.Has(&RecordRoles::reports)) return true;
+  }
+  return false;
+}
+
 bool BeginAlike(std::string_view text, std::string_view other, std::size_t count) {
   LineReader reader = ReaderOf(text);
   LineReader otherReader = ReaderOf(other);

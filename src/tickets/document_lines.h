@@ -20,6 +20,10 @@ namespace orvenza {
 /// Whether anything is left to be sent behind `count` lines.
 [[nodiscard]] bool AnythingBehind(std::string_view text, std::size_t count, char separator);
 
+/// Whether any line completes something on paper: a receipt, a document, a cash movement, a closure, a
+/// report.
+[[nodiscard]] bool CompletesAnything(std::string_view text, char separator);
+
 /// Whether both texts begin with the same `count` lines.
 [[nodiscard]] bool BeginAlike(std::string_view text, std::string_view other, std::size_t count);
 

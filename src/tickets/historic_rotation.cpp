@@ -12,11 +12,6 @@
 namespace orvenza {
 namespace {
 
-/// Whether `folder` is `parent` or below it, judged by their texts; nothing is in an empty `parent`.
-bool LiesIn(const std::string& folder, const std::string& parent) {
-  return !parent.empty() && NormalisedFolder(folder).starts_with(NormalisedFolder(parent));
-}
-
 /// The latest modification time of a ticket there. `base` is the historic folder without a trailing "\".
 LocalTime NewestTicket(const Folders& folders, const std::string& base, const AppSettings& settings) {
   LocalTime newest;

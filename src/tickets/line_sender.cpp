@@ -57,10 +57,11 @@ void LineSender::Begin(const DocumentProgress& progress) {
 
 Next LineSender::Send(const TicketLine& line, const RecordFields& fields) {
   RestoreNormalWait();
+  const std::string command = fields.Count() == 0 ? std::string() : translator_.TranslateRecord(fields);
+  if (command.empty()) witness_.Troubled({line.number, {}, false, false, line.text}, Reply::InvalidLine());
   if (fields.Count() == 0) return HandleUnreadableLine(line.text);
-  const std::string command = translator_.TranslateRecord(fields);
   if (command.empty()) return HandleInvalidLine(line.text);
-  if (command == kLogoMarker) return SendLogo(line.text, fields);
+  if (command == kLogoMarker) return SendLogo(line, fields);
   if (IsLongRunning(command)) return SendLongRunning(line, fields, command.substr(0, command.size() - 1));
   return SendOrdinary(line, fields, command);
 }
@@ -78,16 +79,19 @@ std::optional<Next> LineSender::AskAboutInvalidLine(const std::string& line) {
   return FromDecision(recovery_.DecodeDeviceError(Reply::InvalidLine(), line, Choices::kOffered));
 }
 
-Next LineSender::SendLogo(const std::string& line, const RecordFields& fields) {
+Next LineSender::SendLogo(const TicketLine& line, const RecordFields& fields) {
   const LogoRequest request = LogoRequestOf(fields);
   bool chosen = false;
   const auto givenUp = [&] {
     chosen = true;
     ifEnded_ = Next::kAbort;
   };
-  if (logo_.Download(request.number, request.path, line, givenUp)) return Next::kNextLine;
+  logo_.OnTrouble = [&](const std::string& row, const Reply& reply) {
+    witness_.Troubled({line.number, row, false, false, line.text}, reply);
+  };
+  if (logo_.Download(request.number, request.path, line.text, givenUp)) return Next::kNextLine;
   if (Policy().failureGivesUp) return Next::kGiveUp;
-  return chosen ? Next::kAbort : AskAboutInvalidLine(line).value_or(Next::kGiveUp);
+  return chosen ? Next::kAbort : AskAboutInvalidLine(line.text).value_or(Next::kGiveUp);
 }
 
 Next LineSender::SendOrdinary(const TicketLine& line, const RecordFields& fields,
@@ -97,7 +101,7 @@ Next LineSender::SendOrdinary(const TicketLine& line, const RecordFields& fields
   const bool completes = HasRole(fields[0], &RecordRoles::completes);
   if (completes && Policy().endGivesUp) ifEnded_ = Next::kAbort;
   const bool opens = HasRole(fields[0], &RecordRoles::opens);
-  const Reply reply = Transmit(line, fields, {line.number, command, completes, opens}, false);
+  const Reply reply = Transmit(line, fields, {line.number, command, completes, opens, line.text}, false);
   if (reply.IsRefusal()) ifEnded_ = before;
   return HandleReply(CommandUse::kLine, line, fields, reply);
 }
@@ -112,7 +116,7 @@ Next LineSender::SendLongRunning(const TicketLine& line, const RecordFields& fie
     link_.AwaitDevice();
   }
   if (Policy().endGivesUp) ifEnded_ = Next::kAbort;
-  const Reply reply = Transmit(line, fields, {line.number, command, true, false}, true);
+  const Reply reply = Transmit(line, fields, {line.number, command, true, false, line.text}, true);
   const bool done = Policy().IsDone(CommandUse::kClosure, reply);
   if (done && !Policy().IsDone(CommandUse::kOther, reply))
     logs_.WrErr(LoadMessage(MessageId::kEcrError) + " " + FromWindows1252(reply.Text()));

@@ -68,7 +68,7 @@ class LineSender {
   Next HandleUnreadableLine(const std::string& line);
   Next HandleInvalidLine(const std::string& line);
   std::optional<Next> AskAboutInvalidLine(const std::string& line);
-  Next SendLogo(const std::string& line, const RecordFields& fields);
+  Next SendLogo(const TicketLine& line, const RecordFields& fields);
   Next SendOrdinary(const TicketLine& line, const RecordFields& fields, const std::string& command);
   Next SendLongRunning(const TicketLine& line, const RecordFields& fields, const std::string& command);
   Reply Transmit(const TicketLine& line, const RecordFields& fields, const SentCommand& sent, bool isLong);

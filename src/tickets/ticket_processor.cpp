@@ -69,9 +69,10 @@ void TicketProcessor::ProcessTicketFile(const std::string& entry, const std::str
 
 TicketFacts TicketProcessor::FactsOf(const std::string& entry, const std::string& workFile,
                                      const std::string& text) const {
-  // The fingerprint takes time, which is spent only for those who want to know it.
+  // Looking at the text takes time, which is spent only for those who want to know.
   return {TicketListing::NameOf(entry), entry.substr(0, TicketListing::kStampLength), workFile,
-          witness_.Empty() ? Fingerprint{} : FingerprintOf(text)};
+          witness_.Empty() ? Fingerprint{} : FingerprintOf(text),
+          !witness_.Empty() && CompletesAnything(text, settings_.SeparatorChar)};
 }
 
 Next TicketProcessor::Print(const TicketFacts& ticket, std::string& text) {

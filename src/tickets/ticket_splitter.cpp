@@ -59,24 +59,26 @@ bool NextLine(LineReader& reader, std::string& line) {
 class PartFiles {
  public:
   PartFiles(Files& files, const TicketArchive& archive, const std::string& source, PartNaming naming,
-            const BetweenPieces& between)
+            const BetweenPieces& between, bool witnessed)
       : files_(files),
         archive_(archive),
+        witnessed_(witnessed),
         folder_(source.substr(0, NameStart(source))),
         name_(source.substr(NameStart(source))),
         naming_(naming),
         between_(between) {}
   ~PartFiles() {
-    for (const std::string& path : written_) Discard(path);
+    for (const SplitPart& part : written_) Discard(part.path);
   }
   PartFiles(const PartFiles&) = delete;
   PartFiles& operator=(const PartFiles&) = delete;
 
   void Write(const std::string& content) {
     const std::string path = NextFreePath(content);
-    written_.push_back(path);
+    written_.push_back({path, witnessed_ ? FingerprintOf(content) : Fingerprint{}});
     files_.Write(path, content);
   }
+  [[nodiscard]] const std::vector<SplitPart>& Written() const { return written_; }
   void Keep() { written_.clear(); }
 
  private:
@@ -100,12 +102,13 @@ class PartFiles {
 
   Files& files_;
   const TicketArchive& archive_;
+  bool witnessed_;
   std::string folder_;
   std::string name_;
   PartNaming naming_;
   BetweenPieces between_;
   int number_ = 0;
-  std::vector<std::string> written_;
+  std::vector<SplitPart> written_;
 };
 
 }  // namespace
@@ -121,7 +124,7 @@ bool TicketSplitter::SplitTicketFile(const std::string& path, const BetweenPiece
     LogUnnameable(path);
     return false;
   }
-  PartFiles parts(files_, archive_, path, naming, between);
+  PartFiles parts(files_, archive_, path, naming, between, !witness_.Empty());
   int count = 1;
   {
     LineReader reader(std::make_unique<PieceReader>(files_.OpenForReading(path), between));
@@ -138,7 +141,9 @@ bool TicketSplitter::SplitTicketFile(const std::string& path, const BetweenPiece
     }
     parts.Write(part);
   }
+  witness_.Splitting(path, parts.Written());
   RemoveReadOnlyToo(files_, path);
+  witness_.Split(path, parts.Written());
   parts.Keep();
   return true;
 }

@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "tickets/piece_reader.h"
 #include "tickets/ticket_archive.h"
+#include "tickets/ticket_witness.h"
 
 namespace orvenza {
 
@@ -20,8 +21,9 @@ class TicketSplitter {
   /// Most part files of one split. The rest stays in the last part, which is split again later.
   static constexpr int kMostParts = 100;
 
-  TicketSplitter(Files& files, const AppSettings& settings, Logs& logs, const TicketArchive& archive)
-      : files_(files), settings_(settings), logs_(logs), archive_(archive) {}
+  TicketSplitter(Files& files, const AppSettings& settings, Logs& logs, const TicketArchive& archive,
+                 TicketWitnesses& witness)
+      : files_(files), settings_(settings), logs_(logs), archive_(archive), witness_(witness) {}
 
   /// Splits the file if it contains a second ticket. The parts are created beside it, numbered from 1:
   /// "a.txt" becomes "a1.txt", or "1a.txt" if only that matches the mask. Empty lines are dropped. Returns
@@ -41,6 +43,7 @@ class TicketSplitter {
   const AppSettings& settings_;
   Logs& logs_;
   const TicketArchive& archive_;
+  TicketWitnesses& witness_;
 };
 
 }  // namespace orvenza

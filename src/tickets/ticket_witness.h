@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "device/error_recovery.h"
@@ -17,6 +18,13 @@ struct TicketFacts {
   std::string stamp;     ///< Its modification time, "yyyymmddhhmmss".
   std::string workFile;  ///< Path of its file in the in-process folder.
   Fingerprint text;
+  bool completes = false;  ///< Some line of it completes something on paper.
+};
+
+/// A ticket of a file that is split.
+struct SplitPart {
+  std::string path;
+  Fingerprint text;
 };
 
 /// A command on its way to the register.
@@ -25,7 +33,8 @@ struct SentCommand {
   std::string command;
   /// It may complete something on paper: a receipt, a document, a cash movement, a closure, a report.
   bool completes = false;
-  bool opens = false;  ///< A receipt or a document is open after it.
+  bool opens = false;          ///< A receipt or a document is open after it.
+  std::string_view text = {};  ///< The ticket's line, as its bytes. Valid during the call.
 };
 
 /// How the printing of a ticket has ended, before its file is moved.
@@ -54,6 +63,10 @@ class TicketWitness {
   /// The command's reply, and how far the ticket is complete by now.
   virtual void Replied(const SentCommand& command, const Reply& reply, const DocumentProgress& progress) = 0;
 
+  /// A line that is no command, or a row of its logo that was not answered properly. Its command is empty, or
+  /// that of the row.
+  virtual void Troubled(const SentCommand& /*command*/, const Reply& /*reply*/) {}
+
   /// The operator was asked and decided.
   virtual void Decided(Decision decision) = 0;
 
@@ -64,6 +77,13 @@ class TicketWitness {
 
   /// The file was moved to `path`. Empty: it was removed, or has disappeared.
   virtual void Filed(const std::string& path) = 0;
+
+  /// The file `source` is replaced by `parts`, which are in the in-process folder already. Called again if it
+  /// could not be removed then.
+  virtual void Splitting(const std::string& /*source*/, const std::vector<SplitPart>& /*parts*/) {}
+
+  /// The file `source` was removed, and only the parts are left.
+  virtual void Split(const std::string& /*source*/, const std::vector<SplitPart>& /*parts*/) {}
 };
 
 /// Passes everything on to each of the witnesses; there are none unless the settings ask for them.
@@ -84,6 +104,9 @@ class TicketWitnesses : public TicketWitness {
   void Replied(const SentCommand& command, const Reply& reply, const DocumentProgress& progress) override {
     for (TicketWitness* witness : witnesses_) witness->Replied(command, reply, progress);
   }
+  void Troubled(const SentCommand& command, const Reply& reply) override {
+    for (TicketWitness* witness : witnesses_) witness->Troubled(command, reply);
+  }
   void Decided(Decision decision) override {
     for (TicketWitness* witness : witnesses_) witness->Decided(decision);
   }
@@ -95,6 +118,12 @@ class TicketWitnesses : public TicketWitness {
   }
   void Filed(const std::string& path) override {
     for (TicketWitness* witness : witnesses_) witness->Filed(path);
+  }
+  void Splitting(const std::string& source, const std::vector<SplitPart>& parts) override {
+    for (TicketWitness* witness : witnesses_) witness->Splitting(source, parts);
+  }
+  void Split(const std::string& source, const std::vector<SplitPart>& parts) override {
+    for (TicketWitness* witness : witnesses_) witness->Split(source, parts);
   }
 
  private:

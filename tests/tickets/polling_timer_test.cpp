@@ -30,7 +30,7 @@ class PollingTimerTest : public DeviceBench {
   TicketWitnesses witnesses;
   RememberedTickets remembered{files, logs, folder.Path()};
   TicketArchive archive{files, folders, settings, logs, messages, remembered, witnesses};
-  TicketSplitter splitter{files, settings, logs, archive};
+  TicketSplitter splitter{files, settings, logs, archive, witnesses};
   LineSender sender{link, settings, cash, recovery, logo, translator, logs, witnesses};
   TicketProcessor processor{files,    settings, logs,    loop,     cash,
                             recovery, sender,   archive, evidence, witnesses};

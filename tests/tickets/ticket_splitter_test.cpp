@@ -59,7 +59,7 @@ class SplitterTest : public ::testing::Test {
   RememberedTickets remembered{files, logs, "C:\\shop"};
   TicketWitnesses witnesses;
   TicketArchive archive{files, shop.folders, settings, logs, messages, remembered, witnesses};
-  TicketSplitter splitter{files, settings, logs, archive};
+  TicketSplitter splitter{files, settings, logs, archive, witnesses};
 };
 
 TEST_F(SplitterTest, ReplacesAFileOfThreeTicketsByThreeNumberedFiles) {
