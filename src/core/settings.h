@@ -80,8 +80,8 @@ inline constexpr std::size_t kLongestValue = 99;  ///< Longer values are cut to 
 /// The content of a new settings file, in file order. `appPath` without a trailing "\".
 std::vector<ProfileValue> DefaultSettings(const std::string& appPath);
 
-/// The keys that neither a new file nor an upgrade has, without values: what they ask for is off unless somebody
-/// wants it.
+/// The keys that neither a new file nor an upgrade has, without values: what they ask for is off unless
+/// somebody wants it.
 std::vector<ProfileValue> OptionalSettings();
 
 /// Reads, creates and upgrades the settings file.
