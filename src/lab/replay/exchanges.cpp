@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "core/catalogue.h"
 #include "core/text.h"
 
 namespace orvenza {
@@ -55,6 +56,8 @@ class ExchangeReader {
       open_.push_back(exchanges_.size() - 1);
     } else if (event.kind == "reply") {
       TakeReply(event);
+    } else if (event.kind == "answer" && !exchanges_.empty()) {
+      if (event.text == LoadMessage(MessageId::kReceiptPrinted)) exchanges_.back().saidPrinted = true;
     } else if (event.kind == "start") {
       Cut(event.passed);
     } else if (event.kind == "port") {

@@ -19,9 +19,10 @@ struct Exchange {
   std::optional<std::string> reply;  ///< The text of the reply; empty: none came.
   int linkError = 0;                 ///< The link error in its place; 0: none.
   std::chrono::milliseconds
-      ended{};            ///< When it came; without a reply, when the port was closed or all ended.
-  std::size_t event = 0;  ///< Number of the event in which it was sent.
-  bool cut = false;       ///< Without a reply: the port was closed, or all ended, while one could come.
+      ended{};               ///< When it came; without a reply, when the port was closed or all ended.
+  std::size_t event = 0;     ///< Number of the event in which it was sent.
+  bool saidPrinted = false;  ///< The operator has said that the receipt was printed.
+  bool cut = false;          ///< Without a reply: the port was closed, or all ended, while one could come.
 };
 
 /// The exchanges that begin in the events from `first` to before `end`.

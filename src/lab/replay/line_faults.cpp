@@ -20,6 +20,8 @@ constexpr std::size_t kCode = 4;
 constexpr milliseconds kSlow = 20ms;
 /// How many exchanges show which of two explanations fits better.
 constexpr std::size_t kLookAhead = 40;
+/// Of how many commands without a reply both explanations are tried.
+constexpr int kForks = 3;
 
 /// Two times rounded to milliseconds differ by no more than this.
 constexpr milliseconds kExact = 3ms;
@@ -54,7 +56,9 @@ std::vector<Explanation> Candidates(const Exchange& exchange) {
   if (exchange.linkError > 0) return {{"link-error " + std::to_string(exchange.linkError), false}};
   if (!exchange.reply) {
     if (exchange.cut) return {{"", false}, {"", true}};
-    return {{"silence", false}, {"lose-reply", true}};
+    const Explanation lost{"lose-reply", true};
+    const Explanation silent{"silence", false};
+    return exchange.saidPrinted ? std::vector{lost, silent} : std::vector{silent, lost};
   }
   std::vector<Explanation> all;
   if (const auto paper = PaperOf(*exchange.reply)) {
@@ -105,20 +109,41 @@ class Explainer {
     return Fits(exchange, model.Execute(exchange.command, explanation.runsOut));
   }
 
-  /// How many of the following exchanges differ if this explanation is right.
+  /// How many faults the following exchanges need if this explanation is right. Equal ones in a row count
+  /// once.
   std::size_t Misses(std::size_t i, const Explanation& explanation) const {
     RegisterModel model(model_);
     if (!Apply(model, exchanges_[i], explanation)) return kLookAhead + 1;
+    const std::size_t end = std::min(exchanges_.size(), i + kLookAhead);
+    return MissesFrom(std::move(model), i + 1, end,
+                      explanation.executed ? std::string() : KeyOf(exchanges_[i]), kForks);
+  }
+
+  std::size_t MissesFrom(RegisterModel model, std::size_t i, std::size_t end, std::string latest,
+                         int forks) const {
     std::size_t misses = 0;
-    for (std::size_t next = i + 1; next < std::min(exchanges_.size(), i + kLookAhead); ++next) {
-      const Exchange& exchange = exchanges_[next];
+    for (; i < end; ++i) {
+      const Exchange& exchange = exchanges_[i];
       model.PassUntil(exchange.sent - start_);
-      if (!exchange.reply) continue;
-      if (model.Execute(exchange.command) == *exchange.reply) continue;
+      if (!exchange.reply) {
+        if (forks == 0 || exchange.linkError > 0) continue;
+        RegisterModel executed(model);
+        executed.Execute(exchange.command);
+        return misses + std::min(MissesFrom(std::move(executed), i + 1, end, latest, forks - 1),
+                                 MissesFrom(std::move(model), i + 1, end, latest, forks - 1));
+      }
+      if (model.Execute(exchange.command) == *exchange.reply) {
+        if (latest.starts_with(exchange.command.substr(0, kCode))) latest.clear();
+        continue;
+      }
       model.TakeBack();
-      ++misses;
+      if (std::exchange(latest, KeyOf(exchange)) != KeyOf(exchange)) ++misses;
     }
     return misses;
+  }
+
+  static std::string KeyOf(const Exchange& exchange) {
+    return exchange.command.substr(0, kCode) + exchange.reply.value_or("");
   }
 
   std::vector<Exchange> exchanges_;
@@ -206,57 +231,81 @@ milliseconds Delay(const Exchange& exchange) {
   return exchange.ended - exchange.sent - LineTime(characters, exchange.speed);
 }
 
-/// "after 500 absent 2", or without a time at the start.
-std::string Timed(milliseconds at, const std::string& fault) {
-  return at.count() == 0 ? fault : "after " + std::to_string(at.count()) + " " + fault;
-}
-
-/// The checks for the register that did not find it, and the port that did not open.
+/// The checks for the register that did not find it, and the port that did not open. They are tied to the
+/// command before them, so that they come in time even if the rehearsal is a little faster or slower than the
+/// trace.
 class StateFaults {
  public:
-  StateFaults(milliseconds start, bool open, std::vector<std::string>& lines)
-      : start_(start), lines_(lines), open_(open) {}
+  /// `atStart`: the connector starts with the first event. `lines` receives the lines of the script.
+  StateFaults(milliseconds start, bool atStart, std::vector<std::string>& lines)
+      : start_(start), lines_(lines), open_(!atStart) {
+    if (!atStart) counts_ = {{"3217", 1}, {"1999", 1}};
+  }
 
   void Take(const TracedEvent& event) {
     if (event.kind == "port") TakePort(event);
     if (event.kind == "absent") TakeAbsent(event);
+    if (event.kind == "present") anchor_.clear();
     if (event.kind == "present" || event.kind == "sent" || event.kind == "start") End();
+    if (event.kind == "sent") TakeSent(event);
     if (event.kind == "start") open_ = false;
+    if (event.kind == "start") anchor_.clear();
   }
 
   void End() {
-    if (count_ > 0) lines_.push_back(Timed(begin_, "absent " + std::to_string(count_)));
+    if (count_ > 0) Add(std::exchange(anchor_, {}), begin_, "absent " + std::to_string(count_));
     count_ = 0;
     whileClosed_ = 0;
   }
 
  private:
-  void TakePort(const TracedEvent& event) {
-    open_ = event.text.starts_with("open");
-    if (event.text != "not open") return;
-    failures_ = failedAt_ == event.passed ? failures_ + 1 : 1;
-    failedAt_ = event.passed;
-    if (failures_ > 1) lines_.pop_back();
-    lines_.push_back(Timed(event.passed - start_, "port-fails " + std::to_string(failures_)));
+  void Add(const std::string& anchor, milliseconds at, const std::string& fault) {
+    if (!anchor.empty())
+      lines_.push_back(anchor + " " + fault);
+    else
+      lines_.push_back(at.count() <= 0 ? fault : "after " + std::to_string(at.count()) + " " + fault);
   }
 
-  /// Through a closed port any register is absent; such a check counts only between two others.
+  void TakeSent(const TracedEvent& event) {
+    const std::string code = event.text.substr(0, kCode);
+    const std::size_t number = ++counts_[code];
+    anchor_ = "on " + code + (number > 1 ? " #" + std::to_string(number) : "");
+    openedSince_ = false;
+    failures_ = 0;
+  }
+
+  void TakePort(const TracedEvent& event) {
+    open_ = event.text.starts_with("open");
+    openedSince_ = openedSince_ || open_;
+    if (open_) failures_ = 0;
+    if (event.text != "not open") return;
+    if (++failures_ > 1) lines_.pop_back();
+    if (failures_ == 1) failedAt_ = event.passed - start_;
+    Add(openedSince_ ? "" : anchor_, failedAt_, "port-fails " + std::to_string(failures_));
+  }
+
+  /// Through a closed port any register is absent; such a check counts only behind the command or another
+  /// one.
   void TakeAbsent(const TracedEvent& event) {
     if (!open_) {
-      if (count_ > 0) ++whileClosed_;
+      ++whileClosed_;
       return;
     }
+    const int before = std::exchange(whileClosed_, 0);
     if (count_ == 0) begin_ = event.passed - start_;
-    count_ += std::exchange(whileClosed_, 0) + 1;
+    count_ += (count_ > 0 || !anchor_.empty() ? before : 0) + 1;
   }
 
   milliseconds start_;
   std::vector<std::string>& lines_;
   bool open_;
-  milliseconds failedAt_{-1};
-  int failures_ = 0;  ///< At that time.
+  std::map<std::string, std::size_t> counts_;
+  std::string anchor_;        ///< "on 1036 #2": the latest command; empty where none can be named.
+  bool openedSince_ = false;  ///< Since that command.
+  milliseconds failedAt_{};
+  int failures_ = 0;  ///< Of opening the port, in a row.
   milliseconds begin_{};
-  int count_ = 0;
+  int count_ = 0;  ///< Checks without the register, in a row.
   int whileClosed_ = 0;
 };
 
@@ -271,7 +320,7 @@ LineFaults FindLineFaults(const std::vector<TracedEvent>& events, const WorkSpan
   const bool instant = std::any_of(exchanges.begin(), exchanges.end(),
                                    [](const Exchange& e) { return e.reply && Delay(e) < -kExact; });
   if (instant) found.lines.emplace_back("speed instant");
-  StateFaults states(span.start, !span.atStart, found.lines);
+  StateFaults states(span.start, span.atStart, found.lines);
   for (std::size_t i = span.first; i < span.end; ++i) states.Take(events[i]);
   states.End();
   const std::vector<Explanation> explanations =
