@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <sstream>
 
+#include "app/trace/trace_file.h"
+#include "app/trace/trace_setting.h"
 #include "core/folder_path.h"
 #include "core/logs.h"
 #include "core/text.h"
@@ -91,6 +93,23 @@ class Collector {
     // On a case-sensitive file system, lines that could not be written to a log have a file of their own.
     const std::string fallback = folder + Logs::kLogFallback;
     if (IsListed(log) && IsListed(fallback)) AddLog(fallback, "fallback-log.txt");
+  }
+
+  /// Masked when it was written, and never longer than a log.
+  void AddTrace() {
+    const std::string path = ReadTraceSetting(IniText(shop_.review.content), shop_.paths).path;
+    for (int number = 0; !path.empty() && number < TraceFile::kFiles; ++number) {
+      const std::string file = TraceFile::PathOf(path, number);
+      const std::string name = "logs/" + FileNameOf(file);
+      if (MayExist(shop_.files, file)) {
+        Add(name, [&](BundleEntry& entry) {
+          entry.bytes = ReadWhole(shop_.files, file, kLongestLog);
+          entry.remark = kMasked;
+        });
+      } else if (number == 0) {
+        entries_.push_back(Missing(name, "does not exist"));
+      }
+    }
   }
 
   void AddTickets() {
@@ -194,6 +213,7 @@ std::vector<BundleEntry> CollectBundle(const Installation& shop, const Findings&
   collector.AddText("folders.txt", ListFolders(shop));
   collector.AddSettings();
   collector.AddLogs();
+  collector.AddTrace();
   collector.AddTickets();
   std::vector<BundleEntry> entries = collector.Take();
   entries.front().bytes =

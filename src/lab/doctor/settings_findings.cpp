@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "app/trace/trace_setting.h"
 #include "core/text.h"
 #include "device/serial_settings.h"
 #include "lab/doctor/settings_lines.h"
@@ -165,6 +166,21 @@ void AddSeparator(Findings& findings, const AppSettings& settings) {
   }
 }
 
+void AddTrace(Findings& findings, const SettingsReview& review, const std::string& name) {
+  const std::string& commandFile = review.settings.CommandFilePath;
+  const std::string folder = commandFile.substr(0, commandFile.rfind('\\'));
+  const TraceSetting trace =
+      ReadTraceSetting(IniText(review.content), {folder, name.substr(0, name.rfind('.'))});
+  if (!trace.refused.empty()) {
+    findings.push_back({Severity::kWarning, "settings.trace",
+                        NameOf(setting::kHost, setting::kTrace) + " is " + Quoted(trace.refused) +
+                            ", where no trace may be written; there is none.",
+                        "Write the name of a file, such as trace.txt."});
+  } else if (!trace.path.empty()) {
+    findings.push_back({Severity::kNote, "settings.trace", "A trace is written to " + trace.path + "."});
+  }
+}
+
 }  // namespace
 
 Findings FindInSettings(const SettingsReview& review, const std::string& name) {
@@ -187,6 +203,7 @@ Findings FindInSettings(const SettingsReview& review, const std::string& name) {
   AddRelative(findings, "HistoricTickets", review.settings.HistoricFolder);
   AddSerial(findings, review.settings);
   AddSeparator(findings, review.settings);
+  AddTrace(findings, review, name);
   if (findings.empty()) {
     findings.push_back({Severity::kOk, "settings.ok",
                         name + " is of version " + review.version + " and used as it stands."});

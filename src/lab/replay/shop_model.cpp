@@ -1,9 +1,7 @@
 #include "lab/replay/shop_model.h"
 
 #include <algorithm>
-#include <charconv>
 #include <memory>
-#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -12,7 +10,7 @@
 #include "core/folder_path.h"
 #include "core/text.h"
 #include "lab/rehearsal/first_files.h"
-#include "platform/system_error.h"
+#include "lab/replay/attempt.h"
 
 namespace orvenza {
 namespace {
@@ -24,65 +22,10 @@ constexpr std::string_view kReadOnly = ", read-only";
 constexpr std::string_view kCopy = " (a copy)";
 constexpr std::size_t kDateLength = 19;
 
-/// Splits "A WORD B" at the last " WORD "; B is empty if there is none.
-std::pair<std::string, std::string> SplitAt(const std::string& text, std::string_view word) {
-  const std::size_t at = text.rfind(word);
-  if (at == std::string::npos) return {text, {}};
-  return {text.substr(0, at), text.substr(at + word.size())};
-}
-
 bool TakeEnd(std::string& text, std::string_view end) {
   const bool has = text.ends_with(end);
   if (has) text.erase(text.size() - end.size());
   return has;
-}
-
-/// A path as a line of a scenario names it.
-std::string Named(const std::string& path) {
-  return path.find(kOf) == std::string::npos ? path : "\"" + path + "\"";
-}
-
-std::string DriveOf(const std::string& path) {
-  return path.size() > 1 && path[1] == ':' ? path.substr(0, 2) : "C:";
-}
-
-std::string WithoutEnd(std::string folder) {
-  if (folder.ends_with('\\')) folder.pop_back();
-  return folder;
-}
-
-/// The verb, the paths and the number of a line "failed" or "works".
-struct Attempt {
-  std::string verb;
-  std::string path;
-  std::string target;
-  int number = 0;
-};
-
-Attempt ReadAttempt(const std::string& text, bool failed, const TracedSettings& settings) {
-  constexpr std::string_view kVerbs[] = {"append to", "check",  "copy",   "list",  "make",       "move",
-                                         "read",      "remove", "rename", "write", "reach drive"};
-  Attempt attempt;
-  std::string rest = text;
-  if (failed) {
-    const auto [what, why] = SplitAt(text, ": ");
-    rest = what;
-    std::from_chars(why.data(), why.data() + why.size(), attempt.number);
-  }
-  for (const std::string_view verb : kVerbs) {
-    if (!rest.starts_with(verb)) continue;
-    attempt.verb = verb;
-    rest = rest.substr(std::min(verb.size() + 1, rest.size()));
-    if (verb == "copy" || verb == "move") {
-      const auto [from, to] = SplitAt(rest, " to ");
-      attempt.target = settings.Path(to);
-      rest = from;
-    }
-    attempt.path = verb == "reach drive" ? rest : settings.Path(rest);
-    return attempt;
-  }
-  attempt.verb = rest;
-  return attempt;
 }
 
 /// Compares two dates "dd/mm/yyyy hh:mm:ss".
@@ -330,99 +273,6 @@ void ShopModel::OnRotated(const TracedEvent&, const std::string& from, const std
   if (day.size() > 9) scenario_.AddState("folder " + folder + day.substr(0, 9));
 }
 
-/// Another program uses a file in the folder; a whole drive is never renamed.
-void ShopModel::OnNotRotated(milliseconds passed, const std::string& folder) {
-  const std::string path = folder + "1.txt";
-  if (recording_ && Find(path) == nullptr) {
-    notRotated_ = "file " + path + " of ";
-    const auto start = ReadTraceStamp(startStamp_ + ".000");
-    notRotated_ += FixedStamp(LocalTimeOf(start.value_or(TraceTime()) - std::chrono::hours(24)));
-    scenario_.AddState(notRotated_);
-    folders_.insert(ToUpperAscii(WithoutEnd(folder)));
-    At(path).own = true;
-  }
-  if (folder.size() > 3) SetHold(passed, path, Hold::kHeld);
-}
-
-void ShopModel::SetHold(milliseconds passed, const std::string& path, Hold hold) {
-  File& file = Existing(passed, path);
-  if (file.hold == hold || (file.hold == Hold::kLocked && hold == Hold::kHeld)) return;
-  file.hold = hold;
-  Add(passed, (hold == Hold::kLocked ? "lock " : "hold ") + path);
-}
-
-void ShopModel::Release(milliseconds passed, const std::string& path) {
-  File* const file = Find(path);
-  if (file == nullptr || file->hold == Hold::kNone) return;
-  file->hold = Hold::kNone;
-  Add(passed, "release " + path);
-}
-
-/// A drive that was there before.
-void ShopModel::TakeDriveAway(milliseconds passed, const std::string& path) {
-  const std::string drive = DriveOf(path);
-  if (drive == "C:" || ticks_ == 0 || !away_.insert(drive).second) return;
-  Add(passed, "drive " + drive + " away");
-}
-
-void ShopModel::OnNotMade(const std::string& shown, int number) {
-  const std::string path = WithoutEnd(shown);
-  const std::string name = ToUpperAscii(path);
-  if (!failing_.insert(name).second || number != error_number::kFileExists || !recording_) return;
-  if (name == "DATA" || name == "DATA\\INPROCES" || name == "DATA\\ABORT")
-    scenario_.AddState("remove " + path);
-  scenario_.AddState("file " + Named(path));
-}
-
-/// A file that fails exists, even if nothing else tells of it.
-ShopModel::File& ShopModel::Existing(milliseconds passed, const std::string& path) {
-  File* const known = Find(path);
-  if (known != nullptr) return *known;
-  File& file = At(path);
-  const std::string name = ToUpperAscii(path);
-  if (name != "ORVENZA.INI" && name != "ERRDESC.INI") Put(passed, path, file);
-  return file;
-}
-
-void ShopModel::OnFailed(const TracedEvent& event) {
-  namespace number = error_number;
-  const Attempt attempt = ReadAttempt(event.text, true, settings_);
-  const std::string& verb = attempt.verb;
-  const bool across = !attempt.target.empty() && DriveOf(attempt.path) != DriveOf(attempt.target);
-  if (verb == "set the clock") return Add(event.passed, "clock refused");
-  if (verb == "make") OnNotMade(attempt.path, attempt.number);
-  if (attempt.number == number::kDiskFull) {
-    const std::string drive = DriveOf(attempt.target.empty() ? attempt.path : attempt.target);
-    if (full_.insert(drive).second) Add(event.passed, "disk " + drive + " full");
-  } else if (verb == "reach drive" || attempt.number == number::kPathNotFound) {
-    TakeDriveAway(event.passed, attempt.path);
-  } else if (attempt.number == number::kFileNotFound && (verb == "read" || verb == "copy")) {
-    if (Find(attempt.path) != nullptr) Add(event.passed, "remove " + attempt.path);
-    Forget(attempt.path);
-  } else if (verb == "read" || (verb == "copy" && attempt.number == number::kPermissionDenied)) {
-    SetHold(event.passed, attempt.path, Hold::kLocked);
-  } else if (verb == "copy") {
-    SetHold(event.passed, attempt.target, Hold::kHeld);
-  } else if (verb == "rename") {
-    OnNotRotated(event.passed, attempt.path);
-  } else if ((verb == "remove" || verb == "append to") && attempt.number == number::kPathFileAccess) {
-    File& file = Existing(event.passed, attempt.path);
-    if (!std::exchange(file.readOnly, true)) Add(event.passed, "read-only " + attempt.path);
-  } else if (verb == "move" ? !across : verb == "remove" || verb == "append to" || verb == "write") {
-    SetHold(event.passed, attempt.path, Hold::kHeld);
-  }
-}
-
-void ShopModel::OnWorks(const TracedEvent& event) {
-  const Attempt attempt = ReadAttempt(event.text, false, settings_);
-  const std::string drive = DriveOf(attempt.target.empty() ? attempt.path : attempt.target);
-  Release(event.passed, attempt.path);
-  Release(event.passed, attempt.target);
-  if (attempt.verb == "rename") Release(event.passed, attempt.path + "1.txt");
-  if (full_.erase(drive) > 0) Add(event.passed, "disk " + drive + " free");
-  if (away_.erase(DriveOf(attempt.path)) > 0) Add(event.passed, "drive " + DriveOf(attempt.path) + " back");
-}
-
 void ShopModel::Begin(milliseconds start, const std::string& stamp, bool atStart) {
   recording_ = true;
   atStart_ = atStart;
@@ -430,6 +280,10 @@ void ShopModel::Begin(milliseconds start, const std::string& stamp, bool atStart
   startStamp_ = stamp;
   ticks_ = atStart ? 0 : 2;
   folders_.clear();
+  if (Find("Remembered.ini") != nullptr && !Find("Remembered.ini")->content)
+    scenario_.Comment("There was a Remembered.ini, whose content is not known.");
+  // Without their content, the connector's own files have no effect except that of their names.
+  std::erase_if(files_, [](const auto& file) { return file.second.own && !file.second.content; });
   for (auto& [name, file] : files_) {
     const std::string& path = spelled_[name];
     if (file.content)

@@ -93,7 +93,7 @@ void TracedSettings::AddTo(ScenarioText& scenario) const {
       lines.push_back("setting [" + value.section + "] " + value.key + " = " + text);
   }
   std::size_t wanted = 0;
-  for (const ProfileValue& value : DefaultSettings(kRehearsalFolder)) wanted += value.key.empty() ? 0 : 1;
+  for (const ProfileValue& value : DefaultSettings(kRehearsalFolder)) wanted += value.key.empty() ? 0U : 1U;
   if (found == wanted) {
     for (const std::string& line : lines) scenario.AddSetting(line);
     return;

@@ -37,6 +37,26 @@ TEST_F(Bundle, HoldsWhatSupportNeeds) {
   EXPECT_NE(InArchive("versions.txt").find("system      A system 1.2\n"), std::string::npos);
 }
 
+TEST_F(Bundle, HoldsTheTraceWithItsOlderCopies) {
+  Edit("File Parser=0", "File Parser=0\r\n[Host]\r\nTrace=t\\spur.log");
+  disk.Put(At("t\\spur.log"), "new");
+  disk.Put(At("t\\spur.1.log"), "older");
+  disk.Put(At("t\\spur.5.log"), "no trace");
+  EXPECT_EQ(Run(), 0);
+  EXPECT_EQ(InArchive("logs/spur.log"), "new");
+  EXPECT_EQ(InArchive("logs/spur.1.log"), "older");
+  EXPECT_FALSE(Archive().entries.contains("logs/spur.5.log"));
+  EXPECT_NE(out.str().find("\nlogs/spur.log         3 bytes     texts masked\n"), std::string::npos)
+      << out.str();
+}
+
+TEST_F(Bundle, SaysThatThereIsNoTraceYet) {
+  Edit("File Parser=0", "File Parser=0\r\n[Host]\r\nTrace=spur.log");
+  EXPECT_EQ(Run(), 0);
+  EXPECT_NE(out.str().find("\nlogs/spur.log         missing     does not exist\n"), std::string::npos)
+      << out.str();
+}
+
 TEST_F(Bundle, SaysWhatIsInIt) {
   disk.Put(At("Err.txt"), "x - Riga non valida : 4;Anna\r\n");
   EXPECT_EQ(Run(), 0);

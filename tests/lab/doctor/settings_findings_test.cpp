@@ -16,6 +16,19 @@ TEST_F(SettingsFindings, SayNothingAboutTheDefaults) {
             "ok settings.ok: Orvenza.ini is of version 1.06 and used as it stands.");
 }
 
+TEST_F(SettingsFindings, TellWhereATraceIsWritten) {
+  Edit("File Parser=0", "File Parser=0\r\n[Host]\r\nTrace=trace.txt");
+  EXPECT_EQ(Said(), "note settings.trace: A trace is written to C:\\Orvenza\\trace.txt.\n");
+}
+
+TEST_F(SettingsFindings, ReportATraceAmongTheTickets) {
+  Edit("File Parser=0", "File Parser=0\r\n[Host]\r\nTrace=data\\trace.txt");
+  EXPECT_EQ(
+      Said(),
+      "warning settings.trace: [Host] Trace is \"data\\trace.txt\", where no trace may be written; there is "
+      "none.\n");
+}
+
 TEST_F(SettingsFindings, ReportAFirstStart) {
   disk.Delete(At("Orvenza.ini"));
   EXPECT_EQ(
