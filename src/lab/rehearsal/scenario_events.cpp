@@ -228,7 +228,7 @@ ScenarioEvent ReadEventInTime(ScriptLine& line) {
     line.Refuse("\"ends\"");
   } else {
     std::vector<std::string> words = EventWords();
-    words.insert(words.end(), {"menu", "quit", "session", "power", "start"});
+    words.insert(words.end(), {"menu", "quit", "start", "session", "power"});
     RefuseWord(line, word, words);
   }
   line.End();

@@ -17,14 +17,14 @@ constexpr const char* kAround = "--around";
 constexpr const char* kOutput = "--output";
 
 constexpr const char* kDescription =
-    "Writes a scenario for the command rehearse from a trace of the running connector,\n"
-    "so that a day at the till can be played again: its settings and tickets, what the\n"
-    "register replied, what the operator answered and when, which files were in use.\n"
-    "What cannot be known is said in a comment of the scenario.\n"
+    "Writes a scenario for the command rehearse from a trace of the running\n"
+    "connector, so that a day at the till can be played again: its settings and\n"
+    "tickets, what the register replied, what the operator answered and when, which\n"
+    "files were in use. What cannot be known is said in a comment of the scenario.\n"
     "\n"
-    "TRACE is the file that [Host] Trace names, in the shop or from a bundle. Its older\n"
-    "copies beside it (trace.1.txt and so on) are read, too. docs/trace.md describes\n"
-    "the trace.";
+    "TRACE is the file that [Host] Trace names, in the shop or from a bundle. Its\n"
+    "older copies beside it (trace.1.txt and so on) are read, too. docs/trace.md\n"
+    "describes the trace.";
 
 /// "10:32".
 std::optional<TimeOfDay> ReadTimeOfDay(const std::string& text) {

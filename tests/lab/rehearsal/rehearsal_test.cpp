@@ -298,5 +298,39 @@ TEST(Rehearsal, AsksTheScenariosJudgementAfterItsAnswers) {
   EXPECT_TRUE(outcome.problems[0].starts_with("no answer is left for the dialog "));
 }
 
+TEST(Rehearsal, StartsTheConnectorAgainWhenAnEventSaysSo) {
+  const RehearsalOutcome outcome = Play(
+      "at 1s power fails\nat 5s ticket 1.txt\n| 1;PANE;1,000;150;1;;;1;;\n| 2;1;0;\n"
+      "at 10s start again\nat 20s quit\n");
+  EXPECT_EQ(outcome.problems, Lines{});
+  EXPECT_EQ(outcome.receipts.size(), 1u);
+  Lines starts;
+  for (const auto& event : outcome.events) {
+    if (event.kind == "start") starts.push_back(std::to_string(event.at.count()) + " " + event.text);
+  }
+  EXPECT_EQ(starts, (Lines{"0 16/11/2026 09:00:00", "10000 again"}));
+}
+
+TEST(Rehearsal, StartsTheConnectorAgainAsSoonAsItHasEnded) {
+  const RehearsalOutcome outcome = Play("at 1s start again\nat 5s quit\nat 10s quit\n");
+  EXPECT_EQ(outcome.problems, Lines{});
+  std::size_t ends = 0;
+  for (const auto& event : outcome.events) ends += event.text == "End" ? 1U : 0U;
+  EXPECT_EQ(ends, 2u);
+}
+
+TEST(Rehearsal, ReportsAMenuWithoutAConnector) {
+  EXPECT_EQ(Play("at 1s power fails\nat 2s menu Esci\nat 3s start again\nat 9s quit\n").problems,
+            Lines{"no connector runs at 2000 ms: Esci"});
+}
+
+/// The dialog that the power cut took away needs no answer any more.
+TEST(Rehearsal, ForgetsTheOperatorWhoWasNotThere) {
+  const RehearsalOutcome outcome = Play(
+      "register absent 1\nanswer nothing\nat 1s power fails\nat 2s start again\n"
+      "register after 1500 absent 1\nanswer Ok\nat 9s quit\n");
+  EXPECT_EQ(outcome.problems, Lines{});
+}
+
 }  // namespace
 }  // namespace orvenza::test

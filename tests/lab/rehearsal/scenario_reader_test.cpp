@@ -281,6 +281,7 @@ TEST(Scenario, RefusesALineThatItCannotRead) {
   for (const Row& row : rows) EXPECT_EQ(Refused(row.text), row.message) << row.text;
   EXPECT_TRUE(Refused("menu Esci").starts_with("day:1: expected \"file\", \"ticket\","))
       << Refused("menu Esci");
+  EXPECT_EQ(Refused("at 1s start"), "day:1: expected \"again\"");
   EXPECT_TRUE(Refused("at 1s wait").ends_with("\"session\" or \"power\"")) << Refused("at 1s wait");
 }
 
