@@ -20,7 +20,7 @@ namespace orvenza {
 /// The events that an observer of the line receives.
 enum class LineEvent {
   kSent,       ///< The program transmits; the text is the command.
-  kReceived,   ///< The program transmits; the text is the command.
+  kReceived,   ///< A reply arrives; the text is the reply.
   kLinkError,  ///< The text is the error's number.
   kPort,       ///< The text is "open", "not open" (the opening failed) or "closed".
   kAbsent,     ///< The program found the register absent; no text.

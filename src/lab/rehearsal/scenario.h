@@ -20,17 +20,17 @@ inline constexpr const char* kRehearsalFolder = "C:\\Orvenza";
 /// The kinds of events in the connector's environment.
 enum class EventKind {
   kPut,         ///< A file appears at `path`, dated `modified` or with the time of the event.
-  kMakeFolder,  ///< A file appears at `path`, dated `modified` or with the time of the event.
-  kDelete,      ///< A folder appears at `path`.
+  kMakeFolder,  ///< A folder appears at `path`.
+  kDelete,      ///< The file or folder at `path` disappears.
   kReadOnly,
-  kHold,         ///< Another program opens the file for `hold`, or closes it.
-  kDriveAway,    ///< Another program opens the file for `hold`, or closes it.
-  kDriveBack,    ///< The same.
-  kDiskFull,     ///< The same.
-  kDiskFree,     ///< The same.
+  kHold,       ///< Another program opens the file for `hold`, or closes it.
+  kDriveAway,  ///< The drive named by `path` disappears.
+  kDriveBack,
+  kDiskFull,  ///< The drive named by `path` has no room left.
+  kDiskFree,
   kRefuseClock,  ///< From now on the PC does not allow its clock to be set.
-  kMenu,         ///< From now on the PC does not allow its clock to be set.
-  kQuit,         ///< The operator chooses `item` from the icon's menu.
+  kMenu,         ///< The operator chooses `item` from the icon's menu.
+  kQuit,         ///< The host writes "QUIT" into the command file.
   kSessionEnds,  ///< The operator logs off, or the PC is shut down.
   kPowerFails,   ///< The PC loses its power: the connector stops at once.
   kStartAgain,   ///< The connector is started again, as soon as it has ended.
@@ -66,8 +66,8 @@ struct ScenarioAnswer {
 struct Expectation {
   enum class Kind {
     kEvent,  ///< An event of the kind `event` whose text contains `text`.
-    kSent,   ///< An event of the kind `event` whose text contains `text`.
-    kPaper,  ///< `times` commands that begin with `text`.
+    kSent,   ///< `times` commands that begin with `text`.
+    kPaper,  ///< A line on the paper that contains `text`.
     kFile,   ///< A file at the path `text`.
   };
   Kind kind = Kind::kEvent;
@@ -81,13 +81,13 @@ struct Expectation {
 /// folders of a first start with ";" as separator, and no tickets.
 struct Scenario {
   LocalTime start{2026, 11, 16, 9, 0, 0};  ///< What the PC's clock shows at the start.
-  bool settingsFile = true;                ///< What the PC's clock shows at the start.
-  std::vector<ScenarioSetting> settings;   ///< False: the program has never been started here.
+  bool settingsFile = true;                ///< False: the program has never been started here.
+  std::vector<ScenarioSetting> settings;
   FaultScript device;
   std::vector<ScenarioEvent> events;
   std::vector<ScenarioAnswer> answers;
   ScriptedOperator::Judgement judgement;  ///< Gives the answers after these; null if none.
-  bool secondInstance = false;            ///< Gives the answers after these; null if none.
+  bool secondInstance = false;            ///< Another connector already serves the folder.
   /// The host asks the connector to end once no ticket is left. If it ended earlier, it is started again with
   /// the same disk and register.
   bool untilPrinted = false;

@@ -11,51 +11,50 @@
 
 namespace orvenza {
 
-/// The final place of a ticket's file.
+/// A moment in the life of a ticket at which a fault can strike.
 struct TicketStep {
   std::string name;
   /// A scenario (docs/rehearsal.md) without the fault. Its last file is the ticket; an earlier file is a
   /// ticket that leaves its receipt open.
   std::string scenario;
-  /// The same, but the file was given up, so the host cannot know.
-  std::string command;
-  std::size_t occurrence = 1;
+  std::string command;         ///< The beginning of the command that is struck; empty if none is.
+  std::size_t occurrence = 1;  ///< Which of the commands that begin like this, from 1.
 };
 
-/// Forbidden: more was printed although nobody chose that.
+/// What goes wrong at a step.
 struct StepFault {
   std::string name;
   /// The simulated register's faults, one per line, without the words that select the command.
   std::vector<std::string> effects;
   bool eachTime = false;  ///< It affects this command every time from then on.
-  /// The operator's answer to a dialog with a choice.
+  /// What happens while the connector waits for the reply; empty if nothing.
   std::optional<EventKind> meanwhile;
   std::chrono::milliseconds delay{};  ///< Delay of the event after the command was sent.
 };
 
-/// The dialog with these three was closed without a choice.
+/// The final place of a ticket's file.
 enum class FileEnd { kHistoric, kAbort, kWaiting, kGone };
 
-/// Try the port again, as it is or with other settings.
+/// The kinds of ends.
 enum class Verdict {
-  kFine,           ///< End the program.
-  kInDoubt,        ///< Do not.
+  kFine,           ///< The ticket was printed once, and its file is in the historic folder.
+  kInDoubt,        ///< The same, but the file was given up, so the host cannot know.
   kTwiceByChoice,  ///< More was printed because the operator chose that.
   kLostByChoice,   ///< Part of the ticket was not printed because the operator chose that.
-  kAsksOn,         ///< One possible end of a step with a fault.
+  kAsksOn,         ///< The operator is asked again and again as long as the fault lasts.
   // Forbidden unless a rule explains them:
   kLost,   ///< Part of the ticket was not printed although nobody chose that.
   kTwice,  ///< More than the ticket was printed although nobody chose that.
   kHang,   ///< The connector goes on forever without asking the operator.
 };
 
-/// Lines of the error log, without repetitions, in order, without variable parts.
+/// The operator's answer to a dialog with a choice.
 enum class Answer {
   kPrinted,       ///< "Scontrino stampato, continuare".
   kReprint,       ///< "Ristampare lo scontrino ( annullare automaticamente )".
   kGiveUp,        ///< "Abortire la stampa dello scontrino".
   kNoChoice,      ///< The dialog with these three was closed without a choice.
-  kCloseReceipt,  ///< All ends of one fault at one step.
+  kCloseReceipt,  ///< Have a receipt closed that cannot be voided,
   kLeaveReceipt,  ///< or do not.
   kTryPort,       ///< Try the port again, as it is or with other settings.
   kLeavePort,     ///< Do not, followed by kEndProgram or kStay.
