@@ -10,22 +10,24 @@ namespace orvenza::test {
 /// Thrown to kill the program. Deliberately not a std::exception: no trap may stop it.
 struct Killed {};
 
-/// What happens to one file call of a run.
+/// What happens at one file call of a run.
 enum class Blow {
   kNone,
   kKillBefore,  ///< The program is killed before the call has any effect.
   kKillWithin,  ///< The program is killed halfway through the call. Only divisible calls are counted.
+  kKillOnLine,  ///< The program is killed as a command goes out, or as its reply comes in. Only these are
+                ///< counted.
   kFail,        ///< The call has no effect and fails with the number `error`.
 };
 
 struct Attack {
   Blow blow = Blow::kNone;
-  std::size_t call = 0;  ///< Number of the call, from 1.
+  std::size_t call = 0;  ///< Number of the call, or of the command or reply, from 1.
   int error = 0;
 };
 
-/// Counts a program's file calls and attacks one of them. After a kill every further call is ignored, so that
-/// stack unwinding leaves the disk as it was at the kill.
+/// Counts a program's file calls, commands and replies, and attacks one of them. After a kill every further
+/// call is ignored, so that stack unwinding leaves the disk as it was at the kill.
 class FileCalls {
  public:
   explicit FileCalls(const Attack& attack) : attack_(attack) {}
@@ -35,8 +37,8 @@ class FileCalls {
   bool Admit(const std::string& operation, const std::string& path, const std::string& to = {}) {
     if (gone_) return false;
     ++count_;
-    if (attack_.blow == Blow::kKillWithin || attack_.blow == Blow::kNone || count_ != attack_.call)
-      return true;
+    const bool attacked = attack_.blow == Blow::kKillBefore || attack_.blow == Blow::kFail;
+    if (!attacked || count_ != attack_.call) return true;
     struck_ = to.empty() ? operation + " " + path : operation + " " + path + " to " + to;
     if (attack_.blow == Blow::kFail) throw SystemError(attack_.error, path);
     Kill();
@@ -51,6 +53,15 @@ class FileCalls {
     return true;
   }
 
+  /// Every command that goes out and every reply that comes in calls this first.
+  void OnLine(const std::string& text) {
+    if (gone_) return;
+    ++onLine_;
+    if (attack_.blow != Blow::kKillOnLine || onLine_ != attack_.call) return;
+    struck_ = "on the line " + text;
+    Kill();
+  }
+
   [[noreturn]] void Kill() {
     gone_ = true;
     throw Killed{};
@@ -62,14 +73,15 @@ class FileCalls {
   /// Ends the attack and the counting.
   void Cease() {
     attack_.blow = Blow::kNone;
-    ceased_ = {count_, parts_};
+    ceased_ = {count_, parts_, onLine_};
   }
 
   bool Gone() const { return gone_; }
 
   struct Counts {
     std::size_t calls = 0;
-    std::size_t parts = 0;  ///< The divisible ones.
+    std::size_t parts = 0;   ///< The divisible ones.
+    std::size_t onLine = 0;  ///< Commands and replies.
   };
   /// The counts at Cease.
   const Counts& Counted() const { return ceased_; }
@@ -81,6 +93,7 @@ class FileCalls {
   Attack attack_;
   std::size_t count_ = 0;
   std::size_t parts_ = 0;
+  std::size_t onLine_ = 0;
   Counts ceased_;
   bool gone_ = false;
   std::string struck_;

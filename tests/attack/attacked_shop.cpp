@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/catalogue.h"
+#include "core/logs.h"
+#include "core/own_texts.h"
 #include "core/settings.h"
 
 namespace orvenza::test {
@@ -15,6 +18,7 @@ const std::string kIni = kFolder + "\\Orvenza.ini";
 const std::string kData = kFolder + "\\data\\";
 const std::string kInProcess = kData + "inproces\\";
 const std::string kHeldTicket = "0005.txt";
+const std::string kClosureTicket = "0009.txt";
 
 FaultScript InNoTime() {
   FaultScript script;
@@ -34,7 +38,7 @@ std::string ReceiptOf(const Slip& slip) {
 
 }  // namespace
 
-AttackedShop::AttackedShop(ShopKind kind, const Attack& attack)
+AttackedShop::AttackedShop(AttackedKind kind, const Attack& attack)
     : kind_(kind),
       attack_(attack),
       calls_(attack),
@@ -48,7 +52,11 @@ AttackedShop::AttackedShop(ShopKind kind, const Attack& attack)
       device_(clock_, paper_),
       link_(device_, clock_, InNoTime()) {
   disk_.MakeFolder(kFolder);
+  if (kind_.asksInDoubt) SetUpSettings();
   person_.SetJudgement([this](const ShownDialog& dialog) { return Answer(dialog); });
+  link_.SetObserver([this](LineEvent event, const std::string& text) {
+    if (event == LineEvent::kSent || event == LineEvent::kReceived) calls_.OnLine(text);
+  });
   disk_.SetObserver([this](const DiskEvent& event) {
     if (event.path.ends_with(".ini") || event.target.ends_with(".ini")) JudgeSettings("while it runs");
   });
@@ -61,6 +69,16 @@ void AttackedShop::LiveThreeDays() {
   calls_.Cease();
   ThirdDay();
   Judge();
+}
+
+/// A first start would switch the asking off, so its settings are there already.
+void AttackedShop::SetUpSettings() {
+  const ProgramPaths paths{kFolder, "Orvenza"};
+  IniProfileFile byHand(disk_.FileSeam());
+  AppSettings settings;
+  Logs logs(disk_.FileSeam(), clock_, settings, kFolder);
+  SettingsFile(byHand, disk_.FileSeam(), logs, paths).WriteDefaultIni();
+  byHand.Write(kIni, setting::kSafety, setting::kAskInDoubt, "1");
 }
 
 void AttackedShop::FirstDay() {
@@ -76,8 +94,8 @@ void AttackedShop::Technician() {
   const auto settings = disk_.Content(kIni);
   if (!settings) return;
   disk_.Put(kIni, "; NEGOZIO\r\n" + *settings);
-  byHand.Write(kIni, setting::kGeneral, "File Parser", "1");
-  if (kind_ == ShopKind::kArchiveElsewhere) {
+  byHand.Write(kIni, setting::kGeneral, "File Parser", kind_.shop == ShopKind::kNotSplit ? "0" : "1");
+  if (kind_.shop == ShopKind::kArchiveElsewhere) {
     disk_.MakeFolder("D:\\storico");
     byHand.Write(kIni, "Database", "HistoricTickets", "D:\\storico\\");
   }
@@ -100,17 +118,17 @@ void AttackedShop::SecondDay() {
   });
   After(2s, [this, single] {
     disk_.Put(kData + kHeldTicket, ReceiptOf(single));
-    if (kind_ == ShopKind::kTicketHeld) disk_.Hold(kData + kHeldTicket, FileHold::kReading);
+    if (kind_.shop == ShopKind::kTicketHeld) disk_.Hold(kData + kHeldTicket, FileHold::kReading);
   });
   After(2200ms, [this] {
     if (connector_ != nullptr) connector_->OnMenu(MenuItem::kConfigure);
   });
-  After(6s, [this] { disk_.Put(kData + "0009.txt", Line("21;;;;;;;;;;")); });
+  After(6s, [this] { disk_.Put(kData + kClosureTicket, Line("21;;;;;;;;;;")); });
   RunUntilQuit();
 }
 
 void AttackedShop::ThirdDay() {
-  if (kind_ == ShopKind::kTicketHeld) {
+  if (kind_.shop == ShopKind::kTicketHeld) {
     // The host notices and releases the file during the day.
     After(30s, [this] {
       if (disk_.Content(kData + kHeldTicket)) disk_.Hold(kData + kHeldTicket, FileHold::kNone);
@@ -187,7 +205,7 @@ void AttackedShop::OnTick() {
 bool AttackedShop::TicketsWait() const {
   const auto paths = disk_.Paths();
   return std::any_of(paths.begin(), paths.end(), [&](const std::string& path) {
-    const bool held = kind_ == ShopKind::kTicketHeld && path == kData + kHeldTicket;
+    const bool held = kind_.shop == ShopKind::kTicketHeld && path == kData + kHeldTicket;
     const bool waits = path.starts_with(kInProcess) || path.find('\\', kData.size()) == std::string::npos;
     return path.starts_with(kData) && path.ends_with(".txt") && waits && !held;
   });
@@ -197,15 +215,39 @@ void AttackedShop::NoteKill() {
   for (const Slip& slip : expected_) {
     if (Printed(slip) > 0 && !FilesWith(slip.item, kInProcess).empty()) printedAtKill_.insert(slip.item);
   }
-  closedAtKill_ = device_.FiscalClosures() > 0 && disk_.Content(kInProcess + "0009.txt").has_value();
+  closedAtKill_ = device_.FiscalClosures() > 0 && disk_.Content(kInProcess + kClosureTicket).has_value();
 }
 
 std::string AttackedShop::Answer(const ShownDialog& dialog) {
   switch (dialog.kind) {
     case DialogKind::kPortSettings: return settingsOfTheShop_ ? "COM2 9600 None 8 1" : "Ok";
-    case DialogKind::kChoice: return "Abortire la stampa dello scontrino";
-    default: return dialog.buttons.front();
+    case DialogKind::kChoice: return Choose(dialog);
+    default:
+      if (dialog.text.find(own_text::kForeignReceipt) != std::string::npos)
+        Violate("a receipt of its own is foreign to it");
+      return dialog.buttons.front();
   }
+}
+
+/// An operator who looks at the paper before answering. A ticket with an invalid line is given up.
+std::string AttackedShop::Choose(const ShownDialog& dialog) {
+  if (dialog.text.find(own_text::kInterrupted) == std::string::npos)
+    return LoadMessage(MessageId::kAbortReceipt);
+  ++questions_;
+  return LoadMessage(IsOnPaper(dialog.heading) ? MessageId::kReceiptPrinted : MessageId::kReprintReceipt);
+}
+
+/// Whether what a question is about has been printed: the closure, or the receipt with the total that it
+/// names.
+bool AttackedShop::IsOnPaper(const std::string& heading) const {
+  if (heading.find(kClosureTicket) != std::string::npos) return device_.FiscalClosures() > 0;
+  return std::any_of(expected_.begin(), expected_.end(), [&](const Slip& slip) {
+    const std::string cents = std::to_string(slip.total);
+    const std::string total = std::string(cents.size() < 3 ? "0," : cents.substr(0, cents.size() - 2) + ",") +
+                              cents.substr(cents.size() - 2);
+    return heading.find(std::string(own_text::kTotal) + " " + total + " ") != std::string::npos &&
+           Printed(slip) > 0;
+  });
 }
 
 }  // namespace orvenza::test

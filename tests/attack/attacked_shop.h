@@ -28,6 +28,13 @@ enum class ShopKind {
   kPlain,
   kArchiveElsewhere,  ///< The historic folder is on another volume, so tickets are copied there.
   kTicketHeld,        ///< Another program reads a ticket of the second day until the day ends.
+  kNotSplit,          ///< A file of several receipts is printed as a whole.
+};
+
+/// A shop, and who decides there when a receipt is in doubt.
+struct AttackedKind {
+  ShopKind shop = ShopKind::kPlain;
+  bool asksInDoubt = false;  ///< The operator, who answers truthfully; the shop has been set up already.
 };
 
 /// One receipt of a ticket.
@@ -43,7 +50,7 @@ struct Slip {
 /// register.
 class AttackedShop {
  public:
-  AttackedShop(ShopKind kind, const Attack& attack);
+  AttackedShop(AttackedKind kind, const Attack& attack);
 
   void LiveThreeDays();
 
@@ -52,8 +59,12 @@ class AttackedShop {
 
   const FileCalls& Calls() const { return calls_; }
 
-  /// Whether the kill came between printing a ticket and archiving it, so that it may be printed again.
+  /// Whether the kill came between printing a ticket and archiving it, so that it may be printed again unless
+  /// somebody is asked.
   bool StruckAfterPrinting() const { return !printedAtKill_.empty() || closedAtKill_; }
+
+  /// How often the operator was asked about an interrupted ticket.
+  int Questions() const { return questions_; }
 
  private:
   class NoIcon : public NotificationIcon {
@@ -61,6 +72,7 @@ class AttackedShop {
     void DeleteIcon() override {}
   };
 
+  void SetUpSettings();
   void FirstDay();
   void Technician();
   void SecondDay();
@@ -73,6 +85,8 @@ class AttackedShop {
   int Starts() const;
   void NoteKill();
   std::string Answer(const ShownDialog& dialog);
+  std::string Choose(const ShownDialog& dialog);
+  bool IsOnPaper(const std::string& heading) const;
 
   void Judge();
   void JudgeSlip(const Slip& slip);
@@ -81,7 +95,7 @@ class AttackedShop {
   std::size_t Printed(const Slip& slip) const;
   std::vector<std::string> FilesWith(const std::string& item, const std::string& folder) const;
 
-  ShopKind kind_;
+  AttackedKind kind_;
   Attack attack_;
   FileCalls calls_;
   VirtualClock clock_;
@@ -104,6 +118,7 @@ class AttackedShop {
   bool settingsOfTheShop_ = false;  ///< The settings were changed by hand.
   std::set<std::string> printedAtKill_;
   bool closedAtKill_ = false;
+  int questions_ = 0;
   std::vector<std::string> violations_;
 };
 
