@@ -58,6 +58,23 @@ std::size_t LinesThroughDocument(std::string_view text, std::size_t number, char
   return last;
 }
 
+std::size_t LinesThroughCommand(std::string_view text, std::size_t number, char separator) {
+  RecordReader record(text, number - 1, separator);
+  const bool completes =
+      record.Next() && (record.Has(&RecordRoles::completes) || record.Has(&RecordRoles::reports));
+  return completes ? LinesThroughDocument(text, number, separator) : number - 1;
+}
+
+std::optional<std::size_t> LinesBeforeDocument(std::string_view text, std::size_t count, char separator) {
+  RecordReader record(text, count, separator);
+  while (record.Next()) {
+    const bool paperless = record.Has(&RecordRoles::standsAlone) && !record.Has(&RecordRoles::completes) &&
+                           !record.Has(&RecordRoles::reports);
+    if (!paperless) return record.Number() - 1;
+  }
+  return std::nullopt;
+}
+
 std::size_t CompleteLines(std::string_view text, const DocumentProgress& progress, char separator) {
   RecordReader record(text, progress.Paid(), separator);
   return progress.Paid() == 0 || !record.Next() ? std::max(progress.Complete(), progress.Paid())

@@ -78,6 +78,7 @@ TicketFacts TicketProcessor::FactsOf(const std::string& entry, const std::string
 Next TicketProcessor::Print(const TicketFacts& ticket, std::string& text) {
   witness_.Taken(ticket);
   DocumentProgress progress;
+  sender_.Begin(progress);
   if (const auto end = Resume(ticket, text, progress)) return *end;
   for (bool again = false;; again = true) {
     sender_.Begin(progress);
@@ -111,28 +112,48 @@ std::optional<Next> TicketProcessor::Resume(const TicketFacts& ticket, const std
       logs_.WrLog(std::string(own_text::kArchivedLate) + " " + ticket.name);
       return Next::kFinish;
     case Standing::State::kGivenUp: return Next::kAbort;
-    case Standing::State::kUnderWay:
+    case Standing::State::kUnderWay: return AskAboutInterrupted(ticket, text, standing, progress);
     case Standing::State::kUnknown: break;
   }
-  return AskAboutInterrupted(ticket, text, standing, progress);
+  return AskAboutUnknown(ticket, text, progress);
 }
 
+/// The command under way is the only one in doubt.
 std::optional<Next> TicketProcessor::AskAboutInterrupted(const TicketFacts& ticket, const std::string& text,
                                                          const Standing& standing,
                                                          DocumentProgress& progress) {
-  const bool known = standing.state == Standing::State::kUnderWay;
-  const std::string heading =
-      DescribeTicket(ticket.stamp, text, standing.progress.Complete(), settings_.SeparatorChar) + " : " +
-      ticket.name;
-  const Decision decision =
-      recovery_.AskInDoubt(heading, std::string(own_text::kInterrupted) + " " + own_text::kCheckPaper);
+  progress = {CompleteLines(text, standing.progress, settings_.SeparatorChar), 0};
+  const std::size_t through = LinesThroughCommand(text, standing.line, settings_.SeparatorChar);
+  const Decision decision = AskAbout(ticket, text, progress.Complete(), through);
   if (decision == Decision::kAbort) return Next::kAbort;
-  if (known) progress = {CompleteLines(text, standing.progress, settings_.SeparatorChar), 0};
   if (decision == Decision::kReprint) return std::nullopt;
-  if (!known) return Next::kFinish;
-  progress = {LinesThroughDocument(text, standing.line, settings_.SeparatorChar), 0};
+  progress = {through, 0};
   if (AnythingBehind(text, progress.Complete(), settings_.SeparatorChar)) return std::nullopt;
   return Next::kFinish;
+}
+
+/// Each document may be printed or not, so the operator is asked about one after the other.
+std::optional<Next> TicketProcessor::AskAboutUnknown(const TicketFacts& ticket, const std::string& text,
+                                                     DocumentProgress& progress) {
+  const auto before = [&] { return LinesBeforeDocument(text, progress.Complete(), settings_.SeparatorChar); };
+  for (auto skipped = before(); skipped; skipped = before()) {
+    const std::size_t through = LinesThroughDocument(text, *skipped + 1, settings_.SeparatorChar);
+    const Decision decision = AskAbout(ticket, text, *skipped, through);
+    if (decision == Decision::kAbort) return Next::kAbort;
+    if (decision == Decision::kReprint) return std::nullopt;
+    progress = {through, 0};
+  }
+  // Without a document nothing was asked, and nothing can be printed twice.
+  if (progress.Complete() == 0) return std::nullopt;
+  return Next::kFinish;
+}
+
+/// Asks about what comes behind `skipped` lines and ends with line `last`.
+Decision TicketProcessor::AskAbout(const TicketFacts& ticket, const std::string& text, std::size_t skipped,
+                                   std::size_t last) {
+  const std::string heading =
+      DescribeTicket(ticket.stamp, text, skipped, last, settings_.SeparatorChar) + " : " + ticket.name;
+  return recovery_.AskInDoubt(heading, std::string(own_text::kInterrupted) + " " + own_text::kCheckPaper);
 }
 
 /// The file may have been corrected while the operator was asked. What is printed stays as it is.

@@ -41,6 +41,10 @@ class TicketProcessor {
   std::optional<Next> Resume(const TicketFacts& ticket, const std::string& text, DocumentProgress& progress);
   std::optional<Next> AskAboutInterrupted(const TicketFacts& ticket, const std::string& text,
                                           const Standing& standing, DocumentProgress& progress);
+  std::optional<Next> AskAboutUnknown(const TicketFacts& ticket, const std::string& text,
+                                      DocumentProgress& progress);
+  Decision AskAbout(const TicketFacts& ticket, const std::string& text, std::size_t skipped,
+                    std::size_t last);
   [[nodiscard]] bool ReadAgain(const std::string& workFile, std::string& text, std::size_t printed);
   [[nodiscard]] DocumentProgress Continuing(Next end, std::string_view text) const;
 

@@ -38,15 +38,18 @@ std::optional<std::int64_t> AmountOf(const RecordFields& item) {
 /// Whether a line of this type leaves the total as it is.
 bool IsNeutral(std::string_view type) { return type == "0" || type == "20" || type == "26" || type == "28"; }
 
-/// The total of the first receipt behind `skipped` lines, in cents; empty if the items alone do not say it.
-std::optional<std::int64_t> TotalOf(std::string_view text, std::size_t skipped, char separator) {
+/// The total of the first receipt behind `skipped` lines, up to line `last`, in cents; empty if the items
+/// alone do not say it.
+std::optional<std::int64_t> TotalOf(std::string_view text, std::size_t skipped, std::size_t last,
+                                    char separator) {
   LineReader reader(std::make_unique<ViewBytes>(text));
   RecordFields fields;
   std::int64_t total = 0;
   std::size_t number = 0;
   for (std::string line; reader.ReadLine(line);) {
     SplitRecord(line, separator, fields);
-    if (++number <= skipped || fields.IsEmpty() || IsNeutral(fields[0])) continue;
+    if (++number > last) return total;
+    if (number <= skipped || fields.IsEmpty() || IsNeutral(fields[0])) continue;
     if (HasRole(fields[0], &RecordRoles::closesTicket)) return total;
     const auto amount = fields[0] == "1" ? AmountOf(fields) : std::nullopt;
     if (!amount) return std::nullopt;
@@ -58,10 +61,10 @@ std::optional<std::int64_t> TotalOf(std::string_view text, std::size_t skipped, 
 }  // namespace
 
 std::string DescribeTicket(std::string_view stamp, std::string_view text, std::size_t skipped,
-                           char separator) {
+                           std::size_t last, char separator) {
   std::string description(own_text::kReceiptOf);
   description.append(" ").append(stamp.substr(kHour, 2)).append(":").append(stamp.substr(kMinute, 2));
-  const auto total = TotalOf(text, skipped, separator);
+  const auto total = TotalOf(text, skipped, last, separator);
   if (!total) return description;
   char amount[32];
   std::snprintf(amount, sizeof amount, "%lld,%02d", static_cast<long long>(*total / 100),

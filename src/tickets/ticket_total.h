@@ -7,8 +7,9 @@
 namespace orvenza {
 
 /// A ticket as the operator recognises it: the time of day of its `stamp` ("yyyymmddhhmmss") and, if the
-/// items alone say it, the total of the first receipt behind `skipped` lines. `separator` divides the fields.
+/// items alone say it, the total of the first receipt behind `skipped` lines. It ends with line `last` at the
+/// latest, where a receipt that is too long was divided. `separator` divides the fields.
 [[nodiscard]] std::string DescribeTicket(std::string_view stamp, std::string_view text, std::size_t skipped,
-                                         char separator);
+                                         std::size_t last, char separator);
 
 }  // namespace orvenza
