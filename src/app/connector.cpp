@@ -165,18 +165,19 @@ void Connector::RemoveUnfinished() {
 /// Nobody keeps the evidence up to date unless the settings ask for it; an old one would be wrong one day.
 void Connector::RecallEvidence() {
   if (!settings_.AskInDoubt && settings_.OutcomesFolder.empty()) return evidence_.Discard();
-  std::set<std::string> leftovers;
-  logs_.Attempt(kMainLabel, [&] {
-    if (!folders_.Exists(settings_.InProcessFolder)) return;
+  const auto leftovers = logs_.Attempt(kMainLabel, [&] {
+    std::set<std::string> names;
+    if (!folders_.Exists(settings_.InProcessFolder)) return names;
     for (const FolderEntry& entry : folders_.ListFolder(settings_.InProcessFolder + "*"))
-      leftovers.insert(entry.name);
+      names.insert(entry.name);
+    return names;
   });
   if (!settings_.OutcomesFolder.empty()) {
-    outcomes_.Open(settings_.OutcomesFolder, leftovers);
+    outcomes_.Open(settings_.OutcomesFolder, leftovers.value_or(std::set<std::string>{}));
     witnesses_.Add(outcomes_);
   }
   witnesses_.Add(evidence_);
-  evidence_.Recall(std::move(leftovers));
+  evidence_.Recall(leftovers);
   cash_.ReceiptIsOurs = evidence_.ReceiptMayBeOurs();
 }
 

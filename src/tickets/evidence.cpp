@@ -16,6 +16,8 @@ namespace {
 constexpr const char* kLabel = "Evidence.ini - ";
 constexpr const char* kSection = "Evidence";
 constexpr const char* kSchema = "1";
+/// The number of unknown files; followed by a number from 1, the name of one.
+const std::string kUnknown = "Unknown";
 constexpr std::string_view kNote =
     "; How far the ticket that was printed last had come. Written by Orvenza.\r\n";
 /// Begins the last line, which holds the digest of everything before it.
@@ -106,6 +108,9 @@ std::string EvidenceText(const EvidenceRecord& record) {
   add("Line", std::to_string(standing.line));
   add("Command", record.command);
   add("ReceiptOpen", record.receiptOpen ? "1" : "0");
+  add(kUnknown.c_str(), std::to_string(record.unknown.size()));
+  std::size_t number = 0;
+  for (const std::string& name : record.unknown) add((kUnknown + std::to_string(++number)).c_str(), name);
   return text + CheckLine(text);
 }
 
@@ -118,6 +123,8 @@ std::optional<EvidenceRecord> ParseEvidence(std::string_view text) {
       fields.Text("Ticket"), fields.Text("Stamp"), {}, {fields.Number("Size"), fields.Number("Digest")}};
   record.command = fields.Text("Command");
   record.receiptOpen = fields.Number("ReceiptOpen") != 0;
+  for (std::size_t number = fields.Count(kUnknown.c_str()); number > 0; --number)
+    record.unknown.insert(fields.Text((kUnknown + std::to_string(number)).c_str()));
   const bool named = record.standing.has_value() || fields.Text("State") == kFiled;
   return named && fields.Complete() ? std::optional(record) : std::nullopt;
 }
@@ -125,17 +132,20 @@ std::optional<EvidenceRecord> ParseEvidence(std::string_view text) {
 Evidence::Evidence(Files& files, Logs& logs, const std::string& programFolder)
     : files_(files), logs_(logs), path_(EvidencePath(programFolder)) {}
 
-void Evidence::Recall(std::set<std::string> leftovers) {
+void Evidence::Recall(std::optional<std::set<std::string>> leftovers) {
   std::optional<EvidenceRecord> found;
   logs_.Attempt(kLabel, [&] {
     if (files_.Exists(path_)) found = ParseEvidence(ReadWhole(files_, path_));
   });
   if (found) {
     record_ = *found;
+    if (!leftovers) return;
+    if (!leftovers->contains(record_.ticket.name)) record_.standing.reset();
+    std::erase_if(record_.unknown, [&](const std::string& name) { return !leftovers->contains(name); });
     return;
   }
-  if (!leftovers.empty()) logs_.WrErr(own_text::kNoEvidence);
-  leftovers_ = std::move(leftovers);
+  record_.unknown = std::move(leftovers).value_or(std::set<std::string>());
+  if (!record_.unknown.empty()) logs_.WrErr(own_text::kNoEvidence);
 }
 
 void Evidence::Discard() {
@@ -149,7 +159,7 @@ Standing Evidence::Of(const TicketFacts& ticket) const {
   const bool sameName = known.name == ticket.name;
   if (record_.standing && sameName && known.stamp == ticket.stamp && known.text == ticket.text)
     return *record_.standing;
-  const bool unknown = leftovers_.contains(ticket.name) || (record_.standing && sameName);
+  const bool unknown = record_.unknown.contains(ticket.name) || (record_.standing && sameName);
   return {unknown ? Standing::State::kUnknown : Standing::State::kNew, {}, 0};
 }
 
@@ -162,7 +172,7 @@ void Evidence::Begun(const DocumentProgress& progress, bool) {
   record_.standing = Standing{Standing::State::kBegun, progress, 0};
   record_.command.clear();
   record_.receiptOpen = false;
-  leftovers_.erase(taken_.name);
+  record_.unknown.erase(taken_.name);
   Save();
 }
 
@@ -196,7 +206,7 @@ void Evidence::Ended(PrintEnd end) {
 }
 
 void Evidence::Filed(const std::string&) {
-  leftovers_.erase(taken_.name);
+  record_.unknown.erase(taken_.name);
   record_.standing.reset();
   record_.ticket = taken_;
   Save();

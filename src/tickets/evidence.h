@@ -36,6 +36,7 @@ struct EvidenceRecord {
   TicketFacts ticket;                ///< Without its path.
   std::string command;               ///< The command under way.
   bool receiptOpen = false;          ///< The ticket may have left its receipt open.
+  std::set<std::string> unknown;     ///< Names of files in the in-process folder of which nothing is known.
 };
 
 /// The record as the text of a file, and back. A text that was cut or changed anywhere gives nothing.
@@ -52,8 +53,9 @@ class Evidence : public TicketWitness {
   Evidence(Files& files, Logs& logs, const std::string& programFolder);
 
   /// Reads what the last run left behind. `leftovers` are the names of the files that were found in the
-  /// in-process folder; without evidence their state is unknown.
-  void Recall(std::set<std::string> leftovers);
+  /// in-process folder; without evidence their state is unknown. A ticket that is not among them has been
+  /// moved; if they could not be listed, that is unknown, too.
+  void Recall(std::optional<std::set<std::string>> leftovers);
 
   /// Removes the file, because from now on nobody keeps it up to date.
   void Discard();
@@ -80,9 +82,8 @@ class Evidence : public TicketWitness {
   Logs& logs_;
   std::string path_;
   EvidenceRecord record_;
-  TicketFacts taken_;                // the ticket being printed
-  std::set<std::string> leftovers_;  // files of which nothing is known
-  bool failing_ = false;             // the current failure is in the error log
+  TicketFacts taken_;     // the ticket being printed
+  bool failing_ = false;  // the current failure is in the error log
 };
 
 /// Path of that file. `programFolder` is given without a trailing "\".
