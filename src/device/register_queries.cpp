@@ -68,7 +68,10 @@ std::optional<std::string> RegisterQueries::AttendedQuery(const std::string& cod
       continue;
     }
     const Reply reply = link_.Transmit(code + data);
-    if (reply.Is(Reply::Kind::kDone)) return reply.Text();
+    if (reply.Is(Reply::Kind::kDone)) {
+      if (code == kStatus) cash_.ReceiptIsOurs = false;  // none is open
+      return reply.Text();
+    }
     if (data == kFirstData && WantsOtherForm(code, reply)) {
       data = kSecondData;
     } else if (!SettleFailure(reply)) {
