@@ -262,6 +262,22 @@ TEST_F(SettingsTest, AFlagIsOnForThe1Alone) {
   }
 }
 
+TEST_F(SettingsTest, AskInDoubtIsOnForThe1AloneAndOtherValuesAreReported) {
+  const std::string section =
+      "[Com Settings]\r\nComPort=1\r\n[General]\r\nSeparator (ascii,max 127)=59\r\n[Safety]\r\n";
+  for (const char* text : {"AskInDoubt=1", "askindoubt= 1 ", "AskInDoubt=\" 1 \""})
+    EXPECT_TRUE(Read(section + text + "\r\n").AskInDoubt) << text;
+  for (const char* text : {"", "AskInDoubt=", "AskInDoubt=0", "AskInDoubt= 0 "})
+    EXPECT_FALSE(Read(section + text + "\r\n").AskInDoubt) << text;
+  EXPECT_EQ(Errors(), "");
+  for (const char* text : {"01", "yes", "11", "-1", "1.0"}) {
+    memory.content.erase("C:\\shop\\Err.txt");
+    EXPECT_FALSE(Read(section + "AskInDoubt=" + text + "\r\n").AskInDoubt) << text;
+    EXPECT_EQ(Errors(),
+              "Valore non valido nel file INI, ignorato : [Safety] AskInDoubt=" + std::string(text) + "\r\n");
+  }
+}
+
 TEST_F(SettingsTest, TheTicketFilesAreSplitAtTheirLastBackslash) {
   struct {
     const char* text;
