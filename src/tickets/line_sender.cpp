@@ -10,8 +10,6 @@ namespace orvenza {
 namespace {
 
 constexpr const char* kLabel = "Trasmissione ";
-/// Longest part of a ticket line shown in a dialog.
-constexpr std::size_t kShownLine = 60;
 
 std::optional<Next> FromDecision(Decision decision) {
   switch (decision) {
@@ -172,15 +170,15 @@ Next LineSender::SettleDeviceError(const TicketLine& line, const RecordFields& f
   if (decision == Decision::kGoOn && cash_.VoidInterruptedReceipt()) return Next::kRestart;
   const auto next = FromDecision(decision);
   if (next) return *next;
-  return Policy().nextLineAfterPaperOut ? Next::kNextLine : AfterPaperOut(line, fields);
+  return Policy().nextLineAfterPaperOut ? Next::kNextLine : AfterPaperOut(fields);
 }
 
 /// No receipt is open: the line may have been carried out, or not.
-Next LineSender::AfterPaperOut(const TicketLine& line, const RecordFields& fields) {
+Next LineSender::AfterPaperOut(const RecordFields& fields) {
   if (OnlyVoids(fields)) return Next::kNextLine;
   if (!MayHaveCompleted(fields)) return Next::kSameLine;
-  const std::string heading = LoadMessage(MessageId::kPaperOut) + " " + ShownLine(line.text, kShownLine);
-  return FromDecision(recovery_.AskInDoubt(heading, own_text::kCheckPaper)).value_or(Next::kGiveUp);
+  return FromDecision(recovery_.AskInDoubt(LoadMessage(MessageId::kPaperOut), own_text::kCheckPaper))
+      .value_or(Next::kGiveUp);
 }
 
 }  // namespace orvenza

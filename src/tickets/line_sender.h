@@ -76,7 +76,7 @@ class LineSender {
   Next HandleReply(CommandUse use, const TicketLine& line, const RecordFields& fields, Reply reply);
   std::optional<Next> SettleSilence(const std::string& line, const Reply& reply);
   Next SettleDeviceError(const TicketLine& line, const RecordFields& fields, const Reply& reply);
-  Next AfterPaperOut(const TicketLine& line, const RecordFields& fields);
+  Next AfterPaperOut(const RecordFields& fields);
 
   DeviceLink& link_;
   const AppSettings& settings_;

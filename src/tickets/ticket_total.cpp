@@ -58,11 +58,24 @@ std::optional<std::int64_t> TotalOf(std::string_view text, std::size_t skipped, 
   return std::nullopt;
 }
 
+/// Whether the first line behind `skipped` lines is a closure or a report.
+bool BeginsWithReport(std::string_view text, std::size_t skipped, char separator) {
+  LineReader reader(std::make_unique<ViewBytes>(text));
+  RecordFields fields;
+  std::size_t number = 0;
+  for (std::string line; reader.ReadLine(line);) {
+    SplitRecord(line, separator, fields);
+    if (++number > skipped && !fields.IsEmpty()) return HasRole(fields[0], &RecordRoles::reports);
+  }
+  return false;
+}
+
 }  // namespace
 
 std::string DescribeTicket(std::string_view stamp, std::string_view text, std::size_t skipped,
                            std::size_t last, char separator) {
-  std::string description(own_text::kReceiptOf);
+  const bool report = BeginsWithReport(text, skipped, separator);
+  std::string description(report ? own_text::kReportOf : own_text::kReceiptOf);
   description.append(" ").append(stamp.substr(kHour, 2)).append(":").append(stamp.substr(kMinute, 2));
   const auto total = TotalOf(text, skipped, last, separator);
   if (!total) return description;
