@@ -129,6 +129,15 @@ std::optional<EvidenceRecord> ParseEvidence(std::string_view text) {
   return named && fields.Complete() ? std::optional(record) : std::nullopt;
 }
 
+Standing StandingOf(const EvidenceRecord& record, const TicketFacts& ticket) {
+  const TicketFacts& known = record.ticket;
+  const bool sameName = known.name == ticket.name;
+  if (record.standing && sameName && known.stamp == ticket.stamp && known.text == ticket.text)
+    return *record.standing;
+  const bool unknown = record.unknown.contains(ticket.name) || (record.standing && sameName);
+  return {unknown ? Standing::State::kUnknown : Standing::State::kNew, {}, 0};
+}
+
 Evidence::Evidence(Files& files, Logs& logs, const std::string& programFolder)
     : files_(files), logs_(logs), path_(EvidencePath(programFolder)) {}
 
@@ -155,12 +164,7 @@ void Evidence::Discard() {
 }
 
 Standing Evidence::Of(const TicketFacts& ticket) const {
-  const TicketFacts& known = record_.ticket;
-  const bool sameName = known.name == ticket.name;
-  if (record_.standing && sameName && known.stamp == ticket.stamp && known.text == ticket.text)
-    return *record_.standing;
-  const bool unknown = record_.unknown.contains(ticket.name) || (record_.standing && sameName);
-  return {unknown ? Standing::State::kUnknown : Standing::State::kNew, {}, 0};
+  return StandingOf(record_, ticket);
 }
 
 bool Evidence::ReceiptMayBeOurs() const { return record_.standing.has_value() || record_.receiptOpen; }

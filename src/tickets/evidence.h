@@ -43,6 +43,10 @@ struct EvidenceRecord {
 [[nodiscard]] std::string EvidenceText(const EvidenceRecord& record);
 [[nodiscard]] std::optional<EvidenceRecord> ParseEvidence(std::string_view text);
 
+/// What the record says about a ticket. Of another text under the same name nothing is known; a ticket that
+/// it does not name is new.
+[[nodiscard]] Standing StandingOf(const EvidenceRecord& record, const TicketFacts& ticket);
+
 /// Keeps on the disk how far the ticket being printed has come, so that the next start knows it after a power
 /// cut. Written before and after each command that may complete something; on return it is on the disk. If it
 /// cannot be written, the first of consecutive failures goes to the error log, and an outdated file is

@@ -63,6 +63,7 @@ Finding OfMissingKey(const ReviewedKey& key, bool repaired) {
 }
 
 std::optional<Finding> OfKey(const SettingsReview& review, const ReviewedKey& key) {
+  if (key.missing && key.optional) return std::nullopt;
   const bool repaired = IsRepaired(review, key);
   if (key.missing) return OfMissingKey(key, repaired);
   const std::string is = NameOf(key.section, key.key) + " is " + Quoted(key.found);
@@ -181,6 +182,18 @@ void AddTrace(Findings& findings, const SettingsReview& review, const std::strin
   }
 }
 
+/// The mode is recommended, but a shop that works the other way has nothing to repair.
+void AddSafety(Findings& findings, const SettingsReview& review) {
+  if (review.settings.AskInDoubt || review.state == State::kNew) return;
+  findings.push_back({Severity::kNote, "settings.safety",
+                      NameOf(setting::kSafety, setting::kAskInDoubt) +
+                          " is off: after a garbled reply, a lost status, paper-out or a power cut the "
+                          "connector decides by itself, and a receipt may be lost or printed twice. On, it "
+                          "asks the operator.",
+                      "Write the line AskInDoubt=1 below [Safety], and show the operators what is asked "
+                      "(docs/manuale-operatore.md)."});
+}
+
 }  // namespace
 
 Findings FindInSettings(const SettingsReview& review, const std::string& name) {
@@ -208,6 +221,7 @@ Findings FindInSettings(const SettingsReview& review, const std::string& name) {
     findings.push_back({Severity::kOk, "settings.ok",
                         name + " is of version " + review.version + " and used as it stands."});
   }
+  AddSafety(findings, review);
   return findings;
 }
 

@@ -105,7 +105,7 @@ Findings FindInLines(const SettingsReview& review) {
                         "The settings hold characters with the code 0, as a damaged file does.",
                         "Restore the file from a copy."});
   }
-  const KnownSettings known(review.defaults);
+  const KnownSettings known;
   LineWalk walk(known, findings);
   for (const IniLine& line : review.lines) walk.Take(line);
   walk.End();

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <functional>
 #include <optional>
+#include <utility>
 
+#include "lab/doctor/evidence_findings.h"
 #include "lab/shell/wording.h"
 #include "platform/system_error.h"
 #include "tickets/historic_rotation.h"
@@ -75,6 +77,11 @@ void AddInProcess(Findings& findings, const Installation& shop, const Remembered
                            ", the oldest " + Age(shop, left->oldest) + " old";
   if (shop.isServed && left->count == 1) {
     findings.push_back({Severity::kNote, "inprocess.busy", fact + ": it is being printed."});
+  } else if (shop.Settings().AskInDoubt) {
+    findings.push_back({Severity::kWarning, "inprocess.leftover",
+                        fact + ": left over from an interrupted run; the next start goes on behind what is "
+                               "complete on paper.",
+                        "Start the connector, and answer what it asks."});
   } else {
     findings.push_back({Severity::kWarning, "inprocess.leftover",
                         fact + ": left over from an interrupted run, and printed first by the next start.",
@@ -166,6 +173,7 @@ Findings FindInTickets(const Installation& shop) {
   const RememberedFiles remembered = ReadRemembered(findings, shop);
   AddWaiting(findings, shop, remembered);
   AddInProcess(findings, shop, remembered);
+  for (Finding& finding : FindInEvidence(shop, remembered)) findings.push_back(std::move(finding));
   AddRemembered(findings, shop, remembered);
   AddAborted(findings, shop);
   AddHistoric(findings, shop);

@@ -62,6 +62,7 @@ constexpr UsedValue kUsedValues[] = {
     {setting::kSeparator, [](const AppSettings& s) { return std::to_string(s.SeparatorChar); }},
     {"Single Quantity", [](const AppSettings& s) { return FlagText(s.SingleQuantity); }},
     {"File Parser", [](const AppSettings& s) { return FlagText(s.FileParser); }},
+    {setting::kAskInDoubt, [](const AppSettings& s) { return FlagText(s.AskInDoubt); }},
 };
 
 /// Entries of `after` that are new or changed.
@@ -77,10 +78,18 @@ std::vector<ProfileValue> Added(const std::vector<ProfileValue>& before,
   return added;
 }
 
+std::vector<ProfileValue> AllKeys(const std::vector<ProfileValue>& defaults) {
+  std::vector<ProfileValue> keys = defaults;
+  for (const auto& optional : OptionalSettings()) keys.push_back({optional.section, optional.key, {}});
+  return keys;
+}
+
 std::vector<ReviewedKey> ReviewKeys(const RecordingProfile& profile, const SettingsReview& review,
                                     const AppSettings& usual) {
   std::vector<ReviewedKey> keys;
-  for (const auto& standard : review.defaults) {
+  std::size_t number = 0;
+  for (const auto& standard : AllKeys(review.defaults)) {
+    const bool optional = ++number > review.defaults.size();
     const auto used = std::find_if(std::begin(kUsedValues), std::end(kUsedValues),
                                    [&](const UsedValue& value) { return value.key == standard.key; });
     const auto asked = std::find_if(profile.AllAsked().begin(), profile.AllAsked().end(), [&](const auto& a) {
@@ -88,7 +97,7 @@ std::vector<ReviewedKey> ReviewKeys(const RecordingProfile& profile, const Setti
     });
     if (used == std::end(kUsedValues) || asked == profile.AllAsked().end()) continue;
     keys.push_back({standard.section, standard.key, ToUtf8(asked->value.text), asked->missing,
-                    used->text(review.settings), used->text(usual), standard.text});
+                    used->text(review.settings), used->text(usual), standard.text, optional});
   }
   return keys;
 }

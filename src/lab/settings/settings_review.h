@@ -15,11 +15,12 @@ namespace orvenza {
 struct ReviewedKey {
   std::string section;
   std::string key;
-  std::string found;     ///< The text in the file, in UTF-8; empty if missing.
-  bool missing = false;  ///< The default was used.
-  std::string used;      ///< The value that the connector uses, in the form of the file.
-  std::string usual;     ///< The same for the default of a new file.
-  std::string written;   ///< That default as a new file contains it.
+  std::string found;      ///< The text in the file, in UTF-8; empty if missing.
+  bool missing = false;   ///< The default was used.
+  std::string used;       ///< The value that the connector uses, in the form of the file.
+  std::string usual;      ///< The same for the default of a new file.
+  std::string written;    ///< That default as a new file contains it.
+  bool optional = false;  ///< A new file lacks it.
 };
 
 /// The effect of a settings file at the next start.
@@ -38,8 +39,8 @@ struct SettingsReview {
   std::vector<ProfileValue> upgraded;  ///< What the upgrade would write.
   std::vector<ProfileValue> repaired;  ///< What reading would write back.
   std::vector<ProfileValue> defaults;  ///< Every key with its value in a new file.
-  std::vector<ReviewedKey> keys;       ///< In the order of `defaults`, without the version.
-  AppSettings settings;                ///< As the connector would use them.
+  std::vector<ReviewedKey> keys;  ///< In the order of `defaults`, without the version; then the optional.
+  AppSettings settings;           ///< As the connector would use them.
 };
 
 /// Runs the connector's own code for reading the settings; whatever it would write is kept in memory.

@@ -122,6 +122,37 @@ TEST_F(SettingsFindings, ReportValuesThatCannotWork) {
   }
 }
 
+TEST_F(SettingsFindings, NoteThatTheOperatorIsNotAskedInDoubt) {
+  const std::string note =
+      "note settings.safety: [Safety] AskInDoubt is off: after a garbled reply, a lost status, paper-out or "
+      "a "
+      "power cut the connector decides by itself, and a receipt may be lost or printed twice. On, it asks "
+      "the "
+      "operator.\n";
+  Edit("AskInDoubt=1", "AskInDoubt=0");
+  EXPECT_EQ(Said(), note);
+  EXPECT_EQ(Remedy("settings.safety"),
+            "Write the line AskInDoubt=1 below [Safety], and show the operators what is asked "
+            "(docs/manuale-operatore.md).");
+  Edit("AskInDoubt=0", "");
+  EXPECT_EQ(Said(), note);
+  Edit("[Safety]", "");
+  EXPECT_EQ(Said(), note);
+  EXPECT_EQ(InOrder().substr(0, InOrder().find('\n')),
+            "ok settings.ok: Orvenza.ini is of version 1.06 and used as it stands.");
+}
+
+TEST_F(SettingsFindings, ReportAnAskInDoubtThatIsNoFlag) {
+  Edit("AskInDoubt=1", "AskInDoubt=yes");
+  EXPECT_EQ(Said().substr(0, Said().find('\n')),
+            "warning settings.reads-as: [Safety] AskInDoubt is \"yes\", which is read as \"0\".");
+  Edit("AskInDoubt=yes", "AskInDoubt=01");
+  EXPECT_EQ(Said().substr(0, Said().find('\n')),
+            "warning settings.reads-as: [Safety] AskInDoubt is \"01\", which is read as \"0\".");
+  Edit("AskInDoubt=01", "AskInDoubt= 1 ");
+  EXPECT_EQ(Said(), "");
+}
+
 TEST_F(SettingsFindings, ReportTicketFilesWithoutFolderOrMask) {
   Edit("data\\*.txt", "data\\");
   EXPECT_EQ(Said(),
@@ -194,7 +225,7 @@ TEST_F(SettingsFindings, ReportLinesThatAreNeverRead) {
   EXPECT_EQ(
       Said(),
       "warning settings.duplicate: Line 10: \"COMPORT\" is there already; this one is never read.\n"
-      "warning settings.duplicate: Line 25: section \"general\" is there already; what follows is never "
+      "warning settings.duplicate: Line 27: section \"general\" is there already; what follows is never "
       "read.\n"
       "warning settings.line: No section, and no key of one, stands in lines 1, 11.\n");
 }

@@ -28,6 +28,7 @@ class ShopBench : public ::testing::Test {
     SettingsFile file(profile, disk.FileSeam(), logs, {kApp, "Orvenza"});
     disk.MakeFolder("C:\\Orvenza");
     file.WriteDefaultIni();
+    disk.Put(At("Orvenza.ini"), *disk.Content(At("Orvenza.ini")) + "[Safety]\r\nAskInDoubt=1\r\n");
     file.WriteDefaultErrDesc();
     for (const char* folder : {"data", "data\\inproces", "data\\abort", "storico"})
       disk.MakeFolder(At(folder));
