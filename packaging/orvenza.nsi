@@ -436,6 +436,7 @@ Section /o "un.$(TEXT_DATA)" SectionRemoveData
   Delete "$INSTDIR\Orvenza.ini"
   Delete "$INSTDIR\ErrDesc.ini"
   Delete "$INSTDIR\Remembered.ini"
+  Delete "$INSTDIR\Evidence.ini"
   Delete "$INSTDIR\*.orv~"  ; left by a power cut
   Delete "$INSTDIR\ding.wav"
   Delete "$INSTDIR\Log.txt"

@@ -230,7 +230,7 @@ check "takes that bell away" gone "$shop/ding.wav"
 title "removing with everything"
 rm "$shop/docs/x.txt"
 echo un altro suono >"$shop/ding.wav"
-touch "$shop/Remembered.ini" "$shop/Orvenza.ini.orv~"
+touch "$shop/Remembered.ini" "$shop/Evidence.ini" "$shop/Orvenza.ini.orv~"
 run_setup /STARTMENU=0 /D=$target
 same "installs over what was left" $code 0
 check "makes no entry in the Start menu, as asked" gone "$menu_entry"
