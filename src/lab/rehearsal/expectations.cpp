@@ -27,7 +27,7 @@ bool Found(const Expectation& expected, const RehearsalOutcome& outcome) {
     return Contains(FromWindows1252(line), expected.text);
   };
   const auto isFile = [&](const auto& file) {
-    return ToUpperAscii(file.first) == ToUpperAscii(expected.text);
+    return ToUpperAscii(file.first) == ToUpperAscii(expected.text) && Contains(file.second, expected.content);
   };
   switch (expected.kind) {
     case Expectation::Kind::kEvent:
@@ -45,6 +45,7 @@ std::string Check(const Expectation& expected, const RehearsalOutcome& outcome) 
   std::string what = "the event " + expected.event + " with \"" + expected.text + "\"";
   if (expected.kind == Expectation::Kind::kPaper) what = "\"" + expected.text + "\" on the paper";
   if (expected.kind == Expectation::Kind::kFile) what = "a file " + expected.text;
+  if (!expected.content.empty()) what += " with \"" + expected.content + "\"";
   return expected.none ? "expected not to find " + what + ", but there was one" : "expected " + what;
 }
 

@@ -68,12 +68,13 @@ struct Expectation {
     kEvent,  ///< An event of the kind `event` whose text contains `text`.
     kSent,   ///< `times` commands that begin with `text`.
     kPaper,  ///< A line on the paper that contains `text`.
-    kFile,   ///< A file at the path `text`.
+    kFile,   ///< A file at the path `text` that contains `content`.
   };
   Kind kind = Kind::kEvent;
   bool none = false;  ///< The condition is negated.
   std::string event;
   std::string text;
+  std::string content;
   std::size_t times = 1;
 };
 

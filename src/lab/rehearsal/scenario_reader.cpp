@@ -88,6 +88,17 @@ Expectation ReadSentCommand(ScriptLine& line) {
   return expected;
 }
 
+/// A path, or a path, "with" and a part of the file's content.
+void ReadExpectedFile(ScriptLine& line, Expectation& expected) {
+  constexpr std::string_view kWith = " with ";
+  expected.kind = Expectation::Kind::kFile;
+  expected.text = ReadPath(line);
+  const std::size_t with = expected.text.find(kWith);
+  if (with == std::string::npos) return;
+  expected.content = expected.text.substr(with + kWith.size());
+  expected.text.resize(with);
+}
+
 Expectation ReadExpectation(ScriptLine& line) {
   Expectation expected;
   expected.none = line.Skip("no");
@@ -100,8 +111,7 @@ Expectation ReadExpectation(ScriptLine& line) {
     expected.kind = Expectation::Kind::kPaper;
     expected.text = line.Text("a text on the paper");
   } else if (line.Skip("file")) {
-    expected.kind = Expectation::Kind::kFile;
-    expected.text = ReadPath(line);
+    ReadExpectedFile(line, expected);
   } else if (expected.none) {
     line.Refuse("\"event\", \"paper\" or \"file\"; of commands, \"expect sent\" and \"0 times\"");
   } else {

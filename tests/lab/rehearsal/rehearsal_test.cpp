@@ -164,6 +164,8 @@ TEST(Rehearsal, NamesWhatDidNotComeTrue) {
                                         "expect file STORICO\\1.txt\n"
                                         "expect no file storico\\1.txt\n"
                                         "expect file data\\1.txt\n"
+                                        "expect file storico\\1.txt with PANE\n"
+                                        "expect file storico\\1.txt with LATTE\n"
                                         "expect event archived 1.txt\n"
                                         "expect event error\n"
                                         "expect no event log End\n");
@@ -171,7 +173,9 @@ TEST(Rehearsal, NamesWhatDidNotComeTrue) {
             (Lines{"expected not to find \"PANE\" on the paper, but there was one",
                    "expected \"LATTE\" on the paper", "expected command 1028 1 times, it was sent 0 times",
                    "expected not to find a file C:\\Orvenza\\storico\\1.txt, but there was one",
-                   "expected a file C:\\Orvenza\\data\\1.txt", "expected the event error with \"\"",
+                   "expected a file C:\\Orvenza\\data\\1.txt",
+                   "expected a file C:\\Orvenza\\storico\\1.txt with \"LATTE\"",
+                   "expected the event error with \"\"",
                    "expected not to find the event log with \"End\", but there was one"}));
 }
 
