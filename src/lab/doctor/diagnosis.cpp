@@ -8,6 +8,7 @@
 #include "core/version.h"
 #include "lab/doctor/folder_findings.h"
 #include "lab/doctor/link_findings.h"
+#include "lab/doctor/outcome_findings.h"
 #include "lab/doctor/program_findings.h"
 #include "lab/doctor/settings_findings.h"
 #include "lab/doctor/ticket_findings.h"
@@ -111,7 +112,7 @@ Installation LookAt(const LabSurroundings& lab, const ProgramPaths& paths) {
 
 Findings Diagnose(const Installation& shop) {
   Findings all = FindInSettings(shop.review, shop.paths.ExecutableName + ".ini");
-  for (const auto& find : {FindInProgram, FindInFolders, FindInTickets, FindInLink}) {
+  for (const auto& find : {FindInProgram, FindInFolders, FindInTickets, FindInOutcomes, FindInLink}) {
     Findings some = find(shop);
     std::move(some.begin(), some.end(), std::back_inserter(all));
   }

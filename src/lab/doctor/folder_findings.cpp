@@ -9,6 +9,7 @@
 #include "lab/doctor/folder_trial.h"
 #include "lab/shell/wording.h"
 #include "platform/system_error.h"
+#include "tickets/outcome_files.h"
 
 namespace orvenza {
 namespace {
@@ -18,10 +19,13 @@ constexpr std::uintmax_t kTooLittleSpace = 20'000'000;
 constexpr std::uintmax_t kLittleSpace = 200'000'000;
 
 struct NamedFolder {
-  std::string name;  ///< "ticket folder".
-  std::string path;  ///< Ends in "\".
-  bool holdsTickets = true;
+  std::string name;                   ///< "ticket folder".
+  std::string path;                   ///< Ends in "\".
+  bool isTried = true;                ///< A test file is made there.
+  Severity fault = Severity::kError;  ///< Of what is wrong with it.
 };
+
+constexpr const char* kOutcomesFolder = "outcomes folder";
 
 /// The program folder first, the ticket folder second.
 std::vector<NamedFolder> FoldersOf(const Installation& shop) {
@@ -35,6 +39,9 @@ std::vector<NamedFolder> FoldersOf(const Installation& shop) {
   if (!shop.Settings().HistoricFolder.empty()) {
     folders.push_back({"historic folder", shop.Settings().HistoricFolder});
   }
+  const std::string& outcomes = shop.Settings().OutcomesFolder;
+  if (!outcomes.empty() && !OutcomesFolderIsRefused(shop.Settings(), shop.paths.AppPath))
+    folders.push_back({kOutcomesFolder, outcomes, true, Severity::kWarning});
   return folders;
 }
 
@@ -59,22 +66,22 @@ Finding OfFolder(const Installation& shop, const NamedFolder& folder) {
   const std::string is = "The " + folder.name + " " + folder.path;
   const std::string nearest = NearestExisting(shop.folders, folder.path);
   if (!shop.folders.DriveAvailable(folder.path)) {
-    return {Severity::kError, "folder.drive", is + " is on a drive that cannot be reached.",
+    return {folder.fault, "folder.drive", is + " is on a drive that cannot be reached.",
             "Connect the drive, or correct the path in the settings."};
   }
   if (const std::string file = FileInTheWay(shop, nearest, folder.path); !file.empty()) {
-    return {Severity::kError, "folder.file", is + " cannot be made: " + file + " is a file.",
+    return {folder.fault, "folder.file", is + " cannot be made: " + file + " is a file.",
             "Move that file away, or correct the path in the settings."};
   }
   if (!nearest.empty() && !shop.machine.MayWrite(nearest)) {
-    return {Severity::kError, "folder.readonly",
+    return {folder.fault, "folder.readonly",
             nearest == folder.path ? is + " cannot be written to."
                                    : is + " is missing and cannot be made in " + nearest + ".",
             "Give the user of the till the right to write there."};
   }
-  if (nearest == folder.path && folder.holdsTickets) {
+  if (nearest == folder.path && folder.isTried) {
     if (const std::string fault = TryFolder(shop.files, folder.path); !fault.empty()) {
-      return {Severity::kError, "folder.trial", is + " cannot be used: " + fault + ".",
+      return {folder.fault, "folder.trial", is + " cannot be used: " + fault + ".",
               "Give the user of the till the right to make, rename and remove files there."};
     }
   }
@@ -89,6 +96,7 @@ void AddVolumes(Findings& findings, const Installation& shop, const std::vector<
     return shop.machine.VolumeOf(NearestExisting(shop.folders, folder.path));
   };
   for (std::size_t i = kTicketFolder + 1; i < folders.size(); ++i) {
+    if (folders[i].name == kOutcomesFolder) continue;  // written there, not moved
     const std::string tickets = volumeOf(folders[kTicketFolder]);
     const std::string other = volumeOf(folders[i]);
     if (tickets == other || tickets.empty() || other.empty()) continue;
