@@ -56,7 +56,7 @@ void LineSender::Begin(const DocumentProgress& progress) {
 Next LineSender::Send(const TicketLine& line, const RecordFields& fields) {
   RestoreNormalWait();
   const std::string command = fields.Count() == 0 ? std::string() : translator_.TranslateRecord(fields);
-  if (command.empty()) witness_.Troubled({line.number, {}, false, false, line.text}, Reply::InvalidLine());
+  if (command.empty()) witness_.Troubled({line.number, {}, false, line.text}, Reply::InvalidLine());
   if (fields.Count() == 0) return HandleUnreadableLine(line.text);
   if (command.empty()) return HandleInvalidLine(line.text);
   if (command == kLogoMarker) return SendLogo(line, fields);
@@ -85,7 +85,7 @@ Next LineSender::SendLogo(const TicketLine& line, const RecordFields& fields) {
     ifEnded_ = Next::kAbort;
   };
   logo_.OnTrouble = [&](const std::string& row, const Reply& reply) {
-    witness_.Troubled({line.number, row, false, false, line.text}, reply);
+    witness_.Troubled({line.number, row, false, line.text}, reply);
   };
   if (logo_.Download(request.number, request.path, line.text, givenUp)) return Next::kNextLine;
   if (Policy().failureGivesUp) return Next::kGiveUp;
@@ -99,7 +99,7 @@ Next LineSender::SendOrdinary(const TicketLine& line, const RecordFields& fields
   const bool completes = HasRole(fields[0], &RecordRoles::completes);
   if (completes && Policy().endGivesUp) ifEnded_ = Next::kAbort;
   const bool opens = HasRole(fields[0], &RecordRoles::opens);
-  const Reply reply = Transmit(line, fields, {line.number, command, completes, opens, line.text}, false);
+  const Reply reply = Transmit(line, fields, {line.number, command, completes, line.text, opens}, false);
   if (reply.IsRefusal()) ifEnded_ = before;
   return HandleReply(CommandUse::kLine, line, fields, reply);
 }
@@ -114,7 +114,7 @@ Next LineSender::SendLongRunning(const TicketLine& line, const RecordFields& fie
     link_.AwaitDevice();
   }
   if (Policy().endGivesUp) ifEnded_ = Next::kAbort;
-  const Reply reply = Transmit(line, fields, {line.number, command, true, false, line.text}, true);
+  const Reply reply = Transmit(line, fields, {line.number, command, true, line.text}, true);
   const bool done = Policy().IsDone(CommandUse::kClosure, reply);
   if (done && !Policy().IsDone(CommandUse::kOther, reply))
     logs_.WrErr(LoadMessage(MessageId::kEcrError) + " " + FromWindows1252(reply.Text()));

@@ -33,8 +33,8 @@ struct SentCommand {
   std::string command;
   /// It may complete something on paper: a receipt, a document, a cash movement, a closure, a report.
   bool completes = false;
-  bool opens = false;          ///< A receipt or a document is open after it.
   std::string_view text = {};  ///< The ticket's line, as its bytes. Valid during the call.
+  bool opens = false;          ///< A receipt or a document is open after it.
 };
 
 /// How the printing of a ticket has ended, before its file is moved.

@@ -140,8 +140,8 @@ class EvidenceTest : public ::testing::Test {
   Logs logs{files, clock, settings, "C:\\shop"};
   Evidence evidence{files, logs, "C:\\shop"};
   const TicketFacts a{"a.txt", "20261116090000", kWork + "a.txt", FingerprintOf("1;a;")};
-  const SentCommand item{1, "1003", false, true};
-  const SentCommand payment{2, "1036", true, false};
+  const SentCommand item{1, "1003", false, {}, true};
+  const SentCommand payment{2, "1036", true, {}, false};
 };
 
 TEST_F(EvidenceTest, FollowsATicketFromItsFirstLineToTheArchive) {
