@@ -1,7 +1,5 @@
 #include "simulator/command_fields.h"
 
-#include <algorithm>
-
 namespace orvenza {
 namespace {
 
@@ -39,14 +37,8 @@ void CommandFields::Literal(std::string_view text) {
   NoteValue(text.size());
 }
 
-bool CommandFields::IsValue(std::size_t position) const {
-  return std::any_of(values_.begin(), values_.end(), [position](const Span& span) {
-    return position >= span.at && position - span.at < span.count;
-  });
-}
-
 void CommandFields::NoteValue(std::size_t count) {
-  if (fits_) values_.push_back({size_ - rest_.size() - count, count});
+  if (values_ != nullptr && fits_) values_->push_back({size_ - rest_.size() - count, count});
 }
 
 std::string_view CommandFields::Take(std::size_t count) {

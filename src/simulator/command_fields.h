@@ -12,8 +12,16 @@ namespace orvenza {
 /// and Complete() is false.
 class CommandFields {
  public:
-  /// `command` begins with its four-digit code and must outlive this object.
-  explicit CommandFields(std::string_view command) : size_(command.size()), rest_(command.substr(4)) {}
+  /// A part of a command.
+  struct Span {
+    std::size_t at;
+    std::size_t count;
+  };
+
+  /// `command` begins with its four-digit code and must outlive this object. `values`, unless null, receives
+  /// the places of the numbers and literals.
+  explicit CommandFields(std::string_view command, std::vector<Span>* values = nullptr)
+      : size_(command.size()), rest_(command.substr(4)), values_(values) {}
 
   /// A number of exactly `count` digits.
   std::int64_t Digits(std::size_t count);
@@ -36,25 +44,17 @@ class CommandFields {
   /// Counts as a mismatch unless `holds`.
   void Require(bool holds) { fits_ = fits_ && holds; }
 
-  /// Whether the character at `position` of the command was parsed as a number or a literal.
-  bool IsValue(std::size_t position) const;
-
   /// Whether everything matched and nothing is left.
   bool Complete() const { return fits_ && rest_.empty(); }
 
  private:
-  struct Span {
-    std::size_t at;
-    std::size_t count;
-  };
-
   std::string_view Take(std::size_t count);
   void NoteValue(std::size_t count);
 
   std::size_t size_;  ///< Of the command.
   std::string_view rest_;
   bool fits_ = true;
-  std::vector<Span> values_;  ///< The numbers and literals so far.
+  std::vector<Span>* values_;
 };
 
 }  // namespace orvenza

@@ -53,11 +53,11 @@ std::string MaskCommand(std::string_view command) {
   if (known == nullptr) return masked;
   // A logo's row is the shop's picture, not a text.
   if (known->effect == CommandEffect::kLogoRow) return std::string(command);
-  CommandFields fields(command);
+  std::vector<CommandFields::Span> values;
+  CommandFields fields(command, &values);
   known->read(fields);
-  for (std::size_t at = code.size(); at < command.size(); ++at) {
-    if (fields.IsValue(at)) masked[at] = command[at];
-  }
+  for (const CommandFields::Span& value : values)
+    masked.replace(value.at, value.count, command.substr(value.at, value.count));
   return masked;
 }
 
