@@ -5,6 +5,7 @@
 namespace orvenza {
 
 void FailureWatch::Failed(const std::string& attempt, int number) {
+  if (failing_.size() >= kMostFailing && !failing_.contains(attempt)) failing_.clear();
   const auto [known, isNew] = failing_.try_emplace(attempt, number);
   if (!isNew && known->second == number) return;
   known->second = number;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <string>
 #include <string_view>
@@ -12,6 +13,9 @@ namespace orvenza {
 /// again, so that one that lasts does not fill the trace.
 class FailureWatch {
  public:
+  /// Of more failures at the same time the earlier ones are forgotten, so that days fill no memory.
+  static constexpr std::size_t kMostFailing = 1000;
+
   /// `recorder` must outlive the watch.
   explicit FailureWatch(EventRecorder& recorder) : recorder_(recorder) {}
 

@@ -162,6 +162,9 @@ void ShopModel::OnOwnRead(const TracedEvent& event, const std::string& path) {
   if (quits && event.passed > start_) return scenario_.AddEvent(event.passed - start_, "quit");
   if (name == "ERRDESC.INI" && event.lines == LinesOf(FilesOfAFirstStart().errDesc)) return;
   const bool before = known == nullptr && name != "COMMAND.TXT";
+  if (name == "REMEMBERED.INI")
+    scenario_.Comment(
+        "The trace has no digests of texts, so a remembered ticket that is still there is printed again.");
   if (before || event.passed <= start_)
     scenario_.AddFile("file " + path, file.content);
   else

@@ -67,7 +67,10 @@ std::optional<WorkSpan> FindWork(const std::vector<TracedEvent>& events, std::op
     return floor<days>(events[pieces[i].first].at) == floor<days>(events[pieces[last].first].at);
   };
   while (first > 0 && distance(pieces[first - 1]) == 0ms && sameDay(first - 1)) --first;
-  if (first > 0 && pieces[first - 1].isStart) --first;
+  const auto directlyBefore = [&](std::size_t i) {
+    return events[pieces[i + 1].first].passed - events[pieces[i].end - 1].passed < 1min;
+  };
+  if (first > 0 && pieces[first - 1].isStart && directlyBefore(first - 1)) --first;
   return Spanning(events, pieces[first].first, pieces[last].end);
 }
 

@@ -82,6 +82,17 @@ TEST(Replay, GivesAShortScenarioThatRuns) {
   }
 }
 
+TEST(Replay, IncludesAStartOfTheProgramDirectlyBefore) {
+  const std::string ticket = " ticket 1.txt\n| 1;PANE;1,000;150;1;;;1;;\n| 2;1;0;\n";
+  const auto around = [&](const std::string& start, const std::string& at) {
+    const auto outcome =
+        Play(kTraceOn + ("start 16/11/2026 " + start) + "\nat " + at + ticket + "at 30min quit\n");
+    return Replay(outcome.files.at(kTrace), TimeOfDay{9, 0});
+  };
+  EXPECT_TRUE(Holds(around("08:59:58", "4s"), "start 16/11/2026 08:59:58\n"));
+  EXPECT_TRUE(Holds(around("08:50:00", "604s"), "start 16/11/2026 09:00:03\n"));
+}
+
 TEST(Replay, TakesWhatIsNearestToAQuietMinute) {
   EXPECT_EQ(Replay(TraceOfADay(), TimeOfDay{9, 12}), Replay(TraceOfADay(), TimeOfDay{9, 10}));
   EXPECT_EQ(Replay(TraceOfADay(), TimeOfDay{23, 59}), Replay(TraceOfADay(), TimeOfDay{9, 50}));
