@@ -1,7 +1,8 @@
 // A ticket, the register's faults meanwhile, and the operator's answers, through the whole connector.
 // Properties: the run ends; the ticket's file is then in the historic or the abort folder, once; every
 // command is well-formed; without refusals and questions exactly the ticket's commands are sent; and no
-// receipt is printed twice unless the operator chose that.
+// receipt is printed twice unless the operator chose that. If the operator is asked in doubt, that holds
+// after a power cut and paper-out, too, and no line is left out unless somebody decided so.
 
 #include <algorithm>
 #include <chrono>
@@ -39,6 +40,8 @@ constexpr std::string_view kEffects[] = {
     "port-fails 2", "paper-out receipt", "paper-out journal", "reply ERR23", "reply ERR2323"};
 /// From here on, events may cause the whole file to be printed again, or add a payment.
 constexpr std::size_t kPrintsAgain = 16;
+/// The first of those that add a payment.
+constexpr std::size_t kDivides = 18;
 constexpr EventKind kEvents[] = {EventKind::kMenu, EventKind::kQuit, EventKind::kSessionEnds,
                                  EventKind::kPowerFails};
 /// Faults stop after some commands, so an operator who chooses to go on never reaches this.
@@ -68,6 +71,7 @@ class Run {
     for (const std::string& command : outcome_.sent) RequireWellFormed(command);
     if (undisturbed_ && dialogs_ == 0 && !WasRefused()) RequireSent();
     if (!mayPrintAgain_) RequireNoSecondReceipt();
+    if (asks_ && decisions_ == 0) RequireNothingLeftOut();
   }
 
  private:
@@ -84,6 +88,7 @@ class Run {
           .append(kEffects[effect]) += '\n';
       undisturbed_ = false;
       mayPrintAgain_ = mayPrintAgain_ || effect >= kPrintsAgain;
+      divides_ = divides_ || effect >= kDivides;
     }
     scenario_.device = ParseFaultScript("script", script);
     scenario_.device.speed = 0;
@@ -100,7 +105,13 @@ class Run {
   }
 
   void ReadSettings() {
-    splits_ = choices_.Yes();
+    const std::size_t settings = choices_.Below(4);
+    splits_ = settings % 2 == 1;
+    asks_ = settings >= 2;
+    if (asks_) {
+      scenario_.settings.push_back({setting::kSafety, setting::kAskInDoubt, "1"});
+      mayPrintAgain_ = divides_;
+    }
     if (splits_) scenario_.settings.push_back({setting::kGeneral, "File Parser", "1"});
   }
 
@@ -108,9 +119,12 @@ class Run {
   std::string Decide(const ShownDialog& dialog) {
     if (++dialogs_ > kMostDialogs) return {};
     std::vector<std::string> replies = dialog.options.empty() ? dialog.buttons : dialog.options;
-    std::size_t choice = dialog.options.empty() ? 0 : 2;
+    // Who is asked again and again answers otherwise: a closing payment never closes a document.
+    const std::size_t button = dialogs_ > kMostDialogs / 2 ? replies.size() - 1 : 0;
+    std::size_t choice = dialog.options.empty() ? button : 2;
     replies.insert(replies.end(), {"close", "menu Esci"});
     if (answered_ < answers_.size()) choice = answers_[answered_++] % replies.size();
+    if (choice < dialog.options.size()) ++decisions_;
     const bool ends = dialog.caption.find(LoadMessage(MessageId::kEndRequest)) != std::string::npos;
     const bool prints = dialog.options.empty() ? replies[choice] == "S\xC3\xAC" && !ends : choice == 1;
     mayPrintAgain_ = mayPrintAgain_ || prints;
@@ -165,13 +179,21 @@ class Run {
     Require(sent == Commands(), "the ticket's commands are sent, each once, in their order");
   }
 
+  void RequireNothingLeftOut() const {
+    for (const std::string& command : Commands()) {
+      const bool sent = std::find(outcome_.sent.begin(), outcome_.sent.end(), command) != outcome_.sent.end();
+      Require(sent, "in doubt no line is left out that nobody decided about");
+    }
+  }
+
   void RequireNoSecondReceipt() const {
     std::size_t endings = 0;
     LineReader reader(std::make_unique<TextBytes>(content_));
     RecordFields fields;
     for (std::string line; reader.ReadLine(line);) {
       SplitRecord(line, kSeparator, fields);
-      if (HasRole(fields[0], &RecordRoles::closesTicket)) ++endings;
+      if (HasRole(fields[0], &RecordRoles::closesTicket) || HasRole(fields[0], &RecordRoles::followsClosing))
+        ++endings;
     }
     const auto closed = std::count_if(outcome_.receipts.begin(), outcome_.receipts.end(),
                                       [](const PrintedReceipt& receipt) { return !receipt.voided; });
@@ -187,7 +209,10 @@ class Run {
   std::size_t dialogs_ = 0;
   bool undisturbed_ = true;
   bool mayPrintAgain_ = false;
+  bool divides_ = false;
   bool splits_ = false;
+  bool asks_ = false;  ///< The operator decides in doubt, and then nobody else does.
+  std::size_t decisions_ = 0;
   RehearsalOutcome outcome_;
 };
 
