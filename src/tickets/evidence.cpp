@@ -163,9 +163,7 @@ void Evidence::Discard() {
   });
 }
 
-Standing Evidence::Of(const TicketFacts& ticket) const {
-  return StandingOf(record_, ticket);
-}
+Standing Evidence::Of(const TicketFacts& ticket) const { return StandingOf(record_, ticket); }
 
 bool Evidence::ReceiptMayBeOurs() const { return record_.standing.has_value() || record_.receiptOpen; }
 
