@@ -145,10 +145,7 @@ void Outcomes::NoteClosed(const std::shared_ptr<OutcomeFile>& file) {
   files_.Save(file);
 }
 
-void Outcomes::Ended(PrintEnd end) {
-  end_ = end;
-  if (end == PrintEnd::kLeft) name_.clear();
-}
+void Outcomes::Ended(PrintEnd end) { end_ = end; }
 
 void Outcomes::Filed(const std::string& path) {
   const auto open = open_.find(name_);

@@ -20,6 +20,7 @@ constexpr const char* kYes = "Sì";
 const Lines kReceipt{"1;PANE;1,000;150;1;;;1;;", "1;LATTE;2,000;129;1;;;1;;", "2;1;1000;"};
 const Lines kWithDrawer{"1;PANE;1,000;150;1;;;1;;", "1;LATTE;2,000;129;1;;;1;;", "2;1;1000;", "26;"};
 const Lines kClosure{"21;;;;;;;;;"};
+const Lines kWrongValue{"1;PANE;1,000;150;1;;;1;;", "1;UOVA;1;100;1;;;1;;", "2;1;1000;"};
 const Lines kWrongLine{"1;PANE;1,000;150;1;;;1;;", "PAGA", "2;1;1000;"};
 
 /// One ticket, what goes wrong, what the operator answers, and "Receipt Reason" of its outcome.
@@ -156,6 +157,13 @@ std::vector<Row> Rows() {
        "doubtful no-answer",
        {kGiveUp},
        "doubtful operator-gave-up"},
+      {"LineLeftOut",
+       kWrongValue,
+       "",
+       {"close"},
+       "doubtful invalid-line",
+       {"close", kGiveUp},
+       "no operator-gave-up"},
       {"LineThatIsNoCommand", kWrongLine, "", {kGiveUp}, "no operator-gave-up", kSame, nullptr},
   };
 }

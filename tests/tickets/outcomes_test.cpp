@@ -159,6 +159,29 @@ TEST_P(OutcomesTest, ClaimNothingIfOnlyTheEvidenceKnowsOfThePayment) {
   EXPECT_EQ(Said(), "done doubtful interrupted 2");
 }
 
+TEST_P(OutcomesTest, ClaimNothingIfAnEarlierAttemptOfTheEarlierRunHadComeToThePayment) {
+  Open("on 1036 lose-reply\n");
+  shop->Drop("0042.txt", kReceipt);
+  shop->Answer("Ristampare lo scontrino ( annullare automaticamente )");
+  // Before the payment of the second attempt: the evidence knows only that attempt.
+  CutPowerAtWrite("Evidence.ini", 4);
+  EXPECT_EQ(Said(), "started doubtful  2");
+  shop->Answer("Ok");  // the receipt that is open is voided
+  shop->Run();
+  EXPECT_EQ(Said(), "done doubtful interrupted 3");
+  EXPECT_EQ(Value("0042.txt.ini", "Answers"), "print-again");
+}
+
+TEST_P(OutcomesTest, ClaimNothingIfTheStartedOutcomeCannotBeFound) {
+  Open();
+  shop->Drop("0042.txt", kReceipt);
+  CutPowerAtWrite("0042.txt.ini", 2);
+  shop->folders.FailAlways("ListFolder", "esiti", error_number::kPathFileAccess);
+  shop->Answer("Ok");  // the receipt that is open is voided
+  shop->Run();
+  EXPECT_EQ(Said("0042.txt.1.ini"), "done doubtful interrupted 2");
+}
+
 TEST_P(OutcomesTest, ClaimNothingAboutALeftoverWithoutAnyTrace) {
   Open();
   shop->folder.Write("data\\inproces\\0042.txt", Shop::Joined(kReceipt));
@@ -178,6 +201,37 @@ TEST_P(OutcomesTest, LeaveTheStartedOutcomeOfATicketThatIsNowhere) {
   shop->Run();
   EXPECT_EQ(Said(), "started no  1");
   EXPECT_EQ(Value("0042.txt.1.ini", "State"), "done");
+}
+
+TEST_P(OutcomesTest, DoNotContinueThatOfAnotherText) {
+  Open();
+  shop->Drop("0042.txt", kReceipt);
+  CutPowerAtWrite("0042.txt.ini", 2);
+  shop->folder.Write("data\\inproces\\0042.txt", Shop::Joined(kOther));
+  shop->Answer("Ok");  // the receipt that is open is voided
+  if (GetParam()) shop->Answer("Ristampare lo scontrino ( annullare automaticamente )");
+  shop->Run();
+  EXPECT_EQ(Said(), "started no  1");
+  EXPECT_EQ(Value("0042.txt.1.ini", "State"), "done");
+}
+
+TEST(OutcomeFilesTest, KeepAThousandForLater) {
+  Shop shop;
+  AppSettings settings;
+  Logs logs(shop.files, shop.clock, settings, shop.folder.Path());
+  OutcomeFiles files(shop.files, shop.folders, logs);
+  files.Open(shop.folder.Path("esiti\\"));
+  shop.files.FailAlways("Write", "esiti", error_number::kDiskFull);
+  for (int i = 0; i <= 1000; ++i) {
+    const auto file = std::make_shared<OutcomeFile>();
+    file->outcome.ticket = std::to_string(i) + ".txt";
+    files.Save(file);
+  }
+  shop.files.Heal();
+  shop.clock.Advance(10s);
+  files.SaveLate();
+  EXPECT_EQ(shop.Names("esiti").size(), 1000U);
+  EXPECT_FALSE(shop.folder.Has("esiti\\0.txt.ini"));
 }
 
 TEST_P(OutcomesTest, AreWrittenLaterIfTheDiskIsFullAtAnyWrite) {
@@ -281,7 +335,12 @@ TEST_P(OutcomesTest, ArePreparedOnceIfASourceCannotBeRemoved) {
   both.insert(both.end(), kOther.begin(), kOther.end());
   shop->Drop("a.txt", both);
   shop->files.FailAlways("Remove", "inproces\\a.txt", error_number::kPermissionDenied);
-  shop->After(3s, [&] { shop->files.Heal(); });
+  int writes = 0;
+  shop->files.Before("Write", [&](const std::string& path) { writes += path.ends_with("a1.txt.ini"); });
+  shop->After(3s, [&] {
+    EXPECT_EQ(writes, 1);
+    shop->files.Heal();
+  });
   shop->Run();
   EXPECT_EQ(Said("a.txt.ini"), "done none split 0");
   EXPECT_EQ(shop->Names("esiti"), (Lines{"a.txt.ini", "a1.txt.ini", "a2.txt.ini"}));

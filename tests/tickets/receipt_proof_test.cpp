@@ -162,6 +162,7 @@ TEST_F(ReceiptProofTest, StaysDoubtfulIfTheCompletingCommandIsStillUnderWay) {
   proof.Sending(Payment());
   ExpectEnd(PrintEnd::kGivenUp, kDoubtful, kNoAnswer);
   Begin();
+  EXPECT_EQ(proof.SoFar(), kDoubtful);
   PrintWell();
   ExpectEnd(PrintEnd::kPrinted, kDoubtful, kPrintedAgain);
 }
