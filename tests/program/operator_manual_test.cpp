@@ -1,0 +1,43 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "core/catalogue.h"
+#include "core/own_texts.h"
+
+// The operator's manual quotes the questions in doubt to the letter, so that what is on the screen is found
+// there.
+
+namespace orvenza::test {
+namespace {
+
+TEST(OperatorManual, QuotesTheQuestionsInDoubtToTheLetter) {
+  std::ifstream page(ORVENZA_OPERATOR_MANUAL);
+  const std::string manual{std::istreambuf_iterator<char>(page), {}};
+  const std::string checkPaper = own_text::kCheckPaper;
+  const std::string paper = " " + LoadMessage(MessageId::kReplacePaper);
+  const std::string quoted[] = {
+      LoadMessage(MessageId::kNoReplyMisspelt),
+      LoadMessage(MessageId::kStatusNotRead),
+      LoadMessage(MessageId::kReceiptPaperOutWarning) + paper,
+      LoadMessage(MessageId::kPaperOut),
+      checkPaper,
+      own_text::kForeignReceipt,
+      own_text::kVoidForeignReceipt,
+      std::string(own_text::kReceiptOf) + " 10:32, " + own_text::kTotal + " 12,50 : 0042.txt",
+      own_text::kInterrupted + (" " + checkPaper),
+  };
+  for (const std::string& line : quoted)
+    EXPECT_NE(manual.find("\n> " + line + "\n"), std::string::npos) << line;
+  const std::string mentioned[] = {
+      LoadMessage(MessageId::kReceiptPrinted), LoadMessage(MessageId::kReprintReceipt),
+      LoadMessage(MessageId::kAbortReceipt), LoadMessage(MessageId::kJournalPaperOutWarning) + paper};
+  for (const std::string& text : mentioned)
+    EXPECT_NE(manual.find("\"" + text + "\""), std::string::npos) << text;
+  EXPECT_NE(manual.find("\"" + std::string(own_text::kReportOf) + " 20:01 : "), std::string::npos);
+}
+
+}  // namespace
+}  // namespace orvenza::test
