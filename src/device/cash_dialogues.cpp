@@ -73,6 +73,7 @@ void CashDialogues::InvioRIAVVIO() {
 }
 
 bool CashDialogues::SendRestart() {
+  printingRestarted_ = true;
   std::string data = kNoError;
   for (int tries = kCommandTries; tries > 0;) {
     const Reply reply = link_.Exchange("1149" + data);
@@ -131,6 +132,7 @@ Reply CashDialogues::PauseAfterVoid(const Reply& reply) {
 
 bool CashDialogues::CloseReceiptLeftOpen() {
   const EndBeforeSending heeded(link_);
+  printingRestarted_ = false;
   int tries = kVoidTries;
   int accepted = 0;
   for (;;) {

@@ -62,6 +62,10 @@ class CashDialogues {
   /// ProgramEnd between two attempts.
   bool CloseReceiptLeftOpen();
 
+  /// Whether CloseReceiptLeftOpen has restarted printing after paper-out: a slip that was held back may have
+  /// come out meanwhile.
+  [[nodiscard]] bool PrintingRestarted() const { return printingRestarted_; }
+
   /// Voids the receipt that the register interrupted, if it is still open. Returns whether it was.
   [[nodiscard]] bool VoidInterruptedReceipt();
 
@@ -84,6 +88,7 @@ class CashDialogues {
   LinkDialogs& linkDialogs_;
   EventLoop& loop_;
   ClockCorrection& clockCorrection_;
+  bool printingRestarted_ = false;
 };
 
 }  // namespace orvenza

@@ -170,6 +170,8 @@ bool Evidence::ReceiptMayBeOurs() const { return record_.standing.has_value() ||
 void Evidence::Taken(const TicketFacts& ticket) { taken_ = ticket; }
 
 void Evidence::Begun(const DocumentProgress& progress, bool) {
+  // There is room for one ticket only. If another one is not finished, the operator is asked about it.
+  if (record_.standing && record_.ticket.name != taken_.name) record_.unknown.insert(record_.ticket.name);
   record_.ticket = taken_;
   record_.standing = Standing{Standing::State::kBegun, progress, 0};
   record_.command.clear();

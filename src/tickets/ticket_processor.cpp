@@ -26,6 +26,10 @@ PrintEnd PrintEndOf(Next end) {
   return end == Next::kAbort || end == Next::kGiveUp ? PrintEnd::kGivenUp : PrintEnd::kLeft;
 }
 
+bool MayComplete(std::string_view type) {
+  return HasRole(type, &RecordRoles::completes) || HasRole(type, &RecordRoles::reports);
+}
+
 }  // namespace
 
 TicketProcessor::TicketProcessor(const FileReader& files, const AppSettings& settings, Logs& logs,
@@ -80,6 +84,7 @@ Next TicketProcessor::Print(const TicketFacts& ticket, std::string& text) {
   DocumentProgress progress;
   sender_.Begin(progress);
   if (const auto end = Resume(ticket, text, progress)) return *end;
+  std::size_t inDoubt = Policy().restartsFromFirstLine ? 0 : evidence_.Of(ticket).line;
   for (bool again = false;; again = true) {
     sender_.Begin(progress);
     logs_.WrLog(LoadMessage(MessageId::kReceiptStart));
@@ -89,11 +94,19 @@ Next TicketProcessor::Print(const TicketFacts& ticket, std::string& text) {
     loop_.CheckEnd();
     if (!MayExist(files_, ticket.workFile)) return Next::kLeave;
     if (again && !ReadAgain(ticket.workFile, text, progress.Complete())) return Next::kLeave;
+    if (inDoubt != 0 && cash_.PrintingRestarted()) {
+      // The slip may have come out only now, so the operator could not know.
+      const Standing standing{Standing::State::kUnderWay, progress, inDoubt};
+      if (const auto end = AskAboutInterrupted(ticket, text, standing, progress)) return *end;
+      sender_.Begin(progress);
+    }
     witness_.Begun(progress, *certain);
     const Next end = SendLines(text, progress.Complete());
     const bool goesOn = end == Next::kRestart || (end == Next::kPrinted && !Policy().printedFinishesFile);
     if (!goesOn) return end;
     if (!Policy().restartsFromFirstLine) progress = Continuing(end, text);
+    const bool reprints = end == Next::kRestart && !Policy().restartsFromFirstLine;
+    inDoubt = reprints && MayComplete(fields_[0]) ? line_.number : 0;
     if (end == Next::kPrinted && !AnythingBehind(text, progress.Complete(), settings_.SeparatorChar))
       return Next::kFinish;
   }

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,7 @@ constexpr const char* kTrace = "T:\\trace\\trace.txt";
 constexpr const char* kTraceOn = "\nfolder T:\\trace\nsetting [Host] Trace = T:\\trace\\trace.txt\n";
 
 const std::string kNoTrace = "no trace";
+const std::string kOthersFiles = "what others do to Evidence.ini is not in the trace";
 
 /// Why the replay of a scenario differs, or why there is none.
 const std::map<std::string, std::string> kDifferent{
@@ -34,8 +36,19 @@ const std::map<std::string, std::string> kDifferent{
     {"logo_given_up",
      "only two of the logo's three rows are in the trace, and the rows are told from the end"},
     {"logo_row_out_of_sequence", "only one of the logo's three rows is in the trace"},
+    {"doubt_evidence_damaged", kOthersFiles},
+    {"doubt_evidence_removed", kOthersFiles},
+    {"doubt_evidence_removed_with_several_receipts", kOthersFiles},
+    {"doubt_switched_off", "an Evidence.ini that lies there at the start is not in the trace"},
+    {"outcome_disk_full", "a full disk is known only from what failed on it"},
+    {"outcome_drive_away", "a drive that is away is known only from what failed on it"},
+    {"outcome_name_used_again", "outcomes that lie there at the start are not in the trace"},
     {"ticket_accents", "an accent reaches the register as a blank, but its mask as a letter"},
 };
+
+/// The same trace, but another paper: the trace cannot tell whether a command was carried out whose reply a
+/// power cut prevented.
+const std::set<std::string> kOtherPaper{"doubt_power_cut_at_a_closure", "doubt_power_cut_in_a_receipt"};
 
 std::string TraceOf(const RehearsalOutcome& outcome) {
   const auto found = outcome.files.find(kTrace);
@@ -60,13 +73,13 @@ class ReplayTest : public ::testing::Test {
     ASSERT_NE(TraceOf(first), "");
     const std::string replay = ReplayScenario(ReadTrace(TraceOf(first)), "trace.txt");
     const RehearsalOutcome second = Rehearse(ParseScenario("replay", replay + kTraceOn));
-    EXPECT_EQ(second.problems, Lines{}) << replay;
     if (different != kDifferent.end()) {
       EXPECT_NE(TraceOf(first), TraceOf(second)) << "no longer true: " << different->second;
       return;
     }
+    EXPECT_EQ(second.problems, Lines{}) << replay;
     EXPECT_EQ(TraceOf(first), TraceOf(second)) << replay;
-    EXPECT_EQ(MaskedPaper(first), MaskedPaper(second)) << replay;
+    EXPECT_EQ(MaskedPaper(first) == MaskedPaper(second), !kOtherPaper.contains(name_)) << replay;
   }
 
   void ExpectNoTrace() const {

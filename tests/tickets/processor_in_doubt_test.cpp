@@ -20,7 +20,7 @@ const std::string kTeaCommand = ItemCommand("TE");
 const std::string kAsked =
     "Scontrino delle 22:13, totale 1,00 : ticket.txt La stampa \xC3\xA8 stata interrotta. Controllare la "
     "carta : "
-    "\xC3\xA8 stato stampato ?";
+    "\xC3\xA8 stato stampato tutto ?";
 
 /// Not a std::exception: no trap may stop it.
 struct Killed {};
