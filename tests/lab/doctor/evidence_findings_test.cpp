@@ -56,6 +56,13 @@ TEST_F(EvidenceFindings, KnowThatAnotherTextOfTheSameNameIsAskedAbout) {
   EXPECT_EQ(SaidOfEvidence(), kAsked);
 }
 
+TEST_F(EvidenceFindings, KnowThatAFileWhoseStateIsUnknownIsAskedAbout) {
+  EvidenceRecord record;
+  record.unknown = {"0042.txt"};
+  disk.Put(At("Evidence.ini"), EvidenceText(record));
+  EXPECT_EQ(SaidOfEvidence(), kAsked);
+}
+
 TEST_F(EvidenceFindings, KnowThatWithoutEvidenceEveryLeftoverIsAskedAbout) {
   EXPECT_EQ(SaidOfEvidence(), kAsked);
 }
