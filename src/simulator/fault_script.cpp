@@ -9,12 +9,13 @@ namespace orvenza {
 namespace {
 
 constexpr std::string_view kFirstWords =
-    "\"on\", \"after\", \"absent\", \"port-fails\", \"paper-out\", \"model\", \"release\", \"capacity\", "
-    "\"roll\", \"clock\", \"speed\", \"pace\" or \"paper\"";
+    "\"on\", \"after\", \"absent\", \"port-fails\", \"paper-out\", \"receipt-open\", \"receipt-paid\", "
+    "\"model\", \"release\", \"capacity\", \"roll\", \"clock\", \"speed\", \"pace\" or \"paper\"";
 constexpr std::string_view kCommandFaults =
-    "\"reply\", \"silence\", \"link-error\", \"lose-reply\", \"late\", \"paper-out\", \"absent\" or "
-    "\"port-fails\"";
-constexpr std::string_view kStateFaults = "\"absent\", \"port-fails\" or \"paper-out\"";
+    "\"reply\", \"silence\", \"link-error\", \"lose-reply\", \"late\", \"paper-out\", \"absent\", "
+    "\"port-fails\", \"receipt-open\" or \"receipt-paid\"";
+constexpr std::string_view kStateFaults =
+    "\"absent\", \"port-fails\", \"paper-out\", \"receipt-open\" or \"receipt-paid\"";
 
 constexpr int kMost = ScriptLine::kMost;
 
@@ -36,6 +37,10 @@ bool ReadStateFault(std::string_view word, ScriptLine& line, Fault& fault) {
   } else if (word == "paper-out") {
     fault.kind = FaultKind::kPaperOut;
     fault.paper = ReadPaper(line);
+  } else if (word == "receipt-open") {
+    fault.kind = FaultKind::kKeyedIn;
+  } else if (word == "receipt-paid") {
+    fault.kind = FaultKind::kPaidThere;
   } else {
     return false;
   }

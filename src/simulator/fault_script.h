@@ -22,6 +22,8 @@ enum class FaultKind {
   kPaperOut,   ///< `paper` runs out before the command is executed.
   kAbsent,     ///< The next `number` queries report the register as absent.
   kPortFails,  ///< The next `number` attempts to open the port fail.
+  kKeyedIn,    ///< Somebody keys an item in at the register, which opens a receipt.
+  kPaidThere,  ///< Somebody has that receipt paid at the register.
 };
 
 /// One fault and its trigger: a command or, if `prefix` is empty, a time.

@@ -150,7 +150,7 @@ class ScriptedOperator::OpenMessage {
 };
 
 void ScriptedOperator::Answer(std::string answer, std::chrono::milliseconds reaction) {
-  answers_.push_back({std::move(answer), reaction});
+  answers_.emplace_back(std::move(answer), reaction);
 }
 
 void ScriptedOperator::DropAnswerAfter(std::chrono::milliseconds reaction) {
@@ -216,7 +216,8 @@ std::optional<std::string> ScriptedOperator::NextAnswer(ShownDialog& dialog, con
     loop_.CheckEnd();
     if (closed) return std::nullopt;
     if (answers_.empty() && judgement_) {
-      if (std::string answer = judgement_(dialog); !answer.empty()) Answer(std::move(answer));
+      if (PlannedAnswer judged = judgement_(dialog); !judged.text.empty())
+        answers_.push_back(std::move(judged));
     }
     if (answers_.empty()) throw UnansweredDialog{dialog};
     if (!React(closed)) continue;

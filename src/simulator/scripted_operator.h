@@ -79,8 +79,16 @@ class ScriptedOperator : public Operator {
   /// Drops the next answer if its reaction takes `reaction` or longer: the dialog that waited for it is gone.
   void DropAnswerAfter(std::chrono::milliseconds reaction);
 
-  /// Answers immediately when the list is empty; "" means no answer.
-  using Judgement = std::function<std::string(const ShownDialog&)>;
+  /// An answer, and the time that the operator takes to give it.
+  struct PlannedAnswer {
+    PlannedAnswer(std::string what, std::chrono::milliseconds after = {})
+        : text(std::move(what)), reaction(after) {}
+    std::string text;
+    std::chrono::milliseconds reaction;
+  };
+
+  /// Answers when the list is empty; "" means no answer.
+  using Judgement = std::function<PlannedAnswer(const ShownDialog&)>;
   void SetJudgement(Judgement judgement) { judgement_ = std::move(judgement); }
 
   /// Called for a "menu" answer.
@@ -102,10 +110,6 @@ class ScriptedOperator : public Operator {
   void ShowUtilities(const UtilitiesContent& content, const std::function<bool(int)>& pressed) override;
 
  private:
-  struct PlannedAnswer {
-    std::string text;
-    std::chrono::milliseconds reaction;
-  };
   class OpenMessage;
 
   ShownDialog& Record(ShownDialog dialog);

@@ -109,6 +109,8 @@ bool SimulatedLink::Strike(const Fault& fault) {
     case FaultKind::kAbsent: absentReads_ = fault.number; return true;
     case FaultKind::kPortFails: failingOpens_ = fault.number; return true;
     case FaultKind::kPaperOut: device_.RunOutOfPaper(fault.paper); return true;
+    case FaultKind::kKeyedIn: device_.KeyInItem(); return true;
+    case FaultKind::kPaidThere: device_.PayWhatWasKeyedIn(); return true;
     case FaultKind::kReply:
     case FaultKind::kSilence:
     case FaultKind::kLinkError:
@@ -131,7 +133,9 @@ void SimulatedLink::Transmitted(const std::string& command, const Disturbance& d
       return Answer(command, device_.Execute(command), std::chrono::milliseconds(fault.number));
     case FaultKind::kPaperOut:
     case FaultKind::kAbsent:
-    case FaultKind::kPortFails: return;  // Already carried out by Strike.
+    case FaultKind::kPortFails:
+    case FaultKind::kKeyedIn:
+    case FaultKind::kPaidThere: return;  // Already carried out by Strike.
   }
 }
 

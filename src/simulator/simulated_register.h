@@ -61,6 +61,15 @@ class SimulatedRegister {
   /// which prints the lines held back.
   void RunOutOfPaper(Paper paper) { state_.paperOut = paper; }
 
+  /// The text of an item that somebody keys in at the register itself.
+  static constexpr std::string_view kKeyedInItem = "A MANO";
+
+  /// Somebody keys an item of 1.00 in at the register itself. Without effect while anything is open.
+  void KeyInItem();
+
+  /// Somebody has the receipt of such an item paid. Without effect while none is open.
+  void PayWhatWasKeyedIn();
+
   bool PaperOut() const { return state_.paperOut.has_value(); }
 
   /// Whether a receipt or a non-fiscal document is open.

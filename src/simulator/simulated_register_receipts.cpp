@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <utility>
 
 #include "simulator/commands.h"
@@ -8,6 +9,13 @@
 // The simulated register's receipts: selling, discounts, payment, void.
 
 namespace orvenza {
+namespace {
+
+/// Lengths of an item's two texts, of which the second is printed.
+constexpr std::size_t kOtherText = 40;
+constexpr std::size_t kItemText = 16;
+
+}  // namespace
 
 std::string_view SimulatedRegister::Void() {
   // Once payment has begun, a receipt cannot be voided, only paid completely.
@@ -19,6 +27,21 @@ std::string_view SimulatedRegister::Void() {
     EndDocument("DOCUMENTO ANNULLATO");
   }
   return {};
+}
+
+void SimulatedRegister::KeyInItem() {
+  if (ReceiptOpen()) return;
+  std::string text(kKeyedInItem);
+  text.resize(kItemText, ' ');
+  Execute("100301" + std::string(kOtherText, ' ') + text + "0001000" + "1" + "000000100" + "01");
+}
+
+void SimulatedRegister::PayWhatWasKeyedIn() {
+  const auto isKeyedIn = [](const std::string& line) { return line.starts_with(kKeyedInItem); };
+  if (!state_.receipt ||
+      std::none_of(state_.receipt->Lines().begin(), state_.receipt->Lines().end(), isKeyedIn))
+    return;
+  Execute("103601000000000");
 }
 
 std::string_view SimulatedRegister::Sell(const RegisterCommand& command, const CommandData& data) {

@@ -75,7 +75,9 @@ TEST(FaultScript, ReadsEveryFaultOfACommand) {
                {"on 1003 late 16000", FaultKind::kLate, "", 16000},
                {"on 1003 paper-out journal", FaultKind::kPaperOut, "", 0},
                {"on 1003 absent 3", FaultKind::kAbsent, "", 3},
-               {"on 1003 port-fails 2", FaultKind::kPortFails, "", 2}};
+               {"on 1003 port-fails 2", FaultKind::kPortFails, "", 2},
+               {"on 1003 receipt-open", FaultKind::kKeyedIn, "", 0},
+               {"on 1003 receipt-paid", FaultKind::kPaidThere, "", 0}};
   for (const auto& [line, kind, text, number] : cases) {
     const Fault fault = OnlyFault(line);
     EXPECT_EQ(fault.prefix, "1003") << line;
@@ -143,13 +145,12 @@ std::string Refusal(const std::string& line) {
 
 TEST(FaultScript, SaysWhatWasExpected) {
   const std::string first =
-      "\"on\", \"after\", \"absent\", \"port-fails\", \"paper-out\", \"model\", \"release\", \"capacity\", "
-      "\"roll\", "
-      "\"clock\", \"speed\", \"pace\" or \"paper\"";
+      "\"on\", \"after\", \"absent\", \"port-fails\", \"paper-out\", \"receipt-open\", \"receipt-paid\", "
+      "\"model\", \"release\", \"capacity\", \"roll\", \"clock\", \"speed\", \"pace\" or \"paper\"";
   const std::string fault =
-      "\"reply\", \"silence\", \"link-error\", \"lose-reply\", \"late\", \"paper-out\", \"absent\" or "
-      "\"port-fails\"";
-  const std::string state = "\"absent\", \"port-fails\" or \"paper-out\"";
+      "\"reply\", \"silence\", \"link-error\", \"lose-reply\", \"late\", \"paper-out\", \"absent\", "
+      "\"port-fails\", \"receipt-open\" or \"receipt-paid\"";
+  const std::string state = "\"absent\", \"port-fails\", \"paper-out\", \"receipt-open\" or \"receipt-paid\"";
   const std::string which = "\"#\" and which one, at least 1";
   const std::string times = "\"x\" and how many, at least 1, or \"x*\"";
   const std::string label = "the model label, 10 characters in double quotes";

@@ -63,6 +63,14 @@ TEST_F(ScriptedOperatorTest, AsksAJudgementOnceTheListIsEmpty) {
   EXPECT_THROW(person.ShowMessage(question), UnansweredDialog);
 }
 
+TEST_F(ScriptedOperatorTest, AJudgementMayTakeTime) {
+  person.SetJudgement(
+      [](const ShownDialog&) { return ScriptedOperator::PlannedAnswer("No", std::chrono::seconds(3)); });
+  const auto before = clock.Uptime();
+  EXPECT_EQ(person.ShowMessage(question), 2);
+  EXPECT_EQ(clock.Uptime() - before, std::chrono::seconds(3));
+}
+
 TEST_F(ScriptedOperatorTest, ADialogWithoutAnswerEndsTheRun) {
   try {
     person.ShowMessage(question);

@@ -236,6 +236,25 @@ TEST_F(SimulatedLinkTest, AnOpenPortStaysOpenWhenOpenedAgain) {
   EXPECT_FALSE(link->PortOpen());
 }
 
+TEST_F(SimulatedLinkTest, AReceiptCanBeKeyedInAndPaidAtTheRegister) {
+  Connect("receipt-open\non 3217 #3 receipt-paid");
+  EXPECT_EQ(Exchange("321701"), Events{"ERR17"});
+  EXPECT_EQ(Exchange("321701"), Events{"ERR17"});
+  EXPECT_EQ(Exchange("321701"), Events{"321700"});
+  ASSERT_EQ(device.Receipts().size(), 1u);
+  EXPECT_EQ(device.Receipts()[0].total, 100);
+  EXPECT_FALSE(device.Receipts()[0].voided);
+  EXPECT_EQ(device.Receipts()[0].lines.at(3), "A MANO                              1,00");
+}
+
+TEST_F(SimulatedLinkTest, WhatIsKeyedInLeavesAReceiptOfTheProgramAlone) {
+  Connect("on 3217 receipt-open\non 3217 #2 receipt-paid");
+  Exchange(bread);
+  EXPECT_EQ(Exchange("321701"), Events{"ERR17"});
+  EXPECT_EQ(Exchange("321701"), Events{"ERR17"});
+  EXPECT_TRUE(device.Receipts().empty());
+}
+
 TEST_F(SimulatedLinkTest, AScriptedReplyReplacesTheCommand) {
   Connect("on 1003 reply ERR13");
   EXPECT_EQ(Exchange(bread), Events{"ERR13"});
