@@ -18,6 +18,7 @@
 #include "lab/rehearsal/event_text.h"
 #include "lab/rehearsal/expectations.h"
 #include "lab/rehearsal/first_files.h"
+#include "lab/rehearsal/power_watch.h"
 #include "platform/ini_profile_file.h"
 #include "platform/program_end.h"
 #include "platform/system_error.h"
@@ -36,9 +37,6 @@ const std::string kFolder = kRehearsalFolder;
 const ProgramPaths kPaths{kFolder, "Orvenza"};
 const std::string kCommandFile = kFolder + "\\command.txt";
 constexpr const char* kQuit = "QUIT\r\n";
-
-/// Thrown when the PC loses its power. Deliberately not a std::exception: no trap may stop it.
-struct PowerFailure {};
 
 std::string TimeText(milliseconds time) { return std::to_string(time.count()) + " ms"; }
 
@@ -68,9 +66,10 @@ class Stage {
         loop_(std::in_place, clock_, pump_),
         person_(*loop_),
         icon_(transcript_),
-        device_(clock_, paper_, scenario.device.profile),
+        device_(clock_, WatchedPaper(), scenario.device.profile),
         link_(device_, clock_, scenario.device),
-        watch_(transcript_, kFolder) {
+        watch_(transcript_, kFolder),
+        power_(scenario.powerCuts, [this] { transcript_.Add("world", "the power fails"); }) {
     SetUpFiles();
     SetUpEvents();
     for (const ScenarioAnswer& answer : scenario.answers) person_.Answer(answer.text, answer.reaction);
@@ -84,6 +83,7 @@ class Stage {
   void SetUpFiles();
   void SetUpEvents();
   void SetUpObservers();
+  PaperRoll& WatchedPaper();
   void RunConnector();
   bool AwaitNextStart();
   void RunOnce();
@@ -114,6 +114,7 @@ class Stage {
   SimulatedRegister device_;
   SimulatedLink link_;
   DiskWatch watch_;
+  PowerWatch power_;
   std::optional<Tracing> tracing_;  ///< Recreated like `loop_`.
   Connector* connector_ = nullptr;  ///< Null while none runs.
   bool startAgain_ = false;
@@ -155,31 +156,41 @@ void Stage::SetUpEvents() {
 
 void Stage::SetUpObservers() {
   link_.SetObserver([this](LineEvent event, const std::string& text) { OnLine(event, text); });
-  paper_.SetSink([this](const std::string& line) {
-    outcome_.paper.push_back(line);
-    if (scenario_.transcript) transcript_.Add("paper", "|" + Printable(line));
+  person_.SetObserver([this](const ShownDialog& dialog, std::string_view answer) {
+    if (scenario_.onDialog) scenario_.onDialog(dialog, answer);
+    if (!scenario_.transcript) return;
+    transcript_.Add(answer.empty() ? "dialog" : "answer",
+                    answer.empty() ? DialogText(dialog) : std::string(answer));
   });
-  if (!scenario_.transcript) return;
+  if (!scenario_.transcript && scenario_.powerCuts.empty()) return;
   disk_.SetObserver([this](const DiskEvent& event) {
-    if (!tracing_ || !tracing_->Owns(event.path)) watch_.OnDisk(event);
+    if (tracing_ && tracing_->Owns(event.path)) return;
+    if (scenario_.transcript) watch_.OnDisk(event);
+    power_.Changed();
   });
   clock_.SetObserver([this](const LocalTime& time) { RecordClock(transcript_, clock_.Stamp(time)); });
-  person_.SetObserver([this](const ShownDialog& dialog, std::string_view answer) {
-    if (answer.empty())
-      transcript_.Add("dialog", DialogText(dialog));
-    else
-      transcript_.Add("answer", std::string(answer));
+}
+
+PaperRoll& Stage::WatchedPaper() {
+  paper_.SetSink([this](const std::string& line) {
+    outcome_.paper.push_back(line);
+    if (scenario_.onPaper) scenario_.onPaper(line);
+    if (scenario_.transcript) transcript_.Add("paper", "|" + Printable(line));
   });
+  return paper_;
 }
 
 void Stage::OnLine(LineEvent event, const std::string& text) {
   if (event == LineEvent::kSent) {
+    power_.Sending(text);
     outcome_.sent.push_back(text);
     outcome_.lastSent = std::chrono::floor<milliseconds>(clock_.Uptime());
   }
-  if (!scenario_.transcript) return;
-  RecordLine(transcript_, event, text,
-             [this](LinkProperty which) { return link_.Property(which).value_or(0); });
+  if (scenario_.transcript) {
+    RecordLine(transcript_, event, text,
+               [this](LinkProperty which) { return link_.Property(which).value_or(0); });
+  }
+  if (event == LineEvent::kReceived) power_.Replied();
 }
 
 /// Carries out an event when its time comes. That is inside a wait, so no failure may reach the connector's
@@ -336,8 +347,9 @@ void Stage::TakeStock() {
   for (std::string& problem : Unfulfilled(scenario_.expectations, outcome_)) Miss(std::move(problem));
 }
 
-/// Reports faults whose command was not sent often enough.
+/// Reports faults and cuts of the power that never struck.
 void Stage::MissFaults() {
+  for (const std::string& point : power_.Missed()) Miss("the power never failed " + point);
   for (const Fault& fault : scenario_.device.faults) {
     if (fault.prefix.empty()) continue;
     const auto sent = static_cast<std::size_t>(

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -46,6 +47,18 @@ struct ScenarioEvent {
   MenuItem item = MenuItem::kExit;
 };
 
+/// A loss of power at a point of the connector's work.
+struct PowerCut {
+  enum class When {
+    kBeforeCommand,  ///< Right before the `number`th command that begins with `command` is sent.
+    kAfterReply,     ///< Right after the reply to that command has arrived.
+    kAfterChange,    ///< Right after the `number`th change that the connector makes to the disk.
+  };
+  When when = When::kBeforeCommand;
+  std::string command;
+  std::size_t number = 1;
+};
+
 /// One value of the settings file.
 struct ScenarioSetting {
   std::string section;
@@ -86,9 +99,12 @@ struct Scenario {
   std::vector<ScenarioSetting> settings;
   FaultScript device;
   std::vector<ScenarioEvent> events;
+  std::vector<PowerCut> powerCuts;
   std::vector<ScenarioAnswer> answers;
-  ScriptedOperator::Judgement judgement;  ///< Gives the answers after these; null if none.
-  bool secondInstance = false;            ///< Another connector already serves the folder.
+  ScriptedOperator::Judgement judgement;                 ///< Gives the answers after these; null if none.
+  ScriptedOperator::Observer onDialog;                   ///< Receives each dialog; may be null.
+  std::function<void(const std::string& line)> onPaper;  ///< Receives each printed line; may be null.
+  bool secondInstance = false;                           ///< Another connector already serves the folder.
   /// The host asks the connector to end once no ticket is left. If it ended earlier, it is started again with
   /// the same disk and register.
   bool untilPrinted = false;

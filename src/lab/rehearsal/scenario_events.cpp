@@ -202,6 +202,30 @@ const std::vector<std::string>& EventWords() {
   return words;
 }
 
+PowerCut ReadPowerCut(ScriptLine& line) {
+  const std::string expected =
+      "\"fails\", then \"before\" or \"after\", a command and which one, such as before 1036 #2; or \"at "
+      "change\" "
+      "and a number";
+  PowerCut cut;
+  if (!line.Skip("fails")) line.Refuse(expected);
+  const std::string_view word = line.Word();
+  if (word == "at" && line.Skip("change")) {
+    cut.when = PowerCut::When::kAfterChange;
+    cut.number = static_cast<std::size_t>(line.Number(1, ScriptLine::kMost, expected));
+  } else {
+    if (word != "before" && word != "after") line.Refuse(expected);
+    cut.when = word == "before" ? PowerCut::When::kBeforeCommand : PowerCut::When::kAfterReply;
+    cut.command = line.Word();
+    if (cut.command.empty() || !OnlyDigits(cut.command)) line.Refuse(expected);
+    if (line.Next() == '#')
+      cut.number =
+          static_cast<std::size_t>(line.NumberIn(line.Word().substr(1), 1, ScriptLine::kMost, expected));
+  }
+  line.End();
+  return cut;
+}
+
 ScenarioEvent ReadEventInTime(ScriptLine& line) {
   ScenarioEvent event;
   event.at = ReadTime(line);

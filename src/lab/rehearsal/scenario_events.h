@@ -32,6 +32,9 @@ bool ReadEvent(std::string_view word, ScriptLine& line, ScenarioEvent& event);
 /// The words that ReadEvent accepts.
 const std::vector<std::string>& EventWords();
 
+/// Reads the rest of a line after "power".
+PowerCut ReadPowerCut(ScriptLine& line);
+
 /// Reads the rest of a line after "at".
 ScenarioEvent ReadEventInTime(ScriptLine& line);
 

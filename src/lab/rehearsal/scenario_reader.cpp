@@ -214,6 +214,7 @@ class ScenarioReader {
     if (word == "register") return ReadRegister(line);
     if (word == "setting") return AddSetting(line);
     if (word == "answer") return scenario_.answers.push_back(ReadAnswer(line));
+    if (word == "power") return scenario_.powerCuts.push_back(ReadPowerCut(line));
     if (word == "expect") return scenario_.expectations.push_back(ReadExpectation(line));
     if (word == "start") {
       WantOnce(line, word, wordsSaid_);
@@ -243,7 +244,7 @@ class ScenarioReader {
   [[noreturn]] static void RefuseFirstWord(std::string_view word, const ScriptLine& line, bool behindFile) {
     std::vector<std::string> words = EventWords();
     words.insert(words.end(), {"at", "start", "settings", "setting", "register", "answer", "second", "until",
-                               "limit", "expect"});
+                               "limit", "power", "expect"});
     if (behindFile && ClosestTo(word, words).empty()) line.Refuse("\"|\" before each line of a file");
     RefuseWord(line, word, words);
   }

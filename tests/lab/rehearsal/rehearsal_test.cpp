@@ -289,6 +289,38 @@ TEST(Rehearsal, LeavesNothingOfTheConnectorBehindWhenThePowerFails) {
   EXPECT_EQ(log.substr(log.rfind(" - ")), " - Start Scontrino\r\n");
 }
 
+const std::string kPrintedAfterACut = "ticket 1.txt\n| 1;PANE;1,000;150;1;;;1;;\n| 2;1;0;\nuntil printed\n";
+
+TEST(Rehearsal, CutsThePowerBeforeACommand) {
+  const RehearsalOutcome outcome = Play("power fails before 1036\nanswer Ok\n" + kPrintedAfterACut);
+  EXPECT_EQ(outcome.problems, Lines{});
+  ASSERT_EQ(outcome.receipts.size(), 2u);
+  EXPECT_TRUE(outcome.receipts[0].voided);
+  EXPECT_FALSE(outcome.receipts[1].voided);
+}
+
+TEST(Rehearsal, CutsThePowerAfterAReply) {
+  const RehearsalOutcome outcome = Play("power fails after 1036 #1\n" + kPrintedAfterACut);
+  EXPECT_EQ(outcome.problems, Lines{});
+  ASSERT_EQ(outcome.receipts.size(), 2u);
+  EXPECT_FALSE(outcome.receipts[0].voided);
+  EXPECT_FALSE(outcome.receipts[1].voided);
+}
+
+TEST(Rehearsal, CutsThePowerAtAChangeToTheDisk) {
+  // The start's line of the log is the first change.
+  const RehearsalOutcome outcome = Play("power fails at change 2\n" + kPrintedAfterACut);
+  EXPECT_EQ(outcome.problems, Lines{});
+  EXPECT_EQ(outcome.receipts.size(), 1u);
+  const std::string log = outcome.files.at("C:\\Orvenza\\Log.txt");
+  EXPECT_NE(log.find("Start Rel.", log.find("Start Rel.") + 1), std::string::npos);
+}
+
+TEST(Rehearsal, MissesACutOfThePowerThatDidNotCome) {
+  EXPECT_EQ(Play("power fails before 1036 #2\npower fails at change 999\n" + kPrintedAfterACut).problems,
+            (Lines{"the power never failed before 1036 #2", "the power never failed at change 999"}));
+}
+
 TEST(Rehearsal, AsksTheScenariosJudgementAfterItsAnswers) {
   Scenario scenario = ParseScenario("day", "register absent 3\nanswer Ok\nat 5s quit\n");
   Lines asked;

@@ -187,6 +187,31 @@ TEST(Scenario, TakesWhatIsExpected) {
   EXPECT_TRUE(scenario.secondInstance);
 }
 
+TEST(Scenario, ReadsCutsOfThePower) {
+  const Scenario scenario =
+      Parse("power fails before 1036 #2\npower fails after 1003\npower fails at change 12\n");
+  ASSERT_EQ(scenario.powerCuts.size(), 3u);
+  EXPECT_EQ(scenario.powerCuts[0].when, PowerCut::When::kBeforeCommand);
+  EXPECT_EQ(scenario.powerCuts[0].command, "1036");
+  EXPECT_EQ(scenario.powerCuts[0].number, 2u);
+  EXPECT_EQ(scenario.powerCuts[1].when, PowerCut::When::kAfterReply);
+  EXPECT_EQ(scenario.powerCuts[1].number, 1u);
+  EXPECT_EQ(scenario.powerCuts[2].when, PowerCut::When::kAfterChange);
+  EXPECT_EQ(scenario.powerCuts[2].number, 12u);
+}
+
+TEST(Scenario, RefusesACutOfThePowerWithoutItsPoint) {
+  const std::string expected =
+      "day:1: expected \"fails\", then \"before\" or \"after\", a command and which one, such as before 1036 "
+      "#2; "
+      "or \"at change\" and a number";
+  for (const char* text : {"power", "power comes", "power fails", "power fails before",
+                           "power fails before x", "power fails after 1036 #0", "power fails at change",
+                           "power fails at change 0", "power fails at noon"}) {
+    EXPECT_EQ(Refused(text), expected) << text;
+  }
+}
+
 TEST(Scenario, RefusesALineThatItCannotRead) {
   struct Row {
     const char* text;
