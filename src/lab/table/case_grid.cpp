@@ -33,6 +33,11 @@ std::string Document() { return Ticket("| 29;1;\n| 30;1;0;PROMEMORIA;\n| 31;1;\n
 
 std::string WithReceiptLeftOpen() { return "ticket earlier.txt\n| 1;ALTRO;1,000;100;1;;;1;;\n" + Receipt(); }
 
+/// Somebody keys an item in at the register itself, and later has it paid, before the fifth status query.
+std::string WithReceiptKeyedIn(const std::string& when) {
+  return "register " + when + "receipt-open\nregister on 3217 #5 receipt-paid\n" + Receipt();
+}
+
 std::string WithPaperOut() { return "register on 1004 paper-out receipt\n" + Receipt(); }
 
 /// The register is so small that the third item does not fit. The line that divides the receipt always has
@@ -78,7 +83,19 @@ void AddErrorCodes(std::vector<StepFault>& faults, TableExtent extent) {
   faults.push_back({"ERR2323", {"reply ERR2323"}, false, {}, {}});
 }
 
-void AddOutages(std::vector<StepFault>& faults) {
+StepFault PowerCutAt(const std::string& where, PowerCut cut) {
+  StepFault fault;
+  fault.name = "power cut (" + where + ")";
+  fault.cuts = {std::move(cut)};
+  return fault;
+}
+
+std::vector<StepFault> FilingFaults() {
+  return {PowerCutAt("before its file is moved", {PowerCut::When::kAfterChange, {}, 0}),
+          PowerCutAt("after its file was moved", {PowerCut::When::kAfterChange, {}, 1})};
+}
+
+void AddOutages(std::vector<StepFault>& faults, const TicketStep& step) {
   faults.push_back({"receipt paper ends", {"paper-out receipt"}, false, {}, {}});
   faults.push_back({"journal paper ends", {"paper-out journal"}, false, {}, {}});
   faults.push_back({"register off (command lost)", {"silence", "absent 3"}, false, {}, {}});
@@ -90,6 +107,9 @@ void AddOutages(std::vector<StepFault>& faults) {
   faults.push_back({"program ended (reply lost)", {"lose-reply"}, false, EventKind::kMenu, kMeanwhile});
   faults.push_back({"power cut (command lost)", {"silence"}, false, EventKind::kPowerFails, kMeanwhile});
   faults.push_back({"power cut (reply lost)", {"lose-reply"}, false, EventKind::kPowerFails, kMeanwhile});
+  using When = PowerCut::When;
+  faults.push_back(PowerCutAt("before it is sent", {When::kBeforeCommand, step.command, step.occurrence}));
+  faults.push_back(PowerCutAt("after its reply", {When::kAfterReply, step.command, step.occurrence}));
 }
 
 /// Whether the fault may well repeat.
@@ -105,6 +125,11 @@ std::vector<TicketStep> TicketSteps() {
       {"opening status query", Receipt(), "321701", 1},
       {"opening status query, an earlier receipt left open", WithReceiptLeftOpen(), "321701", 2},
       {"void of an earlier receipt left open", WithReceiptLeftOpen(), "1028", 1},
+      {"opening status query, a receipt keyed in by hand since the start", WithReceiptKeyedIn("on 321701 "),
+       "321701", 1},
+      {"opening status query, a receipt keyed in by hand before the start", WithReceiptKeyedIn(""), "321701",
+       1},
+      {"void of a receipt keyed in by hand", WithReceiptKeyedIn(""), "1028", 1},
       {"first item", Receipt(), "1003", 1},
       {"item in mid-receipt", Receipt(), "1004", 1},
       {"discount", Receipt("| 1;1;1;;50;;;;-1;\n"), "1021", 1},
@@ -131,6 +156,8 @@ std::vector<TicketStep> TicketSteps() {
       {"logo row",
        "logo 3 logo.bmp\n" + Ticket(std::string("| 33;1;C:\\Orvenza\\logo.bmp;\n") + kPane + kPayment),
        "4052", 2},
+      {"receipt printed, its file not moved yet", Receipt(), {}, 1, true},
+      {"closure printed, its file not moved yet", Ticket("| 21;;;;;;;;;\n"), {}, 1, true},
       {"line without a separator", Receipt("| PAGA\n"), {}, 1},
       {"line with a value that is refused", Receipt("| 1;UOVA;1;100;1;;;1;;\n"), {}, 1},
   };
@@ -141,11 +168,12 @@ LocalTime StartAt(TableHour hour) {
 }
 
 std::vector<StepFault> StepFaults(const TicketStep& step, TableExtent extent) {
+  if (step.filing) return FilingFaults();
   if (step.command.empty()) return {{"the line itself", {}, false, {}, {}}};
   std::vector<StepFault> faults;
   AddExchangeFaults(faults, step);
   AddErrorCodes(faults, extent);
-  AddOutages(faults);
+  AddOutages(faults, step);
   for (std::size_t i = 0, count = faults.size(); i < count; ++i) {
     if (!MayLast(faults[i])) continue;
     StepFault lasting = faults[i];

@@ -4,20 +4,18 @@
 #include <utility>
 
 #include "core/catalogue.h"
+#include "core/own_texts.h"
 #include "lab/rehearsal/rehearsal.h"
 
 namespace orvenza {
 namespace {
 
 constexpr const char* kClose = "close";
-constexpr const char* kMenuExit = "menu Esci";
-/// Number of dialogs after which the operator gives up.
-constexpr std::size_t kPatience = 30;
 /// Number of dialogs from which the operator may end the program.
 constexpr std::size_t kMenuDialogs = 6;
 
-/// The possible answers to a dialog, first the one that proceeds. Closing a message with a single button is
-/// the same as pressing it, and closing the question whether to end means no.
+}  // namespace
+
 std::vector<CaseReply> RepliesTo(const ShownDialog& dialog) {
   const auto& buttons = dialog.buttons;
   if (!dialog.options.empty()) {
@@ -36,12 +34,15 @@ std::vector<CaseReply> RepliesTo(const ShownDialog& dialog) {
   if (dialog.caption.find(LoadMessage(MessageId::kEndRequest)) != std::string::npos) {
     return {{buttons[1], Answer::kStay}, {buttons[0], Answer::kEndProgram}};
   }
+  if (dialog.text.find(own_text::kForeignReceipt) != std::string::npos) {
+    return {{buttons[0], Answer::kVoidForeign},
+            {buttons[1], Answer::kKeepForeign},
+            {kClose, Answer::kKeepForeign}};
+  }
   return {{buttons[0], Answer::kCloseReceipt},
           {buttons[1], Answer::kLeaveReceipt},
           {kClose, Answer::kLeaveReceipt}};
 }
-
-}  // namespace
 
 CaseRun::CaseRun(const Scenario& scenario, std::vector<CaseReply> plan, std::size_t depth)
     : plan_(std::move(plan)), depth_(depth) {

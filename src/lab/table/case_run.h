@@ -8,6 +8,7 @@
 #include "lab/rehearsal/rehearsal_outcome.h"
 #include "lab/rehearsal/scenario.h"
 #include "lab/table/fault_case.h"
+#include "simulator/scripted_operator.h"
 
 namespace orvenza {
 
@@ -16,6 +17,15 @@ struct CaseReply {
   std::string text;
   std::optional<Answer> meaning;  ///< Empty if the dialog has no choice.
 };
+
+/// The possible answers to a dialog, first the one that proceeds. Closing a message with a single button is
+/// the same as pressing it, and closing the question whether to end means no.
+std::vector<CaseReply> RepliesTo(const ShownDialog& dialog);
+
+/// The answer that ends the program from the icon's menu.
+inline constexpr const char* kMenuExit = "menu Esci";
+/// Number of dialogs after which the operator gives up.
+inline constexpr std::size_t kPatience = 30;
 
 /// One dialog of a run.
 struct AskedDialog {

@@ -1,7 +1,9 @@
 #include "lab/table/failure_table.h"
 
 #include <algorithm>
+#include <set>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
 
 #include "lab/table/table_rows.h"
@@ -20,9 +22,15 @@ constexpr const char* kEnd = "<!-- The table ends. -->";
 /// Numbers the lines of the error log.
 class Legend {
  public:
-  Legend(const std::vector<FaultCase>& byDay, const std::vector<FaultCase>& atMidnight) {
-    for (const auto* cases : {&byDay, &atMidnight}) {
-      for (const FaultCase& faultCase : *cases) Add(faultCase);
+  /// The lines of each of `parts` are in alphabetical order, without those of the parts before.
+  explicit Legend(const std::vector<const PlayedCases*>& parts) {
+    for (const PlayedCases* part : parts) {
+      std::set<std::string> lines;
+      for (const auto* cases : {&part->byDay, &part->atMidnight}) {
+        for (const FaultCase& faultCase : *cases) Add(faultCase, lines);
+      }
+      for (const std::string& line : lines_) lines.erase(line);
+      lines_.insert(lines_.end(), lines.begin(), lines.end());
     }
   }
 
@@ -44,16 +52,16 @@ class Legend {
   }
 
  private:
-  void Add(const FaultCase& faultCase) {
-    for (const TicketEnd& end : faultCase.ends) lines_.insert(lines_.end(), end.log.begin(), end.log.end());
-    std::sort(lines_.begin(), lines_.end());
-    lines_.erase(std::unique(lines_.begin(), lines_.end()), lines_.end());
+  static void Add(const FaultCase& faultCase, std::set<std::string>& lines) {
+    for (const TicketEnd& end : faultCase.ends) lines.insert(end.log.begin(), end.log.end());
   }
 
   std::string LetterOf(const std::string& line) const {
-    const auto place = std::lower_bound(lines_.begin(), lines_.end(), line) - lines_.begin();
-    if (place > 'z' - 'a') throw std::logic_error("more lines of the error log than letters");
-    return std::string(1, static_cast<char>('a' + place));
+    constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz";
+    const auto place =
+        static_cast<std::size_t>(std::find(lines_.begin(), lines_.end(), line) - lines_.begin());
+    if (place >= kLetters.size()) throw std::logic_error("more lines of the error log than letters");
+    return std::string(1, kLetters[place]);
   }
 
   Texts lines_;
@@ -80,9 +88,9 @@ std::string RowText(const std::string& faults, const std::string& answers, const
          NameOf(outcome.verdict) + rule + " | " + legend.Letters(ways) + " |\n";
 }
 
-std::string SectionText(const TableSection& section, const Legend& legend, const std::string& hour) {
-  std::string title = hour + Joined(section.steps, "; ");
-  if (hour.empty()) title[0] = static_cast<char>(title[0] - 'a' + 'A');
+std::string SectionText(const TableSection& section, const Legend& legend, const std::string& when) {
+  std::string title = when + Joined(section.steps, "; ");
+  if (when.empty()) title[0] = static_cast<char>(title[0] - 'a' + 'A');
   std::string text = "### " + title +
                      "\n\n| What goes wrong | Answers | The customer gets | File | End | Log |\n"
                      "|---|---|---|---|---|---|\n";
@@ -124,13 +132,63 @@ std::string Figures(const std::vector<const std::vector<FaultCase>*>& hours) {
   return text + " |\n\n";
 }
 
-/// The cases whose rows differ from those by day, which are in the same order.
-std::vector<FaultCase> Others(const std::vector<FaultCase>& byDay, const std::vector<FaultCase>& atMidnight) {
+std::size_t CountClaims(const PlayedCases& played, Verdict verdict, Claim claim) {
+  std::size_t count = 0;
+  for (const auto* cases : {&played.byDay, &played.atMidnight}) {
+    for (const FaultCase& faultCase : *cases) {
+      for (std::size_t i = 0; i < faultCase.claims.size(); ++i) {
+        if (faultCase.ends[i].verdict == verdict && faultCase.claims[i] == claim) ++count;
+      }
+    }
+  }
+  return count;
+}
+
+/// What the outcomes say in how many ways, for each verdict.
+std::string ClaimsText(const PlayedCases& played, const std::string& way) {
+  std::string text = "| " + way;
+  for (const Claim claim : AllClaims()) text += " | " + NameOf(claim);
+  text += " |\n|---|---|---|---|---|---|\n";
+  for (const Verdict verdict : AllVerdicts()) {
+    text += "| " + NameOf(verdict);
+    for (const Claim claim : AllClaims()) text += " | " + std::to_string(CountClaims(played, verdict, claim));
+    text += " |\n";
+  }
+  return text + "\n";
+}
+
+bool IsSameCase(const FaultCase& one, const FaultCase& other) {
+  return one.step.name == other.step.name && one.fault.name == other.fault.name &&
+         one.fault.eachTime == other.fault.eachTime;
+}
+
+/// The `cases` whose rows differ from those of `known`, which has all of them in the same order, and more.
+std::vector<FaultCase> Others(const std::vector<FaultCase>& known, const std::vector<FaultCase>& cases) {
   std::vector<FaultCase> others;
-  for (std::size_t i = 0; i < atMidnight.size(); ++i) {
-    if (OutcomesOf(atMidnight[i]) != OutcomesOf(byDay.at(i))) others.push_back(atMidnight[i]);
+  std::size_t at = 0;
+  for (const FaultCase& faultCase : cases) {
+    while (!IsSameCase(known.at(at), faultCase)) ++at;
+    if (OutcomesOf(faultCase) != OutcomesOf(known[at])) others.push_back(faultCase);
   }
   return others;
+}
+
+std::string SectionTexts(const std::vector<FaultCase>& cases, const Legend& legend, const std::string& when) {
+  std::string text;
+  for (const TableSection& section : SectionsOf(cases)) text += SectionText(section, legend, when);
+  return text;
+}
+
+/// The totals of the ways of working that were played.
+std::string Totals(const PlayedCases& contract, const PlayedCases& askInDoubt) {
+  if (contract.atMidnight.empty()) return "| End | Ways |\n|---|---|\n" + Figures({&contract.byDay});
+  if (askInDoubt.byDay.empty()) {
+    return "| End | Ways by day | Ways at 23:59:50 |\n|---|---|---|\n" +
+           Figures({&contract.byDay, &contract.atMidnight});
+  }
+  return "| End | Contract by day | Contract at 23:59:50 | AskInDoubt by day | AskInDoubt at 23:59:50 |\n"
+         "|---|---|---|---|---|\n" +
+         Figures({&contract.byDay, &contract.atMidnight, &askInDoubt.byDay, &askInDoubt.atMidnight});
 }
 
 std::string RuleList() {
@@ -143,19 +201,18 @@ std::string RuleList() {
 
 }  // namespace
 
-std::string FailureTable(const std::vector<FaultCase>& byDay, const std::vector<FaultCase>& atMidnight) {
-  const Legend legend(byDay, atMidnight);
-  std::string text;
-  if (atMidnight.empty()) {
-    text = "| End | Ways |\n|---|---|\n" + Figures({&byDay});
-  } else {
-    text = "| End | Ways by day | Ways at 23:59:50 |\n|---|---|---|\n" + Figures({&byDay, &atMidnight});
+std::string FailureTable(const PlayedCases& contract, const PlayedCases& askInDoubt) {
+  const Legend legend({&contract, &askInDoubt});
+  std::string text = Totals(contract, askInDoubt);
+  if (!askInDoubt.byDay.empty()) {
+    text += "What `Receipt` in the outcome says:\n\n" + ClaimsText(contract, "Contract") +
+            ClaimsText(askInDoubt, "AskInDoubt");
   }
-  text += "Rules:\n\n" + RuleList() + legend.Text();
-  for (const TableSection& section : SectionsOf(byDay)) text += SectionText(section, legend, {});
-  for (const TableSection& section : SectionsOf(Others(byDay, atMidnight))) {
-    text += SectionText(section, legend, "At 23:59:50: ");
-  }
+  text += "Rules of the contract:\n\n" + RuleList() + legend.Text();
+  text += SectionTexts(contract.byDay, legend, {});
+  text += SectionTexts(Others(contract.byDay, contract.atMidnight), legend, "At 23:59:50: ");
+  text += SectionTexts(Others(contract.byDay, askInDoubt.byDay), legend, "AskInDoubt: ");
+  text += SectionTexts(Others(askInDoubt.byDay, askInDoubt.atMidnight), legend, "AskInDoubt at 23:59:50: ");
   text.pop_back();
   return text;
 }

@@ -11,6 +11,12 @@
 
 namespace orvenza {
 
+/// Who decides where the register's protocol leaves something open (device/doubt_policy.h).
+enum class WayOfWorking {
+  kContract,    ///< The connector.
+  kAskInDoubt,  ///< The operator: `[Safety] AskInDoubt=1`.
+};
+
 /// A moment in the life of a ticket at which a fault can strike.
 struct TicketStep {
   std::string name;
@@ -19,6 +25,7 @@ struct TicketStep {
   std::string scenario;
   std::string command;         ///< The beginning of the command that is struck; empty if none is.
   std::size_t occurrence = 1;  ///< Which of the commands that begin like this, from 1.
+  bool filing = false;         ///< Instead of a command: the ticket's file is moved when it is finished.
 };
 
 /// What goes wrong at a step.
@@ -30,6 +37,8 @@ struct StepFault {
   /// What happens while the connector waits for the reply; empty if nothing.
   std::optional<EventKind> meanwhile;
   std::chrono::milliseconds delay{};  ///< Delay of the event after the command was sent.
+  /// Cuts of the power at the step's command. Where the file is moved, change 0 is the one before that.
+  std::vector<PowerCut> cuts = {};
 };
 
 /// The final place of a ticket's file.
@@ -48,6 +57,15 @@ enum class Verdict {
   kHang,   ///< The connector goes on forever without asking the operator.
 };
 
+/// What the ticket's outcome (docs/outcomes.md) says of the receipt.
+enum class Claim {
+  kYes,
+  kNo,
+  kDoubtful,
+  kNone,
+  kOpen,  ///< The ticket is not done.
+};
+
 /// The operator's answer to a dialog with a choice.
 enum class Answer {
   kPrinted,       ///< "Scontrino stampato, continuare".
@@ -56,6 +74,8 @@ enum class Answer {
   kNoChoice,      ///< The dialog with these three was closed without a choice.
   kCloseReceipt,  ///< Have a receipt closed that cannot be voided,
   kLeaveReceipt,  ///< or do not.
+  kVoidForeign,   ///< Have a receipt voided that the connector has not opened,
+  kKeepForeign,   ///< or do not.
   kTryPort,       ///< Try the port again, as it is or with other settings.
   kLeavePort,     ///< Do not, followed by kEndProgram or kStay.
   kEndProgram,    ///< End the program.
@@ -81,6 +101,7 @@ struct FaultCase {
   TicketStep step;
   StepFault fault;
   std::vector<TicketEnd> ends;
+  std::vector<Claim> claims = {};  ///< For each of `ends`; if ways of one end differ, a false one.
 };
 
 }  // namespace orvenza

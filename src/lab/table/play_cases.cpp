@@ -1,11 +1,16 @@
 #include "lab/table/play_cases.h"
 
 #include <algorithm>
+#include <array>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
 
+#include "core/own_texts.h"
+#include "core/settings.h"
 #include "lab/rehearsal/scenario_reader.h"
 #include "lab/table/case_run.h"
+#include "lab/table/ticket_outcome.h"
 #include "lab/table/verdict.h"
 
 namespace orvenza {
@@ -13,9 +18,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-const std::string kTickets = std::string(kRehearsalFolder) + "\\data\\";
-/// A longer run is endless: the longest series of timeouts takes minutes.
+/// A longer run is endless: the longest series of timeouts takes minutes. With AskInDoubt another dialog
+/// follows each series.
 constexpr auto kForever = 30min;
+constexpr auto kForeverAsking = 3h;
 /// Longer than any timeout for a reply.
 constexpr auto kLongWait = 5min;
 
@@ -42,50 +48,58 @@ std::chrono::milliseconds MomentOf(const TicketStep& step, const Scenario& scena
                               std::to_string(step.occurrence));
 }
 
-Scenario ScenarioOf(const TicketStep& step, TableHour hour) {
+/// Whether the transcript has an event of this kind for each change to the disk.
+bool IsChange(std::string_view kind) {
+  constexpr std::array<std::string_view, 12> kKinds{"log",   "error",   "file",     "folder",
+                                                    "taken", "split",   "written",  "copied",
+                                                    "moved", "deleted", "archived", "aborted"};
+  return std::find(kKinds.begin(), kKinds.end(), kind) != kKinds.end();
+}
+
+/// The number of the change to the disk that moves the ticket's file in a run without a fault.
+std::size_t FilingOf(const TicketStep& step, const Scenario& scenario) {
+  std::size_t count = 0;
+  const CaseRun run(scenario, {}, 0);
+  for (const RehearsalEvent& event : run.Outcome().events) {
+    if (IsChange(event.kind)) count += event.times;
+    if (event.kind == "archived") return count;
+  }
+  throw std::invalid_argument("the ticket of \"" + step.name + "\" is never archived");
+}
+
+Scenario ScenarioOf(const TicketStep& step, TableHour hour, WayOfWorking way) {
   Scenario scenario = ParseScenario(step.name, step.scenario);
+  if (way == WayOfWorking::kAskInDoubt)
+    scenario.settings.push_back({setting::kSafety, setting::kAskInDoubt, "1"});
+  scenario.settings.push_back({setting::kHost, setting::kOutcomes, kOutcomes});
   scenario.start = StartAt(hour);
   scenario.device.speed = 0;
   scenario.untilPrinted = true;
-  scenario.limit = kForever;
+  scenario.limit = way == WayOfWorking::kContract ? kForever : kForeverAsking;
   return scenario;
 }
 
-/// The slips of the ticket alone, with a register without faults.
-std::vector<Slip> SlipsExpected(const Scenario& scenario) {
-  Scenario quiet = scenario;
-  quiet.device.faults.clear();
-  std::erase_if(quiet.events, [](const ScenarioEvent& event) { return event.path.starts_with(kTickets); });
-  quiet.events.push_back(scenario.events.back());
-  return SlipsOn(CaseRun(quiet, {}, 0).Outcome().paper);
-}
-
-FileEnd EndOf(const std::string& content, const RehearsalOutcome& outcome) {
-  for (const auto& [path, text] : outcome.files) {
-    if (text != content) continue;
-    if (path.starts_with(kTickets + "abort\\")) return FileEnd::kAbort;
-    return path.starts_with(kTickets) ? FileEnd::kWaiting : FileEnd::kHistoric;
-  }
-  return FileEnd::kGone;
-}
-
-/// Whether nothing was sent for longer than any timeout for a reply.
-bool WaitsForOneReply(const RehearsalOutcome& outcome) {
-  return !outcome.sent.empty() && outcome.lastSent + kLongWait < kForever;
+/// Whether nothing was sent for longer than any timeout for a reply before the run was stopped at `limit`.
+bool WaitsForOneReply(const RehearsalOutcome& outcome, std::chrono::milliseconds limit) {
+  return !outcome.sent.empty() && outcome.lastSent + kLongWait < limit;
 }
 
 /// The start that all faults of a step have in common.
 struct Ground {
-  Ground(const TicketStep& ofStep, TableHour hour)
+  Ground(const TicketStep& ofStep, TableHour hour, WayOfWorking ofWay)
       : step(ofStep),
-        scenario(ScenarioOf(step, hour)),
+        way(ofWay),
+        scenario(ScenarioOf(step, hour, way)),
         expected(SlipsExpected(scenario)),
-        moment(step.command.empty() ? 0ms : MomentOf(step, scenario)) {}
+        moment(step.command.empty() ? 0ms : MomentOf(step, scenario)),
+        filing(step.filing ? FilingOf(step, scenario) : 0) {}
 
   const TicketStep& step;
+  WayOfWorking way;
   Scenario scenario;
   std::vector<Slip> expected;
   std::chrono::milliseconds moment;  ///< When the step's command is sent.
+  std::size_t filing;                ///< Number of the change to the disk that moves the ticket's file.
 };
 
 /// Follows one fault of one step through all answers.
@@ -99,21 +113,25 @@ class Exploration {
       event.at = ground.moment + fault.delay;
       scenario_.events.insert(scenario_.events.begin(), event);
     }
+    scenario_.powerCuts = fault.cuts;
+    for (PowerCut& cut : scenario_.powerCuts) {
+      if (ground.step.filing) cut.number += ground.filing - 1;
+    }
     scenario_.transcript = false;
     const FaultScript script = ParseFaultScript(ground.step.name, FaultLines(ground.step, fault));
     scenario_.device.faults.insert(scenario_.device.faults.end(), script.faults.begin(), script.faults.end());
   }
 
-  std::vector<TicketEnd> Ends() {
+  FaultCase Played() {
     Follow({});
-    return std::move(ends_);
+    return {ground_.step, fault_, std::move(ends_), std::move(claims_)};
   }
 
  private:
   void Follow(const std::vector<CaseReply>& plan) {
     const CaseRun run(scenario_, plan, depth_);
     TicketEnd end = Judged(run);
-    if (std::find(ends_.begin(), ends_.end(), end) == ends_.end()) ends_.push_back(std::move(end));
+    Add(std::move(end), ClaimOf("ticket.txt", run.Outcome()));
     std::vector<CaseReply> before = plan;
     for (std::size_t i = plan.size(); i < run.Dialogs().size(); ++i) {
       for (const CaseReply& other : run.Dialogs()[i].others) {
@@ -123,6 +141,17 @@ class Exploration {
       }
       before.push_back(run.Dialogs()[i].reply);
     }
+  }
+
+  /// Equal ends count once.
+  void Add(TicketEnd end, Claim claim) {
+    const auto known = std::find(ends_.begin(), ends_.end(), end);
+    if (known != ends_.end()) {
+      if (!IsTrue(claim, end.paper)) claims_[static_cast<std::size_t>(known - ends_.begin())] = claim;
+      return;
+    }
+    ends_.push_back(std::move(end));
+    claims_.push_back(claim);
   }
 
   TicketEnd Judged(const CaseRun& run) const {
@@ -135,12 +164,16 @@ class Exploration {
     for (const AskedDialog& asked : run.Dialogs()) {
       if (asked.reply.meaning) end.answers.push_back(*asked.reply.meaning);
     }
-    end.paper = Compare(outcome.paper, ground_.expected, "ALTRO");
-    end.file = EndOf(scenario_.events.back().content, outcome);
+    end.paper = Compare(outcome.paper, ground_.expected, kEarlierItem);
+    end.file = FileEndOf(scenario_.events.back().content, outcome);
     end.log = ErrorLines(outcome);
-    end.verdict = hangs ? Verdict::kHang : run.GaveUp() ? Verdict::kAsksOn : VerdictOf(end);
-    end.waits = hangs && WaitsForOneReply(outcome);
-    end.reason = RuleFor(ground_.step, fault_, end);
+    // In the contract this line comes from the outcomes, which only watch.
+    if (ground_.way == WayOfWorking::kContract) std::erase(end.log, own_text::kNoEvidence);
+    end.verdict = hangs          ? Verdict::kHang
+                  : run.GaveUp() ? AskedOn(end, ground_.way)
+                                 : VerdictOf(end, ground_.way);
+    end.waits = hangs && WaitsForOneReply(outcome, scenario_.limit);
+    if (ground_.way == WayOfWorking::kContract) end.reason = RuleFor(ground_.step, fault_, end);
     return end;
   }
 
@@ -149,15 +182,18 @@ class Exploration {
   std::size_t depth_;
   Scenario scenario_;
   std::vector<TicketEnd> ends_;
+  std::vector<Claim> claims_;
 };
 
 }  // namespace
 
-FaultCase PlayCase(const TicketStep& step, const StepFault& fault, std::size_t depth, TableHour hour) {
-  return {step, fault, Exploration(Ground(step, hour), fault, depth).Ends()};
+FaultCase PlayCase(const TicketStep& step, const StepFault& fault, std::size_t depth, TableHour hour,
+                   WayOfWorking way) {
+  return Exploration(Ground(step, hour, way), fault, depth).Played();
 }
 
 std::vector<FaultCase> PlayCases(const std::vector<TicketStep>& steps, TableExtent extent, TableHour hour,
+                                 WayOfWorking way,
                                  const std::function<void(std::size_t, std::size_t)>& progress) {
   std::vector<std::vector<StepFault>> faults;
   std::size_t all = 0;
@@ -167,9 +203,9 @@ std::vector<FaultCase> PlayCases(const std::vector<TicketStep>& steps, TableExte
   }
   std::vector<FaultCase> played;
   for (std::size_t i = 0; i < steps.size(); ++i) {
-    const Ground ground(steps[i], hour);
+    const Ground ground(steps[i], hour, way);
     for (const StepFault& fault : faults[i]) {
-      played.push_back({steps[i], fault, Exploration(ground, fault, kCaseDepth).Ends()});
+      played.push_back(Exploration(ground, fault, kCaseDepth).Played());
       if (progress) progress(played.size(), all);
     }
   }

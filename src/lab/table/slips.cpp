@@ -7,6 +7,7 @@
 
 #include "core/text.h"
 #include "simulator/paper_layout.h"
+#include "simulator/simulated_register.h"
 
 namespace orvenza {
 namespace {
@@ -78,11 +79,14 @@ CustomerPaper Compare(const std::vector<std::string>& paper, const std::vector<S
                       const std::string& foreign) {
   CustomerPaper counted;
   std::map<Slip, int> closed;
+  const std::string byHand(SimulatedRegister::kKeyedInItem);
   for (const Slip& slip : SlipsOn(paper)) {
     if (slip.back() != Divider()) {
       counted.open = true;
     } else if (Contains(slip, kVoided)) {
-      ++counted.voided;
+      ++(Contains(slip, byHand) ? counted.keyedInVoided : counted.voided);
+    } else if (Contains(slip, byHand)) {
+      ++(Shares(slip, expected) ? counted.mixed : counted.keyedIn);
     } else if (!foreign.empty() && Contains(slip, foreign)) {
       ++(Shares(slip, expected) ? counted.mixed : counted.earlier);
     } else {

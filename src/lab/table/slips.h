@@ -21,6 +21,9 @@ struct CustomerPaper {
   int earlier = 0;    ///< Slips of an earlier ticket.
   int voided = 0;     ///< Slips that the register closed as voided.
   bool open = false;  ///< The last slip is not closed.
+  /// Receipts keyed in at the register itself, and those of them that were voided.
+  int keyedIn = 0;
+  int keyedInVoided = 0;
 
   auto operator<=>(const CustomerPaper&) const = default;
 };

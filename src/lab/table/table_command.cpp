@@ -1,46 +1,24 @@
 #include "lab/table/table_command.h"
 
-#include <chrono>
+#include <charconv>
+#include <cstdint>
 #include <set>
 #include <sstream>
 
 #include "core/text.h"
 #include "lab/table/failure_table.h"
+#include "lab/table/pairs_report.h"
 #include "lab/table/play_cases.h"
+#include "lab/table/table_progress.h"
 
 namespace orvenza {
 namespace {
 
-using namespace std::chrono_literals;
-
 constexpr const char* kOutput = "--output";
 constexpr const char* kStep = "--step";
 constexpr const char* kThinned = "--thinned";
-
-/// Progress in percent, shown on a terminal once the run takes longer than a second.
-class Progress {
- public:
-  Progress(Console& console, const Clock& clock) : console_(console), clock_(clock), start_(clock.Uptime()) {}
-
-  void Tell(std::size_t done, std::size_t all) {
-    if (!console_.progress || clock_.Uptime() - start_ < 1s) return;
-    const std::size_t percent = 100 * done / all;
-    if (percent == shown_) return;
-    shown_ = percent;
-    console_.err << "\rplayed: " << percent << " %" << std::flush;
-  }
-
-  /// Erases the line.
-  void End() {
-    if (shown_ > 0) console_.err << "\r" << std::string(16, ' ') << "\r" << std::flush;
-  }
-
- private:
-  Console& console_;
-  const Clock& clock_;
-  std::chrono::nanoseconds start_;
-  std::size_t shown_ = 0;
-};
+constexpr const char* kPairs = "--pairs";
+constexpr const char* kSeed = "--seed";
 
 /// Refuses a part of a name that no step has: names the similar step, or all.
 [[noreturn]] void RefuseStep(const std::string& part) {
@@ -81,22 +59,43 @@ std::vector<TicketStep> ChosenSteps(const Arguments& arguments) {
   return steps;
 }
 
+/// The value of an option that must be a number; empty without the option.
+std::optional<std::uint64_t> NumberOf(const Arguments& arguments, const char* option) {
+  const auto text = arguments.Value(option);
+  if (!text) return {};
+  std::uint64_t number = 0;
+  const auto [end, error] = std::from_chars(text->data(), text->data() + text->size(), number);
+  if (text->empty() || error != std::errc() || end != text->data() + text->size()) {
+    throw UsageError("'" + *text + "' is not a number");
+  }
+  return number;
+}
+
 int Run(const Arguments& arguments, LabSurroundings& lab) {
   if (!arguments.words.empty()) {
     return RefuseUsage(lab.console, "table", "unexpected word '" + arguments.words.front() + "'");
   }
+  const auto seed = NumberOf(arguments, kSeed);
+  if (const auto pairs = NumberOf(arguments, kPairs)) {
+    return ReportPairs(static_cast<std::size_t>(*pairs), seed.value_or(1), lab);
+  }
+  if (seed) throw UsageError(std::string(kSeed) + " needs " + kPairs);
   const std::vector<TicketStep> steps = ChosenSteps(arguments);
   const TableExtent extent = arguments.Has(kThinned) ? TableExtent::kThinned : TableExtent::kWhole;
-  Progress progress(lab.console, lab.clock);
-  const auto play = [&](TableHour hour, std::size_t before) {
-    return PlayCases(steps, extent, hour, [&progress, before](std::size_t done, std::size_t all) {
-      progress.Tell(before * all + done, 2 * all);
+  TableProgress progress(lab.console, lab.clock);
+  const auto play = [&](TableHour hour, WayOfWorking way, std::size_t before) {
+    // With AskInDoubt, error codes are treated alike, so one of each group is enough.
+    const TableExtent played = way == WayOfWorking::kAskInDoubt ? TableExtent::kThinned : extent;
+    return PlayCases(steps, played, hour, way, [&progress, before](std::size_t done, std::size_t all) {
+      progress.Tell(before * all + done, 4 * all);
     });
   };
-  const auto byDay = play(TableHour::kDay, 0);
-  const auto atMidnight = play(TableHour::kMidnight, 1);
+  const PlayedCases contract{play(TableHour::kDay, WayOfWorking::kContract, 0),
+                             play(TableHour::kMidnight, WayOfWorking::kContract, 1)};
+  const PlayedCases askInDoubt{play(TableHour::kDay, WayOfWorking::kAskInDoubt, 2),
+                               play(TableHour::kMidnight, WayOfWorking::kAskInDoubt, 3)};
   progress.End();
-  const std::string table = FailureTable(byDay, atMidnight);
+  const std::string table = FailureTable(contract, askInDoubt);
   const auto output = arguments.Value(kOutput);
   if (!output) {
     lab.console.out << table;
@@ -117,21 +116,30 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
 Command TableCommand() {
   return {"table",
           "show what becomes of a ticket when something goes wrong",
-          "[--output FILE] [--step TEXT] [--thinned]",
+          "[--output FILE] [--step TEXT] [--thinned] [--pairs N]",
           "Rehearses each kind of command with each fault of the register, its line, the\n"
-          "program and the PC, through each answer of the operator. For each case the table\n"
-          "shows what the customer gets, where the file is in the end, and the lines of the\n"
-          "error log. The format is Markdown. docs/failure-table.md holds the table, and\n"
-          "docs/failure-scenarios.md explains it.",
+          "program and the PC, through each answer of the operator, without and with\n"
+          "[Safety] AskInDoubt=1. For each case the table shows what the customer gets,\n"
+          "where the file is in the end, and the lines of the error log. The format is\n"
+          "Markdown. docs/failure-table.md holds the table, and docs/failure-scenarios.md\n"
+          "explains it.\n"
+          "\n"
+          "With --pairs, two random faults strike a ticket, with AskInDoubt=1 and random\n"
+          "answers. Each pair that ends as nobody chose is shown as a scenario for\n"
+          "orvenza-lab rehearse.",
           {{kOutput, "FILE",
             "write to FILE, which is new or empty, or contains the\ntwo marker lines of a table"},
            {kStep, "TEXT",
             "only the steps whose names contain TEXT, or one of\nseveral texts separated by \";\""},
-           {kThinned, "", "try one of each group of similar error codes"}},
-          "0  written\n"
+           {kThinned, "", "try one of each group of similar error codes"},
+           {kPairs, "N", "play N random pairs of faults instead"},
+           {kSeed, "S", "where the random numbers begin; 1 without this option"}},
+          "0  written; every pair ended as it may\n"
+          "1  a pair ended as nobody chose\n"
           "2  not written",
           "orvenza-lab table --step 'part payment'\n"
-          "orvenza-lab table --output docs/failure-table.md",
+          "orvenza-lab table --output docs/failure-table.md\n"
+          "orvenza-lab table --pairs 100000",
           Run};
 }
 

@@ -19,6 +19,8 @@ std::string NameOf(Answer answer) {
     case Answer::kNoChoice: return "closed";
     case Answer::kCloseReceipt: return "Sì";
     case Answer::kLeaveReceipt: return "No";
+    case Answer::kVoidForeign: return "Annullarlo: Sì";
+    case Answer::kKeepForeign: return "Annullarlo: No";
     case Answer::kEndProgram: return "Esci";
     case Answer::kTryPort:
     case Answer::kLeavePort:
@@ -77,6 +79,21 @@ std::string NameOf(FileEnd file) {
   return "gone";
 }
 
+std::vector<Claim> AllClaims() {
+  return {Claim::kYes, Claim::kNo, Claim::kDoubtful, Claim::kNone, Claim::kOpen};
+}
+
+std::string NameOf(Claim claim) {
+  switch (claim) {
+    case Claim::kYes: return "yes";
+    case Claim::kNo: return "no";
+    case Claim::kDoubtful: return "doubtful";
+    case Claim::kNone: return "none";
+    case Claim::kOpen: break;
+  }
+  return "not done";
+}
+
 std::string PaperText(const CaseOutcome& outcome) {
   const CustomerPaper& paper = outcome.paper;
   const bool asksOn = outcome.verdict == Verdict::kAsksOn;
@@ -93,8 +110,10 @@ std::string PaperText(const CaseOutcome& outcome) {
   if (!manyInPart) add(paper.other, "in part");
   add(paper.mixed, "with an earlier ticket's lines");
   add(paper.earlier, "of the earlier ticket");
+  add(paper.keyedIn, "keyed in by hand");
   if (manyVoided) addSeries("voided ones");
   if (!manyVoided) add(paper.voided, "voided");
+  add(paper.keyedInVoided, "keyed in by hand and voided");
   if (paper.open) parts.push_back("1 left open");
   return parts.empty() ? "nothing" : Joined(parts, ", ");
 }

@@ -15,6 +15,9 @@ std::vector<Verdict> AllVerdicts();
 
 std::string NameOf(Verdict verdict);
 std::string NameOf(FileEnd file);
+std::string NameOf(Claim claim);
+
+std::vector<Claim> AllClaims();
 
 /// What the customer receives: "1 whole, 2 voided".
 std::string PaperText(const CaseOutcome& outcome);

@@ -4,6 +4,7 @@
 #include <sstream>
 #include <string_view>
 
+#include "core/own_texts.h"
 #include "core/text.h"
 #include "lab/rehearsal/scenario.h"
 
@@ -22,17 +23,29 @@ bool Logged(const TicketEnd& end, std::string_view text) {
                      [&](const std::string& line) { return line.find(text) != std::string::npos; });
 }
 
-bool Strikes(const StepFault& fault, std::string_view effect) { return fault.effects.front() == effect; }
+bool Strikes(const StepFault& fault, std::string_view effect) {
+  return !fault.effects.empty() && fault.effects.front() == effect;
+}
 
 /// A line of the log without its time and the parts that vary between errors or lines.
 std::string Alike(std::string_view line) {
   line.remove_prefix(std::min(kStamp, line.size()));
   const std::string text(Trim(line.substr(0, line.find('\r'))));
+  if (const auto at = text.find(own_text::kInterrupted); at != std::string::npos)
+    return "... " + text.substr(at);
   for (const char* const beginning : {"ECR Error :", "Riga non valida :", "Abort stampa scontrino."}) {
     if (text.starts_with(beginning)) return beginning + std::string(" ...");
   }
   if (text.starts_with("Carta ") && text.ends_with(kPaperOut)) return "Carta ... " + std::string(kPaperOut);
+  if (text.starts_with("Attenzione ! Carta "))
+    return "Attenzione ! Carta ... " + std::string(kPaperOut) + " ...";
   return text;
+}
+
+/// Whether an answer asked for the place of the file, and so for what the customer lacks.
+bool FilingWasChosen(const TicketEnd& end) {
+  return (Answered(end, Answer::kGiveUp) && end.file == FileEnd::kAbort) ||
+         (Answered(end, Answer::kPrinted) && end.file == FileEnd::kHistoric);
 }
 
 /// A program that is ended gives up a ticket that may already be printed; any other ticket is printed after
@@ -74,12 +87,27 @@ std::vector<std::string> ErrorLines(const RehearsalOutcome& outcome) {
   return lines;
 }
 
-Verdict VerdictOf(const TicketEnd& end) {
-  if (end.paper.whole == 0) return LessWasChosen(end) ? Verdict::kLostByChoice : Verdict::kLost;
+Verdict VerdictOf(const TicketEnd& end, WayOfWorking way) {
+  if (end.paper.whole == 0) {
+    const bool chosen = way == WayOfWorking::kContract ? LessWasChosen(end) : FilingWasChosen(end);
+    return chosen ? Verdict::kLostByChoice : Verdict::kLost;
+  }
+  if (way == WayOfWorking::kAskInDoubt && end.paper.keyedInVoided > 0 &&
+      !Answered(end, Answer::kVoidForeign)) {
+    return Verdict::kLost;
+  }
   if (end.paper.whole > 1 || end.paper.other > 0 || end.paper.mixed > 0) {
     return MoreWasChosen(end) ? Verdict::kTwiceByChoice : Verdict::kTwice;
   }
   return end.file == FileEnd::kHistoric ? Verdict::kFine : Verdict::kInDoubt;
+}
+
+Verdict AskedOn(const TicketEnd& end, WayOfWorking way) {
+  if (way == WayOfWorking::kContract) return Verdict::kAsksOn;
+  // Questions excuse neither a second receipt nor a file that was put away too soon.
+  const Verdict verdict = VerdictOf(end, way);
+  const bool waits = end.paper.whole == 0 && end.file == FileEnd::kWaiting;
+  return IsForbidden(verdict) && !waits ? verdict : Verdict::kAsksOn;
 }
 
 const std::vector<Rule>& Rules() {
@@ -94,7 +122,8 @@ const std::vector<Rule>& Rules() {
       {"A ticket found in the in-process folder at the start is printed from its first line: nothing on the "
        "disk tells how far it had come.",
        [](const TicketStep&, const StepFault& fault, const TicketEnd& end) {
-         return fault.meanwhile == EventKind::kPowerFails && end.verdict == Verdict::kTwice;
+         const bool cut = fault.meanwhile == EventKind::kPowerFails || !fault.cuts.empty();
+         return cut && end.verdict == Verdict::kTwice;
        }},
       {"The reply to a closure or a report is not examined: a failure stands in the error log alone.",
        [](const TicketStep& step, const StepFault&, const TicketEnd& end) {

@@ -13,8 +13,12 @@ std::vector<std::string> ErrorLines(const RehearsalOutcome& outcome);
 
 bool IsForbidden(Verdict verdict);
 
-/// The verdict on `end`, from its answers, paper and file.
-Verdict VerdictOf(const TicketEnd& end);
+/// The verdict on `end`, from its answers, paper and file. With kAskInDoubt an answer explains only what it
+/// asks for.
+Verdict VerdictOf(const TicketEnd& end, WayOfWorking way = WayOfWorking::kContract);
+
+/// The verdict on an `end` in which the operator lost patience.
+Verdict AskedOn(const TicketEnd& end, WayOfWorking way);
 
 /// A required behaviour that may nevertheless lead to a forbidden end.
 struct Rule {

@@ -11,6 +11,8 @@
 #include "lab/table/failure_table.h"
 #include "lab/table/play_cases.h"
 #include "lab/table/table_rows.h"
+#include "lab/table/table_wording.h"
+#include "lab/table/ticket_outcome.h"
 #include "lab/table/verdict.h"
 
 namespace orvenza::test {
@@ -30,12 +32,15 @@ std::string NameOf(const FaultCase& faultCase) {
 }
 
 /// A slow build plays fewer cases and cannot compare.
-std::vector<FaultCase> PlayAllAt(TableHour hour) {
+PlayedCases PlayAll(WayOfWorking way) {
 #ifdef ORVENZA_THINNED_TABLE
-  return PlayCases(TicketSteps(), TableExtent::kThinned, hour);
+  const TableExtent extent = TableExtent::kThinned;
 #else
-  return PlayCases(TicketSteps(), TableExtent::kWhole, hour);
+  // As in the command.
+  const TableExtent extent = way == WayOfWorking::kAskInDoubt ? TableExtent::kThinned : TableExtent::kWhole;
 #endif
+  return {PlayCases(TicketSteps(), extent, TableHour::kDay, way),
+          PlayCases(TicketSteps(), extent, TableHour::kMidnight, way)};
 }
 
 /// Closing a message counts as its "No" or "Riprova", so it must lead to the same end. When the program is
@@ -57,11 +62,26 @@ void ExpectRule(const FaultCase& faultCase, std::set<std::string>& used) {
   }
 }
 
+/// Where the operator is asked, nothing ends as nobody chose.
+void ExpectNothingForbidden(const FaultCase& faultCase) {
+  for (const TicketEnd& end : faultCase.ends) {
+    EXPECT_FALSE(IsForbidden(end.verdict)) << NameOf(faultCase) << ", " << AnswerText(end.answers);
+  }
+}
+
+void ExpectTrueClaims(const FaultCase& faultCase) {
+  for (std::size_t i = 0; i < faultCase.ends.size(); ++i) {
+    const TicketEnd& end = faultCase.ends[i];
+    EXPECT_TRUE(IsTrue(faultCase.claims.at(i), end.paper))
+        << NameOf(faultCase) << ", " << AnswerText(end.answers) << ": " << NameOf(faultCase.claims[i]);
+  }
+}
+
 TEST(FailureTableDocument, SaysHowThingsEnd) {
   const std::string document = Document();
-  const std::vector<FaultCase> byDay = PlayAllAt(TableHour::kDay);
-  const std::vector<FaultCase> atMidnight = PlayAllAt(TableHour::kMidnight);
-  const auto placed = PlaceTable(document, FailureTable(byDay, atMidnight));
+  const PlayedCases contract = PlayAll(WayOfWorking::kContract);
+  const PlayedCases asking = PlayAll(WayOfWorking::kAskInDoubt);
+  const auto placed = PlaceTable(document, FailureTable(contract, asking));
   ASSERT_TRUE(placed);
 #ifndef ORVENZA_THINNED_TABLE
   EXPECT_TRUE(*placed == document)
@@ -69,11 +89,17 @@ TEST(FailureTableDocument, SaysHowThingsEnd) {
       << ORVENZA_FAILURE_TABLE << ", and read the difference.";
 #endif
   std::set<std::string> used;
-  for (const auto* cases : {&byDay, &atMidnight}) {
+  for (const auto* cases : {&contract.byDay, &contract.atMidnight}) {
     for (const FaultCase& faultCase : *cases) {
       ExpectRule(faultCase, used);
       ExpectOneEndForEachSeriesOfAnswers(faultCase);
     }
+  }
+  for (const auto* cases : {&asking.byDay, &asking.atMidnight}) {
+    for (const FaultCase& faultCase : *cases) ExpectNothingForbidden(faultCase);
+  }
+  for (const auto* cases : {&contract.byDay, &contract.atMidnight, &asking.byDay, &asking.atMidnight}) {
+    for (const FaultCase& faultCase : *cases) ExpectTrueClaims(faultCase);
   }
   for (const Rule& rule : Rules()) EXPECT_EQ(used.count(rule.reason), 1u) << rule.reason;
 }

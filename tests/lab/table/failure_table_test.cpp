@@ -25,7 +25,7 @@ FaultCase At(const std::string& step, StepFault fault, std::vector<TicketEnd> en
 
 /// The table's rows, without those before the first section.
 std::string Sections(const std::vector<FaultCase>& cases) {
-  const std::string table = FailureTable(cases);
+  const std::string table = FailureTable({cases});
   return table.substr(table.find("### "));
 }
 
@@ -59,13 +59,30 @@ TEST(FailureTable, ShowsWhatEndsOtherwiseAtMidnight) {
   const TicketEnd hangs = End({}, {}, Verdict::kHang);
   const std::vector<FaultCase> byDay{At("item", Fault("a"), {kGood}), At("item", Fault("b"), {kGood})};
   const std::vector<FaultCase> atMidnight{At("item", Fault("a"), {kGood}), At("item", Fault("b"), {hangs})};
-  const std::string table = FailureTable(byDay, atMidnight);
+  const std::string table = FailureTable({byDay, atMidnight});
   EXPECT_TRUE(
       table.starts_with("| End | Ways by day | Ways at 23:59:50 |\n|---|---|---|\n| fine | 2 | 1 |\n"));
   EXPECT_NE(table.find("| all | 2 | 2 |\n"), std::string::npos);
   EXPECT_EQ(table.substr(table.find("### ")),
             "### Item" + kHead + "| a, b | none | 1 whole | historic | fine |  |\n\n### At 23:59:50: item" +
                 kHead + "| b | none | nothing | historic | **hangs**, no rule |  |\n");
+}
+
+TEST(FailureTable, ShowsOfTheOtherWayOnlyWhatEndsOtherwise) {
+  const TicketEnd asked = End({Answer::kReprint}, kOnce, Verdict::kFine, {"B"});
+  const TicketEnd lost = End({}, {}, Verdict::kLost, {"C"});
+  const std::vector<FaultCase> contract{At("item", Fault("a"), {kGood}), At("item", Fault("b"), {lost})};
+  const std::vector<FaultCase> asking{At("item", Fault("a"), {kGood}), At("item", Fault("b"), {asked})};
+  const std::string table = FailureTable({contract, contract}, {asking, asking});
+  EXPECT_TRUE(table.starts_with(
+      "| End | Contract by day | Contract at 23:59:50 | AskInDoubt by day | AskInDoubt at 23:59:50 |\n"
+      "|---|---|---|---|---|\n| fine | 1 | 1 | 2 | 2 |\n"));
+  EXPECT_NE(table.find("| a | C |\n| b | B |\n"), std::string::npos);
+  EXPECT_EQ(table.substr(table.find("### ")),
+            "### Item" + kHead +
+                "| a | none | 1 whole | historic | fine |  |\n"
+                "| b | none | nothing | historic | **lost**, no rule | a |\n\n### AskInDoubt: item" +
+                kHead + "| b | Ristampare | 1 whole | historic | fine | b |\n");
 }
 
 TEST(FailureTable, TakesALineForEachEnd) {
@@ -82,7 +99,7 @@ TEST(FailureTable, HasLettersFor26Lines) {
   Log lines;
   for (char c = 'A'; c <= 'Z'; ++c) lines.emplace_back(1U, c);
   const auto table = [&] {
-    return FailureTable({At("item", Fault("a"), {End({}, kOnce, Verdict::kFine, lines)})});
+    return FailureTable({{At("item", Fault("a"), {End({}, kOnce, Verdict::kFine, lines)})}});
   };
   EXPECT_NE(table().find("\n| z | Z |\n"), std::string::npos);
   lines.emplace_back("a");
@@ -120,9 +137,9 @@ TEST(FailureTable, DoesNotCountSlipsInPartWhereItAsksOn) {
 }
 
 TEST(FailureTable, BeginsWithTheNumberOfEachEnd) {
-  const std::string table = FailureTable({At("item", Fault("a"), {kGood, kGood})});
+  const std::string table = FailureTable({{At("item", Fault("a"), {kGood, kGood})}});
   EXPECT_TRUE(table.starts_with("| End | Ways |\n|---|---|\n| fine | 2 |\n| printed, but given up | 0 |\n"));
-  EXPECT_NE(table.find("| all | 2 |\n\nRules:\n\n1. "), std::string::npos);
+  EXPECT_NE(table.find("| all | 2 |\n\nRules of the contract:\n\n1. "), std::string::npos);
 }
 
 TEST(TableRows, LeaveOutWhatIsSaidAboutThePort) {

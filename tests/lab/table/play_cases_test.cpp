@@ -134,6 +134,44 @@ TEST(PlayCase, WaitsAtMidnightUntilAReplyOrTheEndOfTheProgram) {
   EXPECT_EQ(ended.ends[1].verdict, Verdict::kInDoubt);
 }
 
+TEST(PlayCase, PlaysTheWayInWhichTheOperatorIsAsked) {
+  const FaultCase item =
+      PlayCase(kItem, Fault("silence"), 0, TableHour::kMidnight, WayOfWorking::kAskInDoubt);
+  EXPECT_EQ(item.ends.at(0).answers, std::vector<Answer>{Answer::kGiveUp});
+  EXPECT_EQ(item.ends.at(0).verdict, Verdict::kLostByChoice);
+  const FaultCase cut = PlayCase(kPayment, FaultWhile("lose-reply", EventKind::kPowerFails), 1,
+                                 TableHour::kDay, WayOfWorking::kAskInDoubt);
+  const auto printed = std::find_if(cut.ends.begin(), cut.ends.end(), [](const TicketEnd& end) {
+    return end.answers == std::vector<Answer>{Answer::kPrinted};
+  });
+  ASSERT_NE(printed, cut.ends.end());
+  EXPECT_EQ(printed->verdict, Verdict::kFine);
+  EXPECT_EQ(printed->reason, "");
+}
+
+TEST(PlayCase, CutsThePowerAtACommand) {
+  using When = PowerCut::When;
+  StepFault fault{"cut", {}, false, {}, {}, {{When::kBeforeCommand, "1036", 1}}};
+  const FaultCase before = PlayCase(kPayment, fault, 0);
+  ASSERT_EQ(before.ends.size(), 1u);
+  EXPECT_EQ(before.ends[0].paper, (CustomerPaper{1, 0, 0, 0, 1, false}));
+  fault.cuts[0].when = When::kAfterReply;
+  const FaultCase after = PlayCase(kPayment, fault, 0);
+  ASSERT_EQ(after.ends.size(), 1u);
+  EXPECT_EQ(after.ends[0].verdict, Verdict::kTwice);
+}
+
+TEST(PlayCase, CutsThePowerWhereTheFileIsMoved) {
+  const TicketStep filing{"filing", kItem.scenario, {}, 1, true};
+  StepFault fault{"cut", {}, false, {}, {}, {{PowerCut::When::kAfterChange, {}, 0}}};
+  const FaultCase before = PlayCase(filing, fault, 0);
+  EXPECT_EQ(before.ends.at(0).verdict, Verdict::kTwice);
+  fault.cuts[0].number = 1;
+  const FaultCase after = PlayCase(filing, fault, 0);
+  EXPECT_EQ(after.ends.at(0).verdict, Verdict::kFine);
+  EXPECT_EQ(after.ends.at(0).paper, (CustomerPaper{1, 0, 0, 0, 0, false}));
+}
+
 TEST(PlayCase, RefusesAStepThatIsNeverReached) {
   const TicketStep never{"never", kItem.scenario, "1036", 2};
   try {

@@ -26,7 +26,8 @@ TEST(TableCommand, WritesToTheOutput) {
   TableLab lab;
   EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "cash movement"}), 0);
   const std::string table = lab.out.str();
-  EXPECT_TRUE(table.starts_with("| End | Ways by day | Ways at 23:59:50 |\n"));
+  EXPECT_TRUE(table.starts_with(
+      "| End | Contract by day | Contract at 23:59:50 | AskInDoubt by day | AskInDoubt at 23:59:50 |\n"));
   EXPECT_NE(table.find("\n### Cash movement\n"), std::string::npos);
   EXPECT_EQ(table.find("payment"), std::string::npos);
   EXPECT_NE(table.find("ERR08"), std::string::npos);
@@ -97,6 +98,26 @@ TEST(TableCommand, LeavesAFileAloneThatHasNoPlaceForATable) {
   EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "cash movement", "--output", "C:\\notes.md"}), 2);
   EXPECT_EQ(lab.err.str(), "orvenza-lab table: C:\\notes.md exists and has no marker lines for a table\n");
   EXPECT_EQ(ReadWhole(lab.files, "C:\\notes.md"), "My notes.\n");
+}
+
+TEST(TableCommand, PlaysPairs) {
+  TableLab lab;
+  EXPECT_EQ(lab.Run({"table", "--pairs", "20", "--seed", "3"}), 0);
+  const std::string first = lab.out.str();
+  EXPECT_TRUE(first.starts_with("| End | Pairs |\n|---|---|\n| fine | ")) << first;
+  EXPECT_TRUE(first.ends_with("| all | 20 |\n\nEnds that nobody chose: 0\n")) << first;
+  lab.out.str({});
+  EXPECT_EQ(lab.Run({"table", "--pairs", "20", "--seed", "3"}), 0);
+  EXPECT_EQ(lab.out.str(), first);
+}
+
+TEST(TableCommand, WantsNumbersForPairs) {
+  TableLab lab;
+  EXPECT_EQ(lab.Run({"table", "--pairs", "many"}), 2);
+  EXPECT_EQ(lab.Run({"table", "--seed", "3"}), 2);
+  EXPECT_EQ(lab.err.str(),
+            "orvenza-lab table: 'many' is not a number\nSee 'orvenza-lab table --help'.\n"
+            "orvenza-lab table: --seed needs --pairs\nSee 'orvenza-lab table --help'.\n");
 }
 
 TEST(TableCommand, HasAHelpPageForATerminal) {

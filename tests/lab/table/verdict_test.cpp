@@ -48,6 +48,36 @@ TEST(TicketVerdict, KnowsWhoseChoiceASecondReceiptIs) {
   EXPECT_EQ(VerdictOf(End({}, 1, 1, FileEnd::kHistoric)), Verdict::kTwice);
 }
 
+TEST(TicketVerdict, TakesOnlyAnAnswerThatAskedForTheLossWhereTheOperatorIsAsked) {
+  constexpr WayOfWorking kAsk = WayOfWorking::kAskInDoubt;
+  EXPECT_EQ(VerdictOf(End({Answer::kGiveUp}, 0, 0, FileEnd::kAbort), kAsk), Verdict::kLostByChoice);
+  EXPECT_EQ(VerdictOf(End({Answer::kPrinted}, 0, 0, FileEnd::kHistoric), kAsk), Verdict::kLostByChoice);
+  EXPECT_EQ(VerdictOf(End({Answer::kGiveUp}, 0, 0, FileEnd::kHistoric), kAsk), Verdict::kLost);
+  EXPECT_EQ(VerdictOf(End({Answer::kPrinted}, 0, 0, FileEnd::kAbort), kAsk), Verdict::kLost);
+  for (const Answer answer :
+       {Answer::kNoChoice, Answer::kCloseReceipt, Answer::kKeepForeign, Answer::kEndProgram}) {
+    EXPECT_EQ(VerdictOf(End({answer}, 0, 0, FileEnd::kAbort), kAsk), Verdict::kLost);
+  }
+}
+
+TEST(TicketVerdict, LosesAReceiptKeyedInByHandUnlessItsVoidWasChosen) {
+  TicketEnd end = End({}, 1, 0, FileEnd::kHistoric);
+  end.paper.keyedInVoided = 1;
+  EXPECT_EQ(VerdictOf(end, WayOfWorking::kAskInDoubt), Verdict::kLost);
+  EXPECT_EQ(VerdictOf(end, WayOfWorking::kContract), Verdict::kFine);
+  end.answers = {Answer::kVoidForeign};
+  EXPECT_EQ(VerdictOf(end, WayOfWorking::kAskInDoubt), Verdict::kFine);
+}
+
+TEST(TicketVerdict, QuestionsExcuseOnlyATicketThatStillWaits) {
+  constexpr WayOfWorking kAsk = WayOfWorking::kAskInDoubt;
+  EXPECT_EQ(AskedOn(End({}, 0, 0, FileEnd::kWaiting), kAsk), Verdict::kAsksOn);
+  EXPECT_EQ(AskedOn(End({}, 1, 0, FileEnd::kWaiting), kAsk), Verdict::kAsksOn);
+  EXPECT_EQ(AskedOn(End({}, 0, 0, FileEnd::kHistoric), kAsk), Verdict::kLost);
+  EXPECT_EQ(AskedOn(End({}, 2, 0, FileEnd::kWaiting), kAsk), Verdict::kTwice);
+  EXPECT_EQ(AskedOn(End({}, 2, 0, FileEnd::kWaiting), WayOfWorking::kContract), Verdict::kAsksOn);
+}
+
 TEST(TicketVerdict, AReceiptWithAnEarlierTicketsLinesIsOneTooMany) {
   TicketEnd end = End({}, 1, 0, FileEnd::kHistoric);
   end.paper.mixed = 1;
@@ -72,10 +102,15 @@ TEST(TicketVerdict, TakesEachLineOfTheErrorLogOnceAndWithoutWhatVaries) {
       "16/11/2026 09:00:02 - ECR Error : \r\n"
       "16/11/2026 09:00:03 - Carta Giornale Esaurita !\r\n"
       "16/11/2026 09:00:04 - Riga non valida : 1;PANE\r\n"
+      "16/11/2026 09:00:04 - Scontrino delle 09:00, totale 1,50 : a.txt La stampa è stata interrotta. "
+      "Controllare la carta : è stato stampato tutto ?\r\n"
+      "16/11/2026 09:00:04 - Attenzione ! Carta Giornale Esaurita ! Ripristinare la carta e confermare\r\n"
       "16/11/2026 09:00:05 - Abort stampa scontrino. C:\\Orvenza\\data\\inproces\\1.txt\r\n";
   EXPECT_EQ(ErrorLines(outcome),
-            (std::vector<std::string>{"ECR Error : ...", "11-Sequenza Errata", "Carta ... Esaurita !",
-                                      "Riga non valida : ...", "Abort stampa scontrino. ..."}));
+            (std::vector<std::string>{
+                "ECR Error : ...", "11-Sequenza Errata", "Carta ... Esaurita !", "Riga non valida : ...",
+                "... La stampa è stata interrotta. Controllare la carta : è stato stampato tutto ?",
+                "Attenzione ! Carta ... Esaurita ! ...", "Abort stampa scontrino. ..."}));
   EXPECT_EQ(ErrorLines({}), std::vector<std::string>{});
 }
 
