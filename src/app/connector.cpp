@@ -177,7 +177,8 @@ void Connector::RecallEvidence() {
     witnesses_.Add(outcomes_);
   }
   witnesses_.Add(evidence_);
-  evidence_.Recall(leftovers);
+  const auto gone = evidence_.Recall(leftovers);
+  if (gone && !settings_.OutcomesFolder.empty()) outcomes_.Finish(*gone);
   cash_.ReceiptIsOurs = evidence_.ReceiptMayBeOurs();
 }
 

@@ -141,20 +141,22 @@ Standing StandingOf(const EvidenceRecord& record, const TicketFacts& ticket) {
 Evidence::Evidence(Files& files, Logs& logs, const std::string& programFolder)
     : files_(files), logs_(logs), path_(EvidencePath(programFolder)) {}
 
-void Evidence::Recall(std::optional<std::set<std::string>> leftovers) {
+std::optional<TicketFacts> Evidence::Recall(const std::optional<std::set<std::string>>& leftovers) {
   std::optional<EvidenceRecord> found;
   logs_.Attempt(kLabel, [&] {
     if (files_.Exists(path_)) found = ParseEvidence(ReadWhole(files_, path_));
   });
-  if (found) {
-    record_ = *found;
-    if (!leftovers) return;
-    if (!leftovers->contains(record_.ticket.name)) record_.standing.reset();
-    std::erase_if(record_.unknown, [&](const std::string& name) { return !leftovers->contains(name); });
-    return;
+  if (!found) {
+    record_.unknown = leftovers.value_or(std::set<std::string>());
+    if (!record_.unknown.empty()) logs_.WrErr(own_text::kNoEvidence);
+    return std::nullopt;
   }
-  record_.unknown = std::move(leftovers).value_or(std::set<std::string>());
-  if (!record_.unknown.empty()) logs_.WrErr(own_text::kNoEvidence);
+  record_ = *found;
+  if (!leftovers) return std::nullopt;
+  std::erase_if(record_.unknown, [&](const std::string& name) { return !leftovers->contains(name); });
+  if (!record_.standing || leftovers->contains(record_.ticket.name)) return std::nullopt;
+  record_.standing.reset();
+  return record_.ticket;
 }
 
 void Evidence::Discard() {

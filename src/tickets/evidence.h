@@ -59,7 +59,8 @@ class Evidence : public TicketWitness {
   /// Reads what the last run left behind. `leftovers` are the names of the files that were found in the
   /// in-process folder; without evidence their state is unknown. A ticket that is not among them has been
   /// moved; if they could not be listed, that is unknown, too.
-  void Recall(std::optional<std::set<std::string>> leftovers);
+  /// Returns the ticket that was being printed if it has gone from there; otherwise nothing.
+  std::optional<TicketFacts> Recall(const std::optional<std::set<std::string>>& leftovers);
 
   /// Removes the file, because from now on nobody keeps it up to date.
   void Discard();

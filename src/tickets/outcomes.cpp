@@ -34,6 +34,16 @@ void Outcomes::Open(const std::string& folder, std::set<std::string> leftovers) 
   files_.Open(folder);
 }
 
+void Outcomes::Finish(const TicketFacts& ticket) {
+  bool unreadable = false;
+  const auto file = files_.FindStarted(ticket.name, ticket.text, unreadable);
+  if (file == nullptr) return;
+  file->outcome.done = true;
+  file->outcome.reason = OutcomeReason::kInterrupted;
+  file->outcome.ended = Time();
+  files_.Save(file);
+}
+
 /// The ticket, whose outcome may have been begun earlier in this run or, for a leftover, in another one.
 Outcomes::OpenTicket& Outcomes::Open(const std::string& name, const Fingerprint& text) {
   const auto known = open_.find(name);

@@ -29,6 +29,10 @@ class Outcomes : public TicketWitness {
   /// in-process folder: their outcomes are continued.
   void Open(const std::string& folder, std::set<std::string> leftovers);
 
+  /// Ends the outcome of a ticket that an earlier run has moved, or somebody else has removed, before its
+  /// outcome said so. Where it lies is unknown.
+  void Finish(const TicketFacts& ticket);
+
   /// See OutcomeFiles.
   void SaveLate() { files_.SaveLate(); }
 

@@ -190,7 +190,7 @@ TEST_P(OutcomesTest, ClaimNothingAboutALeftoverWithoutAnyTrace) {
   EXPECT_EQ(Said(), "done doubtful interrupted 2");
 }
 
-TEST_P(OutcomesTest, LeaveTheStartedOutcomeOfATicketThatIsNowhere) {
+TEST_P(OutcomesTest, EndTheStartedOutcomeOfATicketThatIsNowhere) {
   Open();
   shop->Drop("0042.txt", kReceipt);
   CutPowerAtWrite("0042.txt.ini", 2);
@@ -199,8 +199,19 @@ TEST_P(OutcomesTest, LeaveTheStartedOutcomeOfATicketThatIsNowhere) {
   if (GetParam()) shop->Answer("S\xC3\xAC");  // nobody knows whose receipt is open
   shop->Answer("Ok");                         // it is voided
   shop->Run();
-  EXPECT_EQ(Said(), "started no  1");
+  EXPECT_EQ(Said(), "done no interrupted 1");
   EXPECT_EQ(Value("0042.txt.1.ini", "State"), "done");
+}
+
+TEST_P(OutcomesTest, EndTheOutcomeOfATicketThatWasArchivedBeforeAPowerCut) {
+  Open();
+  shop->Drop("0042.txt", kReceipt);
+  CutPowerAtWrite("0042.txt.ini", 3);
+  EXPECT_EQ(Said(), "started doubtful  1");
+  EXPECT_EQ(shop->Names("storico"), Lines{"1.txt"});
+  shop->Run();
+  EXPECT_EQ(Said(), "done doubtful interrupted 1");
+  EXPECT_EQ(Value("0042.txt.ini", "Filed"), "");
 }
 
 TEST_P(OutcomesTest, DoNotContinueThatOfAnotherText) {
