@@ -7,6 +7,7 @@
 #include <limits>
 #include <map>
 #include <optional>
+#include <span>
 #include <utility>
 
 #include "simulator/script_line.h"
@@ -70,8 +71,7 @@ class Writer {
     Line(key, std::to_string(number));
   }
 
-  template <std::size_t kCount>
-  void Choice(std::string_view key, std::size_t& chosen, const std::array<std::string_view, kCount>& names) {
+  void Choice(std::string_view key, std::size_t& chosen, std::span<const std::string_view> names) {
     Line(key, names[chosen]);
   }
 
@@ -109,11 +109,10 @@ class Reader {
     Pass();
   }
 
-  template <std::size_t kCount>
-  void Choice(std::string_view key, std::size_t& chosen, const std::array<std::string_view, kCount>& names) {
+  void Choice(std::string_view key, std::size_t& chosen, std::span<const std::string_view> names) {
     const std::string_view value = Value(key);
-    for (chosen = 0; chosen < kCount && names[chosen] != value;) ++chosen;
-    if (chosen == kCount) Refuse(key);
+    for (chosen = 0; chosen < names.size() && names[chosen] != value;) ++chosen;
+    if (chosen == names.size()) Refuse(key);
     Pass();
   }
 
