@@ -29,7 +29,7 @@ inline constexpr const char* kArchivedLate = "Scontrino già stampato, archiviat
 
 // Dialogs, with their lines in the error log.
 inline constexpr const char* kForeignReceipt = "Alla cassa risulta aperto un altro scontrino.";
-inline constexpr const char* kVoidForeignReceipt = "Annullarlo ? ( No : prima va chiuso alla cassa )";
+inline constexpr const char* kForeignClosed = "È stato chiuso alla cassa ? ( No : viene annullato )";
 inline constexpr const char* kCheckPaper = "Controllare la carta : è stato stampato tutto ?";
 inline constexpr const char* kInterrupted = "La stampa è stata interrotta.";
 inline constexpr const char* kReceiptOf = "Scontrino delle";

@@ -157,13 +157,13 @@ bool CashDialogues::CloseReceiptLeftOpen() {
 bool CashDialogues::MayVoid() {
   if (ReceiptIsOurs || Policy().voidsForeignReceipts) return true;
   loop_.CheckEnd();
-  const std::string question =
-      own_text::kForeignReceipt + std::string(kLineBreak) + own_text::kVoidForeignReceipt;
+  const std::string question = own_text::kForeignReceipt + std::string(kLineBreak) + own_text::kForeignClosed;
   logs_.WrErr(own_text::kForeignReceipt);
-  const MessageStyle style{MessageIcon::kQuestion, MessageButtons::kYesNo, DefaultButton::kSecond};
-  // Once the operator has agreed, the receipt is as good as ours.
+  const MessageStyle style{MessageIcon::kQuestion, MessageButtons::kYesNo};
+  // The first button has the focus, so Enter voids nothing. A receipt that is to be voided is as good as
+  // ours.
   ReceiptIsOurs =
-      messages_.ShowOperatorMessage(question, style, LoadMessage(MessageId::kWarning)) == MessageResult::kYes;
+      messages_.ShowOperatorMessage(question, style, LoadMessage(MessageId::kWarning)) == MessageResult::kNo;
   return ReceiptIsOurs;
 }
 

@@ -203,7 +203,10 @@ void Evidence::Replied(const SentCommand& command, const Reply& reply, const Doc
   Save();
 }
 
-void Evidence::Decided(Decision) {}
+void Evidence::Decided(Decision decision) {
+  const bool underWay = record_.standing && record_.standing->state == Standing::State::kUnderWay;
+  if (decision == Decision::kPrinted && underWay) record_.receiptOpen = false;
+}
 
 void Evidence::Ended(PrintEnd end) {
   if (end != PrintEnd::kGivenUp || !record_.standing) return;

@@ -44,13 +44,18 @@ LineSender::LineSender(DeviceLink& link, const AppSettings& settings, CashDialog
       translator_(translator),
       logs_(logs),
       witness_(witness) {
-  recovery_.OnDecided = [this](Decision decision) { witness_.Decided(decision); };
+  recovery_.OnDecided = [this](Decision decision) {
+    // What is open although the receipt is complete is another one.
+    if (decision == Decision::kPrinted && completes_) cash_.ReceiptIsOurs = false;
+    witness_.Decided(decision);
+  };
   cash_.OnClosedAutomatically = [this] { witness_.ClosedAutomatically(); };
 }
 
 void LineSender::Begin(const DocumentProgress& progress) {
   progress_ = progress;
   ifEnded_ = Next::kLeave;
+  completes_ = false;
 }
 
 Next LineSender::Send(const TicketLine& line, const RecordFields& fields) {
@@ -123,6 +128,7 @@ Next LineSender::SendLongRunning(const TicketLine& line, const RecordFields& fie
 
 Reply LineSender::Transmit(const TicketLine& line, const RecordFields& fields, const SentCommand& sent,
                            bool isLong) {
+  completes_ = sent.completes;
   witness_.Sending(sent);
   cash_.ReceiptIsOurs = cash_.ReceiptIsOurs || sent.opens;
   const Reply reply = isLong ? link_.TransmitLong(sent.command) : link_.Transmit(sent.command);

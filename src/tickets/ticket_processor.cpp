@@ -166,7 +166,11 @@ Decision TicketProcessor::AskAbout(const TicketFacts& ticket, const std::string&
                                    std::size_t last) {
   const std::string heading =
       DescribeTicket(ticket.stamp, text, skipped, last, settings_.SeparatorChar) + " : " + ticket.name;
-  return recovery_.AskInDoubt(heading, std::string(own_text::kInterrupted) + " " + own_text::kCheckPaper);
+  const Decision decision =
+      recovery_.AskInDoubt(heading, std::string(own_text::kInterrupted) + " " + own_text::kCheckPaper);
+  // What is open although that is complete is another one.
+  if (decision == Decision::kPrinted) cash_.ReceiptIsOurs = false;
+  return decision;
 }
 
 /// The file may have been corrected while the operator was asked. What is printed stays as it is.

@@ -18,9 +18,8 @@ const char* const kPrinted = "Scontrino stampato, continuare";
 const char* const kReprint = "Ristampare lo scontrino ( annullare automaticamente )";
 const char* const kAbort = "Abortire la stampa dello scontrino";
 const std::string kForeign =
-    "message \"Orvenza - Attenzione !\" \"Alla cassa risulta aperto un altro scontrino.\\r\\nAnnullarlo ? ( "
-    "No : "
-    "prima va chiuso alla cassa )\" [Sì|No] <- ";
+    "message \"Orvenza - Attenzione !\" \"Alla cassa risulta aperto un altro scontrino.\\r\\n"
+    "È stato chiuso alla cassa ? ( No : viene annullato )\" [Sì|No] <- ";
 
 class AskInDoubtTest : public DeviceBench {
  protected:
@@ -126,16 +125,17 @@ TEST_F(VoidInDoubt, ASilentVoidIsRepeated) {
   EXPECT_EQ(Sent(), (Lines{"102800", "102800", "102800"}));
 }
 
-TEST_F(VoidInDoubt, AForeignReceiptIsVoidedOnlyAfterAYes) {
-  Replies({"ERR17", "ERR17", "1028", "3217"});
-  Answer("No", "Sì");
+TEST_F(VoidInDoubt, AForeignReceiptIsVoidedOnlyAfterANo) {
+  Replies({"ERR17", "ERR17", "ERR17", "1028", "3217"});
+  Answer("Sì", "close", "No");
   EXPECT_TRUE(cash.CloseReceiptLeftOpen());
-  EXPECT_EQ(Sent(), (Lines{"321701", "321701", "102800", "321701"}));
-  EXPECT_EQ(Shown(), (Lines{kForeign + "No", kForeign + "Sì"}));
-  EXPECT_EQ(Errors(),
-            (Lines{"Alla cassa risulta aperto un altro scontrino.",
-                   "Alla cassa risulta aperto un altro scontrino.", "Annullamento scontrino in corso"}));
-  // The yes was about that receipt only.
+  EXPECT_EQ(Sent(), (Lines{"321701", "321701", "321701", "102800", "321701"}));
+  EXPECT_EQ(Shown(), (Lines{kForeign + "Sì", kForeign + "close", kForeign + "No"}));
+  EXPECT_EQ(
+      Errors(),
+      (Lines{"Alla cassa risulta aperto un altro scontrino.", "Alla cassa risulta aperto un altro scontrino.",
+             "Alla cassa risulta aperto un altro scontrino.", "Annullamento scontrino in corso"}));
+  // The answer was about that receipt only.
   EXPECT_FALSE(cash.ReceiptIsOurs);
 }
 
@@ -220,7 +220,7 @@ TEST_F(LogoInDoubt, ARowIsStoredOnlyWithItsOwnReply) {
 
 TEST_F(QueriesInDoubt, AForeignReceiptAtTheStartIsAskedAbout) {
   Replies({"ERR17", "ERR17", "1028", "3217"});
-  Answer("No", "Sì", "Ok");
+  Answer("Sì", "No", "Ok");
   EXPECT_EQ(queries.StatusQuery(Asking::kAttended), "3217");
   EXPECT_EQ(Sent(), (Lines{"321700", "321700", "102800", "321700"}));
   EXPECT_FALSE(cash.ReceiptIsOurs);

@@ -25,7 +25,7 @@ TEST(OperatorManual, QuotesTheQuestionsInDoubtToTheLetter) {
       LoadMessage(MessageId::kPaperOut),
       checkPaper,
       own_text::kForeignReceipt,
-      own_text::kVoidForeignReceipt,
+      own_text::kForeignClosed,
       std::string(own_text::kReceiptOf) + " 10:32, " + own_text::kTotal + " 12,50 : 0042.txt",
       own_text::kInterrupted + (" " + checkPaper),
   };

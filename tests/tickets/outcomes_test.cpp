@@ -196,8 +196,8 @@ TEST_P(OutcomesTest, EndTheStartedOutcomeOfATicketThatIsNowhere) {
   CutPowerAtWrite("0042.txt.ini", 2);
   shop->folder.Remove("data\\inproces\\0042.txt");
   shop->Drop("0042.txt", kOther);
-  if (GetParam()) shop->Answer("S\xC3\xAC");  // nobody knows whose receipt is open
-  shop->Answer("Ok");                         // it is voided
+  if (GetParam()) shop->Answer("No");  // nobody knows whose receipt is open
+  shop->Answer("Ok");                  // it is voided
   shop->Run();
   EXPECT_EQ(Said(), "done no interrupted 1");
   EXPECT_EQ(Value("0042.txt.1.ini", "State"), "done");

@@ -110,10 +110,10 @@ TEST(Doubt, AReceiptKeyedInAtTheRegisterIsNotVoidedUnasked) {
   const HWND form = till.Form(window_class::kOrvMsg, kAttention);
   EXPECT_EQ(TextOf(form, kText1),
             "Alla cassa risulta aperto un altro scontrino.\r\n"
-            "Annullarlo ? ( No : prima va chiuso alla cassa )");
+            "È stato chiuso alla cassa ? ( No : viene annullato )");
   EXPECT_EQ(TextOf(form, kCommand0 + 1), "Sì");
   EXPECT_EQ(TextOf(form, kCommand0 + 2), "No");
-  Click(form, kCommand0 + 2);
+  Click(form, kCommand0 + 1);
   till.AwaitArchived("1.txt", kTicket);
   EXPECT_EQ(shop.Journal("Err.txt"), Lines{own_text::kForeignReceipt});
 }

@@ -35,8 +35,8 @@ std::vector<CaseReply> RepliesTo(const ShownDialog& dialog) {
     return {{buttons[1], Answer::kStay}, {buttons[0], Answer::kEndProgram}};
   }
   if (dialog.text.find(own_text::kForeignReceipt) != std::string::npos) {
-    return {{buttons[0], Answer::kVoidForeign},
-            {buttons[1], Answer::kKeepForeign},
+    return {{buttons[1], Answer::kVoidForeign},
+            {buttons[0], Answer::kKeepForeign},
             {kClose, Answer::kKeepForeign}};
   }
   return {{buttons[0], Answer::kCloseReceipt},

@@ -10,11 +10,9 @@ constexpr std::size_t kShown = 10;
 /// Keeps the random numbers of one pair apart from those of the next.
 constexpr std::uint64_t kStride = 0x2545f4914f6cdd1d;
 
-/// An honest operator must see whether the receipt is there: it is one slip, and no end of the paper holds it
-/// back.
-PairOperator OperatorFor(const PairTicket& ticket, const std::string& text, Dice& dice) {
-  const bool clear = ticket.expected.size() == 1 && text.find("paper-out") == std::string::npos;
-  return clear && dice.Chance(50) ? PairOperator::kHonest : PairOperator::kAny;
+/// An honest operator must see whether the receipt is there: it is one slip.
+PairOperator OperatorFor(const PairTicket& ticket, Dice& dice) {
+  return ticket.expected.size() == 1 && dice.Chance(50) ? PairOperator::kHonest : PairOperator::kAny;
 }
 
 }  // namespace
@@ -27,7 +25,7 @@ PairsPlayed PlayPairs(std::size_t count, std::uint64_t seed,
     Dice dice(seed + kStride * i);
     const PairTicket& ticket = dice.OneOf(tickets);
     const std::string text = PairScenario(ticket, dice);
-    PairEnd end = PlayPair(ticket, text, OperatorFor(ticket, text, dice), dice);
+    PairEnd end = PlayPair(ticket, text, OperatorFor(ticket, dice), dice);
     if (progress) progress(i + 1, count);
     if (!end.judged) {
       ++played.notJudged;

@@ -19,8 +19,8 @@ std::string NameOf(Answer answer) {
     case Answer::kNoChoice: return "closed";
     case Answer::kCloseReceipt: return "Sì";
     case Answer::kLeaveReceipt: return "No";
-    case Answer::kVoidForeign: return "Annullarlo: Sì";
-    case Answer::kKeepForeign: return "Annullarlo: No";
+    case Answer::kVoidForeign: return "Chiuso: No";
+    case Answer::kKeepForeign: return "Chiuso: Sì";
     case Answer::kEndProgram: return "Esci";
     case Answer::kTryPort:
     case Answer::kLeavePort:
