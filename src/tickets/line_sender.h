@@ -90,7 +90,7 @@ class LineSender {
   DocumentProgress progress_;
   Next ifEnded_ = Next::kLeave;
   bool completes_ = false;  // the command sent last may complete something
-  bool longWait_ = false;  // the link is open with the long end-of-text timeout
+  bool longWait_ = false;   // the link is open with the long end-of-text timeout
 };
 
 }  // namespace orvenza
