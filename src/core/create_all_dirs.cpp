@@ -3,7 +3,6 @@
 namespace orvenza {
 
 void MakeAllDirs(Folders& folders, const std::string& path) {
-  if (folders.Exists(path)) return;
   const std::string whole = path.ends_with('\\') ? path : path + "\\";
   for (std::size_t end = whole.find('\\', folders.DriveOf(path).size()); end != std::string::npos;
        end = whole.find('\\', end + 1)) {
@@ -14,6 +13,7 @@ void MakeAllDirs(Folders& folders, const std::string& path) {
 
 bool CreateAllDirs(Folders& folders, Logs& logs, const std::string& path) {
   const auto create = [&] {
+    if (folders.Exists(path)) return true;
     MakeAllDirs(folders, path);
     return folders.Exists(path);
   };
