@@ -7,6 +7,8 @@
 #include <map>
 #include <set>
 #include <sstream>
+#include <string>
+#include <vector>
 
 #include "lab/table/failure_table.h"
 #include "lab/table/play_cases.h"
@@ -18,7 +20,7 @@
 namespace orvenza::test {
 namespace {
 
-std::string Document() {
+[[maybe_unused]] std::string Document() {
   std::ifstream file(ORVENZA_FAILURE_TABLE, std::ios::binary);
   std::ostringstream text;
   text << file.rdbuf();
@@ -31,17 +33,26 @@ std::string NameOf(const FaultCase& faultCase) {
   return faultCase.step.name + ", " + faultCase.fault.name + (faultCase.fault.eachTime ? " each time" : "");
 }
 
+#ifdef ORVENZA_THINNED_TABLE
 /// A slow build plays fewer cases and cannot compare.
 PlayedCases PlayAll(WayOfWorking way) {
-#ifdef ORVENZA_THINNED_TABLE
-  const TableExtent extent = TableExtent::kThinned;
+  constexpr std::size_t kStride = 4;
+  if (way == WayOfWorking::kContract) {
+    return {PlayCases(TicketSteps(), TableExtent::kThinned, TableHour::kDay, way),
+            PlayCases(TicketSteps(), TableExtent::kThinned, TableHour::kMidnight, way)};
+  }
+  std::vector<TicketStep> some;
+  for (std::size_t i = 0; i < TicketSteps().size(); i += kStride) some.push_back(TicketSteps()[i]);
+  return {PlayCases(some, TableExtent::kThinned, TableHour::kDay, way), {}};
+}
 #else
-  // As in the command.
+/// As in the command.
+PlayedCases PlayAll(WayOfWorking way) {
   const TableExtent extent = way == WayOfWorking::kAskInDoubt ? TableExtent::kThinned : TableExtent::kWhole;
-#endif
   return {PlayCases(TicketSteps(), extent, TableHour::kDay, way),
           PlayCases(TicketSteps(), extent, TableHour::kMidnight, way)};
 }
+#endif
 
 /// Closing a message counts as its "No" or "Riprova", so it must lead to the same end. When the program is
 /// ended, it matters at which dialog.
@@ -78,12 +89,12 @@ void ExpectTrueClaims(const FaultCase& faultCase) {
 }
 
 TEST(FailureTableDocument, SaysHowThingsEnd) {
-  const std::string document = Document();
   const PlayedCases contract = PlayAll(WayOfWorking::kContract);
   const PlayedCases asking = PlayAll(WayOfWorking::kAskInDoubt);
+#ifndef ORVENZA_THINNED_TABLE
+  const std::string document = Document();
   const auto placed = PlaceTable(document, FailureTable(contract, asking));
   ASSERT_TRUE(placed);
-#ifndef ORVENZA_THINNED_TABLE
   EXPECT_TRUE(*placed == document)
       << "Things end otherwise than the document says. If that is meant: orvenza-lab table --output "
       << ORVENZA_FAILURE_TABLE << ", and read the difference.";
