@@ -41,6 +41,8 @@ CashStatus CashDialogues::ReadStatus() {
       return {};
     }
     LogReply(reply);
+    // The reply may come late, and would be taken for that to a later status query.
+    if (reply.Is(Reply::Kind::kSilence) && !Policy().goesOnWithoutStatus) link_.Bounce();
     if (--tries == 0) {
       logs_.WrErr(LoadMessage(MessageId::kStatusNotRead));
       return {.receiptOpen = false, .read = false, .unread = reply};
