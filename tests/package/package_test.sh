@@ -29,8 +29,8 @@ unzip -q "$zip" -d $unpacked
 same "holds the programs, the sound and the manuals" \
   "$(cd $unpacked/Orvenza && find . -type f ! -path '*/images/*' | LC_ALL=C sort | tr '\n' ' ')" \
   "./LICENSE.txt ./Orvenza.exe ./ding.wav ./docs/bundle.md ./docs/doctor.md ./docs/failure-scenarios.md \
-./docs/failure-table.md ./docs/installation.md ./docs/manuale-operatore.md ./docs/rehearsal.md ./docs/settings.md \
-./docs/simulator.md ./docs/ticket-check.md ./docs/ticket-format.md ./orvenza-lab.exe "
+./docs/failure-table.md ./docs/installation.md ./docs/manuale-operatore.md ./docs/outcomes.md ./docs/rehearsal.md \
+./docs/settings.md ./docs/simulator.md ./docs/ticket-check.md ./docs/ticket-format.md ./docs/trace.md ./orvenza-lab.exe "
 same "holds the manuals and pictures that the manuals link to" "$(links_missing $unpacked/Orvenza/docs)" ""
 for program in Orvenza orvenza-lab; do
   check "$program needs Windows" holds <(imported $unpacked/Orvenza/$program.exe) KERNEL32.dll
