@@ -173,7 +173,10 @@ std::optional<Next> LineSender::SettleSilence(const std::string& line, const Rep
 
 Next LineSender::SettleDeviceError(const TicketLine& line, const RecordFields& fields, const Reply& reply) {
   const Decision decision = recovery_.DecodeDeviceError(reply, line.text, Choices::kOffered);
-  if (decision == Decision::kGoOn && cash_.VoidInterruptedReceipt()) return Next::kRestart;
+  // Whether a receipt is open says nothing about a closure or a cash movement.
+  const bool receiptTells = Policy().nextLineAfterPaperOut || !MayHaveCompleted(fields) ||
+                            !HasRole(fields[0], &RecordRoles::standsAlone);
+  if (decision == Decision::kGoOn && receiptTells && cash_.VoidInterruptedReceipt()) return Next::kRestart;
   const auto next = FromDecision(decision);
   if (next) return *next;
   return Policy().nextLineAfterPaperOut ? Next::kNextLine : AfterPaperOut(fields);
