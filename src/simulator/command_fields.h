@@ -51,7 +51,7 @@ class CommandFields {
   std::string_view Take(std::size_t count);
   void NoteValue(std::size_t count);
 
-  std::size_t size_;  ///< Of the command.
+  std::size_t size_;  ///< Length of the command.
   std::string_view rest_;
   bool fits_ = true;
   std::vector<Span>* values_;

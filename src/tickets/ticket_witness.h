@@ -14,7 +14,7 @@ namespace orvenza {
 
 /// A ticket that is being printed.
 struct TicketFacts {
-  std::string name;      ///< Of its file, such as "0042.txt".
+  std::string name;      ///< Name of its file, such as "0042.txt".
   std::string stamp;     ///< Its modification time, "yyyymmddhhmmss".
   std::string workFile;  ///< Path of its file in the in-process folder.
   Fingerprint text;
@@ -44,7 +44,7 @@ enum class PrintEnd {
   kLeft,     ///< The file stays, and is printed again later.
 };
 
-/// Is told what becomes of each ticket, in the order of these functions. It is never asked, so it cannot
+/// Records each step of a ticket, in the order of these functions. It is never asked, so it cannot
 /// change what is printed; it handles its own failures.
 class TicketWitness {
  public:

@@ -9,7 +9,7 @@
 namespace orvenza {
 namespace {
 
-/// Runs a member of the control, whose failures are told.
+/// Calls a member of the control and reports its failure to the trace.
 template <typename Run>
 auto Watched(FailureWatch& failures, const char* member, const Run& run) {
   const std::string attempt = std::string("use the link control: ") + member;

@@ -9,8 +9,8 @@
 
 namespace orvenza {
 
-/// A link control whose line is told to a trace, in the terms of SimulatedLink's observer. It asks the
-/// control nothing that the connector does not ask.
+/// Passes all calls on to a link control and reports the traffic to a trace, as SimulatedLink reports it to
+/// its observer. It makes no calls of its own.
 class TracedLink : public EcrLink, private EcrLinkEvents {
  public:
   TracedLink(EcrLink& link, const TraceWatches& watches) : link_(link), watches_(watches) {}

@@ -8,7 +8,8 @@
 
 namespace orvenza {
 
-/// An operator whose dialogs and answers are told to a trace, the answers in the form of ScriptedOperator.
+/// Passes all dialogs on to an operator and reports them to a trace, with the answers in the form of
+/// ScriptedOperator.
 class TracedOperator : public Operator {
  public:
   TracedOperator(Operator& person, const TraceWatches& watches) : person_(person), watches_(watches) {}

@@ -22,7 +22,7 @@ struct NamedFolder {
   std::string name;                   ///< "ticket folder".
   std::string path;                   ///< Ends in "\".
   bool isTried = true;                ///< A test file is made there.
-  Severity fault = Severity::kError;  ///< Of what is wrong with it.
+  Severity fault = Severity::kError;  ///< Severity of its findings.
 };
 
 constexpr const char* kOutcomesFolder = "outcomes folder";

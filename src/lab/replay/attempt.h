@@ -12,8 +12,8 @@ namespace orvenza {
 struct Attempt {
   std::string verb;    ///< "move", "append to", "set the clock"; all of it if it has no path.
   std::string path;    ///< As a scenario takes it; of a drive its name.
-  std::string target;  ///< Of a copy or move; otherwise empty.
-  int number = 0;      ///< Of the failure; 0 if it works.
+  std::string target;  ///< Target of a copy or move; otherwise empty.
+  int number = 0;      ///< Error number; 0 if it works.
 };
 
 Attempt ReadAttempt(const std::string& text, bool failed, const TracedSettings& settings);

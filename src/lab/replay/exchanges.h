@@ -15,7 +15,7 @@ struct Exchange {
   std::string command;               ///< In the register's encoding, with masked texts.
   std::chrono::milliseconds sent{};  ///< TracedEvent::passed.
   TraceTime wall;                    ///< What the PC's clock showed.
-  int speed = 0;                     ///< Of the line, in bits a second.
+  int speed = 0;                     ///< Speed of the line in bits per second.
   std::optional<std::string> reply;  ///< The text of the reply; empty: none came.
   int linkError = 0;                 ///< The link error in its place; 0: none.
   std::chrono::milliseconds

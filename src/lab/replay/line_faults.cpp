@@ -303,7 +303,7 @@ class StateFaults {
   std::string anchor_;        ///< "on 1036 #2": the latest command; empty where none can be named.
   bool openedSince_ = false;  ///< Since that command.
   milliseconds failedAt_{};
-  int failures_ = 0;  ///< Of opening the port, in a row.
+  int failures_ = 0;  ///< Consecutive failures to open the port.
   milliseconds begin_{};
   int count_ = 0;  ///< Checks without the register, in a row.
   int whileClosed_ = 0;

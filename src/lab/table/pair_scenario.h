@@ -11,7 +11,7 @@ namespace orvenza {
 /// A ticket at which pairs of faults strike.
 struct PairTicket {
   std::string scenario;               ///< As in TicketStep.
-  std::string content;                ///< Of its file.
+  std::string content;                ///< Content of its file.
   std::vector<Slip> expected;         ///< What it prints.
   std::vector<std::string> commands;  ///< The first four digits of what is sent for it, with repetitions.
 };
