@@ -6,6 +6,8 @@
 #include <stdexcept>
 
 #include "core/version.h"
+#include "lab/shell/completion.h"
+#include "lab/shell/man_page.h"
 
 namespace orvenza {
 namespace {
@@ -50,6 +52,11 @@ std::string Overview(const std::vector<Command>& commands) {
       "Commands:\n";
   for (const Command& command : commands) page += Row(command.name, command.summary);
   return page + "\n" + Row("help COMMAND", "describe a command; the same as COMMAND --help") +
+         Row("completion SHELL",
+             "write the script that completes command lines in SHELL,\nbash or powershell") +
+         Row("man [COMMAND]",
+             "write the man page of the lab, a command or Orvenza; to read it:\norvenza-lab man check | man "
+             "-l -") +
          Row("--version", "show the version and exit") + Row("--help", "show this page and exit");
 }
 
@@ -60,7 +67,7 @@ const Command* Find(const std::vector<Command>& commands, const std::string& nam
 }
 
 int RefuseCommand(Console& console, const std::string& name, const std::vector<Command>& commands) {
-  std::vector<std::string> names{"help"};
+  std::vector<std::string> names{"help", "completion", "man"};
   for (const Command& command : commands) names.push_back(command.name);
   return RefuseUsage(console, {},
                      name.starts_with('-')
@@ -78,6 +85,29 @@ int ShowHelp(const std::vector<std::string>& words, const std::vector<Command>& 
   if (command == nullptr && !ofHelp) return RefuseCommand(console, words.front(), commands);
   if (words.size() > 1) return RefuseUsage(console, {}, "unexpected word '" + words[1] + "'");
   console.out << (ofHelp ? Overview(commands) : HelpPage(*command));
+  return 0;
+}
+
+int WriteCompletion(const std::vector<std::string>& words, const std::vector<Command>& commands,
+                    Console& console) {
+  if (words.size() != 1 || (words.front() != "bash" && words.front() != "powershell")) {
+    return RefuseUsage(console, {}, "completion for which shell? bash or powershell");
+  }
+  console.out << (words.front() == "bash" ? BashCompletion(commands) : PowerShellCompletion(commands));
+  return 0;
+}
+
+int WriteManPage(const std::vector<std::string>& words, const std::vector<Command>& commands,
+                 Console& console) {
+  if (words.size() > 1) return RefuseUsage(console, {}, "unexpected word '" + words[1] + "'");
+  if (words.empty()) {
+    console.out << ManPage(commands);
+    return 0;
+  }
+  const Command* command = Find(commands, words.front());
+  const bool ofConnector = words.front() == "Orvenza";
+  if (command == nullptr && !ofConnector) return RefuseCommand(console, words.front(), commands);
+  console.out << (ofConnector ? ManPageOfConnector() : ManPage(*command));
   return 0;
 }
 
@@ -113,6 +143,8 @@ int Run(const std::vector<std::string>& words, const std::vector<Command>& comma
     console.out << kProgram << " " << kVersionText << "\n";
     return 0;
   }
+  if (name == "completion") return WriteCompletion(rest, commands, console);
+  if (name == "man") return WriteManPage(rest, commands, console);
   const Command* command = Find(commands, name);
   return command == nullptr ? RefuseCommand(console, name, commands)
                             : RunCommand(*command, rest, surroundings);

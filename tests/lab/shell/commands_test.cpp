@@ -94,6 +94,10 @@ TEST(Lab, ListsItsCommands) {
             "  greet                 say hello\n"
             "\n"
             "  help COMMAND          describe a command; the same as COMMAND --help\n"
+            "  completion SHELL      write the script that completes command lines in SHELL,\n"
+            "                        bash or powershell\n"
+            "  man [COMMAND]         write the man page of the lab, a command or Orvenza; to read it:\n"
+            "                        orvenza-lab man check | man -l -\n"
             "  --version             show the version and exit\n"
             "  --help                show this page and exit\n");
 }
@@ -124,6 +128,12 @@ TEST(Lab, RefusesWhatItDoesNotUnderstand) {
       {{"greet", "--lound"},
        "orvenza-lab greet: unknown option '--lound'; did you mean '--loud'?\nSee 'orvenza-lab greet "
        "--help'.\n"},
+      {{"man", "bye"}, "orvenza-lab: unknown command 'bye'\nSee 'orvenza-lab --help'.\n"},
+      {{"man", "greet", "Anna"}, "orvenza-lab: unexpected word 'Anna'\nSee 'orvenza-lab --help'.\n"},
+      {{"completion"},
+       "orvenza-lab: completion for which shell? bash or powershell\nSee 'orvenza-lab --help'.\n"},
+      {{"completion", "fish"},
+       "orvenza-lab: completion for which shell? bash or powershell\nSee 'orvenza-lab --help'.\n"},
       {{"greet"}, "orvenza-lab greet: whom?\nSee 'orvenza-lab greet --help'.\n"},
   };
   for (const auto& [words, shown] : kRefused) {
