@@ -60,16 +60,14 @@ std::size_t LinesThroughDocument(std::string_view text, std::size_t number, char
 
 std::size_t LinesThroughCommand(std::string_view text, std::size_t number, char separator) {
   RecordReader record(text, number - 1, separator);
-  const bool completes =
-      record.Next() && (record.Has(&RecordRoles::completes) || record.Has(&RecordRoles::reports));
+  const bool completes = record.Next() && MayComplete(record.Type());
   return completes ? LinesThroughDocument(text, number, separator) : number - 1;
 }
 
 std::optional<std::size_t> LinesBeforeDocument(std::string_view text, std::size_t count, char separator) {
   RecordReader record(text, count, separator);
   while (record.Next()) {
-    const bool paperless = record.Has(&RecordRoles::standsAlone) && !record.Has(&RecordRoles::completes) &&
-                           !record.Has(&RecordRoles::reports);
+    const bool paperless = record.Has(&RecordRoles::standsAlone) && !MayComplete(record.Type());
     if (!paperless) return record.Number() - 1;
   }
   return std::nullopt;
@@ -88,7 +86,7 @@ bool AnythingBehind(std::string_view text, std::size_t count, char separator) {
 bool CompletesAnything(std::string_view text, char separator) {
   RecordReader record(text, 0, separator);
   while (record.Next()) {
-    if (record.Has(&RecordRoles::completes) || record.Has(&RecordRoles::reports)) return true;
+    if (MayComplete(record.Type())) return true;
   }
   return false;
 }

@@ -14,8 +14,7 @@ bool BelongsToPaid(std::string_view type) {
 
 void DocumentProgress::Done(std::size_t number, std::string_view type) {
   complete_ = CompleteBefore(type);
-  const bool ends = HasRole(type, &RecordRoles::endsReceipt) || HasRole(type, &RecordRoles::completes) ||
-                    HasRole(type, &RecordRoles::reports);
+  const bool ends = HasRole(type, &RecordRoles::endsReceipt) || MayComplete(type);
   const bool pays = BelongsToPaid(type) && HasRole(type, &RecordRoles::completes);
   paid_ = pays ? number : 0;
   if (ends && !pays) complete_ = number;

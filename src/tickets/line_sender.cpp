@@ -27,10 +27,6 @@ bool OnlyVoids(const RecordFields& fields) {
   return HasRole(fields[0], &RecordRoles::endsReceipt) && !HasRole(fields[0], &RecordRoles::completes);
 }
 
-bool MayHaveCompleted(const RecordFields& fields) {
-  return HasRole(fields[0], &RecordRoles::completes) || HasRole(fields[0], &RecordRoles::reports);
-}
-
 }  // namespace
 
 LineSender::LineSender(DeviceLink& link, const AppSettings& settings, CashDialogues& cash,
@@ -174,7 +170,7 @@ std::optional<Next> LineSender::SettleSilence(const std::string& line, const Rep
 Next LineSender::SettleDeviceError(const TicketLine& line, const RecordFields& fields, const Reply& reply) {
   const Decision decision = recovery_.DecodeDeviceError(reply, line.text, Choices::kOffered);
   // Whether a receipt is open says nothing about a closure or a cash movement.
-  const bool receiptTells = Policy().nextLineAfterPaperOut || !MayHaveCompleted(fields) ||
+  const bool receiptTells = Policy().nextLineAfterPaperOut || !MayComplete(fields[0]) ||
                             !HasRole(fields[0], &RecordRoles::standsAlone);
   if (decision == Decision::kGoOn && receiptTells && cash_.VoidInterruptedReceipt()) return Next::kRestart;
   const auto next = FromDecision(decision);
@@ -185,7 +181,7 @@ Next LineSender::SettleDeviceError(const TicketLine& line, const RecordFields& f
 /// No receipt is open: the line may have been carried out, or not.
 Next LineSender::AfterPaperOut(const RecordFields& fields) {
   if (OnlyVoids(fields)) return Next::kNextLine;
-  if (!MayHaveCompleted(fields)) return Next::kSameLine;
+  if (!MayComplete(fields[0])) return Next::kSameLine;
   return FromDecision(recovery_.AskInDoubt(LoadMessage(MessageId::kPaperOut), own_text::kCheckPaper))
       .value_or(Next::kGiveUp);
 }

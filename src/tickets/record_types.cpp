@@ -272,4 +272,8 @@ bool HasRole(std::string_view type, bool RecordRoles::*role) {
                      [&](const RecordType& row) { return row.roles.*role && row.type == type; });
 }
 
+bool MayComplete(std::string_view type) {
+  return HasRole(type, &RecordRoles::completes) || HasRole(type, &RecordRoles::reports);
+}
+
 }  // namespace orvenza

@@ -56,4 +56,7 @@ const RecordType* FindRecordType(std::string_view type);
 /// Whether records of this type have a role, such as `&RecordRoles::completes`.
 bool HasRole(std::string_view type, bool RecordRoles::*role);
 
+/// Whether a record of this type completes something on paper: a receipt, a document, a closure, a report.
+bool MayComplete(std::string_view type);
+
 }  // namespace orvenza

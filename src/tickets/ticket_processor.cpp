@@ -26,10 +26,6 @@ PrintEnd PrintEndOf(Next end) {
   return end == Next::kAbort || end == Next::kGiveUp ? PrintEnd::kGivenUp : PrintEnd::kLeft;
 }
 
-bool MayComplete(std::string_view type) {
-  return HasRole(type, &RecordRoles::completes) || HasRole(type, &RecordRoles::reports);
-}
-
 }  // namespace
 
 TicketProcessor::TicketProcessor(const FileReader& files, const AppSettings& settings, Logs& logs,
@@ -94,7 +90,7 @@ Next TicketProcessor::Print(const TicketFacts& ticket, std::string& text) {
     loop_.CheckEnd();
     if (!MayExist(files_, ticket.workFile)) return Next::kLeave;
     if (again && !ReadAgain(ticket.workFile, text, progress.Complete())) return Next::kLeave;
-    if (inDoubt != 0 && cash_.PrintingRestarted()) {
+    if (inDoubt > progress.Complete() && cash_.PrintingRestarted()) {
       // The slip may have come out only now, so the operator could not know.
       const Standing standing{Standing::State::kUnderWay, progress, inDoubt};
       if (const auto end = AskAboutInterrupted(ticket, text, standing, progress)) return *end;

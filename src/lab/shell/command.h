@@ -42,17 +42,13 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// The program's name.
+inline constexpr const char* kLabName = "orvenza-lab";
+
 /// Exit code for an invalid command line and for every failure.
 inline constexpr int kFailed = 2;
 
-std::string HelpPage(const Command& command);
-
 /// Writes "orvenza-lab: `reason`" and a pointer to the help to the error output; returns kFailed.
 [[nodiscard]] int RefuseUsage(Console& console, const std::string& command, const std::string& reason);
-
-/// The program: runs the command that `words`, the arguments without the program name, select, and returns
-/// the exit code.
-int RunLab(const std::vector<std::string>& words, const std::vector<Command>& commands,
-           LabSurroundings& surroundings);
 
 }  // namespace orvenza

@@ -7,6 +7,7 @@
 
 #include "lab/commands.h"
 #include "lab/shell/posix/posix_machine.h"
+#include "lab/shell/run_lab.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_folders.h"

@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "lab/commands.h"
+#include "lab/shell/run_lab.h"
 #include "lab/shell/windows/console_mode.h"
 #include "lab/shell/windows/windows_machine.h"
 #include "platform/windows/console_buffer.h"

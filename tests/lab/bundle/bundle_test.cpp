@@ -1,6 +1,7 @@
 #include "lab/bundle/bundle_command.h"
 #include "lab/bundle/support_bundle.h"
 #include "lab/bundle/zip_reader.h"
+#include "lab/shell/run_lab.h"
 #include "lab/shell/shop_bench.h"
 #include "tickets/text_mask.h"
 

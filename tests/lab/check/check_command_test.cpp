@@ -5,6 +5,7 @@
 #include "core/text.h"
 #include "lab/check/file_check.h"
 #include "lab/shell/lab_bench.h"
+#include "lab/shell/run_lab.h"
 #include "platform/failure_of.h"
 #include "support/faulty_files.h"
 #include "support/temp_folder.h"

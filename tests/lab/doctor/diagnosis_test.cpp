@@ -2,6 +2,7 @@
 
 #include "core/version.h"
 #include "lab/doctor/doctor_command.h"
+#include "lab/shell/run_lab.h"
 #include "lab/shell/shop_bench.h"
 
 namespace orvenza::test {

@@ -6,6 +6,7 @@
 #include <set>
 
 #include "lab/doctor/doctor_command.h"
+#include "lab/shell/run_lab.h"
 #include "lab/shell/system_machine.h"
 #include "simulator/virtual_clock.h"
 #include "support/faulty_files.h"

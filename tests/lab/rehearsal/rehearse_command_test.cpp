@@ -6,8 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "lab/shell/command.h"
 #include "lab/shell/fake_machine.h"
+#include "lab/shell/help_page.h"
+#include "lab/shell/run_lab.h"
 #include "simulator/virtual_clock.h"
 #include "simulator/virtual_disk.h"
 

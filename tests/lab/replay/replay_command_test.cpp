@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "lab/shell/run_lab.h"
 #include "lab/shell/shop_bench.h"
 
 namespace orvenza::test {

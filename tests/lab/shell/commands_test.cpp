@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "core/version.h"
+#include "lab/shell/help_page.h"
 #include "lab/shell/lab_bench.h"
 
 namespace orvenza::test {

@@ -6,6 +6,7 @@
 
 #include "lab/commands.h"
 #include "lab/shell/fake_machine.h"
+#include "lab/shell/run_lab.h"
 #include "simulator/virtual_clock.h"
 #include "support/memory_files.h"
 #include "support/system_seams.h"

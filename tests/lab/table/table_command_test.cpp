@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "lab/shell/lab_bench.h"
+#include "lab/shell/run_lab.h"
 
 namespace orvenza::test {
 namespace {
