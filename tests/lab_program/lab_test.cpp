@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "core/version.h"
+#include "core/build_version.h"
 #include "program/running_program.h"
 
 namespace orvenza::test {
@@ -13,7 +13,7 @@ namespace {
 TEST(LabProgram, ShowsItsVersion) {
   RunningProgram lab({ORVENZA_LAB, "--version"});
   EXPECT_EQ(lab.ExitStatus(), 0);
-  EXPECT_EQ(lab.Shown(), std::string("orvenza-lab ") + kVersionText + "\n");
+  EXPECT_EQ(lab.Shown(), "orvenza-lab " + BuildVersion() + "\n");
 }
 
 TEST(LabProgram, RefusesACommandItDoesNotHave) {

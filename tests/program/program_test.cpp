@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/build_version.h"
 #include "core/version.h"
 #include "program/running_program.h"
 #include "program/shop_folder.h"
@@ -21,7 +22,7 @@ constexpr const char* kTicket = "1;Caffe' espresso;2,000;120;1;;;1;;\r\n2;1;500;
 TEST(Program, TellsItsVersion) {
   RunningProgram program({kProgram, "--version"});
   EXPECT_EQ(program.ExitStatus(), 0);
-  EXPECT_EQ(program.Shown(), std::string("Orvenza ") + kVersionText + "\n");
+  EXPECT_EQ(program.Shown(), "Orvenza " + BuildVersion() + "\n");
 }
 
 TEST(Program, ShowsItsHelp) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/version.h"
+#include "core/build_version.h"
 #include "ui/windows/names.h"
 #include "windows/person.h"
 #include "windows/till.h"
@@ -13,7 +13,7 @@ namespace {
 TEST(CommandLine, TellsTheVersion) {
   const ProgramRun run = RunProgram("--version");
   EXPECT_EQ(run.exitCode, 0U);
-  EXPECT_EQ(run.output, std::string("Orvenza ") + kVersionText + "\n");
+  EXPECT_EQ(run.output, "Orvenza " + BuildVersion() + "\n");
 }
 
 TEST(CommandLine, ShowsTheHelp) {
@@ -60,7 +60,7 @@ TEST(CommandLine, IsAnsweredByAMessageWithoutAConsole) {
     std::string text;
     DWORD exitCode;
   } kAnswers[] = {{"--nope", "\r\nOrvenza: unknown option '--nope'\r\nSee 'Orvenza --help'.", 2},
-                  {"--version", std::string("\r\nOrvenza ") + kVersionText, 0}};
+                  {"--version", "\r\nOrvenza " + BuildVersion(), 0}};
   for (const auto& [options, text, exitCode] : kAnswers) {
     const Till till(shop, options);
     const HWND message = till.Form(window_class::kOrvMsg, "Orvenza");

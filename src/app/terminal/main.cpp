@@ -11,7 +11,7 @@
 #include "app/connector.h"
 #include "app/simulation.h"
 #include "app/trace/tracing.h"
-#include "core/version.h"
+#include "core/build_version.h"
 #include "platform/ini_profile_file.h"
 #include "platform/instance_lock.h"
 #include "platform/posix/native_path.h"
@@ -90,7 +90,7 @@ int main(int argc, char** argv) {
   const CommandLine options = ParseCommandLine({argv + 1, argv + argc});
   if (!options.error.empty()) return Refuse(options.error + "\nSee 'Orvenza --help'.");
   if (options.help) std::cout << Usage("While it runs, m and Enter open the menu.");
-  if (options.version) std::cout << "Orvenza " << kVersionText << "\n";
+  if (options.version) std::cout << "Orvenza " << BuildVersion() << "\n";
   if (options.help || options.version) return 0;
   if (!options.simulate) {
     return Refuse(

@@ -8,6 +8,7 @@
 #include "app/connector.h"
 #include "app/simulation.h"
 #include "app/trace/tracing.h"
+#include "core/build_version.h"
 #include "core/version.h"
 #include "device/windows/ecr_link_adapter.h"
 #include "platform/ini_profile_file.h"
@@ -102,7 +103,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
   const CommandLine options = ParseCommandLine(CommandWords());
   if (!options.error.empty()) return Refuse(options.error + "\nSee 'Orvenza --help'.");
   if (options.help) Tell(Usage(kMenu), MessageIcon::kInformation);
-  if (options.version) Tell(std::string("Orvenza ") + kVersionText + "\n", MessageIcon::kInformation);
+  if (options.version) Tell("Orvenza " + BuildVersion() + "\n", MessageIcon::kInformation);
   if (options.help || options.version) return 0;
   try {
     const std::string folder = options.folder.empty() ? HomeFolder() : FullFolder(options.folder);

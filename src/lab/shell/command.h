@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/arguments.h"
+#include "core/version.h"
 #include "lab/shell/console.h"
 #include "lab/shell/machine.h"
 #include "platform/clock.h"
@@ -21,6 +22,7 @@ struct LabSurroundings {
   Machine& machine;
   Console& console;
   std::string homeFolder;  ///< The executable's folder, without a trailing "\".
+  std::string version = kVersionText;  ///< What --version says.
 };
 
 /// A command of the lab. Each is in a <name>_command file and has a row in Commands().

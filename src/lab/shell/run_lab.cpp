@@ -4,7 +4,6 @@
 #include <exception>
 #include <stdexcept>
 
-#include "core/version.h"
 #include "lab/shell/completion.h"
 #include "lab/shell/help_page.h"
 #include "lab/shell/man_page.h"
@@ -92,7 +91,7 @@ int Run(const std::vector<std::string>& words, const std::vector<Command>& comma
   const std::vector<std::string> rest(words.begin() + 1, words.end());
   if (name == "--help" || name == "-h" || name == "help") return ShowHelp(rest, commands, console);
   if (name == "--version") {
-    console.out << kLabName << " " << kVersionText << "\n";
+    console.out << kLabName << " " << surroundings.version << "\n";
     return 0;
   }
   if (name == "completion") return WriteCompletion(rest, commands, console);

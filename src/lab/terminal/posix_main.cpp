@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "core/build_version.h"
 #include "lab/commands.h"
 #include "lab/shell/posix/posix_machine.h"
 #include "lab/shell/run_lab.h"
@@ -31,6 +32,6 @@ int main(int argc, char** argv) {
   const bool terminal = ::isatty(STDOUT_FILENO) != 0;
   Console console{std::cin, std::cout, std::cerr, terminal && WantsColours(), ::isatty(STDERR_FILENO) != 0,
                   terminal};
-  LabSurroundings surroundings{files, folders, clock, machine, console, HomeFolder()};
+  LabSurroundings surroundings{files, folders, clock, machine, console, HomeFolder(), BuildVersion()};
   return RunLab({argv + 1, argv + argc}, Commands(), surroundings);
 }

@@ -4,6 +4,7 @@
 
 #include <iostream>
 
+#include "core/build_version.h"
 #include "lab/commands.h"
 #include "lab/shell/run_lab.h"
 #include "lab/shell/windows/console_mode.h"
@@ -37,7 +38,7 @@ int main() {
                   mode.ShowsColours() && WantsColours(),
                   mode.ErrorIsConsole(),
                   mode.OutputIsConsole()};
-  LabSurroundings surroundings{files, folders, clock, machine, console, HomeFolder()};
+  LabSurroundings surroundings{files, folders, clock, machine, console, HomeFolder(), BuildVersion()};
   const int status = RunLab(CommandWords(), Commands(), surroundings);
   output.flush();  // before the console is restored
   return status;

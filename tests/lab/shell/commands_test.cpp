@@ -116,6 +116,13 @@ TEST(Lab, ShowsItsVersion) {
   EXPECT_EQ(lab.out.str(), std::string("orvenza-lab ") + kVersionText + "\n");
 }
 
+TEST(Lab, ShowsTheVersionOfItsBuild) {
+  GreetingLab lab;
+  lab.surroundings.version = "1.0.0 (commit abcdef1234)";
+  EXPECT_EQ(lab.Run({"--version"}), 0);
+  EXPECT_EQ(lab.out.str(), "orvenza-lab 1.0.0 (commit abcdef1234)\n");
+}
+
 TEST(Lab, RefusesWhatItDoesNotUnderstand) {
   const struct {
     std::vector<std::string> words;
