@@ -126,6 +126,15 @@ int LeadingInteger(std::string_view text) {
   return static_cast<int>(number);
 }
 
+std::string WithPrefix(std::string_view prefix, std::string_view text) {
+  std::string prefixed(prefix);
+  for (const char c : text) {
+    prefixed += c;
+    if (c == '\n') prefixed += prefix;
+  }
+  return prefixed;
+}
+
 std::string FirstCharacters(std::string_view text, std::size_t count) {
   std::size_t end = 0;
   while (end < text.size() && (count > 0 || IsContinuation(text[end]))) {

@@ -34,6 +34,9 @@ double LeadingNumber(std::string_view text);
 /// The same without its fraction, clamped to 32 bits.
 int LeadingInteger(std::string_view text);
 
+/// `text` with `prefix` before each of its lines.
+[[nodiscard]] std::string WithPrefix(std::string_view prefix, std::string_view text);
+
 /// The first `count` characters of UTF-8 `text`.
 [[nodiscard]] std::string FirstCharacters(std::string_view text, std::size_t count);
 

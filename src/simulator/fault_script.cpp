@@ -163,12 +163,14 @@ void ReadLine(ScriptLine& line, FaultScript& script) {
 
 FaultScript ParseFaultScript(const std::string& name, std::string_view text) {
   FaultScript script;
+  ScriptMistakes mistakes;
   for (std::size_t number = 1; !text.empty(); ++number) {
     const auto end = text.find('\n');
     ScriptLine line(name, number, text.substr(0, end));
-    ReadLine(line, script);
+    mistakes.Try([&] { ReadLine(line, script); });
     text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
   }
+  mistakes.ThrowIfAny(name);
   return script;
 }
 

@@ -50,7 +50,8 @@ struct FaultScript {
   std::vector<Fault> faults;
 };
 
-/// Parses a script; docs/simulator.md describes its format. `name` is for messages. Throws ScriptError.
+/// Parses a script; docs/simulator.md describes its format. `name` is for messages. Throws ScriptError with
+/// all mistakes.
 FaultScript ParseFaultScript(const std::string& name, std::string_view text);
 
 }  // namespace orvenza

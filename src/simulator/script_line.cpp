@@ -1,5 +1,6 @@
 #include "simulator/script_line.h"
 
+#include <algorithm>
 #include <charconv>
 #include <utility>
 
@@ -12,13 +13,29 @@ std::string_view TrimLine(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
 }
 
+std::string Message(const std::string& file, const std::vector<ScriptMistake>& mistakes) {
+  std::string text;
+  for (const auto& [line, expected] : mistakes) {
+    text += (text.empty() ? "" : "\n") + file + ":" + std::to_string(line) + ": expected " + expected;
+  }
+  return text;
+}
+
 }  // namespace
 
-ScriptError::ScriptError(std::string fileName, std::size_t lineNumber, std::string whatIsExpected)
-    : std::runtime_error(fileName + ":" + std::to_string(lineNumber) + ": expected " + whatIsExpected),
+ScriptError::ScriptError(std::string fileName, std::vector<ScriptMistake> inOrder)
+    : std::runtime_error(Message(fileName, inOrder)),
       file(std::move(fileName)),
-      line(lineNumber),
-      expected(std::move(whatIsExpected)) {}
+      mistakes(std::move(inOrder)) {}
+
+ScriptError::ScriptError(std::string fileName, std::size_t line, std::string expected)
+    : ScriptError(std::move(fileName), {{line, std::move(expected)}}) {}
+
+void ScriptMistakes::ThrowIfAny(const std::string& file) {
+  if (all_.empty()) return;
+  std::stable_sort(all_.begin(), all_.end(), [](const auto& a, const auto& b) { return a.line < b.line; });
+  throw ScriptError(file, std::move(all_));
+}
 
 ScriptLine::ScriptLine(const std::string& file, std::size_t number, std::string_view text)
     : file_(file), number_(number), rest_(TrimLine(text)) {}

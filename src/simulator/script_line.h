@@ -5,16 +5,45 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvenza {
 
-/// Thrown for an invalid script line. what() is "file:line: expected ...".
+/// A line of a script that cannot be read.
+struct ScriptMistake {
+  std::size_t line = 0;  ///< Counts from 1.
+  std::string expected;
+};
+
+/// Thrown for an invalid script. what() has a line "file:line: expected ..." for each mistake.
 struct ScriptError : std::runtime_error {
-  ScriptError(std::string fileName, std::size_t lineNumber, std::string whatIsExpected);
+  ScriptError(std::string fileName, std::vector<ScriptMistake> inOrder);
+  ScriptError(std::string fileName, std::size_t line, std::string expected);
 
   std::string file;
-  std::size_t line;
-  std::string expected;
+  std::vector<ScriptMistake> mistakes;  ///< At least one; in the order of their lines.
+};
+
+/// Collects the mistakes of a script, so that one run reports all of them.
+class ScriptMistakes {
+ public:
+  /// Calls `read` and keeps the mistakes that it throws. True if there were none.
+  template <typename Read>
+  bool Try(Read read) {
+    try {
+      read();
+      return true;
+    } catch (const ScriptError& error) {
+      all_.insert(all_.end(), error.mistakes.begin(), error.mistakes.end());
+      return false;
+    }
+  }
+
+  /// Throws ScriptError if any mistake was kept.
+  void ThrowIfAny(const std::string& file);
+
+ private:
+  std::vector<ScriptMistake> all_;
 };
 
 /// One line of a script, read word by word. Words are separated by blanks and tabs.

@@ -190,6 +190,12 @@ TEST(LoggedLine, KeepsTheLineAsItWasSent) {
   EXPECT_EQ(LoggedLine(std::string(501, 'x')), std::string(500, 'x') + "...");
 }
 
+TEST(WithPrefix, PutsItBeforeEachLine) {
+  EXPECT_EQ(WithPrefix("a: ", ""), "a: ");
+  EXPECT_EQ(WithPrefix("a: ", "one"), "a: one");
+  EXPECT_EQ(WithPrefix("a: ", "one\n\ntwo"), "a: one\na: \na: two");
+}
+
 TEST(ShownLine, MarksWhereItWasCut) {
   EXPECT_EQ(ShownLine("12345", 5), "12345");
   EXPECT_EQ(ShownLine("123456", 5), "12345...");

@@ -8,12 +8,17 @@
 
 namespace orvenza::fuzz {
 
-/// Requires that `failure` names a line of `input` and what is expected there.
+/// Requires that `failure` names lines of `input`, in their order, and what is expected there.
 inline void RequireNamedLine(const ScriptError& failure, std::string_view file, std::string_view input) {
   const auto lines = 1 + static_cast<std::size_t>(std::count(input.begin(), input.end(), '\n'));
   Require(failure.file == file, "the file is named");
-  Require(failure.line >= 1 && failure.line <= lines, "a line of the file is named");
-  Require(!failure.expected.empty(), "what is expected there is said");
+  Require(!failure.mistakes.empty(), "there is a mistake");
+  std::size_t last = 0;
+  for (const auto& [line, expected] : failure.mistakes) {
+    Require(line > last && line <= lines, "each line is named once");
+    Require(!expected.empty(), "what is expected there is said");
+    last = line;
+  }
 }
 
 }  // namespace orvenza::fuzz

@@ -33,7 +33,7 @@ TEST(Program, ShowsItsHelp) {
 
 TEST(Program, RefusesWhatItCannotStartWith) {
   const TempFolder folder;
-  folder.Write("bad.script", "speed instant\nspeed fast\n");
+  folder.Write("bad.script", "speed instant\nspeed fast\npace 0\n");
   const std::string bad = folder.Path() + "/bad.script";
   const std::string none = folder.Path() + "/none";
   const struct {
@@ -44,7 +44,9 @@ TEST(Program, RefusesWhatItCannotStartWith) {
        "this system has no link control, so no register can be reached; use --simulate for a simulated one"},
       {{"--nope"}, "unknown option '--nope'\nSee 'Orvenza --help'."},
       {{"--folder"}, "option '--folder' needs a value: --folder DIR\nSee 'Orvenza --help'."},
-      {{"--folder", folder.Path(), "--simulate", bad}, bad + ":2: expected bits a second, or \"instant\""},
+      {{"--folder", folder.Path(), "--simulate", bad},
+       bad + ":2: expected bits a second, or \"instant\"\nOrvenza: " + bad +
+           ":3: expected how many times as fast, 1 to 100"},
       {{"--folder", folder.Path(), "--simulate", none}, none + ":1: expected a file that can be read"},
       {{"--folder", bad, "--simulate"}, bad + " is not a folder"},
   };

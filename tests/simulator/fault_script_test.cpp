@@ -128,8 +128,9 @@ TEST(FaultScript, RefusesABadLineWithFileLineAndWhatWasExpected) {
     FAIL() << "the script was read";
   } catch (const ScriptError& error) {
     EXPECT_EQ(error.file, "guasti/prova.sim");
-    EXPECT_EQ(error.line, 3u);
-    EXPECT_EQ(error.expected, "\"#\" and which one, at least 1");
+    ASSERT_EQ(error.mistakes.size(), 1u);
+    EXPECT_EQ(error.mistakes[0].line, 3u);
+    EXPECT_EQ(error.mistakes[0].expected, "\"#\" and which one, at least 1");
     EXPECT_STREQ(error.what(), "guasti/prova.sim:3: expected \"#\" and which one, at least 1");
   }
 }
@@ -141,6 +142,13 @@ std::string Refusal(const std::string& line) {
     return error.what();
   }
   return "";
+}
+
+TEST(FaultScript, ReportsEveryBadLine) {
+  EXPECT_EQ(Refusal("on 1 silence\ncapacity 0\n# x\npace 2\nspeed fast\nafter x silence"),
+            "p:2: expected a number of receipt entries, at least 1\n"
+            "p:5: expected bits a second, or \"instant\"\n"
+            "p:6: expected a number of milliseconds");
 }
 
 TEST(FaultScript, SaysWhatWasExpected) {

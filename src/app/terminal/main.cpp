@@ -12,6 +12,7 @@
 #include "app/simulation.h"
 #include "app/trace/tracing.h"
 #include "core/build_version.h"
+#include "core/text.h"
 #include "platform/ini_profile_file.h"
 #include "platform/instance_lock.h"
 #include "platform/posix/native_path.h"
@@ -104,6 +105,7 @@ int main(int argc, char** argv) {
     return RunConnector({folder.string(), program.filename().string()},
                         options.script ? ReadFaultScript(PosixFiles(), *options.script) : FaultScript{});
   } catch (const std::exception& failure) {
-    return Refuse(failure.what());
+    std::cerr << WithPrefix("Orvenza: ", failure.what()) << "\n";
+    return exit_status::kFailed;
   }
 }

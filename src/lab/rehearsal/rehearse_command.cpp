@@ -35,6 +35,14 @@ std::string ReadScenarioText(const std::string& name, LabSurroundings& around) {
   }
 }
 
+/// Reads a file that the scenario `name` names: relative to the scenario's folder, or to the current one if
+/// the scenario comes from the standard input.
+std::string ReadSourceOf(const std::string& name, const std::string& source, const FileReader& files) {
+  const bool whole = source.starts_with('\\') || source.starts_with('/') || source.substr(1, 1) == ":";
+  const std::size_t folder = name == "-" || whole ? 0 : name.find_last_of("\\/") + 1;  // npos + 1 is 0.
+  return ReadWhole(files, name.substr(0, folder) + source);
+}
+
 void MakeFolders(Folders& folders, const std::string& path) {
   for (std::size_t end = folders.DriveOf(path).size(); end != std::string::npos;) {
     end = path.find_first_of("\\/", end + 1);
@@ -91,7 +99,9 @@ int Run(const Arguments& arguments, LabSurroundings& around) {
   if (!error.empty()) return RefuseUsage(console, "rehearse", error);
   const std::string name = arguments.words.front();
   const std::string shownName = name == "-" ? "standard input" : name;
-  const Scenario scenario = ParseScenario(shownName, ReadScenarioText(name, around));
+  const Scenario scenario =
+      ParseScenario(shownName, ReadScenarioText(name, around),
+                    [&](const std::string& source) { return ReadSourceOf(name, source, around.files); });
   if (!folder.empty()) MakeFolderToKeep(folder, around);
   const RehearsalOutcome outcome =
       Rehearse(scenario, [&console](const std::string& line) { console.out << line << "\n"; });

@@ -42,6 +42,7 @@ struct ScenarioEvent {
   std::chrono::milliseconds at{};  ///< Since the connector's start; 0: before the start.
   std::string path;
   std::string content;
+  std::string source;  ///< The file whose bytes are the content, as it was named; empty: none.
   std::optional<LocalTime> modified;
   FileHold hold = FileHold::kNone;
   MenuItem item = MenuItem::kExit;

@@ -53,19 +53,32 @@ std::string WholePath(const ScriptLine& line, std::string path, const std::strin
   return whole ? path : folder + "\\" + path;
 }
 
-/// Reads a path, optionally followed by the file's time: PATH of 16/11/2026 09:00:00.
-void ReadDatedPath(const ScriptLine& line, const std::string& folder, ScenarioEvent& event) {
-  const std::string_view rest = line.Rest();
+/// Removes and returns a name at the beginning of `rest`: in double quotes, or all of the first `size`
+/// characters.
+std::string TakeName(const ScriptLine& line, std::string_view& rest, std::size_t size) {
   const bool quoted = rest.starts_with('"');
   const std::size_t quote = quoted ? rest.find('"', 1) : 0;
   if (quote == std::string_view::npos) line.Refuse("a closing double quote");
-  const std::size_t end = quoted ? quote + 1 : std::min(rest.rfind(" of "), rest.size());
-  const std::string_view path = quoted ? rest.substr(1, quote - 1) : Trim(rest.substr(0, end));
-  event.path = WholePath(line, std::string(path), folder);
-  const std::string_view time = Trim(rest.substr(end));
-  if (time.empty()) return;
-  if (!time.starts_with("of ")) line.Refuse("\"of\" and a date, or the end of the line");
-  event.modified = ReadDate(line, Trim(time.substr(3)));
+  const std::size_t end = quoted ? quote + 1 : std::min(size, rest.size());
+  const std::string name(quoted ? rest.substr(1, quote - 1) : Trim(rest.substr(0, end)));
+  rest = Trim(rest.substr(end));
+  return name;
+}
+
+/// Reads a path, optionally followed by the file with its content and by its time:
+/// PATH from FILE of 16/11/2026 09:00:00.
+void ReadNewPath(const ScriptLine& line, const std::string& folder, ScenarioEvent& event) {
+  std::string_view rest = line.Rest();
+  const std::size_t from = rest.ends_with(" from") ? rest.size() - 5 : rest.find(" from ");
+  event.path = WholePath(line, TakeName(line, rest, std::min(from, rest.rfind(" of "))), folder);
+  if (rest == "from" || rest.starts_with("from ")) {
+    rest = Trim(rest.substr(4));
+    event.source = TakeName(line, rest, rest.rfind(" of "));
+    if (event.source.empty()) line.Refuse("a file behind \"from\"");
+  }
+  if (rest.empty()) return;
+  if (!rest.starts_with("of ")) line.Refuse("\"from\" and a file, \"of\" and a date, or the end of the line");
+  event.modified = ReadDate(line, Trim(rest.substr(3)));
 }
 
 /// A bitmap with the format of a logo. The bytes of each row are its number, counted from 1 at the bottom.
@@ -131,7 +144,7 @@ bool ReadNewFile(std::string_view word, ScriptLine& line, ScenarioEvent& event) 
     event.content = LogoBitmap(rows);
     event.path = ReadPath(line);
   } else if (word == "file" || word == "ticket") {
-    ReadDatedPath(line, word == "file" ? programFolder : programFolder + "\\data", event);
+    ReadNewPath(line, word == "file" ? programFolder : programFolder + "\\data", event);
   } else {
     return false;
   }

@@ -11,6 +11,7 @@
 #include "core/text.h"
 #include "lab/rehearsal/scenario_events.h"
 #include "lab/settings/known_settings.h"
+#include "platform/system_error.h"
 #include "simulator/script_line.h"
 
 namespace orvenza {
@@ -156,36 +157,40 @@ std::string_view TakeLine(std::string_view& text) {
   return line;
 }
 
-/// Bytes in another encoding would be read as other characters, which would never match.
-void CheckEncoding(const std::string& name, std::string_view text) {
-  const bool wide = text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
-  for (std::size_t number = 1; !text.empty(); ++number) {
-    const std::string_view line = TakeLine(text);
-    if (wide) throw ScriptError(name, number, "UTF-8 text, not UTF-16");
-    if (ToUtf8(line) != line) throw ScriptError(name, number, "UTF-8 text");
-  }
-}
-
 /// Parses a scenario line by line.
 class ScenarioReader {
  public:
-  explicit ScenarioReader(const std::string& name) : name_(name) {}
+  ScenarioReader(const std::string& name, const ReadSource& readSource)
+      : name_(name), readSource_(readSource) {}
 
   Scenario Read(std::string_view text) {
+    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
+      throw ScriptError(name_, 1, "UTF-8 text, not UTF-16");
     for (std::size_t number = 1; !text.empty(); ++number) {
-      ReadLine(number, TakeLine(text));
+      mistakes_.Try([&] { ReadLine(number, TakeLine(text)); });
       device_ += '\n';
     }
-    scenario_.device = ParseFaultScript(name_, device_);
+    mistakes_.Try([&] { scenario_.device = ParseFaultScript(name_, device_); });
+    mistakes_.ThrowIfAny(name_);
     return std::move(scenario_);
   }
 
  private:
+  /// What "|" lines belong to.
+  enum class Head { kNone, kFile, kFileWithSource, kRefused };
+
   void ReadLine(std::size_t number, std::string_view text) {
     ScriptLine line(name_, number, text);
+    // Bytes in another encoding would be read as other characters, which would never match.
+    if (ToUtf8(text) != text) line.Refuse("UTF-8 text");
     if (line.Next() == '|') return ReadContent(line, text);
     if (line.AtEnd() || line.Next() == '#') return;
-    const bool behindFile = std::exchange(fileOpen_, false);
+    const Head before = std::exchange(head_, Head::kRefused);
+    ReadWords(line, before == Head::kFile);
+    if (head_ == Head::kRefused) head_ = Head::kNone;
+  }
+
+  void ReadWords(ScriptLine& line, bool behindFile) {
     const std::string_view word = line.Word();
     if (word == "at")
       Add(line, ReadEventInTime(line));
@@ -196,18 +201,36 @@ class ScenarioReader {
   }
 
   void ReadContent(const ScriptLine& line, std::string_view text) {
-    if (!fileOpen_) line.Refuse("\"file\" or \"ticket\" before its lines");
+    if (head_ == Head::kNone) line.Refuse("\"file\" or \"ticket\" before its lines");
+    if (head_ == Head::kFileWithSource) line.Refuse("no lines behind \"from\", which names a whole file");
     text.remove_prefix(text.find('|') + 1);
     if (text.starts_with(' ')) text.remove_prefix(1);
     if (text.ends_with('\r')) text.remove_suffix(1);
-    scenario_.events.back().content += ContentBytes(line, text) + std::string(kLineBreak);
+    const std::string bytes = ContentBytes(line, text);
+    if (head_ == Head::kFile) scenario_.events.back().content.append(bytes).append(kLineBreak);
   }
 
   void Add(const ScriptLine& line, ScenarioEvent event) {
     if (event.kind == EventKind::kPut && event.at.count() == 0)
       WantOnce(line, ShownPath(event.path, kRehearsalFolder), filesSaid_);
-    fileOpen_ = event.kind == EventKind::kPut && event.content.empty();
+    if (event.kind != EventKind::kPut || !event.content.empty()) {
+      head_ = Head::kNone;
+    } else if (event.source.empty()) {
+      head_ = Head::kFile;
+    } else {
+      event.content = ContentOf(line, event.source);
+      head_ = Head::kFileWithSource;
+    }
     scenario_.events.push_back(std::move(event));
+  }
+
+  std::string ContentOf(const ScriptLine& line, const std::string& source) const {
+    if (!readSource_) line.Refuse("a file with its lines; no other file can be read here");
+    try {
+      return readSource_(source);
+    } catch (const SystemError& failure) {
+      line.Refuse("a file that can be read: " + failure.Description());
+    }
   }
 
   void ReadOther(std::string_view word, ScriptLine& line, bool behindFile) {
@@ -269,20 +292,21 @@ class ScenarioReader {
   }
 
   const std::string& name_;
+  const ReadSource& readSource_;
+  ScriptMistakes mistakes_;
   Scenario scenario_;
   std::string device_;
   std::set<std::string> wordsSaid_;
   std::set<std::string> filesSaid_;
-  bool fileOpen_ = false;  ///< The next content lines belong to the last file.
+  Head head_ = Head::kNone;
 };
 
 }  // namespace
 
-Scenario ParseScenario(const std::string& name, std::string_view text) {
+Scenario ParseScenario(const std::string& name, std::string_view text, const ReadSource& readSource) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
-  CheckEncoding(name, text);
-  return ScenarioReader(name).Read(text);
+  return ScenarioReader(name, readSource).Read(text);
 }
 
 }  // namespace orvenza

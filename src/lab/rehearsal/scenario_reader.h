@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -7,7 +8,12 @@
 
 namespace orvenza {
 
-/// Parses a scenario; docs/rehearsal.md describes its format. `name` is for messages. Throws ScriptError.
-Scenario ParseScenario(const std::string& name, std::string_view text);
+/// Returns the bytes of a file, named as in the scenario. Throws SystemError.
+using ReadSource = std::function<std::string(const std::string& file)>;
+
+/// Parses a scenario; docs/rehearsal.md describes its format. `name` is for messages. `readSource` reads the
+/// files that tickets are taken from; if it is null, such lines are refused. Throws ScriptError with all
+/// mistakes.
+Scenario ParseScenario(const std::string& name, std::string_view text, const ReadSource& readSource = {});
 
 }  // namespace orvenza

@@ -38,7 +38,9 @@ std::pair<std::string, std::string> SplitAt(const std::string& text, std::string
 }
 
 std::string Named(const std::string& path) {
-  return path.find(" of ") == std::string::npos ? path : "\"" + path + "\"";
+  const bool holdsWord =
+      path.find(" of ") != std::string::npos || (path + " ").find(" from ") != std::string::npos;
+  return holdsWord ? "\"" + path + "\"" : path;
 }
 
 std::string DriveOf(const std::string& path) {

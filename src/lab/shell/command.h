@@ -21,7 +21,7 @@ struct LabSurroundings {
   Clock& clock;
   Machine& machine;
   Console& console;
-  std::string homeFolder;  ///< The executable's folder, without a trailing "\".
+  std::string homeFolder;              ///< The executable's folder, without a trailing "\".
   std::string version = kVersionText;  ///< What --version says.
 };
 

@@ -4,6 +4,7 @@
 #include <exception>
 #include <stdexcept>
 
+#include "core/text.h"
 #include "lab/shell/completion.h"
 #include "lab/shell/help_page.h"
 #include "lab/shell/man_page.h"
@@ -79,7 +80,7 @@ int RunCommand(const Command& command, const std::vector<std::string>& words, La
     return RefuseUsage(console, command.name, refused.what());
   } catch (const std::exception& failure) {
     console.out.flush();
-    console.err << kLabName << " " << command.name << ": " << failure.what() << "\n";
+    console.err << WithPrefix(std::string(kLabName) + " " + command.name + ": ", failure.what()) << "\n";
     return kFailed;
   }
 }

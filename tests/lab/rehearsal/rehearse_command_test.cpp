@@ -63,6 +63,40 @@ TEST_F(RehearseCommandTest, ReadsTheStandardInput) {
   EXPECT_EQ(out.str(), "");
 }
 
+TEST_F(RehearseCommandTest, ReportsEveryBadLine) {
+  disk.Put("C:\\work\\day.scenario",
+           "at 1s menu\nregister clock fast\nticket 1.txt from none.txt\nlimit 1s\n");
+  EXPECT_EQ(Run({"day.scenario"}), 2);
+  EXPECT_EQ(err.str(),
+            "orvenza-lab rehearse: day.scenario:1: expected an item of the menu: Esci, Utilita', Info or "
+            "Configura\n"
+            "orvenza-lab rehearse: day.scenario:2: expected seconds ahead, -86400 to 86400\n"
+            "orvenza-lab rehearse: day.scenario:3: expected a file that can be read: File not found ( "
+            "none.txt )\n");
+  EXPECT_EQ(out.str(), "");
+}
+
+/// A ticket with the separator of a new installation and a byte that is not printable.
+const std::string kTicket("29\1771\177\r\n30\1771\1771\177si\0no\177\r\n31\1771\177\r\n", 29);
+constexpr const char* kUsualSeparator = "setting [General] Separator (ascii,max 127) = 127\nuntil printed\n";
+
+TEST_F(RehearseCommandTest, TakesATicketFromAFileBesideTheScenario) {
+  disk.Put("C:\\work\\days\\in\\a.txt", kTicket);
+  disk.Put("C:\\work\\days\\day.scenario", std::string("ticket 1.txt from in/a.txt\n") + kUsualSeparator);
+  EXPECT_EQ(Run({"days/day.scenario", "--folder", "shop"}), 0) << err.str();
+  EXPECT_EQ(disk.Content("C:\\work\\shop\\storico\\1.txt"), kTicket);
+  EXPECT_NE(out.str().find("sent      1064011si no"), std::string::npos) << out.str();
+}
+
+TEST_F(RehearseCommandTest, TakesATicketFromTheCurrentFolderWhereTheScenarioIsTyped) {
+  disk.Put("C:\\work\\a.txt", kTicket);
+  disk.Put("D:\\a.txt", kTicket);
+  in.str(std::string("ticket 1.txt from a.txt\nat 1s ticket 2.txt from D:\\a.txt\n") + kUsualSeparator);
+  EXPECT_EQ(Run({"-", "--folder", "shop"}), 0) << err.str();
+  EXPECT_EQ(disk.Content("C:\\work\\shop\\storico\\1.txt"), kTicket);
+  EXPECT_EQ(disk.Content("C:\\work\\shop\\storico\\2.txt"), kTicket);
+}
+
 TEST_F(RehearseCommandTest, SaysWhatDidNotComeTrue) {
   disk.Put("C:\\work\\day.scenario", std::string(kDay) + "expect paper PANE\nanswer Ok\n");
   EXPECT_EQ(Run({"day.scenario"}), 1);

@@ -19,9 +19,9 @@ ScenarioEvent OnlyEvent(const std::string& text) {
 }
 
 /// The error message for an invalid text.
-std::string Refused(const std::string& text) {
+std::string Refused(const std::string& text, const ReadSource& readSource = {}) {
   try {
-    Parse(text);
+    ParseScenario("day", text, readSource);
   } catch (const ScriptError& error) {
     return error.what();
   }
@@ -57,6 +57,57 @@ TEST(Scenario, TakesPathsWithDotsQuotesAndAnOf) {
   const ScenarioEvent dated = OnlyEvent("ticket \"end of day.txt\" of 31/12/2025 23:59:58");
   EXPECT_EQ(dated.path, "C:\\Orvenza\\data\\end of day.txt");
   EXPECT_EQ(dated.modified, (LocalTime{2025, 12, 31, 23, 59, 58}));
+}
+
+TEST(Scenario, TakesTheBytesOfATicketFromAFile) {
+  const std::string bytes("1;PANE\x7F\0\r\n\n\xE8 <41>", 17);
+  const auto parse = [&](const std::string& line, const std::string& source) {
+    const Scenario scenario = ParseScenario("day", line, [&](const std::string& file) {
+      EXPECT_EQ(file, source) << line;
+      return bytes;
+    });
+    EXPECT_EQ(scenario.events.at(0).content, bytes);
+    return scenario.events.at(0);
+  };
+  EXPECT_EQ(parse("ticket a.txt from b.txt", "b.txt").path, "C:\\Orvenza\\data\\a.txt");
+  EXPECT_EQ(parse("at 2s file D:\\a.txt from ../b.txt", "../b.txt").at, milliseconds(2000));
+  const ScenarioEvent dated = parse("ticket a.txt from in/b c.txt of 31/12/2025 23:59:58", "in/b c.txt");
+  EXPECT_EQ(dated.modified, (LocalTime{2025, 12, 31, 23, 59, 58}));
+  const ScenarioEvent quoted = parse("ticket \"a from b.txt\" from \"c of d.txt\"", "c of d.txt");
+  EXPECT_EQ(quoted.path, "C:\\Orvenza\\data\\a from b.txt");
+  EXPECT_EQ(quoted.modified, std::nullopt);
+}
+
+TEST(Scenario, TakesAnEmptyFile) {
+  const ReadSource empty = [](const std::string&) { return std::string(); };
+  EXPECT_EQ(ParseScenario("day", "ticket a.txt from b.txt", empty).events.at(0).content, "");
+  EXPECT_EQ(Refused("ticket a.txt from b.txt\n| 2;1;0;", empty),
+            "day:2: expected no lines behind \"from\", which names a whole file");
+}
+
+TEST(Scenario, ReportsEveryBadLineInOrder) {
+  EXPECT_EQ(
+      Refused("start soon\n"
+              "register capacity 0\n"
+              "ticket ../1.txt\n"
+              "| 2;1;0;\n"
+              "| <7\n"
+              "# perch\xE8\n"
+              "ticket 2.txt\n"
+              "1;PANE;\n"
+              "| 2;1;0;\n"
+              "limit 1h\n"
+              "| 2;1;0;\n"
+              "register on 1036 silent"),
+      "day:1: expected a date and time such as 16/11/2026 09:00:00\n"
+      "day:2: expected a number of receipt entries, at least 1\n"
+      "day:3: expected a path without \"..\"\n"
+      "day:5: expected \">\" behind \"<\" and two hexadecimal digits; \"<\" itself is <3C>\n"
+      "day:6: expected UTF-8 text\n"
+      "day:8: expected \"|\" before each line of a file\n"
+      "day:11: expected \"file\" or \"ticket\" before its lines\n"
+      "day:12: expected \"reply\", \"silence\", \"link-error\", \"lose-reply\", \"late\", \"paper-out\", "
+      "\"absent\", \"port-fails\", \"receipt-open\" or \"receipt-paid\"");
 }
 
 TEST(Scenario, TakesAFileOfTheNameOfAWord) {
@@ -284,7 +335,13 @@ TEST(Scenario, RefusesALineThatItCannotRead) {
       {"expect event log \"End", "day:1: expected a closing double quote"},
       {"answer after 2s nothing", "day:1: expected \"answer nothing\" without a time"},
       {"ticket \"a.txt of 16/11/2026 09:00:00", "day:1: expected a closing double quote"},
-      {"ticket \"a.txt\" soon", "day:1: expected \"of\" and a date, or the end of the line"},
+      {"ticket \"a.txt\" soon",
+       "day:1: expected \"from\" and a file, \"of\" and a date, or the end of the line"},
+      {"ticket a.txt from", "day:1: expected a file behind \"from\""},
+      {"ticket a.txt from \"\"", "day:1: expected a file behind \"from\""},
+      {"ticket a.txt from \"b.txt", "day:1: expected a closing double quote"},
+      {"ticket a.txt of 16/11/2026 09:00:00 from b.txt", date},
+      {"ticket a.txt from b.txt", "day:1: expected a file with its lines; no other file can be read here"},
       {"ticket end of day.txt", date},
       {"file C:..\\a.txt", "day:1: expected a path without \"..\""},
       {"settings none\nsetting [General] Time Shift = 1",

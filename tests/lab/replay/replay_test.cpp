@@ -159,6 +159,13 @@ TEST(Replay, TakesAnyBytes) {
   ExpectScenario("16/11/2026 09:00:00.000  seen      data\\a<b>|?.txt of 16/11/2026 09:00:00\n");
 }
 
+TEST(Replay, QuotesANameThatHoldsAWordOfTheScenario) {
+  std::string trace = TraceOfADay();
+  for (std::size_t at = 0; (at = trace.find("2.txt", at)) != std::string::npos; at += 10)
+    trace.replace(at, 5, "2 from b.txt");
+  EXPECT_TRUE(Holds(Replay(trace), " file \"data\\2 from b.txt\" of 16/11/2026 09:10:00\n")) << Replay(trace);
+}
+
 /// A trace that cannot be written changes nothing but the error log.
 TEST(TracedRun, GoesOnWithoutItsTrace) {
   const std::string day =
