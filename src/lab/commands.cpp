@@ -3,6 +3,7 @@
 #include "lab/bundle/bundle_command.h"
 #include "lab/check/check_command.h"
 #include "lab/doctor/doctor_command.h"
+#include "lab/preview/preview_command.h"
 #include "lab/rehearsal/rehearse_command.h"
 #include "lab/replay/replay_command.h"
 #include "lab/table/table_command.h"
@@ -11,7 +12,8 @@ namespace orvenza {
 
 std::vector<Command> Commands() {
   return {
-      BundleCommand(), CheckCommand(), DoctorCommand(), RehearseCommand(), ReplayCommand(), TableCommand(),
+      BundleCommand(),   CheckCommand(),  DoctorCommand(), PreviewCommand(),
+      RehearseCommand(), ReplayCommand(), TableCommand(),
   };
 }
 

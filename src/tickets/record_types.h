@@ -47,6 +47,13 @@ struct RecordType {
   RecordRoles roles{};
 };
 
+/// The line that closes the first part of a receipt that is too long: payment 01 of zero. Its separator is
+/// always 127, whatever is configured.
+inline constexpr std::string_view kReceiptSplitLine =
+    "2\x7f"
+    "1\x7f"
+    "0\x7f\x7f\x7f\x7f\x7f\x7f\x7f\x7f";
+
 /// All record types, in ascending order of their numbers.
 std::span<const RecordType> RecordTypes();
 

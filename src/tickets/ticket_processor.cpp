@@ -15,11 +15,6 @@ namespace orvenza {
 namespace {
 
 constexpr const char* kLabel = "Trasmissione ";
-/// Payment 01 of zero, which closes the receipt. Its separator is always 127, whatever is configured.
-constexpr const char* kReceiptSplitLine =
-    "2\x7f"
-    "1\x7f"
-    "0\x7f\x7f\x7f\x7f\x7f\x7f\x7f\x7f";
 
 PrintEnd PrintEndOf(Next end) {
   if (end == Next::kFinish) return PrintEnd::kPrinted;
@@ -224,7 +219,7 @@ Next TicketProcessor::HandleLine() {
 void TicketProcessor::SplitReceipt() {
   logs_.WrLog(LoadMessage(MessageId::kReceiptSplit));
   pending_.push_front({line_.text, line_.number, false, true});
-  pending_.push_front({kReceiptSplitLine, line_.number, true, true});
+  pending_.push_front({std::string(kReceiptSplitLine), line_.number, true, true});
   logs_.WrErr(LoadMessage(MessageId::kInvalidLine) + " " + LoggedLine(line_.text));
 }
 

@@ -43,6 +43,7 @@ void TicketCheck::Skip(std::string_view beginning, TicketFindings& findings) {
 
 const std::string& TicketCheck::Check(std::string_view line, TicketFindings& findings) {
   command_.clear();
+  beganTicket_ = false;
   ++lines_;
   SplitRecord(line, rules_.settings.SeparatorChar, fields_);
   if (fields_.IsEmpty()) return command_;
@@ -72,9 +73,9 @@ const std::string& TicketCheck::Check(std::string_view line, TicketFindings& fin
 
 void TicketCheck::FollowParser(std::string_view line, TicketFindings& findings) {
   if (!rules_.settings.FileParser) return;
-  const bool begins = boundary_.Begins(line);
-  FindHiddenType(line, begins, findings);
-  if (!begins) return;
+  beganTicket_ = boundary_.Begins(line);
+  FindHiddenType(line, beganTicket_, findings);
+  if (!beganTicket_) return;
   watch_.End("\"File Parser\" splits the file before this line", findings);
   watch_ = ReceiptWatch();
 }

@@ -42,6 +42,12 @@ class TicketCheck {
   /// Processes the next line of the file, given only its beginning.
   void Skip(std::string_view beginning, TicketFindings& findings);
 
+  /// The fields of the line processed last. Without fields after Skip.
+  const RecordFields& Fields() const { return fields_; }
+
+  /// Whether "File Parser" splits the file before the line processed last.
+  bool BeganTicket() const { return beganTicket_; }
+
   /// Whether any line of the file so far was not blank.
   bool HoldsRecord() const { return holdsRecord_; }
 
@@ -66,6 +72,7 @@ class TicketCheck {
   std::uint64_t lines_ = 0;       // of the file so far
   std::uint64_t lastHidden_ = 0;  // number of the last line whose closing type the parser does not recognise
   bool holdsRecord_ = false;
+  bool beganTicket_ = false;
   ReceiptWatch watch_;
   RecordFields fields_;
   TranslationNotes notes_;

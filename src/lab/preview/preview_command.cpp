@@ -1,0 +1,107 @@
+#include "lab/preview/preview_command.h"
+
+#include <algorithm>
+
+#include "core/text.h"
+#include "lab/check/check_rules.h"
+#include "lab/check/file_check.h"
+#include "lab/check/ticket_files.h"
+#include "lab/preview/preview_drawing.h"
+#include "tickets/record_types.h"
+
+namespace orvenza {
+namespace {
+
+constexpr const char* kFormat = "--format";
+constexpr const char* kOutput = "--output";
+constexpr int kRefused = 1;
+constexpr int kUnreadable = 2;
+
+struct Format {
+  const char* name;
+  std::string (*draw)(const std::vector<PaperSheet>& sheets);
+};
+constexpr Format kFormats[] = {{"text", PreviewText}, {"html", PreviewHtml}, {"svg", PreviewSvg}};
+
+/// The format that the user names, otherwise that of the output's extension, otherwise text.
+const Format& FormatOf(const Arguments& arguments) {
+  const auto named = arguments.Value(kFormat);
+  const std::string output = arguments.Value(kOutput).value_or("");
+  for (const Format& format : kFormats) {
+    if (named ? *named == format.name
+              : ToUpperAscii(output).ends_with(ToUpperAscii("." + std::string(format.name)))) {
+      return format;
+    }
+  }
+  if (named) throw UsageError("there is no format '" + *named + "'; there are text, html and svg");
+  return kFormats[0];
+}
+
+/// The command that the connector sends to divide a receipt that is too long; "" if it cannot do that.
+std::string SplitCommand(const CheckRules& rules, LabSurroundings& lab) {
+  TicketFindings ignored;
+  return TicketCheck(rules, lab.files, lab.clock).Check(kReceiptSplitLine, ignored);
+}
+
+int Run(const Arguments& arguments, LabSurroundings& lab) {
+  Console& console = lab.console;
+  const std::vector<std::string> files = TicketFilesMeant(arguments, lab);
+  const Format& format = FormatOf(arguments);
+  const auto output = arguments.Value(kOutput);
+  if (output && std::find(files.begin(), files.end(), *output) != files.end()) {
+    throw UsageError("'" + *output + "' is a ticket and would be overwritten");
+  }
+  const CheckRules rules = CheckRulesOf(arguments, lab);
+  TellRuleNotes("preview", arguments, rules, console);
+  const auto findings = MakeTextReport(console.err, false, true);
+  CheckProgress progress(console, lab.clock, console.progress);
+  TicketCheck check(rules, lab.files, lab.clock);
+  TicketPreview preview(check, SplitCommand(rules, lab), *findings);
+  FileCheck fileCheck(check, preview, progress);
+  for (const std::string& file : files) {
+    fileCheck.CheckFile(file, [&] { return OpenTicketFile(file, lab); });
+  }
+  progress.Clear();
+  preview.End(fileCheck.Totals());
+  const std::string drawn = format.draw(preview.Sheets());
+  if (output) {
+    lab.files.Write(*output, drawn);
+  } else {
+    console.out << drawn;
+  }
+  if (fileCheck.Totals().unreadable > 0) return kUnreadable;
+  return fileCheck.Totals().errors + preview.Refused() > 0 ? kRefused : 0;
+}
+
+}  // namespace
+
+Command PreviewCommand() {
+  std::vector<Option> options = CheckRuleOptions();
+  options.push_back({kFormat, "FORMAT",
+                     "text, html or svg (default: what the name of the\noutput ends in, otherwise text)"});
+  options.push_back({kOutput, "FILE", "write to FILE instead of the standard output"});
+  return {"preview",
+          "draw the receipts of ticket files",
+          "FILE... [OPTION...]",
+          "Shows the paper of ticket files without printing: the lines are read and\n"
+          "translated as by the connector and carried out by the simulated register. A line\n"
+          "that is not printed appears in its place:\n"
+          "\n"
+          "  >>> line 2 refused: the reason\n"
+          "\n"
+          "The error output gets the findings of 'orvenza-lab check'. The shop, the date and\n"
+          "the receipt numbers are samples, so the same tickets always give the same\n"
+          "preview. HTML and SVG are a single file each, without scripts. '-' is the\n"
+          "standard input.",
+          options,
+          "0  every line is printed; there may be warnings\n"
+          "1  at least one line is refused\n"
+          "2  a file could not be read or the preview not be written, or the command line\n"
+          "   cannot be understood",
+          "orvenza-lab preview ticket.txt\n"
+          "orvenza-lab preview --separator 59 --output receipt.html ticket.txt\n"
+          "orvenza-lab preview --folder C:\\Orvenza --format svg - < ticket.txt > receipt.svg",
+          Run};
+}
+
+}  // namespace orvenza
