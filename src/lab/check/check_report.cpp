@@ -16,6 +16,23 @@ constexpr const char* kYellow = "\x1b[33m";
 constexpr const char* kFaint = "\x1b[2m";
 constexpr std::string_view kShownBlank = "\xC2\xB7";  // a middle dot
 
+constexpr const char* kError = "error:";
+constexpr const char* kWarning = "warning:";
+
+std::string PlaceText(const std::string& file, std::uint64_t line, const TicketFinding& finding) {
+  std::string text = file + ":" + std::to_string(line) + ":";
+  if (finding.field != TicketFinding::kWholeLine) text += std::to_string(finding.field) + ":";
+  return text + " ";
+}
+
+std::string TextAndCode(const TicketFinding& finding) {
+  return " " + finding.text + " [" + std::string(finding.code) + "]";
+}
+
+std::string ReasonText(const std::string& reason) {
+  return " " + ShownBytes(reason) + " [" + std::string(kUnreadableCode) + "]";
+}
+
 class TextReport : public CheckReport {
  public:
   TextReport(std::ostream& out, bool colours, bool quiet) : out_(out), colours_(colours), quiet_(quiet) {}
@@ -46,14 +63,13 @@ class TextReport : public CheckReport {
   }
 
   void AddFinding(std::uint64_t line, const TicketFinding& finding) override {
-    out_ << name_ << ':' << std::to_string(line) << ':';
-    if (finding.field != TicketFinding::kWholeLine) out_ << std::to_string(finding.field) << ':';
-    out_ << ' ' << (finding.isError ? Coloured(kRed, "error:") : Coloured(kYellow, "warning:")) << ' '
-         << finding.text << " [" << finding.code << "]\n";
+    out_ << PlaceText(name_, line, finding)
+         << (finding.isError ? Coloured(kRed, kError) : Coloured(kYellow, kWarning)) << TextAndCode(finding)
+         << '\n';
   }
 
   void AddUnreadable(const std::string& reason) override {
-    out_ << name_ << ": " << Coloured(kRed, "error:") << ' ' << ShownBytes(reason) << " [unreadable]\n";
+    out_ << name_ << ": " << Coloured(kRed, kError) << ReasonText(reason) << '\n';
   }
 
   void End(const CheckTotals& totals) override {
@@ -104,7 +120,7 @@ class JsonReport : public CheckReport {
   void AddUnreadable(const std::string& reason) override {
     json_.BeginObject();
     json_.Member("file", name_);
-    AddWords(true, "unreadable", reason);
+    AddWords(true, kUnreadableCode, reason);
   }
 
   void End(const CheckTotals& totals) override {
@@ -146,6 +162,14 @@ std::unique_ptr<CheckReport> MakeTextReport(std::ostream& out, bool colours, boo
 
 std::unique_ptr<CheckReport> MakeJsonReport(std::ostream& out, const CheckRules& rules) {
   return std::make_unique<JsonReport>(out, rules);
+}
+
+std::string FindingText(const std::string& file, std::uint64_t line, const TicketFinding& finding) {
+  return PlaceText(file, line, finding) + (finding.isError ? kError : kWarning) + TextAndCode(finding);
+}
+
+std::string UnreadableText(const std::string& file, const std::string& reason) {
+  return file + ": " + kError + ReasonText(reason);
 }
 
 std::string TotalsText(const CheckTotals& totals) {

@@ -251,6 +251,23 @@ void FindInUnusedFields(const RecordFields& fields, const TranslationNotes& note
   }
 }
 
+void SetColumns(std::string_view line, const RecordFields& fields, TicketFindings& findings) {
+  const bool isUtf8 = ToUtf8(line) == line;
+  const auto columnAt = [&](std::size_t at) {
+    return 1 + (isUtf8 ? CountCharacters(line.substr(0, at)) : at);
+  };
+  const std::size_t last = fields.Count();  // the text without a separator behind it
+  for (TicketFinding& finding : findings) {
+    const auto field = static_cast<std::size_t>(finding.field);
+    if (finding.field == TicketFinding::kWholeLine || field > last || last == 0) continue;
+    const std::size_t start =
+        field < last ? fields.Start(field) : fields.Start(last - 1) + fields[last - 1].size() + 1;
+    const std::size_t size = (field < last ? fields[field] : fields.Rest()).size();
+    finding.column = columnAt(start);
+    finding.endColumn = columnAt(start + size);
+  }
+}
+
 void FindBehindFields(const RecordFields& fields, char separator, TicketFindings& findings) {
   const std::string_view rest = fields.Rest();
   const bool full = fields.Count() == RecordFields::kMostFields;

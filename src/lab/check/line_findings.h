@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,10 @@ struct TicketFinding {
   std::string_view code;  ///< Its meaning never changes; docs/ticket-check.md lists the codes.
   int field = kWholeLine;
   std::string text;  ///< What was found and what is accepted.
+  /// The characters of the field in its line: the first one, from 1, and the one behind the last; both 0 if
+  /// the line has no such field. They are those of UTF-8 or, in a line that is not UTF-8, bytes.
+  std::size_t column = 0;
+  std::size_t endColumn = 0;
 };
 
 using TicketFindings = std::vector<TicketFinding>;
@@ -32,6 +37,9 @@ void FindInValues(std::string_view line, const RecordFields& fields, const Trans
 
 /// Adds findings about text in fields that the record's command does not use.
 void FindInUnusedFields(const RecordFields& fields, const TranslationNotes& notes, TicketFindings& findings);
+
+/// Sets the columns of the findings about fields of `line`.
+void SetColumns(std::string_view line, const RecordFields& fields, TicketFindings& findings);
 
 /// Adds findings about text after the last field.
 void FindBehindFields(const RecordFields& fields, char separator, TicketFindings& findings);

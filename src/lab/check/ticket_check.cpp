@@ -63,6 +63,7 @@ const std::string& TicketCheck::Check(std::string_view line, TicketFindings& fin
     findings.back().text += meant.empty() ? "; known are " + KnownTypes() : "; write '" + meant + "'";
   }
   FindBehindFields(fields_, rules_.settings.SeparatorChar, findings);
+  if (!findings.empty()) SetColumns(line, fields_, findings);
   if (command_.empty()) {
     watch_.Miss(IsUnknownType() ? std::string_view() : fields_[0]);
   } else {

@@ -7,8 +7,6 @@
 namespace orvenza {
 namespace {
 
-constexpr std::size_t kBrokenLevels = 2;
-
 void AppendEscaped(std::string& out, char c) {
   constexpr const char* kDigits = "0123456789abcdef";
   switch (c) {
@@ -74,7 +72,7 @@ void JsonWriter::Open(char bracket) {
 }
 
 void JsonWriter::Close(char bracket) {
-  const bool breaks = filled_.back() && filled_.size() <= kBrokenLevels;
+  const bool breaks = filled_.back() && filled_.size() <= brokenLevels_;
   filled_.pop_back();
   if (breaks) BreakLine();
   out_ << bracket;
@@ -87,7 +85,7 @@ void JsonWriter::BeginValue() {
     return;
   }
   if (filled_.back()) out_ << ',';
-  if (filled_.size() <= kBrokenLevels) {
+  if (filled_.size() <= brokenLevels_) {
     BreakLine();
   } else if (filled_.back()) {
     out_ << ' ';

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <ostream>
 #include <string_view>
@@ -7,12 +8,13 @@
 
 namespace orvenza {
 
-/// Writes one JSON value piece by piece. The two outer levels have one entry per line, deeper ones stay on
-/// one line, so that the output is readable and can be compared line by line. The caller keeps the grammar: a
+/// Writes one JSON value piece by piece. The outer levels have one entry per line, deeper ones stay on one
+/// line, so that the output is readable and can be compared line by line. The caller keeps the grammar: a
 /// key before each value of an object, every bracket closed.
 class JsonWriter {
  public:
-  explicit JsonWriter(std::ostream& out) : out_(out) {}
+  explicit JsonWriter(std::ostream& out, std::size_t brokenLevels = 2)
+      : out_(out), brokenLevels_(brokenLevels) {}
 
   void BeginObject() { Open('{'); }
   void EndObject() { Close('}'); }
@@ -39,6 +41,7 @@ class JsonWriter {
   void WriteQuoted(std::string_view text);
 
   std::ostream& out_;
+  std::size_t brokenLevels_;
   std::vector<bool> filled_;  // per open bracket: whether it has an entry
   bool afterKey_ = false;
 };
