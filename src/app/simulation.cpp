@@ -25,13 +25,16 @@ Simulation::Simulation(Files& files, const Clock& clock, Scheduler& scheduler, c
                        const std::string& folder, std::function<void(const std::string&)> show)
     : kept_(PaperOf(files, script.paperFile, folder, show)),
       register_(clock, paper_, script.profile, kept_ ? kept_->Remembered() : std::nullopt),
-      link_(register_, scheduler, script) {
-  if (!kept_) {
-    paper_.SetSink(std::move(show));
-    return;
-  }
-  paper_.SetSink([this](const std::string& line) { kept_->Print(line); });
-  register_.SetKeeper([this](const RegisterState& state) { kept_->Keep(state); });
+      link_(register_, scheduler, script),
+      panel_({register_, link_, clock, files}, script, folder) {
+  paper_.SetSink([this, show = std::move(show)](const std::string& line) {
+    kept_ ? kept_->Print(line) : show(line);
+    panel_.Printed(line);
+  });
+  register_.SetKeeper([this](const RegisterState& state) {
+    if (kept_) kept_->Keep(state);
+    panel_.Changed();
+  });
 }
 
 FaultScript ReadFaultScript(const FileReader& files, const std::string& path) {

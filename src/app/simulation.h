@@ -11,6 +11,7 @@
 #include "simulator/fault_script.h"
 #include "simulator/paper_roll.h"
 #include "simulator/simulated_link.h"
+#include "simulator/simulated_panel.h"
 #include "simulator/simulated_register.h"
 
 namespace orvenza {
@@ -21,17 +22,21 @@ class Simulation {
   /// `clock` is the PC's, which the register's clock keeps up with whatever the pace of `scheduler`.
   /// `show` receives each printed line. Lines are also appended to the file named by the script's "paper",
   /// relative to `folder` unless its path is absolute; the register then goes on with the state of the
-  /// earlier start (see KeptPaper). Without a "paper" nothing is read or written.
+  /// earlier start (see KeptPaper). Without a "paper" nothing is read or written. The panel saves rolls in
+  /// `folder`.
   Simulation(Files& files, const Clock& clock, Scheduler& scheduler, const FaultScript& script,
              const std::string& folder, std::function<void(const std::string&)> show);
 
   EcrLink& Control() { return link_; }
+
+  RegisterPanel& Panel() { return panel_; }
 
  private:
   std::optional<KeptPaper> kept_;  ///< Empty without a "paper".
   PaperRoll paper_;
   SimulatedRegister register_;
   SimulatedLink link_;
+  SimulatedPanel panel_;
 };
 
 /// Reads the script file `path`. Throws ScriptError, even if the file cannot be read.

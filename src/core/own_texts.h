@@ -69,6 +69,36 @@ inline constexpr const char* kAnswer = "Risposta:";
 inline constexpr const char* kWrongAnswer = "Risposta non valida.";
 inline constexpr const char* kClosedUnanswered = "Chiuso senza risposta.";
 
+// The panel of the simulated register.
+inline constexpr const char* kReceiptPaper = "Carta scontrino";
+inline constexpr const char* kJournalPaper = "Carta giornale";
+inline constexpr const char* kPower = "Alimentazione";
+inline constexpr const char* kCable = "Cavo";
+inline constexpr const char* kKey = "Chiave";
+inline constexpr const char* kSilence = "Nessuna risposta";
+inline constexpr const char* kReplyLost = "Risposta persa";
+inline constexpr const char* kReplyLate = "Risposta in ritardo di 5 s";
+inline constexpr const char* kReplyGarbled = "Risposta illeggibile";
+inline constexpr const char* kLinkError = "Errore di linea";  ///< Followed by its number.
+inline constexpr const char* kError = "Errore";               ///< Followed by its number and text.
+inline constexpr const char* kDailyTotal = "Totale del giorno:";
+inline constexpr const char* kReceipts = "Scontrini:";
+inline constexpr const char* kClosures = "Chiusure fiscali:";
+inline constexpr const char* kOpen = "Aperto:";
+inline constexpr const char* kNothingOpen = "niente";
+inline constexpr const char* kReceiptOpen = "scontrino,";  ///< Followed by its amount.
+inline constexpr const char* kDocumentOpen = "documento non fiscale";
+inline constexpr const char* kLinesOnRoll = "Righe sul rotolo:";
+inline constexpr const char* kOf = "di";
+inline constexpr const char* kAwaitsRestart = "Carta esaurita: la cassa attende il riavvio";
+inline constexpr const char* kVoided = "(annullato)";
+inline constexpr const char* kScenarioHead =
+    "Dal registratore simulato. Aggiungere gli scontrini (at 2s ticket 0001.txt) e le risposte (answer Ok).";
+inline constexpr const char* kStepsMissing = "Mancano i primi interventi: sono troppi.";
+inline constexpr const char* kRollEmpty = "Il rotolo è vuoto, non c'è niente da salvare.";
+inline constexpr const char* kRollSaved = "Rotolo salvato :";
+inline constexpr const char* kRollNotSaved = "Rotolo non salvato :";
+
 }  // namespace own_text
 
 }  // namespace orvenza

@@ -9,13 +9,19 @@ namespace orvenza {
 namespace {
 
 constexpr std::string_view kFirstWords =
-    "\"on\", \"after\", \"absent\", \"port-fails\", \"paper-out\", \"receipt-open\", \"receipt-paid\", "
+    "\"on\", \"after\", \"next\", \"every\", \"no fault\", \"absent\", \"port-fails\", \"paper-out\", "
+    "\"receipt-paper\", \"journal-paper\", \"power\", \"cable\", \"key\", \"receipt-open\", "
+    "\"receipt-paid\", "
     "\"model\", \"release\", \"capacity\", \"roll\", \"clock\", \"speed\", \"pace\" or \"paper\"";
+constexpr std::string_view kExchangeFaults =
+    "\"reply\", \"silence\", \"link-error\", \"lose-reply\" or \"late\"";
 constexpr std::string_view kCommandFaults =
-    "\"reply\", \"silence\", \"link-error\", \"lose-reply\", \"late\", \"paper-out\", \"absent\", "
-    "\"port-fails\", \"receipt-open\" or \"receipt-paid\"";
-constexpr std::string_view kStateFaults =
-    "\"absent\", \"port-fails\", \"paper-out\", \"receipt-open\" or \"receipt-paid\"";
+    "\"reply\", \"silence\", \"link-error\", \"lose-reply\", \"late\", \"paper-out\", \"receipt-paper\", "
+    "\"journal-paper\", \"power\", \"cable\", \"key\", \"absent\", \"port-fails\", \"receipt-open\" or "
+    "\"receipt-paid\"";
+constexpr std::string_view kTimedFaults =
+    "\"next\", \"every\", \"no fault\", \"absent\", \"port-fails\", \"paper-out\", \"receipt-paper\", "
+    "\"journal-paper\", \"power\", \"cable\", \"key\", \"receipt-open\" or \"receipt-paid\"";
 
 constexpr int kMost = ScriptLine::kMost;
 
@@ -24,6 +30,32 @@ Paper ReadPaper(ScriptLine& line) {
   if (word == "journal") return Paper::kJournal;
   if (word == "receipt") return Paper::kReceipt;
   line.Refuse("\"journal\" or \"receipt\"");
+}
+
+/// Reads the position of a switch.
+void ReadSwitch(FaultKind kind, std::string_view off, std::string_view on, ScriptLine& line, Fault& fault) {
+  fault.kind = kind;
+  fault.on = line.Skip(on);
+  if (!fault.on && !line.Skip(off)) {
+    line.Refuse("\"" + std::string(off) + "\" or \"" + std::string(on) + "\"");
+  }
+}
+
+/// Reads the switches of the register. False if `word` is none of them.
+bool ReadSwitch(std::string_view word, ScriptLine& line, Fault& fault) {
+  if (word == "power") {
+    ReadSwitch(FaultKind::kPower, "off", "on", line, fault);
+  } else if (word == "cable") {
+    ReadSwitch(FaultKind::kCable, "out", "in", line, fault);
+  } else if (word == "key") {
+    ReadSwitch(FaultKind::kKey, "off", "on", line, fault);
+  } else if (word == "receipt-paper" || word == "journal-paper") {
+    fault.paper = word == "receipt-paper" ? Paper::kReceipt : Paper::kJournal;
+    ReadSwitch(FaultKind::kPaper, "out", "in", line, fault);
+  } else {
+    return false;
+  }
+  return true;
 }
 
 /// Reads the faults that are not tied to a command. False if `word` is none of them.
@@ -41,16 +73,15 @@ bool ReadStateFault(std::string_view word, ScriptLine& line, Fault& fault) {
     fault.kind = FaultKind::kKeyedIn;
   } else if (word == "receipt-paid") {
     fault.kind = FaultKind::kPaidThere;
-  } else {
+  } else if (!ReadSwitch(word, line, fault)) {
     return false;
   }
   line.End();
   return true;
 }
 
-void ReadCommandFault(ScriptLine& line, Fault& fault) {
-  const auto word = line.Word();
-  if (ReadStateFault(word, line, fault)) return;
+/// Reads the faults of the exchange. False if `word` is none of them.
+bool ReadExchangeFault(std::string_view word, ScriptLine& line, Fault& fault) {
   if (word == "reply") {
     fault.kind = FaultKind::kReply;
     fault.text = line.Text("the reply's text");
@@ -65,9 +96,31 @@ void ReadCommandFault(ScriptLine& line, Fault& fault) {
     fault.kind = FaultKind::kLate;
     fault.number = line.Number(1, kMost, "a number of milliseconds, at least 1");
   } else {
-    line.Refuse(std::string(kCommandFaults));
+    return false;
   }
   line.End();
+  return true;
+}
+
+void ReadCommandFault(ScriptLine& line, Fault& fault) {
+  const auto word = line.Word();
+  if (!ReadStateFault(word, line, fault) && !ReadExchangeFault(word, line, fault)) {
+    line.Refuse(std::string(kCommandFaults));
+  }
+}
+
+/// Reads the faults without a command. False if `word` is none of them.
+bool ReadTimedFault(std::string_view word, ScriptLine& line, Fault& fault) {
+  if (word == "next" || word == "every") {
+    if (word == "every") fault.times = Fault::kAlways;
+    if (!ReadExchangeFault(line.Word(), line, fault)) line.Refuse(std::string(kExchangeFaults));
+    return true;
+  }
+  if (word != "no") return ReadStateFault(word, line, fault);
+  fault.kind = FaultKind::kNone;
+  if (!line.Skip("fault")) line.Refuse("\"fault\"");
+  line.End();
+  return true;
 }
 
 Fault ReadOn(ScriptLine& line) {
@@ -93,7 +146,7 @@ Fault ReadOn(ScriptLine& line) {
 Fault ReadAfter(ScriptLine& line) {
   Fault fault;
   fault.after = std::chrono::milliseconds(line.Number(0, kMost, "a number of milliseconds"));
-  if (!ReadStateFault(line.Word(), line, fault)) line.Refuse(std::string(kStateFaults));
+  if (!ReadTimedFault(line.Word(), line, fault)) line.Refuse(std::string(kTimedFaults));
   return fault;
 }
 
@@ -146,13 +199,15 @@ void ReadSetting(std::string_view word, ScriptLine& line, FaultScript& script) {
 
 void ReadLine(ScriptLine& line, FaultScript& script) {
   if (line.AtEnd() || line.Next() == '#') return;
+  const std::string_view whole = line.Rest();
   const auto word = line.Word();
+  if (word != "paper" && word != "pace") script.lines.emplace_back(whole);
   Fault fault;
   if (word == "on") {
     script.faults.push_back(ReadOn(line));
   } else if (word == "after") {
     script.faults.push_back(ReadAfter(line));
-  } else if (ReadStateFault(word, line, fault)) {
+  } else if (ReadTimedFault(word, line, fault)) {
     script.faults.push_back(std::move(fault));
   } else {
     ReadSetting(word, line, script);

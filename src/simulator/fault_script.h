@@ -24,9 +24,15 @@ enum class FaultKind {
   kPortFails,  ///< The next `number` attempts to open the port fail.
   kKeyedIn,    ///< Somebody keys an item in at the register, which opens a receipt.
   kPaidThere,  ///< Somebody has that receipt paid at the register.
+  kPower,      ///< The register is switched off, or `on` again.
+  kCable,      ///< Its cable is pulled out, or put in (`on`).
+  kKey,        ///< Its key is turned away, or to the position for selling (`on`).
+  kPaper,      ///< `paper` is taken out, and stays out until new paper is put in (`on`).
+  kNone,       ///< Ends a fault that awaits the next command, or strikes every one.
 };
 
-/// One fault and its trigger: a command or, if `prefix` is empty, a time.
+/// One fault and its trigger: a command or, if `prefix` is empty, a time. A fault of the exchange (the first
+/// five kinds) without a prefix awaits the next command from then on or, with kAlways, strikes every one.
 struct Fault {
   std::string prefix;                 ///< The start of the command.
   std::size_t first = 1;              ///< First affected occurrence, counted from 1.
@@ -36,6 +42,9 @@ struct Fault {
   std::string text;
   int number = 0;
   Paper paper = Paper::kJournal;
+  bool on = false;  ///< The position of a switch.
+
+  bool operator==(const Fault&) const = default;
 
   static constexpr std::size_t kAlways = static_cast<std::size_t>(-1);
 };
@@ -48,6 +57,7 @@ struct FaultScript {
   int pace = 1;           ///< Everything that the program waits for comes this many times as fast.
   std::string paperFile;  ///< File for the printed lines, as in the script; empty: none.
   std::vector<Fault> faults;
+  std::vector<std::string> lines;  ///< The lines that were read, without "paper" and "pace".
 };
 
 /// Parses a script; docs/simulator.md describes its format. `name` is for messages. Throws ScriptError with

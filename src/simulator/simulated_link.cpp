@@ -59,12 +59,13 @@ void SimulatedLink::Send() {
   Keep(sent_, message_);
   Tell(LineEvent::kSent, message_);
   const Disturbance disturbance = Disturb(message_);
+  if (!powerOn_ || !cableIn_) return;
   At(connection_, LineTime(message_.size()),
      [this, command = message_, disturbance] { Transmitted(command, disturbance); });
 }
 
 bool SimulatedLink::DevicePresent() {
-  const bool present = open_ && absentReads_ == 0;
+  const bool present = open_ && powerOn_ && cableIn_ && absentReads_ == 0;
   if (absentReads_ > 0) --absentReads_;
   if (!present) Tell(LineEvent::kAbsent, {});
   return present;
@@ -90,7 +91,7 @@ void SimulatedLink::SetProperty(LinkProperty property, int value) {
 }
 
 SimulatedLink::Disturbance SimulatedLink::Disturb(const std::string& command) {
-  Disturbance disturbance;
+  Disturbance disturbance{TakeAwaiting(), {}};
   for (std::size_t i = 0; i < script_.faults.size(); ++i) {
     const Fault& fault = script_.faults[i];
     if (fault.prefix.empty() || !command.starts_with(fault.prefix)) continue;
@@ -98,19 +99,45 @@ SimulatedLink::Disturbance SimulatedLink::Disturb(const std::string& command) {
     if (occurrence < fault.first || occurrence - fault.first >= fault.times) continue;
     if (fault.kind == FaultKind::kPaperOut)
       disturbance.paperOut = fault.paper;
-    else if (!Strike(fault) && disturbance.fault == nullptr)
-      disturbance.fault = &fault;
+    else if (!StrikeRegister(fault) && !disturbance.fault)
+      disturbance.fault = fault;
   }
   return disturbance;
 }
 
-bool SimulatedLink::Strike(const Fault& fault) {
+std::optional<Fault> SimulatedLink::TakeAwaiting() {
+  if (!awaiting_ || awaiting_->times == Fault::kAlways) return awaiting_;
+  std::optional<Fault> fault = std::exchange(awaiting_, std::nullopt);
+  if (faultObserver_) faultObserver_();
+  return fault;
+}
+
+void SimulatedLink::Strike(const Fault& fault) {
+  if (!StrikeRegister(fault)) awaiting_ = fault;
+  if (faultObserver_) faultObserver_();
+}
+
+void SimulatedLink::Switch(bool& connected, bool on) {
+  connected = on;
+  if (!on) connection_ = std::make_shared<bool>();
+}
+
+bool SimulatedLink::StrikeRegister(const Fault& fault) {
   switch (fault.kind) {
     case FaultKind::kAbsent: absentReads_ = fault.number; return true;
     case FaultKind::kPortFails: failingOpens_ = fault.number; return true;
     case FaultKind::kPaperOut: device_.RunOutOfPaper(fault.paper); return true;
-    case FaultKind::kKeyedIn: device_.KeyInItem(); return true;
-    case FaultKind::kPaidThere: device_.PayWhatWasKeyedIn(); return true;
+    case FaultKind::kKeyedIn:
+      if (powerOn_) device_.KeyInItem();
+      return true;
+    case FaultKind::kPaidThere:
+      if (powerOn_) device_.PayWhatWasKeyedIn();
+      return true;
+    case FaultKind::kPower: Switch(powerOn_, fault.on); return true;
+    case FaultKind::kCable: Switch(cableIn_, fault.on); return true;
+    case FaultKind::kKey: device_.TurnKey(fault.on); return true;
+    case FaultKind::kPaper: device_.SetPaper(fault.paper, fault.on); return true;
+    case FaultKind::kNone: awaiting_.reset(); return true;
     case FaultKind::kReply:
     case FaultKind::kSilence:
     case FaultKind::kLinkError:
@@ -122,7 +149,7 @@ bool SimulatedLink::Strike(const Fault& fault) {
 
 void SimulatedLink::Transmitted(const std::string& command, const Disturbance& disturbance) {
   if (disturbance.paperOut) device_.RunOutOfPaper(*disturbance.paperOut);
-  if (disturbance.fault == nullptr) return Answer(command, device_.Execute(command));
+  if (!disturbance.fault) return Answer(command, device_.Execute(command));
   const Fault& fault = *disturbance.fault;
   switch (fault.kind) {
     case FaultKind::kReply: return Answer(command, fault.text);
@@ -135,7 +162,12 @@ void SimulatedLink::Transmitted(const std::string& command, const Disturbance& d
     case FaultKind::kAbsent:
     case FaultKind::kPortFails:
     case FaultKind::kKeyedIn:
-    case FaultKind::kPaidThere: return;  // Already carried out by Strike.
+    case FaultKind::kPaidThere:
+    case FaultKind::kPower:
+    case FaultKind::kCable:
+    case FaultKind::kKey:
+    case FaultKind::kPaper:
+    case FaultKind::kNone: return;  // Already carried out by StrikeRegister.
   }
 }
 

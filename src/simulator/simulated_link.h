@@ -47,6 +47,18 @@ class SimulatedLink : public EcrLink {
   using Observer = std::function<void(LineEvent, const std::string& text)>;
   void SetObserver(Observer observer) { observer_ = std::move(observer); }
 
+  /// Called after a fault without a command has struck, and after one has met the command that it awaited;
+  /// null: nobody.
+  void SetFaultObserver(std::function<void()> observer) { faultObserver_ = std::move(observer); }
+
+  /// Carries out a fault without a prefix, as if its time had come.
+  void Strike(const Fault& fault);
+
+  /// The fault that awaits the next command, or strikes every command; empty: none.
+  const std::optional<Fault>& Awaiting() const { return awaiting_; }
+  bool PowerOn() const { return powerOn_; }
+  bool CableIn() const { return cableIn_; }
+
   /// The commands sent, oldest first.
   const std::deque<std::string>& Sent() const { return sent_; }
   /// Number of commands sent, including dropped ones.
@@ -62,7 +74,7 @@ class SimulatedLink : public EcrLink {
   std::string RxMessage() override { return received_; }
   void SetMessage(const std::string& text) override { message_ = text; }
   void Send() override;
-  /// False while the port is closed.
+  /// False while the port is closed, the power off or the cable out.
   bool DevicePresent() override;
   bool PortOpen() override { return open_; }
   void SetPortOpen(bool open) override;
@@ -72,13 +84,16 @@ class SimulatedLink : public EcrLink {
  private:
   /// The effect of the script on one command.
   struct Disturbance {
-    const Fault* fault = nullptr;  ///< The fault of the exchange itself; null if none.
+    std::optional<Fault> fault;  ///< The fault of the exchange itself.
     std::optional<Paper> paperOut;
   };
 
   Disturbance Disturb(const std::string& command);
   /// Carries out a fault of the register, its paper or the port. False for a fault of the exchange.
-  bool Strike(const Fault& fault);
+  bool StrikeRegister(const Fault& fault);
+  /// Switches the power or the cable, which loses everything in transit.
+  void Switch(bool& connected, bool on);
+  std::optional<Fault> TakeAwaiting();
   void Transmitted(const std::string& command, const Disturbance& disturbance);
   /// Sends `reply` to `command` after the transmission time and `late`.
   void Answer(const std::string& command, const std::string& reply, std::chrono::nanoseconds late = {});
@@ -95,6 +110,7 @@ class SimulatedLink : public EcrLink {
   std::vector<std::size_t> occurrences_;  ///< Per fault: how often its prefix has occurred.
   EcrLinkEvents* events_ = nullptr;
   Observer observer_;
+  std::function<void()> faultObserver_;
   std::map<LinkProperty, int> properties_;
   std::deque<std::string> settings_;
   std::deque<std::string> sent_;
@@ -104,7 +120,10 @@ class SimulatedLink : public EcrLink {
   bool open_ = false;
   int absentReads_ = 0;
   int failingOpens_ = 0;
-  std::shared_ptr<bool> connection_;  ///< A token of everything in transit; replaced when the port is closed.
+  std::optional<Fault> awaiting_;
+  bool powerOn_ = true;
+  bool cableIn_ = true;
+  std::shared_ptr<bool> connection_;  ///< A token of everything in transit; replaced to drop it.
   std::shared_ptr<bool> alive_;       ///< A token of the link itself.
 };
 

@@ -50,7 +50,8 @@ std::string SimulatedRegister::Answer(const std::string& text) {
   const RegisterCommand* const command = FindRegisterCommand(std::string_view(text).substr(0, 4));
   if (command == nullptr) return Refusal(refusal::kUnknown);
   const bool prints = Prints(command->effect);
-  if (prints && state_.paperOut && state_.commandHeld) return PaperError();
+  if (prints && !keyOn_) return Refusal(refusal::kNotNow);
+  if (prints && state_.paperOut && state_.commandHeld) return Refusal(PaperCode());
   CommandFields fields(text);
   const CommandData data = command->read(fields);
   if (!fields.Complete()) return Refusal(refusal::kMalformed);
@@ -60,7 +61,7 @@ std::string SimulatedRegister::Answer(const std::string& text) {
   std::string reply = CarryOut(*command, data);
   if (!prints || !state_.paperOut || reply.starts_with("ERR")) return reply;
   state_.commandHeld = true;
-  return PaperError();
+  return Refusal(PaperCode());
 }
 
 std::string SimulatedRegister::CarryOut(const RegisterCommand& command, const CommandData& data) {
@@ -83,7 +84,7 @@ std::string SimulatedRegister::CarryOut(const RegisterCommand& command, const Co
     case CommandEffect::kCashOut: refused = MoveCash(command, data); break;
     case CommandEffect::kReport: Report(command); break;
     case CommandEffect::kFiscalClosure: FiscalClosure(command); break;
-    case CommandEffect::kRestart: Restart(); break;
+    case CommandEffect::kRestart: refused = Restart(); break;
     case CommandEffect::kIdentity: return Done(command.code) + profile_.model + profile_.release;
     case CommandEffect::kStatus: return Status(command);
     case CommandEffect::kTimeOfDay: return TimeOfDay(command);
@@ -93,7 +94,7 @@ std::string SimulatedRegister::CarryOut(const RegisterCommand& command, const Co
 }
 
 std::string SimulatedRegister::Status(const RegisterCommand& command) const {
-  if (state_.paperOut) return PaperError();
+  if (state_.paperOut) return Refusal(PaperCode());
   return ReceiptOpen() ? Refusal(refusal::kNotNow) : Done(command.code);
 }
 
@@ -105,12 +106,34 @@ std::string SimulatedRegister::TimeOfDay(const RegisterCommand& command) const {
   return std::string(command.code) + text;
 }
 
-void SimulatedRegister::Restart() {
+/// While papers are missing, `paperOut` is one of them.
+void SimulatedRegister::SetPaper(Paper paper, bool in) {
+  if (in) {
+    missing_.erase(paper);
+  } else {
+    missing_.insert(paper);
+  }
+  if (missing_.empty()) {
+    if (!state_.commandHeld) GoOnWithNewPaper();
+  } else if (!state_.paperOut || PaperIn(*state_.paperOut)) {
+    state_.paperOut = *missing_.begin();
+  }
+}
+
+std::string_view SimulatedRegister::Restart() {
+  if (!missing_.empty()) return PaperCode();
+  GoOnWithNewPaper();
+  return {};
+}
+
+void SimulatedRegister::GoOnWithNewPaper() {
   if (!state_.paperOut) return;
   state_.paperOut.reset();
   state_.commandHeld = false;
   state_.linesPrinted = 0;
+  const std::size_t slipLines = slipLines_;  // They were counted when they were held back.
   for (const auto& line : std::exchange(state_.linesHeld, {})) PutOnPaper(line);
+  slipLines_ = slipLines;
 }
 
 void SimulatedRegister::OpenDocument() {
@@ -153,11 +176,12 @@ LocalTime SimulatedRegister::Now() const {
   return Later(clockStart_, std::chrono::floor<std::chrono::seconds>(clock_.Uptime() - clockStartUptime_));
 }
 
-std::string SimulatedRegister::PaperError() const {
-  return Refusal(*state_.paperOut == Paper::kJournal ? refusal::kJournalPaper : refusal::kReceiptPaper);
+std::string_view SimulatedRegister::PaperCode() const {
+  return *state_.paperOut == Paper::kJournal ? refusal::kJournalPaper : refusal::kReceiptPaper;
 }
 
 void SimulatedRegister::PutOnPaper(const std::string& line) {
+  ++slipLines_;
   if (state_.paperOut) {
     state_.linesHeld.push_back(line);
     return;
@@ -179,6 +203,7 @@ void SimulatedRegister::PrintEntry(const std::string& line) {
 }
 
 void SimulatedRegister::PrintHead() {
+  slipLines_ = 0;
   Print(Centred("NEGOZIO DI PROVA"));
   Print(Centred("REGISTRATORE SIMULATO"));
   Print(Spread("", "EURO"));

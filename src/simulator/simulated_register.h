@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -61,6 +62,22 @@ class SimulatedRegister {
   /// which prints the lines held back.
   void RunOutOfPaper(Paper paper) { state_.paperOut = paper; }
 
+  /// `paper` is taken out, or new paper is put in (`in`). While it is out, "1149" is refused, too. After that
+  /// the lines held back wait for "1149"; without such lines the register goes on at once.
+  void SetPaper(Paper paper, bool in);
+  bool PaperIn(Paper paper) const { return !missing_.contains(paper); }
+
+  /// The register's key. Unless it is in the position for selling (`on`), every command that prints is
+  /// refused with 17.
+  void TurnKey(bool on) { keyOn_ = on; }
+  bool KeyOn() const { return keyOn_; }
+
+  /// Called when a receipt or document was voided, with the number of its lines that were printed since the
+  /// start, of which the last may be held back; null: nobody.
+  void SetVoidObserver(std::function<void(std::size_t lines)> observer) {
+    voidObserver_ = std::move(observer);
+  }
+
   /// The text of an item that somebody keys in at the register itself.
   static constexpr std::string_view kKeyedInItem = "A MANO";
 
@@ -106,12 +123,13 @@ class SimulatedRegister {
   void OpenDocument();
   void Report(const RegisterCommand& command);
   void FiscalClosure(const RegisterCommand& command);
-  void Restart();
+  std::string_view Restart();
+  void GoOnWithNewPaper();
 
   LocalTime Now() const;
   void RememberClock();
   bool ReceiptFull() const;
-  std::string PaperError() const;
+  std::string_view PaperCode() const;
   std::string_view EntryRefused() const;
   void PutOnPaper(const std::string& line);
   void Print(const std::string& line);
@@ -131,6 +149,10 @@ class SimulatedRegister {
   RegisterState state_;
   std::vector<PrintedReceipt> receipts_;
   Keeper keeper_;
+  std::set<Paper> missing_;  ///< Taken out.
+  bool keyOn_ = true;
+  std::size_t slipLines_ = 0;  ///< Since the latest heading.
+  std::function<void(std::size_t)> voidObserver_;
 };
 
 }  // namespace orvenza

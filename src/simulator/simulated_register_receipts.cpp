@@ -26,6 +26,7 @@ std::string_view SimulatedRegister::Void() {
   } else {
     EndDocument("DOCUMENTO ANNULLATO");
   }
+  if (voidObserver_) voidObserver_(slipLines_);
   return {};
 }
 

@@ -153,12 +153,18 @@ TEST(FaultScript, ReportsEveryBadLine) {
 
 TEST(FaultScript, SaysWhatWasExpected) {
   const std::string first =
-      "\"on\", \"after\", \"absent\", \"port-fails\", \"paper-out\", \"receipt-open\", \"receipt-paid\", "
-      "\"model\", \"release\", \"capacity\", \"roll\", \"clock\", \"speed\", \"pace\" or \"paper\"";
+      "\"on\", \"after\", \"next\", \"every\", \"no fault\", \"absent\", \"port-fails\", \"paper-out\", "
+      "\"receipt-paper\", \"journal-paper\", \"power\", \"cable\", \"key\", \"receipt-open\", "
+      "\"receipt-paid\", \"model\", \"release\", \"capacity\", \"roll\", \"clock\", \"speed\", \"pace\" or "
+      "\"paper\"";
   const std::string fault =
-      "\"reply\", \"silence\", \"link-error\", \"lose-reply\", \"late\", \"paper-out\", \"absent\", "
-      "\"port-fails\", \"receipt-open\" or \"receipt-paid\"";
-  const std::string state = "\"absent\", \"port-fails\", \"paper-out\", \"receipt-open\" or \"receipt-paid\"";
+      "\"reply\", \"silence\", \"link-error\", \"lose-reply\", \"late\", \"paper-out\", \"receipt-paper\", "
+      "\"journal-paper\", \"power\", \"cable\", \"key\", \"absent\", \"port-fails\", \"receipt-open\" or "
+      "\"receipt-paid\"";
+  const std::string state =
+      "\"next\", \"every\", \"no fault\", \"absent\", \"port-fails\", \"paper-out\", \"receipt-paper\", "
+      "\"journal-paper\", \"power\", \"cable\", \"key\", \"receipt-open\" or \"receipt-paid\"";
+  const std::string exchange = "\"reply\", \"silence\", \"link-error\", \"lose-reply\" or \"late\"";
   const std::string which = "\"#\" and which one, at least 1";
   const std::string times = "\"x\" and how many, at least 1, or \"x*\"";
   const std::string label = "the model label, 10 characters in double quotes";
@@ -195,6 +201,25 @@ TEST(FaultScript, SaysWhatWasExpected) {
                {"after -1 absent 1", "a number of milliseconds"},
                {"after 1 silence", state},
                {"after 1", state},
+               {"after 1 paper-in receipt", state},
+               {"next", exchange},
+               {"next absent 1", exchange},
+               {"after 1 every power off", exchange},
+               {"every link-error 0", "the link error's number, 1 to 3"},
+               {"every reply", "the reply's text"},
+               {"next silence 2", "the end of the line"},
+               {"no", "\"fault\""},
+               {"no faults", "\"fault\""},
+               {"after 1 no fault now", "the end of the line"},
+               {"on 1003 no fault", fault},
+               {"on 1003 next silence", fault},
+               {"power", "\"off\" or \"on\""},
+               {"after 1 power out", "\"off\" or \"on\""},
+               {"power off on", "the end of the line"},
+               {"cable off", "\"out\" or \"in\""},
+               {"key in", "\"off\" or \"on\""},
+               {"receipt-paper off", "\"out\" or \"in\""},
+               {"journal-paper", "\"out\" or \"in\""},
                {"model", label},
                {"model \"TOVEST\"", label},
                {"release \"02.04.00.00\"", "the release, at most 10 characters in double quotes"},
