@@ -90,14 +90,37 @@ inline constexpr const char* kReceiptOpen = "scontrino,";  ///< Followed by its 
 inline constexpr const char* kDocumentOpen = "documento non fiscale";
 inline constexpr const char* kLinesOnRoll = "Righe sul rotolo:";
 inline constexpr const char* kOf = "di";
-inline constexpr const char* kAwaitsRestart = "Carta esaurita: la cassa attende il riavvio";
+inline constexpr const char* kAwaitsRestart = "la cassa attende il riavvio";  ///< Preceded by the paper.
 inline constexpr const char* kVoided = "(annullato)";
 inline constexpr const char* kScenarioHead =
     "Dal registratore simulato. Aggiungere gli scontrini (at 2s ticket 0001.txt) e le risposte (answer Ok).";
 inline constexpr const char* kStepsMissing = "Mancano i primi interventi: sono troppi.";
+inline constexpr const char* kFromScript = "Dallo script:";
 inline constexpr const char* kRollEmpty = "Il rotolo è vuoto, non c'è niente da salvare.";
 inline constexpr const char* kRollSaved = "Rotolo salvato :";
 inline constexpr const char* kRollNotSaved = "Rotolo non salvato :";
+
+// The same panel on the terminal.
+inline constexpr const char* kPanel = "Registratore simulato";
+inline constexpr const char* kPanelTip = "Registratore: r + Invio";
+inline constexpr const char* kROpensPanel = "r: registratore";
+inline constexpr const char* kRegOpensPanel = "reg: registratore";
+inline constexpr const char* kPanelClosed = "Registratore chiuso.";
+inline constexpr const char* kNothingPrinted = "(nessuna riga stampata)";
+inline constexpr const char* kSwitchOn = "sì";
+inline constexpr const char* kSwitchOff = "NO";
+inline constexpr const char* kFault = "Guasto:";
+inline constexpr const char* kNoFault = "nessuno";
+inline constexpr const char* kNextCommand = "solo il prossimo comando";
+inline constexpr const char* kEveryCommand = "ogni comando";
+inline constexpr const char* kAlways = "sempre";
+inline constexpr const char* kFaults = "Guasti";
+inline constexpr const char* kPanelPrompt =
+    "Numero: interruttore (g: guasti; s: salva; c: scenario; solo Invio: chiudi)";
+inline constexpr const char* kFaultHint =
+    "Numero: solo il prossimo comando. Numero e sempre, per esempio 6 sempre: ogni comando. 0: nessun "
+    "guasto.";
+inline constexpr const char* kAfterAction = "(r: mostra il registratore; solo Invio: chiudi)";
 
 }  // namespace own_text
 

@@ -9,6 +9,7 @@
 #include "simulator/paper_layout.h"
 #include "simulator/paper_roll.h"
 #include "simulator/register_replies.h"
+#include "simulator/script_line.h"
 
 namespace orvenza {
 namespace {
@@ -63,8 +64,22 @@ SimulatedPanel::SimulatedPanel(const Parts& parts, const FaultScript& script, st
     const std::string digits = LoadMessage(EcrErrorMessage(code)).substr(0, 2);
     AddFault(caption, "reply " + Refusal(digits));
   }
+  AddFaultsOf(script);
   parts_.device.SetVoidObserver([this](std::size_t lines) { Voided(lines); });
   parts_.link.SetFaultObserver([this] { Changed(); });
+}
+
+/// So that a fault of the script can be seen and chosen like the others.
+void SimulatedPanel::AddFaultsOf(const FaultScript& script) {
+  const std::string name;
+  for (const std::string& text : script.lines) {
+    ScriptLine line(name, 1, text);
+    if (line.Skip("after")) line.Word();
+    if (!line.Skip("next") && !line.Skip("every")) continue;
+    const std::string words(line.Rest());
+    if (std::find(faults_.begin(), faults_.end(), ReadFault("next " + words)) == faults_.end())
+      AddFault(Line(own_text::kFromScript, ToUtf8(words)), words);
+  }
 }
 
 void SimulatedPanel::AddFault(std::string caption, const std::string& words) {
@@ -154,7 +169,11 @@ std::vector<std::string> SimulatedPanel::Counters() const {
                                     Line(own_text::kReceipts, std::to_string(state.dailyReceipts)),
                                     Line(own_text::kClosures, std::to_string(state.fiscalClosures)),
                                     Line(own_text::kOpen, open), Line(own_text::kLinesOnRoll, lines)};
-  if (state.paperOut) counters.emplace_back(own_text::kAwaitsRestart);
+  if (state.paperOut && parts_.device.PaperIn(*state.paperOut)) {
+    const char* const paper =
+        *state.paperOut == Paper::kJournal ? own_text::kJournalPaper : own_text::kReceiptPaper;
+    counters.push_back(std::string(paper) + ": " + own_text::kAwaitsRestart);
+  }
   return counters;
 }
 

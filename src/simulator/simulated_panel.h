@@ -59,6 +59,7 @@ class SimulatedPanel final : public RegisterPanel {
     std::string line;
   };
 
+  void AddFaultsOf(const FaultScript& script);
   void AddFault(std::string caption, const std::string& words);
   bool IsOn(std::size_t number) const;
   void Carry(const std::string& line);

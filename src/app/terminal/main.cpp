@@ -63,6 +63,7 @@ int RunConnector(const ProgramPaths& paths, const FaultScript& script) {
   Simulation simulation(files, clock, time.scheduler, script, paths.AppPath, [](const std::string& line) {
     std::cout << "    |" << line << "\n" << std::flush;
   });
+  terminal.SetPanel(simulation.Panel());
   Connector connector({seenFiles, tracing.WrapFolders(folders), profile, tracing.WrapClock(time.clock), loop,
                        tracing.WrapOperator(terminal), tracing.WrapNotificationIcon(terminal),
                        tracing.WrapEcrLink(simulation.Control())},
@@ -90,7 +91,8 @@ int RunConnector(const ProgramPaths& paths, const FaultScript& script) {
 int main(int argc, char** argv) {
   const CommandLine options = ParseCommandLine({argv + 1, argv + argc});
   if (!options.error.empty()) return Refuse(options.error + "\nSee 'Orvenza --help'.");
-  if (options.help) std::cout << Usage("While it runs, m and Enter open the menu.");
+  if (options.help)
+    std::cout << Usage("While it runs, m and Enter open the menu, r and Enter the simulated register.");
   if (options.version) std::cout << "Orvenza " << BuildVersion() << "\n";
   if (options.help || options.version) return 0;
   if (!options.simulate) {

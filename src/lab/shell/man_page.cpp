@@ -118,7 +118,9 @@ std::string ManPage(const Command& command) {
 std::string ManPageOfConnector() {
   return Heading("ORVENZA", "Orvenza", "prints ticket files on a fiscal cash register") +
          Section("SYNOPSIS") + ".B Orvenza\n" + Literal("[--folder DIR] [--simulate [SCRIPT]]") + "\n" +
-         Section("DESCRIPTION") + AsTyped(Usage("While it runs in a terminal, m and Enter open the menu.")) +
+         Section("DESCRIPTION") +
+         AsTyped(Usage("While it runs in a terminal, m and Enter open the menu, r and Enter the "
+                       "simulated\nregister.")) +
          Section("\"SEE ALSO\"") + ".BR orvenza\\-lab (1)\n";
 }
 

@@ -77,6 +77,25 @@ int FindButton(std::span<const std::string> captions, std::string_view answer) {
   return found;
 }
 
+int FindCaptionByStart(std::span<const std::string> captions, std::string_view answer) {
+  if (const int found = FindCaption(captions, answer); found != 0) return found;
+  const std::string wanted = Fold(answer);
+  int found = 0;
+  for (std::size_t i = 0; i < captions.size() && !wanted.empty(); ++i) {
+    if (!Fold(captions[i]).starts_with(wanted)) continue;
+    if (found != 0) return 0;
+    found = static_cast<int>(i) + 1;
+  }
+  return found;
+}
+
+bool IsWord(std::string_view answer, std::string_view word) { return Fold(answer) == Fold(word); }
+
+bool AsksForPanel(std::string_view answer) {
+  const std::string word = Fold(answer);
+  return word == "R" || word == "REG" || word == "REGISTRATORE";
+}
+
 bool AsksForMenu(std::string_view answer) {
   const std::string word = Fold(answer);
   return word == "M" || word == "MENU";

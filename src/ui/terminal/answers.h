@@ -18,6 +18,15 @@ int FindCaption(std::span<const std::string> captions, std::string_view answer);
 /// caption has it.
 int FindButton(std::span<const std::string> captions, std::string_view answer);
 
+/// The same, or the only caption that begins with `answer`.
+int FindCaptionByStart(std::span<const std::string> captions, std::string_view answer);
+
+/// Whether `answer` is `word`. Letter case, accents and apostrophes are ignored.
+bool IsWord(std::string_view answer, std::string_view word);
+
+/// Whether `answer` asks for the panel of the simulated register: "r", "reg" or "registratore".
+bool AsksForPanel(std::string_view answer);
+
 /// Whether `answer` asks for the menu: "m" or "menu".
 bool AsksForMenu(std::string_view answer);
 

@@ -20,15 +20,18 @@ constexpr int kMostDroppedLines = 1000;
 class TerminalOperator::Dialog {
  public:
   explicit Dialog(TerminalOperator& terminal, bool isMessage = false)
-      : terminal_(terminal), isMessage_(isMessage), displacedMenu_(std::exchange(terminal.menuOpen_, false)) {
+      : terminal_(terminal), isMessage_(isMessage), displaced_(terminal.menuOpen_ || terminal.panelOpen_) {
+    terminal_.menuOpen_ = false;
+    terminal_.panelOpen_ = false;
     terminal_.dialogs_.push_back(this);
   }
   ~Dialog() { terminal_.dialogs_.pop_back(); }
   Dialog(const Dialog&) = delete;
   Dialog& operator=(const Dialog&) = delete;
 
-  /// Drops the lines typed before, then shows the dialog.
-  void Open(Block block) {
+  /// Drops the lines typed before, then shows the dialog. `buttons` outlive it.
+  void Open(Block block, Captions buttons) {
+    buttons_ = buttons;
     terminal_.DropWaitingLines();
     shownAt_ = terminal_.clock_.Uptime();
     Change(std::move(block));
@@ -42,9 +45,10 @@ class TerminalOperator::Dialog {
   void Show() const { terminal_.Say("\n" + block_.box + Prompt()); }
 
   bool IsMessage() const { return isMessage_; }
+  bool HasButton(std::string_view answer) const { return FindButton(buttons_, answer) != 0; }
   bool Asking() const { return !block_.box.empty() && !closed_ && !line_; }
   void Answer(const std::string& line) {
-    if (std::exchange(displacedMenu_, false)) {
+    if (std::exchange(displaced_, false)) {
       Reject();
     } else {
       line_ = line;
@@ -94,11 +98,14 @@ class TerminalOperator::Dialog {
   void Reject() const { terminal_.Say(std::string(own_text::kWrongAnswer) + "\n" + Prompt()); }
 
  private:
-  /// Mentions the menu once it is available.
+  /// Mentions the menu and the panel once they are available.
   std::string Prompt() const {
+    std::string more;
+    if (terminal_.tip_) more += std::string("; ") + own_text::kMOpensMenu;
+    if (terminal_.panel_)
+      more += std::string("; ") + (HasButton("r") ? own_text::kRegOpensPanel : own_text::kROpensPanel);
     std::string prompt = block_.prompt;
-    if (terminal_.tip_) prompt.insert(prompt.rfind(')'), std::string("; ") + own_text::kMOpensMenu);
-    return prompt;
+    return prompt.insert(prompt.rfind(')'), more);
   }
 
   bool Abandoned() const {
@@ -107,7 +114,8 @@ class TerminalOperator::Dialog {
 
   TerminalOperator& terminal_;
   const bool isMessage_;
-  bool displacedMenu_;  ///< The dialog interrupted the open menu, so the first line was meant for the menu.
+  bool displaced_;    ///< The dialog interrupted the menu or the panel, for which the first line was meant.
+  Captions buttons_;  ///< Whose letters answer the dialog.
   Block block_;
   std::chrono::nanoseconds shownAt_{};
   bool closed_ = false;
@@ -125,21 +133,28 @@ void TerminalOperator::OnLine(const std::string& line) {
   const bool asking = !dialogs_.empty() && dialogs_.back()->Asking();
   if (menuOpen_) {
     PickFromMenu(answer);
+  } else if (panelOpen_) {
+    UsePanel(answer);
   } else if (AsksForMenu(answer) && (asking || dialogs_.empty())) {
     tip_ ? OpenMenu() : RefuseMenu();
+  } else if (WantsPanel(answer) && (asking || dialogs_.empty())) {
+    OpenPanel();
   } else if (asking) {
     dialogs_.back()->Answer(answer);
   } else {
-    SayLine(own_text::kNothingAsked + (tip_ ? std::string(" ") + own_text::kMenuTip : std::string()));
+    SayLine(own_text::kNothingAsked + Tips());
   }
 }
 
-void TerminalOperator::OnEndOfInput() { inputEnded_ = true; }
+void TerminalOperator::OnEndOfInput() {
+  inputEnded_ = true;
+  panelOpen_ = false;
+}
 
 std::optional<int> TerminalOperator::ShowMessage(const MessageContent& content) {
   Dialog dialog(*this, true);
   if (bell_) out_ << '\a';
-  dialog.Open(DrawMessage(content, width_()));
+  dialog.Open(DrawMessage(content, width_()), content.buttons);
   return dialog.NextButton(content.buttons);
 }
 
@@ -151,7 +166,7 @@ void TerminalOperator::CloseMessage() {
 
 std::optional<int> TerminalOperator::ShowChoice(const ChoiceContent& content) {
   Dialog dialog(*this);
-  dialog.Open(DrawChoice(content, width_()));
+  dialog.Open(DrawChoice(content, width_()), {&content.button, 1});
   while (const auto line = dialog.NextLine()) {
     int option = content.frameVisible ? FindCaption(content.options, *line) : 0;
     const bool confirmed = line->empty() || FindButton({&content.button, 1}, *line) != 0;
@@ -170,7 +185,7 @@ std::optional<int> TerminalOperator::ShowChoice(const ChoiceContent& content) {
 std::optional<std::array<int, 5>> TerminalOperator::ShowPortSettings(const PortContent& content) {
   std::array<int, 5> selected = content.selected;
   Dialog dialog(*this);
-  dialog.Open(DrawPortSettings(content, selected, width_()));
+  dialog.Open(DrawPortSettings(content, selected, width_()), {&content.button, 1});
   while (const auto line = dialog.NextLine()) {
     const int label = FindCaption(content.labels, *line);
     if (label != 0) {
@@ -191,7 +206,7 @@ std::optional<std::array<int, 5>> TerminalOperator::ShowPortSettings(const PortC
 void TerminalOperator::ShowUtilities(const UtilitiesContent& content,
                                      const std::function<bool(int)>& pressed) {
   Dialog dialog(*this);
-  dialog.Open(DrawUtilities(content, width_()));
+  dialog.Open(DrawUtilities(content, width_()), content.buttons);
   while (const auto button = dialog.NextButton(content.buttons)) {
     if (pressed(*button)) return;
     dialog.Show();
@@ -201,7 +216,7 @@ void TerminalOperator::ShowUtilities(const UtilitiesContent& content,
 void TerminalOperator::CreateIcon(const std::string& tip) {
   tip_ = tip;
   const std::string place = ticketPlace_ ? ": " + ticketPlace_() : std::string();
-  SayLine(tip + " " + own_text::kRuns + place + ". " + own_text::kMenuTip);
+  SayLine(tip + " " + own_text::kRuns + place + "." + Tips());
 }
 
 void TerminalOperator::DeleteIcon() {
@@ -235,6 +250,36 @@ void TerminalOperator::PickFromMenu(const std::string& answer) {
     SayLine(std::string(own_text::kMenu) + ": " + captions[static_cast<std::size_t>(item - 1)]);
     RunMenuItem(static_cast<MenuItem>(item - 1));
   }
+  ShowDialogAgain();
+}
+
+/// A dialog keeps the letters of its own buttons.
+bool TerminalOperator::WantsPanel(const std::string& answer) const {
+  return panel_ && AsksForPanel(answer) && (dialogs_.empty() || !dialogs_.back()->HasButton(answer));
+}
+
+void TerminalOperator::OpenPanel() {
+  panelOpen_ = true;
+  Say("\n" + panel_->Draw(width_()));
+}
+
+void TerminalOperator::UsePanel(const std::string& answer) {
+  const auto said = panel_->Answer(answer, width_());
+  if (said) return Say(*said);
+  panelOpen_ = false;
+  SayLine(own_text::kPanelClosed);
+  ShowDialogAgain();
+}
+
+/// What can be opened now, each after a blank.
+std::string TerminalOperator::Tips() const {
+  std::string tips;
+  if (tip_) tips += std::string(" ") + own_text::kMenuTip;
+  if (panel_) tips += std::string(tip_ ? ", " : " ") + own_text::kPanelTip;
+  return tips;
+}
+
+void TerminalOperator::ShowDialogAgain() {
   if (!dialogs_.empty() && dialogs_.back()->Asking() && !loop_.EndRequested()) dialogs_.back()->Show();
 }
 

@@ -16,13 +16,15 @@
 #include "ui/menu.h"
 #include "ui/notification_icon.h"
 #include "ui/operator.h"
+#include "ui/register_panel.h"
+#include "ui/terminal/terminal_panel.h"
 #include "ui/terminal/text_box.h"
 
 namespace orvenza {
 
 /// The operator at a text terminal: each dialog is a framed block, answered with one line. "m" opens the menu
-/// at any time, "x" closes a dialog like a window's close button. There is no type-ahead: a line entered
-/// before a dialog was shown does not answer it.
+/// at any time, "r" the panel of a simulated register, "x" closes a dialog like a window's close button.
+/// There is no type-ahead: a line entered before a dialog was shown does not answer it.
 class TerminalOperator final : public Operator, public NotificationIcon {
  public:
   /// How long a dialog stays open once the input has ended, so that loops that ask without limit do not spin.
@@ -33,6 +35,9 @@ class TerminalOperator final : public Operator, public NotificationIcon {
 
   /// Handles the menu's items; until it is set, they do nothing.
   void SetMenuHandler(std::function<void(MenuItem)> handler) { menuHandler_ = std::move(handler); }
+
+  /// Offers the panel of the simulated register, which outlives this object; until it is set, there is none.
+  void SetPanel(RegisterPanel& panel) { panel_.emplace(panel); }
 
   /// Returns the width of the terminal in characters; until it is set, boxes have the default width.
   void SetWidth(std::function<std::size_t()> width) { width_ = std::move(width); }
@@ -64,6 +69,11 @@ class TerminalOperator final : public Operator, public NotificationIcon {
   void RefuseMenu();
   void PickFromMenu(const std::string& answer);
   void RunMenuItem(MenuItem item);
+  bool WantsPanel(const std::string& answer) const;
+  void OpenPanel();
+  void UsePanel(const std::string& answer);
+  std::string Tips() const;
+  void ShowDialogAgain();
   void DropWaitingLines();
   void Say(std::string_view text);
   void SayLine(const std::string& text) { Say(text + "\n"); }
@@ -78,6 +88,8 @@ class TerminalOperator final : public Operator, public NotificationIcon {
   std::vector<Dialog*> dialogs_;  ///< Open dialogs, the innermost last.
   std::size_t linesTaken_ = 0;
   bool menuOpen_ = false;
+  std::optional<TerminalPanel> panel_;  ///< Empty without a simulated register.
+  bool panelOpen_ = false;
   bool inputEnded_ = false;
   std::optional<std::string> tip_;  ///< The icon's tip; empty while there is no icon.
 };
