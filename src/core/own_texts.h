@@ -41,6 +41,28 @@ inline constexpr const char* kMissingText = "Miss Messagge !!!";  ///< Deliberat
 /// Shown by Windows while the session's end waits for the program.
 inline constexpr const char* kCompletesReceipt = "Orvenza completa lo scontrino in corso.";
 
+// The window of the simulated register. In a caption "&" precedes the letter that chooses it.
+inline constexpr const char* kSimulatedRegister = "Registratore simulato";  ///< Also an item of the menu.
+inline constexpr const char* kRollLabel = "&Rotolo";
+inline constexpr const char* kSaveRollButton = "&Salva rotolo";
+inline constexpr const char* kSwitchesLabel = "Interruttori";
+inline constexpr const char* kFaultsLabel = "&Guasti";
+inline constexpr const char* kNextCommandButton = "&Prossimo comando";
+inline constexpr const char* kUntilOffButton = "&Finché attivo";
+inline constexpr const char* kSwitchOffButton = "&Disattiva";
+inline constexpr const char* kCountersLabel = "Contatori";
+inline constexpr const char* kCopyScenarioButton = "&Copia come scenario";
+inline constexpr const char* kNoFaultActive = "Nessun guasto attivo";
+inline constexpr const char* kFaultChosen = "Attivo:";  ///< The fault follows, and when it strikes.
+inline constexpr const char* kAtNextCommand = "al prossimo comando";
+inline constexpr const char* kAtEveryCommand = "a ogni comando";
+inline constexpr const char* kFaultEnded = "Disattivato:";         ///< The fault follows.
+inline constexpr const char* kFaultHappened = "Guasto avvenuto:";  ///< The same.
+inline constexpr const char* kPresent = "presente";
+inline constexpr const char* kMissing = "assente";
+inline constexpr const char* kScenarioCopied = "Scenario copiato negli appunti.";
+inline constexpr const char* kNotCopied = "Gli appunti sono occupati da un altro programma. Riprovare.";
+
 // The terminal: the program, its menu.
 inline constexpr const char* kRuns = "in funzione";
 inline constexpr const char* kTicketsIn = "scontrini in";

@@ -6,6 +6,7 @@
 
 #include "platform/windows/wide.h"
 #include "ui/windows/gdi_objects.h"
+#include "ui/windows/names.h"
 #include "windows/person.h"
 #include "windows/picture.h"
 
@@ -21,6 +22,7 @@ constexpr auto kGlance = 2ms;
 /// button, the ends of a frame's caption.
 int BesidesText(HWND control) {
   switch (GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) {
+    case BS_AUTOCHECKBOX:
     case BS_AUTORADIOBUTTON: return 270;
     case BS_GROUPBOX: return 240;
     default: return 120;
@@ -72,6 +74,7 @@ bool ShowsAllOf(HWND control, int dpi) {
   const std::wstring kind = ClassOf(control);
   if (kind == L"ComboBox") return ShowsAllOfCombo(control);
   if (kind == L"Edit") return ShowsAllOfEdit(control, client);
+  if (kind == L"ListBox" || kind == window_class::kOrvRoll) return true;  // They scroll.
   return TextOf(control).empty() || ShowsAllOfText(control, kind, client, dpi);
 }
 
@@ -151,6 +154,10 @@ testing::AssertionResult ShowsEverything(HWND form, int dpi) {
       place.bottom > GetSystemMetrics(SM_CYSCREEN))
     return Lacks(form, "does not fit the screen")
            << ": " << place.left << "," << place.top << " to " << place.right << "," << place.bottom;
+  return ShowsAllControls(form, dpi);
+}
+
+testing::AssertionResult ShowsAllControls(HWND form, int dpi) {
   RECT client{};
   GetClientRect(form, &client);
   for (HWND control = GetWindow(form, GW_CHILD); control != nullptr;

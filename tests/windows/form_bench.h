@@ -92,6 +92,10 @@ class DialogBench : public FormBench {
 /// Notifies a form of this process that its screen now has `dpi` pixels per inch.
 void ChangeDpi(HWND form, int dpi);
 
+/// Whether a window laid out for `dpi` pixels per inch contains all its controls and shows all their texts in
+/// full.
+testing::AssertionResult ShowsAllControls(HWND form, int dpi);
+
 /// Whether a form laid out for `dpi` pixels per inch fits the screen, contains all its controls and shows all
 /// its texts in full.
 testing::AssertionResult ShowsEverything(HWND form, int dpi);

@@ -88,6 +88,14 @@ void ClickAt(LONG x, LONG y) {
   }
 }
 
+void TurnWheel(int notches) {
+  INPUT input{};
+  input.type = INPUT_MOUSE;
+  input.mi.dwFlags = MOUSEEVENTF_WHEEL;
+  input.mi.mouseData = static_cast<DWORD>(notches * WHEEL_DELTA);
+  SendInput(1, &input, sizeof input);
+}
+
 void Click(HWND form, int id) {
   RECT place{};
   GetWindowRect(GetDlgItem(form, id), &place);

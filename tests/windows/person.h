@@ -33,6 +33,8 @@ void PressWith(WORD modifier, WORD key);
 void PressWithAlt(WORD key);
 /// Clicks the left mouse button.
 void ClickAt(LONG x, LONG y);
+/// Turns the wheel by notches at the pointer's place; towards the person if negative.
+void TurnWheel(int notches);
 /// Clicks the middle of the control.
 void Click(HWND form, int id);
 /// Clicks the title bar's close button.

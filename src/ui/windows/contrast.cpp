@@ -16,7 +16,8 @@ bool StandsOnTheForm(HWND control) {
   wchar_t name[16] = L"";
   GetClassNameW(control, name, 16);
   const auto type = GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK;
-  return lstrcmpiW(name, L"BUTTON") == 0 && (type == BS_AUTORADIOBUTTON || type == BS_GROUPBOX);
+  return lstrcmpiW(name, L"BUTTON") == 0 &&
+         (type == BS_AUTORADIOBUTTON || type == BS_GROUPBOX || type == BS_AUTOCHECKBOX);
 }
 
 }  // namespace

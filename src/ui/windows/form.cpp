@@ -8,6 +8,7 @@
 #include "ui/windows/contrast.h"
 #include "ui/windows/dpi.h"
 #include "ui/windows/names.h"
+#include "ui/windows/text_measure.h"
 
 namespace orvenza {
 namespace {
@@ -102,24 +103,9 @@ void Form::Place(int id, const Box& box) const {
   SetWindowPos(Control(id), nullptr, box.left, box.top, box.width, box.height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-TextMeasure Form::MeasureOf(int id, UINT format) const {
-  return [control = Control(id), format](int widest) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
-    text.resize(
-        static_cast<std::size_t>(GetWindowTextW(control, text.data(), static_cast<int>(text.size()))));
-    const MeasuringCanvas canvas(control, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
-    RECT box{0, 0, widest, 0};
-    DrawTextW(canvas.Dc(), text.c_str(), static_cast<int>(text.size()), &box,
-              DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | format);
-    return Extent{box.right, box.bottom};
-  };
-}
+TextMeasure Form::MeasureOf(int id, UINT format) const { return MeasureTextOf(Control(id), format); }
 
-int Form::LineHeight(TextKind kind) const {
-  TEXTMETRICW metrics{};
-  GetTextMetricsW(MeasuringCanvas(Handle(), fonts_.Of(kind)).Dc(), &metrics);
-  return metrics.tmHeight;
-}
+int Form::LineHeight(TextKind kind) const { return LineHeightOf(Handle(), fonts_.Of(kind)); }
 
 void Form::SetFonts(int dpi) {
   FormFonts fonts(dpi);

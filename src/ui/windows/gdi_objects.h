@@ -30,6 +30,20 @@ struct MenuTraits {
 };
 using Menu = Unique<MenuTraits>;
 
+/// A typeface in one size and style.
+struct Face {
+  const wchar_t* name;
+  BYTE family;  ///< With the pitch.
+  int points;
+  int weight = FW_NORMAL;
+  bool struckOut = false;
+};
+
+/// The font at `dpi` pixels per inch. A typeface that the system lacks is replaced by one of its family.
+Font MakeFont(const Face& face, int dpi);
+
+inline constexpr const wchar_t* kPlainFace = L"Tahoma";
+
 /// The purpose of a text in a form; each has its own font.
 enum class TextKind {
   kMessage,  ///< In Orv_Msg; readable from a few steps away.

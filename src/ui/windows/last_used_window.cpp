@@ -22,19 +22,25 @@ bool CanBeUsed(HWND window) {
          (style & (WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE)) == 0 && !IsCloaked(window);
 }
 
+struct Search {
+  HWND except;
+  HWND found = nullptr;
+};
+
 /// Stops at the first usable window. Windows are enumerated from the front, the last used first.
-BOOL CALLBACK Take(HWND window, LPARAM found) {
-  if (!CanBeUsed(window)) return TRUE;
-  *reinterpret_cast<HWND*>(found) = window;
+BOOL CALLBACK Take(HWND window, LPARAM parameter) {
+  auto& search = *reinterpret_cast<Search*>(parameter);
+  if (window == search.except || !CanBeUsed(window)) return TRUE;
+  search.found = window;
   return FALSE;
 }
 
 }  // namespace
 
-HWND LastUsedWindow() {
-  HWND found = nullptr;
-  EnumWindows(Take, reinterpret_cast<LPARAM>(&found));
-  return found;
+HWND LastUsedWindow(HWND except) {
+  Search search{except};
+  EnumWindows(Take, reinterpret_cast<LPARAM>(&search));
+  return search.found;
 }
 
 }  // namespace orvenza

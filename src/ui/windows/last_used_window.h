@@ -5,7 +5,7 @@
 namespace orvenza {
 
 /// The usable window that the operator used last: the first one that Alt+Tab would offer. Null when there is
-/// none.
-HWND LastUsedWindow();
+/// none but `except`.
+HWND LastUsedWindow(HWND except = nullptr);
 
 }  // namespace orvenza

@@ -1,11 +1,11 @@
 #include "ui/windows/main_form.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 #include "platform/windows/wide.h"
 #include "ui/windows/dpi.h"
-#include "ui/windows/gdi_objects.h"
 #include "ui/windows/icon_record.h"
 #include "ui/windows/names.h"
 
@@ -23,15 +23,8 @@ constexpr UINT kRarestTry = 60000;
 /// Masks out the bits of WM_SYSCOMMAND's first parameter that the system uses internally.
 constexpr WPARAM kSystemCommand = 0xFFF0;
 
-Menu MakePopUp() {
-  Menu menu(CreatePopupMenu());
-  UINT_PTR id = 0;
-  for (const std::string& caption : MenuCaptions()) {
-    if (id != 0) AppendMenuW(menu.Get(), MF_SEPARATOR, 0, nullptr);
-    AppendMenuW(menu.Get(), MF_STRING, ++id, ToWide(caption).c_str());
-  }
-  return menu;
-}
+/// The number in the menu of the item that was added to the connector's own.
+constexpr int kAddedItem = static_cast<int>(std::tuple_size_v<decltype(MenuCaptions())>) + 1;
 
 }  // namespace
 
@@ -169,6 +162,29 @@ POINT MainForm::PlaceOfMenu() const {
   return {(icon->left + icon->right) / 2, (icon->top + icon->bottom) / 2};
 }
 
+void MainForm::AddMenuItem(std::string caption, std::function<void()> chosen) {
+  added_ = {std::move(caption), std::move(chosen)};
+}
+
+Menu MainForm::MakePopUp() const {
+  Menu menu(CreatePopupMenu());
+  UINT_PTR id = 0;
+  const auto add = [&](const std::string& caption) {
+    if (id != 0) AppendMenuW(menu.Get(), MF_SEPARATOR, 0, nullptr);
+    AppendMenuW(menu.Get(), MF_STRING, ++id, ToWide(caption).c_str());
+  };
+  for (const std::string& caption : MenuCaptions()) add(caption);
+  if (added_) add(added_->caption);
+  return menu;
+}
+
+/// Zero: the menu closed without a choice.
+void MainForm::Choose(int item) const {
+  if (item == 0) return events_.menuClosed();
+  if (item == kAddedItem) return added_->chosen();
+  events_.chosen(static_cast<MenuItem>(item - 1));
+}
+
 void MainForm::PopUp() {
   // A second menu would end the timer of the first one.
   if (menuIsOpen_) return;
@@ -184,11 +200,7 @@ void MainForm::PopUp() {
   KillTimer(Handle(), kTmrMenu);
   menuIsOpen_ = false;
   PostMessageW(Handle(), WM_NULL, 0, 0);
-  if (item > 0) {
-    events_.chosen(static_cast<MenuItem>(item - 1));
-  } else {
-    events_.menuClosed();
-  }
+  Choose(item);
 }
 
 }  // namespace orvenza

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "ui/menu.h"
+#include "ui/windows/gdi_objects.h"
 #include "ui/windows/shell.h"
 #include "ui/windows/window.h"
 
@@ -52,19 +53,30 @@ class MainForm final : public Window {
   void CreateIcon(const std::string& tip);
   void DeleteIcon();
 
+  /// Adds one more item to the menu, below the others. `chosen` is called like the events.
+  void AddMenuItem(std::string caption, std::function<void()> chosen);
+
  private:
+  struct AddedItem {
+    std::string caption;
+    std::function<void()> chosen;
+  };
+
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   void ShowIcon();
   void OnSize(WPARAM state);
   void Centre() const;
   POINT PlaceOfMenu() const;
   void PopUp();
+  Menu MakePopUp() const;
+  void Choose(int item) const;
   void End();
 
   MainFormEvents events_;
   const Shell shell_;
   const UINT taskbarCreated_;
   std::optional<Picture> picture1_;
+  std::optional<AddedItem> added_;
   std::optional<std::string> tip_;  ///< The icon's tip; empty while there is no icon.
   UINT untilNextTry_;               ///< Interval to the next attempt to show the icon, in milliseconds.
   bool menuIsOpen_ = false;

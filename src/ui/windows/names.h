@@ -13,6 +13,8 @@ inline constexpr const wchar_t* kOrvConf = L"Orv_Conf";
 inline constexpr const wchar_t* kOrvUti = L"Orv_Uti";
 inline constexpr const wchar_t* kOrvSession =
     L"Orv_Session";  ///< Hidden; receives the end of the Windows session.
+inline constexpr const wchar_t* kOrvRegister = L"Orv_Register";  ///< The simulated register.
+inline constexpr const wchar_t* kOrvRoll = L"Orv_Roll";          ///< Its roll; the text is what is in view.
 }  // namespace window_class
 
 /// Control numbers. The controls of an array are consecutive: the member i of Command0 is kCommand0 + i. 1
@@ -40,6 +42,23 @@ inline constexpr int kFrame1 = 80;
 
 // Orv_Info, Orv_Conf (kCommand + 1) and Orv_Uti (1 to 3)
 inline constexpr int kCommand = 90;
+
+// Orv_Register
+inline constexpr int kRollHeading = 100;
+inline constexpr int kRoll = 101;
+inline constexpr int kSaveRoll = 102;
+inline constexpr int kSwitchesHeading = 103;
+inline constexpr int kFaultsHeading = 104;
+inline constexpr int kFaults = 105;
+inline constexpr int kNextCommand = 106;
+inline constexpr int kUntilOff = 107;
+inline constexpr int kChosenFault = 108;
+inline constexpr int kSwitchOff = 109;
+inline constexpr int kCountersHeading = 110;
+inline constexpr int kCounters = 111;
+inline constexpr int kCopyScenario = 112;
+inline constexpr int kStatus = 113;
+inline constexpr int kSwitch = 120;  ///< 120 and following.
 }  // namespace control_id
 
 /// The timer that flashes the title bars of Orv_Msg and Orv_Info.

@@ -69,6 +69,15 @@ void WindowsOperator::ShowUtilities(const UtilitiesContent& content,
   }
 }
 
+void WindowsOperator::AddMenuItem(std::string caption, std::function<void()> chosen) {
+  orvMain_.AddMenuItem(std::move(caption), [this, chosen = std::move(chosen)] {
+    desk_.pump.Post([this, chosen] {
+      chosen();
+      if (!desk_.forms.empty()) SetForegroundWindow(desk_.forms.back()->Handle());
+    });
+  });
+}
+
 /// The hidden form took the foreground for its menu. Gives it to the innermost waiting dialog, which could
 /// not receive keys otherwise, or else to the program that the operator was using.
 void WindowsOperator::LeaveMainForm() const {

@@ -31,6 +31,10 @@ class WindowsOperator final : public Operator, public NotificationIcon {
   /// dialogs included; its ProgramEnd is passed to the event loop.
   void SetMenuHandler(std::function<void(MenuItem)> handler) { menuHandler_ = std::move(handler); }
 
+  /// Adds one more item to the menu, below the others. `chosen` runs as an event of the pump; a waiting
+  /// dialog gets the keyboard back afterwards.
+  void AddMenuItem(std::string caption, std::function<void()> chosen);
+
   std::optional<int> ShowMessage(const MessageContent& content) override;
   void CloseMessage() override;
   std::optional<int> ShowChoice(const ChoiceContent& content) override;
