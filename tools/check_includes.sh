@@ -31,11 +31,12 @@ awk '
     below["lab/check"]     = " lab/check lab/page" below["lab/settings"]
     below["lab/preview"]   = " lab/preview lab/paper" below["lab/check"]
     below["lab/doctor"]    = " lab/doctor" below["lab/settings"]
+    below["lab/handover"]  = " lab/handover lab/check" below["lab/doctor"]
     below["lab/rehearsal"] = " lab/rehearsal lab/paper lab/page" below["lab/settings"]
     below["lab/replay"]    = " lab/replay" below["lab/rehearsal"]
     below["lab/bundle"]    = " lab/bundle" below["lab/doctor"]
     below["lab/table"]     = " lab/table" below["lab/rehearsal"]
-    below["lab"]           = " lab lab/bundle lab/check lab/doctor lab/preview lab/replay lab/table" below["lab/rehearsal"]
+    below["lab"]           = " lab lab/bundle lab/check lab/doctor lab/handover lab/preview lab/replay lab/table" below["lab/rehearsal"]
     below["lab/terminal"]  = " lab/terminal" below["lab"]
     for (i = 1; i < ARGC; i++)
       if (!(room(ARGV[i]) in below)) find(ARGV[i], 0, "lies in no room of the house")

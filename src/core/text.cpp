@@ -170,6 +170,18 @@ char FirstInWindows1252(std::string_view text) {
   return '?';
 }
 
+std::optional<std::string> ToWindows1252(std::string_view utf8) {
+  std::string bytes;
+  while (!utf8.empty()) {
+    const std::size_t length = FirstCharacters(utf8, 1).size();
+    const char byte = FirstInWindows1252(utf8.substr(0, length));
+    if (byte == '?' && utf8[0] != '?') return std::nullopt;
+    bytes += byte;
+    utf8.remove_prefix(length);
+  }
+  return bytes;
+}
+
 std::string ToUtf8(std::string_view bytes) {
   return IsUtf8(bytes) ? std::string(bytes) : FromWindows1252(bytes);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -48,6 +49,9 @@ std::size_t CountCharacters(std::string_view text);
 
 /// The first character of UTF-8 `text` as a Windows-1252 byte; "?" when it has none there.
 char FirstInWindows1252(std::string_view text);
+
+/// Converts UTF-8 to Windows-1252; empty if a character does not exist there.
+[[nodiscard]] std::optional<std::string> ToWindows1252(std::string_view utf8);
 
 /// Valid UTF-8 is returned unchanged, other bytes are read as Windows-1252.
 [[nodiscard]] std::string ToUtf8(std::string_view bytes);

@@ -3,6 +3,7 @@
 #include "lab/bundle/bundle_command.h"
 #include "lab/check/check_command.h"
 #include "lab/doctor/doctor_command.h"
+#include "lab/handover/hand_over_command.h"
 #include "lab/preview/preview_command.h"
 #include "lab/rehearsal/rehearse_command.h"
 #include "lab/replay/replay_command.h"
@@ -12,8 +13,8 @@ namespace orvenza {
 
 std::vector<Command> Commands() {
   return {
-      BundleCommand(),   CheckCommand(),  DoctorCommand(), PreviewCommand(),
-      RehearseCommand(), ReplayCommand(), TableCommand(),
+      BundleCommand(),  CheckCommand(),    DoctorCommand(), HandOverCommand(),
+      PreviewCommand(), RehearseCommand(), ReplayCommand(), TableCommand(),
   };
 }
 

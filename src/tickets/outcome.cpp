@@ -113,6 +113,8 @@ class Values {
 
 }  // namespace
 
+std::string WordOf(OutcomeReason reason) { return WordOf(kReasonWords, reason); }
+
 std::string OutcomeText(const Outcome& outcome) {
   std::string text = "[" + std::string(kSection) + "]" + std::string(kLineBreak);
   const auto add = [&](const char* key, const std::string& value) {
@@ -122,7 +124,7 @@ std::string OutcomeText(const Outcome& outcome) {
   add("Ticket", outcome.ticket);
   add("State", outcome.done ? kDone : kStarted);
   add("Receipt", WordOf(kReceiptWords, outcome.receipt));
-  add("Reason", WordOf(kReasonWords, outcome.reason));
+  add("Reason", WordOf(outcome.reason));
   add("Filed", outcome.filed);
   add("Started", outcome.started);
   add("Ended", outcome.ended);

@@ -60,6 +60,9 @@ struct Outcome {
   bool operator==(const Outcome&) const = default;
 };
 
+/// The word of a reason in the file of an outcome: "operator-gave-up".
+[[nodiscard]] std::string WordOf(OutcomeReason reason);
+
 /// The outcome as the text of its file, in UTF-8. Control characters, "<", and blanks and quotes at the ends
 /// of a value become their number in angle brackets, such as "<7F>"; values have at most 1000 characters.
 [[nodiscard]] std::string OutcomeText(const Outcome& outcome);

@@ -25,7 +25,7 @@ constexpr std::size_t kMostLate = 1000;
 constexpr std::size_t kMostSearched = 10;
 
 std::string NumberedName(const std::string& ticket, std::size_t number) {
-  return number == 0 ? ticket + kExtension : ticket + "." + std::to_string(number) + kExtension;
+  return number == 0 ? OutcomeName(ticket) : ticket + "." + std::to_string(number) + kExtension;
 }
 
 /// Whether a file is named like an outcome of this ticket.
@@ -46,6 +46,8 @@ bool OutcomesFolderIsRefused(const AppSettings& settings, const std::string& app
          LiesIn(folder, settings.AbortFolder) || LiesIn(folder, settings.HistoricFolder) ||
          NormalisedFolder(folder) == NormalisedFolder(appPath);
 }
+
+std::string OutcomeName(const std::string& ticket) { return ticket + kExtension; }
 
 void OutcomeFiles::Open(const std::string& folder) {
   folder_ = folder;

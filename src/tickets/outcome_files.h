@@ -20,6 +20,9 @@ namespace orvenza {
 /// `appPath` (without a trailing "\"). Paths are compared as texts, see NormalisedFolder.
 [[nodiscard]] bool OutcomesFolderIsRefused(const AppSettings& settings, const std::string& appPath);
 
+/// The name of a ticket's outcome, unless an older one has it.
+[[nodiscard]] std::string OutcomeName(const std::string& ticket);
+
 /// An outcome and its file.
 struct OutcomeFile {
   std::string path;                          ///< Empty while there is no such file.

@@ -27,6 +27,8 @@ std::string ArchiveExtension(const std::string& mask) {
   return extension.find_first_of("*?") == std::string::npos && !extension.empty() ? extension : "txt";
 }
 
+std::string AbortName(const std::string& ticket) { return ticket + ".abort.txt"; }
+
 TicketArchive::TicketArchive(Files& files, Folders& folders, const AppSettings& settings, Logs& logs,
                              OperatorMessages& messages, RememberedTickets& remembered,
                              TicketWitness& witness)
@@ -117,7 +119,7 @@ std::string TicketArchive::NextHistoricPath() const {
 std::string TicketArchive::AbortPath(const std::string& workFile) {
   if (!folders_.Exists(settings_.AbortFolder)) folders_.Create(settings_.AbortFolder);
   const std::string stem = settings_.AbortFolder + FileNameOf(workFile);
-  const std::string path = stem + ".abort.txt";
+  const std::string path = AbortName(stem);
   if (files_.Exists(path)) {
     // Hosts reuse names: the older ticket gets a number.
     int number = 1;

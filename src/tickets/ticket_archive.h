@@ -18,6 +18,9 @@ namespace orvenza {
 /// or "txt" if they are not an extension.
 std::string ArchiveExtension(const std::string& mask);
 
+/// The name of a ticket in the abort folder.
+std::string AbortName(const std::string& ticket);
+
 /// Puts a work file into its final place after processing. A file that cannot leave the in-process folder is
 /// remembered as settled, so that its receipt is never printed again, even after a restart.
 class TicketArchive {

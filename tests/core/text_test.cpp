@@ -140,6 +140,18 @@ TEST(FromWindows1252, MakesTheFiveUnusedBytesTheControlsOfTheirNumber) {
   EXPECT_EQ(FromWindows1252("\x81\x8D\x8F\x90\x9D"), "\xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D");
 }
 
+TEST(ToWindows1252, ReversesFromWindows1252) {
+  std::string bytes;
+  for (int code = 0; code < 256; ++code) bytes += static_cast<char>(code);
+  EXPECT_EQ(ToWindows1252(FromWindows1252(bytes)), bytes);
+  EXPECT_EQ(ToWindows1252(""), "");
+}
+
+TEST(ToWindows1252, RefusesWhatDoesNotExistThere) {
+  EXPECT_EQ(ToWindows1252("a?\xC4\x8D"), std::nullopt);
+  EXPECT_EQ(ToWindows1252("a?"), "a?");
+}
+
 TEST(FromWindows1252, ReadsTheOtherBytesAsTheirOwnNumber) {
   EXPECT_EQ(FromWindows1252("\xA0\xBF\xC0\xE0\xFF"), "\xC2\xA0¿Ààÿ");
   EXPECT_EQ(FromWindows1252("a\x7F\0z"s), "a\x7F\0z"s);

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Drops the README's first ticket as the README says, and fails when the connector would reject a line of it:
+# Hands over the README's first ticket as the README says, and fails when the connector would reject a line of it:
 #   readme_ticket_test.sh ORVENZA_LAB
 set -euo pipefail
 
@@ -8,7 +8,7 @@ project=$(cd "$(dirname "$0")/../.." && pwd)
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch"
-ln -s "$project/tools" tools
-mkdir shop
-eval "$(grep -B 1 '^tools/drop\.sh shop ' "$project/README.md")"
+mkdir -p build/release shop
+ln -s "$lab" build/release/orvenza-lab
+eval "$(grep -B 1 'orvenza-lab hand-over --folder shop ' "$project/README.md")"
 "$lab" check shop/data/*.txt

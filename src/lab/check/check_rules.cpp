@@ -103,20 +103,27 @@ std::string UnknownModelNote(const std::string& model) {
   return note;
 }
 
+char SeparatorNamed(const std::string& text) {
+  const int code = SeparatorOf(text);
+  if (!IsUsable(code)) throw UsageError(NeverFound("'" + text + "'"));
+  return static_cast<char>(code);
+}
+
+void RequireUsableSeparator(const AppSettings& settings) {
+  const int separator = static_cast<unsigned char>(settings.SeparatorChar);
+  if (IsUsable(separator)) return;
+  throw std::runtime_error(NeverFound("of the settings, " + std::to_string(separator) + ","));
+}
+
 CheckRules CheckRulesOf(const Arguments& arguments, LabSurroundings& surroundings) {
   CheckRules rules;
   if (const auto folder = arguments.Value("--folder")) {
     TakeSettings(*folder, arguments.Value("--name").value_or("Orvenza"), surroundings, rules);
   }
   if (const auto separator = arguments.Value("--separator")) {
-    const int code = SeparatorOf(*separator);
-    if (!IsUsable(code)) throw UsageError(NeverFound("'" + *separator + "'"));
-    rules.settings.SeparatorChar = static_cast<char>(code);
+    rules.settings.SeparatorChar = SeparatorNamed(*separator);
   }
-  const int separator = static_cast<unsigned char>(rules.settings.SeparatorChar);
-  if (!IsUsable(separator)) {
-    throw std::runtime_error(NeverFound("of the settings, " + std::to_string(separator) + ","));
-  }
+  RequireUsableSeparator(rules.settings);
   if (arguments.Has("--single-quantity")) rules.settings.SingleQuantity = true;
   const std::string model = arguments.Value("--model").value_or("");
   if (model.size() > kLabelWidth) throw UsageError("the model '" + model + "' has more than ten characters");

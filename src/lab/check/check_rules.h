@@ -16,6 +16,13 @@ std::vector<Option> CheckRuleOptions();
 /// unusable settings.
 CheckRules CheckRulesOf(const Arguments& arguments, LabSurroundings& surroundings);
 
+/// The separator that the value of --separator names: its code from 32 to 127, or the character itself.
+/// Throws UsageError for anything else.
+char SeparatorNamed(const std::string& text);
+
+/// Throws std::runtime_error if no line can hold the separator of the settings.
+void RequireUsableSeparator(const AppSettings& settings);
+
 /// A register of this model and release. The blanks in the label need not match the register's.
 RegisterIdentity IdentityOf(const std::string& model, const std::string& release);
 

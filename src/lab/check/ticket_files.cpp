@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "lab/check/check_rules.h"
+#include "lab/shell/named_files.h"
 
 namespace orvenza {
 namespace {
@@ -19,23 +20,6 @@ class StreamBytes : public ByteReader {
  private:
   std::istream& in_;
 };
-
-/// The files that the argument `word` names. A mask is expanded, sorted by name, since the shells of Windows
-/// do not expand masks.
-std::vector<std::string> FilesMeant(const std::string& word, const LabSurroundings& surroundings) {
-  const std::size_t nameAt = word.find_last_of("\\/") + 1;  // npos + 1 is 0
-  if (word.find_first_of("*?", nameAt) == std::string::npos || MayExist(surroundings.files, word))
-    return {word};
-  std::vector<std::string> found;
-  const std::string folder = word.substr(0, nameAt);
-  const std::string listed = folder.empty() ? ".\\" : SettingsPath(folder);
-  if (!surroundings.folders.Exists(listed)) return {word};
-  for (const FolderEntry& entry : surroundings.folders.ListFolder(listed + word.substr(nameAt))) {
-    if (!entry.isFolder) found.push_back(folder + entry.name);
-  }
-  std::sort(found.begin(), found.end());
-  return found.empty() ? std::vector{word} : found;
-}
 
 /// Remarks on a valid command line.
 std::vector<std::string> NotesOf(const Arguments& arguments, const CheckRules& rules) {
@@ -60,12 +44,7 @@ std::vector<std::string> TicketFilesMeant(const Arguments& arguments, const LabS
   if (std::count(words.begin(), words.end(), "-") > 1) {
     throw UsageError("'-' is named twice, but the standard input can be read only once");
   }
-  std::vector<std::string> files;
-  for (const std::string& word : words) {
-    const auto meant = FilesMeant(word, surroundings);
-    files.insert(files.end(), meant.begin(), meant.end());
-  }
-  return files;
+  return FilesNamed(words, surroundings);
 }
 
 std::unique_ptr<ByteReader> OpenTicketFile(const std::string& file, LabSurroundings& surroundings) {

@@ -124,10 +124,6 @@ void AddParser(Findings& findings, const AppSettings& settings) {
                       "Write a mask such as *.txt in [Database] TicketFiles, or switch File Parser off."});
 }
 
-bool IsWholePath(const std::string& path) {
-  return path.empty() || path.front() == '\\' || (path.size() > 2 && path[1] == ':' && path[2] == '\\');
-}
-
 /// A relative path depends on the folder in which the program is started.
 void AddRelative(Findings& findings, const char* key, const std::string& path) {
   if (IsWholePath(path)) return;

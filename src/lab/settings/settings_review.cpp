@@ -123,6 +123,10 @@ SettingsReview::State Look(const FileReader& files, const ProgramPaths& paths, S
 
 }  // namespace
 
+bool IsWholePath(const std::string& path) {
+  return path.empty() || path.front() == '\\' || (path.size() > 2 && path[1] == ':' && path[2] == '\\');
+}
+
 SettingsReview ReviewSettings(const FileReader& files, Clock& clock, const ProgramPaths& paths) {
   SettingsReview review;
   const IniText nothing;

@@ -43,6 +43,9 @@ struct SettingsReview {
   AppSettings settings;           ///< As the connector would use them.
 };
 
+/// False for a path of the settings that depends on where the connector is started; "" is no path.
+bool IsWholePath(const std::string& path);
+
 /// Runs the connector's own code for reading the settings; whatever it would write is kept in memory.
 SettingsReview ReviewSettings(const FileReader& files, Clock& clock, const ProgramPaths& paths);
 

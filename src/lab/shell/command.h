@@ -9,6 +9,7 @@
 #include "lab/shell/console.h"
 #include "lab/shell/machine.h"
 #include "platform/clock.h"
+#include "platform/event_pump.h"
 #include "platform/files.h"
 #include "platform/folders.h"
 
@@ -19,6 +20,7 @@ struct LabSurroundings {
   Files& files;
   Folders& folders;
   Clock& clock;
+  EventPump& pump;
   Machine& machine;
   Console& console;
   std::string homeFolder;              ///< The executable's folder, without a trailing "\".

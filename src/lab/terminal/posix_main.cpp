@@ -10,6 +10,7 @@
 #include "lab/shell/posix/posix_machine.h"
 #include "lab/shell/run_lab.h"
 #include "platform/posix/posix_clock.h"
+#include "platform/posix/posix_event_pump.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_folders.h"
 
@@ -28,10 +29,11 @@ int main(int argc, char** argv) {
   PosixFiles files;
   PosixFolders folders;
   PosixClock clock;
+  PosixEventPump pump;
   PosixMachine machine;
   const bool terminal = ::isatty(STDOUT_FILENO) != 0;
   Console console{std::cin, std::cout, std::cerr, terminal && WantsColours(), ::isatty(STDERR_FILENO) != 0,
                   terminal};
-  LabSurroundings surroundings{files, folders, clock, machine, console, HomeFolder(), BuildVersion()};
+  LabSurroundings surroundings{files, folders, clock, pump, machine, console, HomeFolder(), BuildVersion()};
   return RunLab({argv + 1, argv + argc}, Commands(), surroundings);
 }

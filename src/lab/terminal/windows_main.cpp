@@ -12,6 +12,7 @@
 #include "platform/windows/console_buffer.h"
 #include "platform/windows/program_place.h"
 #include "platform/windows/windows_clock.h"
+#include "platform/windows/windows_event_pump.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_folders.h"
 
@@ -31,6 +32,7 @@ int main() {
   WindowsFiles files(WhileRead::kEverything);
   WindowsFolders folders;
   WindowsClock clock;
+  WindowsEventPump pump;
   WindowsMachine machine;
   Console console{std::cin,
                   output,
@@ -38,7 +40,7 @@ int main() {
                   mode.ShowsColours() && WantsColours(),
                   mode.ErrorIsConsole(),
                   mode.OutputIsConsole()};
-  LabSurroundings surroundings{files, folders, clock, machine, console, HomeFolder(), BuildVersion()};
+  LabSurroundings surroundings{files, folders, clock, pump, machine, console, HomeFolder(), BuildVersion()};
   const int status = RunLab(CommandWords(), Commands(), surroundings);
   output.flush();  // before the console is restored
   return status;

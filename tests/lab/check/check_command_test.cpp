@@ -158,7 +158,7 @@ TEST_F(CheckCommandTest, SaysWhereReadingEnded) {
   memory.content["a.txt"] = "4;5;\n4;6;\n";
   FaultyFiles faulty(memory);
   faulty.FailReadAfter(6, error_number::kDeviceError);
-  LabSurroundings surroundings{faulty, lab.folders, lab.clock, lab.machine, lab.console, "home"};
+  LabSurroundings surroundings{faulty, lab.folders, lab.clock, lab.clock, lab.machine, lab.console, "home"};
   EXPECT_EQ(RunLab({"check", "--separator=59", "a.txt"}, Commands(), surroundings), 2);
   EXPECT_EQ(lab.out.str(),
             "a.txt\n    1  102805\na.txt: error: Device I/O error ( a.txt ) [unreadable]\n"
@@ -237,7 +237,7 @@ TEST_F(CheckCommandTest, ReadsAllFilesOfAMaskInTheOrderOfTheirNames) {
   folder.Write("c.tmp", "4;x;");
   folder.Write("d.txt\\inside", "4;x;");
   SystemFiles files;
-  LabSurroundings surroundings{files, lab.folders, lab.clock, lab.machine, lab.console, "home"};
+  LabSurroundings surroundings{files, lab.folders, lab.clock, lab.clock, lab.machine, lab.console, "home"};
   EXPECT_EQ(RunLab({"check", "--separator=59", folder.Path("*.txt")}, Commands(), surroundings), 0);
   EXPECT_EQ(lab.out.str(), folder.Path("a.txt") + "\n    1  102806\n" + folder.Path("b.txt") +
                                "\n    1  102805\n2 files, 2 lines, 0 errors, 0 warnings\n");
@@ -346,7 +346,7 @@ TEST_F(CheckCommandTest, ShowsItsProgressWhenItTakesLong) {
   SlowFiles files(lab.clock);
   for (int i = 0; i < 40000; ++i) files.content["a.txt"] += "4;5;\n";
   files.content["a.txt"] += "4;x;\n";
-  LabSurroundings surroundings{files, lab.folders, lab.clock, lab.machine, lab.console, "home"};
+  LabSurroundings surroundings{files, lab.folders, lab.clock, lab.clock, lab.machine, lab.console, "home"};
   lab.console.progress = true;
   RunLab({"check", "--separator=59", "--quiet", "a.txt"}, Commands(), surroundings);
   EXPECT_EQ(lab.err.str(), "\r16,384 lines checked\r32,768 lines checked\r                    \r");
@@ -355,7 +355,7 @@ TEST_F(CheckCommandTest, ShowsItsProgressWhenItTakesLong) {
 TEST_F(CheckCommandTest, ShowsNoProgressWhereTheResultsAppear) {
   SlowFiles files(lab.clock);
   for (int i = 0; i < 40000; ++i) files.content["a.txt"] += "4;5;\n";
-  LabSurroundings surroundings{files, lab.folders, lab.clock, lab.machine, lab.console, "home"};
+  LabSurroundings surroundings{files, lab.folders, lab.clock, lab.clock, lab.machine, lab.console, "home"};
   RunLab({"check", "--separator=59", "--quiet", "a.txt"}, Commands(), surroundings);
   lab.console.progress = lab.console.terminal = true;
   RunLab({"check", "--separator=59", "a.txt"}, Commands(), surroundings);

@@ -54,7 +54,7 @@ TEST(Doctor, LeavesTheInstallationAsItIs) {
   std::ostringstream out;
   std::ostringstream err;
   Console console{in, out, err};
-  LabSurroundings lab{files, folders, clock, machine, console, folder.Path()};
+  LabSurroundings lab{files, folders, clock, clock, machine, console, folder.Path()};
   EXPECT_EQ(RunLab({"doctor"}, {DoctorCommand()}, lab), 2);
   EXPECT_NE(out.str().find("settings.repaired"), std::string::npos);
   EXPECT_EQ(Everything(folder), before);

@@ -52,7 +52,7 @@ TEST_F(ProgramFindings, ReportFilesThatCannotEvenBeChecked) {
   }
   folders.FailAlways("Exists", "data", error_number::kDeviceError);
   machine.readOnly = {At("data\\")};
-  const LabSurroundings lab{files, folders, clock, machine, console, At("")};
+  const LabSurroundings lab{files, folders, clock, clock, machine, console, At("")};
   std::string said;
   for (const Finding& finding : Diagnose(LookAt(lab, {"C:\\Orvenza", "Orvenza"}))) {
     if (finding.severity >= Severity::kWarning) said += finding.fact + "\n";

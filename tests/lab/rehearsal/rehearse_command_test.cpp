@@ -34,7 +34,8 @@ class RehearseCommandTest : public ::testing::Test {
   int Run(const std::vector<std::string>& words) {
     std::vector<std::string> all{"rehearse"};
     all.insert(all.end(), words.begin(), words.end());
-    LabSurroundings surroundings{disk.FileSeam(), disk.FolderSeam(), clock, machine, console, "C:\\lab"};
+    LabSurroundings surroundings{disk.FileSeam(), disk.FolderSeam(), clock,    clock,
+                                 machine,         console,           "C:\\lab"};
     return RunLab(all, {RehearseCommand()}, surroundings);
   }
 

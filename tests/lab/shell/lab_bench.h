@@ -29,7 +29,7 @@ class LabBench {
   std::ostringstream out;
   std::ostringstream err;
   Console console{in, out, err};
-  LabSurroundings surroundings{files, folders, clock, machine, console, "home"};
+  LabSurroundings surroundings{files, folders, clock, clock, machine, console, "home"};
 
  private:
   std::vector<Command> commands_;

@@ -45,7 +45,7 @@ class ShopBench : public ::testing::Test {
     disk.Put(At("Orvenza.ini"), ini);
   }
 
-  LabSurroundings Lab() { return {disk.FileSeam(), disk.FolderSeam(), clock, machine, console, kApp}; }
+  LabSurroundings Lab() { return {disk.FileSeam(), disk.FolderSeam(), clock, clock, machine, console, kApp}; }
 
   Findings Find() {
     const LabSurroundings lab = Lab();

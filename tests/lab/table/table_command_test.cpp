@@ -18,7 +18,7 @@ struct RestlessClock : VirtualClock {
 /// A lab with that clock.
 struct TableLab : LabBench {
   RestlessClock restless;
-  LabSurroundings passing{files, folders, restless, machine, console, "home"};
+  LabSurroundings passing{files, folders, restless, clock, machine, console, "home"};
 
   int Run(const std::vector<std::string>& words) { return RunLab(words, Commands(), passing); }
 };

@@ -1,0 +1,94 @@
+#include "lab/handover/ticket_text.h"
+
+#include <algorithm>
+#include <memory>
+#include <stdexcept>
+#include <vector>
+
+#include "core/text.h"
+#include "tickets/line_reader.h"
+
+namespace orvenza {
+namespace {
+
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr char kUsual = 127;
+constexpr char kReadable = ';';
+
+std::vector<std::string> LinesOf(std::string_view text) {
+  LineReader reader(std::make_unique<ViewBytes>(text));
+  std::vector<std::string> lines;
+  for (std::string line; reader.ReadLine(line);) lines.push_back(line);
+  return lines;
+}
+
+std::string NameOf(char separator) {
+  return separator == kUsual ? "the character 127" : std::string("'") + separator + "'";
+}
+
+/// What closes the record type of a line; empty if none of the possible separators does.
+std::optional<char> SeparatorOf(std::string_view line, char expected) {
+  const std::string_view text = Trim(line);
+  const std::size_t end = text.find_first_not_of("0123456789");
+  if (end == std::string_view::npos) return std::nullopt;
+  const char found = text[end];
+  if (found != kUsual && found != kReadable && found != expected) return std::nullopt;
+  return found;
+}
+
+char RecognisedSeparator(const std::vector<std::string>& lines, char expected) {
+  std::optional<char> agreed;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const std::optional<char> found = SeparatorOf(lines[i], expected);
+    if (!found) continue;
+    if (agreed && *agreed != *found) {
+      throw std::runtime_error("line " + std::to_string(i + 1) + " closes its record type by " +
+                               NameOf(*found) + ", a line before by " + NameOf(*agreed) +
+                               "; name the separator with --separator");
+    }
+    agreed = found;
+  }
+  if (agreed) return *agreed;
+  throw std::runtime_error("no line begins with a record type and a separator (" + NameOf(kUsual) + " or " +
+                           NameOf(kReadable) + "); name the separator with --separator");
+}
+
+void ChangeSeparator(std::vector<std::string>& lines, char from, char to) {
+  if (from == to) return;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (lines[i].find(to) != std::string::npos) {
+      throw std::runtime_error("line " + std::to_string(i + 1) + " contains " + NameOf(to) +
+                               ", which is the separator of the settings");
+    }
+    std::replace(lines[i].begin(), lines[i].end(), from, to);
+  }
+}
+
+void ChangeEncoding(std::vector<std::string>& lines) {
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const auto bytes = ToWindows1252(lines[i]);
+    if (!bytes) {
+      throw std::runtime_error("line " + std::to_string(i + 1) +
+                               " contains a character that does not exist in Windows-1252");
+    }
+    lines[i] = *bytes;
+  }
+}
+
+}  // namespace
+
+std::string TicketText(std::string_view file, char separator, std::optional<char> written) {
+  if (file.starts_with("\xFF\xFE") || file.starts_with("\xFE\xFF")) {
+    throw std::runtime_error("it is text of two bytes a character (UTF-16); save it as UTF-8");
+  }
+  const bool isUtf8 = ToUtf8(file) == file;
+  if (file.starts_with(kUtf8Mark)) file.remove_prefix(kUtf8Mark.size());
+  std::vector<std::string> lines = LinesOf(file);
+  ChangeSeparator(lines, written ? *written : RecognisedSeparator(lines, separator), separator);
+  if (isUtf8) ChangeEncoding(lines);
+  std::string text;
+  for (const std::string& line : lines) text.append(line).append(kLineBreak);
+  return text;
+}
+
+}  // namespace orvenza
