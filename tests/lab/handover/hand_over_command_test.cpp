@@ -1,4 +1,5 @@
 #include "lab/handover/hand_over_command.h"
+#include "lab/shell/run_lab.h"
 
 #include <gtest/gtest.h>
 
