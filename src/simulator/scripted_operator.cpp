@@ -14,20 +14,13 @@ namespace {
 constexpr std::string_view kClose = "close";
 constexpr std::string_view kMenu = "menu ";
 
-/// The form of a caption in which answers are compared with it.
-std::string Plain(std::string_view caption) {
-  std::string plain = ToUpperAscii(caption);
-  plain.erase(std::remove(plain.begin(), plain.end(), '&'), plain.end());
-  return plain;
-}
-
 /// The caption, counted from 1, that `answer` names; 0 when it names none.
 template <typename Captions>
 int Find(const Captions& captions, const std::string& answer) {
   int number = 0;
   for (const std::string& caption : captions) {
     ++number;
-    if (Plain(caption) == Plain(answer)) return number;
+    if (PlainCaption(caption) == PlainCaption(answer)) return number;
   }
   return 0;
 }
@@ -75,6 +68,12 @@ bool SelectEntries(const PortContent& content, const std::string& answer, std::a
 }
 
 }  // namespace
+
+std::string PlainCaption(std::string_view caption) {
+  std::string plain = ToUpperAscii(caption);
+  plain.erase(std::remove(plain.begin(), plain.end(), '&'), plain.end());
+  return plain;
+}
 
 ShownDialog DialogOf(const MessageContent& content) {
   return {DialogKind::kMessage, content.caption, "", content.text, content.icon, {}, content.buttons, ""};
@@ -175,7 +174,7 @@ std::optional<int> ScriptedOperator::ShowChoice(const ChoiceContent& content) {
   ShownDialog& dialog = Record(DialogOf(content));
   const auto answer = NextAnswer(dialog, false);
   if (!answer) return std::nullopt;
-  if (Plain(content.button) == Plain(*answer)) return content.selected;
+  if (PlainCaption(content.button) == PlainCaption(*answer)) return content.selected;
   const int option = Find(dialog.options, *answer);
   if (option == 0) throw BadAnswer{*answer, dialog};
   return option;
@@ -186,7 +185,7 @@ std::optional<std::array<int, 5>> ScriptedOperator::ShowPortSettings(const PortC
   const auto answer = NextAnswer(dialog, false);
   if (!answer) return std::nullopt;
   auto selected = content.selected;
-  if (Plain(content.button) != Plain(*answer) && !SelectEntries(content, *answer, selected)) {
+  if (PlainCaption(content.button) != PlainCaption(*answer) && !SelectEntries(content, *answer, selected)) {
     throw BadAnswer{*answer, dialog};
   }
   return selected;

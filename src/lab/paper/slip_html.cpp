@@ -8,7 +8,7 @@ const std::string_view kSlipStyle =
     R"(.paper { width: max-content; max-width: 100%; margin: 0 0 1.25rem; filter: drop-shadow(0 1px 2px #0006); }
 .slip {
   --tooth: conic-gradient(from -45deg at bottom, #0000, #000 1deg 89deg, #0000 90deg);
-  width: max-content; margin: 0; padding: 1.1em 1.3em 1.4em; background: #fffefa; color: #1b1b19;
+  width: calc(40ch + 2.6em); margin: 0; padding: 1.1em 1.3em 1.4em; background: #fffefa; color: #1b1b19;
   font-size: min(.9rem, 3.4vw); line-height: 1.3;
   -webkit-mask: var(--tooth) 50% / .7em 100%; mask: var(--tooth) 50% / .7em 100%;
 }

@@ -33,7 +33,10 @@ const Format& FormatOf(const Arguments& arguments) {
       return format;
     }
   }
-  if (named) throw UsageError("there is no format '" + *named + "'; there are text, html and svg");
+  if (named) {
+    throw UsageError("--format '" + *named + "': expected text, html or svg" +
+                     Hint(*named, {"text", "html", "svg"}));
+  }
   return kFormats[0];
 }
 
@@ -77,8 +80,8 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
 
 Command PreviewCommand() {
   std::vector<Option> options = CheckRuleOptions();
-  options.push_back({kFormat, "FORMAT",
-                     "text, html or svg (default: what the name of the\noutput ends in, otherwise text)"});
+  options.push_back(
+      {kFormat, "NAME", "text, html or svg (default: what the name of the\noutput ends in, otherwise text)"});
   options.push_back({kOutput, "FILE", "write to FILE instead of the standard output"});
   return {"preview",
           "draw the receipts of ticket files",

@@ -16,8 +16,8 @@ constexpr const char* kSamples = "The shop, the date and the receipt numbers are
 
 constexpr std::string_view kStyle = R"(body { max-width: 80rem; }
 .note, .nothing { color: var(--soft); margin: 0; }
-.slips { display: flex; flex-wrap: wrap; align-items: flex-start; gap: 0 1.5rem; }
-@media print { .slips { display: block; } h2 { break-after: avoid; } }
+main, .slips { display: flex; flex-wrap: wrap; align-items: flex-start; gap: 0 1.5rem; }
+@media print { main, .slips { display: block; } h2 { break-after: avoid; } }
 )";
 
 // The picture, in pixels: one slip below the other.
@@ -87,7 +87,8 @@ std::string PreviewText(const std::vector<PaperSheet>& sheets) {
 
 std::string PreviewHtml(const std::vector<PaperSheet>& sheets) {
   const std::string title = Title(sheets);
-  std::string body = "<h1>" + HtmlText(title) + "</h1>\n<p class=\"note\">" + kBy + " " + kSamples + "</p>\n";
+  std::string body =
+      "<h1>" + HtmlText(title) + "</h1>\n<p class=\"note\">" + kBy + " " + kSamples + "</p>\n<main>\n";
   for (const PaperSheet& sheet : sheets) {
     body += "<section>\n";
     if (sheets.size() > 1) body += "<h2>" + HtmlText(ShownBytes(sheet.file)) + "</h2>\n";
@@ -96,6 +97,7 @@ std::string PreviewHtml(const std::vector<PaperSheet>& sheets) {
     if (sheet.slips.empty()) body += std::string("<p class=\"nothing\">") + kNothing + "</p>\n";
     body += "</div>\n</section>\n";
   }
+  body += "</main>\n";
   return DocumentOf({title, std::string(kSlipStyle).append(kStyle), body});
 }
 

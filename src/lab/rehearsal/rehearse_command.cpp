@@ -5,6 +5,7 @@
 
 #include "app/trace/transcript_text.h"
 #include "lab/rehearsal/rehearsal.h"
+#include "lab/rehearsal/rehearsal_page.h"
 #include "lab/rehearsal/scenario_reader.h"
 #include "platform/system_error.h"
 
@@ -13,6 +14,7 @@ namespace {
 
 constexpr const char* kFolder = "--folder";
 constexpr const char* kKeep = "--keep";
+constexpr const char* kHtml = "--html";
 constexpr int kWentWrong = 1;
 
 constexpr const char* kDescription =
@@ -99,9 +101,12 @@ int Run(const Arguments& arguments, LabSurroundings& around) {
   if (!error.empty()) return RefuseUsage(console, "rehearse", error);
   const std::string name = arguments.words.front();
   const std::string shownName = name == "-" ? "standard input" : name;
-  const Scenario scenario =
-      ParseScenario(shownName, ReadScenarioText(name, around),
-                    [&](const std::string& source) { return ReadSourceOf(name, source, around.files); });
+  const auto page = arguments.Value(kHtml);
+  const std::string text = ReadScenarioText(name, around);
+  Scenario scenario = ParseScenario(
+      shownName, text, [&](const std::string& source) { return ReadSourceOf(name, source, around.files); });
+  DialogRecord dialogs;
+  if (page) scenario.onDialog = [&](const auto& dialog, auto answer) { dialogs.Note(dialog, answer); };
   if (!folder.empty()) MakeFolderToKeep(folder, around);
   const RehearsalOutcome outcome =
       Rehearse(scenario, [&console](const std::string& line) { console.out << line << "\n"; });
@@ -110,6 +115,7 @@ int Run(const Arguments& arguments, LabSurroundings& around) {
     console.out << "kept in " << folder << "\n";
   }
   console.out.flush();
+  if (page) around.files.Write(*page, RehearsalPage(shownName, text, outcome, dialogs));
   for (const std::string& problem : outcome.problems) console.err << shownName << ": " << problem << "\n";
   return outcome.problems.empty() ? 0 : kWentWrong;
 }
@@ -119,17 +125,21 @@ int Run(const Arguments& arguments, LabSurroundings& around) {
 Command RehearseCommand() {
   return {"rehearse",
           "play a day at the till with the simulated register",
-          "SCENARIO [--keep | --folder DIR]",
+          "SCENARIO [--keep | --folder DIR] [--html PAGE]",
           kDescription,
           {{kKeep, "", "save the shop's files in a new folder rehearsal-N\nhere, and print its name"},
-           {kFolder, "DIR", "save them in DIR, which must be missing or empty"}},
+           {kFolder, "DIR", "save them in DIR, which must be missing or empty"},
+           {kHtml, "PAGE",
+            "also write a page: what happened, the dialogs and the\npaper, linked with each other"}},
           "0  the connector ran to its end, and all expectations came true\n"
           "1  a dialog found no answer that fits, an answer was not used, the run did not\n"
           "   end or ended before a scheduled event, a line could not be carried out, a\n"
           "   fault never struck, or an expectation did not come true\n"
-          "2  the scenario or the command line cannot be understood",
+          "2  the scenario or the command line cannot be understood, or a file cannot be\n"
+          "   written",
           "orvenza-lab rehearse carta-finita.scenario\n"
           "orvenza-lab rehearse carta-finita.scenario --folder shop\n"
+          "orvenza-lab rehearse carta-finita.scenario --html carta-finita.html\n"
           "orvenza-lab rehearse - < carta-finita.scenario",
           Run};
 }
