@@ -92,10 +92,9 @@ Command PreviewCommand() {
           "\n"
           "  >>> line 2 refused: the reason\n"
           "\n"
-          "The error output gets the findings of 'orvenza-lab check'. The shop, the date and\n"
-          "the receipt numbers are samples, so the same tickets always give the same\n"
-          "preview. HTML and SVG are a single file each, without scripts. '-' is the\n"
-          "standard input.",
+          "The error output gets the findings of a check. Shop, date and receipt numbers\n"
+          "are samples; the same tickets always give the same preview. HTML and SVG are\n"
+          "single files without scripts. '-' is the standard input.",
           options,
           "0  every line is printed; there may be warnings\n"
           "1  at least one line is refused\n"
@@ -103,7 +102,7 @@ Command PreviewCommand() {
           "   cannot be understood",
           "orvenza-lab preview ticket.txt\n"
           "orvenza-lab preview --separator 59 --output receipt.html ticket.txt\n"
-          "orvenza-lab preview --folder C:\\Orvenza --format svg - < ticket.txt > receipt.svg",
+          "orvenza-lab preview --format svg - < ticket.txt > receipt.svg",
           Run};
 }
 

@@ -181,5 +181,34 @@ TEST_F(RehearseCommandTest, WritesOverNothing) {
   EXPECT_EQ(out.str(), "");
 }
 
+TEST_F(RehearseCommandTest, WritesAPage) {
+  EXPECT_EQ(Run({"day.scenario", "--html", "day.html"}), 0);
+  EXPECT_TRUE(out.str().ends_with("  end\n")) << out.str();
+  EXPECT_EQ(err.str(), "");
+  const std::string page = disk.Content("C:\\work\\day.html").value_or("");
+  EXPECT_NE(page.find("<title>Rehearsal of day.scenario</title>"), std::string::npos) << page;
+  EXPECT_NE(page.find("DOCUMENTO NON FISCALE"), std::string::npos) << page;
+}
+
+TEST_F(RehearseCommandTest, WritesThePageOfARehearsalThatWentWrong) {
+  disk.Put("C:\\work\\day.scenario", "second instance\n");
+  EXPECT_EQ(Run({"day.scenario", "--html", "day.html"}), 1);
+  const std::string page = disk.Content("C:\\work\\day.html").value_or("");
+  EXPECT_NE(page.find("<h2>1 problem</h2>"), std::string::npos) << page;
+  EXPECT_NE(page.find("Nobody answered."), std::string::npos) << page;
+}
+
+TEST_F(RehearseCommandTest, WritesTheSameTranscriptWithAPage) {
+  EXPECT_EQ(Run({"day.scenario"}), 0);
+  const std::string transcript = out.str();
+  EXPECT_EQ(Run({"day.scenario", "--html", "day.html"}), 0);
+  EXPECT_EQ(out.str(), transcript + transcript);
+}
+
+TEST_F(RehearseCommandTest, SaysThatThePageCannotBeWritten) {
+  EXPECT_EQ(Run({"day.scenario", "--html", "none\\day.html"}), 2);
+  EXPECT_EQ(err.str(), "orvenza-lab rehearse: Path not found ( none\\day.html )\n");
+}
+
 }  // namespace
 }  // namespace orvenza::test
