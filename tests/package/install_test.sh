@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Installs a build into a temporary folder and lists what is there: install_test.sh BUILD
+set -euo pipefail
+build=$1
+sources=$(cd "$(dirname "$0")/../.." && pwd)
+prefix=$(mktemp -d)
+trap 'rm -rf "$prefix"' EXIT
+
+fail() { echo "$*"; exit 1; }
+list() { (cd "$1" && find . -type f ! -path '*/__pycache__/*' | LC_ALL=C sort); }
+# same WHAT FOUND EXPECTED
+same() { diff <(printf '%s\n' "$3") <(printf '%s\n' "$2") || fail "$1"; }
+
+DESTDIR='' cmake --install "$build" --prefix "$prefix" >/dev/null
+documents=$prefix/share/doc/Orvenza
+
+same "the programs" "$(list "$prefix/bin")" "./Orvenza
+./orvenza-lab"
+for program in Orvenza orvenza-lab; do
+  same "$program --version" "$("$prefix/bin/$program" --version)" "$("$build/$program" --version)"
+done
+same "the first documents" "$(find "$documents" -maxdepth 1 -type f -printf '%f\n' | LC_ALL=C sort)" "LICENSE
+README.md"
+same "the pages" "$(list "$documents/docs")" "$(list "$sources/docs")"
+same "the examples" "$(list "$documents/examples")" "$(list "$sources/examples")"
+other=$(cd "$prefix" && find . -type f | grep -vE '^\./(bin|share/(doc/Orvenza|man/man1|bash-completion/completions))/') || true
+same "everything else" "$other" ""
