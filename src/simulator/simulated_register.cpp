@@ -114,7 +114,7 @@ void SimulatedRegister::SetPaper(Paper paper, bool in) {
     missing_.insert(paper);
   }
   if (missing_.empty()) {
-    if (!state_.commandHeld) GoOnWithNewPaper();
+    if (state_.paperOut == paper && !state_.commandHeld) GoOnWithNewPaper();
   } else if (!state_.paperOut || PaperIn(*state_.paperOut)) {
     state_.paperOut = *missing_.begin();
   }

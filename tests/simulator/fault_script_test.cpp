@@ -115,6 +115,54 @@ TEST(FaultScript, ReadsFaultsThatNeedNoCommand) {
   EXPECT_EQ(OnlyFault("port-fails 2").number, 2);
 }
 
+TEST(FaultScript, ReadsFaultsThatAwaitACommand) {
+  const Fault next = OnlyFault("next reply ERR08");
+  EXPECT_EQ(next.prefix, "");
+  EXPECT_EQ(next.after, 0ms);
+  EXPECT_EQ(next.times, 1u);
+  EXPECT_EQ(next.kind, FaultKind::kReply);
+  EXPECT_EQ(next.text, "ERR08");
+  const Fault every = OnlyFault("after 8000 every link-error 1");
+  EXPECT_EQ(every.after, 8000ms);
+  EXPECT_EQ(every.times, Fault::kAlways);
+  EXPECT_EQ(every.kind, FaultKind::kLinkError);
+  EXPECT_EQ(every.number, 1);
+  EXPECT_EQ(OnlyFault("next silence").kind, FaultKind::kSilence);
+  EXPECT_EQ(OnlyFault("next lose-reply").kind, FaultKind::kLoseReply);
+  EXPECT_EQ(OnlyFault("every late 5000").number, 5000);
+  EXPECT_EQ(OnlyFault("after 12000 no fault").kind, FaultKind::kNone);
+}
+
+TEST(FaultScript, ReadsEverySwitch) {
+  const struct {
+    const char* line;
+    FaultKind kind;
+    bool on;
+    Paper paper = Paper::kJournal;
+  } cases[] = {{"power off", FaultKind::kPower, false},
+               {"after 10 power on", FaultKind::kPower, true},
+               {"cable out", FaultKind::kCable, false},
+               {"after 10 cable in", FaultKind::kCable, true},
+               {"key off", FaultKind::kKey, false},
+               {"on 1036 key on", FaultKind::kKey, true},
+               {"receipt-paper out", FaultKind::kPaper, false, Paper::kReceipt},
+               {"receipt-paper in", FaultKind::kPaper, true, Paper::kReceipt},
+               {"journal-paper out", FaultKind::kPaper, false},
+               {"after 10 journal-paper in", FaultKind::kPaper, true}};
+  for (const auto& [line, kind, on, paper] : cases) {
+    const Fault fault = OnlyFault(line);
+    EXPECT_EQ(fault.kind, kind) << line;
+    EXPECT_EQ(fault.on, on) << line;
+    EXPECT_EQ(fault.paper, paper) << line;
+  }
+}
+
+TEST(FaultScript, KeepsTheLinesOfTheRegister) {
+  const FaultScript script =
+      ParseFaultScript("prova.sim", "# guasti\r\n\n pace 2\n  on 1036  silence \r\npaper a.txt\nroll 50");
+  EXPECT_EQ(script.lines, (std::vector<std::string>{"on 1036  silence", "roll 50"}));
+}
+
 TEST(FaultScript, KeepsFaultsInTheirOrder) {
   const FaultScript script = ParseFaultScript("prova.sim", "on 1 silence\non 2 silence\non 3 silence\n");
   ASSERT_EQ(script.faults.size(), 3u);

@@ -275,7 +275,7 @@ void TerminalOperator::UsePanel(const std::string& answer) {
 std::string TerminalOperator::Tips() const {
   std::string tips;
   if (tip_) tips += std::string(" ") + own_text::kMenuTip;
-  if (panel_) tips += std::string(tip_ ? ", " : " ") + own_text::kPanelTip;
+  if (panel_) tips += std::string(tip_ ? " - " : " ") + own_text::kPanelTip;
   return tips;
 }
 
