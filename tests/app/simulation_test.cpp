@@ -236,5 +236,43 @@ TEST_F(SimulationTest, APaperThatWasRemovedIsNotCompleted) {
   EXPECT_EQ(memory.content[kPaper], "TRE\n");
 }
 
+TEST_F(SimulationTest, ItsPanelShowsThePaperAndSwitchesTheRegister) {
+  Print("UNO");
+  RegisterPanel& panel = simulation->Panel();
+  ASSERT_EQ(panel.Roll().size(), 1u);
+  EXPECT_EQ(panel.Roll()[0].text, "UNO");
+  panel.Turn(4, false);
+  EXPECT_EQ(Reply(kItem), "ERR17");
+  panel.Turn(4, true);
+  EXPECT_EQ(Reply(kItem), "100300");
+}
+
+TEST_F(SimulationTest, ItsPanelIsToldOfCommandsAndPaperWithAndWithoutAFile) {
+  for (const char* paper : {"", "paper carta.txt\n"}) {
+    Start(paper);
+    int told = 0;
+    simulation->Panel().SetObserver([&] { ++told; });
+    Print("UNO");
+    EXPECT_EQ(told, 2) << "once for the line, once for the command";
+    Send("10670101GRAZIE");
+    EXPECT_EQ(told, 3);
+  }
+}
+
+TEST_F(SimulationTest, ItsPanelSavesTheRollInTheProgramFolder) {
+  Print("UNO");
+  EXPECT_EQ(simulation->Panel().SaveRoll(), "Rotolo salvato : rotolo-20261116-090001.txt");
+  EXPECT_EQ(memory.content["C:\\cassa\\rotolo-20261116-090001.txt"], "UNO\r\n");
+}
+
+TEST_F(SimulationTest, WhatItsPanelHasSwitchedEndsWithTheProgram) {
+  simulation->Panel().Turn(0, false);
+  Send(kItem);
+  Start();
+  EXPECT_TRUE(simulation->Panel().Switches()[0].on);
+  EXPECT_EQ(Reply("114900"), "114900");
+  EXPECT_EQ(simulation->Panel().Roll().size(), 4u) << "what was held back";
+}
+
 }  // namespace
 }  // namespace orvenza::test

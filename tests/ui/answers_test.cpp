@@ -66,6 +66,25 @@ TEST(FindButton, TakesALetterTooUnlessTwoButtonsHaveIt) {
     EXPECT_EQ(FindButton(row.captions, row.answer), row.found) << row.answer;
 }
 
+TEST(FindCaptionByStart, TakesTheBeginningOfOneCaption) {
+  const std::vector<std::string> captions{"Errore 01: Carta", "Errore 02: Carta", "Errore 02", "È fuori"};
+  const Case cases[] = {{captions, "2", 2},         {captions, "errore 01", 1}, {captions, "errore", 0},
+                        {captions, "ERRORE 02", 3}, {captions, "e'", 0},        {captions, "e' f", 4},
+                        {captions, "", 0},          {captions, "rrore", 0}};
+  for (const Case& row : cases)
+    EXPECT_EQ(FindCaptionByStart(row.captions, row.answer), row.found) << row.answer;
+}
+
+TEST(Answers, KnowTheWordsForThePanel) {
+  for (const char* word : {"r", "R", "reg", "Registratore"}) EXPECT_TRUE(AsksForPanel(word)) << word;
+  for (const char* word : {"", "re", "riprova", "1"}) EXPECT_FALSE(AsksForPanel(word)) << word;
+}
+
+TEST(Answers, CompareAWordWithoutItsCase) {
+  EXPECT_TRUE(IsWord("SEMPRE", "sempre"));
+  EXPECT_FALSE(IsWord("sempre", "semp"));
+}
+
 TEST(Answers, KnowTheWordsForTheMenuAndForClosing) {
   for (const char* word : {"m", "M", "menu", "Menu", "menù"}) EXPECT_TRUE(AsksForMenu(word)) << word;
   for (const char* word : {"x", "X", "chiudi", "CHIUDI"}) EXPECT_TRUE(AsksToClose(word)) << word;
