@@ -77,7 +77,7 @@ TEST(Program, TheFirstStartAsksForThePortAndMakesTheShop) {
   ASSERT_TRUE(program.Shows("COM3") && program.Shows("Invio"));
   program.Enter("");
   ASSERT_TRUE(program.Shows(kCaption + " in funzione: scontrini in " + shop.folder.Path() +
-                            "/data/*.txt, separatore carattere 127. Menu: m + Invio\n"));
+                            "/data/*.txt, separatore carattere 127. Menu: m + Invio - Registratore: r + Invio\n"));
   shop.Quit();
   EXPECT_EQ(program.ExitStatus(), 0);
   EXPECT_NE(shop.folder.Read("Orvenza.ini").find("ComPort=3\r\n"), std::string::npos);
@@ -142,6 +142,33 @@ TEST(Program, TheOperatorGivesUpATicketWithARejectedLine) {
   EXPECT_EQ(program.ExitStatus(), 0);
   EXPECT_EQ(shop.folder.Read("data\\abort\\0001.txt.abort.txt"), "77;rubbish;\r\n");
   EXPECT_FALSE(shop.folder.Has("storico\\1.txt"));
+}
+
+TEST(Program, ItsPanelSwitchesTheRegisterWhileADialogWaits) {
+  const Shop shop;
+  RunningProgram program(shop.Command());
+  ASSERT_TRUE(program.Shows("in funzione"));
+  program.Enter("r");
+  ASSERT_TRUE(program.Shows("(nessuna riga stampata)") && program.Shows("solo Invio: chiudi"));
+  program.Enter("chiave");
+  ASSERT_TRUE(program.Shows("Chiave: NO\n"));
+  program.Enter("");
+  shop.Drop("0001.txt", kTicket);
+  ASSERT_TRUE(program.Shows("17-Impossibile Ora") && program.Shows("r: registratore)")) << program.Shown();
+  program.Enter("r");
+  ASSERT_TRUE(program.Shows("[5] Chiave: NO") && program.Shows("solo Invio: chiudi"));
+  program.Enter("5");
+  ASSERT_TRUE(program.Shows("Chiave: sì\n"));
+  program.Enter("x");
+  ASSERT_TRUE(program.Shows("17-Impossibile Ora") && program.Shows("Invio"));
+  program.Enter("2");
+  ASSERT_TRUE(program.Shows("SCONTRINO N. 1")) << program.Shown();
+  program.Enter("r");
+  ASSERT_TRUE(program.Shows("Scontrini: 1") && program.Shows("solo Invio: chiudi"));
+  program.Enter("s");
+  ASSERT_TRUE(program.Shows("Rotolo salvato : rotolo-"));
+  shop.Quit();
+  EXPECT_EQ(program.ExitStatus(), 0);
 }
 
 TEST(Program, EndsByTheMenuOnceConfirmed) {
