@@ -23,5 +23,12 @@ same "the first documents" "$(find "$documents" -maxdepth 1 -type f -printf '%f\
 README.md"
 same "the pages" "$(list "$documents/docs")" "$(list "$sources/docs")"
 same "the examples" "$(list "$documents/examples")" "$(list "$sources/examples")"
+commands=$("$build/orvenza-lab" help | sed -n '/^Commands:/,/^$/s/^  \([a-z-]*\) .*/\1/p')
+same "the man pages" "$(list "$prefix/share/man/man1")" "$({
+  printf './%s.1\n' Orvenza orvenza-lab
+  printf './orvenza-lab-%s.1\n' $commands
+} | LC_ALL=C sort)"
+same "the completion" "$(cat "$prefix/share/bash-completion/completions/orvenza-lab")" \
+  "$("$build/orvenza-lab" completion bash)"
 other=$(cd "$prefix" && find . -type f | grep -vE '^\./(bin|share/(doc/Orvenza|man/man1|bash-completion/completions))/') || true
 same "everything else" "$other" ""

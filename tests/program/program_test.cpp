@@ -76,8 +76,9 @@ TEST(Program, TheFirstStartAsksForThePortAndMakesTheShop) {
   program.Enter("COM3");
   ASSERT_TRUE(program.Shows("COM3") && program.Shows("Invio"));
   program.Enter("");
-  ASSERT_TRUE(program.Shows(kCaption + " in funzione: scontrini in " + shop.folder.Path() +
-                            "/data/*.txt, separatore carattere 127. Menu: m + Invio - Registratore: r + Invio\n"));
+  ASSERT_TRUE(
+      program.Shows(kCaption + " in funzione: scontrini in " + shop.folder.Path() +
+                    "/data/*.txt, separatore carattere 127. Menu: m + Invio - Registratore: r + Invio\n"));
   shop.Quit();
   EXPECT_EQ(program.ExitStatus(), 0);
   EXPECT_NE(shop.folder.Read("Orvenza.ini").find("ComPort=3\r\n"), std::string::npos);
