@@ -20,7 +20,7 @@ int Find(const Captions& captions, const std::string& answer) {
   int number = 0;
   for (const std::string& caption : captions) {
     ++number;
-    if (PlainCaption(caption) == PlainCaption(answer)) return number;
+    if (ComparableCaption(caption) == ComparableCaption(answer)) return number;
   }
   return 0;
 }
@@ -69,7 +69,7 @@ bool SelectEntries(const PortContent& content, const std::string& answer, std::a
 
 }  // namespace
 
-std::string PlainCaption(std::string_view caption) {
+std::string ComparableCaption(std::string_view caption) {
   std::string plain = ToUpperAscii(caption);
   plain.erase(std::remove(plain.begin(), plain.end(), '&'), plain.end());
   return plain;
@@ -174,7 +174,7 @@ std::optional<int> ScriptedOperator::ShowChoice(const ChoiceContent& content) {
   ShownDialog& dialog = Record(DialogOf(content));
   const auto answer = NextAnswer(dialog, false);
   if (!answer) return std::nullopt;
-  if (PlainCaption(content.button) == PlainCaption(*answer)) return content.selected;
+  if (ComparableCaption(content.button) == ComparableCaption(*answer)) return content.selected;
   const int option = Find(dialog.options, *answer);
   if (option == 0) throw BadAnswer{*answer, dialog};
   return option;
@@ -185,7 +185,8 @@ std::optional<std::array<int, 5>> ScriptedOperator::ShowPortSettings(const PortC
   const auto answer = NextAnswer(dialog, false);
   if (!answer) return std::nullopt;
   auto selected = content.selected;
-  if (PlainCaption(content.button) != PlainCaption(*answer) && !SelectEntries(content, *answer, selected)) {
+  if (ComparableCaption(content.button) != ComparableCaption(*answer) &&
+      !SelectEntries(content, *answer, selected)) {
     throw BadAnswer{*answer, dialog};
   }
   return selected;

@@ -39,8 +39,8 @@ ShownDialog DialogOf(const ChoiceContent& content);
 ShownDialog DialogOf(const PortContent& content);
 ShownDialog DialogOf(const UtilitiesContent& content);
 
-/// The form of a caption in which answers are compared with it.
-std::string PlainCaption(std::string_view caption);
+/// The form in which captions and answers are compared.
+std::string ComparableCaption(std::string_view caption);
 
 /// The entries of a port dialog that are selected, in the form of an answer; "-" for a list without one.
 std::string EntriesOf(const PortContent& content, const std::array<int, 5>& selected);

@@ -43,7 +43,7 @@ std::string IconHtml(MessageIcon icon) {
 /// Whether `caption` is what was answered last.
 bool IsAnswered(const ShownDialog& dialog, const std::string& caption) {
   const std::string between(kBetweenAnswers);
-  return (between + PlainCaption(dialog.answer)).ends_with(between + PlainCaption(caption));
+  return (between + ComparableCaption(dialog.answer)).ends_with(between + ComparableCaption(caption));
 }
 
 std::string OptionsHtml(const ShownDialog& dialog) {
