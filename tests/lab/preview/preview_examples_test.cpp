@@ -11,11 +11,18 @@
 namespace orvenza::test {
 namespace {
 
+/// The content of a file of the sources, with the line feeds of the sources.
+std::string Read(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::string content(std::istreambuf_iterator<char>(file), {});
+  std::erase(content, '\r');
+  return content;
+}
+
 /// The preview of an example.
 std::string PreviewOf(const std::string& name) {
-  std::ifstream file(ORVENZA_EXAMPLES "/" + name, std::ios::binary);
   LabBench lab;
-  lab.files.content[name] = std::string(std::istreambuf_iterator<char>(file), {});
+  lab.files.content[name] = Read(ORVENZA_EXAMPLES "/" + name);
   lab.Run({"preview", "--separator", "59", name});
   return lab.out.str();
 }
@@ -188,6 +195,11 @@ TEST(PreviewExamples, Accents) {
 | 16/11/2026 09:00          SCONTRINO N. 1 |
 +------------------------------------------+
 )");
+}
+
+TEST(PreviewExamples, StandInTheManual) {
+  const std::string manual = Read(ORVENZA_EXAMPLES "/../docs/preview.md");
+  EXPECT_NE(manual.find("\nexamples/" + PreviewOf("05-riga-errata.txt") + "```\n"), std::string::npos);
 }
 
 }  // namespace
