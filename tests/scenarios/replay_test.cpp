@@ -42,6 +42,8 @@ const std::map<std::string, std::string> kDifferent{
     {"doubt_switched_off", "an Evidence.ini that lies there at the start is not in the trace"},
     {"doubt_status_reply_too_late",
      "a reply that is lost with its port is not in the trace, and takes no time in the replay"},
+    {"register_cable_pulled_at_the_payment",
+     "a reply that is lost with the cable is not in the trace, and takes no time in the replay"},
     {"outcome_disk_full", "a full disk is known only from what failed on it"},
     {"outcome_drive_away", "a drive that is away is known only from what failed on it"},
     {"outcome_name_used_again", "outcomes that lie there at the start are not in the trace"},
