@@ -129,19 +129,18 @@ inline constexpr const char* kROpensPanel = "r: registratore";
 inline constexpr const char* kRegOpensPanel = "reg: registratore";
 inline constexpr const char* kPanelClosed = "Registratore chiuso.";
 inline constexpr const char* kNothingPrinted = "(nessuna riga stampata)";
-inline constexpr const char* kSwitchOn = "sì";
-inline constexpr const char* kSwitchOff = "NO";
+inline constexpr const char* kSwitchOn = "presente";
+inline constexpr const char* kSwitchOff = "ASSENTE";
 inline constexpr const char* kFault = "Guasto:";
 inline constexpr const char* kNoFault = "nessuno";
-inline constexpr const char* kNextCommand = "solo il prossimo comando";
-inline constexpr const char* kEveryCommand = "ogni comando";
+inline constexpr const char* kNextCommand = "al prossimo comando";
+inline constexpr const char* kEveryCommand = "a ogni comando";
 inline constexpr const char* kAlways = "sempre";
 inline constexpr const char* kFaults = "Guasti";
 inline constexpr const char* kPanelPrompt =
     "Numero: interruttore (g: guasti; s: salva; c: scenario; solo Invio: chiudi)";
 inline constexpr const char* kFaultHint =
-    "Numero: solo il prossimo comando. Numero e sempre, per esempio 6 sempre: ogni comando. 0: nessun "
-    "guasto.";
+    "Numero: al prossimo comando. Numero e sempre, per esempio 6 sempre: a ogni comando. 0: nessun guasto.";
 inline constexpr const char* kAfterAction = "(r: mostra il registratore; solo Invio: chiudi)";
 
 }  // namespace own_text

@@ -152,14 +152,14 @@ TEST(Program, ItsPanelSwitchesTheRegisterWhileADialogWaits) {
   program.Enter("r");
   ASSERT_TRUE(program.Shows("(nessuna riga stampata)") && program.Shows("solo Invio: chiudi"));
   program.Enter("chiave");
-  ASSERT_TRUE(program.Shows("Chiave: NO\n"));
+  ASSERT_TRUE(program.Shows("Chiave: ASSENTE\n"));
   program.Enter("");
   shop.Drop("0001.txt", kTicket);
   ASSERT_TRUE(program.Shows("17-Impossibile Ora") && program.Shows("r: registratore)")) << program.Shown();
   program.Enter("r");
-  ASSERT_TRUE(program.Shows("[5] Chiave: NO") && program.Shows("solo Invio: chiudi"));
+  ASSERT_TRUE(program.Shows("[5] Chiave: ASSENTE") && program.Shows("solo Invio: chiudi"));
   program.Enter("5");
-  ASSERT_TRUE(program.Shows("Chiave: sì\n"));
+  ASSERT_TRUE(program.Shows("Chiave: presente\n"));
   program.Enter("x");
   ASSERT_TRUE(program.Shows("17-Impossibile Ora") && program.Shows("Invio"));
   program.Enter("2");

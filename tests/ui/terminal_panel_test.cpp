@@ -77,8 +77,8 @@ TEST_F(TerminalPanelTest, ShowsTheRollTheCountersTheSwitchesAndTheFault) {
 +----------------------------------------------------------------------+
 | Totale del giorno: 1,50   Scontrini: 1                               |
 +----------------------------------------------------------------------+
-| [1] Alimentazione: sì   [2] Chiave: NO                               |
-| Guasto: Errore 01: Carta Giornale (ogni comando)                     |
+| [1] Alimentazione: presente   [2] Chiave: ASSENTE                    |
+| Guasto: Errore 01: Carta Giornale (a ogni comando)                   |
 +----------------------------------------------------------------------+
 Numero: interruttore (g: guasti; s: salva; c: scenario; solo Invio: chiudi)
 )");
@@ -112,17 +112,17 @@ TEST_F(TerminalPanelTest, FitsANarrowTerminal) {
 }
 
 TEST_F(TerminalPanelTest, TurnsASwitchByItsNumberOrCaption) {
-  EXPECT_EQ(Said("1"), std::string("Alimentazione: NO\n") + kAfterAction);
+  EXPECT_EQ(Said("1"), std::string("Alimentazione: ASSENTE\n") + kAfterAction);
   EXPECT_FALSE(panel.switches[0].on);
-  EXPECT_EQ(Said("alim"), std::string("Alimentazione: sì\n") + kAfterAction);
-  EXPECT_EQ(Said("CHIAVE"), std::string("Chiave: sì\n") + kAfterAction);
+  EXPECT_EQ(Said("alim"), std::string("Alimentazione: presente\n") + kAfterAction);
+  EXPECT_EQ(Said("CHIAVE"), std::string("Chiave: presente\n") + kAfterAction);
   EXPECT_TRUE(panel.switches[0].on && panel.switches[1].on);
 }
 
 TEST_F(TerminalPanelTest, ChoosesAFaultForTheNextCommandOrForAll) {
-  EXPECT_EQ(Said("3"), std::string("Guasto: Nessuna risposta (solo il prossimo comando)\n") + kAfterAction);
+  EXPECT_EQ(Said("3"), std::string("Guasto: Nessuna risposta (al prossimo comando)\n") + kAfterAction);
   EXPECT_EQ(Said("5 sempre"),
-            std::string("Guasto: Errore 02: Carta Scontrino (ogni comando)\n") + kAfterAction);
+            std::string("Guasto: Errore 02: Carta Scontrino (a ogni comando)\n") + kAfterAction);
   EXPECT_EQ(Said("0"), std::string("Guasto: nessuno\n") + kAfterAction);
   EXPECT_EQ(Chosen("5"), "2 once");
   EXPECT_EQ(Chosen("errore 01"), "1 once");
@@ -143,8 +143,8 @@ TEST_F(TerminalPanelTest, ListsTheFaults) {
 | [5] Errore 02: Carta Scontrino                                       |
 +----------------------------------------------------------------------+
 | Guasto: nessuno                                                      |
-| Numero: solo il prossimo comando. Numero e sempre, per esempio 6     |
-| sempre: ogni comando. 0: nessun guasto.                              |
+| Numero: al prossimo comando. Numero e sempre, per esempio 6 sempre:  |
+| a ogni comando. 0: nessun guasto.                                    |
 +----------------------------------------------------------------------+
 (r: mostra il registratore; solo Invio: chiudi)
 )");
