@@ -42,7 +42,6 @@ inline constexpr const char* kMissingText = "Miss Messagge !!!";  ///< Deliberat
 inline constexpr const char* kCompletesReceipt = "Orvenza completa lo scontrino in corso.";
 
 // The window of the simulated register. In a caption "&" precedes the letter that chooses it.
-inline constexpr const char* kSimulatedRegister = "Registratore simulato";  ///< Also an item of the menu.
 inline constexpr const char* kRollLabel = "&Rotolo";
 inline constexpr const char* kSaveRollButton = "&Salva rotolo";
 inline constexpr const char* kSwitchesLabel = "Interruttori";

@@ -5,6 +5,7 @@
 #include "core/catalogue.h"
 #include "core/version.h"
 #include "ui/windows/names.h"
+#include "windows/control.h"
 #include "windows/person.h"
 #include "windows/picture.h"
 #include "windows/till.h"
@@ -28,7 +29,8 @@ Lines StartedThen(const Lines& more) {
 
 TEST(Icon, IsTheOnlyThingToSee) {
   const Shop shop;
-  const Till till(shop);
+  const Control control(shop.folder);
+  const Till till(shop, Till::Link::kControl);
   till.AwaitStart();
   EXPECT_EQ(TextOf(till.Main()), std::string("Orvenza - ") + kVersionText);
   EXPECT_TRUE(till.Visible().empty());

@@ -40,17 +40,27 @@ struct PopupTest : FormBench {
     EnumThreadWindows(GetCurrentThreadId(), ReadAndCloseMenu, reinterpret_cast<LPARAM>(&seen));
   }
 
+  Entries OpenMenu() {
+    const HWND main = FindWindowW(window_class::kOrvMain, L"Orvenza");
+    seen.clear();
+    const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Look);
+    PostMessageW(GetDlgItem(main, control_id::kPicture1), kIconMessage, 1, WM_RBUTTONDOWN);
+    Await("the menu", [] { return !seen.empty(); });
+    KillTimer(nullptr, timer);
+    return seen;
+  }
+
   static inline Entries seen;
 };
 
 TEST_F(PopupTest, HasFourItemsAndASeparatorBetweenAnyTwo) {
-  const HWND main = FindWindowW(window_class::kOrvMain, L"Orvenza");
-  seen.clear();
-  const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Look);
-  PostMessageW(GetDlgItem(main, control_id::kPicture1), kIconMessage, 1, WM_RBUTTONDOWN);
-  Await("the menu", [] { return !seen.empty(); });
-  KillTimer(nullptr, timer);
-  EXPECT_EQ(seen, (Entries{"Esci", "-", "Utilita'", "-", "Info", "-", "Configura"}));
+  EXPECT_EQ(OpenMenu(), (Entries{"Esci", "-", "Utilita'", "-", "Info", "-", "Configura"}));
+}
+
+TEST_F(PopupTest, HasTheAddedItemBelow) {
+  person.AddMenuItem("Registratore simulato", [] {});
+  EXPECT_EQ(OpenMenu(),
+            (Entries{"Esci", "-", "Utilita'", "-", "Info", "-", "Configura", "-", "Registratore simulato"}));
 }
 
 struct PopupPressedAgainTest : FormBench {

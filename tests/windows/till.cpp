@@ -114,7 +114,8 @@ Till::Till(const Shop& shop, Link link, std::chrono::seconds lifetime) : shop_(s
   SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
   const FileHandle nowhere(CreateFileW(L"NUL", GENERIC_WRITE, 0, &inherited, OPEN_EXISTING, 0, nullptr));
   std::wstring options = L"--folder \"" + path + L"\"";
-  if (link == Link::kSimulated) options += L" --simulate \"" + path + L"\\register.script\"";
+  simulated_ = link == Link::kSimulated;
+  if (simulated_) options += L" --simulate \"" + path + L"\\register.script\"";
   Begin(options, nowhere.Get(), lifetime);
 }
 
@@ -257,8 +258,10 @@ void Till::Menu(int number) const {
   TellIcon(WM_RBUTTONDOWN);
   RECT place{};
   GetWindowRect(AwaitMenu(), &place);
-  // Separators are low, so each item has about a quarter.
-  ClickAt((place.left + place.right) / 2, place.top + (place.bottom - place.top) * (2 * number - 1) / 8);
+  // Separators are low, so each item has about the same part.
+  const int items = simulated_ ? 5 : 4;
+  ClickAt((place.left + place.right) / 2,
+          place.top + (place.bottom - place.top) * (2 * number - 1) / (2 * items));
   AwaitNoMenu();
 }
 

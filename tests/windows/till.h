@@ -115,6 +115,7 @@ class Till {
   HWND Find(const std::function<bool(HWND)>& fits) const;
 
   const Shop& shop_;
+  bool simulated_ = false;
   mutable HWND picture1_ = nullptr;
   ObjectHandle process_;
   DWORD id_ = 0;

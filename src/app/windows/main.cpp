@@ -9,6 +9,7 @@
 #include "app/simulation.h"
 #include "app/trace/tracing.h"
 #include "core/build_version.h"
+#include "core/own_texts.h"
 #include "core/version.h"
 #include "device/windows/ecr_link_adapter.h"
 #include "platform/ini_profile_file.h"
@@ -22,6 +23,7 @@
 #include "platform/windows/windows_folders.h"
 #include "simulator/paced_time.h"
 #include "ui/operator_message.h"
+#include "ui/windows/register_window.h"
 #include "ui/windows/windows_operator.h"
 
 namespace {
@@ -89,6 +91,13 @@ int RunConnector(const ProgramPaths& paths, const std::optional<FaultScript>& sc
   tracing.Watch(connector.Settings(), loop);
   if (tracing.WantsTicks()) connector.SetTickObserver([&] { tracing.OnTick(); });
   person.SetMenuHandler([&](MenuItem item) { tracing.OnMenu(item, [&] { connector.OnMenu(item); }); });
+
+  std::optional<RegisterWindow> registerWindow;
+  if (simulation && lock.Acquired()) {
+    registerWindow.emplace(pump, simulation->Panel());
+    registerWindow->Open();
+    person.AddMenuItem(own_text::kPanel, [&] { registerWindow->BringBack(); });
+  }
 
   pump.OnTerminate([&] { loop.RequestEnd({.unload = true}); });
 

@@ -33,6 +33,8 @@ constexpr int kBetweenEntries = 30;
 
 constexpr int kButtons[] = {kSaveRoll, kNextCommand, kUntilOff, kSwitchOff, kCopyScenario};
 
+constexpr DWORD kPush = BS_PUSHBUTTON | BS_NOTIFY;
+
 /// The mnemonics of the captions that are always the same.
 constexpr const char* kLettersTaken = "rsgpfdc";
 
@@ -62,7 +64,7 @@ bool IsHiddenOfThisThread(HWND window) {
 }  // namespace
 
 RegisterWindow::RegisterWindow(WindowsEventPump& pump, RegisterPanel& panel) : pump_(pump), panel_(panel) {
-  Create(window_class::kOrvRegister, own_text::kSimulatedRegister, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+  Create(window_class::kOrvRegister, own_text::kPanel, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
          WS_EX_CONTROLPARENT, nullptr);
   dpi_ = DpiOf(Handle());
   AddControls();
@@ -101,18 +103,18 @@ void RegisterWindow::BringBack() {
 void RegisterWindow::AddControls() {
   AddText(own_text::kRollLabel, SS_LEFT, kRollHeading, true);
   roll_.emplace(Handle(), kRoll, panel_, dpi_);
-  AddButton(own_text::kSaveRollButton, BS_PUSHBUTTON | WS_GROUP, kSaveRoll);
+  AddButton(own_text::kSaveRollButton, kPush | WS_GROUP, kSaveRoll);
   AddText(own_text::kSwitchesLabel, SS_LEFT, kSwitchesHeading, true);
   AddSwitches();
   AddText(own_text::kFaultsLabel, SS_LEFT | WS_GROUP, kFaultsHeading, true);
   AddFaults();
-  AddButton(own_text::kNextCommandButton, BS_PUSHBUTTON | WS_GROUP, kNextCommand);
-  AddButton(own_text::kUntilOffButton, BS_PUSHBUTTON, kUntilOff);
+  AddButton(own_text::kNextCommandButton, kPush | WS_GROUP, kNextCommand);
+  AddButton(own_text::kUntilOffButton, kPush, kUntilOff);
   AddText({}, kText | WS_GROUP, kChosenFault);
-  AddButton(own_text::kSwitchOffButton, BS_PUSHBUTTON | WS_GROUP, kSwitchOff);
+  AddButton(own_text::kSwitchOffButton, kPush | WS_GROUP, kSwitchOff);
   AddText(own_text::kCountersLabel, SS_LEFT, kCountersHeading, true);
   AddText({}, kText, kCounters);
-  AddButton(own_text::kCopyScenarioButton, BS_PUSHBUTTON | WS_GROUP, kCopyScenario);
+  AddButton(own_text::kCopyScenarioButton, kPush | WS_GROUP, kCopyScenario);
   AddText({}, kText | WS_GROUP, kStatus);
 }
 
@@ -121,7 +123,7 @@ void RegisterWindow::AddText(const std::string& text, DWORD style, int id, bool 
 }
 
 void RegisterWindow::AddButton(const std::string& caption, DWORD style, int id) {
-  AddControl(L"BUTTON", caption, style | BS_NOTIFY | WS_TABSTOP, id, false);
+  AddControl(L"BUTTON", caption, style | WS_TABSTOP, id, false);
 }
 
 HWND RegisterWindow::AddControl(const wchar_t* className, const std::string& caption, DWORD style, int id,
@@ -236,7 +238,7 @@ LRESULT RegisterWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kPanelChanged: Refresh(); return 0;
     case kPassOn: PassOn(); return 0;
     case WM_COMMAND: OnCommand(LOWORD(wParam), HIWORD(wParam)); return 0;
-    case WM_CLOSE: ShowWindow(Handle(), SW_HIDE); return 0;
+    case WM_CLOSE: Hide(); return 0;
     case WM_SIZE:
       if (wParam != SIZE_MINIMIZED) Arrange();
       return 0;
@@ -255,8 +257,12 @@ LRESULT RegisterWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void RegisterWindow::LimitSize(MINMAXINFO& limits) const {
   if (!roll_) return;
-  const Extent least = OuterSize(Handle(), LayOutRegister(Parts(), dpi_, {}).form, dpi_);
+  const Extent least = LeastSize();
   limits.ptMinTrackSize = {least.width, least.height};
+}
+
+Extent RegisterWindow::LeastSize() const {
+  return OuterSize(Handle(), LayOutRegister(Parts(), dpi_, {}).form, dpi_);
 }
 
 LRESULT RegisterWindow::ColourOf(HDC dc, HWND control) const {
@@ -291,10 +297,16 @@ void RegisterWindow::OnActivate(UINT how, HWND other) {
   }
 }
 
-/// Gives the keyboard to the window that was used last.
+/// Gives the keyboard to the window that was used before, a waiting dialog first.
 void RegisterWindow::PassOn() const {
-  const HWND next = LastUsedWindow(Handle());
-  if (next != nullptr && GetForegroundWindow() == Handle()) SetForegroundWindow(next);
+  if (GetForegroundWindow() != Handle()) return;
+  if (const HWND next = LastUsedWindow(Handle())) SetForegroundWindow(next);
+}
+
+/// Left to itself, the system might give the keyboard to the taskbar.
+void RegisterWindow::Hide() const {
+  PassOn();
+  ShowWindow(Handle(), SW_HIDE);
 }
 
 void RegisterWindow::MoveFocus(WPARAM target, bool isControl) const {
@@ -314,7 +326,7 @@ int RegisterWindow::DefaultButton() const {
 void RegisterWindow::OnCommand(int id, UINT notification) {
   const bool clicked = notification == BN_CLICKED;
   if (id == IDCANCEL) {
-    ShowWindow(Handle(), SW_HIDE);
+    Hide();
   } else if (id == kFaults) {
     if (notification == LBN_DBLCLK) Choose(true);
   } else if (notification == BN_SETFOCUS || notification == BN_KILLFOCUS) {
@@ -328,8 +340,8 @@ void RegisterWindow::OnCommand(int id, UINT notification) {
 
 /// Only the button that Enter presses is drawn as the default.
 void RegisterWindow::ShowDefault(int id, bool isDefault) const {
-  if (id >= kSwitch) return;
-  SendMessageW(Control(id), BM_SETSTYLE, isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
+  const WPARAM style = (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | BS_NOTIFY;
+  SendMessageW(Control(id), BM_SETSTYLE, style, TRUE);
 }
 
 void RegisterWindow::OnButton(int id) {
@@ -372,9 +384,19 @@ void RegisterWindow::ShowFault() {
   EnableWindow(off, fault.has_value());
 }
 
-/// The counters may need more lines than before.
+/// If the counters need more lines than before, the window may have become too low.
 void RegisterWindow::ShowCounters() const {
-  if (ChangeText(Control(kCounters), JoinLines(panel_.Counters()))) Arrange();
+  const HWND counters = Control(kCounters);
+  if (!ChangeText(counters, JoinLines(panel_.Counters()))) return;
+  RECT box{};
+  GetClientRect(counters, &box);
+  if (MeasureTextOf(counters, DT_NOPREFIX)(box.right).height == box.bottom) return;
+  GetWindowRect(Handle(), &box);
+  const Extent least = LeastSize();
+  if (box.bottom - box.top < least.height && !IsIconic(Handle()))
+    SetWindowPos(Handle(), nullptr, 0, 0, box.right - box.left, least.height,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  Arrange();
 }
 
 void RegisterWindow::Turn(int id) {

@@ -53,11 +53,13 @@ class RegisterWindow final : public Window {
   void Arrange() const;
   void Place(int id, const Box& box) const;
   void LimitSize(MINMAXINFO& limits) const;
+  Extent LeastSize() const;
   void OnDpi(int dpi, const RECT& suggested);
   LRESULT ColourOf(HDC dc, HWND control) const;
 
   void OnActivate(UINT how, HWND other);
   void PassOn() const;
+  void Hide() const;
   void MoveFocus(WPARAM target, bool isControl) const;
   int DefaultButton() const;
   void ShowDefault(int id, bool isDefault) const;
