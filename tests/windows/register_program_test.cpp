@@ -104,17 +104,17 @@ TEST_F(RegisterProgramTest, LetsAFaultHappenUntilItIsSwitchedOff) {
   PressWithAlt('F');
   AwaitText(kStatus, "Attivo: Errore di linea 1, a ogni comando");
   shop.Drop("0001.txt", kTicket);
-  const HWND first = till.Form(window_class::kOrvMsg);
+  const HWND first = till.Form(window_class::kOrvInfo);
   EXPECT_TRUE(LiesAbove(first));
   TakePicture({0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}, L"Screen");
-  Press(VK_RETURN);  // tries again
+  Press(VK_RETURN);  // prints again
   till.Gone(first);
-  const HWND second = till.Form(window_class::kOrvMsg);
+  const HWND second = till.Form(window_class::kOrvInfo);
   Click(Register(), kSwitchOff);
   AwaitText(kStatus, "Disattivato: Errore di linea 1");
   EXPECT_TRUE(IsWindowEnabled(second));
   EXPECT_TRUE(LiesAbove(second));
-  Click(second, kCommand0 + 1);
+  Click(second, kCommand + 1);
   till.Gone(second);
   till.AwaitArchived("1.txt", kTicket);
   AwaitPrinted("SCONTRINO N. 1\r\n");
