@@ -94,7 +94,6 @@ void TicketPreview::EndTicket() {
 
 void TicketPreview::EndFile() {
   EndLine();
-  line_ = 0;
   if (sheets_.empty()) return;
   EndTicket();
   for (PaperSlip& slip : slips_.Take()) sheets_.back().slips.push_back(std::move(slip));

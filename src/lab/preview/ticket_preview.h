@@ -56,7 +56,7 @@ class TicketPreview : public CheckReport {
   VirtualClock clock_;
   std::optional<SimulatedRegister> register_;
   std::vector<PaperSheet> sheets_;
-  std::uint64_t line_ = 0;  // of the file
+  std::uint64_t line_ = 0;  // the latest one
   std::string errors_;      // why the line is refused
   std::uint64_t refused_ = 0;
 };

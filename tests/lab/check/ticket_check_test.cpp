@@ -370,5 +370,24 @@ TEST(QuotedBytes, CutsALongTextBetweenCharacters) {
   EXPECT_EQ(QuotedBytes(text), "'" + shown + "...'");
 }
 
+TEST_F(TicketCheckTest, KnowsTheFieldsOfTheLatestLineAndWhetherItBeginsATicket) {
+  rules.settings.SeparatorChar = ';';
+  rules.settings.FileParser = true;
+  VirtualClock clock;
+  TicketFindings ignored;
+  TicketCheck check(rules, files, clock);
+  check.BeginFile();
+  for (const char* line : {"1;Pane;1,0;1000;1;;;1;;", "2;1;0;"}) {
+    check.Check(line, ignored);
+    EXPECT_FALSE(check.BeganTicket()) << line;
+  }
+  check.Check("1;Latte;1,0;1000;1;;;1;;", ignored);
+  EXPECT_TRUE(check.BeganTicket());
+  EXPECT_EQ(check.Fields()[1], "Latte");
+  check.Check("  ", ignored);
+  EXPECT_FALSE(check.BeganTicket());
+  EXPECT_EQ(check.Fields().Count(), 0u);
+}
+
 }  // namespace
 }  // namespace orvenza::test

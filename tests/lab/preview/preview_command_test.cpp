@@ -210,13 +210,13 @@ TEST_F(PreviewCommandTest, DividesAReceiptThatIsTooLong) {
 TEST_F(PreviewCommandTest, DividesNoReceiptWithAnotherSeparator) {
   Ticket("a.txt", LongTicket(';'));
   EXPECT_EQ(Preview({"a.txt"}), 1);
-  EXPECT_TRUE(
-      lab.out.str().ends_with("| >>> line 201 refused: ERR23 (Chiudi      |\n"
-                              "|     Scontrino)                           |\n"
-                              "| TOTALE COMPLESSIVO                300,00 |\n"
-                              "| CONTANTI                          300,00 |\n"
-                              "| 16/11/2026 09:00          SCONTRINO N. 1 |\n"s +
-                              kEdge))
+  EXPECT_TRUE(lab.out.str().ends_with(std::string(kBread) +
+                                      "| >>> line 201 refused: ERR23 (Chiudi      |\n"
+                                      "|     Scontrino)                           |\n"
+                                      "| TOTALE COMPLESSIVO                300,00 |\n"
+                                      "| CONTANTI                          300,00 |\n"
+                                      "| 16/11/2026 09:00          SCONTRINO N. 1 |\n"s +
+                                      kEdge))
       << lab.out.str();
 }
 
