@@ -132,6 +132,7 @@ inline constexpr const char* kSwitchOn = "presente";
 inline constexpr const char* kSwitchOff = "ASSENTE";
 inline constexpr const char* kFault = "Guasto:";
 inline constexpr const char* kNoFault = "nessuno";
+inline constexpr const char* kFaultStruck = "Guasto avvenuto:";
 inline constexpr const char* kNextCommand = "al prossimo comando";
 inline constexpr const char* kEveryCommand = "a ogni comando";
 inline constexpr const char* kAlways = "sempre";

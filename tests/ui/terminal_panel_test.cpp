@@ -19,18 +19,25 @@ constexpr const char* kAfterAction = "(r: mostra il registratore; solo Invio: ch
 /// A panel with two switches and three faults.
 class FakePanel : public RegisterPanel {
  public:
-  void SetObserver(std::function<void()>) override {}
+  void SetObserver(std::function<void()> changed) override { observer = std::move(changed); }
   const std::deque<RollLine>& Roll() const override { return roll; }
   std::size_t LinesPrinted() const override { return roll.size(); }
   std::vector<PanelSwitch> Switches() const override { return switches; }
   void Turn(std::size_t number, bool on) override { switches.at(number).on = on; }
   const std::vector<std::string>& Faults() const override { return faults; }
   std::optional<ChosenFault> Fault() const override { return fault; }
-  void SetFault(std::optional<ChosenFault> chosen) override { fault = chosen; }
+  void SetFault(std::optional<ChosenFault> chosen) override {
+    fault = chosen;
+    Change();
+  }
+  void Change() {
+    if (observer) observer();
+  }
   std::vector<std::string> Counters() const override { return {"Totale del giorno: 1,50", "Scontrini: 1"}; }
   std::string Scenario() const override { return "# scenario\nregister power off\n"; }
   std::string SaveRoll() override { return "Rotolo salvato : rotolo.txt"; }
 
+  std::function<void()> observer;
   std::deque<RollLine> roll;
   std::vector<PanelSwitch> switches{{"Alimentazione", true}, {"Chiave", false}};
   std::vector<std::string> faults{"Nessuna risposta", "Errore 01: Carta Giornale",
@@ -128,6 +135,36 @@ TEST_F(TerminalPanelTest, ChoosesAFaultForTheNextCommandOrForAll) {
   EXPECT_EQ(Chosen("errore 01"), "1 once");
   EXPECT_EQ(Chosen("Errore 02  SEMPRE"), "2 always");
   EXPECT_EQ(Chosen("nessuna risposta sempre"), "0 always");
+}
+
+TEST_F(TerminalPanelTest, SaysWhenAFaultForTheNextCommandHasStruck) {
+  Said("3");
+  panel.Change();
+  EXPECT_EQ(Printed(), "");
+  panel.fault.reset();
+  panel.Change();
+  EXPECT_EQ(Printed(), "    (Guasto avvenuto: Nessuna risposta)\n");
+  panel.Change();
+  EXPECT_EQ(Printed(), "");
+}
+
+TEST_F(TerminalPanelTest, SaysNothingOfAFaultThatIsTakenBackOrEnded) {
+  Said("3");
+  EXPECT_EQ(Said("0"), std::string("Guasto: nessuno\n") + kAfterAction);
+  Said("3");
+  Said("4 sempre");
+  panel.fault.reset();
+  panel.Change();
+  EXPECT_EQ(Printed(), "");
+}
+
+TEST_F(TerminalPanelTest, LeavesThePanelWithTheTerminal) {
+  {
+    TerminalOperator other{out, loop, clock};
+    other.SetPanel(panel);
+    EXPECT_TRUE(panel.observer);
+  }
+  EXPECT_FALSE(panel.observer);
 }
 
 TEST_F(TerminalPanelTest, ListsTheFaults) {

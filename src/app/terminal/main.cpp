@@ -59,10 +59,10 @@ int RunConnector(const ProgramPaths& paths, const FaultScript& script) {
   Files& seenFiles = tracing.WrapFiles(files);
   IniProfileFile profile(seenFiles);
   EventLoop loop(time.clock, tracing.WrapEventPump(time.pump));
-  TerminalOperator terminal(std::cout, loop, time.clock, ::isatty(kStandardOutput) != 0);
   Simulation simulation(files, clock, time.scheduler, script, paths.AppPath, [](const std::string& line) {
     std::cout << "    |" << line << "\n" << std::flush;
   });
+  TerminalOperator terminal(std::cout, loop, time.clock, ::isatty(kStandardOutput) != 0);
   terminal.SetPanel(simulation.Panel());
   Connector connector({seenFiles, tracing.WrapFolders(folders), profile, tracing.WrapClock(time.clock), loop,
                        tracing.WrapOperator(terminal), tracing.WrapNotificationIcon(terminal),

@@ -37,7 +37,9 @@ class TerminalOperator final : public Operator, public NotificationIcon {
   void SetMenuHandler(std::function<void(MenuItem)> handler) { menuHandler_ = std::move(handler); }
 
   /// Offers the panel of the simulated register, which outlives this object; until it is set, there is none.
-  void SetPanel(RegisterPanel& panel) { panel_.emplace(panel); }
+  void SetPanel(RegisterPanel& panel) {
+    panel_.emplace(panel, [this](const std::string& line) { SayLine(line); });
+  }
 
   /// Returns the width of the terminal in characters; until it is set, boxes have the default width.
   void SetWidth(std::function<std::size_t()> width) { width_ = std::move(width); }

@@ -1,6 +1,7 @@
 #include "ui/terminal/terminal_panel.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/own_texts.h"
 #include "core/text.h"
@@ -38,6 +39,17 @@ bool TakeAlways(std::string_view& line) {
 }
 
 }  // namespace
+
+TerminalPanel::TerminalPanel(RegisterPanel& panel, std::function<void(const std::string&)> say)
+    : panel_(panel), say_(std::move(say)) {
+  panel_.SetObserver([this] { OnChange(); });
+}
+
+void TerminalPanel::OnChange() {
+  const auto before = std::exchange(fault_, panel_.Fault());
+  if (before && before->once && !fault_)
+    say_("    (" + std::string(own_text::kFaultStruck) + " " + panel_.Faults()[before->number] + ")");
+}
 
 std::string TerminalPanel::Draw(std::size_t width) const {
   TextBox box(own_text::kPanel, width);
@@ -100,6 +112,7 @@ std::string TerminalPanel::Turn(std::size_t number) {
 }
 
 std::string TerminalPanel::Choose(std::optional<ChosenFault> fault) {
+  fault_.reset();  // One that is taken back has not struck.
   panel_.SetFault(fault);
   return FaultText() + "\n";
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,8 +15,12 @@ namespace orvenza {
 /// names everything: the switches from 1, then the faults; 0 is no fault.
 class TerminalPanel {
  public:
-  /// `panel` outlives this object.
-  explicit TerminalPanel(RegisterPanel& panel) : panel_(panel) {}
+  /// `panel` outlives this object, which is its observer: `say` receives a line, without a line break, when a
+  /// fault for the next command has struck.
+  TerminalPanel(RegisterPanel& panel, std::function<void(const std::string& line)> say);
+  ~TerminalPanel() { panel_.SetObserver(nullptr); }
+  TerminalPanel(const TerminalPanel&) = delete;
+  TerminalPanel& operator=(const TerminalPanel&) = delete;
 
   /// The latest lines of the roll, the counters, the switches and the chosen fault.
   std::string Draw(std::size_t width) const;
@@ -31,8 +36,11 @@ class TerminalPanel {
   std::string Choose(std::optional<ChosenFault> fault);
   std::vector<std::string> Captions() const;
   std::string FaultText() const;
+  void OnChange();
 
   RegisterPanel& panel_;
+  std::function<void(const std::string&)> say_;
+  std::optional<ChosenFault> fault_;  ///< As seen last.
 };
 
 }  // namespace orvenza
