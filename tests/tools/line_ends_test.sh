@@ -10,7 +10,7 @@ unset "${!GIT_@}"
 
 copy=$(mktemp -d)
 trap 'rm -rf "$copy"' EXIT
-files=(demo tests/scenarios/ticket_printed.scenario examples/01-bar.txt)
+files=(demo tests/scenarios/ticket_printed.scenario examples/tickets/sale.txt)
 cp --parents .gitattributes "${files[@]}" "$copy"
 git() { command git -C "$copy" -c core.autocrlf=true -c user.name=test -c user.email=test "$@"; }
 git init --quiet
