@@ -47,7 +47,7 @@ time { font-variant-numeric: tabular-nums; text-align: right; }
 .tick, .port, .written, .icon, .clock { color: var(--soft); }
 .error .kind, .error .text, .broken .kind, .broken .text, .count.bad { color: var(--bad); }
 .dialog .kind, .answer > .kind, .menu .kind, .world .kind { color: var(--link); font-weight: 600; }
-.count { margin-left: .5rem; font-size: .85rem; color: var(--soft); }
+.count { margin-left: .5rem; font-size: .85rem; color: var(--link); }
 .slip a { display: block; color: inherit; text-decoration: none; }
 .slip a:hover { background: #f0efe6; }
 .slip a:target { background: #ffe58a; }
@@ -79,8 +79,10 @@ std::string Anchor(char kind, std::size_t index) { return kind + std::to_string(
 
 bool IsIdle(const RehearsalEvent& event) { return event.kind == "tick" && !event.text.empty(); }
 
+bool BeginsRun(const RehearsalEvent& event) { return event.kind == "start"; }
+
 bool BeginsWork(const RehearsalEvent& event) {
-  return event.kind == "start" || (event.kind == "tick" && event.text.empty());
+  return BeginsRun(event) || (event.kind == "tick" && event.text.empty());
 }
 
 /// A span of events: the work of one tick, or the time between.
@@ -154,11 +156,11 @@ std::size_t PageWriter::CountOfKind(const Span& span, std::string_view kind) con
       std::count_if(begin, end, [&](const RehearsalEvent& event) { return event.kind == kind; }));
 }
 
-/// What became of the tickets, otherwise those that were taken, otherwise what was logged first.
+/// What became of the tickets, otherwise those that were taken, otherwise the start or what was logged first.
 std::string PageWriter::SummaryOf(const Span& span) const {
   std::string ended;
   std::string taken;
-  std::string logged;
+  std::string other = BeginsRun(events_[span.begin]) ? "start " + events_[span.begin].text : std::string();
   const auto add = [](std::string& text, const RehearsalEvent& event) {
     text += (text.empty() ? "" : ", ") + std::string(event.kind) + " " + event.text;
   };
@@ -166,10 +168,10 @@ std::string PageWriter::SummaryOf(const Span& span) const {
     const RehearsalEvent& event = events_[i];
     if (event.kind == "archived" || event.kind == "aborted") add(ended, event);
     if (event.kind == "taken") add(taken, event);
-    if (logged.empty() && event.kind == "log") logged = event.text;
+    if (other.empty() && event.kind == "log") other = event.text;
   }
   if (!ended.empty()) return ended;
-  return taken.empty() ? logged : taken;
+  return taken.empty() ? other : taken;
 }
 
 std::string PageWriter::WorkHtml(const Span& span, bool unfolded) {
@@ -178,7 +180,7 @@ std::string PageWriter::WorkHtml(const Span& span, bool unfolded) {
   const bool attention = asked + errors + CountOfKind(span, "broken") > 0;
   std::string html = unfolded || attention ? "<details open=\"open\">" : "<details>";
   html += "<summary><time>" + TimeText(events_[span.begin].at) + "</time> " + HtmlText(SummaryOf(span));
-  if (asked > 0) html += "<span class=\"count bad\">" + CountOf(asked, "dialog") + "</span>";
+  if (asked > 0) html += "<span class=\"count\">" + CountOf(asked, "dialog") + "</span>";
   if (errors > 0) html += "<span class=\"count bad\">" + CountOf(errors, "error") + "</span>";
   html += "</summary>\n<ol>\n";
   for (std::size_t i = span.begin; i < span.end; ++i) html += EventHtml(i);

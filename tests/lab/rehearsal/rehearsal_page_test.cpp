@@ -51,7 +51,7 @@ at 2s quit
 <main>
 <section id="events">
 <h2>What happened</h2>
-<details open="open"><summary><time>0:00.000</time> Start Rel. VERSION</summary>
+<details open="open"><summary><time>0:00.000</time> start 16/11/2026 09:00:00</summary>
 <ol>
 <li id="e0" class="start"><time>0:00.000</time><span class="kind">start</span><span class="text">16/11/2026 09:00:00</span></li>
 <li id="e1" class="log"><time>0:00.000</time><span class="kind">log</span><span class="text">Start Rel. VERSION</span></li>
@@ -116,7 +116,6 @@ TEST(RehearsalPage, LinksEventsAndPaper) {
   std::string page = Page("C:\\a\\day.scenario", kDocument);
   const std::string version = kVersionText;
   page.replace(page.find(version), version.size(), "VERSION");
-  page.replace(page.find(version), version.size(), "VERSION");
   EXPECT_EQ(page, kDocumentPage);
 }
 
@@ -137,7 +136,7 @@ TEST(RehearsalPage, DrawsADialogWhereItAppeared) {
       << page;
   EXPECT_TRUE(Contains(page, "Answered: Ok")) << page;
   EXPECT_TRUE(Contains(page,
-                       "archived 1.txt as storico\\1.txt<span class=\"count bad\">1 dialog</span>"
+                       "archived 1.txt as storico\\1.txt<span class=\"count\">1 dialog</span>"
                        "<span class=\"count bad\">2 errors</span></summary>"))
       << page;
 }
