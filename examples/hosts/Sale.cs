@@ -12,7 +12,7 @@ using System.Threading;
 
 static class Sale {
   static readonly string[][] Records = {
-    new[] { "1", "Caff\u00e8 espresso", "1,000", "120", "1", "", "", "1", "" },
+    new[] { "1", "Caffe' espresso", "1,000", "120", "1", "", "", "1", "" },
     new[] { "2", "1", "200" },
   };
 

@@ -12,7 +12,7 @@ import java.util.*;
  */
 public class Sale {
   static final String[][] SALE = {
-    {"1", "Caff\u00e8 espresso", "1,000", "120", "1", "", "", "1", ""},
+    {"1", "Caffe' espresso", "1,000", "120", "1", "", "", "1", ""},
     {"2", "1", "200"},
   };
 

@@ -11,9 +11,9 @@ uses
   SysUtils, Classes;
 
 const
-  // A field ends in the character 127, a line in CR LF. #$E8 is the letter e with a grave accent in Windows-1252.
+  // Windows-1252; a field ends in the character 127, a line in CR LF.
   Ticket: array [0 .. 1] of RawByteString = (
-    '1'#127'Caff'#$E8' espresso'#127'1,000'#127'120'#127'1'#127#127#127'1'#127#127#13#10,
+    '1'#127'Caffe'' espresso'#127'1,000'#127'120'#127'1'#127#127#127'1'#127#127#13#10,
     '2'#127'1'#127'200'#127#13#10);
 
 procedure HandOver(const Path: string);

@@ -7,7 +7,7 @@ const fs = require("fs");
 const path = require("path");
 
 const SALE = [
-  ["1", "Caffè espresso", "1,000", "120", "1", "", "", "1", ""],
+  ["1", "Caffe' espresso", "1,000", "120", "1", "", "", "1", ""],
   ["2", "1", "200"],
 ];
 

@@ -4,7 +4,7 @@
 // TICKETS is the ticket folder, OUTCOMES the folder of [Host] Outcomes, NUMBER the number of the receipt.
 // Exit status: 0 printed, 1 not printed or in doubt, 2 failed, 3 not done after SECONDS (60).
 const SALE = [
-    ["1", "Caffè espresso", "1,000", "120", "1", "", "", "1", ""],
+    ["1", "Caffe' espresso", "1,000", "120", "1", "", "", "1", ""],
     ["2", "1", "200"],
 ];
 

@@ -26,7 +26,7 @@ Sub HandOver(path)
   Dim file
   ' The code page of an Italian or other western Windows is Windows-1252; WriteLine ends a line in CR LF.
   Set file = fso.CreateTextFile(path & ".tmp", True) ' a name that the mask *.txt does not match
-  file.WriteLine Record(Array("1", "Caff" & Chr(232) & " espresso", "1,000", "120", "1", "", "", "1", ""))
+  file.WriteLine Record(Array("1", "Caffe' espresso", "1,000", "120", "1", "", "", "1", ""))
   file.WriteLine Record(Array("2", "1", "200"))
   file.Close
   fso.MoveFile path & ".tmp", path ' fails if a ticket of this name is still waiting
