@@ -1,8 +1,9 @@
 ; The setup program. ./package compiles it, with
 ;   VERSION  the program's version
 ;   STAGE    the folder of the files to install
-;   MANUALS   the list of those below docs: macros to install and to remove them
+;   MANUALS  the list of those below docs and examples: macros to install and to remove them
 ;   OUTPUT   the setup program to write
+;   SIGN     optional: a command that signs the program named after it
 
 Unicode true
 ManifestDPIAware true
@@ -16,12 +17,15 @@ AllowSkipFiles off
 !include FileFunc.nsh
 !include LogicLib.nsh
 !include Sections.nsh
+!include former.nsh
 !include texts.nsh
 !include "${MANUALS}"
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Orvenza"
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
-!define SHORTCUT "$SMPROGRAMS\Orvenza.lnk"
+!define MENU "$SMPROGRAMS\Orvenza"
+; The only entry of earlier versions.
+!define FORMER_SHORTCUT "$SMPROGRAMS\Orvenza.lnk"
 
 ; Exit codes besides 0, and NSIS's own 1 (cancelled) and 2 (failed).
 !define EXIT_RUNNING 3
@@ -38,6 +42,9 @@ AllowSkipFiles off
 
 Name "Orvenza"
 OutFile "${OUTPUT}"
+!ifdef SIGN
+  !uninstfinalize '${SIGN} "%1"'
+!endif
 RequestExecutionLevel user
 ; The program keeps settings and logs in its folder, which must therefore be the user's own.
 InstallDir "$LOCALAPPDATA\Programs\Orvenza"
@@ -218,6 +225,23 @@ Function ${un}RemoveAutostart
   Pop $0
 FunctionEnd
 
+; Removes the entries in the Start menu besides Orvenza itself, in both languages, and that of an earlier version.
+Function ${un}RemoveOtherEntries
+  Delete "${FORMER_SHORTCUT}"
+  Delete "${MENU}\${MANUAL_ITALIAN}.lnk"
+  Delete "${MENU}\${MANUAL_ENGLISH}.lnk"
+  Delete "${MENU}\${CHECK_ITALIAN}.lnk"
+  Delete "${MENU}\${CHECK_ENGLISH}.lnk"
+  Delete "${MENU}\${SUPPORT_ITALIAN}.lnk"
+  Delete "${MENU}\${SUPPORT_ENGLISH}.lnk"
+FunctionEnd
+
+Function ${un}RemoveStartMenu
+  Call ${un}RemoveOtherEntries
+  Delete "${MENU}\Orvenza.lnk"
+  RMDir "${MENU}"  ; only if it is empty
+FunctionEnd
+
 !macroend
 !insertmacro SharedFunctions ""
 !insertmacro SharedFunctions "un."
@@ -240,11 +264,14 @@ Section "-Program" SectionProgram
   SetOverwrite off  ; the shop may have its own sound
   File "${STAGE}\ding.wav"
   SetOverwrite try  ; a manual that is open in a reader stays unchanged
+  File "${STAGE}\assistenza.cmd"
+  File "${STAGE}\controllo.cmd"
   File "${STAGE}\LICENSE.txt"
-  !insertmacro RemoveManuals  ; an earlier version may have had others
+  !insertmacro RemoveFormerManuals
+  !insertmacro RemoveManuals
   !insertmacro InstallManuals
   SetOverwrite on
-  SetOutPath "$INSTDIR"  ; the working folder of the entry in the Start menu
+  SetOutPath "$INSTDIR"  ; the working folder of the entries in the Start menu
   ClearErrors
   WriteUninstaller "$INSTDIR\uninstall.exe"
   ${If} ${Errors}
@@ -266,7 +293,12 @@ Section "-Program" SectionProgram
 SectionEnd
 
 Section "$(TEXT_START_MENU)" SectionStartMenu
-  CreateShortcut "${SHORTCUT}" "$INSTDIR\Orvenza.exe"
+  Call RemoveOtherEntries
+  CreateDirectory "${MENU}"
+  CreateShortcut "${MENU}\Orvenza.lnk" "$INSTDIR\Orvenza.exe"
+  CreateShortcut "${MENU}\$(TEXT_MANUAL).lnk" "$INSTDIR\docs\manuale-operatore.html"
+  CreateShortcut "${MENU}\$(TEXT_CHECK).lnk" "$INSTDIR\controllo.cmd" "" "$INSTDIR\Orvenza.exe"
+  CreateShortcut "${MENU}\$(TEXT_SUPPORT).lnk" "$INSTDIR\assistenza.cmd" '"$DESKTOP"' "$INSTDIR\Orvenza.exe"
 SectionEnd
 
 Section /o "$(TEXT_AUTOSTART)" SectionAutostart
@@ -275,7 +307,7 @@ SectionEnd
 
 Section "-Not chosen"
   ${IfNot} ${SectionIsSelected} ${SectionStartMenu}
-    Delete "${SHORTCUT}"
+    Call RemoveStartMenu
   ${EndIf}
   ${IfNot} ${SectionIsSelected} ${SectionAutostart}
     Call RemoveAutostart
@@ -308,7 +340,8 @@ Function .onInit
   ${EndIf}
   ReadRegStr $1 HKCU "${UNINSTALL_KEY}" "InstallLocation"
   ${If} $1 != ""
-  ${AndIfNot} ${FileExists} "${SHORTCUT}"
+  ${AndIfNot} ${FileExists} "${MENU}\Orvenza.lnk"
+  ${AndIfNot} ${FileExists} "${FORMER_SHORTCUT}"
     !insertmacro UnselectSection ${SectionStartMenu}
   ${EndIf}
   ${If} ${Silent}
@@ -416,18 +449,21 @@ Section "un.$(TEXT_PROGRAM)" SectionRemoveProgram
   Call un.EndProgram
   Delete "$INSTDIR\Orvenza.exe"
   Delete "$INSTDIR\orvenza-lab.exe"
+  Delete "$INSTDIR\assistenza.cmd"
+  Delete "$INSTDIR\controllo.cmd"
   Delete "$INSTDIR\LICENSE.txt"
   Call un.IsOwnSound
   Pop $0
   ${If} $0 = 1
     Delete "$INSTDIR\ding.wav"
   ${EndIf}
+  !insertmacro RemoveFormerManuals
   !insertmacro RemoveManuals
   Delete "$INSTDIR\uninstall.exe"
   Call un.RemoveAutostart
   ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
   ${If} $0 == $INSTDIR
-    Delete "${SHORTCUT}"
+    Call un.RemoveStartMenu
     DeleteRegKey HKCU "${UNINSTALL_KEY}"
   ${EndIf}
 SectionEnd

@@ -5,11 +5,22 @@
   LangString ${name} ${LANG_ENGLISH} "${english}"
 !macroend
 
+; The entries in the Start menu. Setup knows the names in both languages, because an upgrade may change the language.
+!define MANUAL_ITALIAN "Manuale"
+!define MANUAL_ENGLISH "Operator's manual (Italian)"
+!define CHECK_ITALIAN "Controllo dell'impianto"
+!define CHECK_ENGLISH "Check of the installation"
+!define SUPPORT_ITALIAN "Dati per l'assistenza"
+!define SUPPORT_ENGLISH "Data for support"
+
 !macro SetupTexts
-  !insertmacro SetupText TEXT_START_MENU "Voce nel menu Start" "Entry in the Start menu"
+  !insertmacro SetupText TEXT_MANUAL "${MANUAL_ITALIAN}" "${MANUAL_ENGLISH}"
+  !insertmacro SetupText TEXT_CHECK "${CHECK_ITALIAN}" "${CHECK_ENGLISH}"
+  !insertmacro SetupText TEXT_SUPPORT "${SUPPORT_ITALIAN}" "${SUPPORT_ENGLISH}"
+  !insertmacro SetupText TEXT_START_MENU "Cartella nel menu Start" "Folder in the Start menu"
   !insertmacro SetupText TEXT_START_MENU_MORE \
-    "Orvenza si avvia anche dal menu Start." \
-    "Orvenza can be started from the Start menu too."
+    "Orvenza, il manuale, il controllo dell'impianto e i dati per l'assistenza nel menu Start." \
+    "Orvenza, the manual, the check of the installation and the data for support in the Start menu."
   !insertmacro SetupText TEXT_AUTOSTART "Avvio con Windows" "Start with Windows"
   !insertmacro SetupText TEXT_AUTOSTART_MORE \
     "Orvenza si avvia da solo quando questo utente entra in Windows." \
@@ -21,8 +32,8 @@
 
   !insertmacro SetupText TEXT_PROGRAM "Il programma" "The program"
   !insertmacro SetupText TEXT_PROGRAM_MORE \
-    "Il programma, la voce nel menu Start e l'avvio con Windows." \
-    "The program, its entry in the Start menu and its start with Windows."
+    "Il programma, i manuali, la cartella nel menu Start e l'avvio con Windows." \
+    "The program, its manuals, its folder in the Start menu and its start with Windows."
   !insertmacro SetupText TEXT_DATA "Impostazioni, file di log e scontrini" "Settings, logs and tickets"
   !insertmacro SetupText TEXT_DATA_MORE \
     "Elimina per sempre anche le impostazioni, i file di log, il suono e tutti gli scontrini nella cartella del \

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Checks pages made by tools/make_pages.py: check_pages.py FOLDER. Every link leads to a file below the folder and, with an
-anchor, to something of that name; nothing is loaded from elsewhere; each page names its language and has each anchor
-once. Prints one line per finding, and fails if there is one or if there are no pages."""
+"""Checks pages made by tools/make_pages.py: check_pages.py FOLDER. Every link leads to a file below the folder and,
+with an anchor, to something of that name; nothing is loaded from elsewhere; each page names its language and has each
+anchor once. Prints one line per finding, and fails if there is one or if there are no pages."""
 import html.parser
 import pathlib
 import re

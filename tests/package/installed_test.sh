@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The part of package_test.sh that needs "wine" and a screen:
-#   installed_test.sh SETUP UNPACKED ANSWER
-# UNPACKED is the zip's folder, ANSWER the program built from answer.nsi. Uses its own Wine prefix.
+#   installed_test.sh SETUP UNPACKED ANSWER SIGNED
+# UNPACKED is the zip's folder, ANSWER the program built from answer.nsi, SIGNED the folder with the signed setup.exe,
+# which gets its uninstaller, too. Uses its own Wine prefix.
 set -uo pipefail
 cd "$(dirname "$0")/../.."
 . tests/package/checks.sh
@@ -9,6 +10,7 @@ cd "$(dirname "$0")/../.."
 setup=$1
 unpacked=$2
 answer=$3
+signed=$4
 WINEPREFIX=$(mktemp -d)
 export WINEPREFIX
 trap 'wineserver -k; wineserver -w; rm -rf "$WINEPREFIX"' EXIT
@@ -19,7 +21,9 @@ target='C:\Il negozio\Orvenza'
 shop="$WINEPREFIX/drive_c/Il negozio/Orvenza"
 profile=$WINEPREFIX/drive_c/users/root/AppData
 default_shop=$profile/Local/Programs/Orvenza
-menu_entry="$profile/Roaming/Microsoft/Windows/Start Menu/Programs/Orvenza.lnk"
+start_menu="$profile/Roaming/Microsoft/Windows/Start Menu/Programs"
+menu="$start_menu/Orvenza"
+desktop=$WINEPREFIX/drive_c/users/root/Desktop
 uninstall_key='HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Orvenza'
 run_key='HKCU\Software\Microsoft\Windows\CurrentVersion\Run'
 
@@ -111,6 +115,20 @@ hand_over() {
 }
 
 sums_of() { (cd "$1" && find . -type f ! -name uninstall.exe -exec sha256sum {} + | sort -k 2); }
+# leads_to ENTRY FILE: the entry of the Start menu starts this file of the program's folder, and works in that folder.
+leads_to() {
+  [ -s "$shop/${2//\\//}" ] && names "$1" "$target\\$2" && names "$1" "$target"
+}
+names() { tr -d '\0' <"$menu/$1.lnk" | tr -c '[:print:]' '\n' | grep -xF -- "$2"; }
+entries() { (cd "$menu" && find . -type f | LC_ALL=C sort | tr '\n' ' '); }
+open_entry() { wine start /unix "$menu/$1.lnk"; }
+waits_in() { runs "$1" && fails runs orvenza-lab.exe; }
+# Ends the script whose window waits for a key.
+kill_script() {
+  wine taskkill /f /im cmd.exe >/dev/null 2>&1
+  eventually fails runs "$1"
+}
+bundles() { find "$1" -name 'orvenza-support-*.zip' | grep .; }
 files_in() { (cd "$1" && find . -maxdepth 1 -type f | sort | tr '\n' ' '); }
 
 title "a folder that cannot be written to"
@@ -126,13 +144,17 @@ check "and not left behind" gone "$WINEPREFIX/drive_c/Program Files/Orvenza"
 check "with nothing installed" fails installed
 
 title "the first installation"
-run_setup /AUTOSTART=1 /D=$target
+run_setup /LANG=it /AUTOSTART=1 /D=$target
 same "succeeds" $code 0
 same "puts there what the zip holds" "$(sums_of "$shop")" "$(sums_of "$unpacked")"
 test -f "$shop/uninstall.exe" || finish "without an uninstaller nothing more can be tried"
-check "makes an entry in the Start menu" test -f "$menu_entry"
-check "that works in the program's folder" holds <(tr -d '\0' <"$menu_entry") "$target"
-check "and in none below" fails holds <(tr -d '\0' <"$menu_entry") "$target\\docs"
+same "makes a folder in the Start menu" "$(entries)" \
+  "./Controllo dell'impianto.lnk ./Dati per l'assistenza.lnk ./Manuale.lnk ./Orvenza.lnk "
+check "for the program" leads_to Orvenza Orvenza.exe
+check "for the manual" leads_to Manuale 'docs\manuale-operatore.html'
+check "for the check of the installation" leads_to "Controllo dell'impianto" controllo.cmd
+check "for the data for support" leads_to "Dati per l'assistenza" assistenza.cmd
+same "and nothing beside it" "$(ls "$start_menu" | grep -i orvenza)" Orvenza
 same "starts the program with Windows" "$(value "$run_key" Orvenza)" "\"$target\\Orvenza.exe\""
 same "is listed with its folder" "$(value "$uninstall_key" InstallLocation)" "$target"
 check "starts nothing by itself" fails runs Orvenza.exe
@@ -146,6 +168,26 @@ hand_over examples/01-bar.txt 01
 check "prints a ticket and keeps it" eventually test -f "$shop/storico/1.txt"
 
 check "is known to orvenza-lab" holds <(plain wine "$target\\orvenza-lab.exe" doctor --json) '"instance.running"'
+
+title "the check of the installation"
+check "shows what the doctor says" holds <(plain wine cmd /c "$target\\controllo.cmd" </dev/null) 'instance.running'
+check "starts from the Start menu" open_entry "Controllo dell'impianto"
+check "in a window of its own" eventually xdotool search --name "Controllo dell'impianto"
+check "that waits for a key when the doctor is done" eventually waits_in controllo.cmd
+kill_script controllo.cmd
+
+title "the data for support"
+check "start from the Start menu" open_entry "Dati per l'assistenza"
+check "are written to the desktop" eventually bundles "$desktop"
+check "in a window of its own" eventually xdotool search --name "Dati per l'assistenza"
+check "that waits for a key then" eventually waits_in assistenza.cmd
+kill_script assistenza.cmd
+# Into the folder of the program; the time of the archive on the desktop differs, so there is no clash.
+check "say where they are" holds <(plain wine cmd /c "$target\\assistenza.cmd" </dev/null) "e' qui: \"$target\\\""
+check "which is true" bundles "$shop"
+check "say so if they cannot be written" \
+  holds <(plain wine cmd /c "$target\\assistenza.cmd" 'C:\none' </dev/null) 'non sono completi'
+rm -f "$shop"/orvenza-support-*.zip
 
 title "an upgrade while it runs"
 run_setup
@@ -161,6 +203,30 @@ same "leaves the start with Windows on" "$(value "$run_key" Orvenza)" "\"$target
 start_program --simulate
 check "and the program starts again" eventually started_times 2
 check "and ends when asked" quit_program
+
+title "an upgrade in the other language, of an earlier version"
+mkdir -p "$shop/docs/images"
+mv "$menu/Orvenza.lnk" "$start_menu/Orvenza.lnk"
+rm -r "$menu"
+echo vecchio | tee "$shop/docs/settings.md" >"$shop/docs/images/menu.png"
+run_setup /LANG=en
+same "succeeds" $code 0
+same "moves the entry into a folder, with the others" "$(entries)" \
+  "./Check of the installation.lnk ./Data for support.lnk ./Operator's manual (Italian).lnk ./Orvenza.lnk "
+check "leaves none beside it" gone "$start_menu/Orvenza.lnk"
+check "removes the earlier manuals" gone "$shop/docs/settings.md"
+check "with their pictures" gone "$shop/docs/images"
+run_setup /LANG=it
+same "succeeds, back in the first language" $code 0
+same "leaves no entry in the other one" "$(entries)" \
+  "./Controllo dell'impianto.lnk ./Dati per l'assistenza.lnk ./Manuale.lnk ./Orvenza.lnk "
+run_setup /STARTMENU=0
+check "takes the folder away, as asked" gone "$menu"
+run_setup
+check "and keeps it away" gone "$menu"
+run_setup /STARTMENU=1
+check "until it is wanted again" leads_to Orvenza Orvenza.exe
+touch "$menu/proprio.lnk"
 
 title "an upgrade while a dialog waits"
 start_program # without a link control it asks about the port
@@ -198,14 +264,14 @@ exec {tool[1]}>&-
 check "waits for nothing else" eventually fails runs orvenza-lab.exe
 
 title "an upgrade over a manual that cannot be replaced"
-rm "$shop/docs/settings.md"
-mkdir "$shop/docs/settings.md"
+rm "$shop/docs/settings.html"
+mkdir "$shop/docs/settings.html"
 run_setup
 same "succeeds" $code 0
 check "replaces the program" cmp "$shop/Orvenza.exe" "$unpacked/Orvenza.exe"
-rmdir "$shop/docs/settings.md"
+rmdir "$shop/docs/settings.html"
 run_setup
-check "puts the manual there the next time" cmp "$shop/docs/settings.md" "$unpacked/docs/settings.md"
+check "puts the manual there the next time" cmp "$shop/docs/settings.html" "$unpacked/docs/settings.html"
 
 title "removing"
 logs=$(cd "$shop" && sha256sum Log.txt Err.txt)
@@ -216,7 +282,9 @@ check "with the shop's own bell" holds "$shop/ding.wav" 'un altro suono'
 same "leaves the logs alone" "$(cd "$shop" && sha256sum Log.txt Err.txt)" "$logs"
 same "leaves settings and tickets alone" "$(own_sums)" "$before"
 same "of the manuals, leaves only the shop's own" "$(cd "$shop" && find docs | sort | tr '\n' ' ')" "docs docs/x.txt "
-check "takes the entry out of the Start menu" gone "$menu_entry"
+check "takes the examples away" gone "$shop/examples"
+same "leaves only what is not setup's in the Start menu" "$(entries)" "./proprio.lnk "
+rm -r "$menu"
 same "starts nothing with Windows any more" "$(value "$run_key" Orvenza)" ""
 
 title "removing the bell that came with the program"
@@ -233,7 +301,7 @@ echo un altro suono >"$shop/ding.wav"
 touch "$shop/Remembered.ini" "$shop/Evidence.ini" "$shop/Orvenza.ini.orv~"
 run_setup /STARTMENU=0 /D=$target
 same "installs over what was left" $code 0
-check "makes no entry in the Start menu, as asked" gone "$menu_entry"
+check "makes no folder in the Start menu, as asked" gone "$menu"
 same "does not start with Windows by itself" "$(value "$run_key" Orvenza)" ""
 check "succeeds" run_uninstaller /PURGE
 same "leaves what is not Orvenza's" "$(cd "$shop" && find . | sort | tr '\n' ' ')" ". ./nota.txt "
@@ -245,5 +313,14 @@ check "installs into the user's own" test -f "$default_shop/Orvenza.exe"
 same "keeps the language for the uninstaller" "$(value "$uninstall_key" Language)" 0x410
 check "starts the program, as asked" eventually test -f "$default_shop/Orvenza.ini"
 kill_program
+
+title "a signed setup program"
+wine "$signed/setup.exe" /S /D=$target
+same "succeeds" $? 0
+same "puts the signed programs there" "$(cd "$shop" && sha256sum Orvenza.exe orvenza-lab.exe)" \
+  "$(cd "$signed" && sha256sum Orvenza.exe orvenza-lab.exe)"
+check "with an uninstaller" cp "$shop/uninstall.exe" "$signed/"
+check "that works" run_uninstaller
+check "and takes the folder in the Start menu away" gone "$menu"
 
 finish

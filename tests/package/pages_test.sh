@@ -27,7 +27,7 @@ refused() {
 
 mkdir -p "$sources/docs/images" "$sources/examples/hosts"
 printf 'PNG' >"$sources/docs/images/p.png"
-touch "$sources/examples/1.txt" "$sources/LICENSE"
+touch "$work/outside" "$sources/examples/1.txt" "$sources/LICENSE"
 printf '# Esempi\n' >"$sources/examples/README.md"
 printf '# Hosts\n[up](../README.md)\n' >"$sources/examples/hosts/README.md"
 printf '# Recipes\n' >"$sources/docs/recipes.md"
@@ -41,7 +41,8 @@ cat >"$sources/docs/a.md" <<'TEXT'
 ## Twice
 <!-- not shown -->
 ![a picture](images/p.png) [b](b.md#x--y) [b.md](b.md) [here](#twice-1)
-[a ticket](../examples/1.txt) [tickets](../examples/) [recipes](recipes.md) [license](../LICENSE)
+[a ticket](../examples/1.txt) [tickets](../examples/)
+[recipes](recipes.md) [license](../LICENSE) [outside](../../outside)
 
 | | |
 |---|---|
@@ -63,9 +64,10 @@ same "makes a page" "$(main_of a)" '<h1 id="the-first-page">The <em>first</em> p
 <h2 id="è-lora-file-parser">È l'"'"'ora: <code>File Parser</code></h2>
 <h2 id="twice">Twice</h2>
 <h2 id="twice-1">Twice</h2>
-<p><img src="data:image/png;base64,UE5H" alt="a picture" /> <a href="b.html#x--y">b</a> <a href="b.html">B &amp; C</a> '\
-'<a href="#twice-1">here</a>
-<a href="../examples/1.txt">a ticket</a> <a href="../examples/README.html">tickets</a> recipes license</p>
+<p><img src="data:image/png;base64,UE5H" alt="a picture" /> <a href="b.html#x--y">b</a> '\
+'<a href="b.html">B &amp; C</a> <a href="#twice-1">here</a>
+<a href="../examples/1.txt">a ticket</a> <a href="../examples/README.html">tickets</a>
+recipes license outside</p>
 <div class="table"><table>
 <tbody>
 <tr>

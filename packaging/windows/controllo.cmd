@@ -1,0 +1,5 @@
+@echo off
+title Controllo dell'impianto
+"%~dp0orvenza-lab.exe" doctor
+echo.
+pause
