@@ -18,14 +18,12 @@ AllowSkipFiles off
 !include LogicLib.nsh
 !include Sections.nsh
 !include former.nsh
+!include start_menu.nsh
 !include texts.nsh
 !include "${MANUALS}"
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Orvenza"
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
-!define MENU "$SMPROGRAMS\Orvenza"
-; The only entry of earlier versions.
-!define FORMER_SHORTCUT "$SMPROGRAMS\Orvenza.lnk"
 
 ; Exit codes besides 0, and NSIS's own 1 (cancelled) and 2 (failed).
 !define EXIT_RUNNING 3
@@ -225,26 +223,10 @@ Function ${un}RemoveAutostart
   Pop $0
 FunctionEnd
 
-; Removes the entries in the Start menu besides Orvenza itself, in both languages, and that of an earlier version.
-Function ${un}RemoveOtherEntries
-  Delete "${FORMER_SHORTCUT}"
-  Delete "${MENU}\${MANUAL_ITALIAN}.lnk"
-  Delete "${MENU}\${MANUAL_ENGLISH}.lnk"
-  Delete "${MENU}\${CHECK_ITALIAN}.lnk"
-  Delete "${MENU}\${CHECK_ENGLISH}.lnk"
-  Delete "${MENU}\${SUPPORT_ITALIAN}.lnk"
-  Delete "${MENU}\${SUPPORT_ENGLISH}.lnk"
-FunctionEnd
-
-Function ${un}RemoveStartMenu
-  Call ${un}RemoveOtherEntries
-  Delete "${MENU}\Orvenza.lnk"
-  RMDir "${MENU}"  ; only if it is empty
-FunctionEnd
-
 !macroend
 !insertmacro SharedFunctions ""
 !insertmacro SharedFunctions "un."
+!insertmacro StartMenuFunctions
 
 ; ---- Installing ----
 
@@ -293,12 +275,7 @@ Section "-Program" SectionProgram
 SectionEnd
 
 Section "$(TEXT_START_MENU)" SectionStartMenu
-  Call RemoveOtherEntries
-  CreateDirectory "${MENU}"
-  CreateShortcut "${MENU}\Orvenza.lnk" "$INSTDIR\Orvenza.exe"
-  CreateShortcut "${MENU}\$(TEXT_MANUAL).lnk" "$INSTDIR\docs\manuale-operatore.html"
-  CreateShortcut "${MENU}\$(TEXT_CHECK).lnk" "$INSTDIR\controllo.cmd" "" "$INSTDIR\Orvenza.exe"
-  CreateShortcut "${MENU}\$(TEXT_SUPPORT).lnk" "$INSTDIR\assistenza.cmd" '"$DESKTOP"' "$INSTDIR\Orvenza.exe"
+  Call FillStartMenu
 SectionEnd
 
 Section /o "$(TEXT_AUTOSTART)" SectionAutostart

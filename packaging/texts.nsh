@@ -5,14 +5,6 @@
   LangString ${name} ${LANG_ENGLISH} "${english}"
 !macroend
 
-; The entries in the Start menu. Setup knows the names in both languages, because an upgrade may change the language.
-!define MANUAL_ITALIAN "Manuale"
-!define MANUAL_ENGLISH "Operator's manual (Italian)"
-!define CHECK_ITALIAN "Controllo dell'impianto"
-!define CHECK_ENGLISH "Check of the installation"
-!define SUPPORT_ITALIAN "Dati per l'assistenza"
-!define SUPPORT_ENGLISH "Data for support"
-
 !macro SetupTexts
   !insertmacro SetupText TEXT_MANUAL "${MANUAL_ITALIAN}" "${MANUAL_ENGLISH}"
   !insertmacro SetupText TEXT_CHECK "${CHECK_ITALIAN}" "${CHECK_ENGLISH}"
