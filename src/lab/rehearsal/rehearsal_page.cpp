@@ -64,13 +64,14 @@ time { font-variant-numeric: tabular-nums; text-align: right; }
 
 /// "0:00.522", "1:05:00.000".
 std::string TimeText(std::chrono::milliseconds at) {
-  const auto all = static_cast<long long>(at.count());
+  const auto hours = static_cast<int>(at.count() / 3'600'000);
+  const auto rest = static_cast<int>(at.count() % 3'600'000);
   char text[80];
-  if (all >= 3'600'000) {
-    std::snprintf(text, sizeof text, "%lld:%02lld:%02lld.%03lld", all / 3'600'000, all / 60'000 % 60,
-                  all / 1000 % 60, all % 1000);
+  if (hours > 0) {
+    std::snprintf(text, sizeof text, "%d:%02d:%02d.%03d", hours, rest / 60'000, rest / 1000 % 60,
+                  rest % 1000);
   } else {
-    std::snprintf(text, sizeof text, "%lld:%02lld.%03lld", all / 60'000, all / 1000 % 60, all % 1000);
+    std::snprintf(text, sizeof text, "%d:%02d.%03d", rest / 60'000, rest / 1000 % 60, rest % 1000);
   }
   return text;
 }

@@ -160,6 +160,11 @@ TEST(RehearsalPage, ShowsHowFarABrokenRehearsalCame) {
   EXPECT_TRUE(Contains(page, "<div class=\"paper open\">")) << page;
 }
 
+TEST(RehearsalPage, CountsTheHoursOfALongDay) {
+  const std::string page = Page("day", "limit 3h\nat 1h quit\n");
+  EXPECT_TRUE(Contains(page, "<time>1:00:00.000</time><span class=\"kind\">world</span>")) << page;
+}
+
 TEST(RehearsalPage, SaysThatNothingWasPrinted) {
   EXPECT_TRUE(Contains(Page("day", "at 2s quit\n"), "<p class=\"soft\">Nothing was printed.</p>"));
 }
