@@ -41,6 +41,13 @@ std::string ErrorCaption(int code) {
   return std::string(own_text::kError) + " " + text.substr(0, 2) + ": " + text.substr(3);
 }
 
+/// A script's line in a scenario. That is UTF-8, in which a line in another encoding could mean something
+/// else, so it becomes a comment.
+std::string RegisterLine(const std::string& line) {
+  const std::string readable = ToUtf8(line);
+  return (readable == line ? "register " : "# register ") + readable + "\n";
+}
+
 std::string Line(const char* name, const std::string& value) { return std::string(name) + " " + value; }
 
 }  // namespace
@@ -185,9 +192,9 @@ std::string SimulatedPanel::Scenario() const {
   std::string text = "# " + std::string(own_text::kScenarioHead) + "\n";
   if (stepsDropped_ > 0) text += "# " + std::string(own_text::kStepsMissing) + "\n";
   text += "start " + FixedStamp(start_) + "\n";
-  for (const std::string& line : scriptLines_) text += "register " + ToUtf8(line) + "\n";
+  for (const std::string& line : scriptLines_) text += RegisterLine(line);
   for (const Step& step : steps_)
-    text += "register after " + std::to_string(step.at.count()) + " " + step.line + "\n";
+    text += RegisterLine("after " + std::to_string(step.at.count()) + " " + step.line);
   const auto end = std::chrono::ceil<std::chrono::seconds>(Elapsed());
   return text + "at " + std::to_string(end.count()) + "s quit\n";
 }

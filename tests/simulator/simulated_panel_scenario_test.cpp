@@ -41,6 +41,15 @@ TEST(SimulatedPanel, WritesAScenarioOfWhatWasSwitched) {
             "at 45s quit\n");
 }
 
+TEST(SimulatedPanel, KeepsALineInAnotherEncodingAsAComment) {
+  PanelBench bench("model \"CAFF\xC8 8901\"\non 1036 reply CAFFÈ\nafter 9 next reply \xC8");
+  bench.panel.SetFault(ChosenFault{38, false});
+  const std::string scenario = bench.panel.Scenario();
+  EXPECT_NE(scenario.find("\n# register model \"CAFFÈ 8901\"\n"), std::string::npos) << scenario;
+  EXPECT_NE(scenario.find("\nregister on 1036 reply CAFFÈ\n"), std::string::npos) << scenario;
+  EXPECT_NE(scenario.find("\n# register after 0 every reply È\n"), std::string::npos) << scenario;
+}
+
 TEST(SimulatedPanel, SaysThatEarlyStepsAreMissing) {
   PanelBench bench;
   for (int i = 0; i < 10000; ++i) bench.panel.Turn(4, i % 2 == 1);
