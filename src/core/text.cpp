@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <map>
 
 namespace orvenza {
 namespace {
@@ -65,6 +66,16 @@ std::string Quoted(std::string_view bytes, std::size_t limit) {
   quoted = FromWindows1252(quoted);
   if (bytes.size() > limit) quoted += "...";
   return quoted;
+}
+
+/// The characters of Windows-1252 and their bytes.
+std::map<std::string, char> BytesOfWindows1252() {
+  std::map<std::string, char> bytes;
+  for (int code = 0; code < 256; ++code) {
+    const char byte = static_cast<char>(code);
+    bytes.emplace(FromWindows1252({&byte, 1}), byte);
+  }
+  return bytes;
 }
 
 }  // namespace
@@ -171,13 +182,14 @@ char FirstInWindows1252(std::string_view text) {
 }
 
 std::optional<std::string> ToWindows1252(std::string_view utf8) {
+  static const std::map<std::string, char> kBytes = BytesOfWindows1252();
   std::string bytes;
   while (!utf8.empty()) {
-    const std::size_t length = FirstCharacters(utf8, 1).size();
-    const char byte = FirstInWindows1252(utf8.substr(0, length));
-    if (byte == '?' && utf8[0] != '?') return std::nullopt;
-    bytes += byte;
-    utf8.remove_prefix(length);
+    const std::string character = FirstCharacters(utf8, 1);
+    const auto found = kBytes.find(character);
+    if (found == kBytes.end()) return std::nullopt;
+    bytes += found->second;
+    utf8.remove_prefix(character.size());
   }
   return bytes;
 }

@@ -113,7 +113,8 @@ is_late() {
   sell 9 1
   same "a name that is taken" '2 ' "$printed"
   same "leaves the ticket alone" 47 "$(wc -c <"$shop/data/00000009.txt")"
-  same "says why" 1 "$(grep -c . "$scratch/errors" | sed 's/[1-9].*/1/')"
+  # Wine's cscript has no error output.
+  [ "$language" = VBScript ] || same "says why" 1 "$(grep -c . "$scratch/errors" | sed 's/[1-9].*/1/')"
 }
 
 missing() {

@@ -160,8 +160,8 @@ int WaitForFates(const std::vector<HandedOver>& tickets, const TicketWatch& watc
 }
 
 int Run(const Arguments& arguments, LabSurroundings& lab) {
-  if (arguments.words.empty()) throw UsageError("which files?");
   const auto limit = WaitingTime(arguments);
+  if (arguments.words.empty()) throw UsageError("which files?");
   const ProgramPaths paths = ChosenInstallation(arguments, lab);
   const AppSettings settings = SettingsOf(paths, lab);
   const TicketWatch watch(lab.files, lab.folders, settings, paths.AppPath);

@@ -82,6 +82,7 @@ std::optional<TicketFate> TicketWatch::FateOfParts(const HandedOver& ticket, std
 /// The order matters: the connector moves a ticket from the ticket folder to the in-process folder, and from
 /// there to its last place.
 std::optional<TicketFate> TicketWatch::FateByFolder(const HandedOver& ticket) const {
+  if (!folders_.Exists(settings_.TicketFolder)) return std::nullopt;  // A share may be away.
   if (files_.Exists(settings_.TicketFolder + ticket.name)) return std::nullopt;
   if (files_.Exists(settings_.InProcessFolder + ticket.name)) return std::nullopt;
   const std::string given = settings_.AbortFolder + AbortName(ticket.name);

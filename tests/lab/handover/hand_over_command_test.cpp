@@ -283,6 +283,12 @@ TEST_F(HandOver, FollowsTheFileWithoutOutcomes) {
   EXPECT_EQ(clock.Uptime(), 4s);
 }
 
+TEST_F(HandOver, TakesNoTicketForDoneWhoseFolderIsAway) {
+  Put("a.txt");
+  clock.After(1s, [&] { disk.Delete(At("data")); });
+  EXPECT_EQ(Run({"C:\\host\\a.txt", "--wait=2"}), 3);
+}
+
 TEST_F(HandOver, KnowsThatPrintedTicketsMayBeRemoved) {
   Edit("HistoricTickets=C:\\Orvenza\\storico\\", "HistoricTickets=");
   Put("a.txt");
