@@ -98,8 +98,8 @@ Command PreviewCommand() {
           options,
           "0  every line is printed; there may be warnings\n"
           "1  at least one line is refused\n"
-          "2  a file could not be read or the preview not be written, or the command line\n"
-          "   cannot be understood",
+          "2  a file could not be read, the preview could not be written, or the command\n"
+          "   line cannot be understood",
           "orvenza-lab preview ticket.txt\n"
           "orvenza-lab preview --separator 59 --output receipt.html ticket.txt\n"
           "orvenza-lab preview --format svg - < ticket.txt > receipt.svg",

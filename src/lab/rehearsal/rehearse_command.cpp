@@ -102,6 +102,7 @@ int Run(const Arguments& arguments, LabSurroundings& around) {
   const std::string name = arguments.words.front();
   const std::string shownName = name == "-" ? "standard input" : name;
   const auto page = arguments.Value(kHtml);
+  if (page == name) return RefuseUsage(console, "rehearse", "the page would overwrite the scenario");
   const std::string text = ReadScenarioText(name, around);
   Scenario scenario = ParseScenario(
       shownName, text, [&](const std::string& source) { return ReadSourceOf(name, source, around.files); });

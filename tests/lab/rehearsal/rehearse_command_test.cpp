@@ -210,5 +210,13 @@ TEST_F(RehearseCommandTest, SaysThatThePageCannotBeWritten) {
   EXPECT_EQ(err.str(), "orvenza-lab rehearse: Path not found ( none\\day.html )\n");
 }
 
+TEST_F(RehearseCommandTest, WritesNoPageOverTheScenario) {
+  EXPECT_EQ(Run({"day.scenario", "--html", "day.scenario"}), 2);
+  EXPECT_EQ(err.str(),
+            "orvenza-lab rehearse: the page would overwrite the scenario\n"
+            "See 'orvenza-lab rehearse --help'.\n");
+  EXPECT_EQ(disk.Content("C:\\work\\day.scenario"), kDay);
+}
+
 }  // namespace
 }  // namespace orvenza::test
