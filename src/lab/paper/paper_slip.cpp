@@ -1,5 +1,7 @@
 #include "lab/paper/paper_slip.h"
 
+#include <algorithm>
+
 #include "core/text.h"
 #include "lab/shell/wording.h"
 #include "simulator/paper_layout.h"
