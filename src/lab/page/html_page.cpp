@@ -41,8 +41,7 @@ constexpr std::string_view kBeforeTitle = R"(<!DOCTYPE html>
 <head>
 <meta charset="utf-8" />
 <meta name="viewport" content="width=device-width, initial-scale=1" />
-<meta http-equiv="Content-Security-Policy" content="default-src 'none'; style-src 'unsafe-inline'" />
-<title>)";
+<meta http-equiv="Content-Security-Policy" content="default-src 'none'; style-src 'unsafe-inline')";
 
 std::string_view Escaped(char c) {
   switch (c) {
@@ -84,8 +83,11 @@ std::string HtmlText(std::string_view text) {
 }
 
 std::string DocumentOf(const HtmlPage& page) {
-  return std::string(kBeforeTitle) + HtmlText(page.title) + "</title>\n<style>\n" + std::string(kStyle) +
-         page.style + "</style>\n</head>\n<body>\n" + page.body + "</body>\n</html>\n";
+  const bool runs = !page.script.empty();
+  return std::string(kBeforeTitle) + (runs ? "; script-src 'unsafe-inline'" : "") + "\" />\n<title>" +
+         HtmlText(page.title) + "</title>\n<style>\n" + std::string(kStyle) + page.style +
+         "</style>\n</head>\n<body>\n" + page.body +
+         (runs ? "<script>\n" + page.script + "</script>\n" : std::string()) + "</body>\n</html>\n";
 }
 
 }  // namespace orvenza

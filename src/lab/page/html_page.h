@@ -9,11 +9,13 @@ namespace orvenza {
 /// Windows-1252. Control characters become blanks, except the line feed.
 [[nodiscard]] std::string HtmlText(std::string_view text);
 
-/// A page in one file, which runs no scripts and loads nothing.
+/// A page in one file, which loads nothing and runs no other scripts than its own.
 struct HtmlPage {
   std::string title;  ///< Plain text.
   std::string style;  ///< CSS, after that of every page; may be empty. Without "<" and "&".
   std::string body;   ///< HTML that is well-formed XML.
+  std::string script =
+      {};  ///< JavaScript that runs once the body is there; may be empty. Without "<" and "&".
 };
 
 /// The whole document, which is HTML and also well-formed XML.

@@ -19,6 +19,9 @@ enum class TableExtent {
   kThinned,  ///< Only one error code of each group that the connector treats alike.
 };
 
+/// The error code that stands for all others of its group in the thinned table.
+inline constexpr const char* kUsualCode = "ERR08";
+
 std::vector<TicketStep> TicketSteps();
 
 /// The PC's time when the connector starts.

@@ -67,25 +67,10 @@ class Legend {
   Texts lines_;
 };
 
-std::string RuleOf(const std::string& reason) {
-  const auto& all = Rules();
-  const auto found = std::find_if(all.begin(), all.end(), [&](const Rule& p) { return p.reason == reason; });
-  return found == all.end() ? ", no rule" : ", rule " + std::to_string(found - all.begin() + 1);
-}
-
-/// "any" if all possible answers lead to the same outcome.
-std::string AnswersText(const CaseWays& ways, bool onlyOutcome) {
-  if (onlyOutcome && ways.answers.size() > 1) return "any";
-  Texts answers;
-  for (const std::vector<Answer>& list : ways.answers) answers.push_back(AnswerText(list));
-  return Joined(answers, "; ");
-}
-
 std::string RowText(const std::string& faults, const std::string& answers, const CaseOutcome& outcome,
                     const CaseWays& ways, const Legend& legend) {
-  const std::string rule = IsForbidden(outcome.verdict) ? RuleOf(outcome.reason) : "";
   return "| " + faults + " | " + answers + " | " + PaperText(outcome) + " | " + NameOf(outcome.file) + " | " +
-         NameOf(outcome.verdict) + rule + " | " + legend.Letters(ways) + " |\n";
+         EndText(outcome) + " | " + legend.Letters(ways) + " |\n";
 }
 
 std::string SectionText(const TableSection& section, const Legend& legend, const std::string& when) {
@@ -102,16 +87,6 @@ std::string SectionText(const TableSection& section, const Legend& legend, const
     }
   }
   return text + "\n";
-}
-
-std::size_t CountEnds(const std::vector<FaultCase>& cases, Verdict verdict) {
-  std::size_t count = 0;
-  for (const FaultCase& faultCase : cases) {
-    count +=
-        static_cast<std::size_t>(std::count_if(faultCase.ends.begin(), faultCase.ends.end(),
-                                               [&](const TicketEnd& end) { return end.verdict == verdict; }));
-  }
-  return count;
 }
 
 /// The number of ways for each verdict, with a column for each of `hours`.
@@ -215,6 +190,16 @@ std::string FailureTable(const PlayedCases& contract, const PlayedCases& askInDo
   text += SectionTexts(Others(askInDoubt.byDay, askInDoubt.atMidnight), legend, "AskInDoubt at 23:59:50: ");
   text.pop_back();
   return text;
+}
+
+std::size_t CountEnds(const std::vector<FaultCase>& cases, Verdict verdict) {
+  std::size_t count = 0;
+  for (const FaultCase& faultCase : cases) {
+    count +=
+        static_cast<std::size_t>(std::count_if(faultCase.ends.begin(), faultCase.ends.end(),
+                                               [&](const TicketEnd& end) { return end.verdict == verdict; }));
+  }
+  return count;
 }
 
 std::optional<std::string> PlaceTable(const std::string& document, const std::string& table) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,6 +20,9 @@ struct PlayedCases {
 /// that differ from those by day are shown, and of `askInDoubt`, whose cases are some of the contract's, only
 /// those that differ from them.
 std::string FailureTable(const PlayedCases& contract, const PlayedCases& askInDoubt = {});
+
+/// Number of ways in which a ticket came to an end of this kind.
+std::size_t CountEnds(const std::vector<FaultCase>& cases, Verdict verdict);
 
 /// `document` with `table` between the two lines that mark its place. If `document` is empty, the table
 /// between such lines; if it lacks them, nothing.

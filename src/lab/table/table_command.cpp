@@ -2,19 +2,24 @@
 
 #include <charconv>
 #include <cstdint>
+#include <optional>
 #include <set>
 #include <sstream>
+#include <stdexcept>
+#include <string_view>
 
 #include "core/text.h"
 #include "lab/table/failure_table.h"
 #include "lab/table/pairs_report.h"
 #include "lab/table/play_cases.h"
+#include "lab/table/table_page.h"
 #include "lab/table/table_progress.h"
 
 namespace orvenza {
 namespace {
 
 constexpr const char* kOutput = "--output";
+constexpr const char* kHtml = "--html";
 constexpr const char* kStep = "--step";
 constexpr const char* kThinned = "--thinned";
 constexpr const char* kPairs = "--pairs";
@@ -71,16 +76,42 @@ std::optional<std::uint64_t> NumberOf(const Arguments& arguments, const char* op
   return number;
 }
 
+/// Refuses to replace a file that is no page.
+void CheckPage(const std::string& path, const Files& files) {
+  constexpr std::string_view kPageBegins = "<!DOCTYPE html>";
+  if (files.Exists(path) && ReadWhole(files, path, kPageBegins.size()) != kPageBegins)
+    throw std::runtime_error(path + " exists and is no HTML page");
+}
+
+/// Writes the table to the output, or to its place in a document. False if the document has no place for it.
+bool WriteTable(const std::string& table, const std::optional<std::string>& output, LabSurroundings& lab) {
+  if (!output) {
+    lab.console.out << table;
+    return true;
+  }
+  const std::string document = lab.files.Exists(*output) ? ReadWhole(lab.files, *output) : std::string();
+  const auto placed = PlaceTable(document, table);
+  if (!placed) {
+    lab.console.err << "orvenza-lab table: " << *output << " exists and has no marker lines for a table\n";
+    return false;
+  }
+  lab.files.Write(*output, *placed);
+  return true;
+}
+
 int Run(const Arguments& arguments, LabSurroundings& lab) {
   if (!arguments.words.empty()) {
     return RefuseUsage(lab.console, "table", "unexpected word '" + arguments.words.front() + "'");
   }
   const auto seed = NumberOf(arguments, kSeed);
+  const auto page = arguments.Value(kHtml);
   if (const auto pairs = NumberOf(arguments, kPairs)) {
+    if (page) throw UsageError(std::string(kHtml) + " does not go with " + kPairs);
     return ReportPairs(static_cast<std::size_t>(*pairs), seed.value_or(1), lab);
   }
   if (seed) throw UsageError(std::string(kSeed) + " needs " + kPairs);
   const std::vector<TicketStep> steps = ChosenSteps(arguments);
+  if (page) CheckPage(*page, lab.files);
   const TableExtent extent = arguments.Has(kThinned) ? TableExtent::kThinned : TableExtent::kWhole;
   TableProgress progress(lab.console, lab.clock);
   const auto play = [&](TableHour hour, WayOfWorking way, std::size_t before) {
@@ -95,20 +126,10 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
   const PlayedCases askInDoubt{play(TableHour::kDay, WayOfWorking::kAskInDoubt, 2),
                                play(TableHour::kMidnight, WayOfWorking::kAskInDoubt, 3)};
   progress.End();
-  const std::string table = FailureTable(contract, askInDoubt);
+  if (page) lab.files.Write(*page, TablePage(contract, askInDoubt));
   const auto output = arguments.Value(kOutput);
-  if (!output) {
-    lab.console.out << table;
-    return 0;
-  }
-  const std::string document = lab.files.Exists(*output) ? ReadWhole(lab.files, *output) : std::string();
-  const auto placed = PlaceTable(document, table);
-  if (!placed) {
-    lab.console.err << "orvenza-lab table: " << *output << " exists and has no marker lines for a table\n";
-    return kFailed;
-  }
-  lab.files.Write(*output, *placed);
-  return 0;
+  if (page && !output) return 0;
+  return WriteTable(FailureTable(contract, askInDoubt), output, lab) ? 0 : kFailed;
 }
 
 }  // namespace
@@ -116,19 +137,22 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
 Command TableCommand() {
   return {"table",
           "show what becomes of a ticket when something goes wrong",
-          "[--output FILE] [--step TEXT] [--thinned] [--pairs N]",
+          "[--output FILE] [--html PAGE] [--step TEXT] [OPTION...]",
           "Rehearses each kind of command with each fault of the register, its line, the\n"
           "program and the PC, through each answer of the operator, without and with\n"
           "[Safety] AskInDoubt=1. For each case the table shows what the customer gets,\n"
           "where the file is in the end, and the lines of the error log. The format is\n"
-          "Markdown. docs/failure-table.md holds the table, and docs/failure-scenarios.md\n"
-          "explains it.\n"
+          "Markdown, or with --html a page with filters. docs/failure-table.md holds the\n"
+          "table, and docs/failure-scenarios.md explains it.\n"
           "\n"
           "With --pairs, two random faults strike a ticket, with AskInDoubt=1 and random\n"
           "answers. Each pair that ends as nobody chose is shown as a scenario for\n"
           "orvenza-lab rehearse.",
           {{kOutput, "FILE",
             "write to FILE, which is new or empty, or contains the\ntwo marker lines of a table"},
+           {kHtml, "PAGE",
+            "write an HTML page with filters to PAGE, which may\nreplace a page; no other output without "
+            "--output"},
            {kStep, "TEXT",
             "only the steps whose names contain TEXT, or one of\nseveral texts separated by \";\""},
            {kThinned, "", "try one of each group of similar error codes"},
@@ -139,6 +163,7 @@ Command TableCommand() {
           "2  not written",
           "orvenza-lab table --step 'part payment'\n"
           "orvenza-lab table --output docs/failure-table.md\n"
+          "orvenza-lab table --html failure-table.html\n"
           "orvenza-lab table --pairs 100000",
           Run};
 }

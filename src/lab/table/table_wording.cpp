@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "lab/table/verdict.h"
+
 namespace orvenza {
 namespace {
 
@@ -10,24 +12,6 @@ using Texts = std::vector<std::string>;
 
 /// How many repetitions of an answer are written out.
 constexpr std::size_t kWrittenOut = 3;
-
-std::string NameOf(Answer answer) {
-  switch (answer) {
-    case Answer::kPrinted: return "Stampato";
-    case Answer::kReprint: return "Ristampare";
-    case Answer::kGiveUp: return "Abortire";
-    case Answer::kNoChoice: return "closed";
-    case Answer::kCloseReceipt: return "Sì";
-    case Answer::kLeaveReceipt: return "No";
-    case Answer::kVoidForeign: return "Chiuso: No";
-    case Answer::kKeepForeign: return "Chiuso: Sì";
-    case Answer::kEndProgram: return "Esci";
-    case Answer::kTryPort:
-    case Answer::kLeavePort:
-    case Answer::kStay: break;
-  }
-  return {};
-}
 
 bool IsCode(const std::string& name) { return name.starts_with("ERR") && name.size() == 5; }
 
@@ -65,6 +49,30 @@ std::string NameOf(Verdict verdict) {
     case Verdict::kTwice: return "**printed twice**";
     case Verdict::kLost: return "**lost**";
     case Verdict::kHang: return "**hangs**";
+  }
+  return {};
+}
+
+std::vector<Answer> AllAnswers() {
+  return {Answer::kPrinted,     Answer::kReprint,      Answer::kGiveUp,
+          Answer::kNoChoice,    Answer::kCloseReceipt, Answer::kLeaveReceipt,
+          Answer::kVoidForeign, Answer::kKeepForeign,  Answer::kEndProgram};
+}
+
+std::string NameOf(Answer answer) {
+  switch (answer) {
+    case Answer::kPrinted: return "Stampato";
+    case Answer::kReprint: return "Ristampare";
+    case Answer::kGiveUp: return "Abortire";
+    case Answer::kNoChoice: return "closed";
+    case Answer::kCloseReceipt: return "Sì";
+    case Answer::kLeaveReceipt: return "No";
+    case Answer::kVoidForeign: return "Chiuso: No";
+    case Answer::kKeepForeign: return "Chiuso: Sì";
+    case Answer::kEndProgram: return "Esci";
+    case Answer::kTryPort:
+    case Answer::kLeavePort:
+    case Answer::kStay: break;
   }
   return {};
 }
@@ -127,6 +135,22 @@ std::string AnswerText(const std::vector<Answer>& answers) {
     texts.insert(texts.end(), many ? 1 : end - i, many ? name + " again and again" : name);
   }
   return texts.empty() ? "none" : Joined(texts, " → ");
+}
+
+std::string EndText(const CaseOutcome& outcome) {
+  if (!IsForbidden(outcome.verdict)) return NameOf(outcome.verdict);
+  const auto& all = Rules();
+  const auto rule =
+      std::find_if(all.begin(), all.end(), [&](const Rule& r) { return r.reason == outcome.reason; });
+  return NameOf(outcome.verdict) +
+         (rule == all.end() ? ", no rule" : ", rule " + std::to_string(rule - all.begin() + 1));
+}
+
+std::string AnswersText(const CaseWays& ways, bool onlyOutcome) {
+  if (onlyOutcome && ways.answers.size() > 1) return "any";
+  Texts texts;
+  for (const std::vector<Answer>& list : ways.answers) texts.push_back(AnswerText(list));
+  return Joined(texts, "; ");
 }
 
 std::string FaultText(const TableRow& row) {

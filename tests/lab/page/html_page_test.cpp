@@ -43,6 +43,14 @@ TEST(HtmlPage, RunsNoScriptsAndLoadsNothing) {
   }
 }
 
+TEST(HtmlPage, RunsItsOwnScriptOnly) {
+  const std::string document = DocumentOf({"", "", "<p>text</p>\n", "start();\n"});
+  EXPECT_NE(document.find(
+                "content=\"default-src 'none'; style-src 'unsafe-inline'; script-src 'unsafe-inline'\" />\n"),
+            std::string::npos);
+  EXPECT_TRUE(document.ends_with("<p>text</p>\n<script>\nstart();\n</script>\n</body>\n</html>\n"));
+}
+
 TEST(HtmlPage, HasAStyleThatIsAlsoXml) {
   const std::string document = DocumentOf({"", "", ""});
   const std::size_t begin = document.find("<style>") + 7;

@@ -101,6 +101,39 @@ TEST(TableCommand, LeavesAFileAloneThatHasNoPlaceForATable) {
   EXPECT_EQ(ReadWhole(lab.files, "C:\\notes.md"), "My notes.\n");
 }
 
+TEST(TableCommand, WritesAPageAndNothingElse) {
+  TableLab lab;
+  const std::vector<std::string> words{"table",        "--thinned", "--step",
+                                       "line without", "--html",    "C:\\t.html"};
+  EXPECT_EQ(lab.Run(words), 0);
+  EXPECT_EQ(lab.out.str(), "");
+  const std::string page = ReadWhole(lab.files, "C:\\t.html");
+  EXPECT_TRUE(page.starts_with("<!DOCTYPE html>\n"));
+  EXPECT_NE(page.find("<h2>Line without a separator</h2>"), std::string::npos);
+  EXPECT_EQ(lab.Run(words), 0) << "a page may be replaced";
+  EXPECT_EQ(ReadWhole(lab.files, "C:\\t.html"), page);
+}
+
+TEST(TableCommand, WritesAPageBesideTheTable) {
+  TableLab lab;
+  EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "line without", "--html", "C:\\t.html", "--output",
+                     "C:\\t.md"}),
+            0);
+  EXPECT_TRUE(ReadWhole(lab.files, "C:\\t.html").starts_with("<!DOCTYPE html>\n"));
+  EXPECT_NE(ReadWhole(lab.files, "C:\\t.md").find("### Line without a separator"), std::string::npos);
+}
+
+TEST(TableCommand, ReplacesNoOtherFileByAPage) {
+  TableLab lab;
+  lab.files.Write("C:\\notes.md", "My notes.\n");
+  EXPECT_EQ(lab.Run({"table", "--thinned", "--step", "line without", "--html", "C:\\notes.md"}), 2);
+  EXPECT_EQ(lab.Run({"table", "--pairs", "1", "--html", "C:\\t.html"}), 2);
+  EXPECT_EQ(lab.err.str(),
+            "orvenza-lab table: C:\\notes.md exists and is no HTML page\n"
+            "orvenza-lab table: --html does not go with --pairs\nSee 'orvenza-lab table --help'.\n");
+  EXPECT_EQ(ReadWhole(lab.files, "C:\\notes.md"), "My notes.\n");
+}
+
 TEST(TableCommand, PlaysPairs) {
   TableLab lab;
   EXPECT_EQ(lab.Run({"table", "--pairs", "20", "--seed", "3"}), 0);
