@@ -81,7 +81,7 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
 Command PreviewCommand() {
   std::vector<Option> options = CheckRuleOptions();
   options.push_back(
-      {kFormat, "NAME", "text, html or svg (default: what the name of the\noutput ends in, otherwise text)"});
+      {kFormat, "text|html|svg", "the form (default: what the name of the output ends in,\notherwise text)"});
   options.push_back({kOutput, "FILE", "write to FILE instead of the standard output"});
   return {"preview",
           "draw the receipts of ticket files",

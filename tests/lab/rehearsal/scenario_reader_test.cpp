@@ -107,7 +107,8 @@ TEST(Scenario, ReportsEveryBadLineInOrder) {
       "day:8: expected \"|\" before each line of a file\n"
       "day:11: expected \"file\" or \"ticket\" before its lines\n"
       "day:12: expected \"reply\", \"silence\", \"link-error\", \"lose-reply\", \"late\", \"paper-out\", "
-      "\"absent\", \"port-fails\", \"receipt-open\" or \"receipt-paid\"");
+      "\"receipt-paper\", \"journal-paper\", \"power\", \"cable\", \"key\", \"absent\", \"port-fails\", "
+      "\"receipt-open\" or \"receipt-paid\"");
 }
 
 TEST(Scenario, TakesAFileOfTheNameOfAWord) {
