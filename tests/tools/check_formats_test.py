@@ -106,8 +106,9 @@ def match_junit(text, files, findings):
 def codes_of_page():
     """The codes that the page lists, with their severities, in its order."""
     page = (PROJECT / "docs/ticket-check.md").read_text("utf-8")
-    parts = {"error": page.split("\n## Errors\n")[1].split("\n## ")[0], "warning": page.split("\n## Warnings\n")[1].split("\n## ")[0]}
-    return [(code, level) for level, part in parts.items() for code in re.findall(r"^\| `([^`]+)` \|", part, re.M)]
+    chapters = {level: page.split(f"\n## {title}\n")[1].split("\n## ")[0]
+                for level, title in (("error", "Errors"), ("warning", "Warnings"))}
+    return [(code, level) for level, text in chapters.items() for code in re.findall(r"^\| `([^`]+)` \|", text, re.M)]
 
 
 def take_any_bytes(folder):

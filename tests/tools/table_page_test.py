@@ -34,7 +34,8 @@ set('text', 'abortire');
 document.querySelector('a[href="#words"]').click();
 document.getElementById('all').click();
 results.steps.push(told());
-results.focus = Array.from(document.querySelectorAll('select, input, button, a')).every((one) => { one.focus(); return document.activeElement === one; });
+const takesFocus = (one) => { one.focus(); return document.activeElement === one; };
+results.focus = Array.from(document.querySelectorAll('select, input, button')).every(takesFocus);
 document.body.dataset.results = JSON.stringify(results);
 </script></body>"""
 
@@ -87,8 +88,8 @@ def equal(found, expected, what):
 
 
 def opened(page, folder, fragment="", width=1280):
-    options = ["--headless", "--no-sandbox", "--disable-gpu", f"--user-data-dir={folder}/profile", "--virtual-time-budget=10000",
-               f"--window-size={width},900", "--dump-dom"]
+    options = ["--headless", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage", "--virtual-time-budget=10000",
+               f"--user-data-dir={folder}/profile", f"--window-size={width},900", "--dump-dom"]
     run = subprocess.run([BROWSER, *options, page.as_uri() + fragment], stdout=subprocess.PIPE, stderr=subprocess.PIPE,
                          check=False, timeout=120)
     if run.returncode or not run.stdout:
@@ -112,8 +113,7 @@ def check_filters(page, folder):
         "text=historic nessuna": lambda row: "historic" in row["file"] and "Nessuna" in row["log"],
     }
     for text, wanted in filters.items():
-        fragment = "#" + "&".join(part.split("=")[0] + "=" + urllib.parse.quote_plus(part.split("=")[1]) for part in text.split("&"))
-        shown = opened(page, folder, fragment)
+        shown = opened(page, folder, "#" + urllib.parse.urlencode(dict(part.split("=") for part in text.split("&"))))
         found = [row["shown"] for row in shown.rows]
         for row, is_shown in zip(rows, found, strict=True):
             equal(is_shown, is_shown if wanted is None or wanted(row) is None else wanted(row), f"{text}: {row}")

@@ -160,6 +160,7 @@ std::string FilterText(const Options& options) {
 /// What the ends mean, and the number of ways to each in the four runs.
 std::string EndsText(const PlayedCases& contract, const PlayedCases& askInDoubt) {
   std::string text =
+      "<p>The numbers count the ways in which a ticket came to each end.</p>\n"
       "<div class=\"wide\"><table><thead><tr><th>End</th><th>Meaning</th><th>Contract by day</th>"
       "<th>Contract at 23:59:50</th><th>AskInDoubt by day</th><th>AskInDoubt at "
       "23:59:50</th></tr></thead>\n<tbody>\n";
@@ -193,7 +194,7 @@ std::string TablePage(const PlayedCases& contract, const PlayedCases& askInDoubt
   }
   const std::string body = "<h1>The failure table</h1>\n" + std::string(kTablePageIntroduction) +
                            FilterText(options) + "<p id=\"shown\" role=\"status\">" + std::to_string(rows) +
-                           " rows.</p>\n<main>\n" + sections + "</main>\n<h2 id=\"words\">Words</h2>\n" +
+                           " rows.</p>\n<main>\n" + sections + "</main>\n<h2 id=\"words\">Terms</h2>\n" +
                            EndsText(contract, askInDoubt) + std::string(kTablePageWords) + RulesText() +
                            Element("p", std::string("Written by orvenza-lab ") + kVersionText + ".") + "\n";
   return DocumentOf(

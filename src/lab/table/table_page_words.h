@@ -14,7 +14,7 @@ std::string MeaningOf(Verdict verdict);
 
 inline constexpr std::string_view kTablePageIntroduction =
     R"(<p>What becomes of a ticket for every fault at every command, through every answer of the operator.
-<span class="screen"><a href="#words">The words</a> stand at the end of the page.</span></p>
+<span class="screen"><a href="#words">The terms</a> are explained at the end of the page.</span></p>
 <noscript><p>Without scripts this page has no filters and shows all rows.</p></noscript>
 )";
 
