@@ -52,13 +52,9 @@ inline constexpr const char* kSwitchOffButton = "&Disattiva";
 inline constexpr const char* kCountersLabel = "Contatori";
 inline constexpr const char* kCopyScenarioButton = "&Copia come scenario";
 inline constexpr const char* kNoFaultActive = "Nessun guasto attivo";
-inline constexpr const char* kFaultChosen = "Attivo:";  ///< The fault follows, and when it strikes.
-inline constexpr const char* kAtNextCommand = "al prossimo comando";
-inline constexpr const char* kAtEveryCommand = "a ogni comando";
-inline constexpr const char* kFaultEnded = "Disattivato:";         ///< The fault follows.
+inline constexpr const char* kFaultChosen = "Attivo:";      ///< The fault follows, and when it strikes.
+inline constexpr const char* kFaultEnded = "Disattivato:";  ///< The fault follows.
 inline constexpr const char* kFaultHappened = "Guasto avvenuto:";  ///< The same.
-inline constexpr const char* kPresent = "presente";
-inline constexpr const char* kMissing = "assente";
 inline constexpr const char* kScenarioCopied = "Scenario copiato negli appunti.";
 inline constexpr const char* kNotCopied = "Gli appunti sono occupati da un altro programma. Riprovare.";
 

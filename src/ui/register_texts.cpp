@@ -43,11 +43,11 @@ std::string FaultText(const RegisterPanel& panel) {
   const auto fault = panel.Fault();
   if (!fault) return own_text::kNoFaultActive;
   return std::string(own_text::kFaultChosen) + " " + panel.Faults()[fault->number] + ", " +
-         (fault->once ? own_text::kAtNextCommand : own_text::kAtEveryCommand);
+         (fault->once ? own_text::kNextCommand : own_text::kEveryCommand);
 }
 
 std::string SwitchText(const PanelSwitch& one) {
-  return one.caption + ": " + (one.on ? own_text::kPresent : own_text::kMissing);
+  return one.caption + ": " + (one.on ? own_text::kSwitchOn : own_text::kSwitchOff);
 }
 
 std::string JoinLines(const std::vector<std::string>& lines) {

@@ -16,7 +16,7 @@ std::vector<std::string> WithMnemonics(const std::vector<std::string>& captions,
 /// What is chosen now, such as "Attivo: Carta esaurita, al prossimo comando".
 std::string FaultText(const RegisterPanel& panel);
 
-/// The state of a switch, such as "Cavo: assente".
+/// The state of a switch, such as "Cavo: ASSENTE".
 std::string SwitchText(const PanelSwitch& one);
 
 /// `lines` joined, with CR LF between any two.

@@ -33,7 +33,7 @@ TEST(FaultText, SaysWhatIsChosenAndForHowLong) {
 
 TEST(SwitchText, SaysItsState) {
   EXPECT_EQ(SwitchText({"Cavo", true}), "Cavo: presente");
-  EXPECT_EQ(SwitchText({"Cavo", false}), "Cavo: assente");
+  EXPECT_EQ(SwitchText({"Cavo", false}), "Cavo: ASSENTE");
 }
 
 TEST(JoinLines, PutsBreaksOnlyBetweenLines) {

@@ -111,6 +111,7 @@ TEST(Menu, IsUsedByTheKeyboardToo) {
   till.TellIcon(WM_LBUTTONDOWN);
   till.AwaitMenu();
   Press(VK_UP);
+  Press(VK_UP);
   Press(VK_RETURN);
   till.Form(window_class::kOrvConf);
 }

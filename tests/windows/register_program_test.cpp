@@ -123,7 +123,7 @@ TEST_F(RegisterProgramTest, LetsAFaultHappenUntilItIsSwitchedOff) {
 TEST_F(RegisterProgramTest, TakesThePaperAndGivesItBackWhileTheDialogWaits) {
   till.AwaitStart();
   Click(Register(), kSwitch);
-  AwaitText(kStatus, "Carta scontrino: assente");
+  AwaitText(kStatus, "Carta scontrino: ASSENTE");
   shop.Drop("0001.txt", kTicket);
   const HWND paper = till.Form(window_class::kOrvInfo);
   EXPECT_TRUE(IsWindowEnabled(Register()));
@@ -216,7 +216,7 @@ TEST_F(RegisterProgramTest, SavesTheRollAndCopiesTheScenario) {
   const std::string saved = shop.folder.Read(status.substr(status.rfind("rotolo-")));
   EXPECT_NE(saved.find("Caffe' espresso                     2,40\r\n"), std::string::npos) << saved;
   Click(Register(), kSwitch + 3);
-  AwaitText(kStatus, "Cavo: assente");
+  AwaitText(kStatus, "Cavo: ASSENTE");
   PressWithAlt('C');
   AwaitText(kStatus, "Scenario copiato negli appunti.");
   const std::string scenario = ClipboardText();

@@ -114,7 +114,7 @@ TEST_F(RegisterWindowTest, HasADifferentLetterForEachCaption) {
 TEST_F(RegisterWindowTest, TurnsASwitchByMouse) {
   Enter();
   Click(window.Handle(), kSwitch + 3);
-  AwaitText(kStatus, "Cavo: assente");
+  AwaitText(kStatus, "Cavo: ASSENTE");
   EXPECT_FALSE(panel.switches[3].on);
   Click(window.Handle(), kSwitch + 3);
   AwaitText(kStatus, "Cavo: presente");
@@ -124,11 +124,11 @@ TEST_F(RegisterWindowTest, TurnsASwitchByMouse) {
 TEST_F(RegisterWindowTest, TurnsASwitchByKeyboard) {
   Enter();
   PressWithAlt('V');
-  AwaitText(kStatus, "Cavo: assente");
+  AwaitText(kStatus, "Cavo: ASSENTE");
   EXPECT_FALSE(panel.switches[3].on);
   TabTo(kSwitch + 4);
   Press(VK_SPACE);
-  AwaitText(kStatus, "Chiave: assente");
+  AwaitText(kStatus, "Chiave: ASSENTE");
   EXPECT_FALSE(panel.switches[4].on);
 }
 

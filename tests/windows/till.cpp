@@ -60,6 +60,20 @@ BOOL CALLBACK LookAt(HWND window, LPARAM parameter) {
   return FALSE;
 }
 
+BOOL CALLBACK LookForUnpainted(HWND window, LPARAM unpainted) {
+  if (!GetUpdateRect(window, nullptr, FALSE)) return TRUE;
+  *reinterpret_cast<bool*>(unpainted) = true;
+  return FALSE;
+}
+
+/// Whether the window or a control in it has still to be painted.
+bool IsUnpainted(HWND window) {
+  bool unpainted = false;
+  if (LookForUnpainted(window, reinterpret_cast<LPARAM>(&unpainted)))
+    EnumChildWindows(window, LookForUnpainted, reinterpret_cast<LPARAM>(&unpainted));
+  return unpainted;
+}
+
 void CALLBACK Kill(void* process, BOOLEAN) { TerminateProcess(process, 98); }
 
 }  // namespace
@@ -184,6 +198,15 @@ HWND Till::Form(const wchar_t* className, const std::string& title) const {
 void Till::Gone(HWND window) const {
   const std::string what = ToUtf8(ClassOf(window)) + " to go";
   Await(what.c_str(), [&] { return !IsWindow(window); });
+  AwaitPainted();
+}
+
+/// A person does not act before the screen shows what has changed; by then the program has left the dialog.
+void Till::AwaitPainted() const {
+  Await("the screen", [&] {
+    const HWND below = FormNow(window_class::kOrvRegister);
+    return below == nullptr || !IsUnpainted(below);
+  });
 }
 
 std::vector<std::wstring> Till::Visible() const {

@@ -112,6 +112,7 @@ class Till {
  private:
   void Begin(const std::wstring& options, HANDLE output, std::chrono::seconds lifetime);
   std::string Situation() const;
+  void AwaitPainted() const;
   HWND Find(const std::function<bool(HWND)>& fits) const;
 
   const Shop& shop_;
