@@ -6,6 +6,7 @@
 #include <regex>
 
 #include "lab/commands.h"
+#include "lab/shell/run_lab.h"
 #include "lab/shell/shop_bench.h"
 #include "lab_program/page_reader.h"
 #include "tickets/remembered_tickets.h"

@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "lab/check/file_check.h"
+#include "lab/shell/help_page.h"
 #include "lab/shell/lab_bench.h"
+#include "lab/shell/run_lab.h"
 #include "simulator/virtual_clock.h"
 #include "simulator/virtual_disk.h"
 
@@ -410,7 +412,8 @@ TEST(PreviewOutput, IsRefusedWhereItCannotBeWritten) {
   VirtualDisk disk(lab.clock, "C:\\work");
   disk.Put("C:\\work\\a.txt", kSale);
   disk.Put("C:\\work\\p.html", "older");
-  LabSurroundings around{disk.FileSeam(), disk.FolderSeam(), lab.clock, lab.machine, lab.console, "home"};
+  LabSurroundings around{disk.FileSeam(), disk.FolderSeam(), lab.clock, lab.clock,
+                         lab.machine,     lab.console,       "home"};
   const auto preview = [&](const char* output) {
     return RunLab({"preview", "--separator", ";", "a.txt", "--output", output}, {PreviewCommand()}, around);
   };
