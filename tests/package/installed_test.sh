@@ -128,7 +128,7 @@ kill_script() {
   wine taskkill /f /im cmd.exe >/dev/null 2>&1
   eventually fails runs "$1"
 }
-bundles() { find "$1" -name 'orvenza-support-*.zip' | grep .; }
+bundles() { ls "$1"/orvenza-support-*.zip; }
 files_in() { (cd "$1" && find . -maxdepth 1 -type f | sort | tr '\n' ' '); }
 
 title "a folder that cannot be written to"
@@ -177,6 +177,7 @@ check "that waits for a key when the doctor is done" eventually waits_in control
 kill_script controllo.cmd
 
 title "the data for support"
+rm -f "$desktop"/orvenza-support-*.zip # it may be a folder outside of the prefix
 check "start from the Start menu" open_entry "Dati per l'assistenza"
 check "are written to the desktop" eventually bundles "$desktop"
 check "in a window of its own" eventually xdotool search --name "Dati per l'assistenza"
@@ -187,7 +188,7 @@ check "say where they are" holds <(plain wine cmd /c "$target\\assistenza.cmd" <
 check "which is true" bundles "$shop"
 check "say so if they cannot be written" \
   holds <(plain wine cmd /c "$target\\assistenza.cmd" 'C:\none' </dev/null) 'non sono completi'
-rm -f "$shop"/orvenza-support-*.zip
+rm -f "$shop"/orvenza-support-*.zip "$desktop"/orvenza-support-*.zip
 
 title "an upgrade while it runs"
 run_setup
