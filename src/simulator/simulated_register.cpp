@@ -35,7 +35,8 @@ SimulatedRegister::SimulatedRegister(const Clock& clock, PaperRoll& paper, Regis
       profile_(std::move(profile)),
       clockStart_(Later(clock.Now(), remembered ? remembered->clockAhead : profile_.clockAhead)),
       clockStartUptime_(clock.Uptime()),
-      state_(remembered ? std::move(*remembered) : RegisterState{.clockAhead = profile_.clockAhead}) {}
+      state_(remembered ? std::move(*remembered) : RegisterState{.clockAhead = profile_.clockAhead}),
+      slipLines_(state_.linesHeld.size()) {}
 
 std::string SimulatedRegister::Execute(const std::string& text) {
   std::string reply = Answer(text);

@@ -151,7 +151,7 @@ class SimulatedRegister {
   Keeper keeper_;
   std::set<Paper> missing_;  ///< Taken out.
   bool keyOn_ = true;
-  std::size_t slipLines_ = 0;  ///< Since the latest heading.
+  std::size_t slipLines_;  ///< Printed or held back since the latest heading, or since the start.
   std::function<void(std::size_t)> voidObserver_;
 };
 

@@ -272,6 +272,9 @@ TEST_F(SimulationTest, WhatItsPanelHasSwitchedEndsWithTheProgram) {
   EXPECT_TRUE(simulation->Panel().Switches()[0].on);
   EXPECT_EQ(Reply("114900"), "114900");
   EXPECT_EQ(simulation->Panel().Roll().size(), 4u) << "what was held back";
+  Send("102800");
+  ASSERT_EQ(simulation->Panel().Roll().size(), 7u);
+  for (const RollLine& line : simulation->Panel().Roll()) EXPECT_TRUE(line.voided) << line.text;
 }
 
 }  // namespace
