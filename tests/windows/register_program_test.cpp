@@ -54,6 +54,8 @@ class HostWindow {
 };
 
 struct RegisterProgramTest : testing::Test {
+  explicit RegisterProgramTest(const std::string& script = {}) : shop(script) {}
+
   HWND Register() const {
     till.Await("the register's window",
                [this] { return till.FormNow(window_class::kOrvRegister) != nullptr; });
@@ -80,6 +82,19 @@ struct RegisterProgramTest : testing::Test {
   const Shop shop;
   const Till till{shop};
 };
+
+/// Whether the left part of the control shows a pixel of this colour.
+bool Shows(HWND control, COLORREF colour) {
+  RECT place{};
+  GetWindowRect(control, &place);
+  const HDC screen = GetDC(nullptr);
+  bool found = false;
+  for (LONG y = place.top; y < place.bottom && !found; ++y) {
+    for (LONG x = place.left; x < place.left + 40 && !found; ++x) found = GetPixel(screen, x, y) == colour;
+  }
+  ReleaseDC(nullptr, screen);
+  return found;
+}
 
 TEST_F(RegisterProgramTest, OpensAndPrintsWithoutTakingTheKeyboard) {
   HostWindow host(till);
@@ -135,6 +150,26 @@ TEST_F(RegisterProgramTest, TakesThePaperAndGivesItBackWhileTheDialogWaits) {
   till.Gone(paper);
   till.AwaitArchived("1.txt", kTicket);
   AwaitPrinted("SCONTRINO N. 1\r\n");
+}
+
+struct RegisterProgramVoidTest : RegisterProgramTest {
+  RegisterProgramVoidTest() : RegisterProgramTest("on 1036 reply ERR08\n") {}
+};
+
+TEST_F(RegisterProgramVoidTest, MarksTheSlipThatIsPrintedAgain) {
+  constexpr COLORREF kVoided = RGB(176, 32, 32);
+  till.AwaitStart();
+  EXPECT_FALSE(Shows(GetDlgItem(Register(), kRoll), kVoided));
+  shop.Drop("0001.txt", kTicket);
+  till.Form(window_class::kOrvInfo);
+  Press(VK_RETURN);  // prints again
+  till.AwaitArchived("1.txt", kTicket);
+  AwaitPrinted("SCONTRINO N. 1\r\n");
+  Click(Register(), kNextCommand);
+  AwaitText(kStatus, "Attivo: Nessuna risposta, al prossimo comando");
+  PressWithAlt('R');
+  till.Await("the voided slip", [&] { return Shows(GetDlgItem(Register(), kRoll), kVoided); });
+  TakePicture(Register());
 }
 
 TEST_F(RegisterProgramTest, ReturnsTheKeyboardToTheDialogWhenItIsHidden) {
