@@ -191,8 +191,10 @@ TEST_F(RegisterProgramTest, ReturnsTheKeyboardToTheDialogWhenItIsHidden) {
 }
 
 TEST_F(RegisterProgramTest, LeavesTheKeyboardToTheHostWhenADialogCloses) {
-  HostWindow host(till);
   till.AwaitStart();
+  HostWindow host(till);
+  // As if it had opened later than the host's program.
+  SetWindowPos(Register(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   till.Menu(kConfigure);
   const HWND conf = till.Form(window_class::kOrvConf);
   Press(VK_ESCAPE);

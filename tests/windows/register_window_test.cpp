@@ -109,6 +109,19 @@ TEST_F(RegisterWindowTest, TabLeadsThroughItAndBack) {
   }
 }
 
+TEST_F(RegisterWindowTest, DrawsTheButtonThatEnterPressesAsTheDefault) {
+  Enter();
+  Click(window.Handle(), kNextCommand);
+  AwaitFocus(kNextCommand);
+  EXPECT_EQ(DefaultButtons(), Ids{kNextCommand});
+  Click(window.Handle(), kSaveRoll);
+  AwaitFocus(kSaveRoll);
+  EXPECT_EQ(DefaultButtons(), Ids{kSaveRoll});
+  Click(window.Handle(), kRoll);
+  AwaitFocus(kRoll);
+  EXPECT_EQ(DefaultButtons(), Ids{});
+}
+
 TEST_F(RegisterWindowTest, HasADifferentLetterForEachCaption) {
   std::set<wchar_t> letters;
   int captions = 0;
