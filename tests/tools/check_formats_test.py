@@ -15,6 +15,7 @@ sys.dont_write_bytecode = True
 import every_finding  # noqa: E402
 
 LAB, PROJECT = sys.argv[1], pathlib.Path(sys.argv[2])
+PAGE = (PROJECT / "docs/ticket-check.md").read_text("utf-8")
 
 
 def equal(found, expected, what):
@@ -32,6 +33,8 @@ def plain(finding):
 def match_plain(lines, findings):
     matchers = json.loads((PROJECT / "examples/check-problem-matcher.json").read_text("utf-8"))["problemMatcher"]
     patterns = [matcher["pattern"][0] for matcher in matchers]
+    for pattern in patterns:
+        equal(f"\n{pattern['regexp']}\n" in PAGE, True, f"docs/ticket-check.md shows {pattern['regexp']}")
     for line, finding in zip(lines, findings, strict=True):
         equal(line, plain(finding), "plain form")
         matches = [(pattern, match) for pattern in patterns if (match := re.search(pattern["regexp"], line))]
@@ -105,8 +108,7 @@ def match_junit(text, files, findings):
 
 def codes_of_page():
     """The codes that the page lists, with their severities, in its order."""
-    page = (PROJECT / "docs/ticket-check.md").read_text("utf-8")
-    chapters = {level: page.split(f"\n## {title}\n")[1].split("\n## ")[0]
+    chapters = {level: PAGE.split(f"\n## {title}\n")[1].split("\n## ")[0]
                 for level, title in (("error", "Errors"), ("warning", "Warnings"))}
     return [(code, level) for level, text in chapters.items() for code in re.findall(r"^\| `([^`]+)` \|", text, re.M)]
 

@@ -160,7 +160,7 @@ std::string_view TakeLine(std::string_view& text) {
 /// Parses a scenario line by line.
 class ScenarioReader {
  public:
-  ScenarioReader(const std::string& name, const ReadSource& readSource)
+  ScenarioReader(const std::string& name, const SourceReader& readSource)
       : name_(name), readSource_(readSource) {}
 
   Scenario Read(std::string_view text) {
@@ -292,7 +292,7 @@ class ScenarioReader {
   }
 
   const std::string& name_;
-  const ReadSource& readSource_;
+  const SourceReader& readSource_;
   ScriptMistakes mistakes_;
   Scenario scenario_;
   std::string device_;
@@ -303,7 +303,7 @@ class ScenarioReader {
 
 }  // namespace
 
-Scenario ParseScenario(const std::string& name, std::string_view text, const ReadSource& readSource) {
+Scenario ParseScenario(const std::string& name, std::string_view text, const SourceReader& readSource) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   return ScenarioReader(name, readSource).Read(text);

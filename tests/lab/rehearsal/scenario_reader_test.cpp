@@ -19,7 +19,7 @@ ScenarioEvent OnlyEvent(const std::string& text) {
 }
 
 /// The error message for an invalid text.
-std::string Refused(const std::string& text, const ReadSource& readSource = {}) {
+std::string Refused(const std::string& text, const SourceReader& readSource = {}) {
   try {
     ParseScenario("day", text, readSource);
   } catch (const ScriptError& error) {
@@ -79,7 +79,7 @@ TEST(Scenario, TakesTheBytesOfATicketFromAFile) {
 }
 
 TEST(Scenario, TakesAnEmptyFile) {
-  const ReadSource empty = [](const std::string&) { return std::string(); };
+  const SourceReader empty = [](const std::string&) { return std::string(); };
   EXPECT_EQ(ParseScenario("day", "ticket a.txt from b.txt", empty).events.at(0).content, "");
   EXPECT_EQ(Refused("ticket a.txt from b.txt\n| 2;1;0;", empty),
             "day:2: expected no lines behind \"from\", which names a whole file");
