@@ -161,7 +161,8 @@ std::string FilterText(const Options& options) {
 std::string EndsText(const PlayedCases& contract, const PlayedCases& askInDoubt) {
   std::string text =
       "<p>The numbers count the ways in which a ticket came to each end.</p>\n"
-      "<div class=\"wide\"><table><thead><tr><th>End</th><th>Meaning</th><th>Contract by day</th>"
+      "<div class=\"wide\" tabindex=\"0\" role=\"region\" "
+      "aria-label=\"Ends\"><table><thead><tr><th>End</th><th>Meaning</th><th>Contract by day</th>"
       "<th>Contract at 23:59:50</th><th>AskInDoubt by day</th><th>AskInDoubt at "
       "23:59:50</th></tr></thead>\n<tbody>\n";
   for (const Verdict verdict : AllVerdicts()) {

@@ -23,7 +23,7 @@ td { font-size: .92rem; }
 .log { font-size: .82rem; color: var(--soft); }
 .log span { display: block; }
 .good { color: var(--good); } .warn { color: var(--warn); } .bad { color: var(--bad); font-weight: 700; }
-.wide { overflow-x: auto; }
+.wide { overflow-x: auto; overflow-wrap: normal; } .wide table { min-width: 38rem; }
 dt { font-weight: 600; } dd { margin: 0 0 .4rem 1.2rem; }
 @media screen and (max-width: 48rem) {
   section table, section tbody, section tr, section th, section td { display: block; width: auto !important; }
