@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <map>
+#include <sstream>
 
 #include "core/text.h"
 #include "lab/page/html_page.h"
@@ -239,11 +240,14 @@ std::string Problems(const RehearsalOutcome& outcome) {
   return html + "</ul>\n</div>\n";
 }
 
-/// The comment in the first line of a scenario, which usually says what it is about.
-std::string Subject(std::string_view text) {
-  if (!text.starts_with('#')) return {};
-  const std::string_view line = text.substr(1, text.find_first_of("\r\n") - 1);
-  return "<p>" + HtmlText(Trim(line)) + "</p>\n";
+/// The comment at the start of a scenario, which usually says what it is about.
+std::string Subject(const std::string& text) {
+  std::string subject;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line) && line.starts_with('#');) {
+    subject += (subject.empty() ? "" : " ") + std::string(Trim(std::string_view(line).substr(1)));
+  }
+  return subject.empty() ? subject : "<p>" + HtmlText(subject) + "</p>\n";
 }
 
 }  // namespace

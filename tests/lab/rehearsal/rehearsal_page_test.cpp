@@ -27,7 +27,8 @@ bool Contains(const std::string& text, const std::string& part) {
 }
 
 constexpr const char* kDocument =
-    "# A document <of> one line.\n"
+    "# A document <of>\n"
+    "# one line.\n"
     "ticket 1.txt\n"
     "| 29;1;\n"
     "| 31;1;\n"
@@ -40,7 +41,8 @@ constexpr const char* kDocumentPage = R"(<body>
 <p class="good">The connector ran to its end, and every expectation came true.</p>
 <details><summary>The scenario</summary>
 <pre class="scenario">
-# A document &lt;of&gt; one line.
+# A document &lt;of&gt;
+# one line.
 ticket 1.txt
 | 29;1;
 | 31;1;
