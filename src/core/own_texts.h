@@ -54,7 +54,6 @@ inline constexpr const char* kCopyScenarioButton = "&Copia come scenario";
 inline constexpr const char* kNoFaultActive = "Nessun guasto attivo";
 inline constexpr const char* kFaultChosen = "Attivo:";      ///< The fault follows, and when it strikes.
 inline constexpr const char* kFaultEnded = "Disattivato:";  ///< The fault follows.
-inline constexpr const char* kFaultHappened = "Guasto avvenuto:";  ///< The same.
 inline constexpr const char* kScenarioCopied = "Scenario copiato negli appunti.";
 inline constexpr const char* kNotCopied = "Gli appunti sono occupati da un altro programma. Riprovare.";
 

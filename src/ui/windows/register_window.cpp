@@ -375,7 +375,7 @@ void RegisterWindow::ShowSwitches() const {
 
 void RegisterWindow::ShowFault() {
   const auto fault = panel_.Fault();
-  if (shownFault_ && shownFault_->once && !fault) Say(FaultSentence(own_text::kFaultHappened, *shownFault_));
+  if (shownFault_ && shownFault_->once && !fault) Say(FaultSentence(own_text::kFaultStruck, *shownFault_));
   shownFault_ = fault;
   ChangeText(Control(kChosenFault), FaultText(panel_));
   const HWND off = Control(kSwitchOff);
