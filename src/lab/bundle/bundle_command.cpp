@@ -6,6 +6,7 @@
 #include "lab/bundle/zip_archive.h"
 #include "lab/doctor/diagnosis.h"
 #include "lab/doctor/doctor_command.h"
+#include "lab/shell/output_file.h"
 #include "lab/shell/wording.h"
 
 namespace orvenza {
@@ -30,6 +31,7 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
   const std::string output =
       arguments.Value("--output")
           .value_or("orvenza-support-" + DateDigits(shop.now) + "-" + TimeDigits(shop.now) + ".zip");
+  RequireOutput(output, {}, lab);
   if (lab.files.Exists(output) || lab.folders.Exists(output)) {
     lab.console.err << "orvenza-lab bundle: " << output << " exists already\n";
     return kFailed;

@@ -1,12 +1,11 @@
 #include "lab/preview/preview_command.h"
 
-#include <algorithm>
-
 #include "core/text.h"
 #include "lab/check/check_rules.h"
 #include "lab/check/file_check.h"
 #include "lab/check/ticket_files.h"
 #include "lab/preview/preview_drawing.h"
+#include "lab/shell/output_file.h"
 #include "tickets/record_types.h"
 
 namespace orvenza {
@@ -51,9 +50,7 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
   const std::vector<std::string> files = TicketFilesMeant(arguments, lab);
   const Format& format = FormatOf(arguments);
   const auto output = arguments.Value(kOutput);
-  if (output && std::find(files.begin(), files.end(), *output) != files.end()) {
-    throw UsageError("'" + *output + "' is a ticket and would be overwritten");
-  }
+  if (output) RequireOutput(*output, files, lab);
   const CheckRules rules = CheckRulesOf(arguments, lab);
   TellRuleNotes("preview", arguments, rules, console);
   const auto findings = MakeTextReport(console.err, false, true);

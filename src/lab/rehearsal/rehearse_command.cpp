@@ -7,6 +7,7 @@
 #include "lab/rehearsal/rehearsal.h"
 #include "lab/rehearsal/rehearsal_page.h"
 #include "lab/rehearsal/scenario_reader.h"
+#include "lab/shell/output_file.h"
 #include "platform/system_error.h"
 
 namespace orvenza {
@@ -102,7 +103,7 @@ int Run(const Arguments& arguments, LabSurroundings& around) {
   const std::string name = arguments.words.front();
   const std::string shownName = name == "-" ? "standard input" : name;
   const auto page = arguments.Value(kHtml);
-  if (page == name) return RefuseUsage(console, "rehearse", "the page would overwrite the scenario");
+  if (page) RequirePage(*page, around);
   const std::string text = ReadScenarioText(name, around);
   Scenario scenario = ParseScenario(
       shownName, text, [&](const std::string& source) { return ReadSourceOf(name, source, around.files); });
@@ -131,7 +132,7 @@ Command RehearseCommand() {
           {{kKeep, "", "save the shop's files in a new folder rehearsal-N\nhere, and print its name"},
            {kFolder, "DIR", "save them in DIR, which must be missing or empty"},
            {kHtml, "PAGE",
-            "also write a page: what happened, the dialogs and the\npaper, linked with each other"}},
+            "also write an HTML page: what happened, the dialogs and\nthe paper; PAGE may replace a page"}},
           "0  the connector ran to its end, and all expectations came true\n"
           "1  a dialog found no answer that fits, an answer was not used, the run did not\n"
           "   end or ended before a scheduled event, a line could not be carried out, a\n"

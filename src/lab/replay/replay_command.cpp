@@ -7,6 +7,7 @@
 #include "app/trace/trace_file.h"
 #include "core/folder_path.h"
 #include "lab/replay/replay.h"
+#include "lab/shell/output_file.h"
 #include "platform/folders.h"
 #include "platform/system_error.h"
 
@@ -64,6 +65,8 @@ int Run(const Arguments& arguments, LabSurroundings& around) {
       return RefuseUsage(around.console, "replay", "'" + *value + "' is no time of day such as 10:32");
   }
   const std::string& name = arguments.words.front();
+  const auto output = arguments.Value(kOutput);
+  if (output) RequireOutput(*output, {name}, around);
   std::string text;
   try {
     text = ReadFiles(name, around.files);
@@ -71,7 +74,7 @@ int Run(const Arguments& arguments, LabSurroundings& around) {
     throw std::runtime_error("the trace cannot be read: " + failure.Description());
   }
   const std::string scenario = ReplayScenario(ReadTrace(text), FileNameOf(SettingsPath(name)), time);
-  if (const auto output = arguments.Value(kOutput))
+  if (output)
     around.files.Write(*output, scenario);
   else
     around.console.out << scenario;

@@ -6,9 +6,9 @@
 #include <set>
 #include <sstream>
 #include <stdexcept>
-#include <string_view>
 
 #include "core/text.h"
+#include "lab/shell/output_file.h"
 #include "lab/table/failure_table.h"
 #include "lab/table/pairs_report.h"
 #include "lab/table/play_cases.h"
@@ -76,27 +76,20 @@ std::optional<std::uint64_t> NumberOf(const Arguments& arguments, const char* op
   return number;
 }
 
-/// Refuses to replace a file that is no page.
-void CheckPage(const std::string& path, const Files& files) {
-  constexpr std::string_view kPageBegins = "<!DOCTYPE html>";
-  if (files.Exists(path) && ReadWhole(files, path, kPageBegins.size()) != kPageBegins)
-    throw std::runtime_error(path + " exists and is no HTML page");
+/// The document `path` with the table in its place. Throws std::runtime_error if it has no place for one.
+std::string WithTable(const std::string& path, const std::string& table, const Files& files) {
+  const auto placed = PlaceTable(files.Exists(path) ? ReadWhole(files, path) : std::string(), table);
+  if (!placed) throw std::runtime_error(path + " exists and has no marker lines for a table");
+  return *placed;
 }
 
-/// Writes the table to the output, or to its place in a document. False if the document has no place for it.
-bool WriteTable(const std::string& table, const std::optional<std::string>& output, LabSurroundings& lab) {
-  if (!output) {
-    lab.console.out << table;
-    return true;
-  }
-  const std::string document = lab.files.Exists(*output) ? ReadWhole(lab.files, *output) : std::string();
-  const auto placed = PlaceTable(document, table);
-  if (!placed) {
-    lab.console.err << "orvenza-lab table: " << *output << " exists and has no marker lines for a table\n";
-    return false;
-  }
-  lab.files.Write(*output, *placed);
-  return true;
+/// Refuses outputs that could not be written, before the cases are played.
+void RequireOutputs(const std::optional<std::string>& page, const std::optional<std::string>& output,
+                    const LabSurroundings& lab) {
+  if (page) RequirePage(*page, lab);
+  if (!output) return;
+  RequireOutput(*output, {}, lab);
+  static_cast<void>(WithTable(*output, {}, lab.files));
 }
 
 int Run(const Arguments& arguments, LabSurroundings& lab) {
@@ -111,7 +104,8 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
   }
   if (seed) throw UsageError(std::string(kSeed) + " needs " + kPairs);
   const std::vector<TicketStep> steps = ChosenSteps(arguments);
-  if (page) CheckPage(*page, lab.files);
+  const auto output = arguments.Value(kOutput);
+  RequireOutputs(page, output, lab);
   const TableExtent extent = arguments.Has(kThinned) ? TableExtent::kThinned : TableExtent::kWhole;
   TableProgress progress(lab.console, lab.clock);
   const auto play = [&](TableHour hour, WayOfWorking way, std::size_t before) {
@@ -127,9 +121,13 @@ int Run(const Arguments& arguments, LabSurroundings& lab) {
                                play(TableHour::kMidnight, WayOfWorking::kAskInDoubt, 3)};
   progress.End();
   if (page) lab.files.Write(*page, TablePage(contract, askInDoubt));
-  const auto output = arguments.Value(kOutput);
   if (page && !output) return 0;
-  return WriteTable(FailureTable(contract, askInDoubt), output, lab) ? 0 : kFailed;
+  const std::string table = FailureTable(contract, askInDoubt);
+  if (output)
+    lab.files.Write(*output, WithTable(*output, table, lab.files));
+  else
+    lab.console.out << table;
+  return 0;
 }
 
 }  // namespace

@@ -65,8 +65,8 @@ TEST_F(PreviewCommandTest, PutsARefusedLineInItsPlace) {
   EXPECT_EQ(Preview({"a.txt"}), 1);
   EXPECT_EQ(lab.out.str(), "a.txt\n" + std::string(kEdge) + kHead + kBread +
                                "| >>> line 2 refused: there is no record   |\n"
-                               "|     type '99'; known are 0 to 9, 14, 15, |\n"
-                               "|     17, 20 to 43                         |\n" +
+                               "|     type '99'; the types are 0 to 9, 14, |\n"
+                               "|     15, 17, 20 to 43                     |\n" +
                                Payment(1));
 }
 
@@ -259,7 +259,7 @@ TEST_F(PreviewCommandTest, SaysThatALineIsTooLong) {
   EXPECT_EQ(Preview({"a.txt"}), 1);
   EXPECT_EQ(lab.out.str(), "a.txt\n" + std::string(kEdge) + kHead + kBread +
                                "| >>> line 2 refused: the line is longer   |\n"
-                               "|     than 65536 bytes and not looked at   |\n" +
+                               "|     than 65536 bytes and is not checked  |\n" +
                                Payment(1));
 }
 
@@ -390,7 +390,7 @@ TEST_F(PreviewCommandTest, WritesOverNoTicket) {
   Ticket("a.txt", kSale);
   EXPECT_EQ(Preview({"a.txt", "--output", "a.txt"}), 2);
   EXPECT_EQ(lab.err.str(),
-            "orvenza-lab preview: 'a.txt' is a ticket and would be overwritten\n"
+            "orvenza-lab preview: 'a.txt' is read and would be overwritten\n"
             "See 'orvenza-lab preview --help'.\n");
   EXPECT_EQ(lab.files.content["a.txt"], kSale);
 }

@@ -213,9 +213,11 @@ TEST_F(RehearseCommandTest, SaysThatThePageCannotBeWritten) {
 
 TEST_F(RehearseCommandTest, WritesNoPageOverTheScenario) {
   EXPECT_EQ(Run({"day.scenario", "--html", "day.scenario"}), 2);
+  EXPECT_EQ(Run({"day.scenario", "--html", ".\\day.scenario"}), 2);
   EXPECT_EQ(err.str(),
-            "orvenza-lab rehearse: the page would overwrite the scenario\n"
-            "See 'orvenza-lab rehearse --help'.\n");
+            "orvenza-lab rehearse: day.scenario exists and is no HTML page\n"
+            "orvenza-lab rehearse: .\\day.scenario exists and is no HTML page\n");
+  EXPECT_EQ(out.str(), "");
   EXPECT_EQ(disk.Content("C:\\work\\day.scenario"), kDay);
 }
 
