@@ -82,6 +82,7 @@ std::string ClosestTo(std::string_view word, const std::vector<std::string>& kno
   // With more than a third of the letters wrong it is a different word.
   std::size_t least = word.size() / 3 + 1;
   for (const std::string& candidate : known) {
+    if (candidate.size() + least <= word.size()) continue;  // measuring a huge word would take minutes
     const std::size_t distance = Distance(word, candidate);
     if (distance >= least) continue;
     least = distance;
