@@ -14,8 +14,14 @@ using namespace std::chrono_literals;
 /// Number of lines between two checks of the clock.
 constexpr std::uint64_t kLook = 16 * 1024;
 
-/// Whether the file's first line suggests UTF-16: it begins with a byte-order mark, or every other byte is
-/// NUL.
+std::string Grouped(std::uint64_t number) {
+  std::string digits = std::to_string(number);
+  for (std::size_t i = digits.size(); i > 3; i -= 3) digits.insert(i - 3, ",");
+  return digits;
+}
+
+}  // namespace
+
 bool IsUtf16(std::string_view line) {
   if (line.starts_with("\xFF\xFE") || line.starts_with("\xFE\xFF")) return true;
   if (line.size() < 4) return false;
@@ -27,14 +33,6 @@ bool IsUtf16(std::string_view line) {
   };
   return nulFrom(0) != nulFrom(1);
 }
-
-std::string Grouped(std::uint64_t number) {
-  std::string digits = std::to_string(number);
-  for (std::size_t i = digits.size(); i > 3; i -= 3) digits.insert(i - 3, ",");
-  return digits;
-}
-
-}  // namespace
 
 void CheckProgress::Show(std::uint64_t lines) {
   if (!shown_ || lines % kLook != 0 || clock_.Uptime() - start_ < 1s) return;
@@ -72,8 +70,8 @@ void FileCheck::CheckLines(LineReader& reader) {
     if (!line.empty()) last = number;
     if (number == 1 && IsUtf16(line)) {
       findings_.push_back({true, "utf-16", TicketFinding::kWholeLine,
-                           "this is text of two bytes a character (UTF-16); write plain ASCII. "
-                           "The file is not read further"});
+                           "the file is UTF-16, two bytes a character; write plain ASCII. The rest is not "
+                           "read"});
       Report(number);
       return;
     }
@@ -94,7 +92,7 @@ void FileCheck::CheckLine(const std::string& line, std::uint64_t number, bool wa
     check_.Skip(line, findings_);
     findings_.push_back(
         {true, "line-too-long", TicketFinding::kWholeLine,
-         "the line is longer than " + std::to_string(kLongestLine) + " bytes and not looked at"});
+         "the line is longer than " + std::to_string(kLongestLine) + " bytes and is not checked"});
   } else if (const std::string& command = check_.Check(line, findings_); !command.empty()) {
     report_.AddCommand(number, command);
   }

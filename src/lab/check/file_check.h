@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "lab/check/check_report.h"
 #include "lab/check/ticket_check.h"
@@ -34,6 +35,10 @@ class CheckProgress {
   std::chrono::nanoseconds start_;
   std::size_t width_ = 0;  // of the line shown now
 };
+
+/// Whether a file is UTF-16, judged by its first line: it begins with a byte-order mark, or every other byte
+/// is NUL.
+bool IsUtf16(std::string_view line);
 
 /// Checks whole files one after the other. Memory use does not depend on their size.
 class FileCheck {

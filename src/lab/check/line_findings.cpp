@@ -124,8 +124,8 @@ void FindInText(std::string_view raw, std::string_view field, const ValueForm& f
     findings.push_back({false, "blanked", number,
                         QuotedBytes(raw) + " is printed as " + QuotedBytes(field.substr(0, width)) + ": " +
                             std::to_string(blanked) +
-                            (blanked == 1 ? " byte that is no printable ASCII becomes a blank"
-                                          : " bytes that are no printable ASCII become blanks")});
+                            (blanked == 1 ? " byte that is not printable ASCII becomes a blank"
+                                          : " bytes that are not printable ASCII become blanks")});
   }
   if (raw.substr(0, width).find(kUsualSeparator) != std::string_view::npos) {
     findings.push_back(
@@ -136,8 +136,8 @@ void FindInText(std::string_view raw, std::string_view field, const ValueForm& f
   }
   if (field.size() > width && !Trim(field.substr(width)).empty()) {
     findings.push_back({false, "text-cut", number,
-                        "of " + QuotedBytes(field) + " only the first " + std::to_string(width) +
-                            " characters are printed: " + QuotedBytes(field.substr(0, width))});
+                        "only the first " + std::to_string(width) + " characters of " + QuotedBytes(field) +
+                            " are printed: " + QuotedBytes(field.substr(0, width))});
   }
 }
 
@@ -180,7 +180,7 @@ TicketFinding NoLogo(std::string_view field, int number) {
     return {true, "empty", number, "a value is missing; accepted: the full path of a bitmap file"};
   }
   return {true, "no-logo", number,
-          QuotedBytes(field) + " is, as seen from here, no bitmap that the register can store as its logo"};
+          QuotedBytes(field) + " is not, on this PC, a bitmap that the register can store as its logo"};
 }
 
 /// No register stores a logo under such a number, but the connector sends it unchanged.
@@ -225,7 +225,7 @@ void FindInValues(std::string_view line, const RecordFields& fields, const Trans
         break;
       case FieldNote::Kind::kNoSuchChoice:
         findings.push_back({true, "no-choice", number,
-                            QuotedBytes(field) + " is no alternative; accepted: " + std::string(note.text)});
+                            QuotedBytes(field) + " is not a choice; accepted: " + std::string(note.text)});
         break;
       case FieldNote::Kind::kLogoNumber: FindInLogoNumber(fields, number, findings); break;
       case FieldNote::Kind::kNoLogo: findings.push_back(NoLogo(field, number)); break;

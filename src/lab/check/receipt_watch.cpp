@@ -150,8 +150,8 @@ void ReceiptWatch::FindUnpaid(std::string_view where, TicketFindings& findings) 
   if (!sumKnown_) return;
   const std::int64_t due = receipt_->Due();
   findings.push_back({false, "not-paid", TicketFinding::kWholeLine,
-                      std::string(where) + ", but the payments do not cover the receipt: of " +
-                          FormatCents(receipt_->Total()) + " still " + FormatCents(due) + " is due"});
+                      std::string(where) + ", but the payments do not cover the receipt: " +
+                          FormatCents(due) + " of " + FormatCents(receipt_->Total()) + " is still due"});
 }
 
 }  // namespace orvenza

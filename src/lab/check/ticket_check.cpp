@@ -17,6 +17,8 @@ std::string CharacterName(char c) {
   return c > 32 && c < 127 ? code + " '" + c + "'" : code;
 }
 
+bool MayBeSeparator(char c) { return c == 127 || std::ispunct(static_cast<unsigned char>(c)) != 0; }
+
 }  // namespace
 
 TicketCheck::TicketCheck(CheckRules rules, const FileReader& files, Clock& clock)
@@ -60,7 +62,7 @@ const std::string& TicketCheck::Check(std::string_view line, TicketFindings& fin
   FindInUnusedFields(fields_, notes_, findings);
   if (IsUnknownType()) {
     const std::string meant = TypeMeant();
-    findings.back().text += meant.empty() ? "; known are " + KnownTypes() : "; write '" + meant + "'";
+    findings.back().text += meant.empty() ? "; the types are " + KnownTypes() : "; write '" + meant + "'";
   }
   FindBehindFields(fields_, rules_.settings.SeparatorChar, findings);
   if (!findings.empty()) SetColumns(line, fields_, findings);
@@ -103,15 +105,15 @@ void TicketCheck::FindNoFields(std::string_view line, TicketFindings& findings) 
   if (text.empty()) {
     findings.push_back(
         {true, "no-separator", TicketFinding::kWholeLine,
-         QuotedBytes(Trim(line)) + " holds no character of ASCII, so that only blanks are left of it"});
+         QuotedBytes(Trim(line)) + " contains no ASCII character, so only blanks are left of it"});
     return;
   }
-  std::string said =
-      "no separator, " + CharacterName(rules_.settings.SeparatorChar) + ", is in " + QuotedBytes(text);
+  std::string said = "the separator, " + CharacterName(rules_.settings.SeparatorChar) +
+                     ", does not occur in " + QuotedBytes(text);
   // Even with a different separator, a line begins with its record type.
   const std::size_t end = text.find_first_not_of("0123456789");
-  if (end != 0 && end != std::string_view::npos && std::ispunct(static_cast<unsigned char>(text[end])) != 0) {
-    said += "; is " + CharacterName(text[end]) + " meant to be it?";
+  if (end != 0 && end != std::string_view::npos && MayBeSeparator(text[end])) {
+    said += "; did you mean " + CharacterName(text[end]) + "?";
   }
   findings.push_back({true, "no-separator", TicketFinding::kWholeLine, std::move(said)});
 }

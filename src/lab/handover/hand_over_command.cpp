@@ -76,7 +76,7 @@ HandedOver TicketOf(const std::string& file, const AppSettings& settings, const 
                     const Files& files) {
   const auto separator = arguments.Value("--separator");
   const std::string bytes = ReadWhole(files, file, kLargestTicket + 1);
-  if (bytes.size() > kLargestTicket) throw std::runtime_error("it has more than 1 MB");
+  if (bytes.size() > kLargestTicket) throw std::runtime_error("it is larger than 1 MB");
   return {file,
           {},
           TicketText(bytes, settings.SeparatorChar,
@@ -94,6 +94,8 @@ std::vector<HandedOver> MakeTickets(const std::vector<std::string>& files, const
       tickets.back().name = names.NameFor(file);
     } catch (const UsageError&) {
       throw;
+    } catch (const SystemError& failure) {
+      throw std::runtime_error(file + ": " + std::string(StandardDescription(failure.Number())));
     } catch (const std::exception& refused) {
       throw std::runtime_error(file + ": " + refused.what());
     }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/text.h"
+#include "lab/check/file_check.h"
 #include "tickets/line_reader.h"
 
 namespace orvenza {
@@ -42,13 +43,16 @@ char RecognisedSeparator(const std::vector<std::string>& lines, char expected) {
     const std::optional<char> found = SeparatorOf(lines[i], expected);
     if (!found) continue;
     if (agreed && *agreed != *found) {
-      throw std::runtime_error("line " + std::to_string(i + 1) + " closes its record type by " +
-                               NameOf(*found) + ", a line before by " + NameOf(*agreed) +
+      throw std::runtime_error("line " + std::to_string(i + 1) + " has " + NameOf(*found) +
+                               " behind its record type, an earlier line has " + NameOf(*agreed) +
                                "; name the separator with --separator");
     }
     agreed = found;
   }
   if (agreed) return *agreed;
+  if (std::ranges::all_of(lines, [](const std::string& line) { return Trim(line).empty(); })) {
+    throw std::runtime_error("it is empty");
+  }
   throw std::runtime_error("no line begins with a record type and a separator (" + NameOf(kUsual) + " or " +
                            NameOf(kReadable) + "); name the separator with --separator");
 }
@@ -78,8 +82,8 @@ void ChangeEncoding(std::vector<std::string>& lines) {
 }  // namespace
 
 std::string TicketText(std::string_view file, char separator, std::optional<char> written) {
-  if (file.starts_with("\xFF\xFE") || file.starts_with("\xFE\xFF")) {
-    throw std::runtime_error("it is text of two bytes a character (UTF-16); save it as UTF-8");
+  if (IsUtf16(file.substr(0, file.find('\n')))) {
+    throw std::runtime_error("it is UTF-16, two bytes a character; save it as UTF-8");
   }
   const bool isUtf8 = ToUtf8(file) == file;
   if (file.starts_with(kUtf8Mark)) file.remove_prefix(kUtf8Mark.size());

@@ -119,7 +119,7 @@ constexpr const char* kJson = R"JSON({
     {"file": "bad.txt", "line": 3, "command": "102820"},
     {"file": "bad.txt", "line": 3, "field": 1, "severity": "warning", "code": "clamped", "text": "'25' is sent as '20': outside 0 to 20"},
     {"file": "bad.txt", "line": 4, "command": "100301                                        Caff            0001000100000010001"},
-    {"file": "bad.txt", "line": 4, "field": 1, "severity": "warning", "code": "blanked", "text": "'Caffè' is printed as 'Caff ': 1 byte that is no printable ASCII becomes a blank"},
+    {"file": "bad.txt", "line": 4, "field": 1, "severity": "warning", "code": "blanked", "text": "'Caffè' is printed as 'Caff ': 1 byte that is not printable ASCII becomes a blank"},
     {"file": "bad.txt", "line": 4, "severity": "warning", "code": "receipt-open", "text": "the file ends, but its receipt is not closed by a payment (type 2, 5, 14 or 15)"},
     {"file": "none.txt", "severity": "error", "code": "unreadable", "text": "File not found ( none.txt )"}
   ],
@@ -188,9 +188,8 @@ TEST_F(CheckCommandTest, RefusesTextOfTwoBytesACharacter) {
     fresh.files.content["a.txt"] = content;
     EXPECT_EQ(fresh.Run({"check", "--quiet", "--separator=59", "a.txt"}), 1) << name;
     EXPECT_EQ(fresh.out.str(),
-              "a.txt:1: error: this is text of two bytes a character (UTF-16); write plain ASCII. The file "
-              "is not read "
-              "further [utf-16]\n1 line, 1 error, 0 warnings\n")
+              "a.txt:1: error: the file is UTF-16, two bytes a character; write plain ASCII. The rest is not "
+              "read [utf-16]\n1 line, 1 error, 0 warnings\n")
         << name;
   }
 }
@@ -212,7 +211,7 @@ TEST_F(CheckCommandTest, DoesNotLookAtALineWithoutEnd) {
   lab.files.content["a.txt"] = kItem + endless + "20;1;\n";
   EXPECT_EQ(Check({"--quiet", "a.txt"}), 1);
   EXPECT_EQ(lab.out.str(),
-            "a.txt:2: error: the line is longer than 65536 bytes and not looked at [line-too-long]\n"
+            "a.txt:2: error: the line is longer than 65536 bytes and is not checked [line-too-long]\n"
             "3 lines, 1 error, 0 warnings\n");
 }
 

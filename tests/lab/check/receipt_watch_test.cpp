@@ -127,7 +127,7 @@ TEST(ReceiptWatch, SaysWhatIsMissing) {
   watch.End("the file ends", findings);
   ASSERT_EQ(findings.size(), 1U);
   EXPECT_EQ(findings[0].text,
-            "the file ends, but the payments do not cover the receipt: of 15,00 still 5,00 is due");
+            "the file ends, but the payments do not cover the receipt: 5,00 of 15,00 is still due");
   EXPECT_FALSE(findings[0].isError);
 }
 

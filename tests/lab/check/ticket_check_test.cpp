@@ -129,17 +129,19 @@ TEST_F(TicketCheckTest, SaysWhyALineIsInvalid) {
     const char* line;
     const char* finding;
   } kInvalid[] = {
-      {"4", "- error no-separator: no separator, character 59 ';', is in '4'"},
+      {"4", "- error no-separator: the separator, character 59 ';', does not occur in '4'"},
       {"4|5|",
-       "- error no-separator: no separator, character 59 ';', is in '4|5|'; is character 124 '|' meant to be "
-       "it?"},
-      {"\xE8 \xE8",
-       "- error no-separator: 'è è' holds no character of ASCII, so that only blanks are left of it"},
+       "- error no-separator: the separator, character 59 ';', does not occur in '4|5|'; did you mean "
+       "character 124 '|'?"},
+      {"4\x7F",
+       "- error no-separator: the separator, character 59 ';', does not occur in '4 '; did you mean "
+       "character 127?"},
+      {"\xE8 \xE8", "- error no-separator: 'è è' contains no ASCII character, so only blanks are left of it"},
       {"01;5;", "0 error unknown-type: there is no record type '01'; write '1'"},
       {"1.;5;", "0 error unknown-type: there is no record type '1.'; write '1'"},
-      {"8;1;2;", "2 error no-choice: '2' is no alternative; accepted: -1, 0"},
+      {"8;1;2;", "2 error no-choice: '2' is not a choice; accepted: -1, 0"},
       {"33;1;C:\\none.bmp;",
-       "2 error no-logo: 'C:\\none.bmp' is, as seen from here, no bitmap that the register can store as its "
+       "2 error no-logo: 'C:\\none.bmp' is not, on this PC, a bitmap that the register can store as its "
        "logo"},
       {"4;;", "1 error empty: a value is missing; accepted: digits, 0 to 20; others are sent as 20"},
       {"4;", "1 error empty: a value is missing; accepted: digits, 0 to 20; others are sent as 20"},
@@ -182,7 +184,7 @@ TEST_F(TicketCheckTest, SaysWhichTypesThereAre) {
   EXPECT_EQ(TicketCheck::KnownTypes().substr(0, 7), "0 to 9,");
   for (const std::string type : {"999", "0999", "x"}) {
     EXPECT_EQ(FindingsOf(type + ";5;"), "0 error unknown-type: there is no record type '" + type +
-                                            "'; known are " + TicketCheck::KnownTypes());
+                                            "'; the types are " + TicketCheck::KnownTypes());
   }
 }
 
@@ -225,17 +227,19 @@ TEST_F(TicketCheckTest, SaysWhatAValidLineLoses) {
       {"5;x;1;;;700;", "1 warning replaced: 'x' is sent as '00'; accepted: digits, 0 to 10"},
       {"30;1;4;Ciao;", "2 warning replaced: '4' is sent as '3'; accepted: one digit, 0 to 3"},
       {"1;Pane casereccio al kg;1000;450;3;;;1;",
-       "1 warning text-cut: of 'Pane casereccio al kg' only the first 20 characters are printed: 'Pane "
-       "casereccio al k'"},
+       "1 warning text-cut: only the first 20 characters of 'Pane casereccio al kg' are printed: "
+       "'Pane casereccio al k'"},
       {"24;Cassa numero tre;1;x", "3 warning lost-text: 'x' has no separator behind it and is lost"},
       {"24;Caff\xE8;1;",
-       "1 warning blanked: 'Caff\xC3\xA8' is printed as 'Caff ': 1 byte that is no printable ASCII becomes a "
+       "1 warning blanked: 'Caff\xC3\xA8' is printed as 'Caff ': 1 byte that is not printable ASCII becomes "
+       "a "
        "blank"},
       {"24;Caff\xC3\xA8;1;",
-       "1 warning blanked: 'Caff\xC3\xA8' is printed as 'Caff  ': 2 bytes that are no printable ASCII become "
+       "1 warning blanked: 'Caff\xC3\xA8' is printed as 'Caff  ': 2 bytes that are not printable ASCII "
+       "become "
        "blanks"},
       {"24;a\tb;1;",
-       "1 warning blanked: 'a b' is printed as 'a b': 1 byte that is no printable ASCII becomes a blank"},
+       "1 warning blanked: 'a b' is printed as 'a b': 1 byte that is not printable ASCII becomes a blank"},
       {"4;1;;;;;;;;x;y", "- warning extra-text: 'x;y' stands behind the ninth field and is ignored"},
   };
   for (const auto& [line, finding] : kValid) {
@@ -270,7 +274,7 @@ TEST_F(TicketCheckTest, KeepsQuietAboutFieldsThatOnlyChoose) {
                            "8;1;-1;", "1;1;1;;100;TESTO;1;;-1;", "5;0;1;;1;700;", "2;1;700;3;"}) {
     EXPECT_EQ(FindingsOf(line), "") << line;
   }
-  EXPECT_EQ(FindingsOf("8;1;2;x;"), "2 error no-choice: '2' is no alternative; accepted: -1, 0")
+  EXPECT_EQ(FindingsOf("8;1;2;x;"), "2 error no-choice: '2' is not a choice; accepted: -1, 0")
       << "which fields count is not known";
 }
 

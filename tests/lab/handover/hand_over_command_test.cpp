@@ -149,9 +149,9 @@ TEST_F(HandOver, NamesTheFileThatItRefuses) {
       {{"C:\\host\\a.txt"},
        "C:\\host\\a.txt: no line begins with a record type and a separator (the character 127 or ';'); name "
        "the separator with --separator\n"},
-      {{"C:\\host\\none.txt"}, "C:\\host\\none.txt: File not found ( C:\\host\\none.txt )\n"},
-      {{"C:\\host"}, "C:\\host: Path/File access error ( C:\\host )\n"},
-      {{"C:\\host\\large.txt"}, "C:\\host\\large.txt: it has more than 1 MB\n"},
+      {{"C:\\host\\none.txt"}, "C:\\host\\none.txt: File not found\n"},
+      {{"C:\\host"}, "C:\\host: Path/File access error\n"},
+      {{"C:\\host\\large.txt"}, "C:\\host\\large.txt: it is larger than 1 MB\n"},
       {{}, "which files?\nSee 'orvenza-lab hand-over --help'.\n"},
       {{"a", "--wait", "b"},
        "--wait 'b': expected seconds, 1 to 86400; write --wait behind the files, or --wait=60\n"

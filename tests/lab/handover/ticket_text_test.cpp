@@ -70,14 +70,18 @@ TEST(TicketText, TakesTheSeparatorThatIsNamed) {
 TEST(TicketText, RefusesToGuess) {
   EXPECT_EQ(Refusal("4;5;\r\n4\x7F"
                     "5\x7F\r\n"),
-            "line 2 closes its record type by the character 127, a line before by ';'; name the separator "
-            "with --separator");
-  for (const char* file : {"", "hello\r\n", "4|5|\r\n", "12345"}) {
+            "line 2 has the character 127 behind its record type, an earlier line has ';'; name the "
+            "separator with --separator");
+  for (const char* file : {"hello\r\n", "4|5|\r\n", "12345"}) {
     EXPECT_EQ(Refusal(file),
               "no line begins with a record type and a separator (the character 127 or ';'); name the "
               "separator with --separator")
         << file;
   }
+}
+
+TEST(TicketText, SaysThatAFileIsEmpty) {
+  for (const char* file : {"", "\r\n", "\xEF\xBB\xBF \n\n"}) EXPECT_EQ(Refusal(file), "it is empty") << file;
 }
 
 TEST(TicketText, RefusesATextThatWouldBeCut) {
@@ -93,7 +97,9 @@ TEST(TicketText, RefusesOtherEncodings) {
   EXPECT_EQ(Refusal(std::string_view("\xFF\xFE"
                                      "4\0;\0",
                                      6)),
-            "it is text of two bytes a character (UTF-16); save it as UTF-8");
+            "it is UTF-16, two bytes a character; save it as UTF-8");
+  EXPECT_EQ(Refusal(std::string_view("4\0;\0\n\0", 6)),
+            "it is UTF-16, two bytes a character; save it as UTF-8");
   EXPECT_EQ(Refusal("4;5;\n24;\xC4\x8D;1;\n"),
             "line 2 contains a character that does not exist in Windows-1252");
 }
