@@ -67,7 +67,8 @@ TEST(LabProgram, WritesNoBundleWhereItCannot) {
   RunningProgram lab(
       {ORVENZA_LAB, "bundle", "--folder", shop.Path(), "--output", shop.Path() + "/none/b.zip"});
   EXPECT_EQ(lab.ExitStatus(), 2);
-  EXPECT_EQ(lab.Shown(), "orvenza-lab bundle: Path not found ( " + shop.Path() + "/none/b.zip )\n");
+  EXPECT_EQ(lab.Shown(), "orvenza-lab bundle: " + shop.Path() +
+                             "/none/b.zip cannot be written: its folder is missing or read-only\n");
 }
 
 }  // namespace

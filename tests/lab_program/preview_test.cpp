@@ -56,8 +56,9 @@ TEST(PreviewProgram, ReportsWhereItCannotWrite) {
   folder.Write("a.txt", kTicket);
   const std::string file = folder.Native("a.txt").string();
   const std::string page = folder.Native("none/page.html").string();
-  EXPECT_EQ(Lab({"preview", "--separator", "59", file, "--output", page}),
-            "orvenza-lab preview: Path not found ( " + page + " )\nstatus 2");
+  EXPECT_EQ(
+      Lab({"preview", "--separator", "59", file, "--output", page}),
+      "orvenza-lab preview: " + page + " cannot be written: its folder is missing or read-only\nstatus 2");
   EXPECT_EQ(Lab({"preview", "--separator", "59", file, "--output", folder.Path()}),
             "orvenza-lab preview: Path/File access error ( " + folder.Path() + " )\nstatus 2");
 }

@@ -76,7 +76,8 @@ void AddInProcess(Findings& findings, const Installation& shop, const Remembered
   const std::string fact = CountOf(left->count, "ticket") + " in " + shop.Settings().InProcessFolder +
                            ", the oldest " + Age(shop, left->oldest) + " old";
   if (shop.isServed && left->count == 1) {
-    findings.push_back({Severity::kNote, "inprocess.busy", fact + ": it is being printed."});
+    findings.push_back(
+        {Severity::kNote, "inprocess.busy", fact + ": it is being printed, or the operator is being asked."});
   } else if (shop.Settings().AskInDoubt) {
     findings.push_back({Severity::kWarning, "inprocess.leftover",
                         fact + ": left over from an interrupted run; the next start goes on behind what is "

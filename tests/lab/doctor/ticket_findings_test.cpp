@@ -58,8 +58,7 @@ TEST_F(TicketFindings, KnowAReceiptThatIsBeingPrinted) {
   EXPECT_EQ(Said(),
             "note instance.running: The connector runs on this folder; a second start is refused.\n"
             "note inprocess.busy: 1 ticket in C:\\Orvenza\\data\\inproces\\, the oldest less than a minute "
-            "old: it is "
-            "being printed.\n");
+            "old: it is being printed, or the operator is being asked.\n");
 }
 
 TEST_F(TicketFindings, KnowThatOnlyOneReceiptIsPrintedAtATime) {
