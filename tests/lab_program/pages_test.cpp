@@ -27,6 +27,9 @@ const Command* CommandNamed(const std::string& name) {
   return found == all.end() ? nullptr : &*found;
 }
 
+/// What the lab itself answers, besides its commands.
+bool IsBuiltIn(const std::string& name) { return name == "help" || name == "man" || name == "completion"; }
+
 /// The words of a command line behind "orvenza-lab"; none for another line. A remark behind two blanks is
 /// left out.
 TextLines WordsOf(const std::string& line) {
@@ -51,7 +54,9 @@ TEST(Pages, ShowOnlyCommandLinesThatAreUnderstood) {
     for (const TextLines& block : BlocksOf(page)) {
       for (const std::string& line : block) {
         const TextLines words = WordsOf(line);
-        if (words.empty() || words[0] == "COMMAND") continue;
+        // A colon ends the name in a message.
+        if (words.empty() || words[0] == "COMMAND" || words[0].ends_with(':') || IsBuiltIn(words[0]))
+          continue;
         ++commands;
         const Command* const command = CommandNamed(words[0]);
         ASSERT_NE(command, nullptr) << page << ": " << line;
@@ -68,7 +73,8 @@ TEST(Pages, NameOnlyCommandsThatExist) {
   for (const auto& page : Pages()) {
     const std::string text = BytesOf(page);
     for (std::sregex_iterator named(text.begin(), text.end(), kNamed), end; named != end; ++named) {
-      EXPECT_NE(CommandNamed((*named)[1].str()), nullptr) << page << ": " << named->str();
+      const std::string name = (*named)[1].str();
+      EXPECT_TRUE(IsBuiltIn(name) || CommandNamed(name) != nullptr) << page << ": " << named->str();
     }
   }
 }
