@@ -29,15 +29,15 @@ struct LabSurroundings {
 
 /// A command of the lab. Each is in a <name>_command file and has a row in Commands().
 struct Command {
-  std::string name;
-  std::string summary;          ///< One line, for the list of commands.
-  std::string synopsis;         ///< The arguments after the name: "FILE... [--json]".
-  std::string description;      ///< Paragraphs of the help page, in lines of at most 80 characters.
-  std::vector<Option> options;  ///< Except --help, which every command has.
-  std::string statuses;         ///< The exit codes, one per line.
-  std::string examples;         ///< Command lines, one per line.
+  std::string name{};
+  std::string summary{};          ///< One line, for the list of commands.
+  std::string synopsis{};         ///< The arguments after the name: "FILE... [--json]".
+  std::string description{};      ///< Paragraphs of the help page, in lines of at most 80 characters.
+  std::vector<Option> options{};  ///< Except --help, which every command has.
+  std::string statuses{};         ///< The exit codes, one per line.
+  std::string examples{};         ///< Command lines, one per line.
   /// Runs the command and returns the exit code.
-  int (*run)(const Arguments& arguments, LabSurroundings& surroundings);
+  int (*run)(const Arguments& arguments, LabSurroundings& surroundings) = nullptr;
 };
 
 /// Thrown for an invalid command line, with the reason.
