@@ -45,7 +45,12 @@ class FakePanel : public RegisterPanel {
   std::optional<ChosenFault> fault;
 };
 
-class TerminalPanelTest : public TerminalOperatorTest {
+/// As a base before the terminal, so that the panel outlives it.
+struct PanelBehindTheTerminal {
+  FakePanel panel;
+};
+
+class TerminalPanelTest : protected PanelBehindTheTerminal, public TerminalOperatorTest {
  protected:
   TerminalPanelTest() { terminal.SetPanel(panel); }
 
@@ -67,8 +72,6 @@ class TerminalPanelTest : public TerminalOperatorTest {
     if (!panel.fault) return "none";
     return std::to_string(panel.fault->number) + (panel.fault->once ? " once" : " always");
   }
-
-  FakePanel panel;
 };
 
 TEST_F(TerminalPanelTest, ShowsTheRollTheCountersTheSwitchesAndTheFault) {
