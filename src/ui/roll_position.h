@@ -14,8 +14,6 @@ class RollPosition {
 
   /// Scrolls towards the end, or back if `lines` is negative.
   void ScrollBy(std::ptrdiff_t lines);
-  void ScrollToStart() { ScrollBy(-kept_); }
-  void ScrollToEnd() { ScrollBy(kept_); }
 
   /// The index in the roll of the first line in view.
   std::size_t First() const { return static_cast<std::size_t>(first_); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "platform/windows/unique_handle.h"
 #include "windows/picture.h"
 #include "windows/register_bench.h"
 
@@ -234,6 +235,42 @@ TEST_F(RegisterWindowTest, CopiesTheScenario) {
   panel.scenario = "register\n";
   PressWithAlt('C');
   Await("the copy", [] { return ClipboardText() == "register\r\n"; });
+}
+
+/// The clipboard in the hands of another thread.
+class HeldClipboard {
+ public:
+  HeldClipboard() { WaitForSingleObject(held_.Get(), INFINITE); }
+  ~HeldClipboard() {
+    SetEvent(free_.Get());
+    WaitForSingleObject(thread_.Get(), INFINITE);
+  }
+  HeldClipboard(const HeldClipboard&) = delete;
+  HeldClipboard& operator=(const HeldClipboard&) = delete;
+
+ private:
+  static DWORD WINAPI Hold(void* parameter) {
+    auto& self = *static_cast<HeldClipboard*>(parameter);
+    OpenClipboard(nullptr);
+    SetEvent(self.held_.Get());
+    WaitForSingleObject(self.free_.Get(), INFINITE);
+    CloseClipboard();
+    return 0;
+  }
+
+  ObjectHandle held_{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+  ObjectHandle free_{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+  ObjectHandle thread_{CreateThread(nullptr, 0, Hold, this, 0, nullptr)};
+};
+
+TEST_F(RegisterWindowTest, SaysThatTheClipboardIsInUse) {
+  {
+    const HeldClipboard held;
+    SendMessageW(Control(kCopyScenario), BM_CLICK, 0, 0);
+    EXPECT_EQ(Text(kStatus), "Gli appunti sono occupati da un altro programma. Riprovare.");
+  }
+  SendMessageW(Control(kCopyScenario), BM_CLICK, 0, 0);
+  EXPECT_EQ(Text(kStatus), "Scenario copiato negli appunti.");
 }
 
 TEST_F(RegisterWindowTest, FitsTheScreenAndShowsEverythingAtEveryResolution) {

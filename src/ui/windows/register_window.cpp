@@ -80,7 +80,6 @@ RegisterWindow::RegisterWindow(WindowsEventPump& pump, RegisterPanel& panel) : p
 RegisterWindow::~RegisterWindow() {
   panel_.SetObserver(nullptr);
   pump_.RemoveDialog(Handle());
-  roll_.reset();
   Destroy();
 }
 
@@ -95,7 +94,8 @@ void RegisterWindow::Open() {
 
 void RegisterWindow::BringBack() {
   entered_ = true;
-  ShowWindow(Handle(), IsIconic(Handle()) ? SW_RESTORE : SW_SHOW);
+  // Neither is overridden by the state requested for the program's first window.
+  ShowWindow(Handle(), IsIconic(Handle()) ? SW_RESTORE : SW_SHOWNA);
   SetForegroundWindow(Handle());
 }
 
