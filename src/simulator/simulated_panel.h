@@ -79,8 +79,8 @@ class SimulatedPanel final : public RegisterPanel {
   std::size_t linesPrinted_ = 0;
   std::size_t voidedUntil_ = 0;  ///< Lines held back of a voided slip are printed before this number.
   std::vector<std::string> captions_;
-  std::vector<std::string> words_;      ///< By caption: the fault in the script's words.
-  std::vector<orvenza::Fault> faults_;  ///< By caption: the same for the next command.
+  std::vector<std::string> words_;      ///< The faults in the script's words, in the order of the captions.
+  std::vector<orvenza::Fault> faults_;  ///< The same faults for the next command.
   std::deque<Step> steps_;
   std::size_t stepsDropped_ = 0;
 };

@@ -36,7 +36,7 @@ enum class OutcomeReason {
   kSplit,                ///< The file was replaced by its parts.
 };
 
-/// What the host is told about one ticket.
+/// The result of one ticket, as the host reads it.
 struct Outcome {
   std::string ticket;  ///< Name of its file.
   Fingerprint text;

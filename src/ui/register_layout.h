@@ -9,9 +9,9 @@ namespace orvenza {
 
 /// Input of the layout of the simulated register's window. All sizes are in pixels.
 struct RegisterParts {
-  int rollWidth = 0;   ///< Of a full line, with everything around it.
+  int rollWidth = 0;   ///< Width of the roll for a full line, with borders and scroll bar.
   int rollLine = 0;    ///< Height of a line on the roll.
-  int listWidth = 0;   ///< Of the longest fault, with everything around it.
+  int listWidth = 0;   ///< Width of the list for its longest fault, with borders and scroll bar.
   int listEntry = 0;   ///< Height of a fault in the list.
   int listBorder = 0;  ///< Height of the list's two edges.
   int faults = 0;      ///< Number of faults in the list.

@@ -96,7 +96,8 @@ same "makes links that hold" "$("$here/check_pages.py" "$pages")" ""
 
 refused '[x](none.md)' 'make_pages: docs/a.md: none.md: there is no such file'
 refused '![x](images/none.png)' 'make_pages: docs/a.md: images/none.png: there is no such PNG picture'
-refused '[x](https://example.org)' 'make_pages: docs/a.md: https://example.org: leads outside'
+refused '[x](mailto:cassa@negozio)' 'make_pages: docs/a.md: mailto:cassa@negozio: leads outside'
+refused '[x](//server/page)' 'make_pages: docs/a.md: //server/page: leads outside'
 
 mkdir -p "$work/bad"
 cat >"$work/bad/a.html" <<'TEXT'

@@ -11,7 +11,7 @@
 namespace orvenza {
 namespace {
 
-/// The characters for which roff would show others, and how it is told not to.
+/// Roff replaces these characters by others unless they are written as escapes.
 constexpr std::array<std::pair<char, std::string_view>, 6> kEscapes = {{
     {'\\', "\\e"},
     {'-', "\\-"},
@@ -31,7 +31,7 @@ void AppendEscaped(std::string& text, char c) {
   text += c;
 }
 
-/// `text` as roff shows it to the letter: no line begins a request, no "-" becomes another dash.
+/// Escapes `text` so that roff shows it unchanged.
 std::string Literal(const std::string& text) {
   std::string literal;
   std::istringstream lines(text);

@@ -40,7 +40,7 @@ class TerminalPanel {
 
   RegisterPanel& panel_;
   std::function<void(const std::string&)> say_;
-  std::optional<ChosenFault> fault_;  ///< As seen last.
+  std::optional<ChosenFault> fault_;  ///< The fault at the last change.
 };
 
 }  // namespace orvenza

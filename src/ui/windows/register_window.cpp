@@ -28,7 +28,7 @@ constexpr UINT kPassOn = WM_APP + 1;
 constexpr DWORD kText = SS_NOPREFIX | SS_EDITCONTROL;
 
 // In form units.
-constexpr int kBesidesEntry = 120;  ///< What a list draws beside its entries.
+constexpr int kBesidesEntry = 120;  ///< Width of what a list draws beside its entries.
 constexpr int kBetweenEntries = 30;
 
 constexpr int kButtons[] = {kSaveRoll, kNextCommand, kUntilOff, kSwitchOff, kCopyScenario};
@@ -99,7 +99,7 @@ void RegisterWindow::BringBack() {
   SetForegroundWindow(Handle());
 }
 
-/// In the order of the Tab key.
+/// The controls are created in the order of the Tab key.
 void RegisterWindow::AddControls() {
   AddText(own_text::kRollLabel, SS_LEFT, kRollHeading, true);
   roll_.emplace(Handle(), kRoll, panel_, dpi_);
@@ -192,7 +192,7 @@ RegisterParts RegisterWindow::Parts() const {
   return parts;
 }
 
-/// Of the list that shows each in full.
+/// Width at which the list shows every fault in full.
 int RegisterWindow::WidthOfFaults() const {
   const MeasuringCanvas canvas(Control(kFaults), plain_.Get());
   LONG widest = 0;

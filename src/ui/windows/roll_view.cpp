@@ -10,7 +10,7 @@ namespace orvenza {
 namespace {
 
 constexpr int kPoints = 10;
-constexpr int kCharacters = 40;  ///< Of a whole line.
+constexpr int kCharacters = 40;  ///< Length of a whole line.
 
 // Around the lines, in form units.
 constexpr int kSide = 120;

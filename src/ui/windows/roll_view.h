@@ -48,7 +48,7 @@ class RollView final : public Window {
   int lineHeight_ = 1;
   int charWidth_ = 1;
   RollPosition position_;
-  int wheel_ = 0;  ///< What a wheel of fine steps has turned since the last line.
+  int wheel_ = 0;  ///< Wheel movement that does not make a whole line yet.
 };
 
 }  // namespace orvenza
